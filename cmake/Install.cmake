@@ -1,0 +1,16 @@
+# What another project needs to build against the library on a Linux host: library, headers, host platform, package.
+include(CMakePackageConfigHelpers)
+
+set(QZ_PACKAGE_DIR ${CMAKE_INSTALL_LIBDIR}/cmake/qzcamera)
+install(TARGETS qzcamera qzcamera_platform EXPORT qzcameraTargets)
+if(TARGET qzcam)
+    install(TARGETS qzcam)
+endif()
+install(DIRECTORY include/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/qzcamera)
+install(DIRECTORY platform/include/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/qzcamera/platform)
+install(EXPORT qzcameraTargets NAMESPACE qzcamera:: DESTINATION ${QZ_PACKAGE_DIR})
+
+configure_package_config_file(cmake/qzcameraConfig.cmake.in qzcameraConfig.cmake INSTALL_DESTINATION ${QZ_PACKAGE_DIR})
+write_basic_package_version_file(qzcameraConfigVersion.cmake COMPATIBILITY SameMajorVersion)
+install(FILES ${CMAKE_CURRENT_BINARY_DIR}/qzcameraConfig.cmake
+    ${CMAKE_CURRENT_BINARY_DIR}/qzcameraConfigVersion.cmake cmake/AndroidHost.cmake DESTINATION ${QZ_PACKAGE_DIR})

@@ -1,0 +1,20 @@
+# The compiler is the first reviewer: what it can say, it says as an error.
+include_guard(GLOBAL)
+
+set(QZ_SANITIZE "" CACHE STRING "Sanitizers to build with, as for -fsanitize=")
+
+function(qz_strict target)
+    target_compile_features(${target} PUBLIC cxx_std_17)
+    target_compile_options(${target} PRIVATE
+        -Wall -Wextra -Wpedantic -Werror -Wconversion -Wsign-conversion -Wshadow -Wformat=2 -Wold-style-cast
+        -Wcast-qual -Wnon-virtual-dtor -Woverloaded-virtual -Wnull-dereference -Wdouble-promotion -Wundef
+        -Wmissing-declarations -Wredundant-decls -Wimplicit-fallthrough
+        -ffp-contract=off)
+    if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+        target_compile_options(${target} PRIVATE -Wduplicated-cond -Wlogical-op)
+    endif()
+    if(QZ_SANITIZE)
+        target_compile_options(${target} PRIVATE -fsanitize=${QZ_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+        target_link_options(${target} PUBLIC -fsanitize=${QZ_SANITIZE})
+    endif()
+endfunction()
