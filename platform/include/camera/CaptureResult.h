@@ -1,0 +1,28 @@
+// What the camera service gets back for one capture request.
+#pragma once
+
+#include <camera/CameraMetadata.h>
+#include <utils/RefBase.h>
+
+#include <cstdint>
+
+namespace android {
+
+struct CaptureResultExtras {
+    int32_t requestId = -1;  // negative: belongs to no request
+    int32_t burstId = 0;     // place in a burst, from 0
+    int32_t afTriggerId = 0;
+    int32_t precaptureTriggerId = 0;
+    int64_t frameNumber = 0;
+    int32_t partialResultCount = 0;  // which part of the result this is
+    int32_t errorStreamId = -1;      // negative: no stream failed
+
+    bool isValid() const { return requestId >= 0; }
+};
+
+struct CaptureResult : public LightRefBase<CaptureResult> {
+    CameraMetadata mMetadata;
+    CaptureResultExtras mResultExtras;
+};
+
+}  // namespace android

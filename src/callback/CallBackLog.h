@@ -1,0 +1,8 @@
+// The callback processor's log: one tag for the sources that hold CameraQzCallBack.
+#pragma once
+
+#include "core/Log.h"
+
+namespace qz {
+inline constexpr char kLogTag[] = "CameraQzCallBack";
+}  // namespace qz

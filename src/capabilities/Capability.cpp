@@ -1,0 +1,62 @@
+#include "capabilities/Capability.h"
+
+#include "QzName2Tag.h"
+
+#include <cstring>
+
+namespace qz {
+
+using android::String8;
+
+bool readCapability(ExtParamInterface* params, const char* tagName, size_t minCount,
+                    camera_metadata_ro_entry* entry) {
+    const QzName2Tag* names = QzName2Tag::getInstance();
+    const uint32_t tag = names->vendorTagFromName(tagName);
+    if (names->validTag(tag) != 1) return false;
+    *entry = params->getStaticInfo(tag, minCount, 0, true);
+    return true;
+}
+
+void publishFlag(ExtParamInterface* params, const char* key, const Capability<uint8_t>& flag) {
+    params->set(key, flag[0] != 0 ? "true" : "false");
+}
+
+void publishNumber(ExtParamInterface* params, const char* key, int32_t number) {
+    params->set(key, String8::format("%d", number).string());
+}
+
+void publishWords(ExtParamInterface* params, const char* key, const Capability<uint8_t>& list,
+                  const char* (*word)(uint8_t)) {
+    String8 words;
+    for (size_t i = 0; i < list.count(); ++i) {
+        if (i > 0) words.append(",");
+        words.append(word(list[i]));
+    }
+    params->set(key, words.string());
+}
+
+void publishNumbers(ExtParamInterface* params, const char* key, const Capability<int32_t>& list) {
+    String8 numbers;
+    for (size_t i = 0; i < list.count(); ++i) numbers.appendFormat(i > 0 ? ",%d" : "%d", list[i]);
+    params->set(key, numbers.string());
+}
+
+void publishText(ExtParamInterface* params, const char* key, const Capability<uint8_t>& text) {
+    const char* characters = reinterpret_cast<const char*>(&text[0]);
+    params->set(key, String8(characters, strnlen(characters, text.count())).string());
+}
+
+String8 sizeList(const EntryView<int32_t>& sizes) {
+    String8 list;
+    for (size_t i = 0; i + 1 < sizes.count(); i += 2) {
+        list.appendFormat(i > 0 ? ",%dx%d" : "%dx%d", sizes[i], sizes[i + 1]);
+    }
+    return list;
+}
+
+const char* published(ExtParamInterface* params, const char* key) {
+    const char* value = params->get(key);
+    return value != nullptr ? value : "(null)";
+}
+
+}  // namespace qz

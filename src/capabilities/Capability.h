@@ -1,0 +1,75 @@
+// The getter pattern, written once: a static capability as its getter reads it, and the ways of publishing it.
+//
+//     int32_t CCameraQzParam::getBurstSupported() {
+//         const Capability<uint8_t> burst(mExtParam, CAPABILITY("burstModeSupported"), 1);
+//         if (burst.lacks()) LOGI("supportedBurst.count = %zu", burst.count());
+//         if (burst.holds()) publishFlag(mExtParam, "qz-r7-burst-supported", burst);
+//         return 0;
+//     }
+#pragma once
+
+#include "QzHostInterfaces.h"
+#include "core/EntryView.h"
+#include "core/TagNames.h"
+#include "core/TranslatorLog.h"
+
+namespace qz {
+
+// Finds the static entry of a full vendor tag name. False, and no read, for an undeclared tag.
+bool readCapability(ExtParamInterface* params, const char* tagName, size_t minCount,
+                    camera_metadata_ro_entry* entry);
+
+template <typename T>
+class Capability {
+  public:
+    // minCount is what the static entry is expected to have at least; fewer are reported by the host's side.
+    Capability(ExtParamInterface* params, const char* tagName, size_t minCount) {
+        camera_metadata_ro_entry entry = {};
+        mDeclared = readCapability(params, tagName, minCount, &entry);
+        mView = EntryView<T>(entry);
+    }
+    Capability(ExtParamInterface* params, uint32_t platformTag, size_t minCount)
+        : mDeclared(true), mView(params->getStaticInfo(platformTag, minCount, 0, true)) {}
+
+    // Any other number of elements counts as none.
+    Capability& exactly(size_t count) {
+        mExactCount = count;
+        return *this;
+    }
+
+    bool declared() const { return mDeclared; }
+    bool holds() const { return mExactCount != 0 ? count() == mExactCount : count() != 0; }
+    bool lacks() const { return mDeclared && !holds(); }  // when a getter has its count line
+
+    size_t count() const { return mView.count(); }
+    const T& operator[](size_t index) const { return mView[index]; }
+    const EntryView<T>& elements() const { return mView; }
+
+  private:
+    bool mDeclared = false;
+    size_t mExactCount = 0;
+    EntryView<T> mView;
+};
+
+// "true" for any first byte but 0. The bytes behind it do not count.
+void publishFlag(ExtParamInterface* params, const char* key, const Capability<uint8_t>& flag);
+
+void publishNumber(ExtParamInterface* params, const char* key, int32_t number);
+
+// "auto,100,200": each element by its word.
+void publishWords(ExtParamInterface* params, const char* key, const Capability<uint8_t>& list,
+                  const char* (*word)(uint8_t));
+
+// "30,60"
+void publishNumbers(ExtParamInterface* params, const char* key, const Capability<int32_t>& list);
+
+// The bytes up to their terminator, or all of them without one.
+void publishText(ExtParamInterface* params, const char* key, const Capability<uint8_t>& text);
+
+// "4000x3000,1920x1080" of width and height in turn; an unpaired last element is dropped.
+android::String8 sizeList(const EntryView<int32_t>& sizes);
+
+// What the application now reads under a key; "(null)" when the parameter set refused it.
+const char* published(ExtParamInterface* params, const char* key);
+
+}  // namespace qz

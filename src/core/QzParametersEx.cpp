@@ -1,0 +1,104 @@
+#include "QzParametersEx.h"
+
+#include "core/BoundedMemory.h"
+#include "core/Log.h"
+#include "core/TagLabels.h"
+
+#include <cstring>
+
+namespace qz {
+
+namespace {
+
+using android::CameraMetadata;
+using android::CameraParameters2;
+using android::String8;
+
+constexpr char kLogTag[] = "QzParametersEx";
+
+}  // namespace
+
+QzParametersEx::QzParametersEx(CameraParameters2& params, int cameraId)
+    : mParameters(params), mInfo(nullptr), mCameraId(cameraId), mShutterMute(false) {
+    mCameraQzParam = CreateCameraQzParam(this);
+}
+
+QzParametersEx::~QzParametersEx() { mInfo = nullptr; }
+
+void QzParametersEx::set(const char* key, const char* value) { mParameters.set(key, value); }
+
+const char* QzParametersEx::get(const char* key) { return mParameters.get(key); }
+
+int QzParametersEx::getInt(const char* key) { return mParameters.getInt(key); }
+
+camera_metadata_ro_entry QzParametersEx::getStaticInfo(uint32_t tag, size_t minCount, size_t maxCount,
+                                                       bool required) {
+    if (mInfo == nullptr) {
+        LOGW("%s: mInfo is null", __func__);
+        camera_metadata_ro_entry none;
+        if (memset_s(&none, sizeof(none), 0, sizeof(none)) != 0) LOGE("%s(), memset_s failed!", __func__);
+        return none;
+    }
+    const camera_metadata_ro_entry entry = mInfo->find(tag);
+    if (entry.count == 0 && required) {
+        LOGE("Error finding static metadata entry '%s.%s' (%x)", sectionLabel(tag), nameLabel(tag), tag);
+    } else if (entry.count < minCount || (maxCount != 0 && entry.count > maxCount)) {
+        // An absent entry that is not required but has a minimum is reported here too.
+        LOGE("Malformed static metadata entry '%s.%s' (%x):Expected between %zu and %zu values, but got %zu values",
+             sectionLabel(tag), nameLabel(tag), tag, minCount, maxCount, entry.count);
+    }
+    return entry;
+}
+
+status_t QzParametersEx::update(CameraMetadata* metadata, uint32_t tag, const uint8_t* data, size_t count) {
+    return metadata->update(tag, data, count);
+}
+
+status_t QzParametersEx::update(CameraMetadata* metadata, uint32_t tag, const int32_t* data, size_t count) {
+    return metadata->update(tag, data, count);
+}
+
+status_t QzParametersEx::update(CameraMetadata* metadata, uint32_t tag, const camera_metadata_rational* data,
+                                size_t count) {
+    return metadata->update(tag, data, count);
+}
+
+status_t QzParametersEx::update(CameraMetadata* metadata, uint32_t tag, const float* data, size_t count) {
+    return metadata->update(tag, data, count);
+}
+
+status_t QzParametersEx::update(CameraMetadata* metadata, uint32_t tag, const double* data, size_t count) {
+    return metadata->update(tag, data, count);
+}
+
+status_t QzParametersEx::update(CameraMetadata* metadata, uint32_t tag, const String8& value) {
+    return metadata->update(tag, value);
+}
+
+void QzParametersEx::remove(const char* key) { mParameters.remove(String8(key)); }
+
+void QzParametersEx::setShutterMute(CameraParameters2& params) {
+    mShutterMute = params.getInt("camera_sound_state") == 0;
+}
+
+void QzParametersEx::modifySupportedPictureSize(CameraParameters2& params) {
+    constexpr int frontCamera = 1;
+    if (mCameraId == frontCamera) return;
+    const char* switchKey = nullptr;
+    const char* listKey = nullptr;
+    String8 sizes;
+    mCameraQzParam->getSupportedSuperResPicSizes(switchKey, listKey, sizes);
+    if (switchKey == nullptr || listKey == nullptr) return;
+    const char* postProcess = params.get(switchKey);
+    if (postProcess == nullptr) return;
+    params.set(listKey, strcmp(postProcess, "off") == 0 ? "" : sizes.string());
+}
+
+void QzParametersEx::modifyOTPtestResult(CameraParameters2& params) {
+    const char* key = nullptr;
+    String8 value;
+    mCameraQzParam->getOTPtestResult(key, value);
+    if (key != nullptr) params.set(key, value.string());
+}
+
+}  // namespace qz

@@ -1,0 +1,78 @@
+// Which buffers are skipped for a round, by their size and format.
+#include "QzName2Tag.h"
+#include "QzPerformEx.h"
+#include "core/BoundedMemory.h"
+#include "core/EntryView.h"
+#include "core/TagLabels.h"
+#include "core/TagNames.h"
+#include "inspect/InspectLog.h"
+
+#include <system/graphics.h>
+
+namespace qz {
+
+namespace {
+
+constexpr int32_t kPanoramaWidth = 3264;
+constexpr int32_t kPanoramaHeight = 2448;
+
+}  // namespace
+
+// The format counts for the panorama only: a listed size is skipped in any.
+bool QzPerformEx::skipRoundBuffer(int32_t width, int32_t height, int32_t format) {
+    const bool shown = logLevel() != 0;
+    if (shown) {
+        LOGI("%s(), size: %d x %d, format: %#x", __func__, width, height, static_cast<uint32_t>(format));
+    }
+    if (width == kPanoramaWidth && height == kPanoramaHeight && format == HAL_PIXEL_FORMAT_YCbCr_420_888) {
+        if (shown) LOGI("%s(), front panorama, skip round.", __func__);
+        return true;
+    }
+    const QzName2Tag* names = QzName2Tag::getInstance();
+    for (const char* list : {CAPABILITY("qzSubSensorJpegSize"), CAPABILITY("superResolutionPictureSize")}) {
+        const uint32_t tag = names->vendorTagFromName(list);
+        if (names->validTag(tag) == 1 && isCustomizedSize(width, height, tag)) return true;
+    }
+    return false;
+}
+
+// A size that is found is told at every level, 0 too.
+bool QzPerformEx::isCustomizedSize(int32_t width, int32_t height, uint32_t tag) {
+    const bool shown = logLevel() != 0;
+    if (shown) LOGI("%s()", __func__);
+    const EntryView<int32_t> sizes(getStaticInfo(tag, 2, 0, true));
+    if (sizes.count() == 0) {
+        if (shown) LOGI("%s(), entry count is 0", __func__);
+        return false;
+    }
+    for (size_t i = 0; i + 1 < sizes.count(); i += 2) {
+        if (sizes[i] != width || sizes[i + 1] != height) continue;
+        LOGI("%s(), size(%d x %d) belongs to %#x", __func__, width, height, tag);
+        return true;
+    }
+    if (shown) LOGI("%s(), size(%d x %d) doesn't belong to %#x", __func__, width, height, tag);
+    return false;
+}
+
+camera_metadata_ro_entry QzPerformEx::getStaticInfo(uint32_t tag, size_t minCount, size_t maxCount, bool required) {
+    const bool shown = logLevel() != 0;
+    if (shown) LOGI("%s()", __func__);
+    if (mStaticInfo == nullptr) {
+        LOGW("%s(), info is null", __func__);
+        camera_metadata_ro_entry none;
+        if (memset_s(&none, sizeof(none), 0, sizeof(none)) != 0) LOGE("%s(), memset_s failed!", __func__);
+        return none;
+    }
+    const camera_metadata_ro_entry entry = mStaticInfo->find(tag);
+    if (!shown) return entry;
+    if (entry.count == 0 && required) {
+        LOGI("%s(), Cann't find static metadata entry '%s.%s' (%#x)", __func__, sectionLabel(tag), nameLabel(tag), tag);
+    } else if (entry.count < minCount || (maxCount != 0 && entry.count > maxCount)) {
+        LOGI("%s(), Malformed static metadata entry '%s.%s' (%#x):Expected between %zu and %zu values, but got %zu "
+             "values",
+             __func__, sectionLabel(tag), nameLabel(tag), tag, minCount, maxCount, entry.count);
+    }
+    return entry;
+}
+
+}  // namespace qz

@@ -1,0 +1,8 @@
+// The inspection's log: one tag for the sources that hold QzPerformEx.
+#pragma once
+
+#include "core/Log.h"
+
+namespace qz {
+inline constexpr char kLogTag[] = "QzPerformEx";
+}  // namespace qz

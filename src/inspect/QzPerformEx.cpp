@@ -1,0 +1,168 @@
+#include "QzPerformEx.h"
+
+#include "QzName2Tag.h"
+#include "core/BoundedMemory.h"
+#include "core/Numbers.h"
+#include "core/TagLabels.h"
+#include "inspect/InspectLog.h"
+
+#include <camera/VendorTagDescriptor.h>
+#include <cutils/properties.h>
+
+#include <cstring>
+#include <vector>
+
+namespace qz {
+
+namespace {
+
+using android::CameraMetadata;
+
+// What each level adds.
+constexpr uint32_t kShowRequestKind = 1;
+constexpr uint32_t kShowChosenTags = 2;
+constexpr uint32_t kShowResults = 3;
+constexpr uint32_t kDumpStaticInfo = 4;
+constexpr uint32_t kDumpRequests = 5;  // a level behind the static info, which fits on fewer lines
+
+// The tag that a property chooses, vendor names before standard ones, or INVALID_TAG. No tag has a name of fewer than
+// ten characters.
+uint32_t chosenTag(const char* property) {
+    constexpr size_t shortestName = 10;
+    char name[PROPERTY_VALUE_MAX] = {};
+    property_get(property, name, "0");
+    if (strlen(name) < shortestName) return QzName2Tag::INVALID_TAG;
+    const QzName2Tag* names = QzName2Tag::getInstance();
+    const uint32_t tag = names->vendorTagFromName(name);
+    return names->validTag(tag) != 0 ? tag : names->androidTagFromName(name);
+}
+
+// What the log prints for a name that is missing.
+constexpr char kNull[] = "(null)";
+
+// The name of an element type in failure lines, with the blank behind it.
+const char* typeLabel(uint8_t type) {
+    constexpr const char* labels[] = {"TYPE_BYTE ",  "TYPE_INT32 ",  "TYPE_FLOAT ",
+                                      "TYPE_INT64 ", "TYPE_DOUBLE ", "TYPE_RATIONAL "};
+    return type < NUM_TYPES ? labels[type] : "";
+}
+
+// Floating-point numbers go without decimals, and an int64 with a blank behind it: scripts that read these lines know.
+int formatElement(char* text, size_t size, const camera_metadata_ro_entry& entry, size_t i) {
+    switch (entry.type) {
+        case TYPE_BYTE: return snprintf_s(text, size, size, "byte, value: %u", entry.data.u8[i]);
+        case TYPE_INT32: return snprintf_s(text, size, size, "int32, value: %d", entry.data.i32[i]);
+        case TYPE_FLOAT:
+            return snprintf_s(text, size, size, "float, value: %.f", static_cast<double>(entry.data.f[i]));
+        case TYPE_INT64:
+            return snprintf_s(text, size, size, "int64, value: %lld ", static_cast<long long>(entry.data.i64[i]));
+        case TYPE_DOUBLE: return snprintf_s(text, size, size, "double, value: %.f", entry.data.d[i]);
+        case TYPE_RATIONAL:
+            return snprintf_s(text, size, size, "rational, value: %d/%d", entry.data.r[i].numerator,
+                              entry.data.r[i].denominator);
+        default: return snprintf_s(text, size, size, "known type");
+    }
+}
+
+}  // namespace
+
+std::atomic<uint32_t> QzPerformEx::sLogLevel{0};
+
+QzPerformEx::QzPerformEx(int32_t cameraId) : mCameraId(cameraId) {
+    LOGI("%s(%p), camera %d.", __func__, static_cast<void*>(this), mCameraId);
+}
+
+QzPerformEx::~QzPerformEx() { LOGI("%s(%p), camera %d.", __func__, static_cast<void*>(this), mCameraId); }
+
+void QzPerformEx::setInfo(const CameraMetadata* info) {
+    LOGI("%s(%p)", __func__, static_cast<void*>(this));
+    if (info == nullptr) return;
+    mStaticInfo = info;
+    if (logLevel() >= kShowChosenTags) getTagInfo(*info, chosenTag("camera.qzperformex.captag"));
+    if (logLevel() >= kDumpStaticInfo) {
+        dumpVendorTags();
+        dumpCurrentTags(*info);
+    }
+}
+
+void QzPerformEx::checkRequest(android::List<const CameraMetadata>& requests, bool repeating) {
+    char value[PROPERTY_VALUE_MAX] = {};
+    property_get("camera.qzperformex.loglevel", value, "0");
+    const uint32_t level = parseUint32(value);
+    sLogLevel.store(level, std::memory_order_relaxed);
+    if (level < kShowRequestKind) return;
+
+    LOGI("%s(), %s.", __func__, repeating ? "repeating" : "capture");
+    if (level >= kShowChosenTags) {
+        for (const CameraMetadata& request : requests) {
+            getTagInfo(request, chosenTag("camera.qzperformex.ctrltag"));
+        }
+    }
+    if (level >= kDumpRequests) {
+        for (const CameraMetadata& request : requests) dumpCurrentTags(request);
+    }
+}
+
+void QzPerformEx::checkResult(const android::CaptureResult& result) {
+    if (logLevel() < kShowResults) return;
+    getTagInfo(result.mMetadata, chosenTag("camera.qzperformex.stattag"));
+    const android::CaptureResultExtras& extras = result.mResultExtras;
+    LOGI("%s(), request id: %d, burst id: %d, af trigger id: %d, precapture trigger id: %d\n"
+         "frame number: %lld, result count: %d",
+         __func__, extras.requestId, extras.burstId, extras.afTriggerId, extras.precaptureTriggerId,
+         static_cast<long long>(extras.frameNumber), extras.partialResultCount);
+}
+
+void QzPerformEx::getTagInfo(const CameraMetadata& metadata, uint32_t tag) {
+    if (tag == QzName2Tag::INVALID_TAG || logLevel() < kShowChosenTags) return;
+    LOGI("%s(), get tag: %#x, '%s.%s'.", __func__, tag, sectionLabel(tag, kNull), nameLabel(tag, kNull));
+    if (!metadata.exists(tag)) {
+        LOGI("%s(), tag %#x doesn't exist.", __func__, tag);
+        return;
+    }
+    const camera_metadata_ro_entry entry = metadata.find(tag);
+    if (entry.count == 0) {
+        LOGI("%s(), tag %#x entry count is 0.", __func__, tag);
+        return;
+    }
+    for (size_t i = 0; i < entry.count; ++i) {
+        char text[40] = {};
+        if (formatElement(text, sizeof(text), entry, i) == -1) {
+            LOGE("%s(), snprintf_s %sfailed!", __func__, typeLabel(entry.type));
+        }
+        LOGI("%s(), part %zu of %zu, index: %zu, tag: %#x, type: %s", __func__, i + 1, entry.count, entry.index,
+             entry.tag, text);
+    }
+}
+
+void QzPerformEx::dumpVendorTags() {
+    const android::sp<android::VendorTagDescriptor> descriptor =
+        android::VendorTagDescriptor::getGlobalVendorTagDescriptor();
+    if (descriptor == nullptr) {
+        LOGE("%s(), vendor tag descriptor is NULL!", __func__);
+        return;
+    }
+    const int count = descriptor->getTagCount();
+    LOGI("%s(), vendor tag count: %d", __func__, count);
+    if (count <= 0) return;
+    std::vector<uint32_t> tags(static_cast<size_t>(count));
+    descriptor->getTagArray(tags.data());
+    for (const uint32_t tag : tags) {
+        LOGI("%s(), tag: %#x, %s.%s", __func__, tag, textOr(descriptor->getSectionName(tag), kNull),
+             textOr(descriptor->getTagName(tag), kNull));
+    }
+}
+
+void QzPerformEx::dumpCurrentTags(const CameraMetadata& metadata) {
+    const camera_metadata_t* buffer = metadata.getAndLock();
+    const size_t count = metadata.entryCount();
+    LOGI("%s(), entry count: %zu", __func__, count);
+    for (size_t i = 0; i < count; ++i) {
+        camera_metadata_ro_entry entry = {};
+        if (get_camera_metadata_ro_entry(buffer, i, &entry) != 0) continue;
+        LOGI("%s(), get tag: %#x, '%s.%s'.", __func__, entry.tag, sectionLabel(entry.tag, kNull), nameLabel(entry.tag, kNull));
+    }
+    metadata.unlock(buffer);
+}
+
+}  // namespace qz

@@ -1,0 +1,124 @@
+// The setter pattern, written once. A setter names its steps in the order in which they happen:
+//
+//     status_t CCameraQzParam::setIso(CameraMetadata* metaData) {
+//         ByteEntry iso(mExtParam, metaData, __func__);
+//         iso.key("iso").tag(CAPTURE("iso")).as(isoModeStringToEnum);
+//         return WRITE(iso, "%s(), failed to update iso: %u, return: %d", iso.value);
+//     }
+//
+// A null request, an absent key or an undeclared tag ends the setter there: the steps that follow do nothing, and
+// nothing is written.
+#pragma once
+
+#include "QzHostInterfaces.h"
+#include "core/TagNames.h"
+#include "core/TranslatorLog.h"
+
+#include <array>
+#include <type_traits>
+
+namespace qz {
+
+// What is the same for every element type: where the entry comes from, where it goes, and how far the setter got.
+class EntryState {
+  public:
+    EntryState(ExtParamInterface* params, android::CameraMetadata* metaData, const char* setterName);
+
+    bool open() const { return mOpen; }        // nothing has ended the setter so far
+    bool written() const { return mWritten; }  // the pipeline took the entry
+    bool refused() const { return mOpen && mStatus != android::OK; }
+    status_t status() const { return mStatus; }  // what the setter returns
+
+    const char* const setter;
+    const char* text = nullptr;  // what the key holds; null for an integer key
+
+  protected:
+    void readText(const char* keyName);
+    int readInt(const char* keyName);
+    void resolve(const char* tagName);
+
+    ExtParamInterface* mParams;
+    android::CameraMetadata* mMetaData;
+    uint32_t mTag = 0;
+    bool mOpen;
+    bool mWritten = false;
+    status_t mStatus = android::OK;
+};
+
+// N elements of type T under construction.
+template <typename T, size_t N = 1>
+class Entry : public EntryState {
+  public:
+    using Value = std::conditional_t<N == 1, T, std::array<T, N>>;
+
+    using EntryState::EntryState;
+
+    // A further entry of the same setter, which has got as far as the other one.
+    explicit Entry(const EntryState& other) : EntryState(other) { mWritten = false; }
+
+    // Ends the setter silently unless `condition` holds.
+    Entry& when(bool condition) {
+        mOpen = mOpen && condition;
+        return *this;
+    }
+
+    // Reads a text.
+    Entry& key(const char* keyName) {
+        if (mOpen) readText(keyName);
+        return *this;
+    }
+
+    // Reads an integer, of which a byte entry takes the low eight bits. -1 counts as absent.
+    Entry& intKey(const char* keyName) {
+        if (mOpen) value = static_cast<T>(readInt(keyName));
+        return *this;
+    }
+
+    // Turns the text into the value, through a vocabulary: an unknown word's -1 becomes the byte 255.
+    Entry& as(int (*vocabulary)(const char*)) {
+        if (mOpen) value = static_cast<T>(vocabulary(text));
+        return *this;
+    }
+
+    // Resolves the vendor tag by its full name.
+    Entry& tag(const char* tagName) {
+        if (mOpen) resolve(tagName);
+        return *this;
+    }
+
+    Entry& platformTag(uint32_t id) {
+        mTag = id;
+        return *this;
+    }
+
+    // Writes the value when the setter got this far. False when the pipeline refused it.
+    bool write() {
+        if constexpr (N == 1) {
+            return write(&value, 1);
+        } else {
+            return write(value.data(), N);
+        }
+    }
+    bool write(const T* data, size_t count) {
+        if (!mOpen) return true;
+        mStatus = mParams->update(mMetaData, mTag, data, count);
+        mWritten = mStatus == android::OK;
+        return mWritten;
+    }
+
+    Value value{};
+};
+
+using ByteEntry = Entry<uint8_t>;
+using IntEntry = Entry<int32_t>;
+using FloatEntry = Entry<float>;
+using RationalEntry = Entry<camera_metadata_rational>;
+
+// Writes an entry and gives the setter's status. A refusal is logged: the format takes the setter's name first, the
+// arguments that follow it here, and the status last.
+#define WRITE(entry, format, ...)                                                            \
+    ((entry).write() ? static_cast<void>(0)                                                  \
+                     : LOGE(format, (entry).setter, __VA_ARGS__, (entry).status()), \
+     (entry).status())
+
+}  // namespace qz

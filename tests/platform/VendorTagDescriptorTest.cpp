@@ -1,0 +1,101 @@
+#include <camera/VendorTagDescriptor.h>
+
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <thread>
+
+#include "VendorTags.h"
+
+using android::BAD_VALUE;
+using android::OK;
+using android::sp;
+using android::String8;
+using android::VendorTagDescriptor;
+using qz::test::VendorTagOps;
+
+namespace {
+
+TEST(VendorTagDescriptor, CreationRefusesBrokenTables) {
+    const VendorTagOps sound({{0x80000000, "s", "n", TYPE_BYTE}});
+    sp<VendorTagDescriptor> descriptor;
+    ASSERT_EQ(VendorTagDescriptor::createDescriptorFromOps(&sound, descriptor), OK);
+    const auto expectRefused = [&descriptor](const vendor_tag_ops_t* ops, const char* why) {
+        EXPECT_EQ(VendorTagDescriptor::createDescriptorFromOps(ops, descriptor), BAD_VALUE) << why;
+        EXPECT_EQ(descriptor, nullptr) << why;
+    };
+    expectRefused(nullptr, "no operations");
+    VendorTagOps negative = sound;
+    negative.get_tag_count = [](const vendor_tag_ops_t* /*ops*/) { return -1; };
+    expectRefused(&negative, "negative count");
+    VendorTagOps partial = sound;
+    partial.get_tag_type = nullptr;
+    expectRefused(&partial, "a function is missing");
+    const std::vector<std::pair<qz::test::VendorTag, const char*>> kBroken = {
+        {{0x7fffffff, "s", "n", TYPE_BYTE}, "not a vendor tag"},
+        {{0x80000001, nullptr, "n", TYPE_BYTE}, "no section"},
+        {{0x80000001, "s", nullptr, TYPE_BYTE}, "no name"},
+        {{0x80000001, "s", "n", NUM_TYPES}, "type too high"},
+        {{0x80000001, "s", "n", -1}, "type too low"},
+    };
+    for (const auto& [row, why] : kBroken) {
+        const VendorTagOps ops({sound.tags.front(), row});
+        expectRefused(&ops, why);
+    }
+}
+
+TEST(VendorTagDescriptor, FindsTagsBothWays) {
+    sp<VendorTagDescriptor> descriptor;
+    {
+        const VendorTagOps ops({{0x80010001, "b.section", "zoom", TYPE_FLOAT},
+                                {0x80000007, "a.section", "zoom", TYPE_INT32},
+                                {0x80010000, "b.section", "iso", TYPE_RATIONAL},
+                                {0x80010001, "b.section", "zoom", TYPE_FLOAT},
+                                {0xffffffff, "a.section", "zoom", TYPE_BYTE}});
+        ASSERT_EQ(VendorTagDescriptor::createDescriptorFromOps(&ops, descriptor), OK);
+    }
+    std::vector<uint32_t> tags(static_cast<size_t>(descriptor->getTagCount()));
+    descriptor->getTagArray(tags.data());
+    EXPECT_EQ(tags, (std::vector<uint32_t>{0x80000007, 0x80010000, 0x80010001, 0xffffffff}));
+    EXPECT_STREQ(descriptor->getSectionName(0x80010000), "b.section");
+    EXPECT_STREQ(descriptor->getTagName(0x80010000), "iso");
+    EXPECT_EQ(descriptor->getTagType(0x80010000), TYPE_RATIONAL);
+    EXPECT_EQ(descriptor->getSectionName(0x80000000), nullptr);
+    EXPECT_EQ(descriptor->getTagName(0x80010002), nullptr);
+    EXPECT_EQ(descriptor->getTagType(0x80010002), -1);
+    ASSERT_EQ(descriptor->getAllSectionNames()->size(), 2U);
+    EXPECT_STREQ(descriptor->getAllSectionNames()->itemAt(1).c_str(), "b.section");
+
+    const qz::test::ErrorLog log;
+    uint32_t tag = 5;
+    EXPECT_EQ(descriptor->lookupTag(String8("b.section"), String8("zoom"), &tag), BAD_VALUE)
+        << "name comes first";
+    EXPECT_EQ(descriptor->lookupTag(String8("iso"), String8("a.section"), &tag), BAD_VALUE);
+    EXPECT_EQ(tag, 5U);
+    EXPECT_EQ(qz::test::ErrorLog::lines(),
+              (std::vector<std::string>{"VendorTagDescriptor", "VendorTagDescriptor"}));
+    EXPECT_EQ(descriptor->lookupTag(String8("zoom"), String8("b.section"), &tag), OK);
+    EXPECT_EQ(tag, 0x80010001U);
+    EXPECT_EQ(descriptor->lookupTag(String8("zoom"), String8("a.section"), &tag), OK);
+    EXPECT_EQ(tag, 0xffffffffU) << "the highest of two alike";
+}
+
+TEST(VendorTagDescriptor, TheGlobalOneMayBeReplacedWhileOthersReadIt) {
+    std::atomic<bool> done = false;
+    int found = 0;
+    std::thread reader([&done, &found] {
+        do {
+            const sp<VendorTagDescriptor> global = VendorTagDescriptor::getGlobalVendorTagDescriptor();
+            uint32_t tag = 0;
+            if (global != nullptr && global->lookupTag(String8("n"), String8("s"), &tag) == OK) ++found;
+            if (tag != 0) done = true;
+        } while (!done);
+    });
+    while (!done) const qz::test::GlobalVendorTags vendor({{0x80000000, "s", "n", TYPE_BYTE}});
+    reader.join();
+    EXPECT_GT(found, 0);
+    EXPECT_EQ(get_camera_metadata_tag_type(0x80000000), -1);
+    EXPECT_EQ(get_camera_metadata_section_name(0x80000000), nullptr);
+}
+
+}  // namespace

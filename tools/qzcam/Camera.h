@@ -1,0 +1,86 @@
+// One opened camera: everything that a camera service makes of the library for it, with the tool in the place of the
+// service.
+#pragma once
+
+#include "Messages.h"
+
+#include <CCameraQzParam.h>
+#include <CameraQzCallBack.h>
+#include <CameraQzSendCmd.h>
+#include <QzParametersEx.h>
+#include <QzPerformEx.h>
+#include <camera/CameraMetadata.h>
+#include <camera/CameraParameters2.h>
+
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace qzcam {
+
+// The adapter, watched: which key was published from which capability shows in the order of its calls.
+class WatchedParameters : public qz::QzParametersEx {
+  public:
+    struct Published {
+        std::string key;
+        uint32_t capability;  // the static entry read last before
+    };
+
+    using QzParametersEx::QzParametersEx;
+
+    void set(const char* key, const char* value) override;
+    camera_metadata_ro_entry getStaticInfo(uint32_t tag, size_t minCount, size_t maxCount, bool required) override;
+
+    // What was published since the last call.
+    std::vector<Published> takePublished();
+
+  private:
+    uint32_t mLastRead = 0;
+    std::vector<Published> mPublished;
+};
+
+using MessageSink = std::function<void(Message)>;
+
+// The tool as the host that results go through.
+class ResultHost : public qz::ExtCallBackInterface {
+  public:
+    explicit ResultHost(MessageSink sink) : mSink(std::move(sink)) {}
+
+    qz::status_t notifyCallback(int32_t msgType, int32_t ext1, int32_t ext2) override;
+    qz::status_t dataCallback(int32_t msgType, const void* data, uint32_t size) override;
+    camera_metadata_ro_entry findResultEntry(const android::CameraMetadata& result, uint32_t tag) override;
+
+  private:
+    MessageSink mSink;
+};
+
+class Camera {
+  public:
+    // `characteristics` must outlive the camera.
+    Camera(int32_t id, const android::CameraMetadata& characteristics, MessageSink sink);
+
+    android::CameraParameters2& parameters() { return mParameters; }
+    WatchedParameters& adapter() { return *mAdapter; }
+    qz::CCameraQzParam& translator() { return *mAdapter->mCameraQzParam; }
+    qz::CameraQzCallBack& callbacks() { return *mCallbacks; }
+    qz::CameraQzSendCmd& commands() { return *mCommands; }
+    qz::QzPerformEx& inspector() { return *mInspector; }
+
+  private:
+    android::CameraParameters2 mParameters;
+    ResultHost mHost;
+    android::sp<WatchedParameters> mAdapter;
+    android::sp<qz::CameraQzCallBack> mCallbacks;
+    android::sp<qz::CameraQzSendCmd> mCommands;
+    android::sp<qz::QzPerformEx> mInspector;
+};
+
+struct Parameter {
+    std::string key;
+    std::string value;
+};
+std::vector<Parameter> allParameters(const android::CameraParameters2& parameters);
+
+}  // namespace qzcam

@@ -1,0 +1,74 @@
+// A device as a dump describes it: its vendor tags and the static characteristics of one of its cameras.
+//
+// Everything is kept by name. Numbers of vendor tags differ from device to device and from one boot to the next, and
+// only the dump's own vendor section says which number a name has in it.
+#pragma once
+
+#include "Text.h"
+#include "Values.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <map>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <utility>
+#include <variant>
+#include <vector>
+
+namespace qzcam {
+
+struct Tag {
+    uint32_t id;
+    uint8_t type;
+    std::string section;
+    std::string name;  // without its section
+
+    std::string fullName() const { return section + "." + name; }
+};
+
+// Names to tags: the vendor tags of a device and all standard ones.
+class TagNames {
+  public:
+    explicit TagNames(const std::vector<Tag>& vendorTags);
+
+    // "section.name"; null when there is none.
+    const Tag* find(const std::string& fullName) const;
+
+    // Also a name without section that stands in one section only. Otherwise the text says what is wrong with it.
+    std::variant<const Tag*, std::string> resolve(const std::string& name) const;
+
+    // "section.name", or the number of a tag that has none.
+    std::string nameOf(uint32_t id) const;
+
+  private:
+    void add(const Tag& tag);
+
+    std::unordered_map<std::string, Tag> mByFullName;
+    std::unordered_multimap<std::string, const Tag*> mByName;
+    std::unordered_map<uint32_t, const Tag*> mById;
+};
+
+struct StaticEntry {
+    uint32_t tag;
+    Values values;
+};
+
+struct Device {
+    std::string file;
+    std::string camera;       // "device@3.4/legacy/0", or "0"
+    bool hasVendorTags = false;
+    std::vector<Tag> vendorTags;
+    std::vector<StaticEntry> entries;
+    size_t cutLists = 0;                        // entries of which the dump shows only the first 16 elements
+    std::map<std::string, size_t> passedOver;  // what of the dump is not used, and how often
+};
+
+// Makes the device's vendor tags those of the process.
+void installVendorTags(const Device& device);
+
+// The camera's static characteristics; the vendor tags must be installed.
+android::CameraMetadata staticCharacteristics(const Device& device);
+
+}  // namespace qzcam

@@ -1,0 +1,99 @@
+// What happens while a session is played, for whoever shows or keeps it.
+#pragma once
+
+#include "Messages.h"
+#include "Values.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <variant>
+#include <vector>
+
+namespace qzcam {
+
+// A command begins; what follows is its doing.
+struct CommandEvent {
+    size_t line;  // 0: the player's own doing at the end of a session
+    std::string text;
+};
+
+enum class Change { None, New, Changed, Gone };
+
+struct EntryRow {
+    uint32_t tag;
+    std::string name;
+    Values values;
+    Change change = Change::None;
+    Values before;  // of one that changed
+};
+
+// The entries of a request, compared with those of the one before.
+struct RequestEvent {
+    std::vector<EntryRow> entries;
+};
+
+struct ParamRow {
+    std::string key;
+    std::string value;
+    std::string capability;  // where it comes from; empty: from none
+    Change change = Change::None;
+};
+
+struct ParamsEvent {
+    std::vector<ParamRow> rows;
+};
+
+// What became of the capabilities that publishing looks for.
+struct PublishEvent {
+    std::vector<ParamRow> rows;
+    std::vector<std::string> undeclared;  // the device has no such tag
+    std::vector<std::string> absent;      // a tag, but no static entry or an empty one
+    std::vector<std::string> silent;      // an entry that no parameter came of
+};
+
+struct CallbackEvent {
+    Message message;
+};
+
+struct LogEvent {
+    int priority;
+    std::string tag;
+    std::string text;
+};
+
+struct StatusEvent {
+    std::string of;
+    int32_t status;
+    bool isAnswer;  // rather than success or failure
+};
+
+struct AnswerEvent {
+    std::string question;
+    std::string answer;
+};
+
+struct NoteEvent {
+    std::string text;
+};
+
+struct ExpectationEvent {
+    std::string file;
+    size_t line;
+    std::string text;  // the command
+    bool met;
+    std::string expected;
+    std::string actual;
+};
+
+struct SummaryEvent {
+    size_t met;
+    size_t failed;
+};
+
+using Event = std::variant<CommandEvent, RequestEvent, ParamsEvent, PublishEvent, CallbackEvent, LogEvent, StatusEvent,
+                           AnswerEvent, NoteEvent, ExpectationEvent, SummaryEvent>;
+using EventSink = std::function<void(const Event&)>;
+
+}  // namespace qzcam

@@ -1,0 +1,39 @@
+// Expectations of a session against what has come of its commands.
+#pragma once
+
+#include "Camera.h"
+#include "Device.h"
+#include "Events.h"
+#include "Session.h"
+
+#include <cstdint>
+#include <optional>
+#include <vector>
+
+namespace qzcam {
+
+// What the last command that was not an expectation brought about.
+struct Step {
+    std::optional<int32_t> status;
+    std::optional<bool> skipped;
+    std::vector<Message> messages;  // those that no expectation has taken yet
+    std::vector<LogEvent> log;
+};
+
+struct PlayState {
+    const TagNames& names;
+    Camera* camera = nullptr;
+    std::vector<EntryRow> entries = {};  // of the last request
+    Step step = {};
+};
+
+struct Finding {
+    bool met;
+    std::string expected;
+    std::string actual;
+};
+
+// An expected message counts as taken, so that "no other" can be expected afterwards.
+Finding examine(const Command& expectation, PlayState& state);
+
+}  // namespace qzcam

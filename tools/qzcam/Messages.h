@@ -1,0 +1,33 @@
+// The messages that reach the application, decoded for reading.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace qzcam {
+
+struct Message {
+    struct Field {
+        std::string name;  // empty for an element of a list
+        std::string value;
+    };
+    uint32_t code = 0;
+    bool isData = false;
+    std::string name;              // "preview-parameters"
+    std::vector<Field> fields;     // the content, decoded
+    std::vector<int32_t> numbers;  // the content as it came: two numbers, or the whole int32 of a block
+    std::vector<uint8_t> bytes;    // of a block
+};
+
+Message notification(int32_t code, int32_t ext1, int32_t ext2);
+Message dataBlock(int32_t code, const void* data, size_t size);
+
+// The code of a message's name, or of a number.
+std::optional<uint32_t> findMessageCode(std::string_view word);
+std::string messageNames();
+
+}  // namespace qzcam

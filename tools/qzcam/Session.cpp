@@ -1,0 +1,122 @@
+#include "Session.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+
+namespace qzcam {
+
+namespace {
+
+constexpr std::string_view kBlanks = " \t";
+
+// Adds the next word. A quote may begin anywhere in it: name="a b". False when a quote does not end.
+bool takeWord(std::string_view& rest, std::vector<Word>& words) {
+    const std::string_view start = rest;
+    Word word;
+    while (!rest.empty() && kBlanks.find(rest.front()) == std::string_view::npos) {
+        if (rest.front() != '"') {
+            word.text += rest.front();
+            rest.remove_prefix(1);
+        } else if (const auto quoted = takeQuoted(rest)) {
+            word.text += *quoted;
+        } else {
+            return false;
+        }
+    }
+    word.raw = start.substr(0, start.size() - rest.size());
+    words.push_back(std::move(word));
+    return true;
+}
+
+// A '#' begins a comment where a word could begin; within one it is a character like any other.
+bool splitWords(std::string_view& line, std::vector<Word>& words) {
+    std::string_view rest = line;
+    for (;;) {
+        rest.remove_prefix(std::min(rest.find_first_not_of(kBlanks), rest.size()));
+        if (rest.empty() || rest.front() == '#') { break; }
+        if (!takeWord(rest, words)) { return false; }
+    }
+    line = trimmed(line.substr(0, line.size() - rest.size()));
+    return true;
+}
+
+const CommandSpec* findSpec(std::string_view name) {
+    const auto& specs = commandSpecs();
+    const auto found = std::find_if(specs.begin(), specs.end(), [&](const auto& spec) { return name == spec.name; });
+    return found == specs.end() ? nullptr : &*found;
+}
+
+bool needsCamera(CommandId id) {
+    return id != CommandId::SetProp && id != CommandId::Inspect && id != CommandId::Open;
+}
+
+class SessionParser {
+  public:
+    SessionParser(Session& session, Problems& problems) : mSession(session), mProblems(problems) {}
+
+    void line(size_t number, std::string_view text);
+
+  private:
+    std::string wrongWith(const Command& command);
+    std::string wrongPlace(const Command& command);
+
+    Session& mSession;
+    Problems& mProblems;
+    bool mOpen = false;
+    bool mInBackground = false;
+};
+
+void SessionParser::line(size_t number, std::string_view text) {
+    text = trimmed(text);
+    std::vector<Word> words;
+    if (!splitWords(text, words)) { return mProblems.add(number, "expected '\"' at the end of the quoted text"); }
+    if (words.empty()) { return; }
+    const CommandSpec* spec = findSpec(words[0].text);
+    if (!spec) {
+        return mProblems.add(number, fmt::format("unknown command {}: expected one of those that 'qzcam run --help' lists",
+                                                 excerpt(words[0].text)));
+    }
+    words.erase(words.begin());
+    Command command{number, std::string(text), std::move(words), spec};
+    const std::string wrong = wrongWith(command);
+    if (!wrong.empty()) { return mProblems.add(number, wrong); }
+    mSession.commands.push_back(std::move(command));
+}
+
+std::string SessionParser::wrongWith(const Command& command) {
+    const CommandSpec& spec = *command.spec;
+    if (command.words.size() < spec.fewestWords || command.words.size() > spec.mostWords) {
+        return fmt::format("expected '{} {}', not {}", spec.name, spec.arguments, excerpt(command.text));
+    }
+    const std::string expected = spec.check ? spec.check(command) : std::string();
+    if (!expected.empty()) { return fmt::format("expected {}, not {}", expected, excerpt(command.text)); }
+    return wrongPlace(command);
+}
+
+// One command at a time is the library's rule for its command handler, and a camera must not go while one runs.
+std::string SessionParser::wrongPlace(const Command& command) {
+    const CommandId id = command.spec->id;
+    if (needsCamera(id) && !mOpen) { return fmt::format("expected 'open' before '{}'", command.spec->name); }
+    if (mInBackground && (id == CommandId::SendCommand || id == CommandId::Open)) {
+        return fmt::format("a command runs in the background: expected 'wait' before '{}'", command.spec->name);
+    }
+    if (id == CommandId::Open) { mOpen = true; }
+    if (id == CommandId::Wait) { mInBackground = false; }
+    if (id == CommandId::SendCommand) { mInBackground = command.words.back().text == "background"; }
+    return {};
+}
+
+}  // namespace
+
+bool isExpectation(CommandId id) { return id >= CommandId::ExpectParam; }
+
+Session parseSession(std::string_view text, std::string_view file, Problems& problems) {
+    Session session{std::string(file), {}};
+    SessionParser parser(session, problems);
+    Lines lines(text);
+    for (std::string_view line; lines.next(line);) { parser.line(lines.number(), line); }
+    return session;
+}
+
+}  // namespace qzcam
