@@ -1,8 +1,8 @@
 // The translator of one camera: application parameters into requests, static capabilities into parameters.
 //
-// QzParametersEx creates and owns it. The host reaches it through QzParametersEx::mCameraQzParam and calls passes and
-// queries on its parameter thread, serialised with every other use of that camera's parameters. State that passes
-// leave here lives until the next pass finds its key or capability again.
+// QzParametersEx creates and owns it. The host reaches it through QzParametersEx::mCameraQzParam and calls
+// passes and queries on its parameter thread, serialised with every other use of that camera's parameters.
+// State that passes leave here lives until the next pass finds its key or capability again.
 #pragma once
 
 #include "QzHostInterfaces.h"
@@ -15,8 +15,8 @@
 
 namespace qz {
 
-// A number that one thread writes and another reads without a lock. Relaxed order: a reader may see it late, never
-// torn; on the target a plain load or store.
+// A number that one thread writes and another reads without a lock. Relaxed order: a reader may see it late,
+// never torn; on the target a plain load or store.
 template <typename T>
 class Crossing {
   public:
@@ -36,19 +36,20 @@ class CCameraQzParam : public virtual android::RefBase {
     // Returns 0, or -22 for a null request; a parameter that cannot be written is logged and passed over.
     QZ_API status_t paramToMetaData(android::CameraMetadata* metaData);
 
-    // Publishes the device's static capabilities as "...-supported", "...-values" and range parameters. May run
-    // again; a capability that is empty then keeps the key of the last run. Always 0.
+    // Publishes the device's static capabilities as "...-supported", "...-values" and range parameters. May
+    // run again; a capability that is empty then keeps the key of the last run. Always 0.
     QZ_API int32_t metaDataToParam();
 
-    // What the host alone knows of the client. The package name decides which applications record without video
-    // stabilisation; bit 0 of the flag word lets chat applications have face beauty.
+    // What the host alone knows of the client. The package name decides which applications record without
+    // video stabilisation; bit 0 of the flag word lets chat applications have face beauty.
     QZ_API void setClientName(const android::String16& packageName);
     QZ_API void setCallBackFlag(uint32_t flag);
 
     // Whether "scene-mode" `extScene` is one of the extended ones.
     QZ_API bool isExtSceneMode(const char* extScene) const;
 
-    // Keys and sizes behind super resolution: its switch, where its sizes are listed, and the published sizes.
+    // Keys and sizes behind super resolution: its switch, where its sizes are listed, and the published
+    // sizes.
     QZ_API void getSupportedSuperResPicSizes(const char*& switchKey, const char*& listKey,
                                              android::String8& sizes) const;
     QZ_API void getQzPostKey(const char*& postKey, const char*& flagKey) const;
@@ -69,8 +70,8 @@ class CCameraQzParam : public virtual android::RefBase {
     // Whether the next capture takes long: professional mode with over a second, or any light-painting mode.
     QZ_API bool checkLongExpoMode() const;
 
-    // Whether the vendor's camera application wants its own zero-shutter-lag: outside professional mode, unless
-    // property "camera.ignore.qz.customized.zsl" begins with '1'.
+    // Whether the vendor's camera application wants its own zero-shutter-lag: outside professional mode,
+    // unless property "camera.ignore.qz.customized.zsl" begins with '1'.
     QZ_API bool needQzCustomizedZsl();
 
     // Whether the host should open the shutter early for the vendor's camera application.
@@ -87,7 +88,9 @@ class CCameraQzParam : public virtual android::RefBase {
     ~CCameraQzParam() override;
 
     // Setters: one application parameter each, into one request. 0, -22 without a request, or the status of a
-    // refused update. Grouped by the source that holds them; paramToMetaData has their order.
+    // refused update. Grouped by the source that holds them; the pass has their order.
+    using Setter = status_t (CCameraQzParam::*)(CameraMetadata* metaData);
+    static const Setter sRequestPass[];  // core/RequestPass.cpp
 
     // request/ImageSetters.cpp
     status_t setIso(CameraMetadata* metaData);
@@ -216,7 +219,9 @@ class CCameraQzParam : public virtual android::RefBase {
     status_t readFaceAeArea(CameraMetadata* metaData);
     status_t takeBurstCapture(CameraMetadata* metaData);
 
-    // Getters: one static capability each, into parameters or a member. Always 0. metaDataToParam has their order.
+    // Getters: one static capability each, into parameters or a member. Always 0.
+    using Getter = int32_t (CCameraQzParam::*)();
+    static const Getter sCapabilityPass[];  // capabilities/CapabilityPass.cpp
 
     // capabilities/ImageQuality.cpp
     int32_t getSupportedIso();
@@ -307,35 +312,35 @@ class CCameraQzParam : public virtual android::RefBase {
     int32_t getSupportedSuperPictureSizes();
     int32_t getSubSupportedPictureSizes();
 
-    ExtParamInterface* mExtParam;                 // the host's side; not owned
-    int mBurstCapture = -1;                       // "burst-capture"
-    bool mImagePostProcess = false;               // "qz-image-post-process" is on, and no panorama is
-    bool mAllFocusMode = false;                   // "qz-refocus-mode" is on
-    Crossing<bool> mProfessionalMode{false};      // "qz-professional-mode" is on; result thread reads
-    android::String8 mSuperResPicSizes;           // "4000x3000,2000x1500": sizes of the capability pass
-    android::String8 mSubPicSizes;                // the same for the secondary sensor
-    Crossing<uint8_t> mLcdCompensate{0};          // result thread writes, parameter thread reads
-    Crossing<uint8_t> mOtpTestResult{0};          // result thread writes, parameter thread reads
-    Crossing<int32_t> mFocusVcmValue{0};          // focus motor position; result thread writes, command thread reads
-    uint8_t mLightPaintingMode = 0;               // last written light-painting mode, 0 none
-    Crossing<int32_t> mFocusContrastValue{-1};    // rolling counter in bits 30-31, contrast below; result thread
-                                                  // writes, command thread reads
-    int mVideoFps = 0;                            // last written "qz-video-fps"
-    int mInsertPreviewCount = 0;                  // preview frames inserted in a burst, never negative
-    bool mVideoCallbackSupported = false;         // capability is exactly 1
-    uint8_t mHighVideoCallbackThreshold = 0;      // capability as read
-    uint32_t mCallBackFlag = 0;                   // setCallBackFlag()
-    int mSensorExposureTime = 0;                  // microseconds, once both exposure-time entries are written
-    bool mFwkZslSupported = false;                // capability is exactly 1
-    bool mIsQzCamera = false;                     // "qz-qzcamera-flag" is on
-    bool mRequireVideoStatus = false;             // capability is exactly 1
-    bool mRecording = false;                      // qzUpdateRecordingState()
-    bool mPreShutterSupported = false;            // capability is exactly 1
-    bool mPreShutterDone = false;                 // written by no pass: answers as if always false
-    bool mPanorama2DMode = false;                 // last requested 2D-panorama mode
-    int mMaxQuickThumbnailSize = 0;               // capability as read
-    int64_t mSlowJpegModeThreshold = 0;           // capability as read
-    android::String16 mClientName;                // setClientName()
+    ExtParamInterface* mExtParam;             // the host's side; not owned
+    int mBurstCapture = -1;                   // "burst-capture"
+    bool mImagePostProcess = false;           // "qz-image-post-process" is on, and no panorama is
+    bool mAllFocusMode = false;               // "qz-refocus-mode" is on
+    Crossing<bool> mProfessionalMode{false};  // "qz-professional-mode" is on; result thread reads
+    android::String8 mSuperResPicSizes;       // "4000x3000,2000x1500": sizes of the capability pass
+    android::String8 mSubPicSizes;            // the same for the secondary sensor
+    Crossing<uint8_t> mLcdCompensate{0};      // result thread writes, parameter thread reads
+    Crossing<uint8_t> mOtpTestResult{0};      // result thread writes, parameter thread reads
+    Crossing<int32_t> mFocusVcmValue{0};  // focus motor position; result thread writes, command thread reads
+    uint8_t mLightPaintingMode = 0;       // last written light-painting mode, 0 none
+    Crossing<int32_t> mFocusContrastValue{-1};  // rolling counter in bits 30-31, contrast below; result
+                                                // thread writes, command thread reads
+    int mVideoFps = 0;                          // last written "qz-video-fps"
+    int mInsertPreviewCount = 0;                // preview frames inserted in a burst, never negative
+    bool mVideoCallbackSupported = false;       // capability is exactly 1
+    uint8_t mHighVideoCallbackThreshold = 0;    // capability as read
+    uint32_t mCallBackFlag = 0;                 // setCallBackFlag()
+    int mSensorExposureTime = 0;                // microseconds, once both exposure-time entries are written
+    bool mFwkZslSupported = false;              // capability is exactly 1
+    bool mIsQzCamera = false;                   // "qz-qzcamera-flag" is on
+    bool mRequireVideoStatus = false;           // capability is exactly 1
+    bool mRecording = false;                    // qzUpdateRecordingState()
+    bool mPreShutterSupported = false;          // capability is exactly 1
+    bool mPreShutterDone = false;               // written by no pass: answers as if always false
+    bool mPanorama2DMode = false;               // last requested 2D-panorama mode
+    int mMaxQuickThumbnailSize = 0;             // capability as read
+    int64_t mSlowJpegModeThreshold = 0;         // capability as read
+    android::String16 mClientName;              // setClientName()
 };
 
 // Null, after an error line, for a null interface, which must outlive the translator.

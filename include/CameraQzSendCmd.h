@@ -1,7 +1,7 @@
 // Vendor command codes of the application's sendCommand: reading focus values that capture results brought.
 //
-// The host creates one for each camera and passes on every command that it does not handle itself, on whichever
-// thread it handles commands.
+// The host creates one for each camera and passes on every command that it does not handle itself, on
+// whichever thread it handles commands.
 #pragma once
 
 #include "CCameraQzParam.h"
@@ -17,7 +17,8 @@ class CameraQzSendCmd : public virtual android::RefBase {
   public:
     // Answers a command; the arguments of the two known ones are ignored.
     //   CMD_GET_FOCUS_VCM_VALUE       the position itself, 0 before the first result
-    //   CMD_GET_FOCUS_CONTRAST_VALUE  the contrast (30 bits) once it is fresh, -1 after three seconds without:
+    //   CMD_GET_FOCUS_CONTRAST_VALUE  the contrast (30 bits) once it is fresh, -1 after three seconds
+    //   without:
     //                                 keep it off threads that must not block
     //   any other                     -22
     QZ_API status_t sendCommand(int32_t cmd, int32_t arg1, int32_t arg2);
@@ -31,8 +32,8 @@ class CameraQzSendCmd : public virtual android::RefBase {
 
     status_t commandGetFocusContrastValue();
 
-    CCameraQzParam* mQzParam;  // not owned
-    int32_t mContrastCount;    // rolling counter (-2 to 1) of the last contrast value handed out
+    CCameraQzParam* mQzParam;    // not owned
+    int32_t mContrastCount = 0;  // rolling counter (-2 to 1) of the last contrast value handed out
 };
 
 // Null, after an error line, for a null translator. The translator must outlive the object.

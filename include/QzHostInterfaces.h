@@ -3,7 +3,8 @@
 //   ExtParamInterface     what the translator may ask of the host's side; QzParametersEx implements it.
 //   ExtCallBackInterface  where results go on their way to the application; the host implements it.
 //
-// The order of the virtual operations is binary interface: a host built against an earlier library calls by slot.
+// The order of the virtual operations is binary interface: a host built against an earlier library calls by
+// slot.
 #pragma once
 
 #include <camera/CameraMetadata.h>
@@ -27,15 +28,15 @@ class QZ_API ExtParamInterface : public virtual android::RefBase {
   public:
     ~ExtParamInterface() override = default;
 
-    // Application parameters. get() gives null, getInt() -1 for an absent key; the text that get() gives is the
-    // host's and stays valid until that key changes.
+    // Application parameters. get() gives null, getInt() -1 for an absent key; the text that get() gives is
+    // the host's and stays valid until that key changes.
     virtual void set(const char* key, const char* value) = 0;
     virtual const char* get(const char* key) = 0;
     virtual int getInt(const char* key) = 0;
 
-    // The static characteristic `tag`, or an entry of count 0. It is expected to hold minCount to maxCount elements
-    // (maxCount 0: no upper bound); one that does not is reported in the log and returned all the same. `required`
-    // asks for a report when it is absent. The data stay the host's.
+    // The static characteristic `tag`, or an entry of count 0. It is expected to hold minCount to maxCount
+    // elements (maxCount 0: no upper bound); one that does not is reported in the log and returned all the
+    // same. `required` asks for a report when it is absent. The data stay the host's.
     virtual camera_metadata_ro_entry getStaticInfo(uint32_t tag, size_t minCount, size_t maxCount,
                                                    bool required) = 0;
 
@@ -45,12 +46,14 @@ class QZ_API ExtParamInterface : public virtual android::RefBase {
                             size_t count) = 0;
     virtual status_t update(android::CameraMetadata* metadata, uint32_t tag, const int32_t* data,
                             size_t count) = 0;
-    virtual status_t update(android::CameraMetadata* metadata, uint32_t tag, const camera_metadata_rational* data,
+    virtual status_t update(android::CameraMetadata* metadata, uint32_t tag,
+                            const camera_metadata_rational* data, size_t count) = 0;
+    virtual status_t update(android::CameraMetadata* metadata, uint32_t tag, const float* data,
                             size_t count) = 0;
-    virtual status_t update(android::CameraMetadata* metadata, uint32_t tag, const float* data, size_t count) = 0;
     virtual status_t update(android::CameraMetadata* metadata, uint32_t tag, const double* data,
                             size_t count) = 0;
-    virtual status_t update(android::CameraMetadata* metadata, uint32_t tag, const android::String8& value) = 0;
+    virtual status_t update(android::CameraMetadata* metadata, uint32_t tag,
+                            const android::String8& value) = 0;
 };
 
 // Message codes that reach the application through ExtCallBackInterface. Beside each: what travels with it.
@@ -80,11 +83,12 @@ enum OisCalibKind : int32_t {
     OIS_HALL_CHECK = 3,   // notify: 3, check result
 };
 
-// The road to the application. The host creates and owns it, keeps it alive as long as the CameraQzCallBack that it
-// handed it to, and is called on the thread that brings the results. Slots 2 to 5 behind the destructor pair.
-class QZ_API ExtCallBackInterface {
+// The road to the application. The host creates and owns it, keeps it alive as long as the CameraQzCallBack
+// that it handed it to, and is called on the thread that brings the results. Slots 2 to 5 behind the
+// destructor pair.
+class QZ_API ExtCallBackInterface : public virtual android::RefBase {
   public:
-    virtual ~ExtCallBackInterface() = default;
+    ~ExtCallBackInterface() override = default;
 
     // A message with two numbers. msgType is a MessageType; the status goes back to the caller of
     // callbackHDCCalibResult and callbackFovCalibResult and is otherwise ignored.

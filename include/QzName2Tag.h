@@ -1,8 +1,9 @@
-// Dotted names to tag ids: "com.ambrix.capture.metadata.iso" -> 0x80000000, "android.control.aeMode" -> 0x10003.
+// Dotted names to tag ids: "com.ambrix.capture.metadata.iso" -> 0x80000000, "android.control.aeMode" ->
+// 0x10003.
 //
-// Vendor tags have no number until the camera HAL hands out its descriptor, so that everything is named by section
-// and tag name and resolved anew on each call. One stateless instance exists from library load to process end; any
-// thread may call it.
+// Vendor tags have no number until the camera HAL hands out its descriptor, so that everything is named by
+// section and tag name and resolved anew on each call. One stateless instance exists from library load to
+// process end; any thread may call it.
 #pragma once
 
 #include "QzHostInterfaces.h"
@@ -17,8 +18,8 @@ class QZ_API QzName2Tag {
     // Never null once the library is loaded.
     static QzName2Tag* getInstance();
 
-    // The id of vendor tag `name`, through the process's vendor tag descriptor, or INVALID_TAG. The section is the
-    // longest registered one that the name begins with.
+    // The id of vendor tag `name`, through the process's vendor tag descriptor, or INVALID_TAG. The section
+    // is the longest registered one that the name begins with.
     uint32_t vendorTagFromName(const char* name) const;
 
     // The same for a tag of the platform's own sections.

@@ -1,6 +1,7 @@
 // The adapter: the host's parameters, static characteristics and requests as the translator sees them.
 //
-// The host creates one for each opened camera, over its live parameter set, and holds it through a strong pointer:
+// The host creates one for each opened camera, over its live parameter set, and holds it through a strong
+// pointer:
 //
 //     sp<QzParametersEx> ex = new QzParametersEx(parameters, cameraId);
 //     ex->mInfo = &staticCharacteristics;
@@ -29,12 +30,16 @@ class QZ_API QzParametersEx : public ExtParamInterface {
     int getInt(const char* key) override;
     camera_metadata_ro_entry getStaticInfo(uint32_t tag, size_t minCount, size_t maxCount,
                                            bool required) override;
-    status_t update(android::CameraMetadata* metadata, uint32_t tag, const uint8_t* data, size_t count) override;
-    status_t update(android::CameraMetadata* metadata, uint32_t tag, const int32_t* data, size_t count) override;
+    status_t update(android::CameraMetadata* metadata, uint32_t tag, const uint8_t* data,
+                    size_t count) override;
+    status_t update(android::CameraMetadata* metadata, uint32_t tag, const int32_t* data,
+                    size_t count) override;
     status_t update(android::CameraMetadata* metadata, uint32_t tag, const camera_metadata_rational* data,
                     size_t count) override;
-    status_t update(android::CameraMetadata* metadata, uint32_t tag, const float* data, size_t count) override;
-    status_t update(android::CameraMetadata* metadata, uint32_t tag, const double* data, size_t count) override;
+    status_t update(android::CameraMetadata* metadata, uint32_t tag, const float* data,
+                    size_t count) override;
+    status_t update(android::CameraMetadata* metadata, uint32_t tag, const double* data,
+                    size_t count) override;
     status_t update(android::CameraMetadata* metadata, uint32_t tag, const android::String8& value) override;
 
     // Slot 11, behind those of the interface: removes a key from the parameter set.
@@ -43,26 +48,29 @@ class QZ_API QzParametersEx : public ExtParamInterface {
     // mShutterMute = "camera_sound_state" is exactly 0; an absent key means not muted.
     void setShutterMute(android::CameraParameters2& params);
 
-    // Shows the super-resolution sizes under "super-resolution-picture-size-values": those of the capability pass
-    // while "qz-image-post-process" is on, none while it is "off". Camera 1 (front) is left alone.
+    // Shows the super-resolution sizes under "super-resolution-picture-size-values": those of the capability
+    // pass while "qz-image-post-process" is on, none while it is "off". Camera 1 (front) is left alone.
     void modifySupportedPictureSize(android::CameraParameters2& params);
 
     // Sets "qz-otp-check" to the last OTP test result.
     void modifyOTPtestResult(android::CameraParameters2& params);
 
-    android::sp<CCameraQzParam> mCameraQzParam;  // the translator, owned
+    // The translator, owned.
+    android::sp<CCameraQzParam> mCameraQzParam;
 
   private:
     android::CameraParameters2& mParameters;
 
   public:
-    const android::CameraMetadata* mInfo;  // static characteristics; the host's, assigned before the first pass
+    // Static characteristics: the host's, assigned before the first pass.
+    const android::CameraMetadata* mInfo = nullptr;
 
   private:
     int mCameraId;
 
   public:
-    bool mShutterMute;  // result of the last setShutterMute()
+    // Result of the last setShutterMute().
+    bool mShutterMute = false;
 };
 
 }  // namespace qz

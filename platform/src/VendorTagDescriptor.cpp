@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cstring>
 #include <mutex>
+#include <utility>
 
 namespace android {
 namespace {
@@ -94,10 +95,9 @@ void VendorTagDescriptor::index() {
 }
 
 status_t VendorTagDescriptor::setAsGlobalVendorTagDescriptor(const sp<VendorTagDescriptor>& descriptor) {
-    sp<VendorTagDescriptor> previous;  // released after the lock
+    sp<VendorTagDescriptor> replaced = descriptor;  // outlives the lock: the last one is destroyed without it
     const std::lock_guard<std::mutex> lock(global().mutex);
-    previous = global().descriptor;
-    global().descriptor = descriptor;
+    std::swap(replaced, global().descriptor);
     return OK;
 }
 

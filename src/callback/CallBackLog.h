@@ -4,5 +4,5 @@
 #include "core/Log.h"
 
 namespace qz {
-inline constexpr char kLogTag[] = "CameraQzCallBack";
+constexpr char kLogTag[] = "CameraQzCallBack";
 }  // namespace qz

@@ -9,11 +9,13 @@ namespace qz {
 namespace {
 
 constexpr char kFactory[] =
-    "android::sp<CameraQzCallBack> qz::CreateCameraQzCallBack(qz::ExtCallBackInterface *, qz::CCameraQzParam *)";
+    "android::sp<CameraQzCallBack> qz::CreateCameraQzCallBack(qz::ExtCallBackInterface *, qz::CCameraQzParam "
+    "*)";
 
 }  // namespace
 
-android::sp<CameraQzCallBack> CreateCameraQzCallBack(ExtCallBackInterface* callBackIntf, CCameraQzParam* qzParam) {
+android::sp<CameraQzCallBack> CreateCameraQzCallBack(ExtCallBackInterface* callBackIntf,
+                                                     CCameraQzParam* qzParam) {
     if (callBackIntf == nullptr) {
         LOGE("%s(%d): failed, callBackIntf is NULL.", kFactory, 1209);
         return nullptr;

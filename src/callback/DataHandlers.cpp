@@ -26,8 +26,8 @@ std::vector<uint8_t> oisBlock(OisCalibKind kind, const ResultEntry<T>& entry, co
 
 uint32_t size32(size_t bytes) { return static_cast<uint32_t>(bytes); }
 
-// The named fields of a hall-calibration blob: the result in bytes 0-3, the driver's name from byte 4 up to its
-// terminator, ad_offset_y in the last four bytes. A short blob lacks some: 0 and the empty text then.
+// The named fields of a hall-calibration blob: the result in bytes 0-3, the driver's name from byte 4 up to
+// its terminator, ad_offset_y in the last four bytes. A short blob lacks some: 0 and the empty text then.
 class HallBlob {
   public:
     explicit HallBlob(const ResultEntry<uint8_t>& entry) : mBytes(entry.data()), mCount(entry.count()) {}
@@ -66,7 +66,8 @@ status_t CameraQzCallBack::processLpdParameters(const CameraMetadata& result) {
 status_t CameraQzCallBack::processMmiFocusTest(const CameraMetadata& result) {
     constexpr size_t fewest = 2;
     constexpr size_t most = 20;
-    const ResultEntry<int32_t> focus(mExtCallBackIntf, result, CAPTURE("qz-af-mmi-contrast-result-value"), __func__);
+    const ResultEntry<int32_t> focus(mExtCallBackIntf, result, CAPTURE("qz-af-mmi-contrast-result-value"),
+                                     __func__);
     if (focus.count() == 0) return focus.status();
     if (focus.count() < fewest || focus.count() > most) {
         LOGE("%s(), get invalid number: %d!", __func__, static_cast<int>(focus.count()));
@@ -89,12 +90,13 @@ status_t CameraQzCallBack::processMmiFocusTest(const CameraMetadata& result) {
 }
 
 status_t CameraQzCallBack::processOisGryoOffsetCalibResult(const CameraMetadata& result) {
-    const ResultEntry<int32_t> offset(mExtCallBackIntf, result, CAPTURE("oisGryoOffsetCalibResult"), __func__);
+    const ResultEntry<int32_t> offset(mExtCallBackIntf, result, CAPTURE("oisGryoOffsetCalibResult"),
+                                      __func__);
     if (offset.count() == 0) return offset.status();
     const std::vector<uint8_t> block = oisBlock(OIS_GYRO_OFFSET, offset, __func__);
     if (block.empty()) return android::OK;
-    LOGI("%s() OisGryoOffset result x_gryoOffset:%d, y_gryoOffset:%d result:%d ", __func__, offset.valueOrZero(1),
-         offset.valueOrZero(2), offset[0]);
+    LOGI("%s() OisGryoOffset result x_gryoOffset:%d, y_gryoOffset:%d result:%d ", __func__,
+         offset.valueOrZero(1), offset.valueOrZero(2), offset[0]);
     mExtCallBackIntf->dataCallback(MSG_OIS_CALIB_RESULT, block.data(), size32(block.size()));
     return android::OK;
 }

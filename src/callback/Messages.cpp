@@ -10,7 +10,8 @@ namespace qz {
 
 namespace {
 
-status_t notify(ExtCallBackInterface* host, const char* caller, MessageType message, int32_t ext1, int32_t ext2) {
+status_t notify(ExtCallBackInterface* host, const char* caller, MessageType message, int32_t ext1,
+                int32_t ext2) {
     if (hostOrReport(host, caller) == nullptr) return android::BAD_VALUE;
     return host->notifyCallback(message, ext1, ext2);
 }
@@ -20,7 +21,8 @@ status_t notify(ExtCallBackInterface* host, const char* caller, MessageType mess
 void CameraQzCallBack::callbackTargetTracking(const int32_t* targetCoord) {
     if (hostOrReport(mExtCallBackIntf, __func__) == nullptr) return;
     if (targetCoord == nullptr) {
-        LOGE("%s(%d): targetCoord is NULL.", "void qz::CameraQzCallBack::callbackTargetTracking(int32_t *)", 223);
+        LOGE("%s(%d): targetCoord is NULL.", "void qz::CameraQzCallBack::callbackTargetTracking(int32_t *)",
+             223);
         return;
     }
     notify(mExtCallBackIntf, __func__, MSG_TARGET_TRACKING, targetCoord[0], targetCoord[1]);

@@ -113,7 +113,8 @@ int CameraQzCallBack::professionalIsoConvert(int32_t iso) {
         return kIsoSteps.front().iso;
     }
     // The index is one past the last row: that is how log readers know the case.
-    LOGW("%s , iso[%d] is upper than isoTable[%d].iso_upper.", signature, iso, static_cast<int>(kIsoSteps.size()));
+    LOGW("%s , iso[%d] is upper than isoTable[%d].iso_upper.", signature, iso,
+         static_cast<int>(kIsoSteps.size()));
     return kIsoSteps.back().iso;
 }
 

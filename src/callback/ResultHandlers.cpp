@@ -15,7 +15,8 @@ status_t CameraQzCallBack::checkZslMode(const CameraMetadata& result) {
 }
 
 status_t CameraQzCallBack::processTargetTracking(const CameraMetadata& result) {
-    const ResultEntry<int32_t> offset(mExtCallBackIntf, result, CAPTURE("target-coordinates-offset"), __func__);
+    const ResultEntry<int32_t> offset(mExtCallBackIntf, result, CAPTURE("target-coordinates-offset"),
+                                      __func__);
     if (offset.count() == 2 && (offset[0] != mTargetCoordX || offset[1] != mTargetCoordY)) {
         mTargetCoordX = offset[0];
         mTargetCoordY = offset[1];
@@ -31,7 +32,8 @@ status_t CameraQzCallBack::processFocusVcmValue(const CameraMetadata& result) {
 }
 
 status_t CameraQzCallBack::processFocusContrastValue(const CameraMetadata& result) {
-    const ResultEntry<int32_t> contrast(mExtCallBackIntf, result, CAPTURE("qz-af-mmi-contrast-value"), __func__);
+    const ResultEntry<int32_t> contrast(mExtCallBackIntf, result, CAPTURE("qz-af-mmi-contrast-value"),
+                                        __func__);
     if (contrast.count() == 1) mQzParam->mFocusContrastValue.set(contrast[0]);
     return contrast.status();
 }
@@ -54,7 +56,8 @@ status_t CameraQzCallBack::processDualAbnormal(const CameraMetadata& result) {
 
 // The index of the last result outlives the verification, so that the next one does not send it again.
 status_t CameraQzCallBack::processDualCameraVerify(const CameraMetadata& result) {
-    const ResultEntry<uint8_t> mode(mExtCallBackIntf, result, CAPTURE("qz-dual-camera-verification-mode"), __func__);
+    const ResultEntry<uint8_t> mode(mExtCallBackIntf, result, CAPTURE("qz-dual-camera-verification-mode"),
+                                    __func__);
     if (mode.count() != 1) return mode.status();
     if (mode[0] != 1) {
         mDualVerifyActive = 0;
@@ -124,7 +127,8 @@ status_t CameraQzCallBack::processLcdFlashMode(const CameraMetadata& result) {
 }
 
 status_t CameraQzCallBack::processExposureMesure(const CameraMetadata& result) {
-    const ResultEntry<int32_t> seconds(mExtCallBackIntf, result, CAPTURE("lightPaintingExposureTime"), __func__);
+    const ResultEntry<int32_t> seconds(mExtCallBackIntf, result, CAPTURE("lightPaintingExposureTime"),
+                                       __func__);
     if (seconds.count() != 0) {
         LOGI("%s(), set exposure time to APP: %d s", __func__, seconds[0]);
         callbackExposureMesure(seconds[0]);
@@ -133,7 +137,8 @@ status_t CameraQzCallBack::processExposureMesure(const CameraMetadata& result) {
 }
 
 status_t CameraQzCallBack::processExposureModePreviewState(const CameraMetadata& result) {
-    const ResultEntry<uint8_t> state(mExtCallBackIntf, result, CAPTURE("qz-exposure-mode-preview-state"), __func__);
+    const ResultEntry<uint8_t> state(mExtCallBackIntf, result, CAPTURE("qz-exposure-mode-preview-state"),
+                                     __func__);
     if (state.count() == 0 || state[0] == mExposurePreviewState) return state.status();
     mExposurePreviewState = state[0];
     if (mExposurePreviewState != 0) {
@@ -144,7 +149,8 @@ status_t CameraQzCallBack::processExposureModePreviewState(const CameraMetadata&
 }
 
 status_t CameraQzCallBack::processLaserCalibrationResult(const CameraMetadata& result) {
-    const ResultEntry<int32_t> laser(mExtCallBackIntf, result, CAPTURE("qz_laser_calibrate_result"), __func__);
+    const ResultEntry<int32_t> laser(mExtCallBackIntf, result, CAPTURE("qz_laser_calibrate_result"),
+                                     __func__);
     if (laser.count() != 0) {
         LOGI("%s(), set laser calibration result to APP: %d s", __func__, laser[0]);
         callbackLaserCalibrationResult(laser[0]);

@@ -1,4 +1,5 @@
-// The getter pattern, written once: a static capability as its getter reads it, and the ways of publishing it.
+// The getter pattern, written once: a static capability as its getter reads it, and the ways of publishing
+// it.
 //
 //     int32_t CCameraQzParam::getBurstSupported() {
 //         const Capability<uint8_t> burst(mExtParam, CAPABILITY("burstModeSupported"), 1);

@@ -1,4 +1,5 @@
-// Switches of the device: "true" for any first byte but 0. The minimum count is what the adapter reports below.
+// Switches of the device: "true" for any first byte but 0. The minimum count is what the adapter reports
+// below.
 #include "CCameraQzParam.h"
 #include "capabilities/Capability.h"
 
@@ -244,7 +245,8 @@ int32_t CCameraQzParam::getDualPrimarySingleReprocess() {
     if (reprocess.lacks()) LOGI("DualCameraSingleReprocess.count = %zu", reprocess.count());
     if (!reprocess.holds()) return 0;
     publishFlag(mExtParam, "qz-dual-primary-single-reprocess", reprocess);
-    LOGD("Dual Camera Single Reprocess Supported = %s", published(mExtParam, "qz-dual-primary-single-reprocess"));
+    LOGD("Dual Camera Single Reprocess Supported = %s",
+         published(mExtParam, "qz-dual-primary-single-reprocess"));
     return 0;
 }
 
@@ -262,7 +264,8 @@ int32_t CCameraQzParam::getMirrorZoomDragSupported() {
     if (drag.lacks()) LOGI("%s(), mirror zoom drag count: %zu", __func__, drag.count());
     if (!drag.holds()) return 0;
     publishFlag(mExtParam, "qz_mirror_zoom_drag_supported", drag);
-    LOGD("%s(), mirror zoom mode supported: %s", __func__, published(mExtParam, "qz_mirror_zoom_drag_supported"));
+    LOGD("%s(), mirror zoom mode supported: %s", __func__,
+         published(mExtParam, "qz_mirror_zoom_drag_supported"));
     return 0;
 }
 

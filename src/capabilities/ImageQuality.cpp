@@ -22,14 +22,16 @@ int32_t CCameraQzParam::getSupportedContrast() {
 int32_t CCameraQzParam::getSupportedSaturation() {
     const Capability<uint8_t> saturation(mExtParam, CAPABILITY("availbaleSaturation"), 0);
     if (saturation.lacks()) LOGI("supportedSaturation.count = %zu", saturation.count());
-    if (saturation.holds()) publishWords(mExtParam, "saturation-values", saturation, saturationModeEnumToString);
+    if (saturation.holds())
+        publishWords(mExtParam, "saturation-values", saturation, saturationModeEnumToString);
     return 0;
 }
 
 int32_t CCameraQzParam::getSupportedBrightness() {
     const Capability<uint8_t> brightness(mExtParam, CAPABILITY("availbaleBrightness"), 0);
     if (brightness.lacks()) LOGI("supportedBrightness.count = %zu", brightness.count());
-    if (brightness.holds()) publishWords(mExtParam, "brightness-values", brightness, brightnessModeEnumToString);
+    if (brightness.holds())
+        publishWords(mExtParam, "brightness-values", brightness, brightnessModeEnumToString);
     return 0;
 }
 

@@ -14,8 +14,8 @@ int32_t CCameraQzParam::getSupportedDualPrimary() {
     return 0;
 }
 
-// Adds the extended modes to the scene modes that the host has published. The first is appended without a separator,
-// and a comma follows each unless it is the entry's last element: applications know these texts.
+// Adds the extended modes to the scene modes that the host has published. The first is appended without a
+// separator, and a comma follows each unless it is the entry's last element: applications know these texts.
 int32_t CCameraQzParam::getSupportedExtScene() {
     const Capability<uint8_t> scenes(mExtParam, ANDROID_CONTROL_AVAILABLE_SCENE_MODES, 0);
     if (scenes.lacks()) LOGI("supportedExtScene.count = %zu", scenes.count());
@@ -76,7 +76,8 @@ int32_t CCameraQzParam::getSupernightSupportedExposure() {
     const Capability<uint8_t> times(mExtParam, CAPABILITY("availbaleSupernightExposureTime"), 1);
     if (!times.holds()) return 0;
     publishWords(mExtParam, "key-supernight-supported-exposure", times, manualExposureModeEnumToString);
-    LOGI("exposure mode supported exposure time = %s", published(mExtParam, "key-supernight-supported-exposure"));
+    LOGI("exposure mode supported exposure time = %s",
+         published(mExtParam, "key-supernight-supported-exposure"));
     return 0;
 }
 

@@ -1,5 +1,5 @@
-// Ranges of two numbers. Any other count is as good as none. A text that its buffer cannot hold is cut to the empty
-// text, and published all the same.
+// Ranges of two numbers. Any other count is as good as none. A text that its buffer cannot hold is cut to the
+// empty text, and published all the same.
 #include "CCameraQzParam.h"
 #include "capabilities/Capability.h"
 #include "core/BoundedMemory.h"

@@ -101,7 +101,8 @@ int32_t CCameraQzParam::getHighVideoCallbackThreshold() {
     if (threshold.lacks()) LOGI("high video call back supported count is: %zu", threshold.count());
     if (!threshold.holds()) return 0;
     publishNumber(mExtParam, "high-video-callback-threshold-supported", threshold[0]);
-    LOGI("high video call back supported = %s", published(mExtParam, "high-video-callback-threshold-supported"));
+    LOGI("high video call back supported = %s",
+         published(mExtParam, "high-video-callback-threshold-supported"));
     mHighVideoCallbackThreshold = threshold[0];
     return 0;
 }
@@ -132,7 +133,8 @@ int32_t CCameraQzParam::getQzExposureCompStep() {
 int32_t CCameraQzParam::getLcdCompensateSupported() {
     const Capability<uint8_t> compensate(mExtParam, CAPABILITY("lcdCompensateSupported"), 1);
     if (compensate.lacks()) LOGI("supportedLCDC.count = %zu", compensate.count());
-    if (compensate.holds() && compensate[0] == 1) mExtParam->set("lcd-compensate-supported-values", "off,auto");
+    if (compensate.holds() && compensate[0] == 1)
+        mExtParam->set("lcd-compensate-supported-values", "off,auto");
     return 0;
 }
 

@@ -29,18 +29,21 @@ android::sp<CameraQzSendCmd> CreateCameraQzSendCmd(CCameraQzParam* qzParam) {
     return new CameraQzSendCmd(qzParam);
 }
 
-// The counter starts at 0, which is no mark for "none": a first value whose counter is 0 waits for the next one.
-CameraQzSendCmd::CameraQzSendCmd(CCameraQzParam* qzParam) : mQzParam(qzParam), mContrastCount(0) {
-    LOGI("%s()", __func__);
-}
+// The counter starts at 0, which is no mark for "none": a first value whose counter is 0 waits for the next
+// one.
+CameraQzSendCmd::CameraQzSendCmd(CCameraQzParam* qzParam) : mQzParam(qzParam) { LOGI("%s()", __func__); }
 
 CameraQzSendCmd::~CameraQzSendCmd() { LOGI("%s()", __func__); }
 
 status_t CameraQzSendCmd::sendCommand(int32_t cmd, int32_t arg1, int32_t arg2) {
     switch (cmd) {
-        case CMD_GET_FOCUS_VCM_VALUE: return mQzParam->mFocusVcmValue.get();
-        case CMD_GET_FOCUS_CONTRAST_VALUE: return commandGetFocusContrastValue();
-        default: LOGE("%s: Unknown command %d (arguments %d, %d)", __func__, cmd, arg1, arg2); return android::BAD_VALUE;
+        case CMD_GET_FOCUS_VCM_VALUE:
+            return mQzParam->mFocusVcmValue.get();
+        case CMD_GET_FOCUS_CONTRAST_VALUE:
+            return commandGetFocusContrastValue();
+        default:
+            LOGE("%s: Unknown command %d (arguments %d, %d)", __func__, cmd, arg1, arg2);
+            return android::BAD_VALUE;
     }
 }
 

@@ -28,7 +28,8 @@ int snprintf_s(char* dest, size_t destSize, size_t count, const char* format, ..
     const int length = vsnprintf(dest, destSize, format, arguments);
     va_end(arguments);
 
-    const bool fits = length >= 0 && static_cast<size_t>(length) < destSize && static_cast<size_t>(length) <= count;
+    const bool fits =
+        length >= 0 && static_cast<size_t>(length) < destSize && static_cast<size_t>(length) <= count;
     if (fits) return length;
     dest[length >= 0 && count < destSize ? count : 0] = '\0';
     return -1;

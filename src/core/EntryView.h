@@ -1,5 +1,5 @@
-// A typed view of a metadata entry, within the entry's own bytes: elements of another type than the expected one count
-// as none, whatever a vendor's HAL has declared.
+// A typed view of a metadata entry, within the entry's own bytes: elements of another type than the expected
+// one count as none, whatever a vendor's HAL has declared.
 #pragma once
 
 #include <system/camera_metadata.h>

@@ -1,5 +1,5 @@
-// The Android log, one tag per class: each source names its own in kLogTag. Macros, so that the compiler checks every
-// format against its arguments.
+// The Android log, one tag per class: each source names its own in kLogTag. Macros, so that the compiler
+// checks every format against its arguments.
 #pragma once
 
 #include <android/log.h>

@@ -34,7 +34,8 @@ int32_t parseInt32(const char* text) {
 uint32_t parseUint32(const char* text) {
     constexpr int64_t max = std::numeric_limits<uint32_t>::max();
     const int64_t number = std::strtoll(text, nullptr, 0);
-    return number < -max || number > max ? std::numeric_limits<uint32_t>::max() : static_cast<uint32_t>(number);
+    return number < -max || number > max ? std::numeric_limits<uint32_t>::max()
+                                         : static_cast<uint32_t>(number);
 }
 
 int32_t wrapMultiply(int32_t a, int32_t b) { return lowWord(int64_t{a} * b); }

@@ -1,5 +1,5 @@
-// Numbers as the 32-bit target has them, the same on a 64-bit host: a `long` has 32 bits, int32 arithmetic wraps, and
-// floating point to integer truncates and saturates.
+// Numbers as the 32-bit target has them, the same on a 64-bit host: a `long` has 32 bits, int32 arithmetic
+// wraps, and floating point to integer truncates and saturates.
 #pragma once
 
 #include <cstdint>

@@ -16,7 +16,7 @@ using android::VendorTagDescriptor;
 
 constexpr char kLogTag[] = "QzName2Tag";
 
-QzName2Tag* create() {
+QzName2Tag* create() noexcept {
     auto* instance = new QzName2Tag;
     LOGI("%s(%p)", "QzName2Tag", static_cast<void*>(instance));
     return instance;

@@ -19,7 +19,7 @@ constexpr char kLogTag[] = "QzParametersEx";
 }  // namespace
 
 QzParametersEx::QzParametersEx(CameraParameters2& params, int cameraId)
-    : mParameters(params), mInfo(nullptr), mCameraId(cameraId), mShutterMute(false) {
+    : mParameters(params), mCameraId(cameraId) {
     mCameraQzParam = CreateCameraQzParam(this);
 }
 
@@ -35,7 +35,7 @@ camera_metadata_ro_entry QzParametersEx::getStaticInfo(uint32_t tag, size_t minC
                                                        bool required) {
     if (mInfo == nullptr) {
         LOGW("%s: mInfo is null", __func__);
-        camera_metadata_ro_entry none;
+        camera_metadata_ro_entry none;  // NOLINT(cppcoreguidelines-pro-type-member-init): cleared here
         if (memset_s(&none, sizeof(none), 0, sizeof(none)) != 0) LOGE("%s(), memset_s failed!", __func__);
         return none;
     }
@@ -44,8 +44,10 @@ camera_metadata_ro_entry QzParametersEx::getStaticInfo(uint32_t tag, size_t minC
         LOGE("Error finding static metadata entry '%s.%s' (%x)", sectionLabel(tag), nameLabel(tag), tag);
     } else if (entry.count < minCount || (maxCount != 0 && entry.count > maxCount)) {
         // An absent entry that is not required but has a minimum is reported here too.
-        LOGE("Malformed static metadata entry '%s.%s' (%x):Expected between %zu and %zu values, but got %zu values",
-             sectionLabel(tag), nameLabel(tag), tag, minCount, maxCount, entry.count);
+        LOGE(
+            "Malformed static metadata entry '%s.%s' (%x):Expected between %zu and %zu values, but got %zu "
+            "values",
+            sectionLabel(tag), nameLabel(tag), tag, minCount, maxCount, entry.count);
     }
     return entry;
 }

@@ -4,5 +4,5 @@
 #include "core/Log.h"
 
 namespace qz {
-inline constexpr char kLogTag[] = "CameraQzParam";
+constexpr char kLogTag[] = "CameraQzParam";
 }  // namespace qz

@@ -65,7 +65,7 @@ constexpr bool counting(const Word (&words)[N]) {
 
 // ISO. The two directions differ on purpose: requests know "50" and "1250", published lists do not.
 namespace {
-constexpr Word kIso[] = {{"auto", 0}, {"50", 1},  {"100", 2},  {"200", 3},  {"400", 4},
+constexpr Word kIso[] = {{"auto", 0}, {"50", 1},   {"100", 2},  {"200", 3},  {"400", 4},
                          {"800", 5},  {"1250", 6}, {"1600", 7}, {"3200", 8}, {"6400", 9}};
 constexpr Word kPublishedIso[] = {{"auto", 0}, {"100", 2},  {"200", 3},  {"400", 4},
                                   {"800", 5},  {"1600", 7}, {"3200", 8}, {"6400", 9}};
@@ -170,7 +170,8 @@ const char* makeUpEffectModeEnumToString(uint8_t mode) {
     return "unknown";
 }
 
-// Colour effects. Applications may ask for more of them than devices publish: the second table has no way back.
+// Colour effects. Applications may ask for more of them than devices publish: the second table has no way
+// back.
 namespace {
 constexpr Word kPublishedEffects[] = {
     {"none", 0},
@@ -194,22 +195,10 @@ constexpr Word kPublishedEffects[] = {
     {"mph-ambrix_graylevels", 20},
 };
 constexpr Word kRequestedEffects[] = {
-    {"lomo_warm", 27},
-    {"lomo_cold", 28},
-    {"emboss", 29},
-    {"sketch_gray", 30},
-    {"mosaic", 31},
-    {"antique", 32},
-    {"mt-liunian", 33},
-    {"mt-yunduan", 34},
-    {"mt-fugu", 35},
-    {"mt-rixi", 36},
-    {"mt-lianghong", 37},
-    {"mt-tianmei", 38},
-    {"mt-nuanyy", 39},
-    {"mt-laody", 40},
-    {"mt-qingliang", 41},
-    {"mt-kuai", 42},
+    {"lomo_warm", 27}, {"lomo_cold", 28}, {"emboss", 29},       {"sketch_gray", 30},
+    {"mosaic", 31},    {"antique", 32},   {"mt-liunian", 33},   {"mt-yunduan", 34},
+    {"mt-fugu", 35},   {"mt-rixi", 36},   {"mt-lianghong", 37}, {"mt-tianmei", 38},
+    {"mt-nuanyy", 39}, {"mt-laody", 40},  {"mt-qingliang", 41}, {"mt-kuai", 42},
 };
 static_assert(distinct(kPublishedEffects) && distinct(kRequestedEffects));
 }  // namespace
@@ -238,7 +227,8 @@ const char* dualPrimaryEnumToString(uint8_t mode) {
     return "unknown";
 }
 
-// Light painting. An unknown word falls back to the default, unlike most: a long exposure must be asked for clearly.
+// Light painting. An unknown word falls back to the default, unlike most: a long exposure must be asked for
+// clearly.
 namespace {
 constexpr Word kExposure[] = {{"default", 0}, {"super-night", 1}, {"car", 2},
                               {"light", 3},   {"water", 4},       {"star", 5}};
@@ -278,11 +268,11 @@ int mmiAfTestModeStringToEnum(const char* text) { return numberOf(kMmiAfTest, te
 
 // Shutter times in seconds
 namespace {
-constexpr Word kShutter[] = {{"auto", 0},    {"1/30000", 1}, {"1/20000", 2}, {"1/10000", 3}, {"1/4000", 4},
-                             {"1/2000", 5},  {"1/1333", 6},  {"1/1000", 7},  {"1/200", 8},   {"1/100", 9},
-                             {"1/66", 10},   {"1/50", 11},   {"1/40", 12},   {"1/30", 13},   {"1/4", 14},
-                             {"1/2", 15},    {"1", 16},      {"2", 17},      {"4", 18},      {"8", 19},
-                             {"12", 20},     {"16", 21},     {"20", 22},     {"24", 23},     {"28", 24},
+constexpr Word kShutter[] = {{"auto", 0},   {"1/30000", 1}, {"1/20000", 2}, {"1/10000", 3}, {"1/4000", 4},
+                             {"1/2000", 5}, {"1/1333", 6},  {"1/1000", 7},  {"1/200", 8},   {"1/100", 9},
+                             {"1/66", 10},  {"1/50", 11},   {"1/40", 12},   {"1/30", 13},   {"1/4", 14},
+                             {"1/2", 15},   {"1", 16},      {"2", 17},      {"4", 18},      {"8", 19},
+                             {"12", 20},    {"16", 21},     {"20", 22},     {"24", 23},     {"28", 24},
                              {"32", 25}};
 static_assert(counting(kShutter));
 }  // namespace

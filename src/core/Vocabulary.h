@@ -1,8 +1,8 @@
 // The words of the application and the numbers of the pipeline.
 //
-// Words compare exactly. Text to number: setters store the result in the entry's element type, so that -1 for an
-// unknown word becomes the byte 255. No text at all (null) is no error: each vocabulary has a number for it.
-// Number to text: an unknown number is logged and gives the vocabulary's fallback word.
+// Words compare exactly. Text to number: setters store the result in the entry's element type, so that -1 for
+// an unknown word becomes the byte 255. No text at all (null) is no error: each vocabulary has a number for
+// it. Number to text: an unknown number is logged and gives the vocabulary's fallback word.
 #pragma once
 
 #include <cstdint>

@@ -54,23 +54,27 @@ bool QzPerformEx::isCustomizedSize(int32_t width, int32_t height, uint32_t tag) 
     return false;
 }
 
-camera_metadata_ro_entry QzPerformEx::getStaticInfo(uint32_t tag, size_t minCount, size_t maxCount, bool required) {
+camera_metadata_ro_entry QzPerformEx::getStaticInfo(uint32_t tag, size_t minCount, size_t maxCount,
+                                                    bool required) {
     const bool shown = logLevel() != 0;
     if (shown) LOGI("%s()", __func__);
     if (mStaticInfo == nullptr) {
         LOGW("%s(), info is null", __func__);
-        camera_metadata_ro_entry none;
+        camera_metadata_ro_entry none;  // NOLINT(cppcoreguidelines-pro-type-member-init): cleared here
         if (memset_s(&none, sizeof(none), 0, sizeof(none)) != 0) LOGE("%s(), memset_s failed!", __func__);
         return none;
     }
     const camera_metadata_ro_entry entry = mStaticInfo->find(tag);
     if (!shown) return entry;
     if (entry.count == 0 && required) {
-        LOGI("%s(), Cann't find static metadata entry '%s.%s' (%#x)", __func__, sectionLabel(tag), nameLabel(tag), tag);
+        LOGI("%s(), Cann't find static metadata entry '%s.%s' (%#x)", __func__, sectionLabel(tag),
+             nameLabel(tag), tag);
     } else if (entry.count < minCount || (maxCount != 0 && entry.count > maxCount)) {
-        LOGI("%s(), Malformed static metadata entry '%s.%s' (%#x):Expected between %zu and %zu values, but got %zu "
-             "values",
-             __func__, sectionLabel(tag), nameLabel(tag), tag, minCount, maxCount, entry.count);
+        LOGI(
+            "%s(), Malformed static metadata entry '%s.%s' (%#x):Expected between %zu and %zu values, but "
+            "got %zu "
+            "values",
+            __func__, sectionLabel(tag), nameLabel(tag), tag, minCount, maxCount, entry.count);
     }
     return entry;
 }

@@ -4,5 +4,5 @@
 #include "core/Log.h"
 
 namespace qz {
-inline constexpr char kLogTag[] = "QzPerformEx";
+constexpr char kLogTag[] = "QzPerformEx";
 }  // namespace qz

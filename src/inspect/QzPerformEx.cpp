@@ -25,8 +25,8 @@ constexpr uint32_t kShowResults = 3;
 constexpr uint32_t kDumpStaticInfo = 4;
 constexpr uint32_t kDumpRequests = 5;  // a level behind the static info, which fits on fewer lines
 
-// The tag that a property chooses, vendor names before standard ones, or INVALID_TAG. No tag has a name of fewer than
-// ten characters.
+// The tag that a property chooses, vendor names before standard ones, or INVALID_TAG. No tag has a name of
+// fewer than ten characters.
 uint32_t chosenTag(const char* property) {
     constexpr size_t shortestName = 10;
     char name[PROPERTY_VALUE_MAX] = {};
@@ -47,20 +47,26 @@ const char* typeLabel(uint8_t type) {
     return type < NUM_TYPES ? labels[type] : "";
 }
 
-// Floating-point numbers go without decimals, and an int64 with a blank behind it: scripts that read these lines know.
+// Floating-point numbers go without decimals, and an int64 with a blank behind it: scripts that read these
+// lines know.
 int formatElement(char* text, size_t size, const camera_metadata_ro_entry& entry, size_t i) {
     switch (entry.type) {
-        case TYPE_BYTE: return snprintf_s(text, size, size, "byte, value: %u", entry.data.u8[i]);
-        case TYPE_INT32: return snprintf_s(text, size, size, "int32, value: %d", entry.data.i32[i]);
+        case TYPE_BYTE:
+            return snprintf_s(text, size, size, "byte, value: %u", entry.data.u8[i]);
+        case TYPE_INT32:
+            return snprintf_s(text, size, size, "int32, value: %d", entry.data.i32[i]);
         case TYPE_FLOAT:
             return snprintf_s(text, size, size, "float, value: %.f", static_cast<double>(entry.data.f[i]));
         case TYPE_INT64:
-            return snprintf_s(text, size, size, "int64, value: %lld ", static_cast<long long>(entry.data.i64[i]));
-        case TYPE_DOUBLE: return snprintf_s(text, size, size, "double, value: %.f", entry.data.d[i]);
+            return snprintf_s(text, size, size, "int64, value: %lld ",
+                              static_cast<long long>(entry.data.i64[i]));
+        case TYPE_DOUBLE:
+            return snprintf_s(text, size, size, "double, value: %.f", entry.data.d[i]);
         case TYPE_RATIONAL:
             return snprintf_s(text, size, size, "rational, value: %d/%d", entry.data.r[i].numerator,
                               entry.data.r[i].denominator);
-        default: return snprintf_s(text, size, size, "known type");
+        default:
+            return snprintf_s(text, size, size, "known type");
     }
 }
 
@@ -107,10 +113,11 @@ void QzPerformEx::checkResult(const android::CaptureResult& result) {
     if (logLevel() < kShowResults) return;
     getTagInfo(result.mMetadata, chosenTag("camera.qzperformex.stattag"));
     const android::CaptureResultExtras& extras = result.mResultExtras;
-    LOGI("%s(), request id: %d, burst id: %d, af trigger id: %d, precapture trigger id: %d\n"
-         "frame number: %lld, result count: %d",
-         __func__, extras.requestId, extras.burstId, extras.afTriggerId, extras.precaptureTriggerId,
-         static_cast<long long>(extras.frameNumber), extras.partialResultCount);
+    LOGI(
+        "%s(), request id: %d, burst id: %d, af trigger id: %d, precapture trigger id: %d\n"
+        "frame number: %lld, result count: %d",
+        __func__, extras.requestId, extras.burstId, extras.afTriggerId, extras.precaptureTriggerId,
+        static_cast<long long>(extras.frameNumber), extras.partialResultCount);
 }
 
 void QzPerformEx::getTagInfo(const CameraMetadata& metadata, uint32_t tag) {
@@ -130,8 +137,8 @@ void QzPerformEx::getTagInfo(const CameraMetadata& metadata, uint32_t tag) {
         if (formatElement(text, sizeof(text), entry, i) == -1) {
             LOGE("%s(), snprintf_s %sfailed!", __func__, typeLabel(entry.type));
         }
-        LOGI("%s(), part %zu of %zu, index: %zu, tag: %#x, type: %s", __func__, i + 1, entry.count, entry.index,
-             entry.tag, text);
+        LOGI("%s(), part %zu of %zu, index: %zu, tag: %#x, type: %s", __func__, i + 1, entry.count,
+             entry.index, entry.tag, text);
     }
 }
 
@@ -160,7 +167,8 @@ void QzPerformEx::dumpCurrentTags(const CameraMetadata& metadata) {
     for (size_t i = 0; i < count; ++i) {
         camera_metadata_ro_entry entry = {};
         if (get_camera_metadata_ro_entry(buffer, i, &entry) != 0) continue;
-        LOGI("%s(), get tag: %#x, '%s.%s'.", __func__, entry.tag, sectionLabel(entry.tag, kNull), nameLabel(entry.tag, kNull));
+        LOGI("%s(), get tag: %#x, '%s.%s'.", __func__, entry.tag, sectionLabel(entry.tag, kNull),
+             nameLabel(entry.tag, kNull));
     }
     metadata.unlock(buffer);
 }

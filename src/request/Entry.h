@@ -6,8 +6,8 @@
 //         return WRITE(iso, "%s(), failed to update iso: %u, return: %d", iso.value);
 //     }
 //
-// A null request, an absent key or an undeclared tag ends the setter there: the steps that follow do nothing, and
-// nothing is written.
+// A null request, an absent key or an undeclared tag ends the setter there: the steps that follow do nothing,
+// and nothing is written.
 #pragma once
 
 #include "QzHostInterfaces.h"
@@ -19,7 +19,8 @@
 
 namespace qz {
 
-// What is the same for every element type: where the entry comes from, where it goes, and how far the setter got.
+// What is the same for every element type: where the entry comes from, where it goes, and how far the setter
+// got.
 class EntryState {
   public:
     EntryState(ExtParamInterface* params, android::CameraMetadata* metaData, const char* setterName);
@@ -114,11 +115,10 @@ using IntEntry = Entry<int32_t>;
 using FloatEntry = Entry<float>;
 using RationalEntry = Entry<camera_metadata_rational>;
 
-// Writes an entry and gives the setter's status. A refusal is logged: the format takes the setter's name first, the
-// arguments that follow it here, and the status last.
-#define WRITE(entry, format, ...)                                                            \
-    ((entry).write() ? static_cast<void>(0)                                                  \
-                     : LOGE(format, (entry).setter, __VA_ARGS__, (entry).status()), \
+// Writes an entry and gives the setter's status. A refusal is logged: the format takes the setter's name
+// first, the arguments that follow it here, and the status last.
+#define WRITE(entry, format, ...)                                                                          \
+    ((entry).write() ? static_cast<void>(0) : LOGE(format, (entry).setter, __VA_ARGS__, (entry).status()), \
      (entry).status())
 
 }  // namespace qz

@@ -17,9 +17,12 @@ status_t CCameraQzParam::setMMICameraPdafVerify(CameraMetadata* metaData) {
 
 status_t CCameraQzParam::setDualCameraVerify(CameraMetadata* metaData) {
     ByteEntry verify(mExtParam, metaData, __func__);
-    verify.key("key-dual-camera-verify").tag(CAPTURE("qz-dual-camera-verification-mode")).as(onOffStringToEnum);
+    verify.key("key-dual-camera-verify")
+        .tag(CAPTURE("qz-dual-camera-verification-mode"))
+        .as(onOffStringToEnum);
     if (verify.open()) LOGI("%s(), set dual camera verify: %d, %s", __func__, verify.value, verify.text);
-    return WRITE(verify, "%s(), failed to update dual camera verify: %s, %u, return: %d", verify.text, verify.value);
+    return WRITE(verify, "%s(), failed to update dual camera verify: %s, %u, return: %d", verify.text,
+                 verify.value);
 }
 
 status_t CCameraQzParam::setMMIAFCVerify(CameraMetadata* metaData) {
@@ -94,8 +97,8 @@ status_t CCameraQzParam::setMmiGammaMode(CameraMetadata* metaData) {
     return WRITE(gamma, "%s(), failed to update GAMMA mode: %s, %u, return: %d", gamma.text, gamma.value);
 }
 
-// Regions are written whatever the text: what does not parse stays 0, so that a test station sees its mistake in the
-// image instead of the region of the shot before.
+// Regions are written whatever the text: what does not parse stays 0, so that a test station sees its mistake
+// in the image instead of the region of the shot before.
 status_t CCameraQzParam::setMmiRawRegion(CameraMetadata* metaData) {
     Entry<int32_t, 4> region(mExtParam, metaData, __func__);
     region.key("qz-mmi-raw-region").tag(CAPTURE("qz-mmi-raw-region"));

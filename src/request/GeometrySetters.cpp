@@ -1,5 +1,5 @@
-// Zoom, areas, sizes and file names: standard parameters mirrored into vendor entries, and the crop of the secondary
-// sensor.
+// Zoom, areas, sizes and file names: standard parameters mirrored into vendor entries, and the crop of the
+// secondary sensor.
 #include "CCameraQzParam.h"
 #include "QzName2Tag.h"
 #include "core/EntryView.h"
@@ -71,7 +71,8 @@ status_t CCameraQzParam::setZoom(CameraMetadata* metaData) {
     }
     FloatEntry ratio(maxZoom);
     ratio.tag(CAPTURE("qz-zoom-in"));
-    ratio.value = static_cast<float>(zoom.value) / static_cast<float>(maxZoom.value) * (maximum[0] - 1.0F) + 1.0F;
+    ratio.value =
+        static_cast<float>(zoom.value) / static_cast<float>(maxZoom.value) * (maximum[0] - 1.0F) + 1.0F;
     return WRITE(ratio, "%s(), failed to set zoom: %f, return: %d", static_cast<double>(ratio.value));
 }
 
@@ -109,7 +110,8 @@ status_t CCameraQzParam::setJpegThumbnailSize(CameraMetadata* metaData) {
     size.tag(CAPTURE("qz-jpeg-thumbnail-size"));
     size.value = {width.value, height.value};
     if (size.open()) LOGI("%s(), set jpeg thumbnail size: %d, %d", __func__, width.value, height.value);
-    return WRITE(size, "%s(), failed to update jpeg thumbnail size: %d, %d, return: %d", width.value, height.value);
+    return WRITE(size, "%s(), failed to update jpeg thumbnail size: %d, %d, return: %d", width.value,
+                 height.value);
 }
 
 // The thumbnail's quality follows only a written picture quality.
@@ -163,8 +165,8 @@ status_t CCameraQzParam::setSubPictureSize(CameraMetadata* metaData) {
     return size.status();
 }
 
-// The crop that zooms the secondary sensor when it streams alone. The highest zoom index is taken to be 99 whatever
-// "max-zoom" says, unlike in setZoom: the secondary sensor's steps are fixed.
+// The crop that zooms the secondary sensor when it streams alone. The highest zoom index is taken to be 99
+// whatever "max-zoom" says, unlike in setZoom: the secondary sensor's steps are fixed.
 status_t CCameraQzParam::resetSubCropRegion(CameraMetadata* metaData) {
     constexpr int secondary = 2;
     constexpr float highestZoomIndex = 99.0F;
@@ -188,7 +190,8 @@ status_t CCameraQzParam::resetSubCropRegion(CameraMetadata* metaData) {
     const auto pixels = [](float value) { return truncateToInt32(static_cast<double>(value)); };
     crop.value = {pixels(left), pixels(top), pixels(width), pixels(height)};
     crop.platformTag(ANDROID_SCALER_CROP_REGION);
-    if (!crop.write()) LOGE("%s(), failed to update sub sensor crop region, return: %d", __func__, crop.status());
+    if (!crop.write())
+        LOGE("%s(), failed to update sub sensor crop region, return: %d", __func__, crop.status());
     return crop.status();
 }
 
@@ -197,7 +200,8 @@ status_t CCameraQzParam::setPostJpegFileName(CameraMetadata* metaData) {
     name.key("post-process-picture-name").tag(CAPTURE("qz-jpeg-filename"));
     writeUtf16(&name);
     if (name.refused()) {
-        LOGE("%s(), failed to update post jpeg file name: %s, return: %d", __func__, name.text, name.status());
+        LOGE("%s(), failed to update post jpeg file name: %s, return: %d", __func__, name.text,
+             name.status());
     }
     return name.status();
 }
@@ -214,7 +218,8 @@ status_t CCameraQzParam::setRawImgPathName(CameraMetadata* metaData) {
     if (path.open()) LOGI("%s(), set Raw image path file: %s", __func__, path.text);
     writeUtf16(&path);
     if (path.refused()) {
-        LOGE("%s(), failed to update raw img file path name: %s, return: %d", __func__, path.text, path.status());
+        LOGE("%s(), failed to update raw img file path name: %s, return: %d", __func__, path.text,
+             path.status());
     }
     return path.status();
 }

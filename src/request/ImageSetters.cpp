@@ -15,10 +15,14 @@ uint8_t debugDualPrimary(uint8_t requested) {
     char text[PROPERTY_VALUE_MAX] = {};
     property_get("camera.debug.mode", text, "0");
     switch (parseUint32(text)) {
-        case 1: return 0;
-        case 2: return 2;
-        case 3: return 3;
-        default: return requested;
+        case 1:
+            return 0;
+        case 2:
+            return 2;
+        case 3:
+            return 3;
+        default:
+            return requested;
     }
 }
 
@@ -33,7 +37,8 @@ status_t CCameraQzParam::setIso(CameraMetadata* metaData) {
 status_t CCameraQzParam::setContrast(CameraMetadata* metaData) {
     ByteEntry contrast(mExtParam, metaData, __func__);
     contrast.key("contrast").tag(CAPTURE("constrastValue")).as(contrastModeStringToEnum);
-    return WRITE(contrast, "%s(), failed to update contrast: %s, %d, return: %d", contrast.text, contrast.value);
+    return WRITE(contrast, "%s(), failed to update contrast: %s, %d, return: %d", contrast.text,
+                 contrast.value);
 }
 
 status_t CCameraQzParam::setSaturation(CameraMetadata* metaData) {
@@ -97,31 +102,36 @@ status_t CCameraQzParam::setFaceOrientation(CameraMetadata* metaData) {
 status_t CCameraQzParam::setFaceDetection(CameraMetadata* metaData) {
     ByteEntry face(mExtParam, metaData, __func__);
     face.key("qz-face-detection").tag(CAPTURE("qz-face-detection")).as(onOffStringToEnum);
-    return WRITE(face, "%s(), failed to update face detection mode: %s, %d, return: %d", face.text, face.value);
+    return WRITE(face, "%s(), failed to update face detection mode: %s, %d, return: %d", face.text,
+                 face.value);
 }
 
 status_t CCameraQzParam::setSmileDetection(CameraMetadata* metaData) {
     ByteEntry smile(mExtParam, metaData, __func__);
     smile.key("qz-smile-detection").tag(CAPTURE("smileDetectionMode")).as(onOffStringToEnum);
-    return WRITE(smile, "%s(), failed to update smile detection mode: %s, %u, return: %d", smile.text, smile.value);
+    return WRITE(smile, "%s(), failed to update smile detection mode: %s, %u, return: %d", smile.text,
+                 smile.value);
 }
 
 status_t CCameraQzParam::setBlinkDetection(CameraMetadata* metaData) {
     ByteEntry blink(mExtParam, metaData, __func__);
     blink.key("qz-blink-detection").tag(CAPTURE("blinkDetectionMode")).as(onOffStringToEnum);
-    return WRITE(blink, "%s(), failed to update blink detection mode: %s, %d, return: %d", blink.text, blink.value);
+    return WRITE(blink, "%s(), failed to update blink detection mode: %s, %d, return: %d", blink.text,
+                 blink.value);
 }
 
 status_t CCameraQzParam::setFaceBeauty(CameraMetadata* metaData) {
     ByteEntry beauty(mExtParam, metaData, __func__);
     beauty.key("qz-face-beauty").tag(CAPTURE("faceBeautyMode")).as(onOffStringToEnum);
-    return WRITE(beauty, "%s(), failed to update face beauty mode: %s, %u, return: %d", beauty.text, beauty.value);
+    return WRITE(beauty, "%s(), failed to update face beauty mode: %s, %u, return: %d", beauty.text,
+                 beauty.value);
 }
 
 status_t CCameraQzParam::setFaceMeiwo(CameraMetadata* metaData) {
     ByteEntry meiwo(mExtParam, metaData, __func__);
     meiwo.key("qz-face-meiwo").tag(CAPTURE("faceMeiwoMode")).as(onOffStringToEnum);
-    return WRITE(meiwo, "%s(), failed to update face meiwo mode: %s, %u, return: %d", meiwo.text, meiwo.value);
+    return WRITE(meiwo, "%s(), failed to update face meiwo mode: %s, %u, return: %d", meiwo.text,
+                 meiwo.value);
 }
 
 // Panorama frames are stitched unprocessed: either panorama mode turns post-processing off.
@@ -166,7 +176,9 @@ status_t CCameraQzParam::setBestShotMode(CameraMetadata* metaData) {
 
 status_t CCameraQzParam::setChatFaceBeauty(CameraMetadata* metaData) {
     ByteEntry beauty(mExtParam, metaData, __func__);
-    beauty.key("qz-face-beauty-preview-only").tag(CAPTURE("qz-face-beauty-preview-only")).as(onOffStringToEnum);
+    beauty.key("qz-face-beauty-preview-only")
+        .tag(CAPTURE("qz-face-beauty-preview-only"))
+        .as(onOffStringToEnum);
     return WRITE(beauty, "%s(), failed to update face beauty for chat: %s, %u, return: %d", beauty.text,
                  beauty.value);
 }
@@ -182,8 +194,8 @@ status_t CCameraQzParam::setTargetTrackingCoord(CameraMetadata* metaData) {
     Entry<int32_t, 2> coord(mExtParam, metaData, __func__);
     coord.key("target-coordinates").tag(CAPTURE("qz-device-target-tracking-coordinate"));
     coord.when(coord.open() && parseCoodinate(coord.text, coord.value.data()) == 0);
-    return WRITE(coord, "%s(), failed to update target tracking coordinate: %s (%d, %d), return: %d", coord.text,
-                 coord.value[0], coord.value[1]);
+    return WRITE(coord, "%s(), failed to update target tracking coordinate: %s (%d, %d), return: %d",
+                 coord.text, coord.value[0], coord.value[1]);
 }
 
 status_t CCameraQzParam::setHdrMovieMode(CameraMetadata* metaData) {
@@ -223,8 +235,8 @@ status_t CCameraQzParam::setpanorama2DMode(CameraMetadata* metaData) {
                  panorama.value);
 }
 
-// The height's name has no section, so that no device resolves it and the height stays unwritten: the pipeline takes
-// the width alone.
+// The height's name has no section, so that no device resolves it and the height stays unwritten: the
+// pipeline takes the width alone.
 status_t CCameraQzParam::setpanorama2DTinySize(CameraMetadata* metaData) {
     IntEntry width(mExtParam, metaData, __func__);
     width.intKey("key-qz-2dpanorama-tiny-width");
@@ -232,7 +244,8 @@ status_t CCameraQzParam::setpanorama2DTinySize(CameraMetadata* metaData) {
     height.intKey("key-qz-2dpanorama-tiny-height");
 
     width.when(height.open()).tag(CAPTURE("panorama2DWidth"));
-    const status_t status = WRITE(width, "%s(), failed to update pano2D tiny width: %u, return: %d", width.value);
+    const status_t status =
+        WRITE(width, "%s(), failed to update pano2D tiny width: %u, return: %d", width.value);
     if (status != android::OK) return status;
     height.tag("panorama2DHeight");
     return WRITE(height, "%s(), failed to update pano2D tiny heith: %u, return: %d", height.value);
@@ -272,7 +285,8 @@ status_t CCameraQzParam::setMirrorPoint(CameraMetadata* metaData) {
     IntEntry point(mExtParam, metaData, __func__);
     point.intKey("face-mirror-point").tag(CAPTURE("mirrorPoint"));
     if (point.value < 0) point.value = 0;
-    return WRITE(point, "%s(), failed to update mirror point: 0x%x, return: %d", static_cast<uint32_t>(point.value));
+    return WRITE(point, "%s(), failed to update mirror point: 0x%x, return: %d",
+                 static_cast<uint32_t>(point.value));
 }
 
 status_t CCameraQzParam::setColorEffect(CameraMetadata* metaData) {
@@ -301,7 +315,8 @@ status_t CCameraQzParam::setDualPrimaryMode(CameraMetadata* metaData) {
     mode.write();
     if (reached) LOGI("%s(), set dual primary mode: %d, return: %d", __func__, mode.value, mode.status());
     if (reached && !mode.written()) {
-        LOGE("%s(), failed to update qz dual primary mode: %u, return: %d", __func__, mode.value, mode.status());
+        LOGE("%s(), failed to update qz dual primary mode: %u, return: %d", __func__, mode.value,
+             mode.status());
     }
     return mode.status();
 }

@@ -29,7 +29,8 @@ const char* unstabilisedApp(const char* packageName) {
 status_t CCameraQzParam::setApertureMode(CameraMetadata* metaData) {
     ByteEntry aperture(mExtParam, metaData, __func__);
     aperture.key("qz-big-aperture-mode").tag(CAPTURE("apertureMode")).as(onOffStringToEnum);
-    return WRITE(aperture, "%s(), failed to update apeture mode: %s, %u, return: %d", aperture.text, aperture.value);
+    return WRITE(aperture, "%s(), failed to update apeture mode: %s, %u, return: %d", aperture.text,
+                 aperture.value);
 }
 
 status_t CCameraQzParam::setApertureValue(CameraMetadata* metaData) {
@@ -77,7 +78,8 @@ status_t CCameraQzParam::setAllFocuseMode(CameraMetadata* metaData) {
     return WRITE(mode, "%s(), failed to update allfocus mode: %s, %u, return: %d", mode.text, mode.value);
 }
 
-// Beauty for chat applications; the vendor's own camera application manages beauty itself. Any word but "off" opens it.
+// Beauty for chat applications; the vendor's own camera application manages beauty itself. Any word but "off"
+// opens it.
 status_t CCameraQzParam::setFaceBeautyForChat(CameraMetadata* metaData) {
     constexpr uint32_t chatBeauty = 1;
     constexpr int32_t chatBeautyLevel = 7;
@@ -124,7 +126,8 @@ status_t CCameraQzParam::setQzcameraFlag(CameraMetadata* metaData) {
 status_t CCameraQzParam::setPrepareCaptureFlag(CameraMetadata* metaData) {
     ByteEntry flag(mExtParam, metaData, __func__);
     flag.key("qz-capture-prepare").tag(CAPTURE("prepareCaptureFlag")).as(onOffStringToEnum);
-    return WRITE(flag, "%s(), failed to update PrepareCapture flag: %s, %u, return: %d", flag.text, flag.value);
+    return WRITE(flag, "%s(), failed to update PrepareCapture flag: %s, %u, return: %d", flag.text,
+                 flag.value);
 }
 
 status_t CCameraQzParam::setQzVideoFPS(CameraMetadata* metaData) {
@@ -137,7 +140,9 @@ status_t CCameraQzParam::setQzVideoFPS(CameraMetadata* metaData) {
 
 status_t CCameraQzParam::setFocusMeteringSeparation(CameraMetadata* metaData) {
     ByteEntry separate(mExtParam, metaData, __func__);
-    separate.key("qz-focus-metering-separation").tag(CAPTURE("focusMeteringSeperateMode")).as(onOffStringToEnum);
+    separate.key("qz-focus-metering-separation")
+        .tag(CAPTURE("focusMeteringSeperateMode"))
+        .as(onOffStringToEnum);
     return WRITE(separate, "%s(), failed to update focus and metering separation info: %s, %d, return: %d",
                  separate.text, separate.value);
 }
@@ -169,7 +174,8 @@ status_t CCameraQzParam::setMakeUpEffect(CameraMetadata* metaData) {
 status_t CCameraQzParam::setFaceMakeUp(CameraMetadata* metaData) {
     ByteEntry makeUp(mExtParam, metaData, __func__);
     makeUp.key("qz-makeup-mode").tag(CAPTURE("makeUpMode")).as(onOffStringToEnum);
-    return WRITE(makeUp, "%s(), failed to update make up mode: %s, %u, return: %d", makeUp.text, makeUp.value);
+    return WRITE(makeUp, "%s(), failed to update make up mode: %s, %u, return: %d", makeUp.text,
+                 makeUp.value);
 }
 
 status_t CCameraQzParam::setColorMode(CameraMetadata* metaData) {
@@ -181,11 +187,12 @@ status_t CCameraQzParam::setColorMode(CameraMetadata* metaData) {
 status_t CCameraQzParam::setDmWaterMarkMode(CameraMetadata* metaData) {
     ByteEntry mark(mExtParam, metaData, __func__);
     mark.key("qz-dm-watermark-mode").tag(CAPTURE("dmWaterMarkMode")).as(onOffStringToEnum);
-    return WRITE(mark, "%s(), failed to update DM water mark mode: %s, %u, return: %d", mark.text, mark.value);
+    return WRITE(mark, "%s(), failed to update DM water mark mode: %s, %u, return: %d", mark.text,
+                 mark.value);
 }
 
-// Forces stabilisation off for all applications but the vendor's own camera, or for those of the table, under two
-// properties; the table's rule is on unless switched off. Whatever the request held is overridden.
+// Forces stabilisation off for all applications but the vendor's own camera, or for those of the table, under
+// two properties; the table's rule is on unless switched off. Whatever the request held is overridden.
 status_t CCameraQzParam::resetVideoStabilization(CameraMetadata* metaData) {
     ByteEntry mode(mExtParam, metaData, __func__);
     mode.when(!mIsQzCamera).key("video-stabilization");

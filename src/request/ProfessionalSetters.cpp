@@ -17,8 +17,8 @@ int autoOrNumber(const char* text) { return strcmp(text, "auto") == 0 ? 0 : pars
 
 }  // namespace
 
-// The written mode is the gate of setExposureTryAe, setRelayoutMode, setJpegThumbnailSize and setJpegQuality. It closes
-// when the key goes, and stays as it was when the mode cannot be written.
+// The written mode is the gate of setExposureTryAe, setRelayoutMode, setJpegThumbnailSize and setJpegQuality.
+// It closes when the key goes, and stays as it was when the mode cannot be written.
 status_t CCameraQzParam::setExposureMode(CameraMetadata* metaData) {
     ByteEntry mode(mExtParam, metaData, __func__);
     const bool request = mode.open();
@@ -35,7 +35,8 @@ status_t CCameraQzParam::setExposureTryAe(CameraMetadata* metaData) {
     tryAe.when(mLightPaintingMode != 0).key("qz-exposure-try-ae");
     tryAe.tag(CAPTURE("lightPaintingTryAe")).as(onOffStringToEnum);
     if (tryAe.open()) LOGI("%s(), set exposure try AE: %d", __func__, tryAe.value);
-    return WRITE(tryAe, "%s(), failed to update exposure try AE: %s, %u, return: %d", tryAe.text, tryAe.value);
+    return WRITE(tryAe, "%s(), failed to update exposure try AE: %s, %u, return: %d", tryAe.text,
+                 tryAe.value);
 }
 
 status_t CCameraQzParam::setRelayoutMode(CameraMetadata* metaData) {
@@ -157,7 +158,8 @@ status_t CCameraQzParam::setFocusAssistFlashMode(CameraMetadata* metaData) {
     ByteEntry flash(mExtParam, metaData, __func__);
     flash.key("qz-focus-assist-flash-mode").tag(CAPTURE("profFocusAssistFlashMode"));
     flash.as(focusAssistFlashModeStringToEnum);
-    return WRITE(flash, "%s(), failed to update focusAssistFlashMode: %s, %u, return: %d", flash.text, flash.value);
+    return WRITE(flash, "%s(), failed to update focusAssistFlashMode: %s, %u, return: %d", flash.text,
+                 flash.value);
 }
 
 status_t CCameraQzParam::setDarkRaiderModeEnable(CameraMetadata* metaData) {

@@ -39,8 +39,8 @@ status_t CCameraQzParam::setOisDegreeMode(CameraMetadata* metaData) {
 
 namespace {
 
-// Whether a calibration step lets the ones behind it run: its tag is declared, or nobody asked for it. A refused update
-// shows in the log only; the calibration tool reads its outcome from the results.
+// Whether a calibration step lets the ones behind it run: its tag is declared, or nobody asked for it. A
+// refused update shows in the log only; the calibration tool reads its outcome from the results.
 bool goesOn(bool asked, const EntryState& step) { return !asked || step.open(); }
 
 bool calibrateGyroOffset(ByteEntry calib) {
@@ -83,7 +83,8 @@ bool setGyroGain(Entry<float, 2> gain) {
     const double x = wide(gain.value[0]);
     const double y = wide(gain.value[1]);
     if (gain.open()) LOGI("%s(), set gryo gain: (%f, %f)", gain.setter, x, y);
-    WRITE(gain, "%s(), failed to update ANDROID_QZ_OIS_SET_GRYO_GAIN: %s (%f, %f) return: %d", gain.text, x, y);
+    WRITE(gain, "%s(), failed to update ANDROID_QZ_OIS_SET_GRYO_GAIN: %s (%f, %f) return: %d", gain.text, x,
+          y);
     return goesOn(asked, gain);
 }
 
@@ -96,14 +97,14 @@ void saveGyroGain(Entry<float, 4> gain) {
     const double c = wide(gain.value[2]);
     const double d = wide(gain.value[3]);
     if (gain.open()) LOGI("%s(), save gryo gain: (%f, %f, %f, %f)", gain.setter, a, b, c, d);
-    WRITE(gain, "%s(), failed to update ANDROID_QZ_OIS_SET_GRYO_GAIN: %s (%f, %f, %f, %f) return: %d", gain.text, a,
-          b, c, d);
+    WRITE(gain, "%s(), failed to update ANDROID_QZ_OIS_SET_GRYO_GAIN: %s (%f, %f, %f, %f) return: %d",
+          gain.text, a, b, c, d);
 }
 
 }  // namespace
 
-// The five steps of a calibration. A tag that the device lacks ends the call there; a refused update does not, and is
-// not returned either.
+// The five steps of a calibration. A tag that the device lacks ends the call there; a refused update does
+// not, and is not returned either.
 status_t CCameraQzParam::setOisOTParam(CameraMetadata* metaData) {
     const EntryState start(mExtParam, metaData, __func__);
     if (!start.open()) return start.status();

@@ -28,6 +28,7 @@ TEST(StandardTags, ValuesAndNamesOfATag) {
     EXPECT_STREQ(qz::host::nameOfValue(ANDROID_DEPTH_DEPTH_IS_EXCLUSIVE, 1), "TRUE");
     EXPECT_EQ(qz::host::nameOfValue(ANDROID_COLOR_CORRECTION_MODE, -1), nullptr);
     EXPECT_EQ(qz::host::nameOfValue(ANDROID_CONTROL_AE_REGIONS, 0), nullptr);
+    EXPECT_EQ(qz::host::valueOfName(ANDROID_CONTROL_SCENE_MODE, "DISABLED"), 0);
     EXPECT_EQ(qz::host::valueOfName(ANDROID_CONTROL_SCENE_MODE, "HDR"), 18);
     EXPECT_EQ(qz::host::valueOfName(ANDROID_CONTROL_SCENE_MODE, "TORCH"), std::nullopt);
     EXPECT_EQ(qz::host::valueOfName(0xffffffff, "OFF"), std::nullopt);

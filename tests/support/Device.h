@@ -69,7 +69,8 @@ inline uint32_t tagOf(const std::string& name) {
                                           : names->vendorTagFromName(name.c_str());
 }
 
-// The elements of an entry, empty when it is absent or of another type; T says which: uint8_t, int32_t, float ...
+// The elements of an entry, empty when it is absent or of another type; T says which: uint8_t, int32_t, float
+// ...
 template <typename T>
 std::vector<T> values(const android::CameraMetadata& metadata, const std::string& name) {
     const camera_metadata_ro_entry entry = metadata.find(tagOf(name));

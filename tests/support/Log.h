@@ -47,8 +47,9 @@ class LogCapture {
     }
     std::vector<LogLine> take(const std::string& tag) {
         std::vector<LogLine> lines = take();
-        lines.erase(std::remove_if(lines.begin(), lines.end(), [&](const LogLine& line) { return line.tag != tag; }),
-                    lines.end());
+        lines.erase(
+            std::remove_if(lines.begin(), lines.end(), [&](const LogLine& line) { return line.tag != tag; }),
+            lines.end());
         return lines;
     }
 

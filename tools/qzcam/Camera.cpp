@@ -17,7 +17,9 @@ camera_metadata_ro_entry WatchedParameters::getStaticInfo(uint32_t tag, size_t m
     return QzParametersEx::getStaticInfo(tag, minCount, maxCount, required);
 }
 
-std::vector<WatchedParameters::Published> WatchedParameters::takePublished() { return std::exchange(mPublished, {}); }
+std::vector<WatchedParameters::Published> WatchedParameters::takePublished() {
+    return std::exchange(mPublished, {});
+}
 
 qz::status_t ResultHost::notifyCallback(int32_t msgType, int32_t ext1, int32_t ext2) {
     mSink(notification(msgType, ext1, ext2));
@@ -34,21 +36,24 @@ camera_metadata_ro_entry ResultHost::findResultEntry(const android::CameraMetada
 }
 
 Camera::Camera(int32_t id, const android::CameraMetadata& characteristics, MessageSink sink)
-    : mHost(std::move(sink)), mAdapter(new WatchedParameters(mParameters, id)) {
+    : mHost(new ResultHost(std::move(sink))), mAdapter(new WatchedParameters(mParameters, id)) {
     mAdapter->mInfo = &characteristics;
-    mCallbacks = qz::CreateCameraQzCallBack(&mHost, mAdapter->mCameraQzParam.get());
+    mCallbacks = qz::CreateCameraQzCallBack(mHost.get(), mAdapter->mCameraQzParam.get());
     mCommands = qz::CreateCameraQzSendCmd(mAdapter->mCameraQzParam.get());
     mInspector = new qz::QzPerformEx(id);
     mInspector->setInfo(&characteristics);
 }
 
-// The flattened text is the platform's only way to list a parameter set; neither keys nor values hold its separators.
+// The flattened text is the platform's only way to list a parameter set; neither keys nor values hold its
+// separators.
 std::vector<Parameter> allParameters(const android::CameraParameters2& parameters) {
     std::vector<Parameter> all;
     const android::String8 flattened = parameters.flatten();
     for (const std::string_view pair : split({flattened.c_str(), flattened.length()}, ';')) {
         const size_t equals = pair.find('=');
-        if (equals == std::string_view::npos) { continue; }
+        if (equals == std::string_view::npos) {
+            continue;
+        }
         all.push_back({std::string(pair.substr(0, equals)), std::string(pair.substr(equals + 1))});
     }
     return all;

@@ -1,5 +1,5 @@
-// One opened camera: everything that a camera service makes of the library for it, with the tool in the place of the
-// service.
+// One opened camera: everything that a camera service makes of the library for it, with the tool in the place
+// of the service.
 #pragma once
 
 #include "Messages.h"
@@ -31,7 +31,8 @@ class WatchedParameters : public qz::QzParametersEx {
     using QzParametersEx::QzParametersEx;
 
     void set(const char* key, const char* value) override;
-    camera_metadata_ro_entry getStaticInfo(uint32_t tag, size_t minCount, size_t maxCount, bool required) override;
+    camera_metadata_ro_entry getStaticInfo(uint32_t tag, size_t minCount, size_t maxCount,
+                                           bool required) override;
 
     // What was published since the last call.
     std::vector<Published> takePublished();
@@ -70,7 +71,7 @@ class Camera {
 
   private:
     android::CameraParameters2 mParameters;
-    ResultHost mHost;
+    android::sp<ResultHost> mHost;
     android::sp<WatchedParameters> mAdapter;
     android::sp<qz::CameraQzCallBack> mCallbacks;
     android::sp<qz::CameraQzSendCmd> mCommands;

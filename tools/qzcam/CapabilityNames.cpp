@@ -17,7 +17,8 @@ using android::VendorTagDescriptor;
 
 class DescriptorInPlace {
   public:
-    explicit DescriptorInPlace(const Device& device) : mBefore(VendorTagDescriptor::getGlobalVendorTagDescriptor()) {
+    explicit DescriptorInPlace(const Device& device)
+        : mBefore(VendorTagDescriptor::getGlobalVendorTagDescriptor()) {
         installVendorTags(device);
     }
     ~DescriptorInPlace() { VendorTagDescriptor::setAsGlobalVendorTagDescriptor(mBefore); }
@@ -30,7 +31,9 @@ class DescriptorInPlace {
 
 // A name that no section matches stands in the resolver's log line between the last two quotes.
 std::string nameInLogLine(const LogEvent& line) {
-    if (line.tag != "QzName2Tag" || line.text.find("find section for tag '") == std::string::npos) { return {}; }
+    if (line.tag != "QzName2Tag" || line.text.find("find section for tag '") == std::string::npos) {
+        return {};
+    }
     const size_t end = line.text.rfind('\'');
     const size_t begin = line.text.rfind('\'', end - 1) + 1;
     return line.text.substr(begin, end - begin);
@@ -48,12 +51,16 @@ CapabilityNames lookUpCapabilityNames() {
     std::set<std::string> seen;
     const LogListener listener([&](const LogEvent& line) {
         std::string name = nameInLogLine(line);
-        if (!name.empty() && seen.insert(name).second) { names.all.push_back(std::move(name)); }
+        if (!name.empty() && seen.insert(name).second) {
+            names.all.push_back(std::move(name));
+        }
     });
     const android::CameraMetadata nothing;
     Camera camera(0, nothing, [](Message&&) {});
     camera.translator().metaDataToParam();
-    for (auto& published : camera.adapter().takePublished()) { names.unconditional.insert(std::move(published.key)); }
+    for (auto& published : camera.adapter().takePublished()) {
+        names.unconditional.insert(std::move(published.key));
+    }
     return names;
 }
 

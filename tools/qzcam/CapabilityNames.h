@@ -1,4 +1,5 @@
-// Which capabilities the library looks for when it publishes. The library itself is asked: there is no second list.
+// Which capabilities the library looks for when it publishes. The library itself is asked: there is no second
+// list.
 #pragma once
 
 #include <set>
@@ -12,8 +13,8 @@ struct CapabilityNames {
     std::set<std::string> unconditional;  // keys that are published on any device
 };
 
-// Runs a pass against a device that declares nothing the library knows. Puts another vendor descriptor in place of the
-// process's for that time.
+// Runs a pass against a device that declares nothing the library knows. Puts another vendor descriptor in
+// place of the process's for that time.
 CapabilityNames lookUpCapabilityNames();
 
 }  // namespace qzcam

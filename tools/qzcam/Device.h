@@ -1,7 +1,7 @@
 // A device as a dump describes it: its vendor tags and the static characteristics of one of its cameras.
 //
-// Everything is kept by name. Numbers of vendor tags differ from device to device and from one boot to the next, and
-// only the dump's own vendor section says which number a name has in it.
+// Everything is kept by name. Numbers of vendor tags differ from device to device and from one boot to the
+// next, and only the dump's own vendor section says which number a name has in it.
 #pragma once
 
 #include "Text.h"
@@ -36,7 +36,8 @@ class TagNames {
     // "section.name"; null when there is none.
     const Tag* find(const std::string& fullName) const;
 
-    // Also a name without section that stands in one section only. Otherwise the text says what is wrong with it.
+    // Also a name without section that stands in one section only. Otherwise the text says what is wrong with
+    // it.
     std::variant<const Tag*, std::string> resolve(const std::string& name) const;
 
     // "section.name", or the number of a tag that has none.
@@ -57,11 +58,11 @@ struct StaticEntry {
 
 struct Device {
     std::string file;
-    std::string camera;       // "device@3.4/legacy/0", or "0"
+    std::string camera;  // "device@3.4/legacy/0", or "0"
     bool hasVendorTags = false;
     std::vector<Tag> vendorTags;
     std::vector<StaticEntry> entries;
-    size_t cutLists = 0;                        // entries of which the dump shows only the first 16 elements
+    size_t cutLists = 0;                       // entries of which the dump shows only the first 16 elements
     std::map<std::string, size_t> passedOver;  // what of the dump is not used, and how often
 };
 

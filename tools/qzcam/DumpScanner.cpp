@@ -11,18 +11,25 @@ namespace qzcam {
 namespace {
 
 // A number that fits, from the text's start up to `end`, which is taken off the text with it.
-std::optional<uint32_t> takeNumber(std::string_view& text, std::string_view end, std::string_view prefix = "") {
+std::optional<uint32_t> takeNumber(std::string_view& text, std::string_view end,
+                                   std::string_view prefix = "") {
     const size_t stop = text.find(end);
-    if (stop == std::string_view::npos) { return std::nullopt; }
+    if (stop == std::string_view::npos) {
+        return std::nullopt;
+    }
     const auto number = parseInteger(std::string(prefix) + std::string(text.substr(0, stop)));
     text.remove_prefix(stop + end.size());
-    if (!number || *number < 0 || *number > std::numeric_limits<uint32_t>::max()) { return std::nullopt; }
+    if (!number || *number < 0 || *number > std::numeric_limits<uint32_t>::max()) {
+        return std::nullopt;
+    }
     return static_cast<uint32_t>(*number);
 }
 
 std::optional<std::string_view> takeUntil(std::string_view& text, std::string_view end) {
     const size_t stop = text.find(end);
-    if (stop == std::string_view::npos) { return std::nullopt; }
+    if (stop == std::string_view::npos) {
+        return std::nullopt;
+    }
     const std::string_view taken = text.substr(0, stop);
     text.remove_prefix(stop + end.size());
     return taken;
@@ -31,23 +38,33 @@ std::optional<std::string_view> takeUntil(std::string_view& text, std::string_vi
 // "0x80000000 (iso) with type 0 (byte) defined in section com.ambrix.capture.metadata"
 std::optional<RawVendorTag> parseVendorTag(std::string_view body) {
     const auto id = takeNumber(body, " (");
-    if (!id) { return std::nullopt; }
+    if (!id) {
+        return std::nullopt;
+    }
     const auto name = takeUntil(body, ") with type ");
-    if (!name) { return std::nullopt; }
+    if (!name) {
+        return std::nullopt;
+    }
     const auto type = takeNumber(body, " (");
     const auto typeName = takeUntil(body, ") defined in section ");
-    if (!type || !typeName || *type > UINT8_MAX || name->empty() || body.empty()) { return std::nullopt; }
+    if (!type || !typeName || *type > UINT8_MAX || name->empty() || body.empty()) {
+        return std::nullopt;
+    }
     return RawVendorTag{0, *id, static_cast<uint8_t>(*type), body, *name};
 }
 
 // "android.control.aeCompensationStep (10016): rational[1]"
 std::optional<RawEntry> parseEntry(std::string_view body) {
     const auto name = takeUntil(body, " (");
-    if (!name || name->empty()) { return std::nullopt; }
+    if (!name || name->empty()) {
+        return std::nullopt;
+    }
     const auto id = takeNumber(body, "): ", "0x");
     const auto type = takeUntil(body, "[");
     const auto count = takeNumber(body, "]");
-    if (!id || !type || !count || !body.empty()) { return std::nullopt; }
+    if (!id || !type || !count || !body.empty()) {
+        return std::nullopt;
+    }
     return RawEntry{0, *name, *id, *type, *count, {}};
 }
 
@@ -56,10 +73,16 @@ std::optional<RawEntry> parseEntry(std::string_view body) {
 //     Camera device 0 static information
 //     Camera 0 information
 std::optional<std::string_view> cameraOfTitle(std::string_view title) {
-    if (!startsWith(title, "Camera ") || !endsWith(title, " information")) { return std::nullopt; }
+    if (!startsWith(title, "Camera ") || !endsWith(title, " information")) {
+        return std::nullopt;
+    }
     title = trimmed(title.substr(0, title.rfind(' ')));
-    if (endsWith(title, " static")) { title = trimmed(title.substr(0, title.rfind(' '))); }
-    if (endsWith(title, ")")) { title = trimmed(title.substr(0, title.rfind('('))); }
+    if (endsWith(title, " static")) {
+        title = trimmed(title.substr(0, title.rfind(' ')));
+    }
+    if (endsWith(title, ")")) {
+        title = trimmed(title.substr(0, title.rfind('(')));
+    }
     const std::string_view name = title.substr(title.rfind(' ') + 1);
     const bool hasNumber = name.find_first_of("0123456789") != std::string_view::npos;
     return hasNumber ? std::optional(name) : std::nullopt;
@@ -72,8 +95,12 @@ bool isCamera(std::string_view name, std::string_view wanted) {
 // "== Title: ==" without its frame
 std::string_view titleOf(std::string_view body) {
     const auto isFrame = [](char c) { return c == '=' || c == ' ' || c == ':'; };
-    while (!body.empty() && isFrame(body.front())) { body.remove_prefix(1); }
-    while (!body.empty() && isFrame(body.back())) { body.remove_suffix(1); }
+    while (!body.empty() && isFrame(body.front())) {
+        body.remove_prefix(1);
+    }
+    while (!body.empty() && isFrame(body.back())) {
+        body.remove_suffix(1);
+    }
     return body;
 }
 
@@ -113,12 +140,20 @@ class DumpScanner {
 
 void DumpScanner::line(size_t number, std::string_view text) {
     const std::string_view body = trimmed(text);
-    if (body.empty()) { return; }
+    if (body.empty()) {
+        return;
+    }
     mNumber = number;
     mIndent = static_cast<size_t>(body.data() - text.data());
-    if (title(body)) { return; }
-    if (mRegion == Region::Vendor) { return vendorLine(body); }
-    if (mRegion == Region::Array) { return arrayLine(body); }
+    if (title(body)) {
+        return;
+    }
+    if (mRegion == Region::Vendor) {
+        return vendorLine(body);
+    }
+    if (mRegion == Region::Array) {
+        return arrayLine(body);
+    }
 }
 
 // A dump that was cut says itself how much it should hold.
@@ -132,10 +167,14 @@ void DumpScanner::end() {
 }
 
 bool DumpScanner::title(std::string_view body) {
-    if (startsWith(body, "==")) { return framedTitle(titleOf(body)); }
+    if (startsWith(body, "==")) {
+        return framedTitle(titleOf(body));
+    }
     if (startsWith(body, "Camera ")) {
         const auto camera = cameraOfTitle(titleOf(body));
-        if (camera) { openCamera(*camera); }
+        if (camera) {
+            openCamera(*camera);
+        }
         return camera.has_value();
     }
     if (startsWith(body, "Dumping configured vendor tag") || startsWith(body, "Dumping vendor tag") ||
@@ -195,19 +234,31 @@ void DumpScanner::openArray(std::string_view body) {
 
 void DumpScanner::vendorLine(std::string_view body) {
     const bool isTag = startsWith(body, "0x") || body.find(" defined in section ") != std::string_view::npos;
-    if (!isTag) { return; }
+    if (!isTag) {
+        return;
+    }
     auto tag = parseVendorTag(body);
-    if (!tag) { return problem("'0xTAG (NAME) with type N (TYPE) defined in section SECTION'", body); }
-    if (tag->id < CAMERA_METADATA_VENDOR_TAG_BOUNDARY) { return problem("a vendor tag, 0x80000000 or above,", body); }
-    if (tag->type >= NUM_TYPES) { return passOver("vendor tags of unknown type"); }
+    if (!tag) {
+        return problem("'0xTAG (NAME) with type N (TYPE) defined in section SECTION'", body);
+    }
+    if (tag->id < CAMERA_METADATA_VENDOR_TAG_BOUNDARY) {
+        return problem("a vendor tag, 0x80000000 or above,", body);
+    }
+    if (tag->type >= NUM_TYPES) {
+        return passOver("vendor tags of unknown type");
+    }
     tag->line = mNumber;
     mDump.vendorTags.push_back(*tag);
     mDump.hasVendorTags = true;
 }
 
 void DumpScanner::arrayLine(std::string_view body) {
-    if (body.front() == '[') { return valueLine(body); }
-    if (startsWith(body, "Version:")) { return; }
+    if (body.front() == '[') {
+        return valueLine(body);
+    }
+    if (startsWith(body, "Version:")) {
+        return;
+    }
     if (auto entry = parseEntry(body)) {
         entry->line = mNumber;
         mDump.entries.push_back(std::move(*entry));
@@ -219,8 +270,12 @@ void DumpScanner::arrayLine(std::string_view body) {
 }
 
 void DumpScanner::valueLine(std::string_view body) {
-    if (mDump.entries.size() == mListStart) { return problem("an entry before its values,", body); }
-    if (!endsWith(body, "]")) { return problem("']' at the end of the values,", body); }
+    if (mDump.entries.size() == mListStart) {
+        return problem("an entry before its values,", body);
+    }
+    if (!endsWith(body, "]")) {
+        return problem("']' at the end of the values,", body);
+    }
     mDump.entries.back().values.push_back({mNumber, body.substr(1, body.size() - 2)});
 }
 
@@ -234,7 +289,9 @@ RawDump scanDump(std::string_view text, std::string_view camera, Problems& probl
     RawDump dump;
     DumpScanner scanner(camera, dump, problems);
     Lines lines(text);
-    for (std::string_view line; lines.next(line);) { scanner.line(lines.number(), line); }
+    for (std::string_view line; lines.next(line);) {
+        scanner.line(lines.number(), line);
+    }
     scanner.end();
     return dump;
 }

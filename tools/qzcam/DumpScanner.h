@@ -1,8 +1,8 @@
-// The two parts of a `dumpsys media.camera` text that matter, line by line and not yet understood: the vendor tags
-// and the static characteristics of one camera. All else is passed over.
+// The two parts of a `dumpsys media.camera` text that matter, line by line and not yet understood: the vendor
+// tags and the static characteristics of one camera. All else is passed over.
 //
-// Dumps come from many platform versions: sections are found by their titles in all spellings seen, and end wherever
-// something else begins. Lines inside that are not what they should be are problems, never guesses.
+// Dumps come from many platform versions: sections are found by their titles in all spellings seen, and end
+// wherever something else begins. Lines inside that are not what they should be are problems, never guesses.
 #pragma once
 
 #include "Text.h"

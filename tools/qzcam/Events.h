@@ -92,8 +92,8 @@ struct SummaryEvent {
     size_t failed;
 };
 
-using Event = std::variant<CommandEvent, RequestEvent, ParamsEvent, PublishEvent, CallbackEvent, LogEvent, StatusEvent,
-                           AnswerEvent, NoteEvent, ExpectationEvent, SummaryEvent>;
+using Event = std::variant<CommandEvent, RequestEvent, ParamsEvent, PublishEvent, CallbackEvent, LogEvent,
+                           StatusEvent, AnswerEvent, NoteEvent, ExpectationEvent, SummaryEvent>;
 using EventSink = std::function<void(const Event&)>;
 
 }  // namespace qzcam

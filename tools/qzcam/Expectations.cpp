@@ -14,18 +14,11 @@ namespace {
 
 constexpr const char* kNothing = "nothing";
 
-// The words from `first` on, as they were written and joined by `separator`.
-std::string rawFrom(const Command& command, size_t first, const char* separator) {
-    std::string joined;
-    for (size_t i = first; i < command.words.size(); ++i) {
-        joined.append(i == first ? "" : separator).append(command.words[i].raw);
-    }
-    return joined;
-}
-
 std::string textFrom(const Command& command, size_t first) {
     std::string joined;
-    for (size_t i = first; i < command.words.size(); ++i) { joined.append(i == first ? "" : " ").append(command.word(i)); }
+    for (size_t i = first; i < command.words.size(); ++i) {
+        joined.append(i == first ? "" : " ").append(command.word(i));
+    }
     return joined;
 }
 
@@ -42,15 +35,19 @@ Finding expectNoParam(const Command& command, PlayState& state) {
 
 const EntryRow* findEntry(const Command& command, const PlayState& state) {
     const auto tag = state.names.resolve(command.word(0));
-    if (std::holds_alternative<std::string>(tag)) { return nullptr; }
+    if (std::holds_alternative<std::string>(tag)) {
+        return nullptr;
+    }
     const uint32_t id = std::get<const Tag*>(tag)->id;
-    const auto found = std::find_if(state.entries.begin(), state.entries.end(),
-                                    [&](const EntryRow& row) { return row.tag == id && row.change != Change::Gone; });
+    const auto found = std::find_if(state.entries.begin(), state.entries.end(), [&](const EntryRow& row) {
+        return row.tag == id && row.change != Change::Gone;
+    });
     return found == state.entries.end() ? nullptr : &*found;
 }
 
 std::string entryText(const EntryRow* entry) {
-    return entry ? fmt::format("{} {}", typeAndCount(entry->values), toText(entry->values, entry->tag)) : kNothing;
+    return entry ? fmt::format("{} {}", typeAndCount(entry->values), toText(entry->values, entry->tag))
+                 : kNothing;
 }
 
 Finding expectEntry(const Command& command, PlayState& state) {
@@ -71,7 +68,9 @@ std::string messageText(const Message& message) {
 
 bool hasBytes(const Message& message, const Command& command) {
     std::string hex;
-    for (size_t i = 2; i < command.words.size(); ++i) { hex += command.word(i); }
+    for (size_t i = 2; i < command.words.size(); ++i) {
+        hex += command.word(i);
+    }
     return message.isData && hex == fmt::format("{:02x}", fmt::join(message.bytes, ""));
 }
 
@@ -88,25 +87,39 @@ bool hasNumbers(const Message& message, const Command& command) {
     const std::string list = rawFrom(command, 1, ",");
     for (const std::string_view text : split(list, ',')) {
         const auto number = parseInteger(text);
-        if (!number) { return false; }
+        if (!number) {
+            return false;
+        }
         numbers.push_back(static_cast<int32_t>(*number));
     }
-    if (!message.isData && numbers.size() < message.numbers.size()) { numbers.resize(message.numbers.size()); }
+    if (!message.isData && numbers.size() < message.numbers.size()) {
+        numbers.resize(message.numbers.size());
+    }
     return numbers == message.numbers;
 }
 
 bool matches(const Message& message, const Command& command) {
-    if (message.code != findMessageCode(command.word(0)).value_or(0)) { return false; }
-    if (command.words.size() == 1) { return true; }
-    if (command.word(1) == "bytes") { return hasBytes(message, command); }
-    if (command.word(1).find('=') == std::string::npos) { return hasNumbers(message, command); }
+    if (message.code != findMessageCode(command.word(0)).value_or(0)) {
+        return false;
+    }
+    if (command.words.size() == 1) {
+        return true;
+    }
+    if (command.word(1) == "bytes") {
+        return hasBytes(message, command);
+    }
+    if (command.word(1).find('=') == std::string::npos) {
+        return hasNumbers(message, command);
+    }
     return std::all_of(command.words.begin() + 1, command.words.end(),
                        [&](const Word& word) { return hasField(message, word.text); });
 }
 
 std::string messagesText(const std::vector<Message>& messages) {
     std::string text;
-    for (const Message& message : messages) { text.append(text.empty() ? "" : "; ").append(messageText(message)); }
+    for (const Message& message : messages) {
+        text.append(text.empty() ? "" : "; ").append(messageText(message));
+    }
     return text.empty() ? kNothing : text;
 }
 
@@ -155,7 +168,8 @@ Finding expectNoLog(const Command& command, PlayState& state) {
 
 Finding expectSkip(const Command& command, PlayState& state) {
     const auto& skipped = state.step.skipped;
-    return {skipped && skipped == yesOrNo(command.word(0)), command.word(0), skipped ? yesNo(*skipped) : kNothing};
+    return {skipped && skipped == yesOrNo(command.word(0)), command.word(0),
+            skipped ? yesNo(*skipped) : kNothing};
 }
 
 Finding expectQuery(const Command& command, PlayState& state) {
@@ -184,6 +198,14 @@ constexpr std::array<Row, 11> kRows{{{CommandId::ExpectParam, expectParam},
                                      {CommandId::ExpectQuery, expectQuery}}};
 
 }  // namespace
+
+std::string rawFrom(const Command& command, size_t first, const char* separator) {
+    std::string joined;
+    for (size_t i = first; i < command.words.size(); ++i) {
+        joined.append(i == first ? "" : separator).append(command.words[i].raw);
+    }
+    return joined;
+}
 
 Finding examine(const Command& expectation, PlayState& state) {
     const auto row = std::find_if(kRows.begin(), kRows.end(),

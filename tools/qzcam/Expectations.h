@@ -8,6 +8,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <string>
 #include <vector>
 
 namespace qzcam {
@@ -32,6 +33,9 @@ struct Finding {
     std::string expected;
     std::string actual;
 };
+
+// The words from `first` on, as they were written and joined by `separator`.
+std::string rawFrom(const Command& command, size_t first, const char* separator);
 
 // An expected message counts as taken, so that "no other" can be expected afterwards.
 Finding examine(const Command& expectation, PlayState& state);

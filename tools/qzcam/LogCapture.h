@@ -7,8 +7,8 @@
 
 namespace qzcam {
 
-// Listens to the lines of this thread, of every priority, as long as it lives. The innermost one hears them; lines of
-// threads that nobody listens to go to standard error as usual.
+// Listens to the lines of this thread, of every priority, as long as it lives. The innermost one hears them;
+// lines of threads that nobody listens to go to standard error as usual.
 class LogListener {
   public:
     using Hear = std::function<void(const LogEvent&)>;

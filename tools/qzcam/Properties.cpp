@@ -11,8 +11,10 @@ using Property = std::pair<std::string, std::string>;
 
 constexpr std::string_view kMiddle = "]: [";
 
-// `getprop` prints line ends within a value as they are, so that a value ends at the first line with a bracket.
-void parseBracketed(std::string_view line, Lines& lines, std::vector<Property>& properties, Problems& problems) {
+// `getprop` prints line ends within a value as they are, so that a value ends at the first line with a
+// bracket.
+void parseBracketed(std::string_view line, Lines& lines, std::vector<Property>& properties,
+                    Problems& problems) {
     const size_t start = lines.number();
     const size_t middle = line.find(kMiddle);
     if (middle == std::string_view::npos) {
@@ -20,7 +22,9 @@ void parseBracketed(std::string_view line, Lines& lines, std::vector<Property>& 
     }
     Property property(line.substr(1, middle - 1), line.substr(middle + kMiddle.size()));
     while (!endsWith(property.second, "]")) {
-        if (!lines.next(line)) { return problems.add(start, "expected ']' behind the value"); }
+        if (!lines.next(line)) {
+            return problems.add(start, "expected ']' behind the value");
+        }
         property.second.append("\n").append(line);
     }
     property.second.pop_back();
@@ -35,7 +39,9 @@ std::vector<Property> parseProperties(std::string_view text, Problems& problems)
     for (std::string_view line; lines.next(line);) {
         line = trimmed(line);
         const size_t equals = line.find('=');
-        if (line.empty() || line.front() == '#') { continue; }
+        if (line.empty() || line.front() == '#') {
+            continue;
+        }
         if (line.front() == '[') {
             parseBracketed(line, lines, properties, problems);
         } else if (equals != 0 && equals != std::string_view::npos) {
@@ -48,7 +54,8 @@ std::vector<Property> parseProperties(std::string_view text, Problems& problems)
 }
 
 bool setProperty(const std::string& name, const std::string& value) {
-    return !name.empty() && value.size() < PROPERTY_VALUE_MAX && property_set(name.c_str(), value.c_str()) == 0;
+    return !name.empty() && value.size() < PROPERTY_VALUE_MAX &&
+           property_set(name.c_str(), value.c_str()) == 0;
 }
 
 }  // namespace qzcam

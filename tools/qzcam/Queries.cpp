@@ -38,7 +38,8 @@ std::string otpResult(Camera& camera, const std::string&) {
 
 const QuerySpec* findQuery(const std::string& name) {
     const auto& specs = querySpecs();
-    const auto found = std::find_if(specs.begin(), specs.end(), [&](const auto& spec) { return name == spec.name; });
+    const auto found =
+        std::find_if(specs.begin(), specs.end(), [&](const auto& spec) { return name == spec.name; });
     return found == specs.end() ? nullptr : &*found;
 }
 
@@ -52,7 +53,9 @@ const std::vector<QuerySpec>& querySpecs() {
         {"long-exposure", nullptr, "whether the next capture takes long",
          [](Camera& camera, Text) -> std::string { return yesNo(camera.translator().checkLongExpoMode()); }},
         {"customized-zsl", nullptr, "whether the camera application wants its own zero shutter lag",
-         [](Camera& camera, Text) -> std::string { return yesNo(camera.translator().needQzCustomizedZsl()); }},
+         [](Camera& camera, Text) -> std::string {
+             return yesNo(camera.translator().needQzCustomizedZsl());
+         }},
         {"pre-shutter", nullptr, "whether to open the shutter early",
          [](Camera& camera, Text) -> std::string { return yesNo(camera.translator().qzNeedPreShutter()); }},
         {"recording", nullptr, "the recording state, on devices that ask for it",
@@ -75,9 +78,12 @@ const std::vector<QuerySpec>& querySpecs() {
 
 std::string wrongWithQuery(const Command& command, size_t words) {
     const QuerySpec* spec = findQuery(command.word(0));
-    if (!spec) { return "one of the questions that 'qzcam run --help' lists"; }
+    if (!spec) {
+        return "one of the questions that 'qzcam run --help' lists";
+    }
     if (words != (spec->argument ? 2U : 1U)) {
-        return fmt::format("'{}{}{}'", spec->name, spec->argument ? " " : "", spec->argument ? spec->argument : "");
+        return fmt::format("'{}{}{}'", spec->name, spec->argument ? " " : "",
+                           spec->argument ? spec->argument : "");
     }
     const bool isSize = spec->argument == kSize;
     return isSize && !parseSize(command.word(1)) ? kSize : "";

@@ -51,7 +51,7 @@ struct CommandSpec;
 
 struct Command {
     size_t line;
-    std::string text;  // as it was written, without comment
+    std::string text;         // as it was written, without comment
     std::vector<Word> words;  // the arguments
     const CommandSpec* spec;
 

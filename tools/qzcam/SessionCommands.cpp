@@ -37,13 +37,19 @@ std::string flagWord(const Command& command) {
     return unless(number && *number >= 0 && *number <= UINT32_MAX, "a number of 32 bits");
 }
 
-std::string onOff(const Command& command) { return unless(yesOrNo(command.word(0)).has_value(), "on or off"); }
+std::string onOff(const Command& command) {
+    return unless(yesOrNo(command.word(0)).has_value(), "on or off");
+}
 
 std::string keyValues(const Command& command) {
     for (const std::string_view pair : split(command.word(0), ';')) {
         const size_t equals = pair.find('=');
-        if (pair.empty()) { continue; }
-        if (equals == 0 || equals == std::string_view::npos) { return "key=value;key=value"; }
+        if (pair.empty()) {
+            continue;
+        }
+        if (equals == 0 || equals == std::string_view::npos) {
+            return "key=value;key=value";
+        }
     }
     return {};
 }
@@ -56,16 +62,22 @@ std::string requestKind(const Command& command) {
 std::string namedValues(const Command& command) {
     for (const Word& word : command.words) {
         const size_t equals = word.text.find('=');
-        if (equals == 0 || equals == std::string::npos) { return "NAME=VALUES"; }
+        if (equals == 0 || equals == std::string::npos) {
+            return "NAME=VALUES";
+        }
     }
     return {};
 }
 
 std::string sendCommand(const Command& command) {
     size_t numbers = command.words.size();
-    if (command.words.back().text == "background") { --numbers; }
+    if (command.words.back().text == "background") {
+        --numbers;
+    }
     bool right = numbers == 1 || numbers == 3;
-    for (size_t i = 0; i < numbers; ++i) { right = right && isInt32(command.word(i)); }
+    for (size_t i = 0; i < numbers; ++i) {
+        right = right && isInt32(command.word(i));
+    }
     return unless(right, "CODE [ARG1 ARG2] [background]");
 }
 
@@ -102,7 +114,9 @@ std::string expectLog(const Command& command) {
     return unless(logLevel(command.word(0)).has_value(), std::string("a level, ") + kLogLevels);
 }
 
-std::string expectSkip(const Command& command) { return unless(yesOrNo(command.word(0)).has_value(), "yes or no"); }
+std::string expectSkip(const Command& command) {
+    return unless(yesOrNo(command.word(0)).has_value(), "yes or no");
+}
 
 }  // namespace
 
@@ -117,9 +131,11 @@ const std::vector<CommandSpec>& commandSpecs() {
         {Id::Set, "set", "KEY=VALUE;KEY=VALUE", "set parameters as the application does", 1, 1, keyValues},
         {Id::Unset, "unset", "KEY", "remove a parameter", 1, 1, nullptr},
         {Id::Params, "params", "", "print all parameters", 0, 0, nullptr},
-        {Id::Refresh, "refresh", "", "update the parameters as before the application reads them", 0, 0, nullptr},
+        {Id::Refresh, "refresh", "", "update the parameters as before the application reads them", 0, 0,
+         nullptr},
         {Id::Publish, "publish", "", "publish the device's capabilities as parameters", 0, 0, nullptr},
-        {Id::Request, "request", "[repeating|capture]", "make a request of the parameters", 0, 1, requestKind},
+        {Id::Request, "request", "[repeating|capture]", "make a request of the parameters", 0, 1,
+         requestKind},
         {Id::Result, "result", "NAME=VALUES...", "bring a capture result with these entries", 0, kAnyNumber,
          namedValues},
         {Id::SendCommand, "sendcommand", "CODE [ARG1 ARG2] [background]",
@@ -132,16 +148,20 @@ const std::vector<CommandSpec>& commandSpecs() {
         {Id::Query, "query", "WHAT [ARGUMENT]", "ask the translator, see below", 1, 2, query},
         {Id::ExpectParam, "expect-param", "KEY VALUE", "the parameter has this value", 2, 2, nullptr},
         {Id::ExpectNoParam, "expect-no-param", "KEY", "the parameter is not set", 1, 1, nullptr},
-        {Id::ExpectEntry, "expect-entry", "NAME VALUES", "the last request has this entry", 2, kAnyNumber, nullptr},
+        {Id::ExpectEntry, "expect-entry", "NAME VALUES", "the last request has this entry", 2, kAnyNumber,
+         nullptr},
         {Id::ExpectNoEntry, "expect-no-entry", "NAME", "the last request does not have it", 1, 1, nullptr},
         {Id::ExpectCallback, "expect-callback", "CODE [NUMBERS | bytes HEX | FIELD=VALUE...]",
          "the last command sent this message", 1, kAnyNumber, expectCallback},
-        {Id::ExpectNoCallback, "expect-no-callback", "", "it sent no other than those expected so far", 0, 0, nullptr},
+        {Id::ExpectNoCallback, "expect-no-callback", "", "it sent no other than those expected so far", 0, 0,
+         nullptr},
         {Id::ExpectStatus, "expect-status", "N", "it returned N", 1, 1, oneNumber},
-        {Id::ExpectLog, "expect-log", "LEVEL TEXT", "it logged a line with TEXT in it", 2, kAnyNumber, expectLog},
+        {Id::ExpectLog, "expect-log", "LEVEL TEXT", "it logged a line with TEXT in it", 2, kAnyNumber,
+         expectLog},
         {Id::ExpectNoLog, "expect-no-log", "LEVEL [TEXT]", "it did not", 1, kAnyNumber, expectLog},
         {Id::ExpectSkip, "expect-skip", "yes|no", "the last 'skip' said so", 1, 1, expectSkip},
-        {Id::ExpectQuery, "expect-query", "WHAT [ARGUMENT] ANSWER", "the translator answers so", 2, 3, expectQuery},
+        {Id::ExpectQuery, "expect-query", "WHAT [ARGUMENT] ANSWER", "the translator answers so", 2, 3,
+         expectQuery},
     };
     return specs;
 }

@@ -32,8 +32,8 @@ struct Size {
 };
 std::optional<Size> parseSize(std::string_view text);
 
-// Reads a text from `"` to the next one off the input; \" and \\ stand for themselves without the backslash. Nothing,
-// and the input as it was, when it does not end.
+// Reads a text from `"` to the next one off the input; \" and \\ stand for themselves without the backslash.
+// Nothing, and the input as it was, when it does not end.
 std::optional<std::string> takeQuoted(std::string_view& text);
 
 // Walks over the lines of a text, without their ends ("\n" or "\r\n").
@@ -48,7 +48,8 @@ class Lines {
     size_t mNumber = 0;
 };
 
-// What is wrong with an input file, line by line. Of a file that is broken all over only the first complaints are kept.
+// What is wrong with an input file, line by line. Of a file that is broken all over only the first complaints
+// are kept.
 class Problems {
   public:
     explicit Problems(std::string file) : mFile(std::move(file)) {}

@@ -23,8 +23,8 @@ struct Values {
     bool operator!=(const Values& other) const { return !(*this == other); }
 };
 
-// Appends the element that the text stands for: a number, "n/d" for a rational, or the name of one of the standard
-// tag's values. False, and nothing appended, when it is none of this type.
+// Appends the element that the text stands for: a number, "n/d" for a rational, or the name of one of the
+// standard tag's values. False, and nothing appended, when it is none of this type.
 bool appendElement(Values& values, uint32_t tag, std::string_view text);
 
 // What appendElement() wants, for messages: "a number from 0 to 255".

@@ -1,0 +1,104 @@
+// Plays a session: carries out its commands on the library and tells what comes of them as events.
+#pragma once
+
+#include "Camera.h"
+#include "CapabilityNames.h"
+#include "Device.h"
+#include "Events.h"
+#include "Expectations.h"
+#include "Session.h"
+#include "Text.h"
+
+#include <camera/CameraMetadata.h>
+
+#include <cstddef>
+#include <future>
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace qzcam {
+
+// What a session asks of this device: tags that it brings or expects must exist and take the values given.
+void checkAgainstDevice(const Session& session, const TagNames& names, Problems& problems);
+
+class Player {
+  public:
+    // Puts the device's vendor tags in place of the process's. `device` must outlive the player.
+    Player(const Device& device, EventSink sink);
+    ~Player();
+    Player(const Player&) = delete;
+    Player& operator=(const Player&) = delete;
+
+    const TagNames& names() const { return mNames; }
+
+    // False when an expectation was not met.
+    bool play(const Session& session);
+
+    // A session written for another device: expectations are left out, and so is what this device has no tags
+    // for.
+    void playAsGuest(const Session& session);
+
+  private:
+    using Texts = std::map<std::string, std::string>;
+    struct BackgroundCommand {
+        std::string text;
+        int32_t status;
+        std::vector<LogEvent> log;
+    };
+
+    void playCommands(const Session& session, bool asGuest);
+    void examineExpectation(const Session& session, const Command& command);
+    void execute(const Command& command);
+    void begin(size_t line, const std::string& text);
+    void finish();
+
+    void setProp(const Command& command);
+    void open(const Command& command);
+    void client(const Command& command);
+    void callbackFlag(const Command& command);
+    void recording(const Command& command);
+    void set(const Command& command);
+    void unset(const Command& command);
+    void params(const Command& command);
+    void refresh(const Command& command);
+    void publish(const Command& command);
+    void request(const Command& command);
+    void result(const Command& command);
+    void sendCommand(const Command& command);
+    void wait(const Command& command);
+    void callback(const Command& command);
+    void inspect(const Command& command);
+    void skip(const Command& command);
+    void query(const Command& command);
+
+    void hear(const LogEvent& line);
+    void status(const std::string& of, int32_t value, bool isAnswer = false);
+    void property(const std::string& name, const std::string& value);
+    void addResultEntry(android::CameraMetadata& result, const std::string& assignment);
+    std::vector<EntryRow> entriesOf(const android::CameraMetadata& request) const;
+    void markChanges(std::vector<EntryRow>& entries) const;
+    Texts parameterTexts() const;
+    Change changeOf(const std::string& key, const std::string& value, const Texts& before) const;
+    void addRows(PublishEvent& event, const Texts& before);
+    void addCapabilitiesWithoutRow(PublishEvent& event);
+
+    EventSink mSink;
+    TagNames mNames;
+    android::CameraMetadata mCharacteristics;
+    std::optional<CapabilityNames> mCapabilities;  // once publishing needs them
+    std::unique_ptr<Camera> mCamera;
+    std::future<BackgroundCommand> mBackground;
+    PlayState mState;
+    bool mPublished = false;  // by this camera
+    bool mRequested = false;  // likewise
+    bool mAsGuest = false;
+    int64_t mFrame = 0;
+    size_t mMet = 0;
+    size_t mFailed = 0;
+};
+
+}  // namespace qzcam
