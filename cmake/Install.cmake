@@ -14,3 +14,10 @@ configure_package_config_file(cmake/qzcameraConfig.cmake.in qzcameraConfig.cmake
 write_basic_package_version_file(qzcameraConfigVersion.cmake COMPATIBILITY SameMajorVersion)
 install(FILES ${CMAKE_CURRENT_BINARY_DIR}/qzcameraConfig.cmake
     ${CMAKE_CURRENT_BINARY_DIR}/qzcameraConfigVersion.cmake cmake/AndroidHost.cmake DESTINATION ${QZ_PACKAGE_DIR})
+
+# For builds without CMake.
+file(RELATIVE_PATH QZ_PC_PREFIX ${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig ${CMAKE_INSTALL_PREFIX})
+configure_file(cmake/qzcamera.pc.in qzcamera.pc @ONLY)
+install(FILES ${CMAKE_CURRENT_BINARY_DIR}/qzcamera.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
+
+install(FILES LICENSE CHANGELOG.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
