@@ -17,6 +17,7 @@ install(FILES ${CMAKE_CURRENT_BINARY_DIR}/qzcameraConfig.cmake
 
 # For builds without CMake.
 file(RELATIVE_PATH QZ_PC_PREFIX ${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig ${CMAKE_INSTALL_PREFIX})
+string(REGEX REPLACE "/$" "" QZ_PC_PREFIX ${QZ_PC_PREFIX})
 configure_file(cmake/qzcamera.pc.in qzcamera.pc @ONLY)
 install(FILES ${CMAKE_CURRENT_BINARY_DIR}/qzcamera.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
 

@@ -22,7 +22,7 @@ void publishFlag(ExtParamInterface* params, const char* key, const Capability<ui
 }
 
 void publishNumber(ExtParamInterface* params, const char* key, int32_t number) {
-    params->set(key, String8::format("%d", number).string());
+    params->set(key, String8::format("%d", number).c_str());
 }
 
 void publishWords(ExtParamInterface* params, const char* key, const Capability<uint8_t>& list,
@@ -32,18 +32,18 @@ void publishWords(ExtParamInterface* params, const char* key, const Capability<u
         if (i > 0) words.append(",");
         words.append(word(list[i]));
     }
-    params->set(key, words.string());
+    params->set(key, words.c_str());
 }
 
 void publishNumbers(ExtParamInterface* params, const char* key, const Capability<int32_t>& list) {
     String8 numbers;
     for (size_t i = 0; i < list.count(); ++i) numbers.appendFormat(i > 0 ? ",%d" : "%d", list[i]);
-    params->set(key, numbers.string());
+    params->set(key, numbers.c_str());
 }
 
 void publishText(ExtParamInterface* params, const char* key, const Capability<uint8_t>& text) {
     const char* characters = reinterpret_cast<const char*>(&text[0]);
-    params->set(key, String8(characters, strnlen(characters, text.count())).string());
+    params->set(key, String8(characters, strnlen(characters, text.count())).c_str());
 }
 
 String8 sizeList(const EntryView<int32_t>& sizes) {

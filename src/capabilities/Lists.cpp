@@ -32,7 +32,7 @@ int32_t CCameraQzParam::getSupportedExtScene() {
         modes.append(mode);
         if (i + 1 < scenes.count()) modes.append(",");
     }
-    mExtParam->set("scene-mode-values", modes.string());
+    mExtParam->set("scene-mode-values", modes.c_str());
     return 0;
 }
 
@@ -134,7 +134,7 @@ int32_t CCameraQzParam::getSensorBinningSizes() {
     if (!sizes.holds()) return 0;
     String8 list;
     for (const int32_t size : sizes.elements()) list.appendFormat("%d,", size);
-    mExtParam->set("qz-sensor-binning-sizes-supported", list.string());
+    mExtParam->set("qz-sensor-binning-sizes-supported", list.c_str());
     LOGD("sensor binning sizes supported = %s", published(mExtParam, "qz-sensor-binning-sizes-supported"));
     return 0;
 }
@@ -153,9 +153,9 @@ int32_t CCameraQzParam::getSupportedSuperPictureSizes() {
     const Capability<int32_t> sizes(mExtParam, CAPABILITY("superResolutionPictureSize"), 2);
     const String8 list = sizeList(sizes.elements());
     if (list.length() == 0) return 0;
-    mExtParam->set("super-resolution-picture-size-values", list.string());
+    mExtParam->set("super-resolution-picture-size-values", list.c_str());
     mSuperResPicSizes = list;
-    LOGI("%s(), supported super resolution picture sizes: %s", __func__, list.string());
+    LOGI("%s(), supported super resolution picture sizes: %s", __func__, list.c_str());
     return 0;
 }
 
@@ -165,8 +165,8 @@ int32_t CCameraQzParam::getSubSupportedPictureSizes() {
     if (sizes.lacks()) LOGI("subAvailableJpegSize.count = %zu", sizes.count());
     if (!sizes.holds()) return 0;
     mSubPicSizes = sizeList(sizes.elements());
-    mExtParam->set("sub-picture-size-values", mSubPicSizes.string());
-    LOGI("%s SubSupportedPictureSizes:%s", __func__, mSubPicSizes.string());
+    mExtParam->set("sub-picture-size-values", mSubPicSizes.c_str());
+    LOGI("%s SubSupportedPictureSizes:%s", __func__, mSubPicSizes.c_str());
     return 0;
 }
 

@@ -23,7 +23,7 @@ const char* trueOrFalse(bool value) { return value ? "true" : "false"; }
 bool holdsSize(const String8& sizes, int width, int height) {
     char size[32];
     snprintf_s(size, sizeof(size), sizeof(size), "%dx%d", width, height);
-    return strstr(sizes.string(), size) != nullptr;
+    return strstr(sizes.c_str(), size) != nullptr;
 }
 
 }  // namespace
@@ -76,7 +76,7 @@ void CCameraQzParam::getOTPtestResult(const char*& key, String8& value) {
         return;
     }
     value = String8::format("%d", mOtpTestResult.get());
-    mExtParam->set(key, value.string());
+    mExtParam->set(key, value.c_str());
 }
 
 bool CCameraQzParam::isSuperResolution(int width, int height) const {

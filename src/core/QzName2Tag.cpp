@@ -66,7 +66,7 @@ uint32_t QzName2Tag::vendorTagFromName(const char* name) const {
     const auto& sections = *descriptor->getAllSectionNames();
     size_t length = 0;
     const size_t section = longestSection(
-        name, sections.size(), [&](size_t i) { return sections[i].string(); }, &length);
+        name, sections.size(), [&](size_t i) { return sections[i].c_str(); }, &length);
     if (section == sections.size()) {
         LOGI("%s: cann't find section for tag '%s'!", __func__, name);
         return INVALID_TAG;

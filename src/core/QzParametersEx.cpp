@@ -93,14 +93,14 @@ void QzParametersEx::modifySupportedPictureSize(CameraParameters2& params) {
     if (switchKey == nullptr || listKey == nullptr) return;
     const char* postProcess = params.get(switchKey);
     if (postProcess == nullptr) return;
-    params.set(listKey, strcmp(postProcess, "off") == 0 ? "" : sizes.string());
+    params.set(listKey, strcmp(postProcess, "off") == 0 ? "" : sizes.c_str());
 }
 
 void QzParametersEx::modifyOTPtestResult(CameraParameters2& params) {
     const char* key = nullptr;
     String8 value;
     mCameraQzParam->getOTPtestResult(key, value);
-    if (key != nullptr) params.set(key, value.string());
+    if (key != nullptr) params.set(key, value.c_str());
 }
 
 }  // namespace qz

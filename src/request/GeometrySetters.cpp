@@ -40,7 +40,8 @@ bool subActiveArraySize(ExtParamInterface* params, Size* size) {
 void writeUtf16(ByteEntry* entry) {
     if (!entry->open()) return;
     const String16 utf16(entry->text);
-    entry->write(reinterpret_cast<const uint8_t*>(utf16.string()), 2 * utf16.size());
+    const char16_t* units = utf16;
+    entry->write(reinterpret_cast<const uint8_t*>(units), sizeof(char16_t) * utf16.size());
 }
 
 }  // namespace

@@ -202,13 +202,13 @@ status_t CCameraQzParam::resetVideoStabilization(CameraMetadata* metaData) {
     bool forceOff = false;
     if (propertyIsOn("camera.ignore.videostdb.all", "0")) {
         const String8 client(mClientName);
-        LOGI("%s(), ignore all third app video stabilization by prop, app: %s", __func__, client.string());
+        LOGI("%s(), ignore all third app video stabilization by prop, app: %s", __func__, client.c_str());
         forceOff = true;
     }
     if (propertyIsOn("camera.ignore.videostdb.partial", "1")) {
         const String8 client(mClientName);
-        if (const char* app = unstabilisedApp(client.string())) {
-            LOGI("%s(), ignore '%s' '%s' video stabilization by prop.", __func__, app, client.string());
+        if (const char* app = unstabilisedApp(client.c_str())) {
+            LOGI("%s(), ignore '%s' '%s' video stabilization by prop.", __func__, app, client.c_str());
             forceOff = true;
         }
     }

@@ -1,9 +1,14 @@
-// Metadata entries as a host hands them out, of exactly their own bytes: a sanitizer sees who reads on.
+// Entries as a host hands them out, and tables of texts: a row is a line of fields between bars, an indented
+// line goes on with the row before.
 #pragma once
+
+#include "support/Log.h"
 
 #include <system/camera_metadata.h>
 
 #include <cstdint>
+#include <sstream>
+#include <string>
 #include <variant>
 #include <vector>
 
@@ -15,6 +20,7 @@ using F = std::vector<float>;
 using L = std::vector<int64_t>;
 using Elements = std::variant<B, I, F, L>;  // in the order of the platform's type codes
 
+// Of exactly its own bytes: a sanitizer sees who reads on.
 inline camera_metadata_ro_entry entryOf(uint32_t tag, const Elements& elements) {
     camera_metadata_ro_entry entry = {};
     entry.tag = tag;
@@ -26,6 +32,56 @@ inline camera_metadata_ro_entry entryOf(uint32_t tag, const Elements& elements) 
         },
         elements);
     return entry;
+}
+
+inline std::vector<std::string> split(const std::string& text, char separator) {
+    std::vector<std::string> parts;
+    std::istringstream stream(text);
+    for (std::string part; std::getline(stream, part, separator);) parts.push_back(part);
+    return parts;
+}
+
+inline std::vector<std::vector<std::string>> rowsOf(const std::string& table) {
+    std::vector<std::vector<std::string>> rows;
+    for (const std::string& line : split(table, '\n')) {
+        const size_t start = line.find_first_not_of(' ');
+        if (start == std::string::npos) continue;
+        if (start == 0) rows.emplace_back();
+        for (const std::string& field : split(line.substr(start), '|')) rows.back().push_back(field);
+    }
+    return rows;
+}
+
+// "3,-4", or "0..10" for all from 0 to 10, of type b, i, f or l.
+inline Elements elementsOf(char type, const std::string& text) {
+    std::vector<double> numbers;
+    for (const std::string& number : split(text, ',')) numbers.push_back(std::stod(number));
+    if (text.rfind("0..", 0) == 0) {
+        numbers.clear();
+        for (int i = 0; i <= std::stoi(text.substr(3)); ++i) numbers.push_back(i);
+    }
+    switch (type) {
+        case 'b':
+            return B(numbers.begin(), numbers.end());
+        case 'f':
+            return F(numbers.begin(), numbers.end());
+        case 'l':
+            return L(numbers.begin(), numbers.end());
+        default:
+            return I(numbers.begin(), numbers.end());
+    }
+}
+
+// "I text\n" for each line of two classes, levels D, I, W, E; other's as "> text\n".
+inline std::string textOf(const std::vector<LogLine>& lines, const std::string& tag,
+                          const std::string& other = "") {
+    std::string text;
+    for (const LogLine& line : lines) {
+        if (line.tag != tag && line.tag != other) continue;
+        text += line.tag == tag ? "??VDIWEF"[line.priority] : '>';
+        text += ' ' + line.text + '\n';
+    }
+    return text;
 }
 
 }  // namespace qz::test

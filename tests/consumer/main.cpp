@@ -42,6 +42,6 @@ int main() {
     const android::status_t status = translator->paramToMetaData(&request);
     results->processQzCallBack(request);
     results->callbackSmartMode(1);
-    std::printf("%s, request %d, focus motor at %d\n", parameters.flatten().string(), status,
+    std::printf("%s, request %d, focus motor at %d\n", parameters.flatten().c_str(), status,
                 commands->sendCommand(qz::CMD_GET_FOCUS_VCM_VALUE, 0, 0));
 }

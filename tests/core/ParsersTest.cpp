@@ -1,160 +1,129 @@
 #include "core/Parsers.h"
 
-#include "support/Log.h"
+#include "Rows.h"
+#include "core/BoundedMemory.h"
+#include "core/Numbers.h"
 
 #include <gmock/gmock.h>
 
 #include <cerrno>
-#include <string>
-#include <vector>
 
-namespace qz {
+namespace qz::test {
 namespace {
 
 using testing::ElementsAre;
-using testing::IsEmpty;
 
-constexpr int32_t kMin = INT32_MIN;
-constexpr int32_t kMax = INT32_MAX;
-
-TEST(Parsers, Coordinate) {
-    const struct {
-        const char* text;
-        int result;
-        std::vector<int32_t> out;
-    } rows[] = {
-        {"12,34", 0, {12, 34}}, {" -5, 6px", 0, {-5, 6}},
-        {"1,2,3", 0, {1, 2}},   {",5", 0, {0, 5}},
-        {"5,", 0, {5, 0}},      {"12 ,3", -1, {7, 8}},
-        {"12;34", -1, {7, 8}},  {"12", -1, {7, 8}},
-        {"", -1, {7, 8}},       {"3000000000,-3000000000", 0, {kMax, kMin}},
-    };
-    test::LogCapture log;
-    for (const auto& row : rows) {
-        std::vector<int32_t> out{7, 8};
-        EXPECT_EQ(parseCoodinate(row.text, out.data()), row.result) << row.text;
-        EXPECT_EQ(out, row.out) << row.text;
-        const test::LogLine failure{
-            ANDROID_LOG_ERROR, "CameraQzParam",
-            std::string("parseCoodinate(), Cannot find delimeter ',' in coordinate: ") + row.text};
-        EXPECT_EQ(log.take(), row.result == 0 ? std::vector<test::LogLine>{} : std::vector{failure});
+TEST(BoundedMemory, StaysWithinTheDestination) {
+    char dest[] = "......";
+    EXPECT_EQ(memset_s(dest, 4, 'x', 4), 0);
+    EXPECT_EQ(memset_s(dest, 4, 'y', 2), 0);
+    EXPECT_STREQ(dest, "yyxx..");
+    EXPECT_EQ(memcpy_s(dest, 4, "abcd", 4), 0);
+    EXPECT_EQ(memcpy_s(dest, 4, "zz", 1), 0);
+    EXPECT_NE(memset_s(dest, 4, 'y', 5), 0);
+    EXPECT_NE(memcpy_s(dest, 4, "vwxyz", 5), 0);
+    EXPECT_NE(memcpy_s(dest, 4, nullptr, 1), 0);
+    EXPECT_NE(memset_s(nullptr, 4, 'y', 1), 0);
+    EXPECT_NE(memcpy_s(nullptr, 4, "a", 1), 0);
+    EXPECT_STREQ(dest, "zbcd..");
+    EXPECT_EQ(snprintf_s(nullptr, 8, 8, "a"), -1);
+    EXPECT_EQ(snprintf_s(dest, 0, 0, "a"), -1);
+    EXPECT_STREQ(dest, "zbcd..");
+    for (const Row& row : rowsOf(R"(
+            1234567|8|7|1234567 12345678|8|-1|$ abc|3|3|abc abcd|3|-1|abc 123456789|3|-1|123
+            1234567|9|7|1234567 12345678|7|-1|1234567 a|0|-1|$)")) {
+        char eight[] = "????????$";
+        EXPECT_EQ(snprintf_s(eight, 8, std::stoul(row[1]), "%s", row[0].c_str()), std::stoi(row[2]))
+            << row[0];
+        EXPECT_EQ(eight[0] == '\0' ? "$" : eight, row[3]) << row[0];
+        EXPECT_EQ(eight[8], '$') << row[0];
     }
 }
 
-template <typename T>
-struct Tuple {
-    const char* text;
-    int result;
-    std::vector<T> out;  // from 7, 8, 9
-};
+TEST(Numbers, Have32Bits) {
+    for (const Row& row : rowsOf(R"(
+            7x|7|7 0x3|0|3 017|17|15 debug|0|0 -1|-1|4294967295 -2147483649|-2147483648|2147483647
+            2147483648|2147483647|2147483648 4294967296|2147483647|4294967295 -4294967295|-2147483648|1
+            -4294967296|-2147483648|4294967295 99999999999999999999|2147483647|4294967295)")) {
+        EXPECT_EQ(parseInt32(row[0].c_str()), std::stoll(row[1])) << row[0];
+        EXPECT_EQ(parseUint32(row[0].c_str()), std::stoll(row[2])) << row[0];
+    }
+    EXPECT_EQ(wrapMultiply(3000, 1000000), -1294967296);
+    EXPECT_EQ(wrapAdd(INT32_MAX, 1), INT32_MIN);
+    EXPECT_EQ(wrapDivide(INT32_MIN, -1), INT32_MIN);
+    EXPECT_EQ(wrapDivide(-7, 2), -3);
+    for (const Row& row : rowsOf(R"(
+            2.9|2 -2.9|-2 2147483647.5|2147483647 -2147483648.5|-2147483648 nan|0 inf|2147483647)")) {
+        EXPECT_EQ(truncateToInt32(std::stod(row[0])), std::stoi(row[1])) << row[0];
+    }
+}
 
-// errno is what an earlier conversion left.
+TEST(Parsers, Coordinate) {
+    LogCapture log;
+    for (const Row& row : rowsOf(R"(
+            12,34|0|12|34 -5,+6px|0|-5|6 1,2,3|0|1|2 ,5|0|0|5 5,|0|5|0 12;34|-1|7|8 12|-1|7|8
+            3000000000,-3000000000|0|2147483647|-2147483648)")) {
+        int32_t out[] = {7, 8};
+        EXPECT_EQ(parseCoodinate(row[0].c_str(), out), std::stoi(row[1])) << row[0];
+        EXPECT_THAT(out, ElementsAre(std::stoi(row[2]), std::stoi(row[3]))) << row[0];
+        const std::string line = "parseCoodinate(), Cannot find delimeter ',' in coordinate: " + row[0];
+        EXPECT_EQ(log.take(), lineOf(ANDROID_LOG_ERROR, "CameraQzParam", row[1] == "0" ? "" : line));
+    }
+}
+
+// Two numbers asked for; errno is what an earlier conversion left.
 template <typename T>
-void expectTuples(int (*parse)(const char*, T*, size_t), const std::vector<Tuple<T>>& rows) {
-    const test::LogCapture log;
-    for (const auto& row : rows) {
-        std::vector<T> out{7, 8, 9};
+void expectTuples(int (*parse)(const char*, T*, size_t), const char* table) {
+    for (const Row& row : rowsOf(table)) {
+        T out[] = {7, 8, 9};
         errno = ERANGE;
-        EXPECT_EQ(parse(row.text, out.data(), 2), row.result) << row.text;
-        EXPECT_EQ(out, row.out) << row.text;
+        EXPECT_EQ(parse(row[0].c_str(), out, 2), std::stoi(row[1])) << row[0];
+        EXPECT_THAT(out, ElementsAre(std::stod(row[2]), std::stod(row[3]), 9)) << row[0];
     }
 }
 
 TEST(Parsers, Tuples) {
-    expectTuples<int32_t>(parseIntTuples, {{"(1,2)", 0, {1, 2, 9}},
-                                           {"(1,2),(3,4)", 0, {3, 4, 9}},
-                                           {"see ( -1; +2", 0, {-1, 2, 9}},
-                                           {"(1(2,3)", 0, {2, 3, 9}},
-                                           {"(0x10,5)", 0, {0, 10, 9}},
-                                           {"(2147483647,-2147483648)", 0, {kMax, kMin, 9}},
-                                           {"", 0, {7, 8, 9}},
-                                           {"1,2)", 0, {7, 8, 9}},
-                                           {"(", -22, {7, 8, 9}},
-                                           {"((1,2)", -22, {7, 8, 9}},
-                                           {"(1", -22, {1, 8, 9}},
-                                           {"(1,x)", -22, {1, 8, 9}},
-                                           {"(1,2)(3,2147483648)", -22, {3, 2, 9}},
-                                           {"(1,2)(-2147483649,4)(5,6)", -22, {1, 2, 9}},
-                                           {"(1,99999999999999999999)", -22, {1, 8, 9}}});
-    expectTuples<float>(parseFloatTuples, {{"(1.5,2.5)", 0, {1.5F, 2.5F, 9}},
-                                           {"(1,2)(-3e2;.25)", 0, {-300, 0.25F, 9}},
-                                           {"0.98,1.02", 0, {7, 8, 9}},
-                                           {"(1.5)", -22, {1.5F, 8, 9}},
-                                           {"(1.5", -22, {1.5F, 8, 9}},
-                                           {"(on,1)", -22, {7, 8, 9}},
-                                           {"(1,1e39)", -22, {1, 8, 9}},
-                                           {"(1,1e-50)", -22, {1, 8, 9}}});
+    expectTuples(parseIntTuples, R"(
+        (1,2),(3,4)|0|3|4 see(-1;+2|0|-1|2 (1(2,3)|0|2|3 (0x10,5)|0|0|10 1,2)|0|7|8
+        (2147483647,-2147483648)|0|2147483647|-2147483648 (|-22|7|8 ((1,2)|-22|7|8 (1|-22|1|8 (1,x)|-22|1|8
+        (1,2)(3,2147483648)|-22|3|2 (-2147483649,4)(5,6)|-22|7|8)");
+    expectTuples(parseFloatTuples, R"(
+        (1.5,2.5)|0|1.5|2.5 (1,2)(-3e2;.25)|0|-300|0.25 0.98,1.02|0|7|8 (1.5)|-22|1.5|8 (1.5|-22|1.5|8
+        (on,1)|-22|7|8 (1,1e39)|-22|1|8 (1,1e-50)|-22|1|8)");
 }
 
+// Microseconds, and the rational: -7/-7 is untouched.
 TEST(Parsers, ExposureTimes) {
-    const struct {
-        const char* text;
-        int32_t microseconds;
-        std::vector<int32_t> rational;  // from -1, -1
-    } rows[] = {
-        {"1/8000", 125, {1, 8000}},
-        {"1/3", 333333, {1, 3}},
-        {"1/0", 0, {1, 0}},
-        {"1/", 0, {1, 0}},
-        {"/4", 0, {0, 4}},
-        {"-1/2", -500000, {-1, 2}},
-        {"1.5/2", 500000, {1, 2}},
-        {"1/2/4", 500000, {1, 2}},
-        {"3000/1", -1294967296, {3000, 1}},
-        {"33554432/-1", kMin, {33554432, -1}},
-        {"0.5", 500000, {5, 10}},
-        {"1.25", 1250000, {125, 100}},
-        {"0.05", 50000, {5, 100}},
-        {".5", 500000, {5, 10}},
-        {"-1.5", -1500000, {-5, 10}},
-        {"1.5s", 1500000, {15, 10}},
-        {"0.125", 125000, {-1, -1}},
-        {"1.", 1000000, {-1, -1}},
-        {"0.+5", 0, {-1, -1}},
-        {"1.9999999", 1999999, {-1, -1}},
-        {"3000.0", kMax, {30000, 10}},
-        {"-3000.0", kMin, {-30000, 10}},
-        {"300000000.5", kMax, {-1294967291, 10}},
-        {"nan.", 0, {-1, -1}},
-        {"2", 2000000, {2, 1}},
-        {"-3", -3000000, {-3, 1}},
-        {"3000", -1294967296, {3000, 1}},
-        {"2147483648", -1000000, {kMax, 1}},
-        {"auto", 0, {0, 1}},
-        {"", 0, {0, 1}},
-    };
-    for (const auto& row : rows) {
-        EXPECT_EQ(exposureTimeToMicroSecond(row.text), row.microseconds) << row.text;
-        camera_metadata_rational rational{-1, -1};
-        parseExposureRational(row.text, &rational);
-        EXPECT_THAT(row.rational, ElementsAre(rational.numerator, rational.denominator)) << row.text;
+    for (const Row& row : rowsOf(R"(
+            1/8000|125|1/8000 1/3|333333|1/3 1/0|0|1/0 /4|0|0/4 1.5/2|500000|1/2 1/2/4|500000|1/2
+            3000/1|-1294967296|3000/1 33554432/-1|-2147483648|33554432/-1 0.5|500000|5/10 1.25|1250000|125/100
+            0.05|50000|5/100 .5|500000|5/10 -1.5|-1500000|-5/10 1.5s|1500000|15/10 0.125|125000|-7/-7
+            1.|1000000|-7/-7 0.+5|0|-7/-7 1.9999999|1999999|-7/-7 3000.0|2147483647|30000/10
+            -3000.0|-2147483648|-30000/10 300000000.5|2147483647|-1294967291/10 nan.|0|-7/-7 2|2000000|2/1
+            214748364.9|2147483647|-2147483647/10 3000|-1294967296|3000/1 2147483648|-1000000|2147483647/1
+            auto|0|0/1)")) {
+        EXPECT_EQ(exposureTimeToMicroSecond(row[0].c_str()), std::stoi(row[1])) << row[0];
+        camera_metadata_rational out{-7, -7};
+        parseExposureRational(row[0].c_str(), &out);
+        EXPECT_EQ(std::to_string(out.numerator) + "/" + std::to_string(out.denominator), row[2]) << row[0];
     }
 }
 
 TEST(Parsers, MicrosecondsAsSeconds) {
-    const struct {
-        int32_t us;
-        const char* text;
-    } rows[] = {{250000, "1/4"},   {3000000, "3"},   {1500000, "1"}, {1000000, "1"},
-                {999999, "1/1"},   {1, "1/1000000"}, {0, "0"},       {-1, "1/-1000000"},
-                {-3, "1/-333333"}, {kMin, "1/0"},    {kMax, "2147"}};
-    test::LogCapture log;
+    LogCapture log;
     char text[32];
-    for (const auto& row : rows) {
-        microSecondToSecond(row.us, text, sizeof(text));
-        EXPECT_STREQ(text, row.text) << row.us;
-    }
-    microSecondToSecond(250000, text, 4);
-    EXPECT_STREQ(text, "1/4");
-    EXPECT_THAT(log.take(), IsEmpty());
-    const test::LogLine failure{ANDROID_LOG_ERROR, "CameraQzParam",
-                                "microSecondToSecond(), snprintf_s failed!"};
-    for (const int32_t us : {250000, 2000000000}) {
-        microSecondToSecond(us, text, 3);
+    for (const Row& row : rowsOf(R"(
+            250000|1/4 3000000|3 1500000|1 1000000|1 999999|1/1 1|1/1000000 0|0 -1|1/-1000000 -3|1/-333333
+            -2147483648|1/0 2147483647|2147)")) {
+        microSecondToSecond(std::stoi(row[0]), text, row[1].size() + 1);
+        EXPECT_EQ(text, row[1]) << row[0];
+        EXPECT_EQ(log.take(), lineOf(0, "", ""));
+        microSecondToSecond(std::stoi(row[0]), text, row[1].size());
         EXPECT_STREQ(text, "");
-        EXPECT_THAT(log.take(), ElementsAre(failure));
+        EXPECT_EQ(log.take(),
+                  lineOf(ANDROID_LOG_ERROR, "CameraQzParam", "microSecondToSecond(), snprintf_s failed!"));
     }
 }
 
 }  // namespace
-}  // namespace qz
+}  // namespace qz::test

@@ -9,23 +9,19 @@ namespace qz {
 
 struct TestPeer {
     static constexpr auto extParam = &CCameraQzParam::mExtParam;
-    static constexpr auto burstCapture = &CCameraQzParam::mBurstCapture;
     static constexpr auto professional = &CCameraQzParam::mProfessionalMode;
     static constexpr auto superResPicSizes = &CCameraQzParam::mSuperResPicSizes;
     static constexpr auto subPicSizes = &CCameraQzParam::mSubPicSizes;
     static constexpr auto otpTestResult = &CCameraQzParam::mOtpTestResult;
     static constexpr auto lightPainting = &CCameraQzParam::mLightPaintingMode;
-    static constexpr auto callBackFlag = &CCameraQzParam::mCallBackFlag;
     static constexpr auto exposureTime = &CCameraQzParam::mSensorExposureTime;
     static constexpr auto isQzCamera = &CCameraQzParam::mIsQzCamera;
     static constexpr auto requireVideoStatus = &CCameraQzParam::mRequireVideoStatus;
-    static constexpr auto recording = &CCameraQzParam::mRecording;
     static constexpr auto preShutterSupported = &CCameraQzParam::mPreShutterSupported;
     static constexpr auto preShutterDone = &CCameraQzParam::mPreShutterDone;
     static constexpr auto panorama2D = &CCameraQzParam::mPanorama2DMode;
-    static constexpr auto clientName = &CCameraQzParam::mClientName;
 
-    // Every member behind the interface pointer, in the order of declaration, texts by their length.
+    // Every member behind the interface pointer, in the order of declaration.
     static auto state(const CCameraQzParam& p) {
         return std::make_tuple(
             p.mBurstCapture, p.mImagePostProcess, p.mAllFocusMode, p.mProfessionalMode.get(),

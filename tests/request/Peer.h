@@ -1,69 +1,64 @@
-// The way to the translator's setters and to the state that they leave, and the table of those setters.
+// The way to the translator's setters and to the state that they leave.
 #pragma once
 
 #include "CCameraQzParam.h"
 
-#include <cstdint>
 #include <initializer_list>
 #include <map>
+#include <sstream>
 #include <string>
-#include <vector>
 
 namespace qz {
 
-namespace test {
-
-// A text that an application may set, and the elements that the request then holds: none where nothing is
-// written. Doubles hold the elements of every type exactly.
-struct Word {
-    constexpr Word() = default;
-    constexpr Word(const char* word, std::initializer_list<double> values)
-        : text(word), count(values.size()) {
-        double* to = elements;
-        for (const double value : values) *to++ = value;
-    }
-    std::vector<double> values() const { return {elements, elements + count}; }
-
-    const char* text = nullptr;
-    size_t count = 0;
-    double elements[8] = {};
-};
-
-// How a text becomes an entry. The last word is the one that no vocabulary knows, or a number that shows
-// whether a text prints it signed.
-struct Words {
-    int type;
-    Word words[5];
-};
-
-// A setter of one key and one tag. The texts are as the setter has them: its name, then the key's text for
-// %s, the elements for the numbers, and the status for the last number of a failure.
-struct Row {
-    const char* name;
-    status_t (CCameraQzParam::*setter)(android::CameraMetadata*);
-    const char* key = nullptr;  // null for a setter that follows no pattern: it has a test of its own
-    const char* tag = nullptr;
-    Words words = {};
-    const char* failure = nullptr;
-    const char* info = nullptr;
-};
-
-}  // namespace test
-
 struct TestPeer {
-    static const test::Row kRows[];
-    static std::vector<test::Row> rows();
+    using C = CCameraQzParam;
+    using Setter = status_t (C::*)(android::CameraMetadata*);
 
-    static status_t call(CCameraQzParam& translator, const std::string& setter,
-                         android::CameraMetadata* request) {
-        for (const test::Row& row : rows()) {
-            if (setter == row.name) return (translator.*row.setter)(request);
-        }
-        return INT32_MIN;
+    // All 111 by name.
+    static const std::map<std::string, Setter>& setters() {
+#define NAMED(...) named(#__VA_ARGS__, {__VA_ARGS__})
+        static const auto all = NAMED(
+            &C::setIso, &C::setContrast, &C::setSaturation, &C::setBrightness, &C::setZslMode,
+            &C::setSharpness, &C::setMeteringMode, &C::setBurstInterval, &C::setStopBurst,
+            &C::setCaptureExposureBracketing, &C::setFaceOrientation, &C::setFaceDetection,
+            &C::setSmileDetection, &C::setBlinkDetection, &C::setFaceBeauty, &C::setFaceMeiwo,
+            &C::setImageProcessMode, &C::setFaceBeautyLevel, &C::setImageDenoise, &C::setScopeMode,
+            &C::setBestShotMode, &C::setChatFaceBeauty, &C::setTargetTrackingMode, &C::setTargetTrackingCoord,
+            &C::setHdrMovieMode, &C::setCaptureMirrorMode, &C::setMagnifierStep, &C::setpanoramaMode,
+            &C::setpanorama2DCap, &C::setpanorama2DIndex, &C::setManualFocusMode, &C::setManualFocusStep,
+            &C::setMirrorMode, &C::setMirrorPoint, &C::setColorEffect, &C::setExposureTime,
+            &C::setMMICameraPdafVerify, &C::setDualCameraVerify, &C::setMMIAFCVerify,
+            &C::setMMIOisVcmCalibVerify, &C::setMMILaserCalibration, &C::setMmiEnable, &C::setMmiIVPEnable,
+            &C::setVcmAgingEnable, &C::setMMIAFTestMode, &C::setEquipMMIAFTestMode, &C::setMmiGammaMode,
+            &C::setMmiRawRegion, &C::setMmiSubRawRegion, &C::setHdcCalib, &C::setMmiCaptureDualMode,
+            &C::setOisEnable, &C::setOisMagnetismCheck, &C::setOisRunning, &C::setOisCheck,
+            &C::setOisDegreeMode, &C::setExposureMode, &C::setExposureTryAe, &C::setRelayoutMode,
+            &C::setManualIso, &C::setManualExposure, &C::setSensorWb, &C::setSensorIso,
+            &C::setProfessionalMode, &C::setExposureHintMode, &C::setDynamicIsoRange, &C::setProFocusMode,
+            &C::setFocusAssistFlashMode, &C::setDarkRaiderModeEnable, &C::setExtSceneMode, &C::setFocusAreas,
+            &C::setMeteringAreas, &C::setRotation, &C::setSubPictureSize, &C::setPostJpegFileName,
+            &C::setRawImgSaveSwitch, &C::setRawImgPathName, &C::setApertureMode, &C::setApertureValue,
+            &C::setFastSnapshotMode, &C::setRecordingHint, &C::setDualFlashMode, &C::setDualFlashCurrentIndex,
+            &C::setDualFlashPictureIndex, &C::setAllFocuseMode, &C::setNiceFood, &C::setQzcameraFlag,
+            &C::setPrepareCaptureFlag, &C::setQzVideoFPS, &C::setFocusMeteringSeparation,
+            &C::setFrontFlashLevel, &C::setManualFlash, &C::setColorEffectLevel, &C::setMakeUpEffect,
+            &C::setFaceMakeUp, &C::setColorMode, &C::setDmWaterMarkMode, &C::setpanorama2DMode,
+            &C::setpanorama2DTinySize, &C::setDualPrimaryMode, &C::setMMILowLightSensor, &C::setOisOTParam,
+            &C::setQzExposureCompValue, &C::setSensorExposureTime, &C::setZoom, &C::setJpegThumbnailSize,
+            &C::setJpegQuality, &C::setPictureSize, &C::resetSubCropRegion, &C::setFaceBeautyForChat,
+            &C::resetVideoStabilization);
+#undef NAMED
+        return all;
+    }
+
+    // One of them, or the whole pass.
+    static status_t call(C& of, const std::string& setter, android::CameraMetadata* request) {
+        return setter == "paramToMetaData" ? of.paramToMetaData(request)
+                                           : (of.*setters().at(setter))(request);
     }
 
     // What setters store.
-    static std::map<std::string, int> state(const CCameraQzParam& of) {
+    static std::map<std::string, int> state(const C& of) {
         return {{"mBurstCapture", of.mBurstCapture},
                 {"mImagePostProcess", of.mImagePostProcess},
                 {"mAllFocusMode", of.mAllFocusMode},
@@ -75,31 +70,21 @@ struct TestPeer {
                 {"mPanorama2DMode", of.mPanorama2DMode}};
     }
 
-    // What others store there, in the order of declaration; the lengths of texts.
-    static std::vector<int64_t> foreignState(const CCameraQzParam& of) {
-        const auto length = [](const auto& text) { return static_cast<int64_t>(text.size()); };
-        return {length(of.mSuperResPicSizes),
-                length(of.mSubPicSizes),
-                of.mLcdCompensate.get(),
-                of.mOtpTestResult.get(),
-                of.mFocusVcmValue.get(),
-                of.mFocusContrastValue.get(),
-                of.mInsertPreviewCount,
-                of.mVideoCallbackSupported,
-                of.mHighVideoCallbackThreshold,
-                of.mCallBackFlag,
-                of.mFwkZslSupported,
-                of.mRequireVideoStatus,
-                of.mRecording,
-                of.mPreShutterSupported,
-                of.mPreShutterDone,
-                of.mMaxQuickThumbnailSize,
-                of.mSlowJpegModeThreshold,
-                length(of.mClientName)};
-    }
+    static void setLightPainting(C& of, uint8_t mode) { of.mLightPaintingMode = mode; }
+    static void setQzCamera(C& of, bool is) { of.mIsQzCamera = is; }
 
-    static void setLightPainting(CCameraQzParam& in, uint8_t mode) { in.mLightPaintingMode = mode; }
-    static void setQzCamera(CCameraQzParam& in, bool is) { in.mIsQzCamera = is; }
+  private:
+    // "&C::setIso, &C::setContrast" and the same as pointers.
+    static std::map<std::string, Setter> named(const char* list, std::initializer_list<Setter> setters) {
+        std::map<std::string, Setter> all;
+        std::istringstream names(list);
+        for (const Setter setter : setters) {
+            std::string name;
+            names >> name;
+            all[name.substr(4, name.find(',') - 4)] = setter;
+        }
+        return all;
+    }
 };
 
 }  // namespace qz

@@ -51,9 +51,7 @@ std::vector<Parameter> allParameters(const android::CameraParameters2& parameter
     const android::String8 flattened = parameters.flatten();
     for (const std::string_view pair : split({flattened.c_str(), flattened.length()}, ';')) {
         const size_t equals = pair.find('=');
-        if (equals == std::string_view::npos) {
-            continue;
-        }
+        if (equals == std::string_view::npos) continue;
         all.push_back({std::string(pair.substr(0, equals)), std::string(pair.substr(equals + 1))});
     }
     return all;

@@ -31,9 +31,7 @@ class DescriptorInPlace {
 
 // A name that no section matches stands in the resolver's log line between the last two quotes.
 std::string nameInLogLine(const LogEvent& line) {
-    if (line.tag != "QzName2Tag" || line.text.find("find section for tag '") == std::string::npos) {
-        return {};
-    }
+    if (line.tag != "QzName2Tag" || line.text.find("find section for tag '") == std::string::npos) return {};
     const size_t end = line.text.rfind('\'');
     const size_t begin = line.text.rfind('\'', end - 1) + 1;
     return line.text.substr(begin, end - begin);
@@ -51,9 +49,7 @@ CapabilityNames lookUpCapabilityNames() {
     std::set<std::string> seen;
     const LogListener listener([&](const LogEvent& line) {
         std::string name = nameInLogLine(line);
-        if (!name.empty() && seen.insert(name).second) {
-            names.all.push_back(std::move(name));
-        }
+        if (!name.empty() && seen.insert(name).second) names.all.push_back(std::move(name));
     });
     const android::CameraMetadata nothing;
     Camera camera(0, nothing, [](Message&&) {});

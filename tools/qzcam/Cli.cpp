@@ -19,7 +19,8 @@ std::string sessionHelp() {
         const std::string form = fmt::format("{} {}", spec.name, spec.arguments);
         // A form too long for its column has its help on the next line.
         const char* gap = form.size() > 37 ? "\n" : "";
-        help += fmt::format("  {}{}{:<{}} {}\n", form, gap, "", *gap ? 39 : 37 - form.size(), spec.help);
+        help +=
+            fmt::format("  {}{}{:<{}} {}\n", form, gap, "", *gap != '\0' ? 39 : 37 - form.size(), spec.help);
     }
     help += "\nQuestions for 'query' and 'expect-query':\n";
     for (const QuerySpec& spec : querySpecs()) {

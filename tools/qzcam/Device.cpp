@@ -18,18 +18,14 @@ struct DeviceTags : vendor_tag_ops_t {
     explicit DeviceTags(const Device& device) : vendor_tag_ops_t() {
         get_tag_count = [](const vendor_tag_ops_t* ops) { return static_cast<int>(self(ops).byId.size()); };
         get_all_tags = [](const vendor_tag_ops_t* ops, uint32_t* ids) {
-            for (const auto& [id, tag] : self(ops).byId) {
-                *ids++ = id;
-            }
+            for (const auto& [id, tag] : self(ops).byId) *ids++ = id;
         };
         get_section_name = [](const vendor_tag_ops_t* ops, uint32_t id) {
             return tag(ops, id).section.c_str();
         };
         get_tag_name = [](const vendor_tag_ops_t* ops, uint32_t id) { return tag(ops, id).name.c_str(); };
         get_tag_type = [](const vendor_tag_ops_t* ops, uint32_t id) { return int{tag(ops, id).type}; };
-        for (const Tag& tag : device.vendorTags) {
-            byId.emplace(tag.id, &tag);
-        }
+        for (const Tag& tag : device.vendorTags) byId.emplace(tag.id, &tag);
     }
     static const DeviceTags& self(const vendor_tag_ops_t* ops) {
         return *static_cast<const DeviceTags*>(ops);
@@ -42,25 +38,19 @@ struct DeviceTags : vendor_tag_ops_t {
 }  // namespace
 
 TagNames::TagNames(const std::vector<Tag>& vendorTags) {
-    for (const Tag& tag : vendorTags) {
-        add(tag);
-    }
+    for (const Tag& tag : vendorTags) add(tag);
     for (size_t section = 0; section < ANDROID_SECTION_COUNT; ++section) {
         const auto& bounds = camera_metadata_section_bounds[section];
         for (uint32_t id = bounds[0]; id < bounds[1]; ++id) {
             const auto* tag = qz::host::findStandardTag(id);
-            if (tag) {
-                add({id, tag->type, camera_metadata_section_names[section], tag->name});
-            }
+            if (tag) add({id, tag->type, camera_metadata_section_names[section], tag->name});
         }
     }
 }
 
 void TagNames::add(const Tag& tag) {
     const auto [place, isNew] = mByFullName.emplace(tag.fullName(), tag);
-    if (!isNew) {
-        return;
-    }
+    if (!isNew) return;
     mByName.emplace(tag.name, &place->second);
     mById.emplace(tag.id, &place->second);
 }
@@ -71,16 +61,10 @@ const Tag* TagNames::find(const std::string& fullName) const {
 }
 
 std::variant<const Tag*, std::string> TagNames::resolve(const std::string& name) const {
-    if (const Tag* tag = find(name)) {
-        return tag;
-    }
+    if (const Tag* tag = find(name)) return tag;
     const auto [begin, end] = mByName.equal_range(name);
-    if (begin == end) {
-        return fmt::format("unknown tag '{}'", name);
-    }
-    if (std::next(begin) == end) {
-        return begin->second;
-    }
+    if (begin == end) return fmt::format("unknown tag '{}'", name);
+    if (std::next(begin) == end) return begin->second;
     std::vector<std::string> candidates;
     std::transform(begin, end, std::back_inserter(candidates),
                    [](const auto& item) { return item.second->fullName(); });
@@ -104,9 +88,7 @@ void installVendorTags(const Device& device) {
 
 android::CameraMetadata staticCharacteristics(const Device& device) {
     android::CameraMetadata metadata;
-    for (const StaticEntry& entry : device.entries) {
-        update(metadata, entry.tag, entry.values);
-    }
+    for (const StaticEntry& entry : device.entries) update(metadata, entry.tag, entry.values);
     return metadata;
 }
 

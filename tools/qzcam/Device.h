@@ -52,7 +52,7 @@ class TagNames {
 };
 
 struct StaticEntry {
-    uint32_t tag;
+    uint32_t tag = 0;
     Values values;
 };
 

@@ -44,13 +44,9 @@ class DeviceBuilder {
 };
 
 Device DeviceBuilder::build() {
-    for (const RawVendorTag& raw : mDump.vendorTags) {
-        addVendorTag(raw);
-    }
+    for (const RawVendorTag& raw : mDump.vendorTags) addVendorTag(raw);
     mNames = std::make_unique<TagNames>(mDevice.vendorTags);
-    for (const RawEntry& raw : mDump.entries) {
-        addEntry(raw);
-    }
+    for (const RawEntry& raw : mDump.entries) addEntry(raw);
     return std::move(mDevice);
 }
 
@@ -58,12 +54,8 @@ Device DeviceBuilder::build() {
 // only sees names, and the second one gets another number.
 void DeviceBuilder::addVendorTag(const RawVendorTag& raw) {
     Tag tag{raw.id, raw.type, std::string(raw.section), std::string(raw.name)};
-    if (!mVendorNames.insert(tag.fullName()).second) {
-        return passOver("repeated vendor tags");
-    }
-    if (mVendorIds.count(tag.id) != 0) {
-        tag.id = freeId();
-    }
+    if (!mVendorNames.insert(tag.fullName()).second) return passOver("repeated vendor tags");
+    if (mVendorIds.count(tag.id) != 0) tag.id = freeId();
     mVendorIds.insert(tag.id);
     mDevice.vendorTags.push_back(std::move(tag));
 }
@@ -71,44 +63,32 @@ void DeviceBuilder::addVendorTag(const RawVendorTag& raw) {
 // The highest number counts as "no tag".
 uint32_t DeviceBuilder::freeId() {
     uint32_t id = *mVendorIds.rbegin() < 0xFFFFFFFEU ? *mVendorIds.rbegin() + 1 : 0x80000000U;
-    while (mVendorIds.count(id) != 0) {
-        ++id;
-    }
+    while (mVendorIds.count(id) != 0) ++id;
     return id;
 }
 
 // Old platforms print vendor entries without their names.
 const Tag* DeviceBuilder::tagOf(const RawEntry& raw, const TagNames& names) const {
-    if (raw.name == "unknownSection.unknownTag") {
-        return names.find(names.nameOf(raw.id));
-    }
+    if (raw.name == "unknownSection.unknownTag") return names.find(names.nameOf(raw.id));
     return names.find(std::string(raw.name));
 }
 
 void DeviceBuilder::addEntry(const RawEntry& raw) {
     const Tag* tag = tagOf(raw, *mNames);
-    if (!tag) {
-        return passOver("entries of unknown tags");
-    }
+    if (!tag) return passOver("entries of unknown tags");
     if (raw.type != camera_metadata_type_names[tag->type]) {
         return passOver("entries of another type than their tag's");
     }
-    auto values = readValues(raw, tag->id, tag->type);
-    if (values) {
-        mDevice.entries.push_back({tag->id, std::move(*values)});
-    }
+    auto values = raw.broken ? std::nullopt : readValues(raw, tag->id, tag->type);
+    if (values) mDevice.entries.push_back({tag->id, std::move(*values)});
 }
 
 std::optional<Values> DeviceBuilder::readValues(const RawEntry& raw, uint32_t tag, uint8_t type) {
     Values values{type, 0, {}};
     for (const auto& line : raw.values) {
-        if (!readLine(line, raw, tag, values)) {
-            return std::nullopt;
-        }
+        if (!readLine(line, raw, tag, values)) return std::nullopt;
     }
-    if (values.count == raw.count) {
-        return values;
-    }
+    if (values.count == raw.count) return values;
     if (values.count != kShownOfCutList) {
         mProblems.add(raw.line,
                       fmt::format("expected {} values of {}, not {}", raw.count, raw.name, values.count));
@@ -131,9 +111,7 @@ bool DeviceBuilder::readLine(const RawEntry::ValueLine& line, const RawEntry& ra
             mProblems.add(line.line, fmt::format("expected '(n / d)', not {}", excerpt(rest)));
             return false;
         }
-        if (!readElement(element, line.line, tag, values)) {
-            return false;
-        }
+        if (!readElement(element, line.line, tag, values)) return false;
     }
     return true;
 }
@@ -146,18 +124,14 @@ bool DeviceBuilder::takeElement(std::string_view& rest, std::string_view& elemen
     }
     rest = trimmed(rest);
     const size_t end = rest.find(')');
-    if (rest.front() != '(' || end == std::string_view::npos) {
-        return false;
-    }
+    if (rest.front() != '(' || end == std::string_view::npos) return false;
     element = rest.substr(1, end - 1);
     rest.remove_prefix(end + 1);
     return true;
 }
 
 bool DeviceBuilder::readElement(std::string_view text, size_t line, uint32_t tag, Values& values) {
-    if (appendElement(values, tag, text)) {
-        return true;
-    }
+    if (appendElement(values, tag, text)) return true;
     const bool isName =
         text.find_first_not_of("ABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789_") == std::string_view::npos &&
         text.find_first_not_of("0123456789") != std::string_view::npos;

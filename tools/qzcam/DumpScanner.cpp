@@ -14,58 +14,48 @@ namespace {
 std::optional<uint32_t> takeNumber(std::string_view& text, std::string_view end,
                                    std::string_view prefix = "") {
     const size_t stop = text.find(end);
-    if (stop == std::string_view::npos) {
-        return std::nullopt;
-    }
+    if (stop == std::string_view::npos) return std::nullopt;
     const auto number = parseInteger(std::string(prefix) + std::string(text.substr(0, stop)));
     text.remove_prefix(stop + end.size());
-    if (!number || *number < 0 || *number > std::numeric_limits<uint32_t>::max()) {
-        return std::nullopt;
-    }
+    if (!number || *number < 0 || *number > std::numeric_limits<uint32_t>::max()) return std::nullopt;
     return static_cast<uint32_t>(*number);
 }
 
 std::optional<std::string_view> takeUntil(std::string_view& text, std::string_view end) {
     const size_t stop = text.find(end);
-    if (stop == std::string_view::npos) {
-        return std::nullopt;
-    }
+    if (stop == std::string_view::npos) return std::nullopt;
     const std::string_view taken = text.substr(0, stop);
     text.remove_prefix(stop + end.size());
     return taken;
 }
 
+// What is printed later must not play with the terminal.
+bool isPlain(std::string_view name) {
+    return !name.empty() &&
+           std::all_of(name.begin(), name.end(), [](char c) { return c >= ' ' && c <= '~'; });
+}
+
 // "0x80000000 (iso) with type 0 (byte) defined in section com.ambrix.capture.metadata"
 std::optional<RawVendorTag> parseVendorTag(std::string_view body) {
     const auto id = takeNumber(body, " (");
-    if (!id) {
-        return std::nullopt;
-    }
+    if (!id) return std::nullopt;
     const auto name = takeUntil(body, ") with type ");
-    if (!name) {
-        return std::nullopt;
-    }
+    if (!name) return std::nullopt;
     const auto type = takeNumber(body, " (");
     const auto typeName = takeUntil(body, ") defined in section ");
-    if (!type || !typeName || *type > UINT8_MAX || name->empty() || body.empty()) {
-        return std::nullopt;
-    }
+    if (!type || !typeName || *type > UINT8_MAX || !isPlain(*name) || !isPlain(body)) return std::nullopt;
     return RawVendorTag{0, *id, static_cast<uint8_t>(*type), body, *name};
 }
 
 // "android.control.aeCompensationStep (10016): rational[1]"
 std::optional<RawEntry> parseEntry(std::string_view body) {
     const auto name = takeUntil(body, " (");
-    if (!name || name->empty()) {
-        return std::nullopt;
-    }
+    if (!name || name->empty()) return std::nullopt;
     const auto id = takeNumber(body, "): ", "0x");
     const auto type = takeUntil(body, "[");
     const auto count = takeNumber(body, "]");
-    if (!id || !type || !count || !body.empty()) {
-        return std::nullopt;
-    }
-    return RawEntry{0, *name, *id, *type, *count, {}};
+    if (!id || !type || !count || !body.empty()) return std::nullopt;
+    return RawEntry{0, *name, *id, *type, *count, {}, false};
 }
 
 // The camera that a section's title names, in the spellings of old and new platforms:
@@ -73,19 +63,13 @@ std::optional<RawEntry> parseEntry(std::string_view body) {
 //     Camera device 0 static information
 //     Camera 0 information
 std::optional<std::string_view> cameraOfTitle(std::string_view title) {
-    if (!startsWith(title, "Camera ") || !endsWith(title, " information")) {
-        return std::nullopt;
-    }
+    if (!startsWith(title, "Camera ") || !endsWith(title, " information")) return std::nullopt;
     title = trimmed(title.substr(0, title.rfind(' ')));
-    if (endsWith(title, " static")) {
-        title = trimmed(title.substr(0, title.rfind(' ')));
-    }
-    if (endsWith(title, ")")) {
-        title = trimmed(title.substr(0, title.rfind('(')));
-    }
+    if (endsWith(title, " static")) title = trimmed(title.substr(0, title.rfind(' ')));
+    if (endsWith(title, ")")) title = trimmed(title.substr(0, title.rfind('(')));
     const std::string_view name = title.substr(title.rfind(' ') + 1);
     const bool hasNumber = name.find_first_of("0123456789") != std::string_view::npos;
-    return hasNumber ? std::optional(name) : std::nullopt;
+    return hasNumber && isPlain(name) ? std::optional(name) : std::nullopt;
 }
 
 bool isCamera(std::string_view name, std::string_view wanted) {
@@ -95,12 +79,8 @@ bool isCamera(std::string_view name, std::string_view wanted) {
 // "== Title: ==" without its frame
 std::string_view titleOf(std::string_view body) {
     const auto isFrame = [](char c) { return c == '=' || c == ' ' || c == ':'; };
-    while (!body.empty() && isFrame(body.front())) {
-        body.remove_prefix(1);
-    }
-    while (!body.empty() && isFrame(body.back())) {
-        body.remove_suffix(1);
-    }
+    while (!body.empty() && isFrame(body.front())) body.remove_prefix(1);
+    while (!body.empty() && isFrame(body.back())) body.remove_suffix(1);
     return body;
 }
 
@@ -113,13 +93,14 @@ class DumpScanner {
     void end();
 
   private:
-    enum class Region { Other, Vendor, Camera, Array };
+    enum class Region { Other, Vendor, Array };
 
     bool title(std::string_view body);
     bool framedTitle(std::string_view title);
     void openCamera(std::string_view name);
     void openVendor(std::string_view body);
     void openArray(std::string_view body);
+    void enter(Region region, size_t announced = 0);
     void vendorLine(std::string_view body);
     void arrayLine(std::string_view body);
     void valueLine(std::string_view body);
@@ -130,51 +111,43 @@ class DumpScanner {
     RawDump& mDump;
     Problems& mProblems;
     Region mRegion = Region::Other;
-    size_t mNumber = 0;       // of the line
-    size_t mIndent = 0;       // of the line
-    size_t mArrayIndent = 0;  // of the array's title
-    bool mArrayRead = false;
-    size_t mAnnounced = 0;  // entries or tags that the current list should have
-    size_t mListStart = 0;  // how many there were before it
+    size_t mNumber = 0;        // of the line
+    size_t mIndent = 0;        // of the line
+    size_t mArrayIndent = 0;   // of the array's title
+    bool mWantsArray = false;  // of the chosen camera
+    bool mInEntry = false;     // what value lines belong to
+    size_t mAnnounced = 0;     // entries or tags that the current list says it has
+    size_t mSeen = 0;          // that it has
 };
 
 void DumpScanner::line(size_t number, std::string_view text) {
     const std::string_view body = trimmed(text);
-    if (body.empty()) {
-        return;
-    }
+    if (body.empty()) return;
     mNumber = number;
     mIndent = static_cast<size_t>(body.data() - text.data());
-    if (title(body)) {
-        return;
-    }
-    if (mRegion == Region::Vendor) {
-        return vendorLine(body);
-    }
-    if (mRegion == Region::Array) {
-        return arrayLine(body);
-    }
+    if (title(body)) return;
+    if (mRegion == Region::Vendor) return vendorLine(body);
+    if (mRegion == Region::Array) return arrayLine(body);
 }
 
-// A dump that was cut says itself how much it should hold.
-void DumpScanner::end() {
-    const size_t total = mRegion == Region::Array ? mDump.entries.size() : mDump.vendorTags.size();
-    const bool inList = mRegion == Region::Array || mRegion == Region::Vendor;
-    if (inList && total - mListStart < mAnnounced) {
-        mProblems.add(mNumber, fmt::format("the dump ends after {} of {} {}", total - mListStart, mAnnounced,
+void DumpScanner::end() { enter(Region::Other); }
+
+// Lists say themselves how much they hold, so that one that was cut shows.
+void DumpScanner::enter(Region region, size_t announced) {
+    if (mSeen < mAnnounced) {
+        mProblems.add(mNumber, fmt::format("the list ends here with {} of {} {}", mSeen, mAnnounced,
                                            mRegion == Region::Array ? "entries" : "vendor tags"));
     }
+    mRegion = region;
+    mAnnounced = announced;
+    mSeen = 0;
 }
 
 bool DumpScanner::title(std::string_view body) {
-    if (startsWith(body, "==")) {
-        return framedTitle(titleOf(body));
-    }
+    if (startsWith(body, "==")) return framedTitle(titleOf(body));
     if (startsWith(body, "Camera ")) {
         const auto camera = cameraOfTitle(titleOf(body));
-        if (camera) {
-            openCamera(*camera);
-        }
+        if (camera) openCamera(*camera);
         return camera.has_value();
     }
     if (startsWith(body, "Dumping configured vendor tag") || startsWith(body, "Dumping vendor tag") ||
@@ -195,7 +168,8 @@ bool DumpScanner::framedTitle(std::string_view title) {
     } else if (startsWith(title, "Vendor tag")) {
         openVendor(title);
     } else {
-        mRegion = Region::Other;
+        enter(Region::Other);
+        mWantsArray = false;
         passOver("other sections");
     }
     return true;
@@ -204,7 +178,8 @@ bool DumpScanner::framedTitle(std::string_view title) {
 void DumpScanner::openCamera(std::string_view name) {
     mDump.cameras.push_back(name);
     const bool chosen = mDump.camera.empty() && (mWanted.empty() || isCamera(name, mWanted));
-    mRegion = chosen ? Region::Camera : Region::Other;
+    enter(Region::Other);
+    mWantsArray = chosen;
     if (chosen) {
         mDump.camera = name;
     } else {
@@ -213,67 +188,55 @@ void DumpScanner::openCamera(std::string_view name) {
 }
 
 void DumpScanner::openVendor(std::string_view body) {
-    mRegion = Region::Vendor;
-    mListStart = mDump.vendorTags.size();
     takeUntil(body, ": ");
-    mAnnounced = takeNumber(body, " entries").value_or(0);
+    enter(Region::Vendor, takeNumber(body, " entries").value_or(0));
 }
 
 void DumpScanner::openArray(std::string_view body) {
-    if (mRegion != Region::Camera || mArrayRead) {
-        mRegion = Region::Other;
+    if (!mWantsArray) {
+        enter(Region::Other);
         return passOver("other metadata arrays");
     }
-    mRegion = Region::Array;
-    mArrayRead = true;
-    mArrayIndent = mIndent;
-    mListStart = mDump.entries.size();
     takeUntil(body, ": ");
-    mAnnounced = takeNumber(body, " /").value_or(0);
+    enter(Region::Array, takeNumber(body, " /").value_or(0));
+    mArrayIndent = mIndent;
+    mWantsArray = false;
+    mInEntry = false;
 }
 
 void DumpScanner::vendorLine(std::string_view body) {
     const bool isTag = startsWith(body, "0x") || body.find(" defined in section ") != std::string_view::npos;
-    if (!isTag) {
-        return;
-    }
+    if (!isTag) return;
+    ++mSeen;
     auto tag = parseVendorTag(body);
-    if (!tag) {
-        return problem("'0xTAG (NAME) with type N (TYPE) defined in section SECTION'", body);
-    }
+    if (!tag) return problem("'0xTAG (NAME) with type N (TYPE) defined in section SECTION'", body);
     if (tag->id < CAMERA_METADATA_VENDOR_TAG_BOUNDARY) {
         return problem("a vendor tag, 0x80000000 or above,", body);
     }
-    if (tag->type >= NUM_TYPES) {
-        return passOver("vendor tags of unknown type");
-    }
+    if (tag->type >= NUM_TYPES) return passOver("vendor tags of unknown type");
     tag->line = mNumber;
     mDump.vendorTags.push_back(*tag);
     mDump.hasVendorTags = true;
 }
 
 void DumpScanner::arrayLine(std::string_view body) {
-    if (body.front() == '[') {
-        return valueLine(body);
-    }
-    if (startsWith(body, "Version:")) {
-        return;
-    }
-    if (auto entry = parseEntry(body)) {
-        entry->line = mNumber;
-        mDump.entries.push_back(std::move(*entry));
-    } else if (mIndent <= mArrayIndent) {
-        mRegion = Region::Other;
-    } else {
-        problem("'section.name (tag): type[count]' or '[values ]'", body);
-    }
+    if (body.front() == '[') return valueLine(body);
+    if (startsWith(body, "Version:")) return;
+    auto entry = parseEntry(body);
+    if (!entry && mIndent <= mArrayIndent) return enter(Region::Other);
+    ++mSeen;
+    mInEntry = entry.has_value();
+    if (!entry) return problem("'section.name (tag): type[count]' or '[values ]'", body);
+    entry->line = mNumber;
+    mDump.entries.push_back(std::move(*entry));
 }
 
 void DumpScanner::valueLine(std::string_view body) {
-    if (mDump.entries.size() == mListStart) {
-        return problem("an entry before its values,", body);
+    if (!mInEntry) {  // behind a broken entry, which has been reported
+        return mSeen == 0 ? problem("an entry before its values,", body) : void();
     }
     if (!endsWith(body, "]")) {
+        mDump.entries.back().broken = true;
         return problem("']' at the end of the values,", body);
     }
     mDump.entries.back().values.push_back({mNumber, body.substr(1, body.size() - 2)});
@@ -289,9 +252,7 @@ RawDump scanDump(std::string_view text, std::string_view camera, Problems& probl
     RawDump dump;
     DumpScanner scanner(camera, dump, problems);
     Lines lines(text);
-    for (std::string_view line; lines.next(line);) {
-        scanner.line(lines.number(), line);
-    }
+    for (std::string_view line; lines.next(line);) scanner.line(lines.number(), line);
     scanner.end();
     return dump;
 }

@@ -37,6 +37,7 @@ struct RawEntry {
     std::string_view type;
     size_t count;
     std::vector<ValueLine> values;
+    bool broken = false;  // one of its value lines is, and has been reported
 };
 
 struct RawDump {

@@ -24,20 +24,18 @@ std::string textFrom(const Command& command, size_t first) {
 
 Finding expectParam(const Command& command, PlayState& state) {
     const char* value = state.camera->parameters().get(command.word(0).c_str());
-    const bool met = value && command.word(1) == value;
+    const bool met = value != nullptr && command.word(1) == value;
     return {met, excerpt(command.word(1)), value ? excerpt(value) : kNothing};
 }
 
 Finding expectNoParam(const Command& command, PlayState& state) {
     const char* value = state.camera->parameters().get(command.word(0).c_str());
-    return {!value, kNothing, value ? excerpt(value) : kNothing};
+    return {value == nullptr, kNothing, value ? excerpt(value) : kNothing};
 }
 
 const EntryRow* findEntry(const Command& command, const PlayState& state) {
     const auto tag = state.names.resolve(command.word(0));
-    if (std::holds_alternative<std::string>(tag)) {
-        return nullptr;
-    }
+    if (std::holds_alternative<std::string>(tag)) return nullptr;
     const uint32_t id = std::get<const Tag*>(tag)->id;
     const auto found = std::find_if(state.entries.begin(), state.entries.end(), [&](const EntryRow& row) {
         return row.tag == id && row.change != Change::Gone;
@@ -59,7 +57,7 @@ Finding expectEntry(const Command& command, PlayState& state) {
 
 Finding expectNoEntry(const Command& command, PlayState& state) {
     const EntryRow* entry = findEntry(command, state);
-    return {!entry, kNothing, entryText(entry)};
+    return {entry == nullptr, kNothing, entryText(entry)};
 }
 
 std::string messageText(const Message& message) {
@@ -68,9 +66,7 @@ std::string messageText(const Message& message) {
 
 bool hasBytes(const Message& message, const Command& command) {
     std::string hex;
-    for (size_t i = 2; i < command.words.size(); ++i) {
-        hex += command.word(i);
-    }
+    for (size_t i = 2; i < command.words.size(); ++i) hex += command.word(i);
     return message.isData && hex == fmt::format("{:02x}", fmt::join(message.bytes, ""));
 }
 
@@ -87,30 +83,18 @@ bool hasNumbers(const Message& message, const Command& command) {
     const std::string list = rawFrom(command, 1, ",");
     for (const std::string_view text : split(list, ',')) {
         const auto number = parseInteger(text);
-        if (!number) {
-            return false;
-        }
+        if (!number) return false;
         numbers.push_back(static_cast<int32_t>(*number));
     }
-    if (!message.isData && numbers.size() < message.numbers.size()) {
-        numbers.resize(message.numbers.size());
-    }
+    if (!message.isData && numbers.size() < message.numbers.size()) numbers.resize(message.numbers.size());
     return numbers == message.numbers;
 }
 
 bool matches(const Message& message, const Command& command) {
-    if (message.code != findMessageCode(command.word(0)).value_or(0)) {
-        return false;
-    }
-    if (command.words.size() == 1) {
-        return true;
-    }
-    if (command.word(1) == "bytes") {
-        return hasBytes(message, command);
-    }
-    if (command.word(1).find('=') == std::string::npos) {
-        return hasNumbers(message, command);
-    }
+    if (message.code != findMessageCode(command.word(0)).value_or(0)) return false;
+    if (command.words.size() == 1) return true;
+    if (command.word(1) == "bytes") return hasBytes(message, command);
+    if (command.word(1).find('=') == std::string::npos) return hasNumbers(message, command);
     return std::all_of(command.words.begin() + 1, command.words.end(),
                        [&](const Word& word) { return hasField(message, word.text); });
 }
@@ -163,7 +147,7 @@ Finding expectLog(const Command& command, PlayState& state) {
 
 Finding expectNoLog(const Command& command, PlayState& state) {
     const LogEvent* line = findLine(command, state);
-    return {!line, "no such line", line ? excerpt(line->text) : kNothing};
+    return {line == nullptr, "no such line", line ? excerpt(line->text) : kNothing};
 }
 
 Finding expectSkip(const Command& command, PlayState& state) {

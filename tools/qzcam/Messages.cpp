@@ -68,24 +68,18 @@ uint32_t code(const Form& form) { return static_cast<uint32_t>(form.code); }
 // Blocks of a wrong size are shown as far as they go.
 std::optional<int32_t> int32At(const Message& message, size_t offset) {
     int32_t number = 0;
-    if (message.bytes.size() < offset + sizeof(number)) {
-        return std::nullopt;
-    }
+    if (message.bytes.size() < offset + sizeof(number)) return std::nullopt;
     std::memcpy(&number, message.bytes.data() + offset, sizeof(number));
     return number;
 }
 
 void addNumber(Fields& fields, const char* name, std::optional<int32_t> number) {
-    if (number) {
-        fields.push_back({name, fmt::to_string(*number)});
-    }
+    if (number) fields.push_back({name, fmt::to_string(*number)});
 }
 
 void decodeSmartMode(const Message& message, Fields& fields) {
     constexpr size_t kMode = 4;
-    if (message.bytes.size() > kMode) {
-        fields.push_back({"mode", fmt::to_string(message.bytes[kMode])});
-    }
+    if (message.bytes.size() > kMode) fields.push_back({"mode", fmt::to_string(message.bytes[kMode])});
 }
 
 // The kind, then the driver's blob: its result, its name up to the terminator, and the offset in its last
@@ -115,15 +109,13 @@ const Form* formOf(const Message& message) {
 
 // A notification always has two numbers, of which some messages use fewer.
 bool isSpare(const Message& message, const Form& form, size_t index) {
-    const bool unnamed = index >= form.numbers.size() || !form.numbers[index];
+    const bool unnamed = index >= form.numbers.size() || form.numbers[index] == nullptr;
     return unnamed && !message.isData && message.numbers[index] == 0;
 }
 
 void nameNumbers(const Form& form, Message& message) {
     for (size_t i = form.kind == 0 ? 0 : 1; i < message.numbers.size(); ++i) {
-        if (isSpare(message, form, i)) {
-            continue;
-        }
+        if (isSpare(message, form, i)) continue;
         const char* name = i < form.numbers.size() ? form.numbers[i] : nullptr;
         message.fields.push_back({name ? name : "", fmt::to_string(message.numbers[i])});
     }
@@ -154,9 +146,7 @@ Message dataBlock(int32_t code, const void* data, size_t size) {
     message.code = static_cast<uint32_t>(code);
     message.isData = true;
     const auto* bytes = static_cast<const uint8_t*>(data);
-    if (bytes) {
-        message.bytes.assign(bytes, bytes + size);
-    }
+    if (bytes) message.bytes.assign(bytes, bytes + size);
     for (size_t offset = 0; const auto number = int32At(message, offset); offset += sizeof(int32_t)) {
         message.numbers.push_back(*number);
     }
@@ -165,9 +155,7 @@ Message dataBlock(int32_t code, const void* data, size_t size) {
 
 std::optional<uint32_t> findMessageCode(std::string_view word) {
     for (const Form& form : kForms) {
-        if (word == form.name) {
-            return code(form);
-        }
+        if (word == form.name) return code(form);
     }
     const auto number = parseInteger(word);
     const bool fits = number && *number >= 0 && *number <= UINT32_MAX;
@@ -176,9 +164,7 @@ std::optional<uint32_t> findMessageCode(std::string_view word) {
 
 std::string messageNames() {
     std::string names;
-    for (const Form& form : kForms) {
-        names.append(names.empty() ? "" : ", ").append(form.name);
-    }
+    for (const Form& form : kForms) names.append(names.empty() ? "" : ", ").append(form.name);
     return names;
 }
 

@@ -1,64 +1,14 @@
 #include "Player.h"
 
+#include "Assignment.h"
 #include "LogCapture.h"
-#include "Properties.h"
-#include "Queries.h"
-#include "Vocabulary.h"
 
-#include <camera/CaptureResult.h>
 #include <camera/VendorTagDescriptor.h>
-#include <fmt/format.h>
-#include <utils/String16.h>
 
-#include <algorithm>
 #include <array>
 #include <utility>
 
 namespace qzcam {
-
-namespace {
-
-// "NAME=VALUES": the tag, and the values as its type wants them. Otherwise what is wrong.
-std::variant<StaticEntry, std::string> parseAssignment(const TagNames& names, const std::string& name,
-                                                       const std::string& list) {
-    const auto tag = names.resolve(name);
-    if (std::holds_alternative<std::string>(tag)) {
-        return std::get<std::string>(tag);
-    }
-    const Tag& found = *std::get<const Tag*>(tag);
-    auto values = parseValues(found.type, found.id, list);
-    if (!values) {
-        return fmt::format("expected {} of {} (type {}), not {}", elementForm(found.type), found.fullName(),
-                           camera_metadata_type_names[found.type], excerpt(list));
-    }
-    return StaticEntry{found.id, std::move(*values)};
-}
-
-std::variant<StaticEntry, std::string> parseAssignment(const TagNames& names, const std::string& assignment) {
-    const size_t equals = assignment.find('=');
-    return parseAssignment(names, assignment.substr(0, equals), assignment.substr(equals + 1));
-}
-
-int32_t numberOf(const std::string& word) { return static_cast<int32_t>(*parseInteger(word)); }
-
-}  // namespace
-
-void checkAgainstDevice(const Session& session, const TagNames& names, Problems& problems) {
-    const auto check = [&](const Command& command, const std::variant<StaticEntry, std::string>& entry) {
-        if (const auto* wrong = std::get_if<std::string>(&entry)) {
-            problems.add(command.line, *wrong);
-        }
-    };
-    for (const Command& command : session.commands) {
-        if (command.spec->id == CommandId::Result) {
-            for (const Word& word : command.words) {
-                check(command, parseAssignment(names, word.raw));
-            }
-        } else if (command.spec->id == CommandId::ExpectEntry) {
-            check(command, parseAssignment(names, command.word(0), rawFrom(command, 1, ",")));
-        }
-    }
-}
 
 Player::Player(const Device& device, EventSink sink)
     : mSink(std::move(sink)), mNames(device.vendorTags), mState{mNames} {
@@ -69,26 +19,37 @@ Player::Player(const Device& device, EventSink sink)
 Player::~Player() { android::VendorTagDescriptor::clearGlobalVendorTagDescriptor(); }
 
 bool Player::play(const Session& session) {
-    playCommands(session, false);
-    if (mMet + mFailed > 0) {
-        mSink(SummaryEvent{mMet, mFailed});
-    }
+    playCommands(session);
+    if (mMet + mFailed > 0) mSink(SummaryEvent{mMet, mFailed});
     return mFailed == 0;
 }
 
-void Player::playAsGuest(const Session& session) { playCommands(session, true); }
+void Player::playAsGuest(const Session& session) {
+    Problems foreign(session.file);
+    checkAgainstDevice(session, mNames, foreign);
+    mExpectations = false;
+    mBackgroundCommands = foreign.empty();
+    playCommands(session);
+}
 
-void Player::playCommands(const Session& session, bool asGuest) {
+void Player::playCommands(const Session& session) {
     const LogListener listener([this](const LogEvent& line) { hear(line); });
-    mAsGuest = asGuest;
     for (const Command& command : session.commands) {
-        if (!isExpectation(command.spec->id)) {
-            execute(command);
-        } else if (!asGuest) {
+        if (!isPlayed(command)) continue;
+        if (isExpectation(command.spec->id)) {
             examineExpectation(session, command);
+        } else {
+            execute(command);
         }
     }
     finish();
+}
+
+bool Player::isPlayed(const Command& command) const {
+    const CommandId id = command.spec->id;
+    if (isExpectation(id)) return mExpectations;
+    const bool inBackground = id == CommandId::SendCommand && command.words.back().text == "background";
+    return mBackgroundCommands || !(inBackground || id == CommandId::Wait);
 }
 
 void Player::examineExpectation(const Session& session, const Command& command) {
@@ -132,279 +93,6 @@ void Player::finish() {
 void Player::hear(const LogEvent& line) {
     mState.step.log.push_back(line);
     mSink(line);
-}
-
-void Player::status(const std::string& of, int32_t value, bool isAnswer) {
-    mState.step.status = value;
-    mSink(StatusEvent{of, value, isAnswer});
-}
-
-void Player::property(const std::string& name, const std::string& value) {
-    if (!setProperty(name, value)) {
-        mSink(NoteEvent{fmt::format("property {} was refused", name)});
-    }
-}
-
-void Player::setProp(const Command& command) { property(command.word(0), command.word(1)); }
-
-void Player::open(const Command& command) {
-    mState.camera = nullptr;
-    mCamera.reset();
-    mCamera =
-        std::make_unique<Camera>(numberOf(command.word(0)), mCharacteristics, [this](const Message& message) {
-            mState.step.messages.push_back(message);
-            mSink(CallbackEvent{message});
-        });
-    mState.camera = mCamera.get();
-    mState.entries.clear();
-    mPublished = false;
-    mRequested = false;
-}
-
-void Player::client(const Command& command) {
-    mCamera->translator().setClientName(android::String16(command.word(0).c_str()));
-}
-
-void Player::callbackFlag(const Command& command) {
-    mCamera->translator().setCallBackFlag(static_cast<uint32_t>(*parseInteger(command.word(0))));
-}
-
-void Player::recording(const Command& command) {
-    mCamera->translator().qzUpdateRecordingState(*yesOrNo(command.word(0)));
-}
-
-void Player::set(const Command& command) {
-    for (const std::string_view pair : split(command.word(0), ';')) {
-        const size_t equals = pair.find('=');
-        if (equals == std::string_view::npos) {
-            continue;
-        }
-        const std::string key(pair.substr(0, equals));
-        const std::string value(pair.substr(equals + 1));
-        mCamera->parameters().set(key.c_str(), value.c_str());
-        const char* now = mCamera->parameters().get(key.c_str());
-        if (!now || value != now) {
-            mSink(NoteEvent{fmt::format("the parameter set refused {}", excerpt(pair))});
-        }
-    }
-}
-
-void Player::unset(const Command& command) { mCamera->adapter().remove(command.word(0).c_str()); }
-
-void Player::params(const Command&) {
-    ParamsEvent event;
-    for (auto& [key, value] : allParameters(mCamera->parameters())) {
-        event.rows.push_back({std::move(key), std::move(value), {}, Change::None});
-    }
-    mSink(event);
-}
-
-// What a service does with the adapter before it hands the parameters to the application.
-void Player::refresh(const Command&) {
-    const Texts before = parameterTexts();
-    mCamera->adapter().setShutterMute(mCamera->parameters());
-    mCamera->adapter().modifySupportedPictureSize(mCamera->parameters());
-    mCamera->adapter().modifyOTPtestResult(mCamera->parameters());
-    ParamsEvent event;
-    for (const auto& [key, value] : parameterTexts()) {
-        const Change change = changeOf(key, value, before);
-        if (change != Change::None) {
-            event.rows.push_back({key, value, {}, change});
-        }
-    }
-    mSink(event);
-}
-
-Player::Texts Player::parameterTexts() const {
-    Texts texts;
-    for (auto& [key, value] : allParameters(mCamera->parameters())) {
-        texts.emplace(std::move(key), std::move(value));
-    }
-    return texts;
-}
-
-Change Player::changeOf(const std::string& key, const std::string& value, const Texts& before) const {
-    const auto found = before.find(key);
-    if (found == before.end()) {
-        return Change::New;
-    }
-    return found->second == value ? Change::None : Change::Changed;
-}
-
-void Player::publish(const Command&) {
-    if (!mCapabilities) {
-        mCapabilities = lookUpCapabilityNames();
-    }
-    const Texts before = parameterTexts();
-    mCamera->adapter().takePublished();
-    status("publish", mCamera->translator().metaDataToParam());
-    PublishEvent event;
-    addRows(event, before);
-    addCapabilitiesWithoutRow(event);
-    mPublished = true;
-    mSink(event);
-}
-
-void Player::addRows(PublishEvent& event, const Texts& before) {
-    for (auto& [key, capability] : mCamera->adapter().takePublished()) {
-        const char* value = mCamera->parameters().get(key.c_str());
-        ParamRow row{key, value ? value : "", {}, Change::None};
-        if (mCapabilities->unconditional.count(key) == 0) {
-            row.capability = mNames.nameOf(capability);
-        }
-        const Change change = changeOf(row.key, row.value, before);
-        if (mPublished || change == Change::Changed) {
-            row.change = change;
-        }
-        event.rows.push_back(std::move(row));
-    }
-}
-
-void Player::addCapabilitiesWithoutRow(PublishEvent& event) {
-    for (const std::string& name : mCapabilities->all) {
-        const Tag* tag = mNames.find(name);
-        const bool hasRow = std::any_of(event.rows.begin(), event.rows.end(),
-                                        [&](const ParamRow& row) { return row.capability == name; });
-        if (!tag) {
-            event.undeclared.push_back(name);
-        } else if (mCharacteristics.find(tag->id).count == 0) {
-            event.absent.push_back(name);
-        } else if (!hasRow) {
-            event.silent.push_back(name);
-        }
-    }
-}
-
-void Player::request(const Command& command) {
-    android::CameraMetadata metadata;
-    status("request", mCamera->translator().paramToMetaData(&metadata));
-    android::List<const android::CameraMetadata> requests;
-    requests.push_back(metadata);
-    mCamera->inspector().checkRequest(requests, command.words.empty() || command.word(0) == "repeating");
-    RequestEvent event{entriesOf(metadata)};
-    if (mRequested) {
-        markChanges(event.entries);
-    }
-    mRequested = true;
-    mState.entries = event.entries;
-    mSink(event);
-}
-
-std::vector<EntryRow> Player::entriesOf(const android::CameraMetadata& request) const {
-    std::vector<EntryRow> entries;
-    const camera_metadata_t* buffer = request.getAndLock();
-    camera_metadata_ro_entry_t entry{};
-    for (size_t i = 0; get_camera_metadata_ro_entry(buffer, i, &entry) == 0; ++i) {
-        entries.push_back({entry.tag, mNames.nameOf(entry.tag), valuesOf(entry), Change::None, {}});
-    }
-    request.unlock(buffer);
-    return entries;
-}
-
-void Player::markChanges(std::vector<EntryRow>& entries) const {
-    const auto find = [](auto& rows, uint32_t tag) {
-        return std::find_if(rows.begin(), rows.end(), [&](const EntryRow& row) { return row.tag == tag; });
-    };
-    std::vector<EntryRow> gone;
-    for (const EntryRow& old : mState.entries) {
-        if (old.change == Change::Gone) {
-            continue;
-        }
-        const auto now = find(entries, old.tag);
-        if (now == entries.end()) {
-            gone.push_back({old.tag, old.name, old.values, Change::Gone, {}});
-        } else if (now->values != old.values) {
-            now->change = Change::Changed;
-            now->before = old.values;
-        }
-    }
-    for (EntryRow& row : entries) {
-        const auto old = find(mState.entries, row.tag);
-        if (old == mState.entries.end() || old->change == Change::Gone) {
-            row.change = Change::New;
-        }
-    }
-    entries.insert(entries.end(), gone.begin(), gone.end());
-}
-
-void Player::result(const Command& command) {
-    const android::sp<android::CaptureResult> result = new android::CaptureResult;
-    result->mResultExtras.requestId = 0;
-    result->mResultExtras.frameNumber = ++mFrame;
-    result->mResultExtras.partialResultCount = 1;
-    for (const Word& word : command.words) {
-        addResultEntry(result->mMetadata, word.raw);
-    }
-    mCamera->inspector().checkResult(*result);
-    status("result", mCamera->callbacks().processQzCallBack(result->mMetadata));
-}
-
-void Player::addResultEntry(android::CameraMetadata& result, const std::string& assignment) {
-    const auto entry = parseAssignment(mNames, assignment);
-    if (const auto* wrong = std::get_if<std::string>(&entry)) {
-        mSink(NoteEvent{fmt::format("left out: {}", *wrong)});
-    } else {
-        update(result, std::get<StaticEntry>(entry).tag, std::get<StaticEntry>(entry).values);
-    }
-}
-
-void Player::sendCommand(const Command& command) {
-    const bool inBackground = command.words.back().text == "background";
-    const size_t numbers = command.words.size() - (inBackground ? 1U : 0U);
-    const int32_t code = numberOf(command.word(0));
-    const int32_t arg1 = numbers > 1 ? numberOf(command.word(1)) : 0;
-    const int32_t arg2 = numbers > 1 ? numberOf(command.word(2)) : 0;
-    const std::string text = fmt::format("command {}", code);
-    if (!inBackground) {
-        return status(text, mCamera->commands().sendCommand(code, arg1, arg2), true);
-    }
-    mBackground = std::async(std::launch::async, [text, code, arg1, arg2, &commands = mCamera->commands()] {
-        BackgroundCommand done{text, 0, {}};
-        const LogListener listener([&](const LogEvent& line) { done.log.push_back(line); });
-        done.status = commands.sendCommand(code, arg1, arg2);
-        return done;
-    });
-}
-
-void Player::wait(const Command&) {
-    if (!mBackground.valid()) {
-        return mSink(NoteEvent{"no command runs in the background"});
-    }
-    const BackgroundCommand done = mBackground.get();
-    for (const LogEvent& line : done.log) {
-        hear(line);
-    }
-    status(done.text, done.status, true);
-}
-
-void Player::callback(const Command& command) {
-    const std::string& kind = command.word(0);
-    const int32_t value = numberOf(command.word(1));
-    if (kind == "hdc-calib") {
-        return status(kind, mCamera->callbacks().callbackHDCCalibResult(value));
-    }
-    if (kind == "fov-calib") {
-        return status(kind, mCamera->callbacks().callbackFovCalibResult(value));
-    }
-    mCamera->callbacks().callbackSmartMode(value);
-}
-
-void Player::inspect(const Command& command) {
-    property("camera.qzperformex.loglevel", command.word(0));
-    for (size_t i = 1; i < command.words.size(); i += 2) {
-        property("camera.qzperformex." + command.word(i), command.word(i + 1));
-    }
-}
-
-void Player::skip(const Command& command) {
-    const auto [width, height] = *parseSize(command.word(0));
-    const bool skipped = mCamera->inspector().skipRoundBuffer(width, height, *pixelFormat(command.word(1)));
-    mState.step.skipped = skipped;
-    mSink(AnswerEvent{"skipped", yesNo(skipped)});
-}
-
-void Player::query(const Command& command) {
-    mSink(AnswerEvent{command.word(0), askQuery(*mCamera, command)});
 }
 
 }  // namespace qzcam

@@ -22,9 +22,6 @@
 
 namespace qzcam {
 
-// What a session asks of this device: tags that it brings or expects must exist and take the values given.
-void checkAgainstDevice(const Session& session, const TagNames& names, Problems& problems);
-
 class Player {
   public:
     // Puts the device's vendor tags in place of the process's. `device` must outlive the player.
@@ -50,8 +47,9 @@ class Player {
         std::vector<LogEvent> log;
     };
 
-    void playCommands(const Session& session, bool asGuest);
+    void playCommands(const Session& session);
     void examineExpectation(const Session& session, const Command& command);
+    bool isPlayed(const Command& command) const;
     void execute(const Command& command);
     void begin(size_t line, const std::string& text);
     void finish();
@@ -95,8 +93,9 @@ class Player {
     PlayState mState;
     bool mPublished = false;  // by this camera
     bool mRequested = false;  // likewise
-    bool mAsGuest = false;
     int64_t mFrame = 0;
+    bool mExpectations = true;        // are examined
+    bool mBackgroundCommands = true;  // are played
     size_t mMet = 0;
     size_t mFailed = 0;
 };

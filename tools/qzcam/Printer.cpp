@@ -50,9 +50,7 @@ const char* styleOf(Change change) {
 }
 
 const char* styleOfLevel(int priority) {
-    if (priority >= ANDROID_LOG_ERROR) {
-        return kRed;
-    }
+    if (priority >= ANDROID_LOG_ERROR) return kRed;
     return priority == ANDROID_LOG_WARN ? kYellow : kDim;
 }
 
@@ -65,9 +63,7 @@ int levelOf(const LogEvent& line) {
 template <typename Rows, typename Text>
 size_t widest(const Rows& rows, Text text) {
     size_t width = 0;
-    for (const auto& row : rows) {
-        width = std::max(width, std::string(text(row)).size());
-    }
+    for (const auto& row : rows) width = std::max(width, std::string(text(row)).size());
     return width;
 }
 
@@ -94,14 +90,12 @@ std::string bytesOf(const Message& message) {
 bool wantsColour(std::FILE* out) {
     const char* noColour = std::getenv("NO_COLOR");
     const char* terminal = std::getenv("TERM");
-    if (noColour && *noColour) {
-        return false;
-    }
-    return isatty(fileno(out)) == 1 && terminal && std::string(terminal) != "dumb";
+    if (noColour != nullptr && *noColour != '\0') return false;
+    return isatty(fileno(out)) == 1 && terminal != nullptr && std::string(terminal) != "dumb";
 }
 
 std::string Printer::styled(const char* style, const std::string& text) const {
-    return mColour && *style ? fmt::format("\033[{}m{}\033[0m", style, text) : text;
+    return mColour && *style != '\0' ? fmt::format("\033[{}m{}\033[0m", style, text) : text;
 }
 
 std::string Printer::marked(Change change, const std::string& text) const {
@@ -110,20 +104,14 @@ std::string Printer::marked(Change change, const std::string& text) const {
 
 // A reader that goes away (`| head`) is no error; writing simply ends.
 void Printer::line(const std::string& text) {
-    if (mError != 0) {
-        return;
-    }
+    if (mError != 0) return;
     const std::string whole = text + "\n";
-    if (std::fwrite(whole.data(), 1, whole.size(), mOut) != whole.size()) {
-        mError = errno;
-    }
+    if (std::fwrite(whole.data(), 1, whole.size(), mOut) != whole.size()) mError = errno;
 }
 
 bool Printer::flush() {
     endRepeats();
-    if (mError == 0 && std::fflush(mOut) != 0) {
-        mError = errno;
-    }
+    if (mError == 0 && std::fflush(mOut) != 0) mError = errno;
     return mError == 0 || mError == EPIPE;
 }
 
@@ -134,9 +122,7 @@ void Printer::device(const Device& device) {
     for (const auto& [what, count] : device.passedOver) {
         rest += fmt::format("{}{} ({})", rest.empty() ? "" : ", ", what, count);
     }
-    if (!rest.empty()) {
-        line(fmt::format("  passed over: {}", rest));
-    }
+    if (!rest.empty()) line(fmt::format("  passed over: {}", rest));
     if (device.cutLists > 0) {
         line(fmt::format("  cut: {} lists, of which the dump shows 16 values only", device.cutLists));
     }
@@ -144,9 +130,7 @@ void Printer::device(const Device& device) {
 
 void Printer::print(const Event& event) {
     const auto* log = std::get_if<LogEvent>(&event);
-    if (!log) {
-        endRepeats();
-    }
+    if (!log) endRepeats();
     std::visit([this](const auto& each) { show(each); }, event);
 }
 
@@ -156,25 +140,19 @@ void Printer::show(const CommandEvent& event) {
 }
 
 void Printer::show(const RequestEvent& event) {
-    if (event.entries.empty()) {
-        return line("        no entries");
-    }
+    if (event.entries.empty()) return line("        no entries");
     const size_t name = widest(event.entries, [](const EntryRow& row) { return row.name; });
     const size_t type = widest(event.entries, [](const EntryRow& row) { return typeAndCount(row.values); });
     for (const EntryRow& row : event.entries) {
         std::string text = fmt::format("{:<{}}  {:<{}}  {}", row.name, name, typeAndCount(row.values), type,
                                        toText(row.values, row.tag));
-        if (row.change == Change::Changed) {
-            text += fmt::format("   was {}", toText(row.before, row.tag));
-        }
+        if (row.change == Change::Changed) text += fmt::format("   was {}", toText(row.before, row.tag));
         line("      " + marked(row.change, text));
     }
 }
 
 void Printer::show(const ParamsEvent& event) {
-    if (event.rows.empty()) {
-        return line("        no parameters");
-    }
+    if (event.rows.empty()) return line("        no parameters");
     showRows(event.rows);
 }
 
@@ -200,22 +178,16 @@ void Printer::showRows(const std::vector<ParamRow>& rows) {
 }
 
 void Printer::showNames(const char* title, const std::vector<std::string>& names) {
-    if (names.empty()) {
-        return;
-    }
+    if (names.empty()) return;
     line(fmt::format("      {} {}", names.size(), title));
-    for (const std::string& name : names) {
-        line("          " + name);
-    }
+    for (const std::string& name : names) line("          " + name);
 }
 
 void Printer::show(const CallbackEvent& event) {
     const Message& message = event.message;
     std::string text =
         fmt::format("{} {:#x} {}", message.isData ? "data" : "notify", message.code, message.name);
-    if (!message.fields.empty()) {
-        text += "  " + fieldsOf(message);
-    }
+    if (!message.fields.empty()) text += "  " + fieldsOf(message);
     if (message.isData) {
         text += styled(kDim, fmt::format("  [{}] {}", message.bytes.size(), bytesOf(message)));
     }
@@ -224,9 +196,7 @@ void Printer::show(const CallbackEvent& event) {
 
 // Lines that only repeat the one before are counted.
 void Printer::show(const LogEvent& event) {
-    if (levelOf(event) < mLowestLevel) {
-        return;
-    }
+    if (levelOf(event) < mLowestLevel) return;
     if (event.priority == mLastLog.priority && event.tag == mLastLog.tag && event.text == mLastLog.text) {
         ++mRepeats;
         return;
@@ -242,9 +212,7 @@ void Printer::show(const LogEvent& event) {
 }
 
 void Printer::endRepeats() {
-    if (mRepeats > 0) {
-        line(styled(kDim, fmt::format("        ... {} times more", mRepeats)));
-    }
+    if (mRepeats > 0) line(styled(kDim, fmt::format("        ... {} times more", mRepeats)));
     mRepeats = 0;
     mLastLog = {0, {}, {}};
 }
@@ -255,9 +223,7 @@ void Printer::show(const StatusEvent& event) {
         return line(fmt::format("      = {} returned {} ({:#x})", event.of, event.status,
                                 static_cast<uint32_t>(event.status)));
     }
-    if (event.status != 0) {
-        line(styled(kRed, fmt::format("      = {} returned {}", event.of, event.status)));
-    }
+    if (event.status != 0) line(styled(kRed, fmt::format("      = {} returned {}", event.of, event.status)));
 }
 
 void Printer::show(const AnswerEvent& event) {

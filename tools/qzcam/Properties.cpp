@@ -22,9 +22,7 @@ void parseBracketed(std::string_view line, Lines& lines, std::vector<Property>& 
     }
     Property property(line.substr(1, middle - 1), line.substr(middle + kMiddle.size()));
     while (!endsWith(property.second, "]")) {
-        if (!lines.next(line)) {
-            return problems.add(start, "expected ']' behind the value");
-        }
+        if (!lines.next(line)) return problems.add(start, "expected ']' behind the value");
         property.second.append("\n").append(line);
     }
     property.second.pop_back();
@@ -39,9 +37,7 @@ std::vector<Property> parseProperties(std::string_view text, Problems& problems)
     for (std::string_view line; lines.next(line);) {
         line = trimmed(line);
         const size_t equals = line.find('=');
-        if (line.empty() || line.front() == '#') {
-            continue;
-        }
+        if (line.empty() || line.front() == '#') continue;
         if (line.front() == '[') {
             parseBracketed(line, lines, properties, problems);
         } else if (equals != 0 && equals != std::string_view::npos) {

@@ -78,9 +78,7 @@ const std::vector<QuerySpec>& querySpecs() {
 
 std::string wrongWithQuery(const Command& command, size_t words) {
     const QuerySpec* spec = findQuery(command.word(0));
-    if (!spec) {
-        return "one of the questions that 'qzcam run --help' lists";
-    }
+    if (!spec) return "one of the questions that 'qzcam run --help' lists";
     if (words != (spec->argument ? 2U : 1U)) {
         return fmt::format("'{}{}{}'", spec->name, spec->argument ? " " : "",
                            spec->argument ? spec->argument : "");

@@ -1,84 +1,20 @@
 #include "Run.h"
 
+#include "Assignment.h"
 #include "BuiltIn.h"
-#include "DumpParser.h"
+#include "Input.h"
 #include "Player.h"
 #include "Printer.h"
-#include "Properties.h"
 #include "Session.h"
 #include "Vocabulary.h"
 
 #include <fmt/format.h>
 
-#include <array>
-#include <cerrno>
 #include <cstdio>
-#include <cstring>
-#include <memory>
-#include <optional>
 
 namespace qzcam {
 
 namespace {
-
-struct Input {
-    std::string name;
-    std::string text;
-};
-
-std::optional<Input> readFile(const std::string& path) {
-    const auto close = [](std::FILE* file) { return file == stdin ? 0 : std::fclose(file); };
-    const std::unique_ptr<std::FILE, decltype(close)> file(
-        path == "-" ? stdin : std::fopen(path.c_str(), "rb"), close);
-    Input input{path == "-" ? "standard input" : path, {}};
-    std::array<char, 1U << 16U> chunk{};
-    while (file) {
-        const size_t size = std::fread(chunk.data(), 1, chunk.size(), file.get());
-        input.text.append(chunk.data(), size);
-        if (size > 0) {
-            continue;
-        }
-        if (std::ferror(file.get()) == 0) {
-            return input;
-        }
-        break;
-    }
-    fmt::print(stderr, "{}: cannot read it: {}\n", input.name, std::strerror(errno));
-    return std::nullopt;
-}
-
-std::optional<Input> readOr(const std::string& path, const char* builtInName, std::string_view builtIn) {
-    return path.empty() ? std::optional(Input{builtInName, std::string(builtIn)}) : readFile(path);
-}
-
-// True when there were none.
-bool report(const Problems& problems) {
-    for (const std::string& problem : problems.first()) {
-        fmt::print(stderr, "{}\n", problem);
-    }
-    const size_t more = problems.count() - problems.first().size();
-    if (more > 0) {
-        fmt::print(stderr, "... and {} more\n", more);
-    }
-    return problems.empty();
-}
-
-bool applyProperties(const std::string& path) {
-    if (path.empty()) {
-        return true;
-    }
-    const auto input = readFile(path);
-    if (!input) {
-        return false;
-    }
-    Problems problems(input->name);
-    // Read-only properties of a device may be longer than the library's interface to them; none that matters
-    // here is.
-    for (const auto& [name, value] : parseProperties(input->text, problems)) {
-        setProperty(name, value);
-    }
-    return report(problems);
-}
 
 // A session that somebody wrote for this run must fit the device; the built-in one plays on others as far as
 // it goes.
@@ -86,12 +22,8 @@ ExitStatus playOn(const Device& device, const Session& session, bool asGuest, in
     Printer printer(stdout, wantsColour(stdout), level);
     Player player(device, [&](const Event& event) { printer.print(event); });
     Problems problems(session.file);
-    if (!asGuest) {
-        checkAgainstDevice(session, player.names(), problems);
-    }
-    if (!report(problems)) {
-        return kBadInput;
-    }
+    if (!asGuest) checkAgainstDevice(session, player.names(), problems);
+    if (!report(problems)) return kBadInput;
     printer.device(device);
     bool met = true;
     if (asGuest) {
@@ -111,25 +43,18 @@ ExitStatus playOn(const Device& device, const Session& session, bool asGuest, in
 }  // namespace
 
 ExitStatus run(const RunOptions& options) {
-    const auto dump = readOr(options.device, "built-in device", builtInDevice());
+    const auto device = readDevice(options.device, options.camera);
     const auto text = readOr(options.session, "built-in session", builtInSession());
-    if (!dump || !text || !applyProperties(options.properties)) {
-        return kBadInput;
-    }
+    if (!device || !text || !applyProperties(options.properties)) return kBadInput;
 
-    Problems dumpProblems(dump->name);
-    const Device device = parseDump(dump->text, dump->name, options.camera, dumpProblems);
-    const bool whole = report(dumpProblems);
-    Problems sessionProblems(text->name);
-    const Session session = parseSession(text->text, text->name, sessionProblems);
-    if (!report(sessionProblems) || device.camera.empty()) {
-        return kBadInput;
-    }
+    Problems problems(text->name);
+    const Session session = parseSession(text->text, text->name, problems);
+    if (!report(problems)) return kBadInput;
 
     // Of a broken dump what could be read is used.
     const bool asGuest = options.session.empty() && !options.device.empty();
-    const ExitStatus status = playOn(device, session, asGuest, *logLevel(options.logLevel));
-    return whole ? status : kBadInput;
+    const ExitStatus status = playOn(device->device, session, asGuest, *logLevel(options.logLevel));
+    return device->whole ? status : kBadInput;
 }
 
 }  // namespace qzcam

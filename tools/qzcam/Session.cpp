@@ -34,12 +34,8 @@ bool splitWords(std::string_view& line, std::vector<Word>& words) {
     std::string_view rest = line;
     for (;;) {
         rest.remove_prefix(std::min(rest.find_first_not_of(kBlanks), rest.size()));
-        if (rest.empty() || rest.front() == '#') {
-            break;
-        }
-        if (!takeWord(rest, words)) {
-            return false;
-        }
+        if (rest.empty() || rest.front() == '#') break;
+        if (!takeWord(rest, words)) return false;
     }
     line = trimmed(line.substr(0, line.size() - rest.size()));
     return true;
@@ -75,12 +71,8 @@ class SessionParser {
 void SessionParser::line(size_t number, std::string_view text) {
     text = trimmed(text);
     std::vector<Word> words;
-    if (!splitWords(text, words)) {
-        return mProblems.add(number, "expected '\"' at the end of the quoted text");
-    }
-    if (words.empty()) {
-        return;
-    }
+    if (!splitWords(text, words)) return mProblems.add(number, "expected '\"' at the end of the quoted text");
+    if (words.empty()) return;
     const CommandSpec* spec = findSpec(words[0].text);
     if (!spec) {
         return mProblems.add(
@@ -90,9 +82,7 @@ void SessionParser::line(size_t number, std::string_view text) {
     words.erase(words.begin());
     Command command{number, std::string(text), std::move(words), spec};
     const std::string wrong = wrongWith(command);
-    if (!wrong.empty()) {
-        return mProblems.add(number, wrong);
-    }
+    if (!wrong.empty()) return mProblems.add(number, wrong);
     mSession.commands.push_back(std::move(command));
 }
 
@@ -102,9 +92,7 @@ std::string SessionParser::wrongWith(const Command& command) {
         return fmt::format("expected '{} {}', not {}", spec.name, spec.arguments, excerpt(command.text));
     }
     const std::string expected = spec.check ? spec.check(command) : std::string();
-    if (!expected.empty()) {
-        return fmt::format("expected {}, not {}", expected, excerpt(command.text));
-    }
+    if (!expected.empty()) return fmt::format("expected {}, not {}", expected, excerpt(command.text));
     return wrongPlace(command);
 }
 
@@ -112,22 +100,14 @@ std::string SessionParser::wrongWith(const Command& command) {
 // runs.
 std::string SessionParser::wrongPlace(const Command& command) {
     const CommandId id = command.spec->id;
-    if (needsCamera(id) && !mOpen) {
-        return fmt::format("expected 'open' before '{}'", command.spec->name);
-    }
+    if (needsCamera(id) && !mOpen) return fmt::format("expected 'open' before '{}'", command.spec->name);
     if (mInBackground && (id == CommandId::SendCommand || id == CommandId::Open)) {
         return fmt::format("a command runs in the background: expected 'wait' before '{}'",
                            command.spec->name);
     }
-    if (id == CommandId::Open) {
-        mOpen = true;
-    }
-    if (id == CommandId::Wait) {
-        mInBackground = false;
-    }
-    if (id == CommandId::SendCommand) {
-        mInBackground = command.words.back().text == "background";
-    }
+    if (id == CommandId::Open) mOpen = true;
+    if (id == CommandId::Wait) mInBackground = false;
+    if (id == CommandId::SendCommand) mInBackground = command.words.back().text == "background";
     return {};
 }
 
@@ -139,9 +119,7 @@ Session parseSession(std::string_view text, std::string_view file, Problems& pro
     Session session{std::string(file), {}};
     SessionParser parser(session, problems);
     Lines lines(text);
-    for (std::string_view line; lines.next(line);) {
-        parser.line(lines.number(), line);
-    }
+    for (std::string_view line; lines.next(line);) parser.line(lines.number(), line);
     return session;
 }
 

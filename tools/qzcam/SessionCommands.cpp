@@ -44,12 +44,8 @@ std::string onOff(const Command& command) {
 std::string keyValues(const Command& command) {
     for (const std::string_view pair : split(command.word(0), ';')) {
         const size_t equals = pair.find('=');
-        if (pair.empty()) {
-            continue;
-        }
-        if (equals == 0 || equals == std::string_view::npos) {
-            return "key=value;key=value";
-        }
+        if (pair.empty()) continue;
+        if (equals == 0 || equals == std::string_view::npos) return "key=value;key=value";
     }
     return {};
 }
@@ -62,22 +58,16 @@ std::string requestKind(const Command& command) {
 std::string namedValues(const Command& command) {
     for (const Word& word : command.words) {
         const size_t equals = word.text.find('=');
-        if (equals == 0 || equals == std::string::npos) {
-            return "NAME=VALUES";
-        }
+        if (equals == 0 || equals == std::string::npos) return "NAME=VALUES";
     }
     return {};
 }
 
 std::string sendCommand(const Command& command) {
     size_t numbers = command.words.size();
-    if (command.words.back().text == "background") {
-        --numbers;
-    }
+    if (command.words.back().text == "background") --numbers;
     bool right = numbers == 1 || numbers == 3;
-    for (size_t i = 0; i < numbers; ++i) {
-        right = right && isInt32(command.word(i));
-    }
+    for (size_t i = 0; i < numbers; ++i) right = right && isInt32(command.word(i));
     return unless(right, "CODE [ARG1 ARG2] [background]");
 }
 

@@ -17,9 +17,7 @@ constexpr size_t kExcerpt = 60;
 
 std::string_view trimmed(std::string_view text) {
     const size_t begin = text.find_first_not_of(kBlanks);
-    if (begin == std::string_view::npos) {
-        return {};
-    }
+    if (begin == std::string_view::npos) return {};
     return text.substr(begin, text.find_last_not_of(kBlanks) - begin + 1);
 }
 
@@ -36,9 +34,7 @@ std::vector<std::string_view> split(std::string_view text, char separator) {
     for (;;) {
         const size_t end = text.find(separator);
         parts.push_back(text.substr(0, end));
-        if (end == std::string_view::npos) {
-            return parts;
-        }
+        if (end == std::string_view::npos) return parts;
         text.remove_prefix(end + 1);
     }
 }
@@ -54,47 +50,33 @@ std::string_view takeWord(std::string_view& text) {
 std::string excerpt(std::string_view text) {
     std::string shown(text.substr(0, kExcerpt));
     for (char& c : shown) {
-        if (c < ' ' || c > '~') {
-            c = '?';
-        }
+        if (c < ' ' || c > '~') c = '?';
     }
     return fmt::format("'{}{}'", shown, text.size() > kExcerpt ? "..." : "");
 }
 
 std::optional<int64_t> parseInteger(std::string_view text) {
     const bool negative = startsWith(text, "-");
-    if (negative) {
-        text.remove_prefix(1);
-    }
+    if (negative) text.remove_prefix(1);
     const bool hex = startsWith(text, "0x") || startsWith(text, "0X");
-    if (hex) {
-        text.remove_prefix(2);
-    }
+    if (hex) text.remove_prefix(2);
     uint64_t value = 0;
     const char* end = text.data() + text.size();
     const auto [stop, error] = std::from_chars(text.data(), end, value, hex ? 16 : 10);
-    if (error != std::errc{} || stop != end) {
-        return std::nullopt;
-    }
+    if (error != std::errc{} || stop != end) return std::nullopt;
     // The lowest number has no positive counterpart.
     constexpr auto kHighest = static_cast<uint64_t>(std::numeric_limits<int64_t>::max());
-    if (value > kHighest + (negative ? 1U : 0U)) {
-        return std::nullopt;
-    }
+    if (value > kHighest + (negative ? 1U : 0U)) return std::nullopt;
     return static_cast<int64_t>(negative ? ~value + 1 : value);
 }
 
 std::optional<Size> parseSize(std::string_view text) {
     const size_t cross = text.find('x', 1);
-    if (cross == std::string_view::npos) {
-        return std::nullopt;
-    }
+    if (cross == std::string_view::npos) return std::nullopt;
     const auto width = parseInteger(text.substr(0, cross));
     const auto height = parseInteger(text.substr(cross + 1));
     const auto fits = [](std::optional<int64_t> n) { return n && *n >= 0 && *n <= INT32_MAX; };
-    if (!fits(width) || !fits(height)) {
-        return std::nullopt;
-    }
+    if (!fits(width) || !fits(height)) return std::nullopt;
     return Size{static_cast<int32_t>(*width), static_cast<int32_t>(*height)};
 }
 
@@ -107,32 +89,24 @@ std::optional<std::string> takeQuoted(std::string_view& text) {
         }
         const bool escape =
             text[i] == '\\' && i + 1 < text.size() && (text[i + 1] == '"' || text[i + 1] == '\\');
-        if (escape) {
-            ++i;
-        }
+        if (escape) ++i;
         inner += text[i];
     }
     return std::nullopt;
 }
 
 bool Lines::next(std::string_view& line) {
-    if (mRest.empty()) {
-        return false;
-    }
+    if (mRest.empty()) return false;
     const size_t end = mRest.find('\n');
     line = mRest.substr(0, end);
     mRest.remove_prefix(end == std::string_view::npos ? mRest.size() : end + 1);
-    if (endsWith(line, "\r")) {
-        line.remove_suffix(1);
-    }
+    if (endsWith(line, "\r")) line.remove_suffix(1);
     ++mNumber;
     return true;
 }
 
 void Problems::add(size_t line, std::string_view what) {
-    if (++mCount > kMostProblems) {
-        return;
-    }
+    if (++mCount > kMostProblems) return;
     mFirst.push_back(line == 0 ? fmt::format("{}: {}", mFile, what)
                                : fmt::format("{}:{}: {}", mFile, line, what));
 }

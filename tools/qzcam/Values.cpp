@@ -41,9 +41,7 @@ std::optional<T> integerOf(std::string_view text) {
     const bool pattern = startsWith(text, "0x");
     const int64_t highest = pattern ? int64_t{std::numeric_limits<std::make_unsigned_t<T>>::max()}
                                     : int64_t{std::numeric_limits<T>::max()};
-    if (!number || *number < std::numeric_limits<T>::min() || *number > highest) {
-        return std::nullopt;
-    }
+    if (!number || *number < std::numeric_limits<T>::min() || *number > highest) return std::nullopt;
     return static_cast<T>(*number);
 }
 
@@ -57,14 +55,10 @@ std::optional<T> realOf(std::string_view text) {
 
 std::optional<camera_metadata_rational_t> rationalOf(std::string_view text) {
     const size_t slash = text.find('/');
-    if (slash == std::string_view::npos) {
-        return std::nullopt;
-    }
+    if (slash == std::string_view::npos) return std::nullopt;
     const auto numerator = integerOf<int32_t>(trimmed(text.substr(0, slash)));
     const auto denominator = integerOf<int32_t>(trimmed(text.substr(slash + 1)));
-    if (!numerator || !denominator) {
-        return std::nullopt;
-    }
+    if (!numerator || !denominator) return std::nullopt;
     return camera_metadata_rational_t{*numerator, *denominator};
 }
 
@@ -101,13 +95,9 @@ void appendBytes(Values& values, const void* data, size_t size) {
 // "abc" or u"abc" at the start of the list.
 bool takeText(Values& values, std::string_view& list) {
     const bool wide = list.front() == 'u';
-    if (wide) {
-        list.remove_prefix(1);
-    }
+    if (wide) list.remove_prefix(1);
     const auto text = takeQuoted(list);
-    if (!text || values.type != TYPE_BYTE) {
-        return false;
-    }
+    if (!text || values.type != TYPE_BYTE) return false;
     if (wide) {
         const android::String16 utf16(text->data(), text->size());
         appendBytes(values, utf16.string(), utf16.size() * sizeof(char16_t));
@@ -119,9 +109,7 @@ bool takeText(Values& values, std::string_view& list) {
 
 bool takeElement(Values& values, uint32_t tag, std::string_view& list) {
     list = list.substr(std::min(list.find_first_not_of(' '), list.size()));
-    if (startsWith(list, "\"") || startsWith(list, "u\"")) {
-        return takeText(values, list);
-    }
+    if (startsWith(list, "\"") || startsWith(list, "u\"")) return takeText(values, list);
     const size_t end = std::min(list.find(','), list.size());
     const std::string_view element = trimmed(list.substr(0, end));
     list.remove_prefix(end);
@@ -150,12 +138,8 @@ std::string elementText(const Values& values, size_t index) {
 }
 
 const char* elementName(const Values& values, uint32_t tag, size_t index) {
-    if (values.type == TYPE_BYTE) {
-        return qz::host::nameOfValue(tag, elementAt<uint8_t>(values, index));
-    }
-    if (values.type == TYPE_INT32) {
-        return qz::host::nameOfValue(tag, elementAt<int32_t>(values, index));
-    }
+    if (values.type == TYPE_BYTE) return qz::host::nameOfValue(tag, elementAt<uint8_t>(values, index));
+    if (values.type == TYPE_INT32) return qz::host::nameOfValue(tag, elementAt<int32_t>(values, index));
     return nullptr;
 }
 
@@ -168,15 +152,9 @@ std::string textIn(const Values& values, size_t step) {
     const size_t end = values.bytes.size();
     for (size_t i = 0; i + step <= end; i += step) {
         const bool last = i + step == end;
-        if (step == 2 && values.bytes[i + 1] != 0) {
-            return {};
-        }
-        if (values.bytes[i] == 0 && last) {
-            break;
-        }
-        if (!isPrintable(values.bytes[i])) {
-            return {};
-        }
+        if (step == 2 && values.bytes[i + 1] != 0) return {};
+        if (values.bytes[i] == 0 && last) break;
+        if (!isPrintable(values.bytes[i])) return {};
         text += static_cast<char>(values.bytes[i]);
     }
     return end % step == 0 && text.size() >= kShortestText ? text : std::string();
@@ -185,9 +163,7 @@ std::string textIn(const Values& values, size_t step) {
 }  // namespace
 
 bool appendElement(Values& values, uint32_t tag, std::string_view text) {
-    if (appendNumber(values, text)) {
-        return true;
-    }
+    if (appendNumber(values, text)) return true;
     const auto named = qz::host::valueOfName(tag, text);
     return named && appendNumber(values, fmt::to_string(*named));
 }
@@ -210,15 +186,9 @@ std::string elementForm(uint8_t type) {
 std::optional<Values> parseValues(uint8_t type, uint32_t tag, std::string_view list) {
     Values values{type, 0, {}};
     while (!list.empty()) {
-        if (!takeElement(values, tag, list)) {
-            return std::nullopt;
-        }
-        if (list.empty()) {
-            break;
-        }
-        if (list.front() != ',' || list.size() == 1) {
-            return std::nullopt;
-        }
+        if (!takeElement(values, tag, list)) return std::nullopt;
+        if (list.empty()) break;
+        if (list.front() != ',' || list.size() == 1) return std::nullopt;
         list.remove_prefix(1);
     }
     return values;
@@ -231,27 +201,19 @@ std::string toText(const Values& values, uint32_t tag) {
         text += fmt::format("{}{}{}", i == 0 ? "" : " ", elementText(values, i),
                             name ? fmt::format(" ({})", name) : "");
     }
-    if (values.count > kMostShown) {
-        text += fmt::format(" ... {} more", values.count - kMostShown);
-    }
+    if (values.count > kMostShown) text += fmt::format(" ... {} more", values.count - kMostShown);
     if (values.type == TYPE_BYTE) {
         const std::string narrow = textIn(values, 1);
         const std::string wide = textIn(values, 2);
-        if (!narrow.empty()) {
-            text += fmt::format("  \"{}\"", narrow);
-        }
-        if (!wide.empty()) {
-            text += fmt::format("  u\"{}\"", wide);
-        }
+        if (!narrow.empty()) text += fmt::format("  \"{}\"", narrow);
+        if (!wide.empty()) text += fmt::format("  u\"{}\"", wide);
     }
     return text;
 }
 
 Values valuesOf(const camera_metadata_ro_entry_t& entry) {
     Values values{entry.type, entry.count, {}};
-    if (entry.count == 0 || entry.type >= NUM_TYPES) {
-        return values;
-    }
+    if (entry.count == 0 || entry.type >= NUM_TYPES) return values;
     const size_t size = entry.count * camera_metadata_type_size[entry.type];
     values.bytes.assign(entry.data.u8, entry.data.u8 + size);
     return values;
@@ -262,9 +224,7 @@ namespace {
 template <typename T>
 android::status_t updateAs(android::CameraMetadata& metadata, uint32_t tag, const Values& values) {
     std::vector<T> elements(values.count);
-    if (!elements.empty()) {
-        std::memcpy(elements.data(), values.bytes.data(), values.bytes.size());
-    }
+    if (!elements.empty()) std::memcpy(elements.data(), values.bytes.data(), values.bytes.size());
     return metadata.update(tag, elements.data(), elements.size());
 }
 

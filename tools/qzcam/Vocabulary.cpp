@@ -47,9 +47,7 @@ constexpr std::array<Level, 7> kLevels{{{"verbose", ANDROID_LOG_VERBOSE, 'V'},
 
 std::optional<int32_t> pixelFormat(std::string_view word) {
     for (const Format& format : kFormats) {
-        if (word == format.name) {
-            return format.number;
-        }
+        if (word == format.name) return format.number;
     }
     const auto number = parseInteger(word);
     const bool fits = number && *number >= 0 && *number <= INT32_MAX;
@@ -58,37 +56,27 @@ std::optional<int32_t> pixelFormat(std::string_view word) {
 
 std::string pixelFormatNames() {
     std::string names;
-    for (const Format& format : kFormats) {
-        names.append(names.empty() ? "" : ", ").append(format.name);
-    }
+    for (const Format& format : kFormats) names.append(names.empty() ? "" : ", ").append(format.name);
     return names;
 }
 
 std::optional<int> logLevel(std::string_view word) {
     for (const Level& level : kLevels) {
-        if (word == level.name || word == std::string_view(&level.letter, 1)) {
-            return level.level;
-        }
+        if (word == level.name || word == std::string_view(&level.letter, 1)) return level.level;
     }
     return std::nullopt;
 }
 
 char logLetter(int level) {
     for (const Level& row : kLevels) {
-        if (row.level == level) {
-            return row.letter;
-        }
+        if (row.level == level) return row.letter;
     }
     return '?';
 }
 
 std::optional<bool> yesOrNo(std::string_view word) {
-    if (word == "yes" || word == "on" || word == "true") {
-        return true;
-    }
-    if (word == "no" || word == "off" || word == "false") {
-        return false;
-    }
+    if (word == "yes" || word == "on" || word == "true") return true;
+    if (word == "no" || word == "off" || word == "false") return false;
     return std::nullopt;
 }
 

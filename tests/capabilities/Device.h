@@ -3,16 +3,15 @@
 
 #include "capabilities/Entries.h"
 #include "support/Device.h"
-#include "support/Log.h"
 
-#include <algorithm>
+#include <gmock/gmock.h>
+
 #include <map>
 #include <regex>
-#include <sstream>
-#include <string>
-#include <vector>
 
-struct qz::TestPeer {
+namespace qz {
+
+struct TestPeer {
     // Quick-thumbnail size, slow-JPEG threshold, inserted previews, video callback, its threshold, framework
     // ZSL, video status, pre-shutter, [super-resolution sizes], [sub-sensor sizes].
     static std::string stored(const CCameraQzParam& p) {
@@ -25,14 +24,10 @@ struct qz::TestPeer {
     }
 };
 
-namespace qz::test {
+namespace test {
 
 inline constexpr char kNothingStored[] = "0 0 0 0 0 0 0 0 [] []";
-
-inline LogLine debug(const std::string& text) { return {ANDROID_LOG_DEBUG, "CameraQzParam", text}; }
-inline LogLine info(const std::string& text) { return {ANDROID_LOG_INFO, "CameraQzParam", text}; }
-inline LogLine error(const std::string& text) { return {ANDROID_LOG_ERROR, "CameraQzParam", text}; }
-inline LogLine unformatted(const std::string& function) { return error(function + "(), snprintf_s failed!"); }
+inline constexpr char kAlways[] = "qz_video_smooth_af_supported=true";  // of any device
 
 inline std::string fullName(const std::string& tag) {
     return tag.rfind("android.", 0) == 0 ? tag : capability(tag);
@@ -66,34 +61,30 @@ class RecordingHost : public QzParametersEx {
     std::map<std::string, std::string> storedWhenSet;
 };
 
-class Publication {
+class Device {
+    LogCapture mLog;  // around the host's life
+    VendorTags mTags;
+
   public:
-    explicit Publication(const std::vector<std::string>& tags) : mTags(declarations(tags)) {}
+    explicit Device(const std::vector<std::string>& tags) : mTags(declarations(tags)) {}
 
     void has(const std::string& tag, const Elements& elements) {
         host->entries[tagOf(fullName(tag))] = elements;
     }
 
-    // One pass: its log lines, the numbers of source lines left out.
-    std::vector<LogLine> run() {
+    // The log of one pass, "#" for source lines.
+    std::string publish() {
         mLog.take();
         EXPECT_EQ(host->mCameraQzParam->metaDataToParam(), 0);
-        std::vector<LogLine> lines = mLog.take("CameraQzParam");
-        for (LogLine& line : lines)
-            line.text = std::regex_replace(line.text, std::regex("\\(\\d+\\)"), "(#)");
-        return lines;
+        return std::regex_replace(textOf(mLog.take(), "CameraQzParam"), std::regex("\\(\\d+\\)"), "(#)");
     }
-
-    // The same without the lines of a device that has no capability, and without the key that every pass
-    // sets.
-    std::vector<LogLine> runAlone() {
-        std::vector<LogLine> lines = run();
-        for (const char* text : {"Enter getHdcAvailabeJpegSize(#)", "supportedExtScene.count = 0",
-                                 "Video smooth af supported = true"}) {
-            lines.erase(std::remove(lines.begin(), lines.end(), info(text)), lines.end());
-        }
+    // Without what any device says and publishes.
+    std::string publishAlone() {
+        const std::regex always(
+            "I (Enter .*|supportedExtScene.count = 0|Video smooth af supported = true)\n");
+        const std::string log = std::regex_replace(publish(), always, "");
         parameters.remove("qz_video_smooth_af_supported");
-        return lines;
+        return log;
     }
 
     [[nodiscard]] std::string published() const { return parameters.flatten().string(); }
@@ -105,14 +96,10 @@ class Publication {
   private:
     static Declarations declarations(const std::vector<std::string>& tags) {
         Declarations all = {{capability("anyOther"), TYPE_BYTE}};
-        for (const std::string& tag : tags) {
-            if (fullName(tag) != tag) all.emplace_back(fullName(tag), TYPE_BYTE);
-        }
+        for (const std::string& tag : tags) all.emplace_back(capability(tag), TYPE_BYTE);
         return all;
     }
-
-    VendorTags mTags;
-    LogCapture mLog;
 };
 
-}  // namespace qz::test
+}  // namespace test
+}  // namespace qz

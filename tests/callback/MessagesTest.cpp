@@ -1,0 +1,64 @@
+#include "callback/Session.h"
+
+namespace qz::test {
+namespace {
+
+TEST(CameraQzCallBack, NeedsAHostAndATranslator) {
+    Session session;
+    session.callBack = CreateCameraQzCallBack(session.host.get(), &session.camera.translator());
+    EXPECT_EQ(session.trace(), "I CameraQzCallBack()\nI ~CameraQzCallBack()\n");
+    const std::string create =
+        "E android::sp<CameraQzCallBack> qz::CreateCameraQzCallBack(qz::ExtCallBackInterface *, "
+        "qz::CCameraQzParam *)";
+    EXPECT_EQ(CreateCameraQzCallBack(nullptr, nullptr), nullptr);
+    EXPECT_EQ(session.trace(), create + "(1209): failed, callBackIntf is NULL.\n");
+    EXPECT_EQ(CreateCameraQzCallBack(session.host.get(), nullptr), nullptr);
+    EXPECT_EQ(session.trace(), create + "(1214): failed, qzParam is NULL.\n");
+}
+
+TEST(CameraQzCallBack, SendsWhatTheHostAsksFor) {
+    Session session;
+    session.host->status = 7;
+    EXPECT_EQ(session.callBack->callbackHDCCalibResult(-3), 7);
+    EXPECT_EQ(session.trace(), "I callbackHDCCalibResult() hdc calib result: -3 \n> 2000000(-3, 0)\n");
+    EXPECT_EQ(session.callBack->callbackFovCalibResult(4), 7);
+    EXPECT_EQ(session.trace(), "I callbackFovCalibResult() fov result result: 4 \n> 4000000(4, 0)\n");
+    session.callBack->callbackSmartMode(0);
+    EXPECT_EQ(session.trace(), "");
+    session.callBack->callbackSmartMode(257);
+    EXPECT_EQ(session.trace(), "I callbackSmartMode() smart snapshot mode: 257 \n> 100[65656565 01000000]\n");
+}
+
+TEST(CameraQzCallBack, TracksNothingWithoutCoordinates) {
+    Session session;
+    TestPeer::send(*session.callBack, nullptr);
+    EXPECT_EQ(session.trace(),
+              "E void qz::CameraQzCallBack::callbackTargetTracking(int32_t *)(223): targetCoord is NULL.\n"
+              "> 80000(5, 0)\n> 40000(6, 7)\n> 20000000(8, 9)\n> 400000(10, 0)\n> 100000(11, 0)\n"
+              "> 200000(0, 0)\n> 1000000(12, 0)\n");
+}
+
+TEST(CameraQzCallBack, ReportsAMissingHostByMessage) {
+    Session session;
+    const int32_t offset[] = {3, 4};
+    std::string expected;
+    for (const char* name : {"TargetTracking", "DualAbnormal", "DualCameraVerifyResult",
+                             "MMIFeatureTestResult", "MMICameraPdafVerifyResult", "ExposureMesure",
+                             "ExposureModePreviewState", "LaserCalibrationResult"}) {
+        expected += std::string("E callback") + name + ": mExtCallBackIntf is NULL!\n";
+    }
+    TestPeer::send(*session.orphan, offset);
+    EXPECT_EQ(session.trace(), expected);
+    session.orphan->callbackSmartMode(5);
+    session.orphan->callbackSmartMode(0);
+    EXPECT_EQ(
+        session.trace(),
+        "I callbackSmartMode() smart snapshot mode: 5 \nE callbackSmartMode: mExtCallBackIntf is NULL!\n");
+    EXPECT_EQ(session.orphan->callbackHDCCalibResult(1), -22);
+    EXPECT_EQ(session.trace(), "E callbackHDCCalibResult: mExtCallBackIntf is NULL!\n");
+    EXPECT_EQ(session.orphan->callbackFovCalibResult(1), -22);
+    EXPECT_EQ(session.trace(), "E callbackFovCalibResult: mExtCallBackIntf is NULL!\n");
+}
+
+}  // namespace
+}  // namespace qz::test

@@ -1,0 +1,102 @@
+#include "QzName2Tag.h"
+
+#include "Rows.h"
+#include "support/Device.h"
+
+#include <gmock/gmock.h>
+
+namespace qz::test {
+namespace {
+
+constexpr uint32_t kNone = 0xFFFFFFFF;
+
+std::vector<LogLine>& startLines() {
+    static std::vector<LogLine> lines;
+    return lines;
+}
+
+// Before the library's own initialisation, which logs.
+__attribute__((constructor(101))) void keepStartLines() {
+    __android_log_set_logger([](const __android_logger_data* data, const char* message) {
+        startLines().push_back({data->priority, data->tag, message});
+    });
+}
+
+TEST(QzName2Tag, StandsSinceTheLibraryWasLoaded) {
+    std::ostringstream text;
+    text << "QzName2Tag(" << static_cast<void*>(QzName2Tag::getInstance()) << ")";
+    EXPECT_EQ(startLines(), lineOf(ANDROID_LOG_INFO, "QzName2Tag", text.str()));
+    EXPECT_EQ(sizeof(QzName2Tag), 1U);
+    for (const uint32_t tag : {0U, 1U, 0x80000000U, 0xFFFFFFFEU}) {
+        EXPECT_EQ(QzName2Tag::getInstance()->validTag(tag), 1) << tag;
+    }
+    EXPECT_EQ(QzName2Tag::getInstance()->validTag(kNone), 0);
+}
+
+// The line is one of errors, or of information when it begins with '-'.
+void expectTag(const char* name, uint32_t tag, std::string line = "",
+               uint32_t (QzName2Tag::*find)(const char*) const = &QzName2Tag::vendorTagFromName) {
+    SCOPED_TRACE(name != nullptr ? name : "null");
+    LogCapture log;
+    EXPECT_EQ((QzName2Tag::getInstance()->*find)(name), tag);
+    const bool info = line.rfind('-', 0) == 0;
+    EXPECT_EQ(log.take("QzName2Tag"),
+              lineOf(info ? ANDROID_LOG_INFO : ANDROID_LOG_ERROR, "QzName2Tag", line.substr(info ? 1 : 0)));
+}
+
+TEST(QzName2Tag, VendorNames) {
+    expectTag(nullptr, kNone, "vendorTagFromName: tag name is NULL!");
+    expectTag("a.b", kNone, "vendorTagFromName: vendor tag descriptor is NULL!");
+    const std::string section = "com.ambrix.capture.metadata";
+    {
+        const VendorTags none({});
+        expectTag("a.b", kNone, "-vendorTagFromName: cann't find section for tag 'a.b'!");
+    }
+    {
+        const VendorTags one({{"a.b", TYPE_BYTE}});
+        expectTag("a.b", 0x80000000);
+    }
+    const VendorTags tags({{"com.ambrix.capture.short", TYPE_BYTE},
+                           {section + ".iso", TYPE_BYTE},
+                           {"com.ambrix.device.iso", TYPE_BYTE},
+                           {"a.b", TYPE_BYTE}});
+    expectTag("a.b", 0x80000003);  // looked up anew
+    expectTag("com.ambrix.device.iso", 0x80000002);
+    expectTag("com.ambrix.capture.short", 0x80000000);
+    expectTag("com.ambrix.capture.iso", kNone);
+    expectTag((section + ".iso").c_str(), 0x80000001);
+    expectTag((section + "Xiso").c_str(), 0x80000001);
+    expectTag((section + ".short").c_str(), kNone);
+    expectTag(section.c_str(), kNone, "vendorTagFromName: Key length too short for key '" + section + "'.");
+    expectTag("a.", kNone, "vendorTagFromName: Key length too short for key 'a.'.");
+    expectTag("iso", kNone, "-vendorTagFromName: cann't find section for tag 'iso'!");
+}
+
+TEST(QzName2Tag, StandardNames) {
+    const auto expectStandard = [](const char* name, uint32_t tag, const std::string& line = "") {
+        expectTag(name, tag, line, &QzName2Tag::androidTagFromName);
+    };
+    expectStandard(nullptr, kNone, "androidTagFromName: tag name is NULL!");
+    expectStandard("com.ambrix.iso", kNone, "androidTagFromName: cann't find section, invalid tag name!");
+    for (const std::string name : {"android.control", "android.control."}) {
+        expectStandard(name.c_str(), kNone,
+                       "androidTagFromName: Key length too short for key '" + name + "'.");
+    }
+    for (const std::string name : {"android.control.aemode", "android.flash.available"}) {
+        expectStandard(name.c_str(), kNone,
+                       "androidTagFromName: Could not find tag name for key '" + name + "'.");
+    }
+    expectStandard("android.controlXaeMode", 0x10003);
+    size_t found = 0;
+    for (size_t section = 0; section < 26; ++section) {
+        const auto& bounds = camera_metadata_section_bounds[section];
+        for (uint32_t tag = bounds[0]; tag < bounds[1]; ++tag, ++found) {
+            const std::string name = camera_metadata_section_names[section];
+            expectStandard((name + "." + get_camera_metadata_tag_name(tag)).c_str(), tag);
+        }
+    }
+    EXPECT_EQ(found, 219U);
+}
+
+}  // namespace
+}  // namespace qz::test

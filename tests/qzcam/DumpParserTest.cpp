@@ -1,0 +1,278 @@
+#include "DumpParser.h"
+
+#include "BuiltIn.h"
+
+#include <camera/CameraMetadata.h>
+#include <camera/VendorTagDescriptor.h>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <numeric>
+#include <string>
+#include <vector>
+
+namespace qzcam {
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::Pair;
+using testing::UnorderedElementsAre;
+
+struct Parsed {
+    explicit Parsed(const std::string& text, const std::string& camera = "")
+        : problems("d"), device(parseDump(text, "d", camera, problems)) {}
+
+    // "section.name type[count] values" of each entry
+    std::vector<std::string> entries() const {
+        const TagNames names(device.vendorTags);
+        std::vector<std::string> texts;
+        for (const StaticEntry& entry : device.entries) {
+            texts.push_back(names.nameOf(entry.tag) + " " + typeAndCount(entry.values) + " " +
+                            toText(entry.values, entry.tag));
+        }
+        return texts;
+    }
+    size_t passedOver() const {
+        return std::accumulate(device.passedOver.begin(), device.passedOver.end(), size_t{0},
+                               [](size_t sum, const auto& item) { return sum + item.second; });
+    }
+
+    Problems problems;
+    Device device;
+};
+
+constexpr const char* kTitle = "== Camera HAL device device@3.4/legacy/0 (v3.4) static information: ==\n";
+constexpr const char* kArray =
+    "    Dumping camera metadata array: 0 / 1 entries, 4 / 4 bytes of extra data.\n";
+
+std::string entry(const std::string& lines) { return std::string(kTitle) + kArray + lines; }
+
+constexpr const char* kVendor =
+    "== Vendor tags: ==\n\n"
+    "  Dumping configured vendor tag descriptors: 2 entries\n"
+    "    0x80000000 (iso) with type 0 (byte) defined in section com.ambrix.capture.metadata\n"
+    "    0x80010004 (gain) with type 2 (float) defined in section com.ambrix.device.capabilities\n";
+
+TEST(DumpParser, ReadsEveryKindOfValue) {
+    const struct {
+        const char* lines;
+        const char* entry;
+    } kRows[] = {
+        {"android.flash.info.available (50000): byte[1]\n[TRUE ]",
+         "android.flash.info.available byte[1] 1 (TRUE)"},
+        {"android.scaler.availableStreamConfigurations (d000a): int32[8]\n[33 40 30 OUTPUT ]\n[35 20 -2 "
+         "INPUT ]",
+         "android.scaler.availableStreamConfigurations int32[8] 33 40 30 0 (OUTPUT) 35 20 -2 1 (INPUT)"},
+        {"android.control.aeCompensationStep (10016): rational[2]\n[(1 / 3) (-1 / 6) ]",
+         "android.control.aeCompensationStep rational[2] 1/3 -1/6"},
+        {"android.sensor.exposureTime (e0000): int64[1]\n[-8000000000 ]",
+         "android.sensor.exposureTime int64[1] -8000000000"},
+        {"com.ambrix.device.capabilities.gain (80010004): float[2]\n[0.98000002 nan ]",
+         "com.ambrix.device.capabilities.gain float[2] 0.98 nan"},
+        {"android.control.maxRegions (1001c): int32[0]", "android.control.maxRegions int32[0] "},
+        // Numbers differ from platform to platform; names do not.
+        {"com.ambrix.capture.metadata.iso (99999999): byte[1]\n[7 ]",
+         "com.ambrix.capture.metadata.iso byte[1] 7"},
+        {"unknownSection.unknownTag (80000000): byte[1]\n[7 ]", "com.ambrix.capture.metadata.iso byte[1] 7"},
+    };
+    for (const auto& row : kRows) {
+        const Parsed parsed(entry(row.lines) + "\n" + kVendor);
+        EXPECT_THAT(parsed.entries(), ElementsAre(row.entry)) << row.lines;
+        EXPECT_THAT(parsed.problems.first(), IsEmpty()) << row.lines;
+        EXPECT_EQ(parsed.passedOver(), 0U) << row.lines;
+    }
+}
+
+TEST(DumpParser, ChoosesTheCameraInEverySpellingOfItsTitle) {
+    const std::string text =
+        "Camera module HAL API version: 0x1\n"
+        "Camera 0 information:\n  Device static metadata:\n    Dumping camera metadata array: 1 / 1 entries\n"
+        "      android.lens.facing (80005): byte[1]\n        [FRONT ]\n"
+        "== Camera device 1 static information: ==\nDumping camera metadata array: 1 / 1 entries\n"
+        "android.lens.facing (80005): byte[1]\n[BACK ]\n"
+        "Facing: Back\n"
+        "  Dumping camera metadata array: 1 / 1 entries\n    android.lens.facing (80005): byte[1]\n      [9 "
+        "]\n"
+        "== Camera Provider HAL legacy/0 (v2.4, passthrough) static info: 2 devices: ==\n"
+        "== Camera HAL device device@3.4/legacy/12 (v3.4) static information: ==\n  API2 characteristics:\n" +
+        std::string(kArray) +
+        "      android.lens.facing (80005): byte[1]\n        [EXTERNAL ]\n"
+        "== Camera device 12 dynamic info: ==\n  Dumping camera metadata array: 9 / 9 entries\n      [what "
+        "ever\n";
+    const struct {
+        const char* camera;
+        const char* chosen;
+        const char* entry;
+    } kRows[] = {
+        {"", "0", "android.lens.facing byte[1] 0 (FRONT)"},
+        {"1", "1", "android.lens.facing byte[1] 1 (BACK)"},
+        {"12", "device@3.4/legacy/12", "android.lens.facing byte[1] 2 (EXTERNAL)"},
+        {"device@3.4/legacy/12", "device@3.4/legacy/12", "android.lens.facing byte[1] 2 (EXTERNAL)"},
+    };
+    for (const auto& row : kRows) {
+        const Parsed parsed(text, row.camera);
+        EXPECT_EQ(parsed.device.camera, row.chosen);
+        EXPECT_THAT(parsed.entries(), ElementsAre(row.entry)) << row.camera;
+        EXPECT_THAT(parsed.problems.first(), IsEmpty()) << row.camera;
+    }
+    const Parsed missing(text, "7");
+    EXPECT_THAT(missing.problems.first(),
+                ElementsAre("d: no camera '7': expected 0 or 1 or device@3.4/legacy/12"));
+}
+
+TEST(DumpParser, CountsWhatItPassesOver) {
+    const Parsed parsed(
+        "== Service global info: ==\nNumber of camera devices: 2\n" +
+        entry("      android.automotive.location (1c0000): byte[1]\n        [INTERIOR ]\n"
+              "      org.codeaurora.x.y (80070000): int32[2]\n        [1 2 3 and more ]\n"
+              "      unknownSection.unknownTag (80990000): unknown[3]\n"
+              "      android.request.availableCapabilities (c000c): byte[2]\n        [RAW STREAM_USE_CASE ]\n"
+              "      android.control.maxRegions (1001c): byte[1]\n        [1 ]\n"
+              "      android.jpeg.availableThumbnailSizes (70007): int32[18]\n        [0 1 2 3 ]\n        [4 "
+              "5 6 7 ]\n"
+              "        [8 9 10 11 ]\n        [12 13 14 15 ]\n") +
+        "== Camera HAL device device@3.4/legacy/1 (v3.4) static information: ==\n" + kArray + "[ not read\n");
+    EXPECT_THAT(parsed.device.passedOver,
+                UnorderedElementsAre(Pair("other sections", 1), Pair("other cameras", 1),
+                                     Pair("other metadata arrays", 1), Pair("entries of unknown tags", 3),
+                                     Pair("entries with unknown value names", 1),
+                                     Pair("entries of another type than their tag's", 1)));
+    EXPECT_EQ(parsed.device.cutLists, 1U);
+    EXPECT_THAT(parsed.entries(), ElementsAre("android.jpeg.availableThumbnailSizes int32[16] "
+                                              "0 1 2 3 4 5 6 7 8 9 10 11 12 13 14 15"));
+}
+
+TEST(DumpParser, KeepsAllVendorGroupsAndTheirNumbersApart) {
+    const std::string group =
+        "  Dumping vendor tag descriptors for vendor with id 77\n"
+        "    Dumping configured vendor tag descriptors: 3 entries\n";
+    const Parsed parsed(
+        entry("") + "Vendor tags:\n" + kVendor + group +
+        "      0x80000000 (fps (max)) with type 1 (int32) defined in section org.other\n"
+        "      0x8fff0000 (iso) with type 1 (int32) defined in section com.ambrix.capture.metadata\n"
+        "      0x80000009 (odd) with type 9 (blob) defined in section org.other\n\n"
+        "== Other: ==\n 0x8 (not) a tag\n");
+    std::vector<std::string> tags;
+    for (const Tag& tag : parsed.device.vendorTags) tags.push_back(tag.fullName());
+    EXPECT_THAT(tags, ElementsAre("com.ambrix.capture.metadata.iso", "com.ambrix.device.capabilities.gain",
+                                  "org.other.fps (max)"));
+    EXPECT_NE(parsed.device.vendorTags[2].id, parsed.device.vendorTags[0].id);
+    EXPECT_THAT(parsed.device.passedOver,
+                UnorderedElementsAre(Pair("other sections", 1), Pair("repeated vendor tags", 1),
+                                     Pair("vendor tags of unknown type", 1)));
+    EXPECT_THAT(parsed.problems.first(), IsEmpty());
+
+    const Parsed none(entry("") +
+                      "== Vendor tags: ==\n\n  Dumping configured vendor tag descriptors: None set\n");
+    installVendorTags(none.device);
+    EXPECT_EQ(android::VendorTagDescriptor::getGlobalVendorTagDescriptor(), nullptr);
+    EXPECT_THAT(none.problems.first(), IsEmpty());
+}
+
+TEST(DumpParser, NamesTheLineOfWhatIsBroken) {
+    const struct {
+        std::string text;
+        const char* problem;  // part of the first
+    } kRows[] = {
+        {"", "d: no camera in it"},
+        {entry("      android.flash.info.available (50000): byte[1]\n        [TRUE \n"),
+         "d:4: expected ']' at the end"},
+        {entry("      android.flash.info.available (50000): byte[1\n"),
+         "d:3: expected 'section.name (tag): type[count]'"},
+        {entry("      android.flash.info.available (5zz00): byte[1]\n"), "d:3: expected 'section.name"},
+        {entry("        [TRUE ]\n"), "d:3: expected an entry before its values"},
+        {entry("      android.flash.info.available (50000): byte[1]\n        [TRUE ] ]\n"),
+         "d:4: expected 1 values"},
+        {entry("      android.flash.info.available (50000): byte[2]\n        [TRUE ]\n"),
+         "d:3: expected 2 values"},
+        {entry("      android.flash.info.available (50000): byte[4000000000]\n"),
+         "d:3: expected 4000000000 values"},
+        {entry("      android.flash.info.available (50000): byte[1]\n        [256 ]\n"),
+         "d:4: expected a number from 0 to 255, not '256'"},
+        {entry("      android.control.aeCompensationStep (10016): rational[1]\n        [1 / 3 ]\n"),
+         "d:4: expected '(n / d)', not '1 / 3'"},
+        {entry("      android.control.aeCompensationStep (10016): rational[1]\n        [(1 / 3 ]\n"),
+         "d:4: expected '(n"},
+        {entry("") + kVendor + "    0x80000001 (burst) with type 0 (byte\n", "d:8: expected '0xTAG (NAME)"},
+        {entry("") + kVendor + "    0x80000001 (\033[31m) with type 0 (byte) defined in section s\n",
+         "d:8: expected '0xTAG (NAME) with type N (TYPE) defined in section SECTION' not '0x80000001 "
+         "(?[31m)"},
+        {entry("") + kVendor + "    0x00000001 (burst) with type 0 (byte) defined in section s\n",
+         "d:8: expected a vendor"},
+        {entry("") + "Dumping configured vendor tag descriptors: 3 entries\n" +
+             std::strstr(kVendor, "    0x"),
+         "d:5: the list ends here with 2 of 3 vendor tags"},
+        {std::string(kTitle) +
+             "Dumping camera metadata array: 2 / 2 entries\n android.lens.facing (80005): byte[1]\n [1 ]",
+         "d:4: the list ends here with 1 of 2 entries"},
+    };
+    for (const auto& row : kRows) {
+        const Parsed parsed(row.text);
+        ASSERT_FALSE(parsed.problems.empty()) << row.text;
+        EXPECT_THAT(parsed.problems.first().front(), HasSubstr(row.problem)) << row.text;
+    }
+}
+
+TEST(DumpParser, UsesTheRestOfABrokenDump) {
+    const Parsed parsed(
+        entry("      android.lens.facing (80005): byte[1]\n        [BACK \n"
+              "      android.flash.info.available (50000): byte[1]\n        [TRUE ]\n"
+              "      android.jpeg.orientation (70003): int32[1\n        [90 ]\n"
+              "      android.jpeg.quality (70004): byte[1]\n        [9 ]\n"));
+    EXPECT_THAT(parsed.entries(), ElementsAre("android.flash.info.available byte[1] 1 (TRUE)",
+                                              "android.jpeg.quality byte[1] 9"));
+    EXPECT_EQ(parsed.problems.count(), 2U);
+}
+
+// Wherever a dump is cut and whatever is written over it: it parses, and what comes out fits its tags.
+TEST(DumpParser, SurvivesCutsAndGarbage) {
+    const std::string whole(builtInDevice());
+    uint32_t state = 7;
+    const auto random = [&] { return (state = state * 1664525 + 1013904223) >> 8U; };
+    for (int round = 0; round < 200; ++round) {
+        std::string text = whole.substr(0, round % 2 == 0 ? whole.size() : random() % whole.size());
+        for (size_t hit = random() % 40; hit > 0 && !text.empty(); --hit) {
+            text[random() % text.size()] = static_cast<char>(random() % 256);
+        }
+        const Parsed parsed(text);
+        installVendorTags(parsed.device);
+        EXPECT_EQ(staticCharacteristics(parsed.device).entryCount(), parsed.device.entries.size());
+    }
+    android::VendorTagDescriptor::clearGlobalVendorTagDescriptor();
+}
+
+TEST(TagNames, ResolvesShortNamesThatAreClear) {
+    const TagNames names({{0x80000000, TYPE_BYTE, "a.b", "iso"},
+                          {0x80000001, TYPE_BYTE, "a.b", "both"},
+                          {0x80000002, TYPE_BYTE, "c.d", "both"}});
+    const struct {
+        const char* name;
+        uint32_t tag;
+        const char* wrong;
+    } kRows[] = {
+        {"iso", 0x80000000, nullptr},
+        {"c.d.both", 0x80000002, nullptr},
+        {"exposureTime", ANDROID_SENSOR_EXPOSURE_TIME, nullptr},
+        {"android.lens.info.availableApertures", ANDROID_LENS_INFO_AVAILABLE_APERTURES, nullptr},
+        {"both", 0, "'both' may be a.b.both or c.d.both: expected one of these"},
+        {"availableModes", 0,
+         "'availableModes' may be android.control.availableModes or android.shading.availableModes: expected "
+         "one of these"},
+        {"nothing", 0, "unknown tag 'nothing'"},
+    };
+    for (const auto& row : kRows) {
+        const auto found = names.resolve(row.name);
+        if (row.wrong) {
+            EXPECT_EQ(std::get<std::string>(found), row.wrong);
+        } else {
+            EXPECT_EQ(std::get<const Tag*>(found)->id, row.tag) << row.name;
+        }
+    }
+}
+
+}  // namespace
+}  // namespace qzcam

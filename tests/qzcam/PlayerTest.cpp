@@ -1,0 +1,234 @@
+#include "Player.h"
+
+#include "Assignment.h"
+#include "BuiltIn.h"
+#include "DumpParser.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <string>
+#include <variant>
+#include <vector>
+
+namespace qzcam {
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+const Device& device() {
+    static const Device built = [] {
+        Problems problems("device");
+        return parseDump(builtInDevice(), "device", "", problems);
+    }();
+    return built;
+}
+
+struct Play {
+    explicit Play(const std::string& text, const Device& on = device()) {
+        Problems problems("s");
+        const Session session = parseSession(text, "s", problems);
+        EXPECT_THAT(problems.first(), IsEmpty());
+        Player player(on, [this](const Event& event) { events.push_back(event); });
+        allMet = player.play(session);
+    }
+
+    template <typename T>
+    std::vector<T> all() const {
+        std::vector<T> found;
+        for (const Event& event : events) {
+            if (const auto* each = std::get_if<T>(&event)) found.push_back(*each);
+        }
+        return found;
+    }
+
+    std::vector<Event> events;
+    bool allMet = false;
+};
+
+// Each expectation is met by the truth and by nothing else.
+TEST(Player, ExamineExpectations) {
+    const struct {
+        const char* commands;
+        const char* met;
+        const char* failed;
+        const char* actual;  // of the failed one
+    } kRows[] = {
+        {"set a=1", "expect-param a 1", "expect-param a 2", "'1'"},
+        {"unset a", "expect-no-param a", "expect-param a 1", "nothing"},
+        {"set a=1", "expect-param a 1", "expect-no-param a", "'1'"},
+        {"set iso=1600\nrequest", "expect-entry iso 7", "expect-entry iso 8", "byte[1] 7"},
+        {"set iso=1600\nrequest", "expect-entry iso 7", "expect-entry iso 7,7", "byte[1] 7"},
+        {"set iso=1600\nrequest", "expect-no-entry qz-zsl-mode", "expect-no-entry iso", "byte[1] 7"},
+        {"set iso=1600\nrequest\nunset iso\nrequest", "expect-no-entry iso", "expect-entry iso 7", "nothing"},
+        {"callback hdc-calib 3", "expect-callback 0x2000000 3 0", "expect-callback 0x2000000 3 0", "nothing"},
+        {"callback hdc-calib 3", "expect-status 0", "expect-callback hdc-calib-result 4", "0x2000000 3,0"},
+        {"callback hdc-calib 3", "expect-callback hdc-calib-result result=3", "expect-callback 0x2000000",
+         "nothing"},
+        {"callback hdc-calib 3", "expect-status 0", "expect-no-callback", "0x2000000 3,0"},
+        {"callback smart-mode 2", "expect-callback 0x100 bytes 65656565 02 00 00 00",
+         "expect-callback 0x100 mode=3", "nothing"},
+        {"callback smart-mode 0", "expect-no-callback", "expect-callback 0x100", "nothing"},
+        {"sendcommand 7 1 2", "expect-status -22", "expect-status 0", "-22"},
+        {"sendcommand 7 1 2", "expect-log error command 7 (arguments 1, 2)", "expect-log info command 7",
+         "none in 1"},
+        {"sendcommand 7 1 2", "expect-no-log info command 7", "expect-no-log error command 7",
+         "Unknown command 7"},
+        {"skip 3264x2448 0x23", "expect-skip yes", "expect-skip no", "yes"},
+        {"set a=1", "expect-query recording no", "expect-skip yes", "nothing"},
+        {"query ext-scene hdr", "expect-query ext-scene hdr yes", "expect-query ext-scene sun yes", "no"},
+    };
+    for (const auto& row : kRows) {
+        const Play play(std::string("open 0\n") + row.commands + "\n" + row.met + "\n" + row.failed + "\n");
+        const auto expectations = play.all<ExpectationEvent>();
+        ASSERT_EQ(expectations.size(), 2U) << row.met;
+        EXPECT_TRUE(expectations[0].met) << row.met << ": there is " << expectations[0].actual;
+        EXPECT_FALSE(expectations[1].met) << row.failed;
+        EXPECT_THAT(expectations[1].actual, HasSubstr(row.actual)) << row.failed;
+        EXPECT_FALSE(play.allMet);
+        EXPECT_EQ(play.all<SummaryEvent>().at(0).failed, 1U);
+    }
+}
+
+TEST(Player, MarksWhatChangedBetweenRequests) {
+    const Play play(
+        "open 0\nset iso=1600;zsl-mode=on\nrequest\nset iso=50;contrast=150\nunset "
+        "zsl-mode\nrequest\nrequest\n"
+        "open 0\nset iso=50\nrequest\n");
+    const auto requests = play.all<RequestEvent>();
+    std::vector<std::vector<std::string>> shown;
+    for (const RequestEvent& request : requests) {
+        shown.emplace_back();
+        for (const EntryRow& row : request.entries) {
+            static const char* const kMarks[] = {"", "+", "~", "-"};
+            if (row.name.find("capture.metadata") == std::string::npos) continue;
+            shown.back().push_back(kMarks[static_cast<size_t>(row.change)] +
+                                   row.name.substr(row.name.rfind('.') + 1) + " " +
+                                   toText(row.values, row.tag));
+        }
+    }
+    using testing::Contains;
+    using testing::Not;
+    ASSERT_EQ(shown.size(), 4U);
+    EXPECT_THAT(shown[0], Contains("iso 7"));
+    EXPECT_THAT(shown[0], Contains("qz-zsl-mode 1"));
+    EXPECT_THAT(shown[1], Contains("~iso 1"));
+    EXPECT_THAT(shown[1], Contains("-qz-zsl-mode 1"));
+    EXPECT_THAT(shown[1], Contains("+constrastValue 3"));
+    EXPECT_THAT(shown[2], Contains("iso 1"));
+    EXPECT_THAT(shown[2], Not(Contains(HasSubstr("zsl"))));
+    EXPECT_THAT(shown[3], Contains("iso 1"));  // another camera has nothing to compare with
+}
+
+TEST(Player, PublishTellsWhereParametersComeFromAndWhatIsMissing) {
+    Device other = device();
+    const auto without = [&](const char* name) {
+        const auto found = std::find_if(other.vendorTags.begin(), other.vendorTags.end(),
+                                        [&](const Tag& tag) { return tag.name == name; });
+        const uint32_t id = found->id;
+        other.entries.erase(std::remove_if(other.entries.begin(), other.entries.end(),
+                                           [&](const StaticEntry& entry) { return entry.tag == id; }),
+                            other.entries.end());
+        return found;
+    };
+    without("availbaleContrast");
+    other.vendorTags.erase(without("zslSupported"));
+    const Play play("open 0\npublish\n", other);
+    const auto published = play.all<PublishEvent>().at(0);
+    const auto capabilityOf = [&](const std::string& key) -> std::string {
+        for (const ParamRow& row : published.rows) {
+            if (row.key == key) return row.value + " from " + row.capability;
+        }
+        return "nothing";
+    };
+    const std::string prefix = "com.ambrix.device.capabilities.";
+    EXPECT_EQ(capabilityOf("qz-vcm-start-value"), "100 from " + prefix + "manualVcmStartValue");
+    EXPECT_EQ(capabilityOf("qz_video_smooth_af_supported"), "true from ");
+    EXPECT_EQ(capabilityOf("contrast-values"), "nothing");
+    EXPECT_THAT(published.undeclared, ElementsAre(prefix + "zslSupported"));
+    EXPECT_THAT(published.absent, ElementsAre(prefix + "availbaleContrast"));
+    EXPECT_THAT(published.silent, testing::Contains(prefix + "qz-slow-jpeg-mode-threshold"));
+    for (const LogEvent& line : play.all<LogEvent>()) {
+        EXPECT_THAT(line.text, testing::Not(HasSubstr("find section"))) << "asking for names shows";
+    }
+}
+
+TEST(Player, BackgroundCommandGetsTheResultsOfTheSession) {
+    const Play play(
+        "open 0\nsendcommand 203 background\nresult qz-af-mmi-contrast-value=0x40000123\nwait\nexpect-status "
+        "0x123\n"
+        "expect-log debug FocusContrastValue 40000123\n"
+        "sendcommand 203 background\nresult qz-af-mmi-contrast-value=0xC0000010\n");
+    EXPECT_TRUE(play.allMet);
+    const auto statuses = play.all<StatusEvent>();
+    EXPECT_EQ(statuses.back().status, 0x10);  // the end of a session waits too
+}
+
+TEST(Player, ClosesEachCameraThatItOpens) {
+    const Play play("open 0\nopen 1\nset a=1\nparams\n");
+    int open = 0;
+    for (const LogEvent& line : play.all<LogEvent>()) {
+        if (line.text.rfind("CCameraQzParam(", 0) == 0) ++open;
+        if (line.text.rfind("~CCameraQzParam(", 0) == 0) --open;
+        EXPECT_LE(open, 1);
+    }
+    EXPECT_EQ(open, 0);
+    EXPECT_EQ(play.all<ParamsEvent>().at(0).rows.size(), 1U);
+}
+
+TEST(Player, RefreshDoesWhatAServiceDoesBeforeReading) {
+    const Play play(
+        "open 0\npublish\nset qz-image-post-process=off;camera_sound_state=0\nresult "
+        "qz-otp-check=7\nrefresh\n"
+        "expect-param super-resolution-picture-size-values \"\"\nexpect-param qz-otp-check 7\n"
+        "expect-query shutter-mute yes\nexpect-query otp-result 7\n");
+    EXPECT_TRUE(play.allMet);
+    EXPECT_EQ(play.all<ParamsEvent>().at(0).rows.size(), 2U);
+}
+
+TEST(Player, ChecksTagsAndValuesAgainstTheDevice) {
+    const struct {
+        const char* command;
+        const char* problem;
+    } kRows[] = {
+        {"result focusVcmValue=1", nullptr},
+        {"result nothing=1", "s:2: unknown tag 'nothing'"},
+        {"result focusVcmValue=x",
+         "s:2: expected a number of 32 bits of com.ambrix.capture.metadata.focusVcmValue (type int32), not "
+         "'x'"},
+        {"expect-entry iso 256", "s:2: expected a number from 0 to 255"},
+        {"expect-entry nothing 1", "s:2: unknown tag"},
+        {"expect-no-entry nothing", nullptr},
+    };
+    for (const auto& row : kRows) {
+        Problems problems("s");
+        const Session session = parseSession(std::string("open 0\n") + row.command, "s", problems);
+        checkAgainstDevice(session, TagNames(device().vendorTags), problems);
+        ASSERT_EQ(problems.count(), row.problem ? 1U : 0U) << row.command;
+        EXPECT_THAT(problems.empty() ? "" : problems.first().front(),
+                    HasSubstr(row.problem ? row.problem : ""));
+    }
+}
+
+TEST(Player, AGuestSessionLeavesOutWhatTheDeviceDoesNotHave) {
+    Problems problems("s");
+    const Session session = parseSession(builtInSession(), "s", problems);
+    Device bare;
+    std::vector<Event> events;
+    Player player(bare, [&](const Event& event) { events.push_back(event); });
+    player.playAsGuest(session);
+    size_t notes = 0;
+    for (const Event& event : events) {
+        EXPECT_FALSE(std::holds_alternative<ExpectationEvent>(event));
+        const auto* request = std::get_if<RequestEvent>(&event);
+        EXPECT_TRUE(!request || request->entries.empty());
+        if (std::holds_alternative<NoteEvent>(event)) ++notes;
+    }
+    EXPECT_GT(notes, 0U);
+}
+
+}  // namespace
+}  // namespace qzcam

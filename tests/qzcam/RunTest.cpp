@@ -1,0 +1,137 @@
+#include "Run.h"
+
+#include "BuiltIn.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <cstdio>
+#include <fstream>
+#include <string>
+#include <vector>
+
+namespace qzcam {
+namespace {
+
+using testing::HasSubstr;
+using testing::Not;
+using testing::StartsWith;
+
+class RunTool : public testing::Test {
+  public:
+    std::string file(const std::string& name, const std::string& text) {
+        mPaths.push_back(testing::TempDir() + "qzcam-" + name);
+        std::ofstream(mPaths.back(), std::ios::binary) << text;
+        return mPaths.back();
+    }
+    void TearDown() override {
+        for (const std::string& path : mPaths) static_cast<void>(std::remove(path.c_str()));
+    }
+
+    // The whole tool, from its command line to its exit status.
+    int tool(const std::vector<std::string>& words) {
+        std::vector<const char*> argv{"qzcam"};
+        for (const std::string& word : words) argv.push_back(word.c_str());
+        testing::internal::CaptureStdout();
+        testing::internal::CaptureStderr();
+        const int status = runTool(static_cast<int>(argv.size()), argv.data());
+        mOut = testing::internal::GetCapturedStdout();
+        mErr = testing::internal::GetCapturedStderr();
+        return status;
+    }
+
+  protected:
+    std::string mOut;
+    std::string mErr;
+
+  private:
+    std::vector<std::string> mPaths;
+};
+
+TEST_F(RunTool, ExitStatusTellsWhatWentWrong) {
+    const std::string good =
+        file("good.qzs", "inspect 0\nopen 0\nset iso=1600\nrequest\nexpect-entry iso 7\n");
+    const std::string failing = file("failing.qzs", "open 0\n\nexpect-param iso 1\nexpect-no-param iso\n");
+    const std::string wrong = file("wrong.qzs", "open 0\nrequst\n");
+    const std::string foreign = file("foreign.qzs", "open 0\nresult nothing=1\n");
+    const std::string cut =
+        file("cut.dump", std::string(builtInDevice().substr(0, builtInDevice().size() - 500)));
+    const std::string empty = file("empty.dump", "");
+    const std::string props = file("props", "[camera.x]\n");
+    const struct {
+        std::vector<std::string> words;
+        int status;
+        std::string out;  // parts
+        std::string err;
+    } kRows[] = {
+        {{}, kFine, "expectations met, 0 failed", ""},
+        {{"run"}, kFine, "expectations met, 0 failed", ""},
+        {{"run", good}, kFine, "com.ambrix.capture.metadata.iso ", ""},
+        {{"run", failing},
+         kExpectationFailed,
+         failing + ":3: FAILED expect-param iso 1: expected '1', but there is nothing\n",
+         ""},
+        {{"run", failing}, kExpectationFailed, "1 expectations met, 1 failed", ""},
+        {{"run", wrong}, kBadInput, "", wrong + ":2: unknown command 'requst'"},
+        {{"run", foreign}, kBadInput, "", foreign + ":2: unknown tag 'nothing'"},
+        {{"run", good + "x"}, kBadInput, "", "cannot read it"},
+        {{"run", testing::TempDir()}, kBadInput, "", "cannot read it"},
+        {{"run", good, "--device", cut}, kBadInput, "1 expectations met", cut + ":"},
+        {{"run", good, "--device", empty}, kBadInput, "", "no camera in it"},
+        {{"run", good, "--camera", "9"}, kBadInput, "", "no camera '9'"},
+        {{"run", good, "--props", props}, kBadInput, "", props + ":1: expected '[name]: [value]'"},
+        {{"run", "--log", "loud"}, kUsage, "", "expected verbose, debug"},
+        {{"run", "--nothing"}, kUsage, "", "--nothing"},
+        {{"play"}, kUsage, "", "play"},
+        {{"--version"}, kFine, "qzcam ", ""},
+        {{"run", "--help"}, kFine, "expect-query WHAT [ARGUMENT] ANSWER", ""},
+    };
+    for (const auto& row : kRows) {
+        const std::string what = testing::PrintToString(row.words);
+        EXPECT_EQ(tool(row.words), row.status) << what << mErr;
+        EXPECT_THAT(mOut, HasSubstr(row.out)) << what;
+        EXPECT_THAT(mErr,
+                    row.err.empty() ? testing::Matcher<std::string>(testing::IsEmpty()) : HasSubstr(row.err))
+            << what;
+    }
+}
+
+TEST_F(RunTool, ShowsTheLogAsAskedFor) {
+    const std::string session =
+        file("log.qzs", "open 0\nsendcommand 7 1 2\nset iso=1600\nrequest\nsendcommand 9\nsendcommand 9\n");
+    EXPECT_EQ(tool({"run", session}), kFine);
+    EXPECT_THAT(mOut, HasSubstr("      I CameraQzSendCmd: CameraQzSendCmd()\n"));
+    EXPECT_THAT(mOut,
+                HasSubstr("      E CameraQzSendCmd: sendCommand: Unknown command 7 (arguments 1, 2)\n"));
+    EXPECT_THAT(mOut, Not(HasSubstr("\033[")));
+    EXPECT_EQ(tool({"run", session, "--log", "E"}), kFine);
+    EXPECT_THAT(mOut, Not(HasSubstr(" I CameraQz")));
+    EXPECT_THAT(mOut, HasSubstr(" E CameraQz"));
+    EXPECT_EQ(tool({"run", session, "--log", "silent"}), kFine);
+    EXPECT_THAT(mOut, Not(HasSubstr("CameraQz")));
+    EXPECT_THAT(mOut, HasSubstr("= command 7 returned -22 (0xffffffea)\n"));
+}
+
+TEST_F(RunTool, PropertiesReachTheLibrary) {
+    const std::string props = file(
+        "getprop", "[camera.ignore.qz.customized.zsl]: [1]\n[ro.long]: [" + std::string(200, 'x') + "]\n");
+    const std::string session =
+        file("zsl.qzs", "open 0\nset qz-qzcamera-flag=on\nrequest\nexpect-query customized-zsl yes\n");
+    EXPECT_EQ(tool({"run", session}), kFine);
+    EXPECT_EQ(tool({"run", session, "--props", props}), kExpectationFailed);
+    EXPECT_EQ(tool({"run", file("reset.qzs", "setprop camera.ignore.qz.customized.zsl \"\"\n")}), kFine);
+}
+
+TEST_F(RunTool, ABuiltInSessionOnAnotherDeviceExpectsNothing) {
+    const std::string dump =
+        file("other.dump", "Camera 0 information:\n Dumping camera metadata array: 0 / 0 entries\n");
+    EXPECT_EQ(tool({"run", "--device", dump}), kFine);
+    EXPECT_THAT(mOut, StartsWith(dump + ", camera 0\n  0 vendor tags, 0 static entries\n"));
+    EXPECT_THAT(mOut, HasSubstr("qz_video_smooth_af_supported  true"));
+    EXPECT_THAT(mOut, HasSubstr("not declared by this device:"));
+    EXPECT_THAT(mOut, HasSubstr("times more"));
+    EXPECT_THAT(mOut, Not(HasSubstr("FAILED")));
+}
+
+}  // namespace
+}  // namespace qzcam

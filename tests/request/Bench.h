@@ -1,0 +1,181 @@
+// One camera whose setters are called one at a time, on a device that each call declares anew. What goes in
+// and what comes out are texts, so that a case is a line.
+#pragma once
+
+#include "Peer.h"
+#include "support/Device.h"
+#include "support/Log.h"
+
+#include <cutils/properties.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+#include <map>
+#include <sstream>
+#include <string>
+#include <vector>
+
+namespace qz::test {
+
+using Texts = std::vector<std::string>;
+
+inline Texts split(const std::string& text, const std::string& separator) {
+    Texts parts;
+    for (size_t at = 0, end = 0; at < text.size(); at = end + separator.size()) {
+        end = std::min(text.find(separator, at), text.size());
+        parts.push_back(text.substr(at, end - at));
+    }
+    return parts;
+}
+
+inline Texts wordsOf(const std::string& text) {
+    Texts words;
+    std::istringstream stream(text);
+    for (std::string word; stream >> word;) words.push_back(word);
+    return words;
+}
+
+// The lines of a text without their indentation. One that begins with "|" goes on where the last one ended.
+inline Texts linesOf(const std::string& text) {
+    Texts lines;
+    for (const std::string& line : split(text, "\n")) {
+        const size_t start = line.find_first_not_of(' ');
+        if (start == std::string::npos) continue;
+        if (line[start] != '|') lines.emplace_back();
+        lines.back() += (line[start] == '|' ? " " : "") + line.substr(start);
+    }
+    return lines;
+}
+
+// The parts that are not empty, one after the other.
+inline std::string join(const Texts& parts) {
+    std::string all;
+    for (const std::string& part : parts) {
+        if (!part.empty()) all += (all.empty() ? "" : " | ") + part;
+    }
+    return all;
+}
+
+// "name:b name:i": tags of the capture section with their types b, i, f and r; with a dot in the name, of
+// another section. `how` says of each whether it is declared '+', not '-', or 'x' with a type nothing writes.
+inline Declarations declare(const std::string& tags, const std::string& how) {
+    const std::map<char, int> types = {
+        {'b', TYPE_BYTE}, {'i', TYPE_INT32}, {'f', TYPE_FLOAT}, {'r', TYPE_RATIONAL}};
+    Declarations declarations = {{capture("decoy"), TYPE_BYTE}};
+    size_t at = 0;
+    for (const std::string& tag : wordsOf(tags)) {
+        const std::string name = tag.substr(0, tag.find(':'));
+        const std::string full = name.find('.') == std::string::npos ? capture(name) : name;
+        const char state = how.at(at++);
+        if (state != '-') declarations.emplace_back(full, state == '+' ? types.at(tag.back()) : TYPE_DOUBLE);
+    }
+    return declarations;
+}
+
+// "name=1,2" for each entry.
+inline Texts entriesOf(const android::CameraMetadata& request) {
+    Texts entries;
+    const camera_metadata_t* buffer = request.getAndLock();
+    for (size_t i = 0; i < get_camera_metadata_entry_count(buffer); ++i) {
+        camera_metadata_ro_entry entry = {};
+        get_camera_metadata_ro_entry(buffer, i, &entry);
+        entries.push_back(get_camera_metadata_tag_name(entry.tag) + std::string("="));
+        for (size_t j = 0; j < entry.count; ++j) {
+            char text[32];
+            if (entry.type == TYPE_FLOAT) {
+                snprintf(text, sizeof(text), "%.9g", static_cast<double>(entry.data.f[j]));
+            } else if (entry.type == TYPE_RATIONAL) {
+                snprintf(text, sizeof(text), "%d/%d", entry.data.r[j].numerator, entry.data.r[j].denominator);
+            } else {
+                const int number = entry.type == TYPE_BYTE ? entry.data.u8[j] : entry.data.i32[j];
+                snprintf(text, sizeof(text), "%d", number);
+            }
+            entries.back() += (j == 0 ? "" : ",") + std::string(text);
+        }
+    }
+    request.unlock(buffer);
+    return entries;
+}
+
+class Bench {
+  public:
+    Bench() = default;
+    ~Bench() {
+        for (const std::string& property : mProperties) property_set(property.c_str(), "");
+    }
+    Bench(const Bench&) = delete;
+    Bench& operator=(const Bench&) = delete;
+
+    // "key=text;key=text": parameters, properties of "camera.", and behind '@' the rest of the world. A key
+    // alone is removed.
+    void set(const std::string& all) {
+        for (const std::string& one : split(all, ";")) {
+            const size_t end = one.find('=');
+            if (end == std::string::npos) camera.adapter->remove(one.c_str());
+            if (end != std::string::npos) set(one.substr(0, end), one.substr(end + 1));
+        }
+    }
+    void set(const std::string& key, const std::string& text) {
+        if (key[0] == '@') setWorld(key, text);
+        camera.parameters.set(key.c_str(), text.c_str());
+        if (key.rfind("camera.", 0) != 0) return;
+        mProperties.push_back(key);
+        property_set(key.c_str(), text.c_str());
+    }
+
+    // What comes of a setter or of the pass "paramToMetaData": a status that is not 0, the entries, and the
+    // translator's log as "I text" and "E text".
+    std::string call(const std::string& setter, const Declarations& tags) {
+        const VendorTags device(tags);
+        if (!mArray.empty()) camera.info.update(tagOf(kArray), mArray.data(), mArray.size());
+        android::CameraMetadata request;
+        const camera_metadata_t* locked = mRequest == "locked" ? request.getAndLock() : nullptr;
+        auto before = TestPeer::state(translator());
+        mLog.take();
+        const status_t status = TestPeer::call(translator(), setter, mRequest == "none" ? nullptr : &request);
+        if (mRequest == "locked") request.unlock(locked);
+        Texts parts = entriesOf(request);
+        parts.insert(parts.begin(), status != 0 ? std::to_string(status) : "");
+        for (const LogLine& line : mLog.take("CameraQzParam")) {
+            parts.push_back(std::string(1, "??VDIWEF"[line.priority]) + " " + line.text);
+        }
+        changes.clear();
+        for (const auto& [name, value] : TestPeer::state(translator())) {
+            if (before[name] != value) changes = join({changes, name + ": " + std::to_string(value)});
+        }
+        return join(parts);
+    }
+
+    CCameraQzParam& translator() { return camera.translator(); }
+
+  private:
+    static inline const std::string kArray = capability("qzSubActiveArraySize");
+
+    void setWorld(const std::string& what, const std::string& text) {
+        const auto number = static_cast<uint32_t>(strtoul(text.c_str(), nullptr, 0));
+        const float maximum = strtof(text.c_str(), nullptr);
+        if (what == "@lightPainting") TestPeer::setLightPainting(translator(), static_cast<uint8_t>(number));
+        if (what == "@ownCamera") TestPeer::setQzCamera(translator(), number != 0);
+        if (what == "@flag") translator().setCallBackFlag(number);
+        if (what == "@client") translator().setClientName(android::String16(text.c_str()));
+        if (what == "@request") mRequest = text;
+        if (what == "@maximum") camera.info.update(ANDROID_SCALER_AVAILABLE_MAX_DIGITAL_ZOOM, &maximum, 1);
+        if (what == "@array") mArray.clear();
+        if (what == "@array") {
+            for (const std::string& size : split(text, ",")) mArray.push_back(atoi(size.c_str()));
+        }
+    }
+
+    LogCapture mLog;  // before the camera, which logs
+    Texts mProperties;
+    std::vector<int32_t> mArray;
+    std::string mRequest;
+
+  public:
+    Camera camera;
+    std::string changes;  // "member: value" for each change of state by the last call
+};
+
+}  // namespace qz::test

@@ -1,0 +1,20 @@
+// "NAME=VALUES" of a session, for a tag of the device.
+#pragma once
+
+#include "Device.h"
+#include "Session.h"
+
+#include <string>
+#include <variant>
+
+namespace qzcam {
+
+// The tag, and the values as its type wants them; otherwise what is wrong.
+std::variant<StaticEntry, std::string> parseAssignment(const TagNames& names, const std::string& name,
+                                                       const std::string& list);
+std::variant<StaticEntry, std::string> parseAssignment(const TagNames& names, const std::string& assignment);
+
+// What a session asks of a device: tags that it brings or expects must exist and take the values given.
+void checkAgainstDevice(const Session& session, const TagNames& names, Problems& problems);
+
+}  // namespace qzcam
