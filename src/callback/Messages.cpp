@@ -10,10 +10,8 @@ namespace qz {
 
 namespace {
 
-status_t notify(ExtCallBackInterface* host, const char* caller, MessageType message, int32_t ext1,
-                int32_t ext2) {
-    if (hostOrReport(host, caller) == nullptr) return android::BAD_VALUE;
-    return host->notifyCallback(message, ext1, ext2);
+void notify(ExtCallBackInterface* host, const char* caller, MessageType message, int32_t ext1, int32_t ext2) {
+    if (hostOrReport(host, caller) != nullptr) host->notifyCallback(message, ext1, ext2);
 }
 
 }  // namespace
@@ -72,13 +70,15 @@ void CameraQzCallBack::callbackLaserCalibrationResult(int result) {
 }
 
 status_t CameraQzCallBack::callbackHDCCalibResult(int result) {
+    if (hostOrReport(mExtCallBackIntf, __func__) == nullptr) return android::BAD_VALUE;
     LOGI("%s() hdc calib result: %d ", __func__, result);
-    return notify(mExtCallBackIntf, __func__, MSG_HDC_CALIB_RESULT, result, 0);
+    return mExtCallBackIntf->notifyCallback(MSG_HDC_CALIB_RESULT, result, 0);
 }
 
 status_t CameraQzCallBack::callbackFovCalibResult(int result) {
+    if (hostOrReport(mExtCallBackIntf, __func__) == nullptr) return android::BAD_VALUE;
     LOGI("%s() fov result result: %d ", __func__, result);
-    return notify(mExtCallBackIntf, __func__, MSG_FOV_CALIB_RESULT, result, 0);
+    return mExtCallBackIntf->notifyCallback(MSG_FOV_CALIB_RESULT, result, 0);
 }
 
 }  // namespace qz

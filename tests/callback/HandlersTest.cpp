@@ -124,9 +124,10 @@ TEST(ResultHandlers, HallBlobsAreReadWithinTheirBytes) {
         const std::string name(blob.begin() + std::min<int>(static_cast<int>(count), 4) + 4, blob.end());
         int offset = 0;
         for (size_t i = 1; i <= 4 && count >= 8; ++i) offset = offset * 256 + blob[blob.size() - i];
-        session.play("oisHallCalibResult=" + elements + log + name +
-                     ", ad_offset_y:" + std::to_string(offset) +
-                     (count < 4 ? ", result:0 |> " : ", result:16909060 |> ") + block(0x40000000, blob));
+        std::ostringstream row;
+        row << "oisHallCalibResult=" << elements << log << name << ", ad_offset_y:" << offset
+            << ", result:" << (count < 4 ? 0 : 0x01020304) << " |> " << block(0x40000000, blob);
+        session.play(row.str());
     }
     session.play("oisHallCalibResult=255,255,255,255,100,119,0,120,254,255,255,255" + log +
                  "dw, ad_offset_y:-2, result:-1 |> 40000000[02000000 ffffffff 64770078 feffffff]");

@@ -105,7 +105,7 @@ class Host : public ExtCallBackInterface {
         return entryOf(tag, entries[name]);
     }
 
-    const android::CameraMetadata result;
+    const android::CameraMetadata result{};
     std::map<std::string, Elements> entries;
     std::vector<std::string> asked;
     status_t status = 0;

@@ -76,13 +76,13 @@ class Device {
     std::string publish() {
         mLog.take();
         EXPECT_EQ(host->mCameraQzParam->metaDataToParam(), 0);
-        return std::regex_replace(textOf(mLog.take(), "CameraQzParam"), std::regex("\\(\\d+\\)"), "(#)");
+        return std::regex_replace(textOf(mLog.take(), "CameraQzParam"), std::regex(R"(\(\d+\))"), "(#)");
     }
     // Without what any device says and publishes.
     std::string publishAlone() {
         const std::regex always(
             "I (Enter .*|supportedExtScene.count = 0|Video smooth af supported = true)\n");
-        const std::string log = std::regex_replace(publish(), always, "");
+        std::string log = std::regex_replace(publish(), always, "");
         parameters.remove("qz_video_smooth_af_supported");
         return log;
     }

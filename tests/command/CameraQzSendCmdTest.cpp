@@ -123,7 +123,7 @@ TEST_F(CameraQzSendCmdTest, ReadsWhileResultsArrive) {
         for (uint32_t i = 1; !enough; ++i) TestPeer::setContrast(mCamera.translator(), (i << 30) | i);
     });
     sDuringSleep = [] { std::this_thread::yield(); };
-    for (uint32_t last = 0, answers = 0; answers < 100;) {
+    for (uint32_t last = 0, answers = 0; answers < 50;) {
         const status_t answer = mCommands->sendCommand(203, 0, 0);
         if (answer == -1) continue;
         const auto number = static_cast<uint32_t>(answer);

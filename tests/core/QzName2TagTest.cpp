@@ -34,7 +34,7 @@ TEST(QzName2Tag, StandsSinceTheLibraryWasLoaded) {
 }
 
 // The line is one of errors, or of information when it begins with '-'.
-void expectTag(const char* name, uint32_t tag, std::string line = "",
+void expectTag(const char* name, uint32_t tag, const std::string& line = "",
                uint32_t (QzName2Tag::*find)(const char*) const = &QzName2Tag::vendorTagFromName) {
     SCOPED_TRACE(name != nullptr ? name : "null");
     LogCapture log;

@@ -25,17 +25,17 @@ constexpr char kAfTest[] = R"(on|1 off|0 mmi_equip_9300_far|2 mmi_equip_9300_nea
     mmi_equip_9302_near|5 mmi_equip_9302_middle|6)";
 
 struct Vocabulary {
-    int (*number)(const char*);
-    int whenNull;
-    int whenUnknown;
-    std::string words;           // both ways
-    std::string requested = "";  // text to number only
+    int (*number)(const char*) = nullptr;
+    int whenNull = 0;
+    int whenUnknown = 0;
+    const char* words = "";      // both ways
+    const char* requested = "";  // text to number only
     const char* (*text)(uint8_t) = nullptr;
-    std::string failure = "";  // of its function, up to "EnumToString", and the words for the number
-    std::string fallback = "unknown";
+    const char* failure = "";  // of its function, up to "EnumToString", and the words for the number
+    const char* fallback = "unknown";
 };
 
-const Vocabulary kVocabularies[] = {
+constexpr Vocabulary kVocabularies[] = {
     {isoModeStringToEnum, 0, -1, "auto|0 100|2 200|3 400|4 800|5 1600|7 3200|8 6400|9", "50|1 1250|6",
      isoModeEnumToString, "isoMode|iso mode"},
     {contrastModeStringToEnum, 2, -1, kPercentTo200, "", contrastModeEnumToString,
@@ -80,7 +80,7 @@ TEST(Vocabulary, TextToNumber) {
     for (const Vocabulary& row : kVocabularies) {
         EXPECT_EQ(row.number(nullptr), row.whenNull) << row.words;
         EXPECT_EQ(row.number(""), row.whenUnknown) << row.words;
-        for (const Row& word : rowsOf(row.words + " " + row.requested)) {
+        for (const Row& word : rowsOf(std::string(row.words) + " " + row.requested)) {
             const int value = std::stoi(word[1]);
             const std::string other = otherCase(word[0]);
             EXPECT_EQ(row.number(word[0].c_str()), value) << word[0];
@@ -96,12 +96,13 @@ TEST(Vocabulary, NumberToText) {
         if (row.text == nullptr) continue;
         std::map<int, std::string> texts;
         for (const Row& word : rowsOf(row.words)) texts[std::stoi(word[1])] = word[0];
-        const size_t bar = row.failure.find('|');
+        const std::string failure = row.failure;
+        const size_t bar = failure.find('|');
         for (int mode = 0; mode <= UINT8_MAX; ++mode) {
             const bool known = texts.count(mode) != 0;
             EXPECT_EQ(row.text(static_cast<uint8_t>(mode)), known ? texts[mode] : row.fallback) << mode;
-            const std::string line = row.failure.substr(0, bar) + "EnumToString: Unknown " +
-                                     row.failure.substr(bar + 1) + " enum: " + std::to_string(mode);
+            const std::string line = failure.substr(0, bar) + "EnumToString: Unknown " +
+                                     failure.substr(bar + 1) + " enum: " + std::to_string(mode);
             EXPECT_EQ(log.take(), lineOf(ANDROID_LOG_ERROR, "CameraQzParam", known ? "" : line));
         }
     }

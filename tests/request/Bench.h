@@ -151,7 +151,7 @@ class Bench {
     CCameraQzParam& translator() { return camera.translator(); }
 
   private:
-    static inline const std::string kArray = capability("qzSubActiveArraySize");
+    static constexpr const char* kArray = "com.ambrix.device.capabilities.qzSubActiveArraySize";
 
     void setWorld(const std::string& what, const std::string& text) {
         const auto number = static_cast<uint32_t>(strtoul(text.c_str(), nullptr, 0));

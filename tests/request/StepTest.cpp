@@ -227,8 +227,8 @@ TEST(Step, ReadingOfTexts) {
 TEST(Step, SensorExposureTimes) {
     const Texts words = wordsOf(R"(
         auto 0 0/1               Auto 0 0/1            1/4000 250 1/4000     1/0 0 1/0
-        2 2000000 2/1            -3/2 -1500000 -3/2    1.5/2 500000 1/2      33554432/-1 -2147483648 33554432/-1
-        5000/1 705032704 5000/1  4000 -294967296 4000/1                      99999999999 -1000000 2147483647/1
+        2 2000000 2/1            -3/2 -1500000 -3/2    1.5/2 500000 1/2      4000 -294967296 4000/1
+        5000/1 705032704 5000/1  33554432/-1 -2147483648 33554432/-1         9999999999 -1000000 2147483647/1
         0.5 500000 5/10          1.25 1250000 125/100  0.125 125000 0/1      3. 3000000 0/1
         0.0000019 1 0/1          1.5s 1500000 15/10    5000.5 2147483647 50005/10
         -5000.5 -2147483648 -49995/10                  300000000.25 2147483647 -64771047/100)");
@@ -256,8 +256,8 @@ TEST(Step, OisCalibrationEndsAtAMissingTagOnly) {
         qz_ois_set_gryo_gain=(9,9)(1.5,-2.5);qz_ois_save_gryo_gain=(1,2,3,4)(5,6,7,0.25) -++++ ->
         +++++ -> oisGryoOffsetCalib=1 | oisHallCalib=255 | oisHallCheck=0 | oisSetGryoGain=1.5,-2.5
             | oisSaveGryoGain=5,6,7,0.25 | $gyro | $hall | $check | $gain | $kept
-        xxxxx -> $gyro | $failedGRYO_OFFSET_CALIB: 1, return: -38 | $hall | $failedHALL_CALIB: 255, return: -38
-            | $check | $failedHALL_CHECK: 0, return: -38 | $gain
+        xxxxx -> $gyro | $failedGRYO_OFFSET_CALIB: 1, return: -38 | $hall
+            | $failedHALL_CALIB: 255, return: -38 | $check | $failedHALL_CHECK: 0, return: -38 | $gain
             | $failedSET_GRYO_GAIN: (9,9)(1.5,-2.5) (1.500000, -2.500000) return: -38 | $kept
             | $failedSET_GRYO_GAIN: (1,2,3,4)(5,6,7,0.25) (5.000000, 6.000000, 7.000000, 0.250000) return: -38
         +-+++ -> oisGryoOffsetCalib=1 | $gyro
@@ -270,7 +270,8 @@ TEST(Step, OisCalibrationEndsAtAMissingTagOnly) {
         qz_ois_hall_check;qz_ois_set_gryo_gain=(1e99,1) ----+ -> oisSaveGryoGain=5,6,7,0.25 | $kept
         qz_ois_set_gryo_gain=(1,2)(3,x) ----+ -> oisSaveGryoGain=5,6,7,0.25 | $kept
         qz_ois_set_gryo_gain;qz_ois_save_gryo_gain=(1,2,3) +++-+ ->
-        qz_ois_set_gryo_gain=0.98,1.02 +++++ -> oisSetGryoGain=0,0 | I ~(), set gryo gain: (0.000000, 0.000000)
+        qz_ois_set_gryo_gain=0.98,1.02 +++++ -> oisSetGryoGain=0,0
+            | I ~(), set gryo gain: (0.000000, 0.000000)
         qz_ois_set_gryo_gain=(0.98,1.02) +++++ -> oisSetGryoGain=0.980000019,1.01999998
             | I ~(), set gryo gain: (0.980000, 1.020000))");
 }
@@ -285,7 +286,8 @@ TEST(Step, StabilisationIsForcedOff) {
         @client=com.instagram.android + ->
         video-stabilization=true + -> videoStabilizationMode=0 | $insta | $force
         @client=com.snapchat.android + -> videoStabilizationMode=0 | $snap | $force
-        camera.ignore.videostdb.all=1x + -> videoStabilizationMode=0 | $all com.snapchat.android | $snap | $force
+        camera.ignore.videostdb.all=1x + -> videoStabilizationMode=0 | $all com.snapchat.android
+            | $snap | $force
         camera.ignore.videostdb.partial=0 + -> videoStabilizationMode=0 | $all com.snapchat.android | $force
         @request=locked + -> -38 | $all com.snapchat.android | $force
             | E ~(), failed to reset video stabilization, return: -38
@@ -296,7 +298,8 @@ TEST(Step, StabilisationIsForcedOff) {
         camera.ignore.videostdb.partial=10;@client=com.Snapchat.android + ->
         @client=com.snapchat.android2 + ->
         @client= + ->
-        @client=com.é.app;camera.ignore.videostdb.all=1 + -> videoStabilizationMode=0 | $all com.é.app | $force)");
+        @client=com.é.app;camera.ignore.videostdb.all=1 + -> videoStabilizationMode=0 | $all com.é.app
+            | $force)");
 }
 
 TEST(Step, ZoomAndCropInSinglePrecision) {

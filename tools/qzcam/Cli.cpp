@@ -1,44 +1,34 @@
 #include "Cli.h"
 
-#include "Queries.h"
+#include "Diff.h"
+#include "Manual.h"
 #include "Run.h"
-#include "Session.h"
+#include "SessionHelp.h"
+#include "Shell.h"
 #include "Vocabulary.h"
 
-#include <fmt/format.h>
-
 #include <CLI/CLI.hpp>
+
+#include <memory>
+#include <string>
 
 namespace qzcam {
 
 namespace {
 
-std::string sessionHelp() {
-    std::string help = "Session commands, one a line, '#' begins a comment, \"quotes\" keep blanks:\n";
-    for (const CommandSpec& spec : commandSpecs()) {
-        const std::string form = fmt::format("{} {}", spec.name, spec.arguments);
-        // A form too long for its column has its help on the next line.
-        const char* gap = form.size() > 37 ? "\n" : "";
-        help +=
-            fmt::format("  {}{}{:<{}} {}\n", form, gap, "", *gap != '\0' ? 39 : 37 - form.size(), spec.help);
-    }
-    help += "\nQuestions for 'query' and 'expect-query':\n";
-    for (const QuerySpec& spec : querySpecs()) {
-        help += fmt::format("  {:<37} {}\n",
-                            fmt::format("{} {}", spec.name, spec.argument ? spec.argument : ""), spec.help);
-    }
-    help +=
-        "\nNames of entries may leave out their section where that is clear. Values are separated by commas: "
-        "numbers\n"
-        "(also 0x...), n/d, names of a standard tag's values; of byte entries also \"text\" and u\"text\" "
-        "(16 bits).\n"
-        "\nExit status: 0 fine, 1 an expectation failed, 2 wrong usage, 3 a bad input file.";
-    return help;
-}
+constexpr const char* kExitStatus =
+    "\nExit status: 0 fine, 1 an expectation failed, 2 wrong usage, 3 a bad input file.";
 
 void addRun(CLI::App& app, RunOptions& options) {
     app.add_option("SESSION", options.session,
                    "Session to play, '-' for standard input; default: the built-in one");
+    addPlayOptions(app, options);
+    app.footer(sessionHelp() + kExitStatus);
+}
+
+}  // namespace
+
+void addPlayOptions(CLI::App& app, RunOptions& options) {
     app.add_option("--device", options.device,
                    "Device: text of 'dumpsys media.camera'; default: the built-in one")
         ->type_name("DUMP");
@@ -52,10 +42,16 @@ void addRun(CLI::App& app, RunOptions& options) {
         ->check([](const std::string& word) {
             return logLevel(word) ? "" : std::string("expected ") + kLogLevels;
         });
-    app.footer(sessionHelp());
 }
 
-}  // namespace
+void addCommands(CLI::App& app, Action& action) {
+    const auto options = std::make_shared<RunOptions>();
+    action = [options] { return run(*options); };  // also without a command
+    addRun(*app.add_subcommand("run", "Play a session"), *options);
+    addShell(*app.add_subcommand("shell", "Type a session and see what comes of each line"), action);
+    addDiff(*app.add_subcommand("diff", "Show how two devices or two sessions differ"), action);
+    addManual(*app.add_subcommand("manual", "Print the manual page"), action);
+}
 
 int runTool(int argc, const char* const* argv) {
     CLI::App app{"Plays a camera session against a device and shows what the camera library makes of it.",
@@ -63,14 +59,14 @@ int runTool(int argc, const char* const* argv) {
     app.set_version_flag("--version", "qzcam " QZCAM_VERSION);
     app.require_subcommand(0, 1);
     app.footer("Without a command: run, with the built-in session on the built-in device.");
-    RunOptions options;
-    addRun(*app.add_subcommand("run", "Play a session"), options);
+    Action action;
+    addCommands(app, action);
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& error) {
         return app.exit(error) == 0 ? kFine : kUsage;
     }
-    return run(options);
+    return action();
 }
 
 }  // namespace qzcam

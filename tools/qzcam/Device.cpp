@@ -77,6 +77,13 @@ std::string TagNames::nameOf(uint32_t id) const {
     return found == mById.end() ? fmt::format("{:#x}", id) : found->second->fullName();
 }
 
+std::vector<std::string> TagNames::fullNames() const {
+    std::vector<std::string> names;
+    names.reserve(mByFullName.size());
+    for (const auto& [name, tag] : mByFullName) names.push_back(name);
+    return names;
+}
+
 void installVendorTags(const Device& device) {
     sp<VendorTagDescriptor> descriptor;
     if (device.hasVendorTags) {

@@ -43,6 +43,8 @@ class TagNames {
     // "section.name", or the number of a tag that has none.
     std::string nameOf(uint32_t id) const;
 
+    std::vector<std::string> fullNames() const;
+
   private:
     void add(const Tag& tag);
 

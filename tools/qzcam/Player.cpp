@@ -19,7 +19,12 @@ Player::Player(const Device& device, EventSink sink)
 Player::~Player() { android::VendorTagDescriptor::clearGlobalVendorTagDescriptor(); }
 
 bool Player::play(const Session& session) {
-    playCommands(session);
+    playPiece(session);
+    return end();
+}
+
+bool Player::end() {
+    finish();
     if (mMet + mFailed > 0) mSink(SummaryEvent{mMet, mFailed});
     return mFailed == 0;
 }
@@ -29,20 +34,20 @@ void Player::playAsGuest(const Session& session) {
     checkAgainstDevice(session, mNames, foreign);
     mExpectations = false;
     mBackgroundCommands = foreign.empty();
-    playCommands(session);
+    playPiece(session);
+    finish();
 }
 
-void Player::playCommands(const Session& session) {
+void Player::playPiece(const Session& piece) {
     const LogListener listener([this](const LogEvent& line) { hear(line); });
-    for (const Command& command : session.commands) {
+    for (const Command& command : piece.commands) {
         if (!isPlayed(command)) continue;
         if (isExpectation(command.spec->id)) {
-            examineExpectation(session, command);
+            examineExpectation(piece, command);
         } else {
             execute(command);
         }
     }
-    finish();
 }
 
 bool Player::isPlayed(const Command& command) const {
@@ -79,6 +84,7 @@ void Player::begin(size_t line, const std::string& text) {
 
 // A camera that is closed at the end says so in the log, as one that is replaced does.
 void Player::finish() {
+    const LogListener listener([this](const LogEvent& line) { hear(line); });
     if (mBackground.valid()) {
         begin(0, "wait");
         wait({});

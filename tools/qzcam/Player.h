@@ -35,6 +35,11 @@ class Player {
     // False when an expectation was not met.
     bool play(const Session& session);
 
+    // The same piece by piece: what one piece leaves behind is there for the next, until the end closes the
+    // camera and sums up.
+    void playPiece(const Session& piece);
+    bool end();
+
     // A session written for another device: expectations are left out, and so is what this device has no tags
     // for.
     void playAsGuest(const Session& session);
@@ -47,7 +52,6 @@ class Player {
         std::vector<LogEvent> log;
     };
 
-    void playCommands(const Session& session);
     void examineExpectation(const Session& session, const Command& command);
     bool isPlayed(const Command& command) const;
     void execute(const Command& command);

@@ -3,6 +3,7 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <utility>
 
 namespace qzcam {
 
@@ -52,41 +53,31 @@ bool needsCamera(CommandId id) {
     return id != CommandId::SetProp && id != CommandId::Inspect && id != CommandId::Open;
 }
 
-class SessionParser {
-  public:
-    SessionParser(Session& session, Problems& problems) : mSession(session), mProblems(problems) {}
+}  // namespace
 
-    void line(size_t number, std::string_view text);
-
-  private:
-    std::string wrongWith(const Command& command);
-    std::string wrongPlace(const Command& command);
-
-    Session& mSession;
-    Problems& mProblems;
-    bool mOpen = false;
-    bool mInBackground = false;
-};
-
-void SessionParser::line(size_t number, std::string_view text) {
+std::optional<Command> SessionReader::line(size_t number, std::string_view text, Problems& problems) {
     text = trimmed(text);
     std::vector<Word> words;
-    if (!splitWords(text, words)) return mProblems.add(number, "expected '\"' at the end of the quoted text");
-    if (words.empty()) return;
+    if (!splitWords(text, words)) {
+        problems.add(number, "expected '\"' at the end of the quoted text");
+        return std::nullopt;
+    }
+    if (words.empty()) return std::nullopt;
     const CommandSpec* spec = findSpec(words[0].text);
     if (!spec) {
-        return mProblems.add(
-            number, fmt::format("unknown command {}: expected one of those that 'qzcam run --help' lists",
-                                excerpt(words[0].text)));
+        problems.add(number, fmt::format("unknown command {}: expected one of those that {} lists",
+                                         excerpt(words[0].text), mHelp));
+        return std::nullopt;
     }
     words.erase(words.begin());
     Command command{number, std::string(text), std::move(words), spec};
     const std::string wrong = wrongWith(command);
-    if (!wrong.empty()) return mProblems.add(number, wrong);
-    mSession.commands.push_back(std::move(command));
+    if (wrong.empty()) return command;
+    problems.add(number, wrong);
+    return std::nullopt;
 }
 
-std::string SessionParser::wrongWith(const Command& command) {
+std::string SessionReader::wrongWith(const Command& command) {
     const CommandSpec& spec = *command.spec;
     if (command.words.size() < spec.fewestWords || command.words.size() > spec.mostWords) {
         return fmt::format("expected '{} {}', not {}", spec.name, spec.arguments, excerpt(command.text));
@@ -98,7 +89,7 @@ std::string SessionParser::wrongWith(const Command& command) {
 
 // One command at a time is the library's rule for its command handler, and a camera must not go while one
 // runs.
-std::string SessionParser::wrongPlace(const Command& command) {
+std::string SessionReader::wrongPlace(const Command& command) {
     const CommandId id = command.spec->id;
     if (needsCamera(id) && !mOpen) return fmt::format("expected 'open' before '{}'", command.spec->name);
     if (mInBackground && (id == CommandId::SendCommand || id == CommandId::Open)) {
@@ -111,15 +102,17 @@ std::string SessionParser::wrongPlace(const Command& command) {
     return {};
 }
 
-}  // namespace
-
 bool isExpectation(CommandId id) { return id >= CommandId::ExpectParam; }
 
 Session parseSession(std::string_view text, std::string_view file, Problems& problems) {
     Session session{std::string(file), {}};
-    SessionParser parser(session, problems);
+    SessionReader reader;
     Lines lines(text);
-    for (std::string_view line; lines.next(line);) parser.line(lines.number(), line);
+    for (std::string_view line; lines.next(line);) {
+        if (auto command = reader.line(lines.number(), line, problems)) {
+            session.commands.push_back(std::move(*command));
+        }
+    }
     return session;
 }
 

@@ -4,6 +4,7 @@
 #include "Text.h"
 
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -77,6 +78,25 @@ bool isExpectation(CommandId id);
 struct Session {
     std::string file;
     std::vector<Command> commands;
+};
+
+// Reads a session line by line.
+class SessionReader {
+  public:
+    // `help`: where to find the commands, for messages.
+    explicit SessionReader(const char* help = "'qzcam run --help'") : mHelp(help) {}
+
+    // The line's command; nothing for a line without one, or with a problem, after which the next line may
+    // follow.
+    std::optional<Command> line(size_t number, std::string_view text, Problems& problems);
+
+  private:
+    std::string wrongWith(const Command& command);
+    std::string wrongPlace(const Command& command);
+
+    const char* mHelp;
+    bool mOpen = false;
+    bool mInBackground = false;
 };
 
 // The whole session is read and checked before any of it is played.

@@ -1,0 +1,7 @@
+#include "Diff.h"
+
+namespace qzcam {
+
+void addDiff(CLI::App&, Action&) {}
+
+}  // namespace qzcam

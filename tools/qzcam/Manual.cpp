@@ -1,0 +1,7 @@
+#include "Manual.h"
+
+namespace qzcam {
+
+void addManual(CLI::App&, Action&) {}
+
+}  // namespace qzcam

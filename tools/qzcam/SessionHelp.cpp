@@ -1,0 +1,51 @@
+#include "SessionHelp.h"
+
+#include "Queries.h"
+
+#include <fmt/format.h>
+
+namespace qzcam {
+
+namespace {
+
+constexpr size_t kFormWidth = 37;
+
+// A form too long for its column has its help on the next line.
+std::string row(const std::string& form, const char* help) {
+    if (form.size() <= kFormWidth) return fmt::format("  {:<{}} {}\n", form, kFormWidth, help);
+    return fmt::format("  {}\n  {:<{}} {}\n", form, "", kFormWidth, help);
+}
+
+}  // namespace
+
+std::string commandHelp(const CommandSpec& spec) {
+    return row(fmt::format("{} {}", spec.name, spec.arguments), spec.help);
+}
+
+std::string commandTable() {
+    std::string table;
+    for (const CommandSpec& spec : commandSpecs()) table += commandHelp(spec);
+    return table;
+}
+
+std::string questionTable() {
+    std::string table;
+    for (const QuerySpec& spec : querySpecs()) {
+        table += row(fmt::format("{} {}", spec.name, spec.argument ? spec.argument : ""), spec.help);
+    }
+    return table;
+}
+
+const char* valueHelp() {
+    return "Names of entries may leave out their section where that is clear. Values are separated by "
+           "commas: numbers\n"
+           "(also 0x...), n/d, names of a standard tag's values; of byte entries also \"text\" and u\"text\" "
+           "(16 bits).\n";
+}
+
+std::string sessionHelp() {
+    return "Session commands, one a line, '#' begins a comment, \"quotes\" keep blanks:\n" + commandTable() +
+           "\nQuestions for 'query' and 'expect-query':\n" + questionTable() + "\n" + valueHelp();
+}
+
+}  // namespace qzcam

@@ -1,0 +1,19 @@
+// The session language as text: for `--help`, for `help` at the shell's prompt and for the manual page.
+#pragma once
+
+#include "Session.h"
+
+#include <string>
+
+namespace qzcam {
+
+// All of it; and its pieces.
+std::string sessionHelp();
+std::string commandTable();
+std::string questionTable();
+const char* valueHelp();
+
+// One command's form and what it does, as a line.
+std::string commandHelp(const CommandSpec& spec);
+
+}  // namespace qzcam

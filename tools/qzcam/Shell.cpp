@@ -1,0 +1,211 @@
+#include "Shell.h"
+
+#include "Assignment.h"
+#include "Completion.h"
+#include "Input.h"
+#include "LineEditor.h"
+#include "Player.h"
+#include "Printer.h"
+#include "Run.h"
+#include "SessionHelp.h"
+#include "Vocabulary.h"
+
+#include <fmt/format.h>
+#include <unistd.h>
+
+#include <CLI/CLI.hpp>
+
+#include <algorithm>
+#include <array>
+#include <cstdio>
+#include <cstdlib>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace qzcam {
+
+namespace {
+
+struct ShellCommand {
+    const char* name;
+    const char* arguments;
+    const char* help;
+};
+
+// Beside the session language.
+constexpr std::array<ShellCommand, 3> kShellCommands{{{"help", "[COMMAND]", "list the commands, or show one"},
+                                                      {"quit", "", "leave, as Ctrl-D does"},
+                                                      {"exit", "", "likewise"}}};
+
+std::string shellHelp() {
+    std::string help = "At the prompt also:\n";
+    for (const ShellCommand& command : kShellCommands) {
+        help +=
+            fmt::format("  {:<37} {}\n", fmt::format("{} {}", command.name, command.arguments), command.help);
+    }
+    return help;
+}
+
+// Lines without a terminal.
+std::optional<std::string> plainLine() {
+    char* text = nullptr;
+    size_t capacity = 0;
+    const ssize_t size = getline(&text, &capacity, stdin);
+    const std::unique_ptr<char, decltype(&std::free)> owned(text, std::free);
+    return size < 0 ? std::nullopt : std::optional(std::string(text, static_cast<size_t>(size)));
+}
+
+class Shell {
+  public:
+    Shell(const Device& device, int logLevel, bool atTerminal);
+
+    void talk();
+    ExitStatus end();
+
+  private:
+    std::optional<std::string> nextLine();
+    bool take(const std::string& line);  // false to leave
+    void play(const std::string& line);
+    void help(std::string_view command);
+    void hear(const Event& event);
+    void complain(const Problems& problems);
+
+    bool mAtTerminal;
+    Printer mPrinter;
+    Completion mCompletion;
+    Player mPlayer;
+    SessionReader mReader{"'help'"};
+    std::string mSource;
+    std::unique_ptr<LineEditor> mEditor;
+    size_t mLine = 0;
+    bool mWrong = false;    // a line was
+    bool mLeaving = false;  // after the last line
+};
+
+std::vector<CommandForm> shellForms() {
+    std::vector<CommandForm> forms;
+    for (const ShellCommand& command : kShellCommands) forms.push_back({command.name, command.arguments});
+    return forms;
+}
+
+Shell::Shell(const Device& device, int logLevel, bool atTerminal)
+    : mAtTerminal(atTerminal),
+      mPrinter(stdout, wantsColour(stdout), logLevel),
+      mCompletion(device, shellForms()),
+      mPlayer(device, [this](const Event& event) { hear(event); }),
+      mSource(atTerminal ? "prompt" : "standard input") {
+    mPrinter.device(device);
+    if (!atTerminal) return;
+    fmt::print("'help' lists the commands, Tab completes, Ctrl-D leaves. Begin with 'open 0'.\n");
+    mEditor = std::make_unique<LineEditor>(
+        isatty(STDOUT_FILENO) == 1 ? stdout : stderr, "qzcam> ",
+        [this](const std::string& line) { return mCompletion.at(line); }, historyFile());
+}
+
+void Shell::talk() {
+    for (auto line = nextLine(); line && take(*line); line = nextLine()) {
+    }
+}
+
+std::optional<std::string> Shell::nextLine() {
+    mPrinter.flush();
+    ++mLine;
+    return mEditor ? mEditor->line() : plainLine();
+}
+
+bool Shell::take(const std::string& line) {
+    std::string_view rest = line;
+    const std::string_view word = takeWord(rest);
+    if (word == "quit" || word == "exit") return false;
+    if (word == "help") {
+        help(trimmed(rest));
+    } else {
+        play(line);
+    }
+    return true;
+}
+
+// A typed line needs no number, the user sees it; a line of a script does.
+void Shell::play(const std::string& line) {
+    Problems problems(mAtTerminal ? "qzcam" : mSource);
+    auto command = mReader.line(mAtTerminal ? 0 : mLine, line, problems);
+    if (command) {
+        const Session piece{mSource, {*command}};
+        checkAgainstDevice(piece, mPlayer.names(), problems);
+        if (problems.empty()) mPlayer.playPiece(piece);
+    }
+    complain(problems);
+}
+
+void Shell::complain(const Problems& problems) {
+    if (problems.empty()) return;
+    mWrong = true;
+    mPrinter.flush();
+    report(problems);
+}
+
+void Shell::help(std::string_view command) {
+    const auto& specs = commandSpecs();
+    const auto spec = std::find_if(specs.begin(), specs.end(),
+                                   [&](const CommandSpec& each) { return each.name == command; });
+    if (spec != specs.end()) {
+        fmt::print("{}", commandHelp(*spec));
+        const bool asks = spec->id == CommandId::Query || spec->id == CommandId::ExpectQuery;
+        if (asks) fmt::print("\n{}", questionTable());
+    } else {
+        if (!command.empty()) fmt::print("There is no command {}.\n\n", excerpt(command));
+        fmt::print("{}\n{}", sessionHelp(), shellHelp());
+    }
+}
+
+void Shell::hear(const Event& event) {
+    mCompletion.learn(event);
+    // Who types a command, sees it; and who leaves knows that the camera is closed.
+    const bool isEcho = mAtTerminal && std::holds_alternative<CommandEvent>(event);
+    const bool isFarewell = mAtTerminal && mLeaving && !std::holds_alternative<SummaryEvent>(event);
+    if (!isEcho && !isFarewell) mPrinter.print(event);
+}
+
+ExitStatus Shell::end() {
+    mLeaving = true;
+    const bool met = mPlayer.end();
+    if (!mPrinter.flush()) {
+        fmt::print(stderr, "qzcam: cannot write the output\n");
+        return kBadInput;
+    }
+    if (mAtTerminal) return kFine;
+    if (mWrong) return kBadInput;
+    return met ? kFine : kExpectationFailed;
+}
+
+ExitStatus runShell(const RunOptions& options) {
+    const auto device = readDevice(options.device, options.camera);
+    if (!device || !applyProperties(options.properties)) return kBadInput;
+    const bool atTerminal = isatty(STDIN_FILENO) == 1;
+    Shell shell(device->device, *logLevel(options.logLevel), atTerminal);
+    shell.talk();
+    const ExitStatus status = shell.end();
+    return device->whole || atTerminal ? status : kBadInput;
+}
+
+}  // namespace
+
+void addShell(CLI::App& app, Action& action) {
+    const auto options = std::make_shared<RunOptions>();
+    addPlayOptions(app, *options);
+    app.footer(
+        "Reads a line, plays it, shows what comes of it. At a terminal lines can be edited, Tab completes "
+        "commands,\n"
+        "keys, values and tags, Ctrl-C drops the line, and lines are kept in\n"
+        "$XDG_STATE_HOME/qzcam/history (~/.local/state/qzcam/history) for the next time. Elsewhere lines are "
+        "read as\n"
+        "they are. A wrong line gets a message and is left out.\n\n" +
+        sessionHelp() + "\n" + shellHelp() +
+        "\nExit status: 0 fine; without a terminal also 1 an expectation failed, 3 a line was wrong. 2 wrong "
+        "usage.");
+    app.callback([options, &action] { action = [options] { return runShell(*options); }; });
+}
+
+}  // namespace qzcam

@@ -1,0 +1,119 @@
+// What the library looks for, reads and writes, found by probing it: all facts behind `check` and `params`.
+#pragma once
+
+#include "Probe.h"
+
+#include <cstdint>
+#include <set>
+#include <string>
+#include <vector>
+
+namespace qzcam {
+
+// A parameter is only looked at while another one has one of these values.
+struct Gate {
+    std::string key;
+    std::vector<std::string> values;
+    bool any = false;  // any value will do
+};
+
+// What one value of a parameter, on its own, puts into a request.
+struct Outcome {
+    std::string value;
+    std::vector<Written> written;
+};
+
+struct ParameterFact {
+    std::string key;
+    bool asText = false;
+    bool asInteger = false;
+    std::vector<Gate> gates;
+    Texts context;                       // one choice of values that opens all gates
+    std::vector<Outcome> outcomes;       // of all values probed
+    bool onlyOnChange = false;           // a value is written only when it is not that of the request before
+    std::vector<std::string> alsoReads;  // keys that it makes the library look at once more
+    std::vector<std::string> statics;    // static entries that it makes the library read
+
+    const Outcome* outcomeOf(const std::string& value) const;
+    const Outcome* firstWritten() const;  // null when nothing ever is
+};
+
+// A client that changes what a parameter does.
+struct ClientFact {
+    std::string key;
+    std::string value;
+    Client client;
+    std::vector<Written> written;  // in addition
+};
+
+// The numbers of elements, up to the most probed, with which an entry has its effect.
+struct Counts {
+    static constexpr size_t kMostProbed = 24;
+    std::set<size_t> good;
+
+    bool hasEnd() const { return good.count(kMostProbed) == 0; }
+    bool allows(size_t count) const { return good.count(count) != 0 || (!hasEnd() && count > kMostProbed); }
+    std::string toText() const;  // "exactly 2", "2 or 4", "at least 1", "2 to 20"
+};
+
+// How a capability becomes text.
+enum class Form { Kept, Flag, Words, Text, Number, Numbers, Other };
+
+struct CapabilityFact {
+    std::string tag;
+    uint8_t type = TYPE_BYTE;
+    bool typeSeen = false;
+    Counts counts;
+    Form form = Form::Kept;
+    std::vector<std::string> keys;  // published from it
+    Entries context;                // other capabilities that it wants to be there
+    Texts inputs;                   // parameters, likewise
+    bool inRequests = false;        // read for a request rather than for publishing
+    std::string forKey;             // then: the parameter that makes it so
+};
+
+struct ResultFact {
+    std::string tag;
+    uint8_t type = TYPE_BYTE;
+    bool typeSeen = false;
+    Counts counts;
+    Entries context;                // other entries that it wants to be there
+    Texts parameters;               // parameters of the request before, likewise
+    std::vector<Message> messages;  // that come of it
+};
+
+struct SizeListFact {
+    std::string tag;
+    uint8_t type = TYPE_BYTE;
+    bool typeSeen = false;
+};
+
+struct Survey {
+    std::vector<ParameterFact> parameters;
+    std::vector<ClientFact> clients;
+    Entries statics;  // what the probed device had, so that requests could go all their way
+    std::vector<CapabilityFact> capabilities;
+    std::vector<std::pair<std::string, std::string>> unconditional;  // published on any device
+    std::vector<ResultFact> results;
+    std::vector<SizeListFact> sizeLists;
+    std::vector<std::string> names;  // every vendor name that was looked up
+    std::set<std::string> withoutSection;
+
+    const ParameterFact* parameter(const std::string& key) const;
+};
+
+Survey surveyLibrary(Probe& probe);
+
+void surveyRequests(Probe& probe, Survey& survey);
+void surveyCapabilities(Probe& probe, Survey& survey);
+void surveyResults(Probe& probe, Survey& survey);
+void surveySizeLists(Probe& probe, Survey& survey);
+
+// What publishing did, in a form that does not depend on numbers in log lines.
+std::string effectOf(const PublishTrace& trace);
+
+// What `statics` publishes beyond the capability's context, and without the capability.
+PublishTrace publishWith(Probe& probe, const CapabilityFact& fact, const Values& values);
+PublishTrace publishWithout(Probe& probe, const CapabilityFact& fact);
+
+}  // namespace qzcam
