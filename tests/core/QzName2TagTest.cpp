@@ -69,7 +69,7 @@ TEST(QzName2Tag, VendorNames) {
     expectTag((section + ".short").c_str(), kNone);
     expectTag(section.c_str(), kNone, "vendorTagFromName: Key length too short for key '" + section + "'.");
     expectTag("a.", kNone, "vendorTagFromName: Key length too short for key 'a.'.");
-    expectTag("iso", kNone, "-vendorTagFromName: cann't find section for tag 'iso'!");
+    expectTag("A.b", kNone, "-vendorTagFromName: cann't find section for tag 'A.b'!");
 }
 
 TEST(QzName2Tag, StandardNames) {

@@ -4,9 +4,13 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
 
 #include <cstdio>
 #include <fstream>
+#include <iterator>
+#include <set>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -82,6 +86,15 @@ TEST_F(RunTool, ExitStatusTellsWhatWentWrong) {
         {{"run", good, "--props", props}, kBadInput, "", props + ":1: expected '[name]: [value]'"},
         {{"run", "--log", "loud"}, kUsage, "", "expected verbose, debug"},
         {{"run", "--nothing"}, kUsage, "", "--nothing"},
+        {{"run", "-", "--device", "-"}, kUsage, "", "only one of"},
+        {{"run", "--json", "--monitor"}, kUsage, "", "excludes"},
+        {{"run", good, "--params", "contrast=50;iso"}, kBadInput, "", "--params:1: expected 'key=value"},
+        {{"run", good, "--params", good + "x"}, kBadInput, "", "cannot read it"},
+        {{"run", good, "--junit", good + "/x"}, kBadInput, "expectations met", good + "/x: cannot write it"},
+        {{"explain", "iso"}, kFine, "read as text by setIso", ""},
+        {{"explain", "iso", "--params", "iso=9"}, kFine, "9: not understood, fallback written", ""},
+        {{"explain", "iso-mode"}, kUsage, "", "no setter reads 'iso-mode'; perhaps iso"},
+        {{"explain"}, kUsage, "", "KEY"},
         {{"play"}, kUsage, "", "play"},
         {{"--version"}, kFine, "qzcam ", ""},
         {{"run", "--help"}, kFine, "expect-query WHAT [ARGUMENT] ANSWER", ""},
@@ -99,14 +112,17 @@ TEST_F(RunTool, ExitStatusTellsWhatWentWrong) {
 TEST_F(RunTool, ShowsTheLogAsAskedFor) {
     const std::string session =
         file("log.qzs", "open 0\nsendcommand 7 1 2\nset iso=1600\nrequest\nsendcommand 9\nsendcommand 9\n");
-    EXPECT_EQ(tool({"run", session}), kFine);
+    EXPECT_EQ(tool({"run", session, "--log", "info"}), kFine);
     EXPECT_THAT(mOut, HasSubstr("      I CameraQzSendCmd: CameraQzSendCmd()\n"));
     EXPECT_THAT(mOut,
                 HasSubstr("      E CameraQzSendCmd: sendCommand: Unknown command 7 (arguments 1, 2)\n"));
     EXPECT_THAT(mOut, Not(HasSubstr("\033[")));
-    EXPECT_EQ(tool({"run", session, "--log", "E"}), kFine);
+    EXPECT_EQ(tool({"run", session}), kFine);
     EXPECT_THAT(mOut, Not(HasSubstr(" I CameraQz")));
     EXPECT_THAT(mOut, HasSubstr(" E CameraQz"));
+    EXPECT_EQ(tool({"run", session, "--log", "CameraQzParam:V *:S"}), kFine);
+    EXPECT_THAT(mOut, HasSubstr(" I CameraQzParam"));
+    EXPECT_THAT(mOut, Not(HasSubstr(" CameraQzSendCmd: ")));
     EXPECT_EQ(tool({"run", session, "--log", "silent"}), kFine);
     EXPECT_THAT(mOut, Not(HasSubstr("CameraQz")));
     EXPECT_THAT(mOut, HasSubstr("= command 7 returned -22 (0xffffffea)\n"));
@@ -122,10 +138,47 @@ TEST_F(RunTool, PropertiesReachTheLibrary) {
     EXPECT_EQ(tool({"run", file("reset.qzs", "setprop camera.ignore.qz.customized.zsl \"\"\n")}), kFine);
 }
 
+TEST_F(RunTool, ParametersAreSetAfterEachOpen) {
+    const std::string session = file("params.qzs",
+                                     "open 0\nrequest\nexpect-entry iso 7\nexpect-verdict contrast fallback\n"
+                                     "open 1\nrequest\nexpect-entry iso 7\n");
+    EXPECT_EQ(tool({"run", session}), kExpectationFailed);
+    EXPECT_EQ(tool({"run", session, "--params", "iso=1600;contrast=1"}), kFine);
+    EXPECT_THAT(mOut, HasSubstr("of 2 parameters set: 1 written, 1 not understood, fallback written"));
+    EXPECT_EQ(tool({"run", session, "--params", file("params", "\tiso: 1600\n\tcontrast: 1\n")}), kFine);
+}
+
+TEST_F(RunTool, SeveralSessionsLeaveEachOtherAlone) {
+    const std::string first = file("first.qzs",
+                                   "setprop camera.ignore.qz.customized.zsl 1\nopen 0\n"
+                                   "set qz-qzcamera-flag=on\nrequest\nexpect-query customized-zsl no\n");
+    const std::string second =
+        file("second.qzs", "open 0\nset qz-qzcamera-flag=on\nrequest\nexpect-query customized-zsl yes\n");
+    const std::string junit = file("junit.xml", "");
+    EXPECT_EQ(tool({"run", first, second, "--junit", junit}), kFine) << mOut;
+    std::ifstream xml(junit);
+    const std::string text((std::istreambuf_iterator<char>(xml)), {});
+    EXPECT_THAT(text, HasSubstr("<testsuite name=\"" + first + "\" tests=\"1\" failures=\"0\">"));
+    EXPECT_THAT(text, HasSubstr("<testsuite name=\"" + second + "\" tests=\"1\" failures=\"0\">"));
+}
+
+TEST_F(RunTool, EveryLineOfJsonIsAnObject) {
+    EXPECT_EQ(tool({"run", "--json"}), kFine);
+    std::istringstream lines(mOut);
+    std::set<std::string> events;
+    for (std::string line; std::getline(lines, line);) {
+        const auto object = nlohmann::json::parse(line);
+        events.insert(object.value("event", "first line"));
+    }
+    EXPECT_EQ(events, (std::set<std::string>{"first line", "answer", "callback", "command", "device",
+                                             "expectation", "log", "publish", "request", "result", "session",
+                                             "status", "summary", "verdicts"}));
+}
+
 TEST_F(RunTool, ABuiltInSessionOnAnotherDeviceExpectsNothing) {
     const std::string dump =
         file("other.dump", "Camera 0 information:\n Dumping camera metadata array: 0 / 0 entries\n");
-    EXPECT_EQ(tool({"run", "--device", dump}), kFine);
+    EXPECT_EQ(tool({"run", "--device", dump, "--log", "info"}), kFine);
     EXPECT_THAT(mOut, StartsWith(dump + ", camera 0\n  0 vendor tags, 0 static entries\n"));
     EXPECT_THAT(mOut, HasSubstr("qz_video_smooth_af_supported  true"));
     EXPECT_THAT(mOut, HasSubstr("not declared by this device:"));

@@ -35,6 +35,10 @@ void checkAgainstDevice(const Session& session, const TagNames& names, Problems&
             for (const Word& word : command.words) check(command, parseAssignment(names, word.raw));
         } else if (command.spec->id == CommandId::ExpectEntry) {
             check(command, parseAssignment(names, command.word(0), rawFrom(command, 1, ",")));
+        } else if (command.spec->id == CommandId::ExpectNoEntry ||
+                   command.spec->id == CommandId::ExpectChange) {
+            // Of a name that no tag has there is never an entry: a slip of the pen would always be met.
+            check(command, parseAssignment(names, command.word(0), ""));
         }
     }
 }

@@ -2,9 +2,21 @@
 
 #include "Text.h"
 
+#include <fmt/format.h>
+
 #include <utility>
 
 namespace qzcam {
+
+namespace {
+
+std::string nameOf(uint32_t tag) {
+    const char* section = get_camera_metadata_section_name(tag);
+    const char* name = get_camera_metadata_tag_name(tag);
+    return section && name ? fmt::format("{}.{}", section, name) : fmt::format("{:#x}", tag);
+}
+
+}  // namespace
 
 void WatchedParameters::set(const char* key, const char* value) {
     mPublished.push_back({key, mLastRead});
@@ -14,7 +26,65 @@ void WatchedParameters::set(const char* key, const char* value) {
 camera_metadata_ro_entry WatchedParameters::getStaticInfo(uint32_t tag, size_t minCount, size_t maxCount,
                                                           bool required) {
     mLastRead = tag;
-    return QzParametersEx::getStaticInfo(tag, minCount, maxCount, required);
+    const auto entry = QzParametersEx::getStaticInfo(tag, minCount, maxCount, required);
+    if (mTrace) mTrace->push_back({TraceStep::Kind::Static, nameOf(tag), false, entry.count > 0});
+    return entry;
+}
+
+const char* WatchedParameters::get(const char* key) {
+    const char* value = QzParametersEx::get(key);
+    if (mTrace) mTrace->push_back({TraceStep::Kind::Read, key, false, value != nullptr});
+    return value;
+}
+
+int WatchedParameters::getInt(const char* key) {
+    if (mTrace) mTrace->push_back({TraceStep::Kind::Read, key, true, QzParametersEx::get(key) != nullptr});
+    return QzParametersEx::getInt(key);
+}
+
+template <typename T>
+qz::status_t WatchedParameters::watchedUpdate(android::CameraMetadata* metadata, uint32_t tag, uint8_t type,
+                                              const T* data, size_t count) {
+    const qz::status_t status =
+        mUpdateAnswer ? *mUpdateAnswer : QzParametersEx::update(metadata, tag, data, count);
+    if (mTrace) {
+        const auto* bytes = reinterpret_cast<const uint8_t*>(data);
+        Values values{type, count, {bytes, bytes + count * sizeof(T)}};
+        mTrace->push_back({TraceStep::Kind::Update, nameOf(tag), false, false, std::move(values), status});
+    }
+    return status;
+}
+
+qz::status_t WatchedParameters::update(android::CameraMetadata* metadata, uint32_t tag, const uint8_t* data,
+                                       size_t count) {
+    return watchedUpdate(metadata, tag, TYPE_BYTE, data, count);
+}
+
+qz::status_t WatchedParameters::update(android::CameraMetadata* metadata, uint32_t tag, const int32_t* data,
+                                       size_t count) {
+    return watchedUpdate(metadata, tag, TYPE_INT32, data, count);
+}
+
+qz::status_t WatchedParameters::update(android::CameraMetadata* metadata, uint32_t tag,
+                                       const camera_metadata_rational* data, size_t count) {
+    return watchedUpdate(metadata, tag, TYPE_RATIONAL, data, count);
+}
+
+qz::status_t WatchedParameters::update(android::CameraMetadata* metadata, uint32_t tag, const float* data,
+                                       size_t count) {
+    return watchedUpdate(metadata, tag, TYPE_FLOAT, data, count);
+}
+
+qz::status_t WatchedParameters::update(android::CameraMetadata* metadata, uint32_t tag, const double* data,
+                                       size_t count) {
+    return watchedUpdate(metadata, tag, TYPE_DOUBLE, data, count);
+}
+
+// The platform writes a text with its terminator.
+qz::status_t WatchedParameters::update(android::CameraMetadata* metadata, uint32_t tag,
+                                       const android::String8& value) {
+    return watchedUpdate(metadata, tag, TYPE_BYTE, reinterpret_cast<const uint8_t*>(value.c_str()),
+                         value.length() + 1);
 }
 
 std::vector<WatchedParameters::Published> WatchedParameters::takePublished() {

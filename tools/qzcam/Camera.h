@@ -3,6 +3,7 @@
 #pragma once
 
 #include "Messages.h"
+#include "Trace.h"
 
 #include <CCameraQzParam.h>
 #include <CameraQzCallBack.h>
@@ -20,7 +21,8 @@
 
 namespace qzcam {
 
-// The adapter, watched: which key was published from which capability shows in the order of its calls.
+// The adapter, watched: which key was published from which capability, and which parameter became which
+// entry, shows in the order of its calls.
 class WatchedParameters : public qz::QzParametersEx {
   public:
     struct Published {
@@ -31,13 +33,39 @@ class WatchedParameters : public qz::QzParametersEx {
     using QzParametersEx::QzParametersEx;
 
     void set(const char* key, const char* value) override;
+    const char* get(const char* key) override;
+    int getInt(const char* key) override;
     camera_metadata_ro_entry getStaticInfo(uint32_t tag, size_t minCount, size_t maxCount,
                                            bool required) override;
+    qz::status_t update(android::CameraMetadata* metadata, uint32_t tag, const uint8_t* data,
+                        size_t count) override;
+    qz::status_t update(android::CameraMetadata* metadata, uint32_t tag, const int32_t* data,
+                        size_t count) override;
+    qz::status_t update(android::CameraMetadata* metadata, uint32_t tag, const camera_metadata_rational* data,
+                        size_t count) override;
+    qz::status_t update(android::CameraMetadata* metadata, uint32_t tag, const float* data,
+                        size_t count) override;
+    qz::status_t update(android::CameraMetadata* metadata, uint32_t tag, const double* data,
+                        size_t count) override;
+    qz::status_t update(android::CameraMetadata* metadata, uint32_t tag,
+                        const android::String8& value) override;
 
     // What was published since the last call.
     std::vector<Published> takePublished();
 
+    // Writes the steps of what follows into `trace`, until it is null.
+    void watch(Trace* trace) { mTrace = trace; }
+
+    // All updates from now on get this status, whatever type their tag has, and none reaches its request.
+    void answerUpdates(qz::status_t status) { mUpdateAnswer = status; }
+
   private:
+    template <typename T>
+    qz::status_t watchedUpdate(android::CameraMetadata* metadata, uint32_t tag, uint8_t type, const T* data,
+                               size_t count);
+
+    Trace* mTrace = nullptr;
+    std::optional<qz::status_t> mUpdateAnswer;
     uint32_t mLastRead = 0;
     std::vector<Published> mPublished;
 };

@@ -6,7 +6,6 @@
 
 #include <camera/VendorTagDescriptor.h>
 
-#include <string_view>
 #include <utility>
 
 namespace qzcam {
@@ -29,14 +28,6 @@ class DescriptorInPlace {
     android::sp<VendorTagDescriptor> mBefore;
 };
 
-// A name that no section matches stands in the resolver's log line between the last two quotes.
-std::string nameInLogLine(const LogEvent& line) {
-    if (line.tag != "QzName2Tag" || line.text.find("find section for tag '") == std::string::npos) return {};
-    const size_t end = line.text.rfind('\'');
-    const size_t begin = line.text.rfind('\'', end - 1) + 1;
-    return line.text.substr(begin, end - begin);
-}
-
 }  // namespace
 
 CapabilityNames lookUpCapabilityNames() {
@@ -48,7 +39,7 @@ CapabilityNames lookUpCapabilityNames() {
     CapabilityNames names;
     std::set<std::string> seen;
     const LogListener listener([&](const LogEvent& line) {
-        std::string name = nameInLogLine(line);
+        std::string name = missingName(line);
         if (!name.empty() && seen.insert(name).second) names.all.push_back(std::move(name));
     });
     const android::CameraMetadata nothing;

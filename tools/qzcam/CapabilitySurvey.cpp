@@ -15,6 +15,8 @@ namespace {
 // Given to keys that publishing adds to.
 constexpr const char* kGivenList = "auto";
 
+constexpr size_t kMostElements = 6;
+
 // A number above those of every vocabulary.
 constexpr int32_t kNoWord = 250;
 
@@ -26,6 +28,19 @@ std::string withoutNumbers(const std::string& text) {
     return plain;
 }
 
+template <typename Rows, typename Row>
+bool contains(const Rows& rows, const Row& row) {
+    return std::find(rows.begin(), rows.end(), row) != rows.end();
+}
+
+// The keys that are new, or have another value than before.
+void takeKeys(CapabilityFact& fact, const PublishTrace& before, const PublishTrace& after) {
+    for (const auto& row : after.published) {
+        if (!contains(before.published, row) && !contains(fact.keys, row.first))
+            fact.keys.push_back(row.first);
+    }
+}
+
 class CapabilitySurvey {
   public:
     CapabilitySurvey(Probe& probe, Survey& survey) : mProbe(probe), mSurvey(survey) {}
@@ -35,7 +50,7 @@ class CapabilitySurvey {
   private:
     void addRead(const PublishTrace& trace, const Entries& context);
     void examine(CapabilityFact& fact);
-    void examine(CapabilityFact& fact, uint8_t type, const std::string& without);
+    void examine(CapabilityFact& fact, uint8_t type, const PublishTrace& without);
     void takeInputs(CapabilityFact& fact, const PublishTrace& trace);
     Form formOf(const CapabilityFact& fact);
     std::string published(const CapabilityFact& fact, const std::vector<int32_t>& numbers);
@@ -69,13 +84,14 @@ void CapabilitySurvey::addRead(const PublishTrace& trace, const Entries& context
 }
 
 void CapabilitySurvey::examine(CapabilityFact& fact) {
-    const std::string without = effectOf(publishWithout(mProbe, fact));
+    const PublishTrace without = publishWithout(mProbe, fact);
     for (uint8_t type = 0; type < NUM_TYPES && !fact.typeSeen; ++type) examine(fact, type, without);
     if (fact.typeSeen) fact.form = formOf(fact);
 }
 
-void CapabilitySurvey::examine(CapabilityFact& fact, uint8_t type, const std::string& without) {
-    for (size_t count = 1; count <= Counts::kMostProbed; ++count) {
+void CapabilitySurvey::examine(CapabilityFact& fact, uint8_t type, const PublishTrace& without) {
+    const std::string nothing = effectOf(without);
+    const Counts counts = goodCounts(kMostElements, [&](size_t count) {
         const Values values = filled(type, count, 1);
         PublishTrace trace = publishWith(mProbe, fact, values);
         takeInputs(fact, trace);
@@ -83,18 +99,14 @@ void CapabilitySurvey::examine(CapabilityFact& fact, uint8_t type, const std::st
         Entries context = fact.context;
         context[fact.tag] = values;
         addRead(trace, context);
-        if (effectOf(trace) == without) continue;
-        fact.type = type;
-        fact.typeSeen = true;
-        fact.counts.good.insert(count);
-        for (const auto& [key, value] : trace.published) {
-            const auto row = std::make_pair(key, value);
-            const auto& common = mSurvey.unconditional;
-            const bool isNew = std::find(common.begin(), common.end(), row) == common.end() &&
-                               std::find(fact.keys.begin(), fact.keys.end(), key) == fact.keys.end();
-            if (isNew) fact.keys.push_back(key);
-        }
-    }
+        if (effectOf(trace) == nothing) return false;
+        takeKeys(fact, without, trace);
+        return true;
+    });
+    if (counts.good.empty()) return;
+    fact.type = type;
+    fact.typeSeen = true;
+    fact.counts = counts;
 }
 
 // A key that is asked for without having been published is there to be added to.
@@ -103,11 +115,7 @@ void CapabilitySurvey::takeInputs(CapabilityFact& fact, const PublishTrace& trac
 }
 
 std::string CapabilitySurvey::published(const CapabilityFact& fact, const std::vector<int32_t>& numbers) {
-    const PublishTrace trace = publishWith(mProbe, fact, valuesOf(fact.type, numbers));
-    for (const auto& [key, value] : trace.published) {
-        if (!fact.keys.empty() && key == fact.keys.front()) return value;
-    }
-    return {};
+    return valueOf(publishWith(mProbe, fact, valuesOf(fact.type, numbers)), fact.keys.front());
 }
 
 Form CapabilitySurvey::formOf(const CapabilityFact& fact) {
@@ -142,6 +150,26 @@ PublishTrace publishWith(Probe& probe, const CapabilityFact& fact, const Values&
 
 PublishTrace publishWithout(Probe& probe, const CapabilityFact& fact) {
     return probe.publish(fact.context, fact.inputs);
+}
+
+std::string valueOf(const PublishTrace& trace, const std::string& key) {
+    std::string last;
+    for (const auto& row : trace.published) {
+        if (row.first == key) last = row.second;
+    }
+    return last;
+}
+
+Counts goodCounts(size_t most, const std::function<bool(size_t)>& hasEffect) {
+    Counts counts{most, {}};
+    for (const size_t count : {size_t{1}, size_t{2}, size_t{4}}) {
+        if (hasEffect(count)) counts.good.insert(count);
+    }
+    if (counts.good.empty()) return counts;
+    for (size_t count = 1; count <= most; ++count) {
+        if (hasEffect(count)) counts.good.insert(count);
+    }
+    return counts;
 }
 
 // Ranges of numbers where there are some in a row.

@@ -1,11 +1,16 @@
 #include "Cli.h"
 
+#include "Check.h"
 #include "Diff.h"
+#include "Explain.h"
 #include "Manual.h"
+#include "Reference.h"
 #include "Run.h"
 #include "SessionHelp.h"
 #include "Shell.h"
 #include "Vocabulary.h"
+
+#include <fmt/format.h>
 
 #include <CLI/CLI.hpp>
 
@@ -20,9 +25,15 @@ constexpr const char* kExitStatus =
     "\nExit status: 0 fine, 1 an expectation failed, 2 wrong usage, 3 a bad input file.";
 
 void addRun(CLI::App& app, RunOptions& options) {
-    app.add_option("SESSION", options.session,
-                   "Session to play, '-' for standard input; default: the built-in one");
+    app.add_option("SESSION", options.sessions,
+                   "Sessions to play, '-' for standard input; default: the built-in one");
     addPlayOptions(app, options);
+    CLI::Option* json = app.add_flag("--json", options.json, "Print JSON, an event a line, for programs");
+    app.add_flag("--monitor", options.monitor,
+                 "Print only the entries that change, request and result in columns")
+        ->excludes(json);
+    app.add_option("--junit", options.junit, "Write the expectations to this file as JUnit XML")
+        ->type_name("FILE");
     app.footer(sessionHelp() + kExitStatus);
 }
 
@@ -33,14 +44,19 @@ void addPlayOptions(CLI::App& app, RunOptions& options) {
                    "Device: text of 'dumpsys media.camera'; default: the built-in one")
         ->type_name("DUMP");
     app.add_option("--camera", options.camera, "Camera of the dump; default: its first")->type_name("ID");
-    app.add_option("--props", options.properties, "System properties: text of 'getprop', or name=value lines")
+    app.add_option("--getprop,--props", options.properties, "System properties: text of 'getprop', or name=value lines")
         ->type_name("GETPROP");
-    app.add_option("--log", options.logLevel,
-                   std::string("Lowest level of the log lines shown: ") + kLogLevels)
-        ->type_name("LEVEL")
+    app.add_option("--params", options.parameters,
+                   "Parameters set after each 'open': key=value;key=value, or a file of them, also as a dump "
+                   "has them")
+        ->type_name("TEXT|FILE");
+    app.add_option("--log", options.log,
+                   fmt::format("Log lines shown: the lowest level ({}), or by tag: 'CameraQzParam:D *:S'",
+                               kLogLevels))
+        ->type_name("FILTER")
         ->capture_default_str()
         ->check([](const std::string& word) {
-            return logLevel(word) ? "" : std::string("expected ") + kLogLevels;
+            return LogFilter::parse(word) ? "" : fmt::format("expected {}, or TAG:LEVEL...", kLogLevels);
         });
 }
 
@@ -50,6 +66,9 @@ void addCommands(CLI::App& app, Action& action) {
     addRun(*app.add_subcommand("run", "Play a session"), *options);
     addShell(*app.add_subcommand("shell", "Type a session and see what comes of each line"), action);
     addDiff(*app.add_subcommand("diff", "Show how two devices or two sessions differ"), action);
+    addCheck(*app.add_subcommand("check", "Hold a device against the library"), action);
+    addParams(*app.add_subcommand("params", "Explain the application's parameters"), action);
+    addExplain(*app.add_subcommand("explain", "Show the whole road of one parameter on a device"), action);
     addManual(*app.add_subcommand("manual", "Print the manual page"), action);
 }
 

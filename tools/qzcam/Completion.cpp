@@ -1,5 +1,6 @@
 #include "Completion.h"
 
+#include "EventWords.h"
 #include "Messages.h"
 #include "Queries.h"
 #include "Session.h"
@@ -124,13 +125,9 @@ void Completion::learnRows(const std::vector<ParamRow>& rows) {
 
 Suggestions Completion::at(std::string_view line) const {
     Place place{{}, {}, 0, {}};
-    std::string_view rest = line;
     const size_t wordBegin = line.find_last_of(" \t") + 1;  // 0 when there is none
-    while (static_cast<size_t>(rest.data() - line.data()) < wordBegin) {
-        const std::string_view word = takeWord(rest);
-        if (word.empty()) break;
-        place.before.emplace_back(word);
-    }
+    std::string_view before = trimmed(line.substr(0, wordBegin));
+    while (!before.empty()) place.before.emplace_back(takeWord(before));
     place.begin = wordBegin;
     place.typed = line.substr(wordBegin);
     if (place.before.empty()) return among(mCommands, place.begin, place.typed, " ");
@@ -163,6 +160,7 @@ Completion::Names Completion::namesFor(const Place& place) const {
     if (slot == "ARGUMENT" && place.before.back() == "ext-scene") return valuesOf("scene-mode");
     if (slot == "FORMAT") return wordsIn(pixelFormatNames());
     if (slot == "LEVEL" && place.command() != "inspect") return wordsIn(kLogLevels);
+    if (slot == "VERDICT") return wordsIn(verdictWords());
     if (slot == "CODE" && place.command() == "expect-callback") return wordsIn(messageNames());
     return {};
 }

@@ -3,7 +3,25 @@
 
 #include "Cli.h"
 
+#include <string>
+#include <string_view>
+
 namespace qzcam {
+
+struct DiffOptions {
+    std::string a;  // "-": standard input
+    std::string b;  // likewise; empty: what is built in
+    std::string as;
+    std::string session;  // what is played on two devices; empty: the built-in one
+    std::string device;   // what two sessions are played on; likewise
+    std::string cameras;  // "ID" or "ID,ID"
+    bool json = false;
+};
+
+ExitStatus diff(const DiffOptions& options);
+
+enum class InputKind { Dump, Session, Unknown };
+InputKind kindOf(std::string_view text);
 
 void addDiff(CLI::App& app, Action& action);
 

@@ -7,11 +7,19 @@
 #include <cstddef>
 #include <cstdint>
 #include <functional>
+#include <map>
 #include <string>
 #include <variant>
 #include <vector>
 
 namespace qzcam {
+
+using Texts = std::map<std::string, std::string>;  // parameters by their keys
+
+// A session begins.
+struct SessionEvent {
+    std::string file;
+};
 
 // A command begins; what follows is its doing.
 struct CommandEvent {
@@ -32,6 +40,48 @@ struct EntryRow {
 // The entries of a request, compared with those of the one before.
 struct RequestEvent {
     std::vector<EntryRow> entries;
+    bool first = false;  // of its camera: there is none before
+};
+
+// What became of a parameter that the application set.
+enum class Verdict {
+    Written,
+    Fallback,    // written as any text is that the library does not understand
+    Skipped,     // not understood, and nothing written
+    Overridden,  // by another parameter
+    Undeclared,  // the device has no such tag
+    WrongType,   // the device refused the update
+    GateClosed,  // something else keeps it from being looked at or written
+    NoEntry,     // read, but no entry carries it
+    Unread,
+};
+
+struct VerdictEntry {
+    uint32_t tag;  // 0: undeclared
+    std::string name;
+    Verdict verdict;
+    std::string reason;
+    Values values;  // written, or what would have been
+};
+
+struct VerdictRow {
+    std::string key;
+    std::string value;
+    Verdict verdict;
+    std::string reason;
+    std::vector<VerdictEntry> entries;
+    bool repeated = false;  // as for the request before
+};
+
+struct VerdictsEvent {
+    std::vector<VerdictRow> rows;
+};
+
+// The entries of a result, compared with those of the one before.
+struct ResultEvent {
+    int64_t frame;
+    std::vector<EntryRow> entries;
+    bool first = false;
 };
 
 struct ParamRow {
@@ -92,8 +142,9 @@ struct SummaryEvent {
     size_t failed;
 };
 
-using Event = std::variant<CommandEvent, RequestEvent, ParamsEvent, PublishEvent, CallbackEvent, LogEvent,
-                           StatusEvent, AnswerEvent, NoteEvent, ExpectationEvent, SummaryEvent>;
+using Event = std::variant<SessionEvent, CommandEvent, RequestEvent, VerdictsEvent, ResultEvent, ParamsEvent,
+                           PublishEvent, CallbackEvent, LogEvent, StatusEvent, AnswerEvent, NoteEvent,
+                           ExpectationEvent, SummaryEvent>;
 using EventSink = std::function<void(const Event&)>;
 
 }  // namespace qzcam

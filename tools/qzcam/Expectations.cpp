@@ -1,5 +1,6 @@
 #include "Expectations.h"
 
+#include "EventWords.h"
 #include "Queries.h"
 #include "Vocabulary.h"
 
@@ -33,14 +34,18 @@ Finding expectNoParam(const Command& command, PlayState& state) {
     return {value == nullptr, kNothing, value ? excerpt(value) : kNothing};
 }
 
-const EntryRow* findEntry(const Command& command, const PlayState& state) {
+const EntryRow* findRow(const Command& command, const PlayState& state) {
     const auto tag = state.names.resolve(command.word(0));
     if (std::holds_alternative<std::string>(tag)) return nullptr;
     const uint32_t id = std::get<const Tag*>(tag)->id;
-    const auto found = std::find_if(state.entries.begin(), state.entries.end(), [&](const EntryRow& row) {
-        return row.tag == id && row.change != Change::Gone;
-    });
+    const auto found = std::find_if(state.entries.begin(), state.entries.end(),
+                                    [&](const EntryRow& row) { return row.tag == id; });
     return found == state.entries.end() ? nullptr : &*found;
+}
+
+const EntryRow* findEntry(const Command& command, const PlayState& state) {
+    const EntryRow* row = findRow(command, state);
+    return row && row->change != Change::Gone ? row : nullptr;
 }
 
 std::string entryText(const EntryRow* entry) {
@@ -61,7 +66,7 @@ Finding expectNoEntry(const Command& command, PlayState& state) {
 }
 
 std::string messageText(const Message& message) {
-    return fmt::format("{:#x} {}", message.code, fmt::join(message.numbers, ","));
+    return fmt::format("{:#x} {} ({})", message.code, fmt::join(message.numbers, ","), message.name);
 }
 
 bool hasBytes(const Message& message, const Command& command) {
@@ -90,8 +95,14 @@ bool hasNumbers(const Message& message, const Command& command) {
     return numbers == message.numbers;
 }
 
+// Messages that share a code have names of their own.
+bool isCalled(const Message& message, const std::string& word) {
+    if (!parseInteger(word)) return message.name == word;
+    return message.code == findMessageCode(word);
+}
+
 bool matches(const Message& message, const Command& command) {
-    if (message.code != findMessageCode(command.word(0)).value_or(0)) return false;
+    if (!isCalled(message, command.word(0))) return false;
     if (command.words.size() == 1) return true;
     if (command.word(1) == "bytes") return hasBytes(message, command);
     if (command.word(1).find('=') == std::string::npos) return hasNumbers(message, command);
@@ -162,6 +173,41 @@ Finding expectQuery(const Command& command, PlayState& state) {
     return {answer == expected, expected, answer};
 }
 
+Finding expectVerdict(const Command& command, PlayState& state) {
+    const auto row = std::find_if(state.verdicts.begin(), state.verdicts.end(),
+                                  [&](const VerdictRow& each) { return each.key == command.word(0); });
+    if (row == state.verdicts.end()) return {false, command.word(1), kNothing};
+    std::string actual = verdictWord(row->verdict);
+    if (!row->reason.empty()) actual += fmt::format(" ({})", row->reason);
+    return {row->verdict == findVerdict(command.word(1)), command.word(1), actual};
+}
+
+Finding expectChange(const Command& command, PlayState& state) {
+    const EntryRow* row = findRow(command, state);
+    return {row && row->change == findChange(command.word(1)), command.word(1),
+            row ? changeWord(row->change) : kNothing};
+}
+
+std::string fateOf(const std::string& capability, const PublishEvent& published) {
+    const auto has = [&](const auto& list) {
+        return std::find(list.begin(), list.end(), capability) != list.end();
+    };
+    if (has(published.undeclared)) return "undeclared";
+    if (has(published.absent)) return "absent";
+    if (has(published.silent)) return "silent";
+    const bool hasRow = std::any_of(published.rows.begin(), published.rows.end(),
+                                    [&](const ParamRow& row) { return row.capability == capability; });
+    return hasRow ? "published" : kNothing;
+}
+
+// An undeclared capability has no tag that its short name would lead to.
+Finding expectCapability(const Command& command, PlayState& state) {
+    const auto tag = state.names.resolve(command.word(0));
+    const auto* found = std::get_if<const Tag*>(&tag);
+    const std::string fate = fateOf(found ? (*found)->fullName() : command.word(0), state.published);
+    return {fate == command.word(1), command.word(1), fate};
+}
+
 using Examine = Finding (*)(const Command&, PlayState&);
 
 struct Row {
@@ -169,7 +215,7 @@ struct Row {
     Examine examine;
 };
 
-constexpr std::array<Row, 11> kRows{{{CommandId::ExpectParam, expectParam},
+constexpr std::array<Row, 14> kRows{{{CommandId::ExpectParam, expectParam},
                                      {CommandId::ExpectNoParam, expectNoParam},
                                      {CommandId::ExpectEntry, expectEntry},
                                      {CommandId::ExpectNoEntry, expectNoEntry},
@@ -179,7 +225,10 @@ constexpr std::array<Row, 11> kRows{{{CommandId::ExpectParam, expectParam},
                                      {CommandId::ExpectLog, expectLog},
                                      {CommandId::ExpectNoLog, expectNoLog},
                                      {CommandId::ExpectSkip, expectSkip},
-                                     {CommandId::ExpectQuery, expectQuery}}};
+                                     {CommandId::ExpectQuery, expectQuery},
+                                     {CommandId::ExpectVerdict, expectVerdict},
+                                     {CommandId::ExpectChange, expectChange},
+                                     {CommandId::ExpectCapability, expectCapability}}};
 
 }  // namespace
 

@@ -24,7 +24,9 @@ struct Step {
 struct PlayState {
     const TagNames& names;
     Camera* camera = nullptr;
-    std::vector<EntryRow> entries = {};  // of the last request
+    std::vector<EntryRow> entries = {};     // of the last request
+    std::vector<VerdictRow> verdicts = {};  // likewise
+    PublishEvent published = {};            // the last time
     Step step = {};
 };
 

@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <clocale>
+#include <csignal>
 #include <cstdlib>
 #include <filesystem>
 #include <system_error>
@@ -95,16 +96,24 @@ LineEditor& LineEditor::of(editline* edit) {
     return *static_cast<LineEditor*>(self);
 }
 
-// Ctrl-C is a key like any other while a line is typed; at all other times it interrupts the program.
+// The keys that send signals are keys like any other while a line is typed: what they are to do with the line
+// is not left to chance. At all other times Ctrl-C interrupts the program.
 void LineEditor::bindKeys() {
     el_set(
         mEdit, EL_ADDFN, "qzcam-complete", "Complete the word",
         +[](editline* edit, int) { return of(edit).complete(); });
     el_set(
         mEdit, EL_ADDFN, "qzcam-drop", "Drop the line", +[](editline* edit, int) { return of(edit).drop(); });
-    el_set(mEdit, EL_SETTY, "-d", "intr=", nullptr);
+    el_set(
+        mEdit, EL_ADDFN, "qzcam-suspend", "Stop until the shell continues the program",
+        +[](editline*, int) -> unsigned char {
+            raise(SIGTSTP);  // libedit gives the terminal back, and takes it again afterwards
+            return CC_NORM;
+        });
+    el_set(mEdit, EL_SETTY, "-d", "-isig", nullptr);
     el_set(mEdit, EL_BIND, "^I", "qzcam-complete", nullptr);
     el_set(mEdit, EL_BIND, "^C", "qzcam-drop", nullptr);
+    el_set(mEdit, EL_BIND, "^Z", "qzcam-suspend", nullptr);
     el_set(mEdit, EL_BIND, "^R", "em-inc-search-prev", nullptr);
 }
 
@@ -125,9 +134,6 @@ std::optional<std::string> LineEditor::line() {
 }
 
 unsigned char LineEditor::drop() {
-    const LineInfo* info = el_line(mEdit);
-    el_cursor(mEdit, static_cast<int>(info->lastchar - info->cursor));
-    el_set(mEdit, EL_REFRESH);
     fmt::print(mOut, "^C\n");
     std::fflush(mOut);
     mDropped = true;

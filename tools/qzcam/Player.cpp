@@ -11,7 +11,10 @@
 namespace qzcam {
 
 Player::Player(const Device& device, EventSink sink)
-    : mSink(std::move(sink)), mNames(device.vendorTags), mState{mNames} {
+    : mSink(std::move(sink)),
+      mNames(device.vendorTags),
+      mVerdicts(device, mNames, mCharacteristics),
+      mState{mNames} {
     installVendorTags(device);
     mCharacteristics = staticCharacteristics(device);
 }

@@ -8,6 +8,7 @@
 #include "Expectations.h"
 #include "Session.h"
 #include "Text.h"
+#include "Verdicts.h"
 
 #include <camera/CameraMetadata.h>
 
@@ -16,8 +17,10 @@
 #include <map>
 #include <memory>
 #include <optional>
+#include <set>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace qzcam {
@@ -32,6 +35,9 @@ class Player {
 
     const TagNames& names() const { return mNames; }
 
+    // Parameters that the application sets right after each `open`.
+    void setParameters(std::vector<Parameter> parameters) { mInitial = std::move(parameters); }
+
     // False when an expectation was not met.
     bool play(const Session& session);
 
@@ -45,7 +51,6 @@ class Player {
     void playAsGuest(const Session& session);
 
   private:
-    using Texts = std::map<std::string, std::string>;
     struct BackgroundCommand {
         std::string text;
         int32_t status;
@@ -80,9 +85,10 @@ class Player {
     void hear(const LogEvent& line);
     void status(const std::string& of, int32_t value, bool isAnswer = false);
     void property(const std::string& name, const std::string& value);
+    void setParameter(const std::string& key, const std::string& value);
+    void judge(const Trace& trace);
     void addResultEntry(android::CameraMetadata& result, const std::string& assignment);
-    std::vector<EntryRow> entriesOf(const android::CameraMetadata& request) const;
-    void markChanges(std::vector<EntryRow>& entries) const;
+    std::vector<EntryRow> entriesOf(const android::CameraMetadata& metadata) const;
     Texts parameterTexts() const;
     Change changeOf(const std::string& key, const std::string& value, const Texts& before) const;
     void addRows(PublishEvent& event, const Texts& before);
@@ -92,7 +98,12 @@ class Player {
     TagNames mNames;
     android::CameraMetadata mCharacteristics;
     std::optional<CapabilityNames> mCapabilities;  // once publishing needs them
+    VerdictFinder mVerdicts;
+    std::vector<Parameter> mInitial;
     std::unique_ptr<Camera> mCamera;
+    std::set<std::string> mOwnKeys;                // what the application set, and no publishing after it
+    Circumstances mCircumstances;                  // of the next request
+    std::optional<std::vector<EntryRow>> mResult;  // the last one
     std::future<BackgroundCommand> mBackground;
     PlayState mState;
     bool mPublished = false;  // by this camera

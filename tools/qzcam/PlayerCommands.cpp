@@ -19,6 +19,31 @@ namespace {
 
 int32_t numberOf(const std::string& word) { return static_cast<int32_t>(*parseInteger(word)); }
 
+template <typename Rows>
+auto findTag(Rows& rows, uint32_t tag) {
+    return std::find_if(rows.begin(), rows.end(), [&](const EntryRow& row) { return row.tag == tag; });
+}
+
+// Marks what is new or changed since `before`, and adds what is gone.
+void markChanges(std::vector<EntryRow>& entries, const std::vector<EntryRow>& before) {
+    std::vector<EntryRow> gone;
+    for (const EntryRow& old : before) {
+        if (old.change == Change::Gone) continue;
+        const auto now = findTag(entries, old.tag);
+        if (now == entries.end()) {
+            gone.push_back({old.tag, old.name, old.values, Change::Gone, {}});
+        } else if (now->values != old.values) {
+            now->change = Change::Changed;
+            now->before = old.values;
+        }
+    }
+    for (EntryRow& row : entries) {
+        const auto old = findTag(before, row.tag);
+        if (old == before.end() || old->change == Change::Gone) row.change = Change::New;
+    }
+    entries.insert(entries.end(), gone.begin(), gone.end());
+}
+
 }  // namespace
 
 void Player::status(const std::string& of, int32_t value, bool isAnswer) {
@@ -42,16 +67,25 @@ void Player::open(const Command& command) {
         });
     mState.camera = mCamera.get();
     mState.entries.clear();
+    mState.verdicts.clear();
+    mState.published = {};
     mPublished = false;
     mRequested = false;
+    mOwnKeys.clear();
+    mResult.reset();
+    mCircumstances = {};
+    mCircumstances.camera = numberOf(command.word(0));
+    for (const auto& [key, value] : mInitial) setParameter(key, value);
 }
 
 void Player::client(const Command& command) {
+    mCircumstances.client = command.word(0);
     mCamera->translator().setClientName(android::String16(command.word(0).c_str()));
 }
 
 void Player::callbackFlag(const Command& command) {
-    mCamera->translator().setCallBackFlag(static_cast<uint32_t>(*parseInteger(command.word(0))));
+    mCircumstances.callbackFlag = static_cast<uint32_t>(*parseInteger(command.word(0)));
+    mCamera->translator().setCallBackFlag(mCircumstances.callbackFlag);
 }
 
 void Player::recording(const Command& command) {
@@ -62,17 +96,24 @@ void Player::set(const Command& command) {
     for (const std::string_view pair : split(command.word(0), ';')) {
         const size_t equals = pair.find('=');
         if (equals == std::string_view::npos) continue;
-        const std::string key(pair.substr(0, equals));
-        const std::string value(pair.substr(equals + 1));
-        mCamera->parameters().set(key.c_str(), value.c_str());
-        const char* now = mCamera->parameters().get(key.c_str());
-        if (!now || value != now) {
-            mSink(NoteEvent{fmt::format("the parameter set refused {}", excerpt(pair))});
-        }
+        setParameter(std::string(pair.substr(0, equals)), std::string(pair.substr(equals + 1)));
     }
 }
 
-void Player::unset(const Command& command) { mCamera->adapter().remove(command.word(0).c_str()); }
+void Player::setParameter(const std::string& key, const std::string& value) {
+    mCamera->parameters().set(key.c_str(), value.c_str());
+    const char* now = mCamera->parameters().get(key.c_str());
+    if (now && value == now) {
+        mOwnKeys.insert(key);
+    } else {
+        mSink(NoteEvent{fmt::format("the parameter set refused {}", excerpt(key + "=" + value))});
+    }
+}
+
+void Player::unset(const Command& command) {
+    mCamera->adapter().remove(command.word(0).c_str());
+    mOwnKeys.erase(command.word(0));
+}
 
 void Player::params(const Command&) {
     ParamsEvent event;
@@ -96,7 +137,7 @@ void Player::refresh(const Command&) {
     mSink(event);
 }
 
-Player::Texts Player::parameterTexts() const {
+Texts Player::parameterTexts() const {
     Texts texts;
     for (auto& [key, value] : allParameters(mCamera->parameters())) {
         texts.emplace(std::move(key), std::move(value));
@@ -119,11 +160,13 @@ void Player::publish(const Command&) {
     addRows(event, before);
     addCapabilitiesWithoutRow(event);
     mPublished = true;
+    mState.published = event;
     mSink(event);
 }
 
 void Player::addRows(PublishEvent& event, const Texts& before) {
     for (auto& [key, capability] : mCamera->adapter().takePublished()) {
+        mOwnKeys.erase(key);
         const char* value = mCamera->parameters().get(key.c_str());
         ParamRow row{key, value ? value : "", {}, Change::None};
         if (mCapabilities->unconditional.count(key) == 0) row.capability = mNames.nameOf(capability);
@@ -150,48 +193,51 @@ void Player::addCapabilitiesWithoutRow(PublishEvent& event) {
 
 void Player::request(const Command& command) {
     android::CameraMetadata metadata;
-    status("request", mCamera->translator().paramToMetaData(&metadata));
+    Trace trace;
+    {
+        const LogListener listener([&](const LogEvent& line) {
+            addLogLine(trace, line);
+            hear(line);
+        });
+        mCamera->adapter().watch(&trace);
+        status("request", mCamera->translator().paramToMetaData(&metadata));
+        mCamera->adapter().watch(nullptr);
+    }
     android::List<const android::CameraMetadata> requests;
     requests.push_back(metadata);
     mCamera->inspector().checkRequest(requests, command.words.empty() || command.word(0) == "repeating");
-    RequestEvent event{entriesOf(metadata)};
-    if (mRequested) markChanges(event.entries);
+    RequestEvent event{entriesOf(metadata), !mRequested};
+    if (mRequested) markChanges(event.entries, mState.entries);
     mRequested = true;
     mState.entries = event.entries;
     mSink(event);
+    judge(trace);
 }
 
-std::vector<EntryRow> Player::entriesOf(const android::CameraMetadata& request) const {
+void Player::judge(const Trace& trace) {
+    const Texts parameters = parameterTexts();
+    VerdictsEvent event{
+        mVerdicts.find(trace, {mOwnKeys.begin(), mOwnKeys.end()}, parameters, mCircumstances)};
+    for (VerdictRow& row : event.rows) {
+        row.repeated =
+            std::any_of(mState.verdicts.begin(), mState.verdicts.end(), [&](const VerdictRow& before) {
+                return before.key == row.key && before.value == row.value && before.verdict == row.verdict;
+            });
+    }
+    mState.verdicts = event.rows;
+    mCircumstances.before = parameters;
+    mSink(event);
+}
+
+std::vector<EntryRow> Player::entriesOf(const android::CameraMetadata& metadata) const {
     std::vector<EntryRow> entries;
-    const camera_metadata_t* buffer = request.getAndLock();
+    const camera_metadata_t* buffer = metadata.getAndLock();
     camera_metadata_ro_entry_t entry{};
     for (size_t i = 0; get_camera_metadata_ro_entry(buffer, i, &entry) == 0; ++i) {
         entries.push_back({entry.tag, mNames.nameOf(entry.tag), valuesOf(entry), Change::None, {}});
     }
-    request.unlock(buffer);
+    metadata.unlock(buffer);
     return entries;
-}
-
-void Player::markChanges(std::vector<EntryRow>& entries) const {
-    const auto find = [](auto& rows, uint32_t tag) {
-        return std::find_if(rows.begin(), rows.end(), [&](const EntryRow& row) { return row.tag == tag; });
-    };
-    std::vector<EntryRow> gone;
-    for (const EntryRow& old : mState.entries) {
-        if (old.change == Change::Gone) continue;
-        const auto now = find(entries, old.tag);
-        if (now == entries.end()) {
-            gone.push_back({old.tag, old.name, old.values, Change::Gone, {}});
-        } else if (now->values != old.values) {
-            now->change = Change::Changed;
-            now->before = old.values;
-        }
-    }
-    for (EntryRow& row : entries) {
-        const auto old = find(mState.entries, row.tag);
-        if (old == mState.entries.end() || old->change == Change::Gone) row.change = Change::New;
-    }
-    entries.insert(entries.end(), gone.begin(), gone.end());
 }
 
 void Player::result(const Command& command) {
@@ -200,6 +246,10 @@ void Player::result(const Command& command) {
     result->mResultExtras.frameNumber = ++mFrame;
     result->mResultExtras.partialResultCount = 1;
     for (const Word& word : command.words) addResultEntry(result->mMetadata, word.raw);
+    ResultEvent event{mFrame, entriesOf(result->mMetadata), !mResult};
+    if (mResult) markChanges(event.entries, *mResult);
+    mResult = event.entries;
+    mSink(event);
     mCamera->inspector().checkResult(*result);
     status("result", mCamera->callbacks().processQzCallBack(result->mMetadata));
 }

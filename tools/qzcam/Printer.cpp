@@ -1,5 +1,6 @@
 #include "Printer.h"
 
+#include "EventWords.h"
 #include "Vocabulary.h"
 
 #include <android/log.h>
@@ -7,8 +8,9 @@
 #include <unistd.h>
 
 #include <algorithm>
-#include <cerrno>
 #include <cstdlib>
+#include <iterator>
+#include <map>
 
 namespace qzcam {
 
@@ -22,6 +24,7 @@ constexpr const char* kYellow = "33";
 constexpr const char* kCyan = "36";
 
 constexpr size_t kMostBytesShown = 32;
+constexpr size_t kWidestValue = 40;
 
 const char* markOf(Change change) {
     switch (change) {
@@ -52,12 +55,6 @@ const char* styleOf(Change change) {
 const char* styleOfLevel(int priority) {
     if (priority >= ANDROID_LOG_ERROR) return kRed;
     return priority == ANDROID_LOG_WARN ? kYellow : kDim;
-}
-
-// The platform calls each name that a device does not declare an error. To the library that is an answer, and
-// publishing lists those names.
-int levelOf(const LogEvent& line) {
-    return line.tag == "VendorTagDescriptor" ? ANDROID_LOG_DEBUG : line.priority;
 }
 
 template <typename Rows, typename Text>
@@ -102,17 +99,9 @@ std::string Printer::marked(Change change, const std::string& text) const {
     return styled(styleOf(change), fmt::format("{} {}", markOf(change), text));
 }
 
-// A reader that goes away (`| head`) is no error; writing simply ends.
-void Printer::line(const std::string& text) {
-    if (mError != 0) return;
-    const std::string whole = text + "\n";
-    if (std::fwrite(whole.data(), 1, whole.size(), mOut) != whole.size()) mError = errno;
-}
-
 bool Printer::flush() {
     endRepeats();
-    if (mError == 0 && std::fflush(mOut) != 0) mError = errno;
-    return mError == 0 || mError == EPIPE;
+    return Output::flush();
 }
 
 void Printer::device(const Device& device) {
@@ -134,6 +123,8 @@ void Printer::print(const Event& event) {
     std::visit([this](const auto& each) { show(each); }, event);
 }
 
+void Printer::show(const SessionEvent& event) { line(styled(kBold, event.file)); }
+
 void Printer::show(const CommandEvent& event) {
     const std::string number = event.line == 0 ? "" : fmt::to_string(event.line);
     line(fmt::format("{} {}", styled(kDim, fmt::format("{:>4}>", number)), styled(kBold, event.text)));
@@ -151,6 +142,28 @@ void Printer::show(const RequestEvent& event) {
     }
 }
 
+// All that went well is a number; of the rest those are shown that are new.
+void Printer::show(const VerdictsEvent& event) {
+    if (event.rows.empty()) return;
+    std::map<Verdict, size_t> counts;
+    for (const VerdictRow& row : event.rows) ++counts[row.verdict];
+    std::string sum;
+    for (const auto& [verdict, count] : counts) {
+        sum += fmt::format("{}{} {}", sum.empty() ? "" : ", ", count, verdictMeaning(verdict));
+    }
+    line(styled(kDim, fmt::format("      of {} parameters set: {}", event.rows.size(), sum)));
+    std::vector<VerdictRow> shown;
+    std::copy_if(event.rows.begin(), event.rows.end(), std::back_inserter(shown),
+                 [](const VerdictRow& row) { return row.verdict != Verdict::Written && !row.repeated; });
+    const auto parameter = [](const VerdictRow& row) { return row.key + "=" + row.value; };
+    const size_t width = std::min(kWidestValue, widest(shown, parameter));
+    for (const VerdictRow& row : shown) {
+        std::string verdict = verdictMeaning(row.verdict);
+        if (!row.reason.empty()) verdict += ": " + row.reason;
+        line(fmt::format("        {:<{}}  {}", parameter(row), width, styled(kYellow, verdict)));
+    }
+}
+
 void Printer::show(const ParamsEvent& event) {
     if (event.rows.empty()) return line("        no parameters");
     showRows(event.rows);
@@ -164,7 +177,6 @@ void Printer::show(const PublishEvent& event) {
 }
 
 void Printer::showRows(const std::vector<ParamRow>& rows) {
-    constexpr size_t kWidestValue = 40;
     const size_t key = widest(rows, [](const ParamRow& row) { return row.key; });
     const size_t value = std::min(kWidestValue, widest(rows, [](const ParamRow& row) { return row.value; }));
     for (const ParamRow& row : rows) {
@@ -196,19 +208,21 @@ void Printer::show(const CallbackEvent& event) {
 
 // Lines that only repeat the one before are counted.
 void Printer::show(const LogEvent& event) {
-    if (levelOf(event) < mLowestLevel) return;
+    if (!mFilter.shows(event)) return;
     if (event.priority == mLastLog.priority && event.tag == mLastLog.tag && event.text == mLastLog.text) {
         ++mRepeats;
         return;
     }
     endRepeats();
     mLastLog = event;
-    std::string text;
-    for (const std::string_view part : split(event.text, '\n')) {
-        text += fmt::format("{}{}", text.empty() ? "" : "\n          ", part);
+    // Further lines of a message stand below its first one.
+    const std::string head = fmt::format("      {} {}: ", logLetter(event.priority), event.tag);
+    std::string text = head;
+    for (const char c : event.text.substr(0, event.text.find_last_not_of('\n') + 1)) {
+        text += c;
+        if (c == '\n') text.append(head.size(), ' ');
     }
-    line(styled(styleOfLevel(event.priority),
-                fmt::format("      {} {}: {}", logLetter(event.priority), event.tag, text)));
+    line(styled(styleOfLevel(event.priority), text));
 }
 
 void Printer::endRepeats() {

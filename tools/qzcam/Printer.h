@@ -1,29 +1,30 @@
 // Events as text for reading.
 #pragma once
 
-#include "Device.h"
-#include "Events.h"
+#include "LogFilter.h"
+#include "Output.h"
 
 #include <cstdio>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace qzcam {
 
-class Printer {
+class Printer : public Output {
   public:
-    // `lowestLevel`: of the log lines that are shown.
-    Printer(std::FILE* out, bool colour, int lowestLevel)
-        : mOut(out), mColour(colour), mLowestLevel(lowestLevel) {}
+    Printer(std::FILE* out, bool colour, LogFilter filter)
+        : Output(out), mColour(colour), mFilter(std::move(filter)) {}
 
-    void device(const Device& device);
-    void print(const Event& event);
+    void device(const Device& device) override;
+    void print(const Event& event) override;
+    bool flush() override;
 
-    // Whether everything could be written, apart from a reader who went away.
-    bool flush();
-
+    void show(const SessionEvent& event);
     void show(const CommandEvent& event);
     void show(const RequestEvent& event);
+    void show(const VerdictsEvent& event);
+    void show(const ResultEvent&) {}  // the command says it all
     void show(const ParamsEvent& event);
     void show(const PublishEvent& event);
     void show(const CallbackEvent& event);
@@ -38,16 +39,13 @@ class Printer {
     void showRows(const std::vector<ParamRow>& rows);
     void showNames(const char* title, const std::vector<std::string>& names);
     void endRepeats();
-    void line(const std::string& text);
     std::string styled(const char* style, const std::string& text) const;
     std::string marked(Change change, const std::string& text) const;
 
-    std::FILE* mOut;
     bool mColour;
-    int mLowestLevel;
+    LogFilter mFilter;
     LogEvent mLastLog{0, {}, {}};
     size_t mRepeats = 0;  // of mLastLog
-    int mError = 0;
 };
 
 // Whether to colour what goes to `out`: a terminal only, and not when the user says no.

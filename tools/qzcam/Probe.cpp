@@ -2,6 +2,7 @@
 
 #include "Camera.h"
 #include "Device.h"
+#include "Trace.h"
 
 #include <fmt/format.h>
 
@@ -158,22 +159,6 @@ struct ResultBench : Bench {
     android::sp<qz::CameraQzCallBack> callbacks;
 };
 
-// The resolver, or the platform under it, says which name it could not find.
-std::string nameNotFound(const LogEvent& line) {
-    const auto quoted = [&](size_t from) {
-        const size_t begin = line.text.find('\'', from) + 1;
-        return line.text.substr(begin, line.text.find('\'', begin) - begin);
-    };
-    if (line.tag == "QzName2Tag") {
-        const size_t tag = line.text.find("find section for tag '");
-        return tag == std::string::npos ? std::string() : quoted(tag);
-    }
-    const size_t name = line.text.find("No vendor tag '");
-    const size_t section = line.text.find(" in section '");
-    if (line.tag != "VendorTagDescriptor" || name == std::string::npos) return {};
-    return quoted(section) + "." + quoted(name);
-}
-
 template <typename T>
 void append(Values& values, T element) {
     const auto* bytes = reinterpret_cast<const uint8_t*>(&element);
@@ -223,7 +208,7 @@ Probe::Probe()
 Probe::~Probe() { VendorTagDescriptor::setAsGlobalVendorTagDescriptor(mBefore); }
 
 void Probe::hear(const LogEvent& line) {
-    const std::string name = nameNotFound(line);
+    const std::string name = missingName(line);
     if (name.empty()) {
         if (line.tag != "QzName2Tag" && line.tag != "VendorTagDescriptor") mLog.push_back(line);
         return;

@@ -23,7 +23,6 @@
 
 namespace qzcam {
 
-using Texts = std::map<std::string, std::string>;  // parameters by their keys
 using Entries = std::map<std::string, Values>;     // entries by the full names of their tags
 
 struct Written {

@@ -34,7 +34,7 @@ const std::vector<WordTable>& wordTables() {
 
 const std::vector<std::string>& sampleTexts() {
     static const std::vector<std::string> texts{
-        "7", "-3", "2.5", "1/4", "7,9", "7x9", "(7,9)", "(7,9,6,11)", "(7,9,6,11,13)",
+        "7", "-3", "7x9", "7,9", "(7,9)", "(7,9,6,11)", "(7,9,6,11,13)", "1/4", "2.5",
     };
     return texts;
 }

@@ -3,6 +3,8 @@
 #include <cutils/properties.h>
 #include <fmt/format.h>
 
+#include <array>
+
 namespace qzcam {
 
 namespace {
@@ -49,9 +51,23 @@ std::vector<Property> parseProperties(std::string_view text, Problems& problems)
     return properties;
 }
 
+PropertiesInPlace* PropertiesInPlace::sInnermost = nullptr;
+
+PropertiesInPlace::PropertiesInPlace() : mOuter(sInnermost) { sInnermost = this; }
+
+PropertiesInPlace::~PropertiesInPlace() {
+    sInnermost = mOuter;
+    for (const auto& [name, value] : mBefore) property_set(name.c_str(), value.c_str());
+}
+
 bool setProperty(const std::string& name, const std::string& value) {
-    return !name.empty() && value.size() < PROPERTY_VALUE_MAX &&
-           property_set(name.c_str(), value.c_str()) == 0;
+    if (name.empty() || value.size() >= PROPERTY_VALUE_MAX) return false;
+    std::array<char, PROPERTY_VALUE_MAX> before{};
+    property_get(name.c_str(), before.data(), "");
+    for (auto* place = PropertiesInPlace::sInnermost; place; place = place->mOuter) {
+        place->mBefore.emplace(name, before.data());
+    }
+    return property_set(name.c_str(), value.c_str()) == 0;
 }
 
 }  // namespace qzcam

@@ -3,6 +3,7 @@
 
 #include "Text.h"
 
+#include <map>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -15,5 +16,22 @@ std::vector<std::pair<std::string, std::string>> parseProperties(std::string_vie
 
 // Sets one of this process. False for a name or value that no device would take either.
 bool setProperty(const std::string& name, const std::string& value);
+
+// Properties that setProperty() changes while this lives are as before when it goes.
+class PropertiesInPlace {
+  public:
+    PropertiesInPlace();
+    ~PropertiesInPlace();
+    PropertiesInPlace(const PropertiesInPlace&) = delete;
+    PropertiesInPlace& operator=(const PropertiesInPlace&) = delete;
+
+  private:
+    friend bool setProperty(const std::string& name, const std::string& value);
+
+    static PropertiesInPlace* sInnermost;
+
+    std::map<std::string, std::string> mBefore;
+    PropertiesInPlace* mOuter;
+};
 
 }  // namespace qzcam

@@ -32,11 +32,14 @@ void noteKinds(ParameterFact& fact, const RequestTrace& trace) {
 
 class RequestSurvey {
   public:
-    RequestSurvey(Probe& probe, Survey& survey) : mProbe(probe), mSurvey(survey) {}
+    RequestSurvey(Probe& probe, Survey& survey, Depth depth)
+        : mProbe(probe), mSurvey(survey), mDepth(depth) {}
 
     void run();
 
   private:
+    std::vector<std::string> tellingTexts(const RequestTrace& base);
+    void examineTogether();
     void add(std::string_view key, const RequestTrace& trace, const ParameterFact& opened);
     void examine(ParameterFact& fact);
     void noteOpened(const ParameterFact& fact, const std::string& value, const RequestTrace& before,
@@ -46,18 +49,22 @@ class RequestSurvey {
     void examineClient(const ParameterFact& fact);
     RequestTrace request(const Texts& texts);
     void answer(const std::string& tag, const Texts& texts);
-    bool answer(const std::string& tag, const Texts& texts, uint8_t type, CapabilityFact& fact);
+    void answer(const Texts& texts, uint8_t type, CapabilityFact& fact);
 
     Probe& mProbe;
     Survey& mSurvey;
+    Depth mDepth;
+    std::vector<std::string> mTexts;  // that texts are probed with
     std::deque<ParameterFact> mToDo;
     std::set<std::string> mKnown;
     std::set<std::string> mStaticsTried;
     std::map<std::string, Gate> mOpened;  // by the key that was opened, in the parameter at hand
+    std::map<std::string, Gate> mClosed;  // likewise, of all parameters
 };
 
 void RequestSurvey::run() {
     const RequestTrace base = request({});
+    mTexts = mDepth == Depth::Values ? allTexts() : tellingTexts(base);
     for (const AskedKey& asked : base.asked) add(asked.key, base, {});
     while (!mToDo.empty()) {
         ParameterFact fact = std::move(mToDo.front());
@@ -66,6 +73,47 @@ void RequestSurvey::run() {
         examineClient(fact);
         addOpened(fact);
         mSurvey.parameters.push_back(std::move(fact));
+    }
+    if (mDepth == Depth::Values) examineTogether();
+    for (ParameterFact& fact : mSurvey.parameters) {
+        const auto closed = mClosed.find(fact.key);
+        if (closed != mClosed.end()) fact.closedBy.push_back(closed->second);
+    }
+}
+
+// The texts that show something new when every parameter has them at once, be it in the results after.
+std::vector<std::string> RequestSurvey::tellingTexts(const RequestTrace& base) {
+    std::vector<std::string> texts = sampleTexts();
+    std::set<std::string> seen;
+    for (const std::string& text : allTexts()) {
+        Texts all;
+        for (const AskedKey& asked : base.asked) all.emplace(asked.key, text);
+        const size_t before = seen.size();
+        const RequestTrace trace = request(all);
+        for (const AskedKey& asked : trace.asked) seen.emplace(asked.key);
+        for (const Written& row : trace.written) seen.insert(row.tag);
+        seen.insert(trace.statics.begin(), trace.statics.end());
+        const ResultTrace result = mProbe.result(all, {});
+        seen.insert(result.lookedUp.begin(), result.lookedUp.end());
+        if (seen.size() != before) texts.push_back(text);
+    }
+    return texts;
+}
+
+// A parameter that opens another one and writes nothing alone is written with that one.
+void RequestSurvey::examineTogether() {
+    for (ParameterFact& fact : mSurvey.parameters) {
+        if (fact.firstWritten() != nullptr) continue;
+        for (const ParameterFact& other : mSurvey.parameters) {
+            const Outcome* value = other.firstWritten();
+            const bool opened = std::any_of(other.gates.begin(), other.gates.end(), [&](const Gate& gate) {
+                return gate.key == fact.key && gate.any;
+            });
+            if (!opened || value == nullptr) continue;
+            fact.companions[other.key] = value->value;
+            examine(fact);
+            break;
+        }
     }
 }
 
@@ -80,13 +128,16 @@ void RequestSurvey::add(std::string_view key, const RequestTrace& trace, const P
 
 void RequestSurvey::examine(ParameterFact& fact) {
     mOpened.clear();
-    const RequestTrace before = request(fact.context);
     std::vector<std::string> values = sampleIntegers();
-    if (fact.asText) values.insert(values.end(), allTexts().begin(), allTexts().end());
+    if (fact.asText) values.insert(values.end(), mTexts.begin(), mTexts.end());
+    Texts around = fact.context;
+    around.insert(fact.companions.begin(), fact.companions.end());
+    fact.outcomes.clear();
+    const RequestTrace before = request(around);
     std::set<std::string> seen;
     for (const std::string& value : values) {
         if (!seen.insert(value).second) continue;
-        Texts texts = fact.context;
+        Texts texts = around;
         texts[fact.key] = value;
         const RequestTrace after = request(texts);
         noteKinds(fact, after);  // a text may be asked for first, and then as a number
@@ -98,18 +149,20 @@ void RequestSurvey::examine(ParameterFact& fact) {
             }
         }
     }
-    lookForChanges(fact, before);
+    if (mDepth == Depth::Values) lookForChanges(fact, before);
 }
 
 void RequestSurvey::noteOpened(const ParameterFact& fact, const std::string& value,
                                const RequestTrace& before, const RequestTrace& after) {
-    if (after.asked.size() == before.asked.size()) return;
+    const auto sameKey = [](const AskedKey& a, const AskedKey& b) { return a.key.data() == b.key.data(); };
+    if (std::equal(before.asked.begin(), before.asked.end(), after.asked.begin(), after.asked.end(), sameKey))
+        return;
     std::map<std::string_view, int> times;
     for (const AskedKey& asked : before.asked) --times[asked.key];
     for (const AskedKey& asked : after.asked) ++times[asked.key];
     for (const auto& [key, more] : times) {
-        if (more <= 0 || key == fact.key) continue;
-        Gate& gate = mOpened[std::string(key)];
+        if (more == 0 || key == fact.key) continue;
+        Gate& gate = more > 0 ? mOpened[std::string(key)] : mClosed[std::string(key)];
         gate.key = fact.key;
         gate.values.push_back(value);
     }
@@ -118,7 +171,7 @@ void RequestSurvey::noteOpened(const ParameterFact& fact, const std::string& val
 void RequestSurvey::addOpened(ParameterFact& fact) {
     for (auto& [key, gate] : mOpened) {
         if (mKnown.count(key) != 0) {
-            fact.alsoReads.push_back(key);
+            fact.alsoReads.push_back({key, gate.values});
             continue;
         }
         gate.any = 2 * gate.values.size() > fact.outcomes.size();
@@ -147,7 +200,8 @@ void RequestSurvey::lookForChanges(ParameterFact& fact, const RequestTrace& befo
 }
 
 void RequestSurvey::examineClient(const ParameterFact& fact) {
-    const Outcome* outcome = fact.firstWritten();
+    const Outcome* outcome = fact.outcomeOf("on");
+    if (outcome == nullptr || outcome->written.empty()) outcome = fact.firstWritten();
     if (outcome == nullptr) return;
     Texts texts = fact.context;
     texts[fact.key] = outcome->value;
@@ -181,22 +235,22 @@ void RequestSurvey::answer(const std::string& tag, const Texts& texts) {
     fact.tag = tag;
     fact.inRequests = true;
     fact.forKey = texts.empty() ? "" : texts.begin()->first;
-    for (uint8_t type = 0; type < NUM_TYPES && !fact.typeSeen; ++type) answer(tag, texts, type, fact);
+    for (uint8_t type = 0; type < NUM_TYPES && !fact.typeSeen; ++type) answer(texts, type, fact);
     mSurvey.capabilities.push_back(std::move(fact));
 }
 
-bool RequestSurvey::answer(const std::string& tag, const Texts& texts, uint8_t type, CapabilityFact& fact) {
+void RequestSurvey::answer(const Texts& texts, uint8_t type, CapabilityFact& fact) {
     const size_t without = mProbe.request(texts, mSurvey.statics).steps();
     Entries statics = mSurvey.statics;
-    for (size_t count = 1; count <= kMostElements; ++count) {
-        statics[tag] = filled(type, count, kSampleNumber);
-        if (mProbe.request(texts, statics).steps() <= without) continue;
-        if (!fact.typeSeen) mSurvey.statics[tag] = statics[tag];
-        fact.type = type;
-        fact.typeSeen = true;
-        fact.counts.good.insert(count);
-    }
-    return fact.typeSeen;
+    const Counts counts = goodCounts(kMostElements, [&](size_t count) {
+        statics[fact.tag] = filled(type, count, kSampleNumber);
+        return mProbe.request(texts, statics).steps() > without;
+    });
+    if (counts.good.empty()) return;
+    mSurvey.statics[fact.tag] = filled(type, *counts.good.begin(), kSampleNumber);
+    fact.type = type;
+    fact.typeSeen = true;
+    fact.counts = counts;
 }
 
 }  // namespace
@@ -213,6 +267,6 @@ const Outcome* ParameterFact::firstWritten() const {
     return found == outcomes.end() ? nullptr : &*found;
 }
 
-void surveyRequests(Probe& probe, Survey& survey) { RequestSurvey(probe, survey).run(); }
+void surveyRequests(Probe& probe, Survey& survey, Depth depth) { RequestSurvey(probe, survey, depth).run(); }
 
 }  // namespace qzcam

@@ -13,6 +13,8 @@ namespace qzcam {
 
 namespace {
 
+constexpr size_t kMostElements = 24;
+
 // Marks a focus contrast as a new one, so that asking for it does not take time.
 constexpr int32_t kFresh = 0x40000000;
 
@@ -39,6 +41,17 @@ std::string effectOf(const ResultTrace& trace) {
 bool complains(const ResultTrace& trace) {
     return std::any_of(trace.log.begin(), trace.log.end(),
                        [](const LogEvent& line) { return line.priority >= ANDROID_LOG_ERROR; });
+}
+
+std::vector<Message> newMessages(const ResultTrace& before, const ResultTrace& after) {
+    std::vector<Message> messages;
+    for (const Message& message : after.messages) {
+        const auto isThis = [&](const Message& other) {
+            return other.code == message.code && other.numbers == message.numbers;
+        };
+        if (std::none_of(before.messages.begin(), before.messages.end(), isThis)) messages.push_back(message);
+    }
+    return messages;
 }
 
 std::array<int32_t, 3> answersOf(const FocusAnswers& answers) {
@@ -85,8 +98,11 @@ void ResultSurvey::run() {
     addLookedUp(mProbe.result({}, {}), {}, {});
     // Some entries are only looked at after a request that asks for them.
     for (const ParameterFact& parameter : mSurvey.parameters) {
+        std::vector<std::vector<Written>> seen;  // many values write the same
         for (const Outcome& outcome : parameter.outcomes) {
             if (outcome.written.empty()) continue;
+            if (std::find(seen.begin(), seen.end(), outcome.written) != seen.end()) continue;
+            seen.push_back(outcome.written);
             Texts texts = parameter.context;
             texts[parameter.key] = outcome.value;
             addLookedUp(mProbe.result(texts, {}), texts, {});
@@ -120,25 +136,20 @@ void ResultSurvey::examine(ResultFact& fact) {
 // Times are in nanoseconds and read in microseconds: the numbers offered are large enough to be seen.
 void ResultSurvey::examine(ResultFact& fact, uint8_t type, const ResultTrace& without) {
     const int32_t number = type == TYPE_INT64 ? 1000000 : 1;
-    for (size_t count = 1; count <= Counts::kMostProbed; ++count) {
+    const std::string nothing = effectOf(without);
+    const Counts counts = goodCounts(kMostElements, [&](size_t count) {
         Entries entries = fact.context;
         entries[fact.tag] = filled(type, count, number);
         const ResultTrace trace = mProbe.result(fact.parameters, entries);
         addLookedUp(trace, fact.parameters, entries);
-        if (effectOf(trace) == effectOf(without) || complains(trace)) continue;
-        fact.type = type;
-        fact.typeSeen = true;
-        fact.counts.good.insert(count);
-        if (fact.messages.empty()) {
-            std::copy_if(trace.messages.begin(), trace.messages.end(), std::back_inserter(fact.messages),
-                         [&](const Message& message) {
-                             return std::none_of(
-                                 without.messages.begin(), without.messages.end(), [&](const auto& before) {
-                                     return before.code == message.code && before.numbers == message.numbers;
-                                 });
-                         });
-        }
-    }
+        if (effectOf(trace) == nothing || complains(trace)) return false;
+        fact.messages = newMessages(without, trace);  // of the most elements: they show the whole content
+        return true;
+    });
+    if (counts.good.empty()) return;
+    fact.type = type;
+    fact.typeSeen = true;
+    fact.counts = counts;
 }
 
 // The entries that nothing came of so far may change what the library answers. Each of them in each type
@@ -174,7 +185,10 @@ void ResultSurvey::countAnswers(const std::vector<ResultFact*>& heard) {
         }
         return entries;
     };
-    for (size_t count = 1; count <= Counts::kMostProbed; ++count) {
+    for (ResultFact* fact : heard) {
+        if (fact != nullptr) fact->counts.most = kMostElements;
+    }
+    for (size_t count = 1; count <= kMostElements; ++count) {
         const auto answers = answersOf(mProbe.answersAfter({offer(1, 1), offer(count, 2)}));
         for (size_t i = 0; i < answers.size(); ++i) {
             if (heard[i] != nullptr && answers[i] == 2) heard[i]->counts.good.insert(count);
@@ -203,9 +217,13 @@ const ParameterFact* Survey::parameter(const std::string& key) const {
     return found == parameters.end() ? nullptr : &*found;
 }
 
-Survey surveyLibrary(Probe& probe) {
+bool Survey::isVendor(const std::string& tag) const {
+    return std::find(names.begin(), names.end(), tag) != names.end();
+}
+
+Survey surveyLibrary(Probe& probe, Depth depth) {
     Survey survey;
-    surveyRequests(probe, survey);
+    surveyRequests(probe, survey, depth);
     surveyCapabilities(probe, survey);
     surveyResults(probe, survey);
     surveySizeLists(probe, survey);

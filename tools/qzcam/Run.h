@@ -2,17 +2,23 @@
 #pragma once
 
 #include "Cli.h"
+#include "LogFilter.h"
 
 #include <string>
+#include <vector>
 
 namespace qzcam {
 
 struct RunOptions {
-    std::string session;  // empty: the built-in one; "-": standard input
-    std::string device;   // likewise
-    std::string camera;   // empty: the first one
+    std::vector<std::string> sessions;  // none: the built-in one; "-": standard input
+    std::string device;                 // likewise
+    std::string camera;                 // empty: the first one
     std::string properties;
-    std::string logLevel = "info";
+    std::string parameters;  // set after each `open`: themselves, or a file of them
+    std::string log = LogFilter::kDefault;
+    std::string junit;  // the file; empty: none
+    bool json = false;
+    bool monitor = false;
 };
 
 ExitStatus run(const RunOptions& options);

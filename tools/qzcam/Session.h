@@ -41,6 +41,9 @@ enum class CommandId {
     ExpectNoLog,
     ExpectSkip,
     ExpectQuery,
+    ExpectVerdict,
+    ExpectChange,
+    ExpectCapability,
 };
 
 struct Word {

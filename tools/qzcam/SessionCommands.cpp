@@ -1,4 +1,5 @@
 // The commands of the session language: what each takes, and its line in `qzcam run --help`.
+#include "EventWords.h"
 #include "Messages.h"
 #include "Properties.h"
 #include "Queries.h"
@@ -104,6 +105,20 @@ std::string expectLog(const Command& command) {
     return unless(logLevel(command.word(0)).has_value(), std::string("a level, ") + kLogLevels);
 }
 
+std::string expectVerdict(const Command& command) {
+    return unless(findVerdict(command.word(1)).has_value(), "KEY and one of " + verdictWords());
+}
+
+std::string expectChange(const Command& command) {
+    return unless(findChange(command.word(1)).has_value(), "NAME and new, changed, gone or none");
+}
+
+std::string expectCapability(const Command& command) {
+    const std::string& what = command.word(1);
+    return unless(what == "published" || what == "silent" || what == "absent" || what == "undeclared",
+                  "NAME and published, silent, absent or undeclared");
+}
+
 std::string expectSkip(const Command& command) {
     return unless(yesOrNo(command.word(0)).has_value(), "yes or no");
 }
@@ -152,6 +167,12 @@ const std::vector<CommandSpec>& commandSpecs() {
         {Id::ExpectSkip, "expect-skip", "yes|no", "the last 'skip' said so", 1, 1, expectSkip},
         {Id::ExpectQuery, "expect-query", "WHAT [ARGUMENT] ANSWER", "the translator answers so", 2, 3,
          expectQuery},
+        {Id::ExpectVerdict, "expect-verdict", "KEY VERDICT",
+         "that became of the parameter in the last request", 2, 2, expectVerdict},
+        {Id::ExpectChange, "expect-change", "NAME new|changed|gone|none",
+         "how the entry differs from the request before", 2, 2, expectChange},
+        {Id::ExpectCapability, "expect-capability", "NAME published|silent|absent|undeclared",
+         "what the last 'publish' made of it", 2, 2, expectCapability},
     };
     return specs;
 }

@@ -43,9 +43,14 @@ const char* valueHelp() {
            "(16 bits).\n";
 }
 
+const char* sessionRules() {
+    return "Session commands, one a line, '#' begins a comment, \"quotes\" keep blanks:\n";
+}
+
+const char* questionRules() { return "Questions for 'query' and 'expect-query':\n"; }
+
 std::string sessionHelp() {
-    return "Session commands, one a line, '#' begins a comment, \"quotes\" keep blanks:\n" + commandTable() +
-           "\nQuestions for 'query' and 'expect-query':\n" + questionTable() + "\n" + valueHelp();
+    return sessionRules() + commandTable() + "\n" + questionRules() + questionTable() + "\n" + valueHelp();
 }
 
 }  // namespace qzcam

@@ -9,7 +9,9 @@ namespace qzcam {
 
 // All of it; and its pieces.
 std::string sessionHelp();
+const char* sessionRules();
 std::string commandTable();
+const char* questionRules();
 std::string questionTable();
 const char* valueHelp();
 

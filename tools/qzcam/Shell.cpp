@@ -4,8 +4,10 @@
 #include "Completion.h"
 #include "Input.h"
 #include "LineEditor.h"
+#include "ParameterText.h"
 #include "Player.h"
 #include "Printer.h"
+#include "Properties.h"
 #include "Run.h"
 #include "SessionHelp.h"
 #include "Vocabulary.h"
@@ -22,6 +24,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace qzcam {
@@ -59,8 +62,9 @@ std::optional<std::string> plainLine() {
 
 class Shell {
   public:
-    Shell(const Device& device, int logLevel, bool atTerminal);
+    Shell(const Device& device, const LogFilter& log, bool atTerminal);
 
+    void setParameters(std::vector<Parameter> parameters) { mPlayer.setParameters(std::move(parameters)); }
     void talk();
     ExitStatus end();
 
@@ -90,9 +94,9 @@ std::vector<CommandForm> shellForms() {
     return forms;
 }
 
-Shell::Shell(const Device& device, int logLevel, bool atTerminal)
+Shell::Shell(const Device& device, const LogFilter& log, bool atTerminal)
     : mAtTerminal(atTerminal),
-      mPrinter(stdout, wantsColour(stdout), logLevel),
+      mPrinter(stdout, wantsColour(stdout), log),
       mCompletion(device, shellForms()),
       mPlayer(device, [this](const Event& event) { hear(event); }),
       mSource(atTerminal ? "prompt" : "standard input") {
@@ -181,10 +185,18 @@ ExitStatus Shell::end() {
 }
 
 ExitStatus runShell(const RunOptions& options) {
+    for (const std::string* each : {&options.device, &options.properties, &options.parameters}) {
+        if (*each != "-") continue;
+        fmt::print(stderr, "qzcam: the shell reads commands from standard input, it can be nothing else\n");
+        return kUsage;
+    }
+    const PropertiesInPlace restored;
     const auto device = readDevice(options.device, options.camera);
-    if (!device || !applyProperties(options.properties)) return kBadInput;
+    auto parameters = readParameters(options.parameters);
+    if (!device || !parameters || !applyProperties(options.properties)) return kBadInput;
     const bool atTerminal = isatty(STDIN_FILENO) == 1;
-    Shell shell(device->device, *logLevel(options.logLevel), atTerminal);
+    Shell shell(device->device, *LogFilter::parse(options.log), atTerminal);
+    shell.setParameters(std::move(*parameters));
     shell.talk();
     const ExitStatus status = shell.end();
     return device->whole || atTerminal ? status : kBadInput;

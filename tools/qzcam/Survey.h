@@ -4,6 +4,7 @@
 #include "Probe.h"
 
 #include <cstdint>
+#include <functional>
 #include <set>
 #include <string>
 #include <vector>
@@ -17,6 +18,9 @@ struct Gate {
     bool any = false;  // any value will do
 };
 
+// How much to find out: which tags there are and what they hold, or also what comes of every word.
+enum class Depth { Tags, Values };
+
 // What one value of a parameter, on its own, puts into a request.
 struct Outcome {
     std::string value;
@@ -28,11 +32,13 @@ struct ParameterFact {
     bool asText = false;
     bool asInteger = false;
     std::vector<Gate> gates;
-    Texts context;                       // one choice of values that opens all gates
-    std::vector<Outcome> outcomes;       // of all values probed
-    bool onlyOnChange = false;           // a value is written only when it is not that of the request before
-    std::vector<std::string> alsoReads;  // keys that it makes the library look at once more
-    std::vector<std::string> statics;    // static entries that it makes the library read
+    std::vector<Gate> closedBy;        // and not while another one has one of these
+    Texts context;                     // one choice of values that opens all gates
+    Texts companions;                  // what must be there too before anything is written
+    std::vector<Outcome> outcomes;     // of all values probed
+    bool onlyOnChange = false;         // a value is written only when it is not that of the request before
+    std::vector<Gate> alsoReads;       // keys that it makes the library look at once more, with those values
+    std::vector<std::string> statics;  // static entries that it makes the library read
 
     const Outcome* outcomeOf(const std::string& value) const;
     const Outcome* firstWritten() const;  // null when nothing ever is
@@ -48,11 +54,11 @@ struct ClientFact {
 
 // The numbers of elements, up to the most probed, with which an entry has its effect.
 struct Counts {
-    static constexpr size_t kMostProbed = 24;
+    size_t most = 0;  // probed
     std::set<size_t> good;
 
-    bool hasEnd() const { return good.count(kMostProbed) == 0; }
-    bool allows(size_t count) const { return good.count(count) != 0 || (!hasEnd() && count > kMostProbed); }
+    bool hasEnd() const { return good.count(most) == 0; }
+    bool allows(size_t count) const { return good.count(count) != 0 || (!hasEnd() && count > most); }
     std::string toText() const;  // "exactly 2", "2 or 4", "at least 1", "2 to 20"
 };
 
@@ -100,17 +106,25 @@ struct Survey {
     std::set<std::string> withoutSection;
 
     const ParameterFact* parameter(const std::string& key) const;
+    bool isVendor(const std::string& tag) const;
 };
 
-Survey surveyLibrary(Probe& probe);
+Survey surveyLibrary(Probe& probe, Depth depth);
 
-void surveyRequests(Probe& probe, Survey& survey);
+void surveyRequests(Probe& probe, Survey& survey, Depth depth);
 void surveyCapabilities(Probe& probe, Survey& survey);
 void surveyResults(Probe& probe, Survey& survey);
 void surveySizeLists(Probe& probe, Survey& survey);
 
-// What publishing did, in a form that does not depend on numbers in log lines.
+// What publishing did; of log lines without their numbers.
 std::string effectOf(const PublishTrace& trace);
+
+// What it published under a key last; empty when nothing.
+std::string valueOf(const PublishTrace& trace, const std::string& key);
+
+// Tries one element type: the counts with which it has an effect. Most types have none with any of a few
+// counts, and the others are not tried then.
+Counts goodCounts(size_t most, const std::function<bool(size_t)>& hasEffect);
 
 // What `statics` publishes beyond the capability's context, and without the capability.
 PublishTrace publishWith(Probe& probe, const CapabilityFact& fact, const Values& values);

@@ -1,0 +1,199 @@
+// What programs and other tools read: JSON lines, JUnit XML, columns; and the filters of the log.
+#include "JUnit.h"
+#include "JsonPrinter.h"
+#include "LogFilter.h"
+#include "Monitor.h"
+#include "ParameterText.h"
+#include "Printer.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <tinyxml2.h>
+#include <nlohmann/json.hpp>
+
+#include <android/log.h>
+
+#include <cstdio>
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace qzcam {
+namespace {
+
+using nlohmann::json;
+using testing::ElementsAre;
+using testing::HasSubstr;
+
+// What `print` writes into a file.
+std::string written(const std::function<void(std::FILE*)>& print) {
+    std::FILE* file = std::tmpfile();
+    print(file);
+    std::rewind(file);
+    std::string text;
+    for (int c = std::fgetc(file); c != EOF; c = std::fgetc(file)) text += static_cast<char>(c);
+    std::fclose(file);
+    return text;
+}
+
+std::vector<json> jsonLines(const std::vector<Event>& events) {
+    const std::string text = written([&](std::FILE* file) {
+        JsonPrinter printer(file);
+        printer.device({});
+        for (const Event& event : events) printer.print(event);
+        EXPECT_TRUE(printer.flush());
+    });
+    std::vector<json> objects;
+    Lines lines(text);
+    for (std::string_view line; lines.next(line);) objects.push_back(json::parse(line));
+    return objects;
+}
+
+Values values(uint8_t type, const char* list) { return *parseValues(type, 0x80000000, list); }
+
+TEST(Json, BeginsWithFormatAndVersion) {
+    const auto lines = jsonLines({});
+    EXPECT_EQ(lines.at(0), json::parse(R"({"format": "qzcam-events", "version": 1})"));
+    EXPECT_EQ(lines.at(1).at("event"), "device");
+}
+
+TEST(Json, HoldsEveryElementType) {
+    const struct {
+        uint8_t type;
+        const char* list;
+        const char* expected;
+    } kRows[] = {
+        {TYPE_BYTE, "0,255", "[0,255]"},
+        {TYPE_INT32, "-2147483648", "[-2147483648]"},
+        {TYPE_INT64, "9223372036854775807", "[9223372036854775807]"},
+        {TYPE_FLOAT, "0.98", "[0.98]"},
+        {TYPE_FLOAT, "nan", "[null]"},
+        {TYPE_DOUBLE, "0.1", "[0.1]"},
+        {TYPE_RATIONAL, "20000/1000000", "[[20000,1000000]]"},
+    };
+    for (const auto& row : kRows) EXPECT_EQ(jsonOf(values(row.type, row.list)).dump(), row.expected);
+}
+
+TEST(Json, IsAlwaysOneValidLine) {
+    Message message;
+    message.bytes = {0, 255};
+    message.isData = true;
+    const auto lines = jsonLines(
+        {LogEvent{6, "t", "a\nb\xff\"\x01"}, NoteEvent{"\xc3\x28"}, CallbackEvent{message},
+         RequestEvent{{{7, "n", values(TYPE_BYTE, "2"), Change::Changed, values(TYPE_BYTE, "1")}}}});
+    ASSERT_EQ(lines.size(), 6U);
+    EXPECT_EQ(lines[2].at("text"), "a\nb\xEF\xBF\xBD\"\x01");
+    EXPECT_EQ(lines[4].at("bytes"), json({0, 255}));
+    EXPECT_EQ(lines[5].at("entries").at(0).at("before"), json({1}));
+    EXPECT_EQ(lines[5].at("entries").at(0).at("change"), "changed");
+}
+
+TEST(JUnit, HasASuiteASessionAndACaseAnExpectation) {
+    JUnit junit;
+    junit.beginSession("a<&\x02");
+    junit.add(ExpectationEvent{"a.qzs", 3, "expect-param a \"<&>\"", true, "1", "1"});
+    junit.add(ExpectationEvent{"a.qzs", 4, "expect-status 1", false, "1 & more", "]]>\x1b"});
+    junit.add(NoteEvent{"no case"});
+    junit.beginSession("b.qzs");
+
+    tinyxml2::XMLDocument xml;
+    ASSERT_EQ(xml.Parse(junit.toText().c_str()), tinyxml2::XML_SUCCESS);
+    const auto* suite = xml.FirstChildElement("testsuites")->FirstChildElement("testsuite");
+    EXPECT_STREQ(suite->Attribute("name"), "a<&?");
+    EXPECT_EQ(suite->IntAttribute("tests"), 2);
+    EXPECT_EQ(suite->IntAttribute("failures"), 1);
+    const auto* met = suite->FirstChildElement("testcase");
+    EXPECT_STREQ(met->Attribute("name"), "3: expect-param a \"<&>\"");
+    EXPECT_EQ(met->FirstChildElement(), nullptr);
+    const auto* failure = met->NextSiblingElement()->FirstChildElement("failure");
+    EXPECT_STREQ(failure->Attribute("message"), "expected 1 & more, but there is ]]>?");
+    EXPECT_EQ(suite->NextSiblingElement()->IntAttribute("tests", -1), 0);
+}
+
+TEST(Monitor, ShowsChangesInTheirColumns) {
+    const EntryRow same{1, "a.same", values(TYPE_BYTE, "1"), Change::None, {}};
+    const EntryRow gone{2, "a.gone", values(TYPE_BYTE, "1"), Change::Gone, {}};
+    const EntryRow changed{3, "a.changed", values(TYPE_INT32, "7,8"), Change::Changed,
+                           values(TYPE_INT32, "1,1")};
+    const std::string text = written([&](std::FILE* file) {
+        Monitor monitor(file);
+        for (const Event& event : std::vector<Event>{
+                 CommandEvent{4, "request"}, RequestEvent{{same}, true}, LogEvent{6, "t", "text"},
+                 CommandEvent{12, "request"}, RequestEvent{{same, changed, gone}, false},
+                 CommandEvent{13, "result"}, ResultEvent{1, {same, changed}, false}}) {
+            monitor.print(event);
+        }
+        monitor.flush();
+    });
+    std::vector<std::string> lines;
+    Lines all(text);
+    for (std::string_view line; all.next(line);) lines.emplace_back(line);
+    const std::string column(64, ' ');
+    EXPECT_THAT(lines, ElementsAre("   4  a.same: 1", "  12  a.changed: 7 8", "  12  a.gone: gone",
+                                   "  13  " + column + "  a.changed: 7 8"));
+}
+
+TEST(LogFilter, TakesLevelsAndThePlatformsRules) {
+    const LogEvent debug{ANDROID_LOG_DEBUG, "CameraQzParam", "x"};
+    const LogEvent warning{ANDROID_LOG_WARN, "Other", "x"};
+    const LogEvent missing{ANDROID_LOG_ERROR, "VendorTagDescriptor", "x"};
+    const LogEvent entering{ANDROID_LOG_ERROR, "CameraQzParam", "Enter setZslMode(512)"};
+    const struct {
+        const char* text;
+        std::string shown;  // of those four
+    } kRows[] = {
+        {"verbose", "dwme"},   {"warning", "w"},           {"E", ""},
+        {"silent", ""},        {"CameraQzParam:D", "dwe"}, {"CameraQzParam:D *:S", "de"},
+        {"*:D", "dwme"},       {"CameraQzParam", "dwe"},   {"VendorTagDescriptor:E", "wm"},
+        {" *:S Other:W", "w"},
+    };
+    for (const auto& row : kRows) {
+        const auto filter = LogFilter::parse(row.text);
+        ASSERT_TRUE(filter) << row.text;
+        std::string shown;
+        if (filter->shows(debug)) shown += 'd';
+        if (filter->shows(warning)) shown += 'w';
+        if (filter->shows(missing)) shown += 'm';
+        if (filter->shows(entering)) shown += 'e';
+        EXPECT_EQ(shown, row.shown) << row.text;
+    }
+    for (const char* wrong : {"", " ", "a:loud", ":D", "a:"}) EXPECT_FALSE(LogFilter::parse(wrong)) << wrong;
+}
+
+TEST(Printer, PutsFurtherLinesOfAMessageBelowTheFirst) {
+    const std::string text = written([](std::FILE* file) {
+        Printer printer(file, false, ANDROID_LOG_INFO);
+        printer.print(LogEvent{ANDROID_LOG_INFO, "Tag", "one\ntwo\n"});
+        printer.flush();
+    });
+    EXPECT_EQ(text, "      I Tag: one\n             two\n");
+}
+
+TEST(ParameterText, ReadsBothForms) {
+    const std::string cut = "\tlong: " + std::string(247, 'x');
+    const struct {
+        std::string text;
+        std::vector<std::string> expected;
+        size_t cut;
+        size_t problems;
+    } kRows[] = {
+        {"a=1;b=(1,2);c=\n", {"a=1", "b=(1,2)", "c="}, 0, 0},
+        {"a=x: y", {"a=x: y"}, 0, 0},
+        {"\ta: 1\n\tb: x=y: z\n\tc: \n\td:\n", {"a=1", "b=x=y: z", "c=", "d="}, 0, 0},
+        {cut.substr(0, 253) + "\n\ta: 1\n", {"long=" + std::string(246, 'x'), "a=1"}, 0, 0},
+        {cut + "\ta: 1\n", {"a=1"}, 1, 0},
+        {"a=1;b;=2", {"a=1"}, 0, 2},
+    };
+    for (const auto& row : kRows) {
+        Problems problems("p");
+        const ParameterText found = parseParameters(row.text, problems);
+        std::vector<std::string> pairs;
+        for (const auto& [key, value] : found.parameters) pairs.push_back(key + "=" + value);
+        EXPECT_EQ(pairs, row.expected);
+        EXPECT_EQ(found.cutLines.size(), row.cut) << row.text;
+        EXPECT_EQ(problems.count(), row.problems) << row.text;
+    }
+}
+
+}  // namespace
+}  // namespace qzcam

@@ -1,0 +1,207 @@
+#include "Verdicts.h"
+
+#include "BuiltIn.h"
+#include "DumpParser.h"
+#include "EventWords.h"
+#include "Player.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <string>
+#include <vector>
+
+namespace qzcam {
+namespace {
+
+using testing::HasSubstr;
+
+const Device& builtIn() {
+    static const Device built = [] {
+        Problems problems("device");
+        return parseDump(builtInDevice(), "device", "", problems);
+    }();
+    return built;
+}
+
+Tag& tagOf(Device& device, const std::string& name) {
+    return *std::find_if(device.vendorTags.begin(), device.vendorTags.end(),
+                         [&](const Tag& tag) { return tag.name == name; });
+}
+
+Device without(const std::string& name) {
+    Device device = builtIn();
+    Tag& tag = tagOf(device, name);
+    device.vendorTags.erase(device.vendorTags.begin() + (&tag - device.vendorTags.data()));
+    return device;
+}
+
+Device withType(const std::string& name, uint8_t type) {
+    Device device = builtIn();
+    tagOf(device, name).type = type;
+    return device;
+}
+
+Device withoutStatic(uint32_t tag) {
+    Device device = builtIn();
+    device.entries.erase(std::remove_if(device.entries.begin(), device.entries.end(),
+                                        [&](const StaticEntry& entry) { return entry.tag == tag; }),
+                         device.entries.end());
+    return device;
+}
+
+// After the last request of a session.
+std::vector<VerdictRow> verdicts(const std::string& session, const Device& device = builtIn()) {
+    Problems problems("s");
+    const Session parsed = parseSession("open 0\n" + session + "\nrequest\n", "s", problems);
+    EXPECT_TRUE(problems.empty());
+    std::vector<VerdictRow> rows;
+    Player player(device, [&](const Event& event) {
+        if (const auto* each = std::get_if<VerdictsEvent>(&event)) rows = each->rows;
+    });
+    player.play(parsed);
+    return rows;
+}
+
+VerdictRow verdictOn(const std::string& key, const std::string& session, const Device& device = builtIn()) {
+    for (const VerdictRow& row : verdicts(session, device)) {
+        if (row.key == key) return row;
+    }
+    ADD_FAILURE() << "no verdict on " << key;
+    return {};
+}
+
+TEST(Verdict, TellsWhatTheLibraryMadeOfAValue) {
+    const struct {
+        const char* session;
+        const char* key;
+        const char* verdict;
+        const char* reason;
+    } kRows[] = {
+        {"set iso=1600", "iso", "written", ""},
+        {"set iso=auto", "iso", "written", ""},
+        {"set iso=1601", "iso", "fallback", "'1601' has the effect of any unknown text"},
+        {"set qz-exposure-mode=default", "qz-exposure-mode", "written", ""},
+        {"set qz-exposure-mode=off", "qz-exposure-mode", "fallback", ""},
+        {"set qz-sensor-iso=auto", "qz-sensor-iso", "written", ""},
+        {"set qz-sensor-iso=0", "qz-sensor-iso", "written", ""},
+        {"set qz-sensor-iso=many", "qz-sensor-iso", "fallback", ""},
+        {"set qz-sensor-exposure-time=auto", "qz-sensor-exposure-time", "written", ""},
+        {"set qz-sensor-exposure-time=1/50", "qz-sensor-exposure-time", "written", ""},
+        {"set sub-picture-size=(0,0)", "sub-picture-size", "written", ""},
+        {"set sub-picture-size=small", "sub-picture-size", "fallback", ""},
+        {"set post-process-picture-name=P1.jpg", "post-process-picture-name", "written", ""},
+        {"set rotation=0x10", "rotation", "written", ""},
+        {"set rotation=9o", "rotation", "fallback", "'9o' is no number; read as 9"},
+        {"set rotation=-1", "rotation", "skipped", "-1 counts as not set"},
+        {"set metering-areas=(0,0,100,100)", "metering-areas", "skipped", ""},
+        {"set picture-size=big", "picture-size", "skipped", "fail to get pictureWidth"},
+        {"set zoom=5", "zoom", "gate-closed", "max-zoom is not set"},
+        {"set zoom=5;max-zoom=99", "zoom", "written", ""},
+        {"set zoom=5;max-zoom=0", "zoom", "no-entry", "KEY_MAX_ZOOM = 0"},
+        {"set qz-exposure-try-ae=on", "qz-exposure-try-ae", "gate-closed", "while qz-exposure-mode is"},
+        {"set qz-exposure-mode=star;qz-exposure-try-ae=on", "qz-exposure-try-ae", "written", ""},
+        {"set qz-exposure-mode=star;jpeg-quality=9;jpeg-thumbnail-quality=8", "jpeg-quality", "written", ""},
+        {"set video-stabilization=true;qz-qzcamera-flag=on", "video-stabilization", "gate-closed",
+         "not looked at while qz-qzcamera-flag is on"},
+        {"set video-stabilization=false", "video-stabilization", "no-entry", ""},
+        {"client com.snapchat.android\nset video-stabilization=true", "video-stabilization", "written", ""},
+        {"client com.snapchat.android\nset video-stabilization=false", "video-stabilization", "no-entry",
+         "only 'true'"},
+        {"set key-qz-2dpanorama=on", "key-qz-2dpanorama", "written", ""},
+        {"set key-qz-2dpanorama=on\nrequest", "key-qz-2dpanorama", "no-entry", "on a change only"},
+        {"set burst-capture=3", "burst-capture", "no-entry", "no value of it"},
+        {"set qz-magnifier-step-value=3;qz-manual-focus-step-value=4", "qz-magnifier-step-value",
+         "overridden", "manualFocusValue is written again for qz-manual-focus-step-value"},
+        {"set qz-magnifier-step-value=4;qz-manual-focus-step-value=4", "qz-magnifier-step-value",
+         "overridden", ""},
+        {"set qz-magnifier-step-value=3;qz-manual-focus-step-value=4", "qz-manual-focus-step-value",
+         "written", ""},
+        {"set qz-image-post-process=on;key-qz-panorama=on", "qz-image-post-process", "overridden",
+         "key-qz-panorama decides"},
+        {"set key-qz-2dpanorama-tiny-width=3;key-qz-2dpanorama-tiny-height=2", "key-qz-2dpanorama-tiny-width",
+         "written", ""},
+        {"set key-qz-2dpanorama-tiny-width=3;key-qz-2dpanorama-tiny-height=2",
+         "key-qz-2dpanorama-tiny-height", "undeclared", "panorama2DHeight"},
+        {"set contrast-mode=3", "contrast-mode", "unread", "perhaps contrast is meant"},
+        {"set x=3", "x", "unread", ""},
+    };
+    for (const auto& row : kRows) {
+        const VerdictRow found = verdictOn(row.key, row.session);
+        EXPECT_STREQ(verdictWord(found.verdict), row.verdict) << row.session << ": " << found.reason;
+        EXPECT_THAT(found.reason, HasSubstr(row.reason)) << row.session;
+    }
+}
+
+TEST(Verdict, TellsWhatTheDeviceMadeOfIt) {
+    const struct {
+        const char* session;
+        const char* key;
+        Device device;
+        const char* verdict;
+        const char* reason;
+    } kRows[] = {
+        {"set iso=1600", "iso", without("iso"), "undeclared", "com.ambrix.capture.metadata.iso"},
+        {"set iso=1600", "iso", Device{}, "undeclared", "com.ambrix.capture.metadata.iso"},
+        {"set iso=1600", "iso", withType("iso", TYPE_INT32), "wrong-type",
+         "declared as int32: byte[1] refused, status -38"},
+        {"set picture-size=40x30", "picture-size", without("qz-picture-width"), "undeclared",
+         "qz-picture-width"},
+        {"set qz-exposure-mode=star;qz-exposure-try-ae=on", "qz-exposure-try-ae",
+         without("lightPaintingMode"), "gate-closed", "when qz-exposure-mode has taken effect"},
+        {"set qz_ois_gryo_offset_calib=on;qz_ois_hall_calib=on", "qz_ois_hall_calib",
+         without("oisGryoOffsetCalib"), "gate-closed", "oisGryoOffsetCalib, which comes before it"},
+        {"set zoom=5;max-zoom=99", "zoom", withoutStatic(ANDROID_SCALER_AVAILABLE_MAX_DIGITAL_ZOOM),
+         "gate-closed", "availableMaxDigitalZoom"},
+        {"set qz-magnifier-step-value=3;qz-manual-focus-step-value=4", "qz-manual-focus-step-value",
+         without("manualFocusValue"), "undeclared", "manualFocusValue"},
+    };
+    for (const auto& row : kRows) {
+        const VerdictRow found = verdictOn(row.key, row.session, row.device);
+        EXPECT_STREQ(verdictWord(found.verdict), row.verdict) << row.session << ": " << found.reason;
+        EXPECT_THAT(found.reason, HasSubstr(row.reason)) << row.session;
+    }
+}
+
+// Entries tell what was written, or would have been.
+TEST(Verdict, HoldsEveryEntryOfAParameter) {
+    const VerdictRow row = verdictOn("picture-size", "set picture-size=40x30", without("qz-picture-width"));
+    ASSERT_EQ(row.entries.size(), 2U);
+    EXPECT_EQ(toText(row.entries[0].values, 0x80000000), "40");
+    EXPECT_EQ(row.entries[0].verdict, Verdict::Undeclared);
+    EXPECT_EQ(toText(row.entries[1].values, 0x80000000), "30");
+    EXPECT_EQ(row.entries[1].verdict, Verdict::GateClosed);
+}
+
+TEST(Verdict, IsOnWhatTheApplicationSetAndNothingElse) {
+    const auto keys = [](const std::string& session) {
+        std::vector<std::string> found;
+        for (const VerdictRow& row : verdicts(session)) found.push_back(row.key);
+        return found;
+    };
+    using testing::ElementsAre;
+    EXPECT_THAT(keys("publish\nset iso=100;contrast=0"), ElementsAre("contrast", "iso"));
+    EXPECT_THAT(keys("set iso=100;contrast=0\nunset iso"), ElementsAre("contrast"));
+    EXPECT_THAT(keys("set qz-vcm-start-value=1\npublish"), ElementsAre());
+    EXPECT_THAT(keys("set iso=100\nopen 0\nset contrast=0"), ElementsAre("contrast"));
+}
+
+// Asking what would be otherwise must not show: neither in the request, nor in the log, nor in what follows.
+TEST(Verdict, LeavesTheCameraAlone) {
+    Problems problems("s");
+    const Session session = parseSession(
+        "open 0\nset iso=9;x=1;zoom=3;key-qz-2dpanorama=on\nrequest\nexpect-no-log error find section\n"
+        "expect-entry panorama2DMode 1\nrequest\nexpect-no-entry panorama2DMode\n",
+        "s", problems);
+    size_t lines = 0;
+    Player player(builtIn(), [&](const Event& event) {
+        const auto* log = std::get_if<LogEvent>(&event);
+        if (log && log->text.rfind("CCameraQzParam(", 0) == 0) ++lines;
+    });
+    EXPECT_TRUE(player.play(session));
+    EXPECT_EQ(lines, 1U);
+}
+
+}  // namespace
+}  // namespace qzcam

@@ -1,0 +1,18 @@
+// Whether the static entry of a capability makes sense to the getter that reads it. The getter is asked: it
+// runs on the entry, and on copies of it with one element changed.
+#pragma once
+
+#include "Check.h"
+#include "Survey.h"
+
+namespace qzcam {
+
+struct EntryFinding {
+    TagVerdict verdict = TagVerdict::Fine;
+    std::string what;
+};
+
+// `cut`: the dump may not show the whole list.
+EntryFinding checkEntry(Probe& probe, const CapabilityFact& fact, const Values& values, bool cut);
+
+}  // namespace qzcam

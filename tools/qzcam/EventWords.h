@@ -1,0 +1,20 @@
+// The words for what events tell, as the session language and JSON have them.
+#pragma once
+
+#include "Events.h"
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace qzcam {
+
+const char* verdictWord(Verdict verdict);  // "gate-closed"
+std::optional<Verdict> findVerdict(std::string_view word);
+std::string verdictWords();
+const char* verdictMeaning(Verdict verdict);  // for people
+
+const char* changeWord(Change change);
+std::optional<Change> findChange(std::string_view word);
+
+}  // namespace qzcam

@@ -1,0 +1,152 @@
+#include "Explain.h"
+
+#include "EventWords.h"
+#include "Explanation.h"
+#include "Input.h"
+#include "ParameterText.h"
+#include "Properties.h"
+#include "WriteAll.h"
+
+#include <fmt/format.h>
+
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <cstdio>
+#include <memory>
+#include <string>
+
+namespace qzcam {
+
+namespace {
+
+struct ExplainOptions {
+    std::string key;
+    std::string device;
+    std::string camera;
+    std::string properties;
+    std::string parameters;
+};
+
+std::string verdictText(const VerdictRow& row) {
+    std::string text = verdictMeaning(row.verdict);
+    if (!row.reason.empty()) text += ": " + row.reason;
+    for (const VerdictEntry& entry : row.entries) {
+        if (entry.verdict != Verdict::Written) continue;
+        text += fmt::format("\n      {}  {}  {}", entry.name, typeAndCount(entry.values),
+                            toText(entry.values, entry.tag));
+    }
+    return text;
+}
+
+std::string flattened(const Texts& texts) {
+    std::string text;
+    for (const auto& [key, value] : texts)
+        text += fmt::format("{}{}={}", text.empty() ? "" : ";", key, value);
+    return text;
+}
+
+std::string readText(const Explanation& found) {
+    const char* how = found.asText ? found.asInteger ? "text and integer" : "text" : "integer";
+    std::string text = fmt::format("  read as {}", how);
+    if (!found.setters.empty()) text += fmt::format(" by {}", fmt::join(found.setters, ", "));
+    text += "\n";
+    for (const std::string& condition : found.conditions) text += fmt::format("    {}\n", condition);
+    return text;
+}
+
+std::string targetText(const Explanation& found) {
+    if (found.targets.empty()) return "  no value of it writes an entry of its own\n";
+    std::string text = "  goes into\n";
+    for (const auto& target : found.targets) {
+        const std::string declared = target.declared.empty()
+                                         ? "not declared by this device"
+                                         : fmt::format("declared as {} ({:#x})", target.declared, target.id);
+        text += fmt::format("    {}  {}{}{}\n", target.tag, target.written,
+                            target.written.empty() ? "" : ", ", declared);
+    }
+    return text;
+}
+
+// What keeps all values from being written stands above, once.
+std::string valuesText(const Explanation& found) {
+    if (found.values.empty()) return {};
+    std::string text = found.hasVocabulary ? "  values\n" : "  values, for example\n";
+    size_t width = std::string("any other text").size();
+    size_t becomes = 0;
+    for (const auto& value : found.values) {
+        width = std::max(width, value.value.size());
+        becomes = std::max(becomes, value.becomes.size());
+    }
+    for (const auto& value : found.values) {
+        const bool written = value.verdict.verdict == Verdict::Written;
+        text +=
+            fmt::format("    {:<{}}  {:<{}}{}\n", value.value, width, value.becomes, written ? 0 : becomes,
+                        written ? "" : fmt::format("  {}", verdictMeaning(value.verdict.verdict)));
+    }
+    if (found.asText) {
+        text += fmt::format("    {:<{}}  {}\n", "any other text", width,
+                            found.otherwise.empty() ? "nothing is written" : found.otherwise);
+    }
+    if (!found.company.empty() && !found.given) {
+        text += fmt::format("    tried with {}\n", flattened(found.company));
+    }
+    return text;
+}
+
+std::string choicesText(const Explanation& found) {
+    if (found.choices.empty()) return "  this device publishes nothing called like it\n";
+    std::string text = "  this device publishes\n";
+    for (const ParamRow& row : found.choices) {
+        text += fmt::format("    {}={}  from {}\n", row.key, row.value, row.capability);
+    }
+    return text;
+}
+
+std::string explanationText(const Explanation& found, const Device& device) {
+    std::string text = fmt::format("{} on {}, camera {}\n", found.key, device.file, device.camera);
+    if (found.given) text += fmt::format("  {}: {}\n", found.given->value, verdictText(*found.given));
+    return text + readText(found) + targetText(found) + valuesText(found) + choicesText(found);
+}
+
+ExitStatus explain(const ExplainOptions& options) {
+    const PropertiesInPlace restored;
+    const auto device = readDevice(options.device, options.camera);
+    const auto parameters = readParameters(options.parameters);
+    if (!device || !parameters || !applyProperties(options.properties)) return kBadInput;
+    Texts given;
+    for (const auto& [key, value] : *parameters) given[key] = value;
+
+    Explainer explainer(device->device);
+    const auto found = explainer.explain(options.key, given);
+    if (!found) {
+        const auto similar = explainer.similarKeys(options.key);
+        fmt::print(stderr, "qzcam: no setter reads '{}'{}{}\n", options.key,
+                   similar.empty() ? "" : "; perhaps ", fmt::join(similar, ", "));
+        return kUsage;
+    }
+    if (!writeAll(stdout, explanationText(*found, device->device)) || !device->whole) return kBadInput;
+    return kFine;
+}
+
+}  // namespace
+
+void addExplain(CLI::App& app, Action& action) {
+    const auto options = std::make_shared<ExplainOptions>();
+    app.add_option("KEY", options->key, "The parameter")->required();
+    app.add_option("--device", options->device,
+                   "Device: text of 'dumpsys media.camera'; default: the built-in one")
+        ->type_name("DUMP");
+    app.add_option("--camera", options->camera, "Camera of the dump; default: its first")->type_name("ID");
+    app.add_option("--getprop,--props", options->properties,
+                   "System properties: text of 'getprop', or name=value lines")
+        ->type_name("GETPROP");
+    app.add_option("--params", options->parameters,
+                   "Parameters that are set, KEY and others: key=value;key=value, or a file of them")
+        ->type_name("TEXT|FILE");
+    app.footer(
+        "Shows who reads the parameter, what its values become, the tag that they go into and whether the "
+        "device\ndeclares it, under which conditions, and the choices that the device publishes.");
+    app.callback([&action, options] { action = [options] { return explain(*options); }; });
+}
+
+}  // namespace qzcam

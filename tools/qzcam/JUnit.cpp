@@ -1,0 +1,74 @@
+#include "JUnit.h"
+
+#include <fmt/format.h>
+#include <tinyxml2.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+#include <utility>
+
+namespace qzcam {
+
+namespace {
+
+// XML has no place for control characters, not even escaped.
+std::string xmlText(std::string text) {
+    std::replace_if(
+        text.begin(), text.end(), [](char c) { return c >= 0 && c < ' ' && c != '\t' && c != '\n'; }, '?');
+    return text;
+}
+
+void addCase(tinyxml2::XMLPrinter& xml, const ExpectationEvent& expectation) {
+    xml.OpenElement("testcase");
+    xml.PushAttribute("name", xmlText(fmt::format("{}: {}", expectation.line, expectation.text)).c_str());
+    xml.PushAttribute("classname", xmlText(expectation.file).c_str());
+    xml.PushAttribute("file", xmlText(expectation.file).c_str());
+    xml.PushAttribute("line", static_cast<uint64_t>(expectation.line));
+    if (!expectation.met) {
+        const std::string message =
+            xmlText(fmt::format("expected {}, but there is {}", expectation.expected, expectation.actual));
+        xml.OpenElement("failure");
+        xml.PushAttribute("message", message.c_str());
+        xml.PushText(fmt::format("{}:{}: {}", xmlText(expectation.file), expectation.line, message).c_str());
+        xml.CloseElement();
+    }
+    xml.CloseElement();
+}
+
+}  // namespace
+
+void JUnit::add(const Event& event) {
+    const auto* expectation = std::get_if<ExpectationEvent>(&event);
+    if (expectation) mSuites.back().cases.push_back(*expectation);
+}
+
+std::string JUnit::toText() const {
+    tinyxml2::XMLPrinter xml;
+    xml.PushHeader(false, true);
+    xml.OpenElement("testsuites");
+    for (const Suite& suite : mSuites) {
+        const auto failures = std::count_if(suite.cases.begin(), suite.cases.end(),
+                                            [](const ExpectationEvent& each) { return !each.met; });
+        xml.OpenElement("testsuite");
+        xml.PushAttribute("name", xmlText(suite.name).c_str());
+        xml.PushAttribute("tests", static_cast<uint64_t>(suite.cases.size()));
+        xml.PushAttribute("failures", static_cast<int64_t>(failures));
+        for (const ExpectationEvent& expectation : suite.cases) addCase(xml, expectation);
+        xml.CloseElement();
+    }
+    xml.CloseElement();
+    return xml.CStr();
+}
+
+bool JUnit::write(const std::string& path) const {
+    const std::string text = toText();
+    std::FILE* file = std::fopen(path.c_str(), "wb");
+    bool written = file != nullptr && std::fwrite(text.data(), 1, text.size(), file) == text.size();
+    if (file != nullptr && std::fclose(file) != 0) written = false;
+    if (!written) fmt::print(stderr, "{}: cannot write it: {}\n", path, std::strerror(errno));
+    return written;
+}
+
+}  // namespace qzcam

@@ -1,0 +1,85 @@
+#include "ParameterText.h"
+
+#include "Input.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <filesystem>
+#include <system_error>
+#include <utility>
+
+namespace qzcam {
+
+namespace {
+
+// The service prints a parameter into so many characters, its line end included. Of one that is longer the
+// line end is cut off too, and the next parameter follows at once.
+constexpr size_t kLongestLine = 254;
+
+void addFlattened(std::string_view line, size_t number, ParameterText& text, Problems& problems) {
+    for (const std::string_view pair : split(line, ';')) {
+        const size_t equals = pair.find('=');
+        if (trimmed(pair).empty()) continue;
+        if (equals == 0 || equals == std::string_view::npos) {
+            problems.add(number, fmt::format("expected 'key=value;key=value', not {}", excerpt(pair)));
+        } else {
+            text.parameters.push_back(
+                {std::string(trimmed(pair.substr(0, equals))), std::string(pair.substr(equals + 1))});
+        }
+    }
+}
+
+size_t endOfKey(std::string_view line) {
+    const size_t colon = line.find(": ");
+    return colon == std::string_view::npos && endsWith(line, ":") ? line.size() - 1 : colon;
+}
+
+bool isDumped(std::string_view line) {
+    const size_t colon = endOfKey(line);
+    return colon != std::string_view::npos && colon < line.find('=');
+}
+
+void addDumped(std::string_view line, size_t number, ParameterText& text) {
+    for (; line.size() >= kLongestLine; line.remove_prefix(kLongestLine)) text.cutLines.push_back(number);
+    const size_t colon = endOfKey(line);
+    if (colon == std::string_view::npos) return;
+    const size_t value = std::min(colon + 2, line.size());
+    text.parameters.push_back({std::string(trimmed(line.substr(0, colon))), std::string(line.substr(value))});
+}
+
+}  // namespace
+
+ParameterText parseParameters(std::string_view text, Problems& problems) {
+    ParameterText found;
+    Lines lines(text);
+    for (std::string_view line; lines.next(line);) {
+        if (trimmed(line).empty()) continue;
+        if (isDumped(line)) {
+            addDumped(line, lines.number(), found);
+        } else {
+            addFlattened(line, lines.number(), found, problems);
+        }
+    }
+    return found;
+}
+
+std::optional<std::vector<Parameter>> readParameters(const std::string& textOrFile) {
+    if (textOrFile.empty()) return std::vector<Parameter>{};
+    std::error_code ignored;
+    const bool isFile = textOrFile == "-" || std::filesystem::exists(textOrFile, ignored) ||
+                        textOrFile.find('=') == std::string::npos;
+    const auto input = isFile ? readFile(textOrFile) : Input{"--params", textOrFile};
+    if (!input) return std::nullopt;
+    Problems problems(input->name);
+    ParameterText text = parseParameters(input->text, problems);
+    if (!report(problems)) return std::nullopt;
+    for (const size_t line : text.cutLines) {
+        fmt::print(stderr, "{}:{}: left out: the dump has cut it at {} characters\n", input->name, line,
+                   kLongestLine);
+    }
+    return std::move(text.parameters);
+}
+
+}  // namespace qzcam
