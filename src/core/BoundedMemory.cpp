@@ -25,6 +25,7 @@ int snprintf_s(char* dest, size_t destSize, size_t count, const char* format, ..
     if (dest == nullptr || destSize == 0 || format == nullptr) return -1;
     va_list arguments;
     va_start(arguments, format);
+    // NOLINTNEXTLINE(clang-analyzer-valist.Uninitialized): va_start() stands above
     const int length = vsnprintf(dest, destSize, format, arguments);
     va_end(arguments);
 

@@ -5,6 +5,7 @@
 #include <camera/VendorTagDescriptor.h>
 
 #include <cstring>
+#include <new>
 
 namespace qz {
 
@@ -17,7 +18,7 @@ using android::VendorTagDescriptor;
 constexpr char kLogTag[] = "QzName2Tag";
 
 QzName2Tag* create() noexcept {
-    auto* instance = new QzName2Tag;
+    auto* instance = new (std::nothrow) QzName2Tag;
     LOGI("%s(%p)", "QzName2Tag", static_cast<void*>(instance));
     return instance;
 }

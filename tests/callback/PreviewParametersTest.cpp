@@ -56,19 +56,21 @@ exposureStateHint=2
 )");
 }
 
-TEST(PreviewParameters, PartsNeedNoPlaceToBeFound) {
+TEST(PreviewParameters, PartsTellWhetherTheyWereFound) {
     Session session;
-    const auto parts = [&session](CameraQzCallBack& callBack) {
-        return TestPeer::preview(callBack, session.host->result, nullptr);
+    const auto parts = [&session](CameraQzCallBack& callBack, int32_t* place) {
+        return TestPeer::preview(callBack, session.host->result, place);
     };
-    EXPECT_THAT(parts(*session.callBack), ElementsAre(0, 0, 0));
-    session.host->entries = {{"exposureTime", L{2000}}, {"isoState", I{100}}};
+    int32_t place = 0;
+    EXPECT_THAT(parts(*session.callBack, &place), ElementsAre(0, 0, 1));
+    session.host->entries = {{"exposureTime", L{2000}}, {"isoState", I{100}}, {"exposureStateHint", I{2}}};
+    EXPECT_THAT(parts(*session.callBack, &place), ElementsAre(1, 1, 1));
     session.trace();
-    EXPECT_THAT(parts(*session.callBack), ElementsAre(1, 1, 0));
+    EXPECT_THAT(parts(*session.callBack, nullptr), ElementsAre(1, 1, 0));
     EXPECT_EQ(session.trace(),
               "E int qz::CameraQzCallBack::profGetExposureHint(const CameraMetadata &, int32_t *)(835): "
               "expoHint is NULL.\n");
-    EXPECT_THAT(parts(*session.orphan), ElementsAre(-1, -1, -1));
+    EXPECT_THAT(parts(*session.orphan, nullptr), ElementsAre(-1, -1, -1));
     EXPECT_EQ(session.trace(), "");
 }
 

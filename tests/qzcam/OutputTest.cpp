@@ -144,7 +144,7 @@ TEST(LogFilter, TakesLevelsAndThePlatformsRules) {
     } kRows[] = {
         {"verbose", "dwme"},   {"warning", "w"},           {"E", ""},
         {"silent", ""},        {"CameraQzParam:D", "dwe"}, {"CameraQzParam:D *:S", "de"},
-        {"*:D", "dwme"},       {"CameraQzParam", "dwe"},   {"VendorTagDescriptor:E", "wm"},
+        {"*:D", "dwme"},       {"CameraQzParam:V", "dwe"}, {"VendorTagDescriptor:E", "wm"},
         {" *:S Other:W", "w"},
     };
     for (const auto& row : kRows) {
@@ -157,7 +157,8 @@ TEST(LogFilter, TakesLevelsAndThePlatformsRules) {
         if (filter->shows(entering)) shown += 'e';
         EXPECT_EQ(shown, row.shown) << row.text;
     }
-    for (const char* wrong : {"", " ", "a:loud", ":D", "a:"}) EXPECT_FALSE(LogFilter::parse(wrong)) << wrong;
+    for (const char* wrong : {"", " ", "loud", "a:loud", ":D", "a:"})
+        EXPECT_FALSE(LogFilter::parse(wrong)) << wrong;
 }
 
 TEST(Printer, PutsFurtherLinesOfAMessageBelowTheFirst) {

@@ -2,9 +2,9 @@
 
 #include "EntryCheck.h"
 #include "Input.h"
-#include "WriteAll.h"
 #include "Printer.h"
 #include "Survey.h"
+#include "WriteAll.h"
 
 #include <QzName2Tag.h>
 #include <android/log.h>
@@ -278,7 +278,9 @@ size_t DeviceCheck::count(const std::string& group, TagVerdict verdict) const {
     return static_cast<size_t>(std::count_if(tags.begin(), tags.end(), isOne));
 }
 
-bool DeviceCheck::failed() const { return count({}, TagVerdict::Mistyped) + count({}, TagVerdict::Malformed) > 0; }
+bool DeviceCheck::failed() const {
+    return count({}, TagVerdict::Mistyped) + count({}, TagVerdict::Malformed) > 0;
+}
 
 // In the order of their worst tags.
 std::vector<std::string> DeviceCheck::groups() const {

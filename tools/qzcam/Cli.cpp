@@ -44,7 +44,8 @@ void addPlayOptions(CLI::App& app, RunOptions& options) {
                    "Device: text of 'dumpsys media.camera'; default: the built-in one")
         ->type_name("DUMP");
     app.add_option("--camera", options.camera, "Camera of the dump; default: its first")->type_name("ID");
-    app.add_option("--getprop,--props", options.properties, "System properties: text of 'getprop', or name=value lines")
+    app.add_option("--getprop,--props", options.properties,
+                   "System properties: text of 'getprop', or name=value lines")
         ->type_name("GETPROP");
     app.add_option("--params", options.parameters,
                    "Parameters set after each 'open': key=value;key=value, or a file of them, also as a dump "

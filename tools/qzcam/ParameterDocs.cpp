@@ -106,7 +106,8 @@ std::string ParameterText::text(const std::vector<Written>& written) const {
 // than a text without meaning.
 std::vector<Mapping> ParameterText::words() const {
     std::vector<Mapping> rows;
-    if (!mFact.asText) return rows;
+    // Where any number stands for itself, "+1" does too, and is no word.
+    if (!mFact.asText || holdsNumber(outcome("-3"), -3)) return rows;
     const auto meaningless = outcome(kMeaningless);
     for (const WordTable& table : wordTables()) {
         const bool fits = std::all_of(table.begin(), table.end(), [&](const WordNumber& row) {

@@ -23,7 +23,7 @@
 
 namespace qzcam {
 
-using Entries = std::map<std::string, Values>;     // entries by the full names of their tags
+using Entries = std::map<std::string, Values>;  // entries by the full names of their tags
 
 struct Written {
     std::string tag;

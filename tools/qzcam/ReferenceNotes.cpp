@@ -1,5 +1,4 @@
-// What the reference says beyond what probes show. Tests hold each line: its key is there, and what it says
-// happens.
+// What the reference says beyond what probes show.
 #include "Reference.h"
 
 #include <CameraQzSendCmd.h>

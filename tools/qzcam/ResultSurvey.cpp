@@ -18,8 +18,7 @@ constexpr size_t kMostElements = 24;
 // Marks a focus contrast as a new one, so that asking for it does not take time.
 constexpr int32_t kFresh = 0x40000000;
 
-// What no answer of the library and no message shows. A test holds each of them against the library's
-// insides.
+// What no answer of the library and no message shows.
 struct Unseen {
     const char* tag;
     uint8_t type;
