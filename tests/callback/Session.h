@@ -2,8 +2,8 @@
 #pragma once
 
 #include "CameraQzCallBack.h"
-#include "capabilities/Entries.h"
 #include "support/Device.h"
+#include "support/Entries.h"
 
 #include <gmock/gmock.h>
 

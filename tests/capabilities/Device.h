@@ -1,8 +1,8 @@
 // A pass over static capabilities, with all that it asks for, publishes, keeps and says.
 #pragma once
 
-#include "capabilities/Entries.h"
 #include "support/Device.h"
+#include "support/Entries.h"
 
 #include <gmock/gmock.h>
 
@@ -19,7 +19,7 @@ struct TestPeer {
         text << p.mMaxQuickThumbnailSize << ' ' << p.mSlowJpegModeThreshold << ' ' << p.mInsertPreviewCount
              << ' ' << p.mVideoCallbackSupported << ' ' << int{p.mHighVideoCallbackThreshold} << ' '
              << p.mFwkZslSupported << ' ' << p.mRequireVideoStatus << ' ' << p.mPreShutterSupported << " ["
-             << p.mSuperResPicSizes.string() << "] [" << p.mSubPicSizes.string() << "]";
+             << p.mSuperResPicSizes.c_str() << "] [" << p.mSubPicSizes.c_str() << "]";
         return text.str();
     }
 };
@@ -87,7 +87,7 @@ class Device {
         return log;
     }
 
-    [[nodiscard]] std::string published() const { return parameters.flatten().string(); }
+    [[nodiscard]] std::string published() const { return parameters.flatten().c_str(); }
     [[nodiscard]] std::string stored() const { return TestPeer::stored(*host->mCameraQzParam); }
 
     android::CameraParameters2 parameters;

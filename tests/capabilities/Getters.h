@@ -2,7 +2,7 @@
 // says.
 #pragma once
 
-#include "capabilities/Entries.h"
+#include "support/Entries.h"
 
 #include <algorithm>
 

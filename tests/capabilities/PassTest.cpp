@@ -72,7 +72,7 @@ TEST(CapabilityPass, HasOneKeyForADeviceThatSaysNothing) {
     Camera camera;
     camera.adapter->mInfo = nullptr;
     EXPECT_EQ(camera.translator().metaDataToParam(), 0);
-    EXPECT_STREQ(camera.parameters.flatten().string(), kAlways);
+    EXPECT_STREQ(camera.parameters.flatten().c_str(), kAlways);
 }
 
 TEST(CapabilityPass, EchoesWhatTheApplicationReads) {
