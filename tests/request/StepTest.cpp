@@ -109,23 +109,22 @@ TEST(Step, TwoEntriesStopAtTheFirstFailure) {
         jpeg-thumbnail-quality=-1 ++ ->
         jpeg-thumbnail-quality=80;jpeg-quality ++ ->
     setPictureSize qz-picture-width:i qz-picture-height:i
-        picture-size=-4000x-3000 ++ -> qz-picture-width=-4000 | qz-picture-height=-3000
+        picture-size=4000x-3000 ++ -> qz-picture-width=4000 | qz-picture-height=-3000
         -+ ->
-        +- -> qz-picture-width=-4000
-        x+ -> -38 | E ~(), failed to update picture width: -4000, return: -38
-        +x -> -38 | qz-picture-width=-4000 | E ~(), failed to update picture height: -3000, return: -38
+        +- -> qz-picture-width=4000
+        x+ -> -38 | E ~(), failed to update picture width: 4000, return: -38
+        +x -> -38 | qz-picture-width=4000 | E ~(), failed to update picture height: -3000, return: -38
         picture-size ++ ->
-        picture-size=x3000 ++ -> E ~(), fail to get pictureWidth from KEY_PICTURE_SIZE
+        picture-size=x3000 -- -> E ~(), fail to get pictureWidth from KEY_PICTURE_SIZE
         picture-size=4000 -- -> E ~(), fail to get pictureHeight from KEY_PICTURE_SIZE
-        picture-size=4000xx3000 ++ -> E ~(), fail to get pictureHeight from KEY_PICTURE_SIZE
+        picture-size=4000xx3000 -- -> E ~(), fail to get pictureHeight from KEY_PICTURE_SIZE
     setSensorExposureTime sensorExposureTime:i proExposureTime:r
         qz-sensor-exposure-time=3 ++ -> sensorExposureTime=3000000 | proExposureTime=3/1
             | mSensorExposureTime: 3000000
-        qz-sensor-exposure-time=-1/2 -+ ->
-        +- -> sensorExposureTime=-500000
-        x+ -> -38 | E ~(), failed to update sensor exposure time: -500000, return: -38
-        qz-sensor-exposure-time=-1/-2 +x -> -38 | sensorExposureTime=500000
-            | E ~(), failed to update pro exposure time: -1/-2, return: -38
+        qz-sensor-exposure-time=1/2 -+ ->
+        +- -> sensorExposureTime=500000
+        x+ -> -38 | E ~(), failed to update sensor exposure time: 500000, return: -38
+        +x -> -38 | sensorExposureTime=500000 | E ~(), failed to update pro exposure time: 1/2, return: -38
         qz-sensor-exposure-time ++ ->)");
 }
 
@@ -135,12 +134,12 @@ TEST(Step, GatesOfLightPaintingAndOfChatBeauty) {
         qz-exposure-try-ae=on + ->
     setRelayoutMode lightPaintingRelayoutMode:b
         qz-relayout-mode=snapshot2preview + ->
-    $set I ~(), set jpeg thumbnail size: -160, -120
+    $set I ~(), set jpeg thumbnail size: 160, 120
     setJpegThumbnailSize qz-jpeg-thumbnail-size:i
-        jpeg-thumbnail-width=-160;jpeg-thumbnail-height=-120 + ->
-        @lightPainting=1 + -> qz-jpeg-thumbnail-size=-160,-120 | $set
+        jpeg-thumbnail-width=160;jpeg-thumbnail-height=120 + ->
+        @lightPainting=1 + -> qz-jpeg-thumbnail-size=160,120 | $set
         - ->
-        x -> -38 | $set | E ~(), failed to update jpeg thumbnail size: -160, -120, return: -38
+        x -> -38 | $set | E ~(), failed to update jpeg thumbnail size: 160, 120, return: -38
         jpeg-thumbnail-height=-1 + ->
         jpeg-thumbnail-height=120;jpeg-thumbnail-width + ->
     $open I ~(), open face beauty for chatting, mode:
@@ -191,8 +190,8 @@ TEST(Step, DebugPropertyAndLowLight) {
         + -> mmtest-lowlight-param=-1,-100
         mmitest-lowlight-sensor-mode=3 + -> mmtest-lowlight-param=3,-100
         mmitest-lowlight-sensor-gain=30000000 + -> mmtest-lowlight-param=3,-1294967296
-        mmitest-lowlight-sensor-mode=-3;mmitest-lowlight-sensor-gain=-5 - ->
-        x -> -38 | E ~(), failed to update MMI low light sensor test: -3, -5, return: -38)");
+        mmitest-lowlight-sensor-gain=5 - ->
+        x -> -38 | E ~(), failed to update MMI low light sensor test: 3, 5, return: -38)");
 }
 
 TEST(Step, ReadingOfTexts) {
@@ -202,7 +201,7 @@ TEST(Step, ReadingOfTexts) {
         target-coordinates=3 4 + -> E parseCoodinate(), Cannot find delimeter ',' in coordinate: 3 4
         target-coordinates=x,4 x -> E parseCoodinate(), Cannot find delimeter ',' in coordinate: x,4
     setDynamicIsoRange qz-dynamic-iso-range:i
-        qz-dynamic-iso-range=,3200 + -> E ~(), fail to get dynamic ISO min.
+        qz-dynamic-iso-range=,3200 - -> E ~(), fail to get dynamic ISO min.
         qz-dynamic-iso-range=100 - -> E ~(), fail to get dynamic ISO max.
         qz-dynamic-iso-range=100,,3200 + -> E ~(), fail to get dynamic ISO max.
     setPostJpegFileName qz-jpeg-filename:b
@@ -218,10 +217,9 @@ TEST(Step, ReadingOfTexts) {
         + -> exposureCompValue=16777216 | I set qz exposure = 16777216.000000
         x -> -38 | E ~(), failed to update qz exposure compentation value: 16777216.000000, return: -38)");
     Bench bench;
-    for (const char* how : {"+", "-"}) {
-        bench.set("qz-exposure-compensation-value", how);
-        EXPECT_EQ(bench.call("setQzExposureCompValue", declare("exposureCompValue:f", how)),
-                  "E getInt setQzExposureCompValue failed ");
+    for (const char* text : {"abc", ""}) {
+        bench.set("qz-exposure-compensation-value", text);
+        EXPECT_EQ(bench.call("setQzExposureCompValue", {}), "E getInt setQzExposureCompValue failed ");
     }
 }
 
@@ -306,12 +304,9 @@ TEST(Step, StabilisationIsForcedOff) {
 
 TEST(Step, ZoomAndCropInSinglePrecision) {
     play(R"(
-    $finding E Error finding static metadata entry
-    $maximum 'android.scaler.availableMaxDigitalZoom' (d0004)
-    $array 'com.ambrix.device.capabilities.qzSubActiveArraySize' (80000001)
     setZoom qz-zoom-in:f
         zoom=1;max-zoom=0 - -> E ~(), KEY_MAX_ZOOM = 0, error!
-        max-zoom=3 - -> $finding $maximum | E maxDigitalZoom.count = 0
+        max-zoom=3 - -> E maxDigitalZoom.count = 0
         @maximum=8 - ->
         + -> qz-zoom-in=3.33333349
         max-zoom=-1 + ->
@@ -325,8 +320,7 @@ TEST(Step, ZoomAndCropInSinglePrecision) {
         zoom;max-zoom=99 + ->
     $crop I ~(), reset sub crop region:
     resetSubCropRegion com.ambrix.device.capabilities.qzSubActiveArraySize:i
-        zoom=33;max-zoom=50;qz-dual-primary-mode=secondary + -> $finding $array
-        @array=4000,3000 + -> $finding $maximum
+        @array=4000,3000;zoom=33;max-zoom=50;qz-dual-primary-mode=secondary + ->
         @maximum=4 - ->
         + -> cropRegion=1000,750,2000,1500
             | $crop [1000.000000, 750.000000, 2000.000000, 1500.000000] for zoom: 33
