@@ -36,7 +36,10 @@ class LogCapture {
             sCurrent->mLines.push_back({data->priority, data->tag != nullptr ? data->tag : "", message});
         });
     }
-    ~LogCapture() { __android_log_set_logger(__android_log_stderr_logger); }
+    ~LogCapture() {
+        __android_log_set_logger(__android_log_stderr_logger);
+        sCurrent = nullptr;
+    }
     LogCapture(const LogCapture&) = delete;
     LogCapture& operator=(const LogCapture&) = delete;
 
