@@ -31,12 +31,12 @@ void checkAgainstDevice(const Session& session, const TagNames& names, Problems&
         if (const auto* wrong = std::get_if<std::string>(&entry)) problems.add(command.line, *wrong);
     };
     for (const Command& command : session.commands) {
-        if (command.spec->id == CommandId::Result) {
+        if (command.syntax->id == CommandId::Result) {
             for (const Word& word : command.words) check(command, parseAssignment(names, word.raw));
-        } else if (command.spec->id == CommandId::ExpectEntry) {
+        } else if (command.syntax->id == CommandId::ExpectEntry) {
             check(command, parseAssignment(names, command.word(0), rawFrom(command, 1, ",")));
-        } else if (command.spec->id == CommandId::ExpectNoEntry ||
-                   command.spec->id == CommandId::ExpectChange) {
+        } else if (command.syntax->id == CommandId::ExpectNoEntry ||
+                   command.syntax->id == CommandId::ExpectChange) {
             // Of a name that no tag has there is never an entry: a slip of the pen would always be met.
             check(command, parseAssignment(names, command.word(0), ""));
         }

@@ -43,7 +43,7 @@ Names wordsIn(std::string_view list) {
 
 Names queryNames() {
     Names names;
-    for (const QuerySpec& spec : querySpecs()) names.emplace(spec.name);
+    for (const QuerySpec& syntax : querySpecs()) names.emplace(syntax.name);
     return names;
 }
 
@@ -89,7 +89,7 @@ struct Completion::Place {
 
 Completion::Completion(const Device& device, const std::vector<CommandForm>& more)
     : mTagNames(device.vendorTags) {
-    for (const CommandSpec& spec : commandSpecs()) mForms.emplace(spec.name, spec.arguments);
+    for (const CommandSpec& syntax : commandSpecs()) mForms.emplace(syntax.name, syntax.arguments);
     for (const CommandForm& form : more) mForms.emplace(form.name, form.arguments);
     for (const auto& [name, arguments] : mForms) mCommands.insert(name);
     for (std::string& name : mTagNames.fullNames()) mFullTags.insert(std::move(name));

@@ -76,8 +76,8 @@ InputKind kindOf(std::string_view text) {
     for (std::string_view line; lines.next(line);) {
         const std::string_view word = takeWord(line);
         if (word.empty() || word.front() == '#') continue;
-        for (const CommandSpec& spec : commandSpecs()) {
-            if (word == spec.name) return InputKind::Session;
+        for (const CommandSpec& syntax : commandSpecs()) {
+            if (word == syntax.name) return InputKind::Session;
         }
         return InputKind::Unknown;
     }

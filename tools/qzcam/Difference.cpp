@@ -117,7 +117,7 @@ Portrait portraitOf(const Session& session, const Device& device) {
     Session whole = session;
     const bool opens =
         std::any_of(session.commands.begin(), session.commands.end(),
-                    [](const Command& command) { return command.spec->id == CommandId::Open; });
+                    [](const Command& command) { return command.syntax->id == CommandId::Open; });
     if (opens) whole.commands.push_back(sessionOf("open 0\nparams\n").commands.back());
     Observer observer = play(device, whole);
     return {session.file, {}, {}, std::move(observer.parameters), std::move(observer.requests)};

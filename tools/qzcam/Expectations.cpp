@@ -184,8 +184,8 @@ Finding expectVerdict(const Command& command, PlayState& state) {
 
 Finding expectChange(const Command& command, PlayState& state) {
     const EntryRow* row = findRow(command, state);
-    return {row && row->change == findChange(command.word(1)), command.word(1),
-            row ? changeWord(row->change) : kNothing};
+    return {row != nullptr && row->change == findChange(command.word(1)), command.word(1),
+            row != nullptr ? changeWord(row->change) : kNothing};
 }
 
 std::string fateOf(const std::string& capability, const PublishEvent& published) {
@@ -242,7 +242,7 @@ std::string rawFrom(const Command& command, size_t first, const char* separator)
 
 Finding examine(const Command& expectation, PlayState& state) {
     const auto row = std::find_if(kRows.begin(), kRows.end(),
-                                  [&](const Row& each) { return each.id == expectation.spec->id; });
+                                  [&](const Row& each) { return each.id == expectation.syntax->id; });
     return row->examine(expectation, state);
 }
 

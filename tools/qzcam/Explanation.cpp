@@ -201,7 +201,7 @@ void Explainer::addChoices(Explanation& found) const {
     const auto words = wordsOf(found.key);
     for (const auto& [key, capability] : camera.adapter().takePublished()) {
         const char* value = camera.parameters().get(key.c_str());
-        if (value && !words.empty() && wordsOf(key) == words) {
+        if (value != nullptr && !words.empty() && wordsOf(key) == words) {
             found.choices.push_back({key, value, mNames.nameOf(capability), Change::None});
         }
     }

@@ -115,12 +115,13 @@ std::string commandSection(const CLI::App& command) {
 
 std::string sessionSections() {
     std::string roff = ".SH SESSION COMMANDS\n" + paragraphs(sessionRules(), true);
-    for (const CommandSpec& spec : commandSpecs()) {
-        roff += item(spec.name, *spec.arguments == '\0' ? "" : std::string(" ") + spec.arguments, spec.help);
+    for (const CommandSpec& syntax : commandSpecs()) {
+        roff += item(syntax.name, *syntax.arguments == '\0' ? "" : std::string(" ") + syntax.arguments,
+                     syntax.help);
     }
     roff += ".SH QUESTIONS\n" + paragraphs(questionRules(), true);
-    for (const QuerySpec& spec : querySpecs()) {
-        roff += item(spec.name, spec.argument ? std::string(" ") + spec.argument : "", spec.help);
+    for (const QuerySpec& syntax : querySpecs()) {
+        roff += item(syntax.name, syntax.argument ? std::string(" ") + syntax.argument : "", syntax.help);
     }
     return roff + ".SH ENTRIES AND VALUES\n" + paragraphs(valueHelp(), true);
 }

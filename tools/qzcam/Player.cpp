@@ -45,7 +45,7 @@ void Player::playPiece(const Session& piece) {
     const LogListener listener([this](const LogEvent& line) { hear(line); });
     for (const Command& command : piece.commands) {
         if (!isPlayed(command)) continue;
-        if (isExpectation(command.spec->id)) {
+        if (isExpectation(command.syntax->id)) {
             examineExpectation(piece, command);
         } else {
             execute(command);
@@ -54,7 +54,7 @@ void Player::playPiece(const Session& piece) {
 }
 
 bool Player::isPlayed(const Command& command) const {
-    const CommandId id = command.spec->id;
+    const CommandId id = command.syntax->id;
     if (isExpectation(id)) return mExpectations;
     const bool inBackground = id == CommandId::SendCommand && command.words.back().text == "background";
     return mBackgroundCommands || !(inBackground || id == CommandId::Wait);
@@ -77,7 +77,7 @@ void Player::execute(const Command& command) {
         &Player::inspect, &Player::skip,   &Player::query};
     static_assert(handlers.size() == static_cast<size_t>(CommandId::ExpectParam));
     begin(command.line, command.text);
-    (this->*handlers[static_cast<size_t>(command.spec->id)])(command);
+    (this->*handlers[static_cast<size_t>(command.syntax->id)])(command);
 }
 
 void Player::begin(size_t line, const std::string& text) {

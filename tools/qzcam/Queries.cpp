@@ -37,10 +37,10 @@ std::string otpResult(Camera& camera, const std::string&) {
 }
 
 const QuerySpec* findQuery(const std::string& name) {
-    const auto& specs = querySpecs();
-    const auto found =
-        std::find_if(specs.begin(), specs.end(), [&](const auto& spec) { return name == spec.name; });
-    return found == specs.end() ? nullptr : &*found;
+    const auto& syntaxes = querySpecs();
+    const auto found = std::find_if(syntaxes.begin(), syntaxes.end(),
+                                    [&](const auto& syntax) { return name == syntax.name; });
+    return found == syntaxes.end() ? nullptr : &*found;
 }
 
 constexpr const char* kSize = "WIDTHxHEIGHT";
@@ -49,7 +49,7 @@ constexpr const char* kSize = "WIDTHxHEIGHT";
 
 const std::vector<QuerySpec>& querySpecs() {
     using Text = const std::string&;
-    static const std::vector<QuerySpec> specs{
+    static const std::vector<QuerySpec> syntaxes{
         {"long-exposure", nullptr, "whether the next capture takes long",
          [](Camera& camera, Text) -> std::string { return yesNo(camera.translator().checkLongExpoMode()); }},
         {"customized-zsl", nullptr, "whether the camera application wants its own zero shutter lag",
@@ -73,23 +73,23 @@ const std::vector<QuerySpec>& querySpecs() {
         {"super-resolution-sizes", nullptr, "the list of them", superResolutionSizes},
         {"otp-result", nullptr, "the last OTP test result", otpResult},
     };
-    return specs;
+    return syntaxes;
 }
 
 std::string wrongWithQuery(const Command& command, size_t words) {
-    const QuerySpec* spec = findQuery(command.word(0));
-    if (!spec) return "one of the questions that 'qzcam run --help' lists";
-    if (words != (spec->argument ? 2U : 1U)) {
-        return fmt::format("'{}{}{}'", spec->name, spec->argument ? " " : "",
-                           spec->argument ? spec->argument : "");
+    const QuerySpec* syntax = findQuery(command.word(0));
+    if (!syntax) return "one of the questions that 'qzcam run --help' lists";
+    if (words != (syntax->argument ? 2U : 1U)) {
+        return fmt::format("'{}{}{}'", syntax->name, syntax->argument ? " " : "",
+                           syntax->argument ? syntax->argument : "");
     }
-    const bool isSize = spec->argument == kSize;
+    const bool isSize = syntax->argument == kSize;
     return isSize && !parseSize(command.word(1)) ? kSize : "";
 }
 
 std::string askQuery(Camera& camera, const Command& command) {
-    const QuerySpec* spec = findQuery(command.word(0));
-    return spec->ask(camera, spec->argument ? command.word(1) : std::string());
+    const QuerySpec* syntax = findQuery(command.word(0));
+    return syntax->ask(camera, syntax->argument ? command.word(1) : std::string());
 }
 
 }  // namespace qzcam

@@ -43,10 +43,10 @@ bool splitWords(std::string_view& line, std::vector<Word>& words) {
 }
 
 const CommandSpec* findSpec(std::string_view name) {
-    const auto& specs = commandSpecs();
-    const auto found =
-        std::find_if(specs.begin(), specs.end(), [&](const auto& spec) { return name == spec.name; });
-    return found == specs.end() ? nullptr : &*found;
+    const auto& syntaxes = commandSpecs();
+    const auto found = std::find_if(syntaxes.begin(), syntaxes.end(),
+                                    [&](const auto& syntax) { return name == syntax.name; });
+    return found == syntaxes.end() ? nullptr : &*found;
 }
 
 bool needsCamera(CommandId id) {
@@ -63,14 +63,14 @@ std::optional<Command> SessionReader::line(size_t number, std::string_view text,
         return std::nullopt;
     }
     if (words.empty()) return std::nullopt;
-    const CommandSpec* spec = findSpec(words[0].text);
-    if (!spec) {
+    const CommandSpec* syntax = findSpec(words[0].text);
+    if (!syntax) {
         problems.add(number, fmt::format("unknown command {}: expected one of those that {} lists",
                                          excerpt(words[0].text), mHelp));
         return std::nullopt;
     }
     words.erase(words.begin());
-    Command command{number, std::string(text), std::move(words), spec};
+    Command command{number, std::string(text), std::move(words), syntax};
     const std::string wrong = wrongWith(command);
     if (wrong.empty()) return command;
     problems.add(number, wrong);
@@ -78,11 +78,11 @@ std::optional<Command> SessionReader::line(size_t number, std::string_view text,
 }
 
 std::string SessionReader::wrongWith(const Command& command) {
-    const CommandSpec& spec = *command.spec;
-    if (command.words.size() < spec.fewestWords || command.words.size() > spec.mostWords) {
-        return fmt::format("expected '{} {}', not {}", spec.name, spec.arguments, excerpt(command.text));
+    const CommandSpec& syntax = *command.syntax;
+    if (command.words.size() < syntax.fewestWords || command.words.size() > syntax.mostWords) {
+        return fmt::format("expected '{} {}', not {}", syntax.name, syntax.arguments, excerpt(command.text));
     }
-    const std::string expected = spec.check ? spec.check(command) : std::string();
+    const std::string expected = syntax.check ? syntax.check(command) : std::string();
     if (!expected.empty()) return fmt::format("expected {}, not {}", expected, excerpt(command.text));
     return wrongPlace(command);
 }
@@ -90,11 +90,11 @@ std::string SessionReader::wrongWith(const Command& command) {
 // One command at a time is the library's rule for its command handler, and a camera must not go while one
 // runs.
 std::string SessionReader::wrongPlace(const Command& command) {
-    const CommandId id = command.spec->id;
-    if (needsCamera(id) && !mOpen) return fmt::format("expected 'open' before '{}'", command.spec->name);
+    const CommandId id = command.syntax->id;
+    if (needsCamera(id) && !mOpen) return fmt::format("expected 'open' before '{}'", command.syntax->name);
     if (mInBackground && (id == CommandId::SendCommand || id == CommandId::Open)) {
         return fmt::format("a command runs in the background: expected 'wait' before '{}'",
-                           command.spec->name);
+                           command.syntax->name);
     }
     if (id == CommandId::Open) mOpen = true;
     if (id == CommandId::Wait) mInBackground = false;

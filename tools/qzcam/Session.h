@@ -57,7 +57,7 @@ struct Command {
     size_t line;
     std::string text;         // as it was written, without comment
     std::vector<Word> words;  // the arguments
-    const CommandSpec* spec;
+    const CommandSpec* syntax;
 
     const std::string& word(size_t index) const { return words[index].text; }
 };

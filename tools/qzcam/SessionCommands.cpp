@@ -127,7 +127,7 @@ std::string expectSkip(const Command& command) {
 
 const std::vector<CommandSpec>& commandSpecs() {
     using Id = CommandId;
-    static const std::vector<CommandSpec> specs{
+    static const std::vector<CommandSpec> syntaxes{
         {Id::SetProp, "setprop", "NAME VALUE", "set a system property", 2, 2, property},
         {Id::Open, "open", "ID", "open camera ID (0 back, 1 front), closing the one before", 1, 1, oneNumber},
         {Id::Client, "client", "PACKAGE", "name the application", 1, 1, nullptr},
@@ -174,7 +174,7 @@ const std::vector<CommandSpec>& commandSpecs() {
         {Id::ExpectCapability, "expect-capability", "NAME published|silent|absent|undeclared",
          "what the last 'publish' made of it", 2, 2, expectCapability},
     };
-    return specs;
+    return syntaxes;
 }
 
 }  // namespace qzcam

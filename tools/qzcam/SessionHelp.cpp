@@ -18,20 +18,20 @@ std::string row(const std::string& form, const char* help) {
 
 }  // namespace
 
-std::string commandHelp(const CommandSpec& spec) {
-    return row(fmt::format("{} {}", spec.name, spec.arguments), spec.help);
+std::string commandHelp(const CommandSpec& syntax) {
+    return row(fmt::format("{} {}", syntax.name, syntax.arguments), syntax.help);
 }
 
 std::string commandTable() {
     std::string table;
-    for (const CommandSpec& spec : commandSpecs()) table += commandHelp(spec);
+    for (const CommandSpec& syntax : commandSpecs()) table += commandHelp(syntax);
     return table;
 }
 
 std::string questionTable() {
     std::string table;
-    for (const QuerySpec& spec : querySpecs()) {
-        table += row(fmt::format("{} {}", spec.name, spec.argument ? spec.argument : ""), spec.help);
+    for (const QuerySpec& syntax : querySpecs()) {
+        table += row(fmt::format("{} {}", syntax.name, syntax.argument ? syntax.argument : ""), syntax.help);
     }
     return table;
 }

@@ -16,6 +16,6 @@ std::string questionTable();
 const char* valueHelp();
 
 // One command's form and what it does, as a line.
-std::string commandHelp(const CommandSpec& spec);
+std::string commandHelp(const CommandSpec& syntax);
 
 }  // namespace qzcam

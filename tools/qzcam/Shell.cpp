@@ -151,12 +151,12 @@ void Shell::complain(const Problems& problems) {
 }
 
 void Shell::help(std::string_view command) {
-    const auto& specs = commandSpecs();
-    const auto spec = std::find_if(specs.begin(), specs.end(),
-                                   [&](const CommandSpec& each) { return each.name == command; });
-    if (spec != specs.end()) {
-        fmt::print("{}", commandHelp(*spec));
-        const bool asks = spec->id == CommandId::Query || spec->id == CommandId::ExpectQuery;
+    const auto& syntaxes = commandSpecs();
+    const auto syntax = std::find_if(syntaxes.begin(), syntaxes.end(),
+                                     [&](const CommandSpec& each) { return each.name == command; });
+    if (syntax != syntaxes.end()) {
+        fmt::print("{}", commandHelp(*syntax));
+        const bool asks = syntax->id == CommandId::Query || syntax->id == CommandId::ExpectQuery;
         if (asks) fmt::print("\n{}", questionTable());
     } else {
         if (!command.empty()) fmt::print("There is no command {}.\n\n", excerpt(command));
