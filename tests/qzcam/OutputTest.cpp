@@ -38,7 +38,7 @@ std::string written(const std::function<void(std::FILE*)>& print) {
 
 std::vector<json> jsonLines(const std::vector<Event>& events) {
     const std::string text = written([&](std::FILE* file) {
-        JsonPrinter printer(file);
+        JsonPrinter printer(file, ANDROID_LOG_INFO);
         printer.device({});
         for (const Event& event : events) printer.print(event);
         EXPECT_TRUE(printer.flush());
@@ -79,7 +79,8 @@ TEST(Json, IsAlwaysOneValidLine) {
     message.bytes = {0, 255};
     message.isData = true;
     const auto lines = jsonLines(
-        {LogEvent{6, "t", "a\nb\xff\"\x01"}, NoteEvent{"\xc3\x28"}, CallbackEvent{message},
+        {LogEvent{3, "t", "below the filter"}, LogEvent{6, "t", "a\nb\xff\"\x01"}, NoteEvent{"\xc3\x28"},
+         CallbackEvent{message},
          RequestEvent{{{7, "n", values(TYPE_BYTE, "2"), Change::Changed, values(TYPE_BYTE, "1")}}}});
     ASSERT_EQ(lines.size(), 6U);
     EXPECT_EQ(lines[2].at("text"), "a\nb\xEF\xBF\xBD\"\x01");

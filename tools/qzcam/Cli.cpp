@@ -51,11 +51,12 @@ void addPlayOptions(CLI::App& app, RunOptions& options) {
                    "Parameters set after each 'open': key=value;key=value, or a file of them, also as a dump "
                    "has them")
         ->type_name("TEXT|FILE");
-    app.add_option("--log", options.log,
-                   fmt::format("Log lines shown: the lowest level ({}), or by tag: 'CameraQzParam:D *:S'",
-                               kLogLevels))
+    app.add_option(
+           "--log", options.log,
+           fmt::format("Log lines shown: the lowest level ({}; {} unless said, all in JSON), or by tag: "
+                       "'CameraQzParam:D *:S'",
+                       kLogLevels, LogFilter::kDefault))
         ->type_name("FILTER")
-        ->capture_default_str()
         ->check([](const std::string& word) {
             return LogFilter::parse(word) ? "" : fmt::format("expected {}, or TAG:LEVEL...", kLogLevels);
         });

@@ -15,8 +15,8 @@ namespace {
 
 // XML has no place for control characters, not even escaped.
 std::string xmlText(std::string text) {
-    std::replace_if(
-        text.begin(), text.end(), [](char c) { return c >= 0 && c < ' ' && c != '\t' && c != '\n'; }, '?');
+    const auto control = [](unsigned char c) { return c < ' ' && c != '\t' && c != '\n'; };
+    std::replace_if(text.begin(), text.end(), control, '?');
     return text;
 }
 

@@ -195,6 +195,8 @@ void JsonPrinter::device(const Device& device) {
 }
 
 void JsonPrinter::print(const Event& event) {
+    const auto* line = std::get_if<LogEvent>(&event);
+    if (line != nullptr && !mFilter.shows(*line)) return;
     std::visit([this](const auto& each) { write(jsonOf(each)); }, event);
 }
 

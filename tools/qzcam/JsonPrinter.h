@@ -4,9 +4,12 @@
 // events too; a member that goes or changes its meaning makes another version.
 #pragma once
 
+#include "LogFilter.h"
 #include "Output.h"
 
 #include <nlohmann/json_fwd.hpp>
+
+#include <utility>
 
 namespace qzcam {
 
@@ -14,7 +17,7 @@ class JsonPrinter : public Output {
   public:
     static constexpr int kVersion = 1;
 
-    using Output::Output;
+    JsonPrinter(std::FILE* file, LogFilter filter) : Output(file), mFilter(std::move(filter)) {}
 
     void device(const Device& device) override;
     void print(const Event& event) override;
@@ -22,6 +25,7 @@ class JsonPrinter : public Output {
   private:
     void write(const nlohmann::ordered_json& object);
 
+    LogFilter mFilter;
     bool mStarted = false;
 };
 

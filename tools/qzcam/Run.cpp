@@ -24,10 +24,14 @@ namespace qzcam {
 
 namespace {
 
+LogFilter filterOf(const std::string& text, const char* otherwise = LogFilter::kDefault) {
+    return *LogFilter::parse(text.empty() ? otherwise : text);
+}
+
 std::unique_ptr<Output> outputFor(const RunOptions& options) {
-    if (options.json) return std::make_unique<JsonPrinter>(stdout);
+    if (options.json) return std::make_unique<JsonPrinter>(stdout, filterOf(options.log, "verbose"));
     if (options.monitor) return std::make_unique<Monitor>(stdout);
-    return std::make_unique<Printer>(stdout, wantsColour(stdout), *LogFilter::parse(options.log));
+    return std::make_unique<Printer>(stdout, wantsColour(stdout), filterOf(options.log));
 }
 
 // Standard input can be read once.

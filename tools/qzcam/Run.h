@@ -15,8 +15,8 @@ struct RunOptions {
     std::string camera;                 // empty: the first one
     std::string properties;
     std::string parameters;  // set after each `open`: themselves, or a file of them
-    std::string log = LogFilter::kDefault;
-    std::string junit;  // the file; empty: none
+    std::string log;         // a LogFilter's; empty: warnings in a text, every line in JSON
+    std::string junit;       // the file; empty: none
     bool json = false;
     bool monitor = false;
 };

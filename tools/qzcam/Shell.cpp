@@ -195,7 +195,8 @@ ExitStatus runShell(const RunOptions& options) {
     auto parameters = readParameters(options.parameters);
     if (!device || !parameters || !applyProperties(options.properties)) return kBadInput;
     const bool atTerminal = isatty(STDIN_FILENO) == 1;
-    Shell shell(device->device, *LogFilter::parse(options.log), atTerminal);
+    Shell shell(device->device, *LogFilter::parse(options.log.empty() ? LogFilter::kDefault : options.log),
+                atTerminal);
     shell.setParameters(std::move(*parameters));
     shell.talk();
     const ExitStatus status = shell.end();
