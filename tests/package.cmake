@@ -34,6 +34,7 @@ endif()
 # An installed copy serves another project, which finds it either way.
 if(CMAKE_CROSSCOMPILING)
     message(STATUS "No tests of an installed copy: another project would have to cross-compile too.")
+    include(armhf.cmake)
     return()
 endif()
 find_package(PkgConfig REQUIRED)
