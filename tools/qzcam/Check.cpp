@@ -9,11 +9,9 @@
 #include <QzName2Tag.h>
 #include <android/log.h>
 
-#include <CLI/CLI.hpp>
 #include <algorithm>
 #include <cstdio>
 #include <map>
-#include <memory>
 #include <optional>
 
 namespace qzcam {
@@ -240,28 +238,6 @@ std::vector<std::string> DeviceChecker::unused() const {
     return names;
 }
 
-struct CheckOptions {
-    std::string device;
-    std::string camera;
-    bool json = false;
-};
-
-ExitStatus check(const CheckOptions& options) {
-    const auto input = readDevice(options.device, options.camera);
-    if (!input) return kBadInput;
-    const DeviceCheck result = checkDevice(input->device);
-    const bool colour = wantsColour(stdout);
-    std::string text;
-    if (options.json) {
-        text = checkJson(input->device, result);
-    } else {
-        Printer(stdout, colour, ANDROID_LOG_SILENT).device(input->device);
-        text = "\n" + checkText(input->device, result, colour);
-    }
-    if (!writeAll(stdout, text) || !input->whole) return kBadInput;
-    return result.failed() ? kExpectationFailed : kFine;
-}
-
 }  // namespace
 
 const char* nameOf(TagVerdict verdict) {
@@ -299,20 +275,20 @@ DeviceCheck checkDevice(const Device& device) {
     return checkDevice(device, probe, survey);
 }
 
-void addCheck(CLI::App& app, Action& action) {
-    const auto options = std::make_shared<CheckOptions>();
-    app.add_option(
-           "--device", options->device,
-           "Device: text of 'dumpsys media.camera', '-' for standard input; default: the built-in one")
-        ->type_name("DUMP");
-    app.add_option("--camera", options->camera, "Camera of the dump; default: its first")->type_name("ID");
-    app.add_flag("--json", options->json, "Print JSON");
-    app.footer(
-        "For every vendor tag that the library looks up: whether the device declares it, with the element\n"
-        "type that the library writes or reads, and whether its static entry makes sense to its reader.\n"
-        "\nExit status: 0 fine, or tags are only missing; 1 a tag is mistyped or an entry malformed; 2 wrong "
-        "usage;\n3 a bad dump.");
-    app.callback([&action, options] { action = [options] { return check(*options); }; });
+ExitStatus check(const CheckOptions& options) {
+    const auto input = readDevice(options.device, options.camera);
+    if (!input) return kBadInput;
+    const DeviceCheck result = checkDevice(input->device);
+    const bool colour = wantsColour(stdout);
+    std::string text;
+    if (options.json) {
+        text = checkJson(input->device, result);
+    } else {
+        Printer(stdout, colour, ANDROID_LOG_SILENT).device(input->device);
+        text = "\n" + checkText(input->device, result, colour);
+    }
+    if (!writeAll(stdout, text) || !input->whole) return kBadInput;
+    return result.failed() ? kExpectationFailed : kFine;
 }
 
 }  // namespace qzcam

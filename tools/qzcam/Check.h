@@ -54,6 +54,12 @@ DeviceCheck checkDevice(const Device& device, Probe& probe, const Survey& survey
 std::string checkText(const Device& device, const DeviceCheck& check, bool colour);
 std::string checkJson(const Device& device, const DeviceCheck& check);
 
-void addCheck(CLI::App& app, Action& action);
+struct CheckOptions {
+    std::string device;
+    std::string camera;
+    bool json = false;
+};
+
+ExitStatus check(const CheckOptions& options);
 
 }  // namespace qzcam

@@ -17,6 +17,7 @@
 #include <memory>
 #include <string>
 
+// Every command's options, in one source: the header of the library behind them takes seconds to compile.
 namespace qzcam {
 
 namespace {
@@ -24,29 +25,31 @@ namespace {
 constexpr const char* kExitStatus =
     "\nExit status: 0 fine, 1 an expectation failed, 2 wrong usage, 3 a bad input file.";
 
-void addRun(CLI::App& app, RunOptions& options) {
-    app.add_option("SESSION", options.sessions,
-                   "Sessions to play, '-' for standard input; default: the built-in one");
-    addPlayOptions(app, options);
-    CLI::Option* json = app.add_flag("--json", options.json, "Print JSON, an event a line, for programs");
-    app.add_flag("--monitor", options.monitor,
-                 "Print only the entries that change, request and result in columns")
-        ->excludes(json);
-    app.add_option("--junit", options.junit, "Write the expectations to this file as JUnit XML")
-        ->type_name("FILE");
-    app.footer(sessionHelp() + kExitStatus);
+// A command's options live as long as its action may be run.
+template <typename Options>
+std::shared_ptr<Options> onChosen(CLI::App& app, Action& action, ExitStatus (*command)(const Options&)) {
+    const auto options = std::make_shared<Options>();
+    app.callback([&action, options, command] { action = [options, command] { return command(*options); }; });
+    return options;
 }
 
-}  // namespace
-
-void addPlayOptions(CLI::App& app, RunOptions& options) {
-    app.add_option("--device", options.device,
-                   "Device: text of 'dumpsys media.camera'; default: the built-in one")
+void addDevice(CLI::App& app, std::string& device, std::string& camera, const char* also = "") {
+    app.add_option("--device", device,
+                   fmt::format("Device: text of 'dumpsys media.camera'{}; default: the built-in one", also))
         ->type_name("DUMP");
-    app.add_option("--camera", options.camera, "Camera of the dump; default: its first")->type_name("ID");
-    app.add_option("--getprop,--props", options.properties,
+    app.add_option("--camera", camera, "Camera of the dump; default: its first")->type_name("ID");
+}
+
+void addProperties(CLI::App& app, std::string& properties) {
+    app.add_option("--getprop,--props", properties,
                    "System properties: text of 'getprop', or name=value lines")
         ->type_name("GETPROP");
+}
+
+// For each command that plays.
+void addPlayOptions(CLI::App& app, RunOptions& options) {
+    addDevice(app, options.device, options.camera);
+    addProperties(app, options.properties);
     app.add_option("--params", options.parameters,
                    "Parameters set after each 'open': key=value;key=value, or a file of them, also as a dump "
                    "has them")
@@ -62,6 +65,100 @@ void addPlayOptions(CLI::App& app, RunOptions& options) {
         });
 }
 
+void addRun(CLI::App& app, RunOptions& options) {
+    app.add_option("SESSION", options.sessions,
+                   "Sessions to play, '-' for standard input; default: the built-in one");
+    addPlayOptions(app, options);
+    CLI::Option* json = app.add_flag("--json", options.json, "Print JSON, an event a line, for programs");
+    app.add_flag("--monitor", options.monitor,
+                 "Print only the entries that change, request and result in columns")
+        ->excludes(json);
+    app.add_option("--junit", options.junit, "Write the expectations to this file as JUnit XML")
+        ->type_name("FILE");
+    app.footer(sessionHelp() + kExitStatus);
+}
+
+void addShell(CLI::App& app, Action& action) {
+    const auto options = onChosen(app, action, shell);
+    addPlayOptions(app, *options);
+    app.footer(
+        "Reads a line, plays it, shows what comes of it. At a terminal lines can be edited, Tab completes "
+        "commands,\n"
+        "keys, values and tags, Ctrl-C drops the line, and lines are kept in\n"
+        "$XDG_STATE_HOME/qzcam/history (~/.local/state/qzcam/history) for the next time. Elsewhere lines are "
+        "read as\n"
+        "they are. A wrong line gets a message and is left out.\n\n" +
+        sessionHelp() + "\n" + shellHelp() +
+        "\nExit status: 0 fine; without a terminal also 1 an expectation failed, 3 a line was wrong. 2 wrong "
+        "usage.");
+}
+
+void addDiff(CLI::App& app, Action& action) {
+    const auto options = onChosen(app, action, diff);
+    app.add_option("A", options->a, "Dump or session, '-' for standard input")->required();
+    app.add_option("B", options->b, "Another of the same kind; default: the built-in one");
+    app.add_option("--as", options->as,
+                   "What they are, when their content does not tell: devices or sessions")
+        ->type_name("KIND")
+        ->check([](const std::string& word) {
+            return word == kDevices || word == kSessions ? "" : "expected devices or sessions";
+        });
+    app.add_option("--session", options->session,
+                   "Session whose requests are compared on two devices; default: the built-in one")
+        ->type_name("FILE");
+    app.add_option("--device", options->device,
+                   "Device that two sessions are played on; default: the built-in one")
+        ->type_name("DUMP");
+    app.add_option("--camera", options->cameras,
+                   "Camera of the dump, or of both dumps 'A,B'; default: the first of each")
+        ->type_name("ID");
+    app.add_flag("--json", options->json, "Print JSON");
+    app.footer(
+        "Of two devices: vendor tags and their types, static entries, parameters that they publish, and the\n"
+        "requests that a session makes on each. Of two sessions: the parameters that they end with, and "
+        "their\n"
+        "requests one by one. Expectations are left out, and so is what the device has no tags for. What is\n"
+        "alike is not shown; '-' stands for what is not there.\n"
+        "\nExit status: 0 nothing differs, 1 something does, 2 wrong usage, 3 a bad input file.");
+}
+
+void addCheck(CLI::App& app, Action& action) {
+    const auto options = onChosen(app, action, check);
+    addDevice(app, options->device, options->camera, ", '-' for standard input");
+    app.add_flag("--json", options->json, "Print JSON");
+    app.footer(
+        "For every vendor tag that the library looks up: whether the device declares it, with the element\n"
+        "type that the library writes or reads, and whether its static entry makes sense to its reader.\n"
+        "\nExit status: 0 fine, or tags are only missing; 1 a tag is mistyped or an entry malformed; 2 wrong "
+        "usage;\n3 a bad dump.");
+}
+
+void addParams(CLI::App& app, Action& action) {
+    const auto options = onChosen(app, action, params);
+    app.add_option("KEY", options->key,
+                   "A parameter, published key, message, command number, property or tag; default: all");
+    const auto json = app.add_flag("--json", options->json, "Print JSON");
+    app.add_flag("--markdown", options->markdown, "Print Markdown: docs/reference.md")->excludes(json);
+    app.footer(
+        "What an application may set and what it may read: values and the numbers that they become, "
+        "entries,\n"
+        "conditions. The library itself is asked, with every word that it knows.\n"
+        "\nExit status: 0 fine, 2 wrong usage, or there is no such key.");
+}
+
+void addExplain(CLI::App& app, Action& action) {
+    const auto options = onChosen(app, action, explain);
+    app.add_option("KEY", options->key, "The parameter")->required();
+    addDevice(app, options->device, options->camera);
+    addProperties(app, options->properties);
+    app.add_option("--params", options->parameters,
+                   "Parameters that are set, KEY and others: key=value;key=value, or a file of them")
+        ->type_name("TEXT|FILE");
+    app.footer(
+        "Shows who reads the parameter, what its values become, the tag that they go into and whether the "
+        "device\ndeclares it, under which conditions, and the choices that the device publishes.");
+}
+
 void addCommands(CLI::App& app, Action& action) {
     const auto options = std::make_shared<RunOptions>();
     action = [options] { return run(*options); };  // also without a command
@@ -73,6 +170,8 @@ void addCommands(CLI::App& app, Action& action) {
     addExplain(*app.add_subcommand("explain", "Show the whole road of one parameter on a device"), action);
     addManual(*app.add_subcommand("manual", "Print the manual page"), action);
 }
+
+}  // namespace
 
 int runTool(int argc, const char* const* argv) {
     CLI::App app{"Plays a camera session against a device and shows what the camera library makes of it.",

@@ -8,19 +8,13 @@
 
 #include <fmt/format.h>
 
-#include <CLI/CLI.hpp>
-
 #include <cstdio>
-#include <memory>
 #include <optional>
 #include <utility>
 
 namespace qzcam {
 
 namespace {
-
-constexpr const char* kDevices = "devices";
-constexpr const char* kSessions = "sessions";
 
 ExitStatus complain(ExitStatus status, const std::string& text) {
     fmt::print(stderr, "{}\n", text);
@@ -106,36 +100,6 @@ ExitStatus diff(const DiffOptions& options) {
                                             nameOf(kind), b->name, nameOf(other)));
     }
     return kind == InputKind::Dump ? diffDevices(options, *a, b) : diffSessions(options, *a, b);
-}
-
-void addDiff(CLI::App& app, Action& action) {
-    const auto options = std::make_shared<DiffOptions>();
-    app.add_option("A", options->a, "Dump or session, '-' for standard input")->required();
-    app.add_option("B", options->b, "Another of the same kind; default: the built-in one");
-    app.add_option("--as", options->as,
-                   "What they are, when their content does not tell: devices or sessions")
-        ->type_name("KIND")
-        ->check([](const std::string& word) {
-            return word == kDevices || word == kSessions ? "" : "expected devices or sessions";
-        });
-    app.add_option("--session", options->session,
-                   "Session whose requests are compared on two devices; default: the built-in one")
-        ->type_name("FILE");
-    app.add_option("--device", options->device,
-                   "Device that two sessions are played on; default: the built-in one")
-        ->type_name("DUMP");
-    app.add_option("--camera", options->cameras,
-                   "Camera of the dump, or of both dumps 'A,B'; default: the first of each")
-        ->type_name("ID");
-    app.add_flag("--json", options->json, "Print JSON");
-    app.footer(
-        "Of two devices: vendor tags and their types, static entries, parameters that they publish, and the\n"
-        "requests that a session makes on each. Of two sessions: the parameters that they end with, and "
-        "their\n"
-        "requests one by one. Expectations are left out, and so is what the device has no tags for. What is\n"
-        "alike is not shown; '-' stands for what is not there.\n"
-        "\nExit status: 0 nothing differs, 1 something does, 2 wrong usage, 3 a bad input file.");
-    app.callback([&action, options] { action = [options] { return diff(*options); }; });
 }
 
 }  // namespace qzcam

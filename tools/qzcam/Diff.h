@@ -8,10 +8,14 @@
 
 namespace qzcam {
 
+// What A and B are, in words.
+constexpr const char* kDevices = "devices";
+constexpr const char* kSessions = "sessions";
+
 struct DiffOptions {
-    std::string a;  // "-": standard input
-    std::string b;  // likewise; empty: what is built in
-    std::string as;
+    std::string a;        // "-": standard input
+    std::string b;        // likewise; empty: what is built in
+    std::string as;       // empty: their content tells
     std::string session;  // what is played on two devices; empty: the built-in one
     std::string device;   // what two sessions are played on; likewise
     std::string cameras;  // "ID" or "ID,ID"
@@ -22,7 +26,5 @@ ExitStatus diff(const DiffOptions& options);
 
 enum class InputKind { Dump, Session, Unknown };
 InputKind kindOf(std::string_view text);
-
-void addDiff(CLI::App& app, Action& action);
 
 }  // namespace qzcam

@@ -9,23 +9,13 @@
 
 #include <fmt/format.h>
 
-#include <CLI/CLI.hpp>
 #include <algorithm>
 #include <cstdio>
-#include <memory>
 #include <string>
 
 namespace qzcam {
 
 namespace {
-
-struct ExplainOptions {
-    std::string key;
-    std::string device;
-    std::string camera;
-    std::string properties;
-    std::string parameters;
-};
 
 std::string verdictText(const VerdictRow& row) {
     std::string text = verdictMeaning(row.verdict);
@@ -108,6 +98,8 @@ std::string explanationText(const Explanation& found, const Device& device) {
     return text + readText(found) + targetText(found) + valuesText(found) + choicesText(found);
 }
 
+}  // namespace
+
 ExitStatus explain(const ExplainOptions& options) {
     const PropertiesInPlace restored;
     const auto device = readDevice(options.device, options.camera);
@@ -126,27 +118,6 @@ ExitStatus explain(const ExplainOptions& options) {
     }
     if (!writeAll(stdout, explanationText(*found, device->device)) || !device->whole) return kBadInput;
     return kFine;
-}
-
-}  // namespace
-
-void addExplain(CLI::App& app, Action& action) {
-    const auto options = std::make_shared<ExplainOptions>();
-    app.add_option("KEY", options->key, "The parameter")->required();
-    app.add_option("--device", options->device,
-                   "Device: text of 'dumpsys media.camera'; default: the built-in one")
-        ->type_name("DUMP");
-    app.add_option("--camera", options->camera, "Camera of the dump; default: its first")->type_name("ID");
-    app.add_option("--getprop,--props", options->properties,
-                   "System properties: text of 'getprop', or name=value lines")
-        ->type_name("GETPROP");
-    app.add_option("--params", options->parameters,
-                   "Parameters that are set, KEY and others: key=value;key=value, or a file of them")
-        ->type_name("TEXT|FILE");
-    app.footer(
-        "Shows who reads the parameter, what its values become, the tag that they go into and whether the "
-        "device\ndeclares it, under which conditions, and the choices that the device publishes.");
-    app.callback([&action, options] { action = [options] { return explain(*options); }; });
 }
 
 }  // namespace qzcam

@@ -3,8 +3,18 @@
 
 #include "Cli.h"
 
+#include <string>
+
 namespace qzcam {
 
-void addExplain(CLI::App& app, Action& action);
+struct ExplainOptions {
+    std::string key;
+    std::string device;
+    std::string camera;
+    std::string properties;
+    std::string parameters;
+};
+
+ExitStatus explain(const ExplainOptions& options);
 
 }  // namespace qzcam

@@ -6,10 +6,8 @@
 
 #include <fmt/format.h>
 
-#include <CLI/CLI.hpp>
 #include <algorithm>
 #include <cstdio>
-#include <memory>
 
 namespace qzcam {
 
@@ -38,29 +36,6 @@ std::vector<Doc> named(const std::vector<Doc>& docs, const std::string& key) {
     std::copy_if(docs.begin(), docs.end(), std::back_inserter(some),
                  [&](const Doc& doc) { return isNamed(doc, key); });
     return some;
-}
-
-struct ParamsOptions {
-    std::string key;
-    bool json = false;
-    bool markdown = false;
-};
-
-ExitStatus params(const ParamsOptions& options) {
-    const Reference whole = buildReference();
-    const Reference reference = options.key.empty() ? whole : only(whole, options.key);
-    if (isEmpty(reference)) {
-        const auto similar = similarNames(whole, options.key);
-        std::fprintf(stderr, "qzcam: no parameter, message, command, property or tag '%s'%s\n",
-                     options.key.c_str(),
-                     similar.empty() ? "" : fmt::format("; there is {}", fmt::join(similar, ", ")).c_str());
-        return kUsage;
-    }
-    const std::string text = options.markdown      ? referenceMarkdown(reference)
-                             : options.json        ? referenceJson(reference)
-                             : options.key.empty() ? referenceIndex(reference)
-                                                   : referenceText(reference);
-    return writeAll(stdout, text) ? kFine : kBadInput;
 }
 
 }  // namespace
@@ -96,18 +71,21 @@ std::vector<std::string> similarNames(const Reference& reference, const std::str
     return names;
 }
 
-void addParams(CLI::App& app, Action& action) {
-    const auto options = std::make_shared<ParamsOptions>();
-    app.add_option("KEY", options->key,
-                   "A parameter, published key, message, command number, property or tag; default: all");
-    const auto json = app.add_flag("--json", options->json, "Print JSON");
-    app.add_flag("--markdown", options->markdown, "Print Markdown: docs/reference.md")->excludes(json);
-    app.footer(
-        "What an application may set and what it may read: values and the numbers that they become, "
-        "entries,\n"
-        "conditions. The library itself is asked, with every word that it knows.\n"
-        "\nExit status: 0 fine, 2 wrong usage, or there is no such key.");
-    app.callback([&action, options] { action = [options] { return params(*options); }; });
+ExitStatus params(const ParamsOptions& options) {
+    const Reference whole = buildReference();
+    const Reference reference = options.key.empty() ? whole : only(whole, options.key);
+    if (isEmpty(reference)) {
+        const auto similar = similarNames(whole, options.key);
+        std::fprintf(stderr, "qzcam: no parameter, message, command, property or tag '%s'%s\n",
+                     options.key.c_str(),
+                     similar.empty() ? "" : fmt::format("; there is {}", fmt::join(similar, ", ")).c_str());
+        return kUsage;
+    }
+    const std::string text = options.markdown      ? referenceMarkdown(reference)
+                             : options.json        ? referenceJson(reference)
+                             : options.key.empty() ? referenceIndex(reference)
+                                                   : referenceText(reference);
+    return writeAll(stdout, text) ? kFine : kBadInput;
 }
 
 }  // namespace qzcam

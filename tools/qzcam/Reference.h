@@ -90,6 +90,12 @@ std::string referenceJson(const Reference& reference);
 std::string referenceText(const Reference& reference);   // every detail
 std::string referenceIndex(const Reference& reference);  // a line each
 
-void addParams(CLI::App& app, Action& action);
+struct ParamsOptions {
+    std::string key;
+    bool json = false;
+    bool markdown = false;
+};
+
+ExitStatus params(const ParamsOptions& options);
 
 }  // namespace qzcam

@@ -15,8 +15,6 @@
 #include <fmt/format.h>
 #include <unistd.h>
 
-#include <CLI/CLI.hpp>
-
 #include <algorithm>
 #include <array>
 #include <cstdio>
@@ -41,15 +39,6 @@ struct ShellCommand {
 constexpr std::array<ShellCommand, 3> kShellCommands{{{"help", "[COMMAND]", "list the commands, or show one"},
                                                       {"quit", "", "leave, as Ctrl-D does"},
                                                       {"exit", "", "likewise"}}};
-
-std::string shellHelp() {
-    std::string help = "At the prompt also:\n";
-    for (const ShellCommand& command : kShellCommands) {
-        help +=
-            fmt::format("  {:<37} {}\n", fmt::format("{} {}", command.name, command.arguments), command.help);
-    }
-    return help;
-}
 
 // Lines without a terminal.
 std::optional<std::string> plainLine() {
@@ -184,7 +173,18 @@ ExitStatus Shell::end() {
     return met ? kFine : kExpectationFailed;
 }
 
-ExitStatus runShell(const RunOptions& options) {
+}  // namespace
+
+std::string shellHelp() {
+    std::string help = "At the prompt also:\n";
+    for (const ShellCommand& command : kShellCommands) {
+        help +=
+            fmt::format("  {:<37} {}\n", fmt::format("{} {}", command.name, command.arguments), command.help);
+    }
+    return help;
+}
+
+ExitStatus shell(const RunOptions& options) {
     for (const std::string* each : {&options.device, &options.properties, &options.parameters}) {
         if (*each != "-") continue;
         fmt::print(stderr, "qzcam: the shell reads commands from standard input, it can be nothing else\n");
@@ -195,30 +195,12 @@ ExitStatus runShell(const RunOptions& options) {
     auto parameters = readParameters(options.parameters);
     if (!device || !parameters || !applyProperties(options.properties)) return kBadInput;
     const bool atTerminal = isatty(STDIN_FILENO) == 1;
-    Shell shell(device->device, *LogFilter::parse(options.log.empty() ? LogFilter::kDefault : options.log),
-                atTerminal);
-    shell.setParameters(std::move(*parameters));
-    shell.talk();
-    const ExitStatus status = shell.end();
+    const std::string filter = options.log.empty() ? LogFilter::kDefault : options.log;
+    Shell session(device->device, *LogFilter::parse(filter), atTerminal);
+    session.setParameters(std::move(*parameters));
+    session.talk();
+    const ExitStatus status = session.end();
     return device->whole || atTerminal ? status : kBadInput;
-}
-
-}  // namespace
-
-void addShell(CLI::App& app, Action& action) {
-    const auto options = std::make_shared<RunOptions>();
-    addPlayOptions(app, *options);
-    app.footer(
-        "Reads a line, plays it, shows what comes of it. At a terminal lines can be edited, Tab completes "
-        "commands,\n"
-        "keys, values and tags, Ctrl-C drops the line, and lines are kept in\n"
-        "$XDG_STATE_HOME/qzcam/history (~/.local/state/qzcam/history) for the next time. Elsewhere lines are "
-        "read as\n"
-        "they are. A wrong line gets a message and is left out.\n\n" +
-        sessionHelp() + "\n" + shellHelp() +
-        "\nExit status: 0 fine; without a terminal also 1 an expectation failed, 3 a line was wrong. 2 wrong "
-        "usage.");
-    app.callback([options, &action] { action = [options] { return runShell(*options); }; });
 }
 
 }  // namespace qzcam

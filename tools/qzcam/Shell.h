@@ -3,8 +3,14 @@
 
 #include "Cli.h"
 
+#include <string>
+
 namespace qzcam {
 
-void addShell(CLI::App& app, Action& action);
+struct RunOptions;
+
+std::string shellHelp();
+
+ExitStatus shell(const RunOptions& options);
 
 }  // namespace qzcam
