@@ -1,0 +1,74 @@
+// Any text as a camera service's dump. What is read is written as a dump again, and must then read the same.
+#include "Devices.h"
+#include "Target.h"
+
+#include <DumpParser.h>
+#include <camera/VendorTagDescriptor.h>
+#include <sys/mman.h>
+#include <unistd.h>
+
+#include <cstdio>
+#include <set>
+
+namespace qz::fuzz {
+
+namespace {
+
+qzcam::Device parse(std::string_view text) {
+    qzcam::Problems problems("dump");
+    return qzcam::parseDump(text, "dump", "", problems);
+}
+
+void requireWhole(const qzcam::Device& device) {
+    for (const qzcam::StaticEntry& entry : device.entries) {
+        const qzcam::Values& values = entry.values;
+        require(values.type < NUM_TYPES &&
+                    values.bytes.size() == values.count * camera_metadata_type_size[values.type],
+                "an entry has all of its elements");
+    }
+    for (const qzcam::Tag& tag : device.vendorTags) {
+        require(tag.type < NUM_TYPES && tag.id >= 0x80000000U, "a vendor tag has a type and a number");
+    }
+}
+
+std::string printed(const android::CameraMetadata& metadata) {
+    const int file = memfd_create("dump", MFD_CLOEXEC);
+    metadata.dump(file, 2, 4);
+    std::string text(static_cast<size_t>(lseek(file, 0, SEEK_CUR)), '\0');
+    require(pread(file, text.data(), text.size(), 0) == static_cast<ssize_t>(text.size()), "reading it back");
+    close(file);
+    return text;
+}
+
+std::string printed(const qzcam::Device& device, const android::CameraMetadata& metadata) {
+    std::string text = "== Vendor tags: ==\n\n  Dumping configured vendor tag descriptors: ";
+    text += std::to_string(device.vendorTags.size()) + " entries\n";
+    for (const qzcam::Tag& tag : device.vendorTags) {
+        char number[16];
+        std::snprintf(number, sizeof(number), "0x%08x", tag.id);
+        text.append("    ").append(number) += " (" + tag.name + ") with type " + std::to_string(tag.type);
+        text += std::string(" (") + camera_metadata_type_names[tag.type] + ") defined in section " +
+                tag.section + '\n';
+    }
+    return text + "== Camera HAL device device@3.4/legacy/0 (v3.4) static information: ==\n" +
+           printed(metadata);
+}
+
+void requireReadAgain(const qzcam::Device& device) {
+    qzcam::installVendorTags(device);
+    const auto metadata = qzcam::staticCharacteristics(device);
+    requireSound(metadata);
+    const std::string text = printed(device, metadata);
+    const std::string again = printed(device, qzcam::staticCharacteristics(parse(text)));
+    require(text == again, "a printed device reads as it is");
+}
+
+}  // namespace
+
+void execute(Input& input) {
+    const qzcam::Device device = parse(input.rest());
+    requireWhole(device);
+    if (!device.entries.empty()) requireReadAgain(device);
+}
+
+}  // namespace qz::fuzz

@@ -1,0 +1,106 @@
+// Any properties and metadata, inspected; and buffers skipped by any lists of sizes.
+#include "Devices.h"
+#include "Target.h"
+
+#include <QzName2Tag.h>
+#include <QzPerformEx.h>
+#include <cutils/properties.h>
+#include <fcntl.h>
+#include <system/graphics.h>
+
+#include <cstring>
+
+namespace qz::fuzz {
+
+namespace {
+
+using android::CameraMetadata;
+
+constexpr const char* kSizeLists[] = {"com.ambrix.device.capabilities.qzSubSensorJpegSize",
+                                      "com.ambrix.device.capabilities.superResolutionPictureSize"};
+
+std::string tagNameFrom(Input& input) {
+    if (input.below(4) == 0) return input.bytes(PROPERTY_VALUE_MAX - 1);
+    const uint32_t tag = tagFrom(input, {});
+    const char* const section = get_camera_metadata_section_name(tag);
+    const char* const name = get_camera_metadata_tag_name(tag);
+    if (section == nullptr || name == nullptr) return "0";
+    return std::string(section) + '.' + name;
+}
+
+void setProperties(Input& input) {
+    const std::string level = input.flag() ? std::to_string(input.below(8)) : input.bytes(20);
+    property_set("camera.qzperformex.loglevel", level.c_str());
+    for (const char* property :
+         {"camera.qzperformex.captag", "camera.qzperformex.ctrltag", "camera.qzperformex.stattag"}) {
+        if (input.flag()) property_set(property, tagNameFrom(input).c_str());
+    }
+}
+
+// The level is the process's: an execution must not depend on the one before.
+void resetLevel(QzPerformEx& inspection) {
+    property_set("camera.qzperformex.loglevel", "0");
+    android::List<const CameraMetadata> none;
+    inspection.checkRequest(none, false);
+}
+
+bool lists(const CameraMetadata& info, const char* list, int32_t width, int32_t height) {
+    const uint32_t tag = QzName2Tag::getInstance()->vendorTagFromName(list);
+    const camera_metadata_ro_entry entry = info.find(tag);
+    if (entry.count == 0 || entry.type != TYPE_INT32) return false;
+    for (size_t i = 1; i < entry.count; i += 2) {
+        if (entry.data.i32[i - 1] == width && entry.data.i32[i] == height) return true;
+    }
+    return false;
+}
+
+void skip(Input& input, QzPerformEx& inspection, const CameraMetadata* info) {
+    const bool panorama = input.below(8) == 0;
+    int32_t width = panorama ? 3264 : input.number<int8_t>();
+    int32_t height = panorama ? 2448 : input.number<int8_t>();
+    const int32_t format = input.flag() ? HAL_PIXEL_FORMAT_YCbCr_420_888 : input.number<int32_t>();
+    bool expected = width == 3264 && height == 2448 && format == HAL_PIXEL_FORMAT_YCbCr_420_888;
+    for (const char* list : kSizeLists) expected |= info != nullptr && lists(*info, list, width, height);
+    require(inspection.skipRoundBuffer(width, height, format) == expected,
+            "listed sizes are skipped, no others");
+}
+
+void check(Input& input, QzPerformEx& inspection) {
+    android::List<const CameraMetadata> requests;
+    for (size_t count = input.below(4); count > 0; --count) requests.push_back(metadataFrom(input, {}));
+    const android::sp<android::CaptureResult> result = new android::CaptureResult;
+    result->mMetadata = metadataFrom(input, resultTags());
+    result->mResultExtras.frameNumber = input.number<int64_t>();
+    const auto before = entriesOf(result->mMetadata);
+    inspection.checkRequest(requests, input.flag());
+    inspection.checkResult(*result);
+    require(entriesOf(result->mMetadata) == before, "inspection changes nothing");
+    require(result->mMetadata.erase(0) == android::OK, "inspection locks nothing");
+}
+
+void dump(Input& input, const CameraMetadata& metadata) {
+    static const int nowhere = open("/dev/null", O_WRONLY | O_CLOEXEC);
+    metadata.dump(nowhere, static_cast<int>(input.below(3)), input.number<int8_t>());
+}
+
+}  // namespace
+
+void execute(Input& input) {
+    resultTags();
+    declare(input.number());
+    const android::sp<QzPerformEx> inspection = new QzPerformEx(0);
+    resetLevel(*inspection);
+    std::vector<uint32_t> lists;
+    for (const char* list : kSizeLists) lists.push_back(QzName2Tag::getInstance()->vendorTagFromName(list));
+    const CameraMetadata info = metadataFrom(input, lists);
+    const bool hasInfo = input.flag();
+    while (!input.atEnd()) {
+        setProperties(input);
+        check(input, *inspection);
+        inspection->setInfo(hasInfo ? &info : nullptr);
+        skip(input, *inspection, hasInfo ? &info : nullptr);
+        dump(input, info);
+    }
+}
+
+}  // namespace qz::fuzz

@@ -1,0 +1,52 @@
+// Any text as a session; what reads as one is played on the built-in device.
+#include "Target.h"
+
+#include <Assignment.h>
+#include <BuiltIn.h>
+#include <DumpParser.h>
+#include <JsonPrinter.h>
+#include <LogCapture.h>
+#include <Player.h>
+#include <Printer.h>
+#include <Properties.h>
+#include <unistd.h>
+
+#include <cstdio>
+
+// A command that waits for results need not take three seconds.
+int usleep(useconds_t /*time*/) { return 0; }
+
+namespace qz::fuzz {
+
+namespace {
+
+const qzcam::Device& device() {
+    static const qzcam::Device device = [] {
+        qzcam::Problems problems("built-in device");
+        return qzcam::parseDump(qzcam::builtInDevice(), "built-in device", "", problems);
+    }();
+    return device;
+}
+
+// Everything that can be printed is, to nowhere.
+void play(const qzcam::Session& session) {
+    static std::FILE* const nowhere = std::fopen("/dev/null", "w");
+    const qzcam::PropertiesInPlace properties;
+    qzcam::JsonPrinter json(nowhere);
+    qzcam::Player player(device(), [&json](const qzcam::Event& event) { json.print(event); });
+    player.play(session);
+}
+
+}  // namespace
+
+void execute(Input& input) {
+    constexpr size_t mostPlayed = 12;
+    const qzcam::LogListener quiet([](const qzcam::LogEvent&) {});
+    qzcam::Problems problems("session");
+    const qzcam::Session session = qzcam::parseSession(input.rest(), "session", problems);
+    require(problems.count() >= problems.first().size(), "the first problems are problems");
+    qzcam::checkAgainstDevice(session, qzcam::TagNames(device().vendorTags), problems);
+    if (problems.empty() && session.commands.size() <= mostPlayed) play(session);
+}
+
+}  // namespace qz::fuzz
