@@ -9,6 +9,7 @@
 #include <Player.h>
 #include <Printer.h>
 #include <Properties.h>
+#include <android/log.h>
 #include <unistd.h>
 
 #include <cstdio>
@@ -32,7 +33,7 @@ const qzcam::Device& device() {
 void play(const qzcam::Session& session) {
     static std::FILE* const nowhere = std::fopen("/dev/null", "w");
     const qzcam::PropertiesInPlace properties;
-    qzcam::JsonPrinter json(nowhere);
+    qzcam::JsonPrinter json(nowhere, ANDROID_LOG_VERBOSE);
     qzcam::Player player(device(), [&json](const qzcam::Event& event) { json.print(event); });
     player.play(session);
 }
