@@ -22,6 +22,13 @@ struct TestPeer {
              << p.mSuperResPicSizes.c_str() << "] [" << p.mSubPicSizes.c_str() << "]";
         return text.str();
     }
+
+    // What each of the first `count` getters returns.
+    static std::vector<int32_t> statuses(CCameraQzParam& p, size_t count) {
+        std::vector<int32_t> all;
+        for (size_t i = 0; i < count; ++i) all.push_back((p.*CCameraQzParam::sCapabilityPass[i])());
+        return all;
+    }
 };
 
 namespace test {

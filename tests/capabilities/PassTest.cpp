@@ -63,6 +63,19 @@ TEST(CapabilityPass, CountsWhatItCannotUse) {
     }
 }
 
+TEST(CapabilityPass, NeverHearsOfAFailure) {
+    const std::vector<int32_t> zeros(getters().size() - 1, 0);  // super resolution and its sizes share one
+    FullDevice right;
+    FullDevice wrong(false);
+    Device undeclared({});
+    for (Device* device : std::initializer_list<Device*>{&right, &wrong, &undeclared}) {
+        CCameraQzParam& translator = *device->host->mCameraQzParam;
+        EXPECT_EQ(TestPeer::statuses(translator, zeros.size()), zeros);
+        device->host->entries.clear();
+        EXPECT_EQ(TestPeer::statuses(translator, zeros.size()), zeros);
+    }
+}
+
 TEST(CapabilityPass, HasOneKeyForADeviceThatSaysNothing) {
     Device undeclared({});
     EXPECT_EQ(undeclared.publish(),
