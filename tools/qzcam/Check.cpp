@@ -1,6 +1,7 @@
 #include "Check.h"
 
 #include "EntryCheck.h"
+#include "Features.h"
 #include "Input.h"
 #include "Printer.h"
 #include "Survey.h"
@@ -10,17 +11,19 @@
 #include <android/log.h>
 
 #include <algorithm>
+#include <array>
 #include <cstdio>
 #include <map>
 #include <optional>
+#include <tuple>
 
 namespace qzcam {
 
 namespace {
 
-constexpr const char* kRequests = "requests";
-constexpr const char* kCapabilities = "capabilities";
-constexpr const char* kResults = "results";
+constexpr const char* kRequest = "request";
+constexpr const char* kCapability = "capability";
+constexpr const char* kResult = "result";
 constexpr const char* kInspection = "inspection";
 constexpr size_t kShownOfCutList = 16;
 
@@ -74,7 +77,7 @@ class WantedTags {
         addResults();
         addInspection();
         for (const std::string& name : survey.names) {
-            if (mSeen.count(name) == 0) at(kRequests, name);
+            if (mSeen.count(name) == 0) at(kRequest, name);
         }
     }
 
@@ -82,7 +85,7 @@ class WantedTags {
 
   private:
     // Null for a tag that is not a vendor's.
-    Wanted* at(const char* group, const std::string& tag);
+    Wanted* at(const char* use, const std::string& tag);
     void addWritten(const std::string& key, const std::vector<Written>& written);
     void addRequests();
     void addCapabilities();
@@ -94,22 +97,23 @@ class WantedTags {
     std::set<std::string> mSeen;
 };
 
-Wanted* WantedTags::at(const char* group, const std::string& tag) {
+Wanted* WantedTags::at(const char* use, const std::string& tag) {
     if (!mSurvey.isVendor(tag)) return nullptr;
     mSeen.insert(tag);
     const auto found = std::find_if(mRows.begin(), mRows.end(), [&](const Wanted& wanted) {
-        return wanted.row.group == group && wanted.row.tag == tag;
+        return wanted.row.use == use && wanted.row.tag == tag;
     });
     if (found != mRows.end()) return &*found;
     Wanted& wanted = mRows.emplace_back();
-    wanted.row.group = group;
     wanted.row.tag = tag;
+    wanted.row.feature = featureOf(tag);
+    wanted.row.use = use;
     return &wanted;
 }
 
 void WantedTags::addWritten(const std::string& key, const std::vector<Written>& written) {
     for (const Written& row : written) {
-        Wanted* wanted = at(kRequests, row.tag);
+        Wanted* wanted = at(kRequest, row.tag);
         if (wanted == nullptr) continue;
         addOnce(wanted->row.keys, key);
         wanted->type = row.values.type;
@@ -128,7 +132,7 @@ void WantedTags::addRequests() {
 
 void WantedTags::addCapabilities() {
     for (const CapabilityFact& fact : mSurvey.capabilities) {
-        Wanted* wanted = at(kCapabilities, fact.tag);
+        Wanted* wanted = at(kCapability, fact.tag);
         if (wanted == nullptr) continue;
         addOnce(wanted->row.keys, fact.forKey);
         for (const std::string& key : fact.keys) addOnce(wanted->row.keys, key);
@@ -140,7 +144,7 @@ void WantedTags::addCapabilities() {
 
 void WantedTags::addResults() {
     for (const ResultFact& fact : mSurvey.results) {
-        Wanted* wanted = at(kResults, fact.tag);
+        Wanted* wanted = at(kResult, fact.tag);
         if (wanted == nullptr) continue;
         for (const Message& message : fact.messages) addOnce(wanted->row.keys, message.name);
         wanted->row.counts = fact.counts.good.empty() ? "" : fact.counts.toText();
@@ -153,6 +157,19 @@ void WantedTags::addInspection() {
         Wanted* wanted = at(kInspection, fact.tag);
         if (wanted != nullptr && fact.typeSeen) wanted->type = fact.type;
     }
+}
+
+using VerdictCounts = std::array<size_t, kVerdicts>;
+
+// Features by how many of their tags are as bad as can be, tags by how bad they are.
+void sortWorstFirst(std::vector<TagCheck>& tags) {
+    std::array<VerdictCounts, kFeatures> counts{};
+    for (const TagCheck& tag : tags) ++counts[tag.feature][static_cast<size_t>(tag.verdict)];
+    for (VerdictCounts& each : counts) each.back() = 0;  // fine ones make nothing worse
+    std::stable_sort(tags.begin(), tags.end(), [&](const TagCheck& a, const TagCheck& b) {
+        if (counts[a.feature] != counts[b.feature]) return counts[a.feature] > counts[b.feature];
+        return std::tie(a.feature, a.verdict) < std::tie(b.feature, b.verdict);
+    });
 }
 
 class DeviceChecker {
@@ -181,8 +198,7 @@ DeviceCheck DeviceChecker::run() {
         judge(row);
         check.tags.push_back(std::move(row.row));
     }
-    std::stable_sort(check.tags.begin(), check.tags.end(),
-                     [](const TagCheck& a, const TagCheck& b) { return a.verdict < b.verdict; });
+    sortWorstFirst(check.tags);
     check.unused = unused();
     return check;
 }
@@ -201,7 +217,7 @@ void DeviceChecker::judge(Wanted& wanted) {
     row.declared = camera_metadata_type_names[tag->type];
     if (wanted.type && tag->type != *wanted.type) {
         row.verdict = TagVerdict::Mistyped;
-        row.what = row.group == kRequests ? "the request refuses it" : "counts as an empty entry";
+        row.what = row.use == kRequest ? "the request refuses it" : "counts as an empty entry";
         return;
     }
     if (wanted.entry != nullptr) judgeEntry(wanted, *tag);
@@ -247,22 +263,27 @@ const char* nameOf(TagVerdict verdict) {
     return names[static_cast<size_t>(verdict)];
 }
 
-size_t DeviceCheck::count(const std::string& group, TagVerdict verdict) const {
-    const auto isOne = [&](const TagCheck& row) {
-        return (group.empty() || row.group == group) && row.verdict == verdict;
-    };
-    return static_cast<size_t>(std::count_if(tags.begin(), tags.end(), isOne));
+size_t DeviceCheck::count(TagVerdict verdict) const {
+    return FeatureCheck{tags.data(), tags.data() + tags.size()}.count(verdict);
 }
 
-bool DeviceCheck::failed() const {
-    return count({}, TagVerdict::Mistyped) + count({}, TagVerdict::Malformed) > 0;
+bool DeviceCheck::failed() const { return count(TagVerdict::Mistyped) + count(TagVerdict::Malformed) > 0; }
+
+const char* FeatureCheck::name() const { return featureName(begin->feature); }
+
+size_t FeatureCheck::count(TagVerdict verdict) const {
+    const auto isOne = [&](const TagCheck& row) { return row.verdict == verdict; };
+    return static_cast<size_t>(std::count_if(begin, end, isOne));
 }
 
-// In the order of their worst tags.
-std::vector<std::string> DeviceCheck::groups() const {
-    std::vector<std::string> names;
-    for (const TagCheck& row : tags) addOnce(names, row.group);
-    return names;
+std::vector<FeatureCheck> byFeature(const DeviceCheck& check) {
+    std::vector<FeatureCheck> features;
+    for (const TagCheck& row : check.tags) {
+        const bool isNew = features.empty() || features.back().begin->feature != row.feature;
+        if (isNew) features.push_back({&row, &row});
+        ++features.back().end;
+    }
+    return features;
 }
 
 DeviceCheck checkDevice(const Device& device, Probe& probe, const Survey& survey) {

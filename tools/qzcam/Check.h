@@ -27,8 +27,9 @@ constexpr size_t kVerdicts = 6;
 const char* nameOf(TagVerdict verdict);
 
 struct TagCheck {
-    std::string group;  // "requests", "capabilities", "results" or "inspection": how the library uses it
     std::string tag;
+    size_t feature = 0;
+    std::string use;  // "request", "capability", "result" or "inspection"
     std::vector<std::string>
         keys;  // parameters that write it or are published from it; messages that it brings
     TagVerdict verdict = TagVerdict::Fine;
@@ -39,13 +40,23 @@ struct TagCheck {
 };
 
 struct DeviceCheck {
-    std::vector<TagCheck> tags;
+    std::vector<TagCheck> tags;       // by feature, worst first; of one feature too
     std::vector<std::string> unused;  // declared in the library's sections, and never looked up
 
-    size_t count(const std::string& group, TagVerdict verdict) const;
+    size_t count(TagVerdict verdict) const;
     bool failed() const;
-    std::vector<std::string> groups() const;  // worst first
 };
+
+// The tags of one feature, a part of DeviceCheck::tags.
+struct FeatureCheck {
+    const TagCheck* begin;
+    const TagCheck* end;
+
+    const char* name() const;
+    size_t size() const { return static_cast<size_t>(end - begin); }
+    size_t count(TagVerdict verdict) const;
+};
+std::vector<FeatureCheck> byFeature(const DeviceCheck& check);
 
 DeviceCheck checkDevice(const Device& device);
 DeviceCheck checkDevice(const Device& device, Probe& probe, const Survey& survey);

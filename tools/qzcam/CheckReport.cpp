@@ -23,9 +23,9 @@ class Report {
 
   private:
     void addSummary();
-    void addGroup(const std::string& group);
+    void addFeature(const FeatureCheck& feature);
     void addRow(const TagCheck& row);
-    void addMissing(const std::string& group);
+    std::string words(const TagCheck& row) const;
     void addUnused();
     void addVerdict(const Device& device);
     std::string styled(const char* style, const std::string& text) const {
@@ -44,73 +44,64 @@ const char* styleOf(TagVerdict verdict) {
 
 std::string Report::text(const Device& device) {
     addSummary();
-    for (const std::string& group : mCheck.groups()) addGroup(group);
+    const bool hasAny = mCheck.count(TagVerdict::Missing) < mCheck.tags.size();
+    for (const FeatureCheck& feature : byFeature(mCheck)) {
+        if (hasAny) addFeature(feature);
+    }
     addUnused();
     addVerdict(device);
     return std::move(mText);
 }
 
 void Report::addSummary() {
-    mText += fmt::format("{:<14}{:>9}", "", "looked up");
+    mText += fmt::format("{:<19}{:>9}", "", "looked up");
     for (const TagVerdict verdict : kAll) mText += fmt::format("{:>11}", nameOf(verdict));
     mText += "\n";
-    for (const std::string& group : mCheck.groups()) {
-        size_t all = 0;
-        std::string counts;
+    for (const FeatureCheck& feature : byFeature(mCheck)) {
+        mText += fmt::format("{:<19}{:>9}", feature.name(), feature.size());
         for (const TagVerdict verdict : kAll) {
-            const size_t count = mCheck.count(group, verdict);
-            all += count;
+            const size_t count = feature.count(verdict);
             const std::string number = fmt::format("{:>11}", count == 0 ? "-" : fmt::to_string(count));
-            counts += count == 0 ? number : styled(styleOf(verdict), number);
+            mText += count == 0 ? number : styled(styleOf(verdict), number);
         }
-        mText += fmt::format("{:<14}{:>9}{}\n", group, all, counts);
+        mText += "\n";
     }
 }
 
-// What is wrong, tag by tag; what is missing altogether, in a word.
-void Report::addGroup(const std::string& group) {
-    const size_t missing = mCheck.count(group, TagVerdict::Missing);
-    const auto isWorthARow = [&](const TagCheck& row) {
-        return row.group == group && row.verdict != TagVerdict::Fine && row.verdict != TagVerdict::Missing;
-    };
-    const bool hasRows = std::any_of(mCheck.tags.begin(), mCheck.tags.end(), isWorthARow);
-    if (!hasRows && missing == 0) return;
-    mText += "\n" + styled("1", group) + "\n";
-    for (const TagCheck& row : mCheck.tags) {
-        if (isWorthARow(row)) addRow(row);
+// What is wrong, tag by tag; what is missing altogether needs no list.
+void Report::addFeature(const FeatureCheck& feature) {
+    if (feature.count(TagVerdict::Fine) == feature.size()) return;
+    mText += "\n" + styled("1", feature.name()) + "\n";
+    if (feature.count(TagVerdict::Missing) == feature.size()) {
+        mText += styled("2", fmt::format("  missing    all {} of them", feature.size())) + "\n";
+        return;
     }
-    if (missing > 0) addMissing(group);
+    for (const TagCheck* row = feature.begin; row != feature.end; ++row) {
+        if (row->verdict != TagVerdict::Fine) addRow(*row);
+    }
 }
 
 void Report::addRow(const TagCheck& row) {
-    std::string what = row.what;
-    if (row.verdict == TagVerdict::Mistyped) {
-        what = fmt::format("declared {}, expected {}: {}", row.declared, row.expected, row.what);
-    } else if (row.verdict == TagVerdict::NoEntry) {
-        what = fmt::format("{}, but this camera has no entry", row.declared);
-    }
-    mText += fmt::format("  {}  {}\n",
-                         styled(styleOf(row.verdict), fmt::format("{:<9}", nameOf(row.verdict))), row.tag);
-    mText += fmt::format("             {}", what);
-    if (!row.keys.empty()) mText += styled("2", fmt::format("  for {}", fmt::join(row.keys, ", ")));
-    mText += "\n";
+    const std::string forKeys =
+        row.keys.empty() ? "" : styled("2", fmt::format("  for {}", fmt::join(row.keys, ", ")));
+    mText += fmt::format("  {}  {:<10}  {}",
+                         styled(styleOf(row.verdict), fmt::format("{:<9}", nameOf(row.verdict))), row.use,
+                         row.tag);
+    mText += row.verdict == TagVerdict::Missing ? "" : "\n                         ";
+    mText += words(row) + forKeys + "\n";
 }
 
-void Report::addMissing(const std::string& group) {
-    const bool all = mCheck.count(group, TagVerdict::Missing) ==
-                     static_cast<size_t>(std::count_if(mCheck.tags.begin(), mCheck.tags.end(),
-                                                       [&](const auto& row) { return row.group == group; }));
-    if (all) {
-        mText += styled("2", "  missing    all of them") + "\n";
-        return;
-    }
-    for (const TagCheck& row : mCheck.tags) {
-        if (row.group != group || row.verdict != TagVerdict::Missing) continue;
-        mText += fmt::format("  {}  {}", styled("2", "missing  "), row.tag);
-        if (!row.expected.empty()) mText += fmt::format(" ({})", row.expected);
-        if (!row.what.empty()) mText += fmt::format(": {}", row.what);
-        if (!row.keys.empty()) mText += styled("2", fmt::format("  for {}", fmt::join(row.keys, ", ")));
-        mText += "\n";
+std::string Report::words(const TagCheck& row) const {
+    switch (row.verdict) {
+        case TagVerdict::Mistyped:
+            return fmt::format("declared {}, expected {}: {}", row.declared, row.expected, row.what);
+        case TagVerdict::NoEntry:
+            return fmt::format("{}, but this camera has no entry", row.declared);
+        case TagVerdict::Missing:
+            return (row.expected.empty() ? "" : fmt::format(" ({})", row.expected)) +
+                   (row.what.empty() ? "" : ": " + row.what);
+        default:
+            return row.what;
     }
 }
 
@@ -121,9 +112,9 @@ void Report::addUnused() {
 }
 
 void Report::addVerdict(const Device& device) {
-    const size_t mistyped = mCheck.count({}, TagVerdict::Mistyped);
-    const size_t malformed = mCheck.count({}, TagVerdict::Malformed);
-    const size_t missing = mCheck.count({}, TagVerdict::Missing);
+    const size_t mistyped = mCheck.count(TagVerdict::Mistyped);
+    const size_t malformed = mCheck.count(TagVerdict::Malformed);
+    const size_t missing = mCheck.count(TagVerdict::Missing);
     if (mCheck.failed()) {
         mText += fmt::format("\n{} mistyped, {} malformed\n", mistyped, malformed);
     } else if (missing == mCheck.tags.size()) {
@@ -136,9 +127,10 @@ void Report::addVerdict(const Device& device) {
 }
 
 nlohmann::ordered_json tagJson(const TagCheck& row) {
-    nlohmann::ordered_json json{{"tag", row.tag},       {"verdict", nameOf(row.verdict)},
-                                {"declared", nullptr},  {"expected", nullptr},
-                                {"counts", row.counts}, {"for", row.keys}};
+    nlohmann::ordered_json json{
+        {"tag", row.tag},      {"use", row.use},      {"verdict", nameOf(row.verdict)},
+        {"declared", nullptr}, {"expected", nullptr}, {"counts", row.counts},
+        {"for", row.keys}};
     if (!row.declared.empty()) json["declared"] = row.declared;
     if (!row.expected.empty()) json["expected"] = row.expected;
     if (!row.what.empty()) json["what"] = row.what;
@@ -154,14 +146,12 @@ std::string checkText(const Device& device, const DeviceCheck& check, bool colou
 std::string checkJson(const Device& device, const DeviceCheck& check) {
     nlohmann::ordered_json json{
         {"format", 1}, {"device", device.file}, {"camera", device.camera}, {"failed", check.failed()}};
-    for (const TagVerdict verdict : kAll) json["counts"][nameOf(verdict)] = check.count({}, verdict);
-    json["groups"] = nlohmann::ordered_json::array();
-    for (const std::string& group : check.groups()) {
+    for (const TagVerdict verdict : kAll) json["counts"][nameOf(verdict)] = check.count(verdict);
+    json["features"] = nlohmann::ordered_json::array();
+    for (const FeatureCheck& feature : byFeature(check)) {
         nlohmann::ordered_json tags = nlohmann::ordered_json::array();
-        for (const TagCheck& row : check.tags) {
-            if (row.group == group) tags.push_back(tagJson(row));
-        }
-        json["groups"].push_back({{"group", group}, {"tags", std::move(tags)}});
+        for (const TagCheck* row = feature.begin; row != feature.end; ++row) tags.push_back(tagJson(*row));
+        json["features"].push_back({{"feature", feature.name()}, {"tags", std::move(tags)}});
     }
     json["unused"] = check.unused;
     // Names come out of files; what is no text in them must not stop the report.

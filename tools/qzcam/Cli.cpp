@@ -128,7 +128,8 @@ void addCheck(CLI::App& app, Action& action) {
     app.add_flag("--json", options->json, "Print JSON");
     app.footer(
         "For every vendor tag that the library looks up: whether the device declares it, with the element\n"
-        "type that the library writes or reads, and whether its static entry makes sense to its reader.\n"
+        "type that the library writes or reads, and whether its static entry makes sense to its reader. By\n"
+        "feature, worst first.\n"
         "\nExit status: 0 fine, or tags are only missing; 1 a tag is mistyped or an entry malformed; 2 wrong "
         "usage;\n3 a bad dump.");
 }
@@ -156,7 +157,8 @@ void addExplain(CLI::App& app, Action& action) {
         ->type_name("TEXT|FILE");
     app.footer(
         "Shows who reads the parameter, what its values become, the tag that they go into and whether the "
-        "device\ndeclares it, under which conditions, and the choices that the device publishes.");
+        "device\ndeclares it, under which conditions, and the choices that the device publishes.\n"
+        "\nExit status: 0 fine, 2 wrong usage, or no setter reads KEY; 3 a bad input file.");
 }
 
 void addCommands(CLI::App& app, Action& action) {

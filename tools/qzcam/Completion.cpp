@@ -3,6 +3,7 @@
 #include "EventWords.h"
 #include "Messages.h"
 #include "Queries.h"
+#include "Reference.h"
 #include "Session.h"
 #include "Text.h"
 #include "Vocabulary.h"
@@ -106,6 +107,17 @@ void Completion::addKey(const std::string& key) {
 void Completion::addValue(const std::string& key, const std::string& value) {
     addKey(key);
     if (!value.empty()) mKeys[key].insert(value);
+}
+
+void Completion::learn(const Reference& reference) {
+    for (const ParameterDoc& parameter : reference.parameters) {
+        addKey(parameter.key);
+        for (const Mapping& word : parameter.words) addValue(parameter.key, word.from);
+    }
+    for (const PublishedDoc& published : reference.published) {
+        if (!published.key.empty()) addKey(published.key);
+    }
+    for (const PropertyDoc& property : reference.properties) mProperties.insert(property.name);
 }
 
 void Completion::learn(const Event& event) {

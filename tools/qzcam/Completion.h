@@ -14,6 +14,8 @@
 
 namespace qzcam {
 
+struct Reference;
+
 struct Suggestions {
     size_t begin = 0;                // of what they stand for, in the line; they begin with that text
     std::vector<std::string> texts;  // sorted
@@ -32,9 +34,9 @@ class Completion {
     // `more`: commands beside those of the session language.
     Completion(const Device& device, const std::vector<CommandForm>& more);
 
-    void addKey(const std::string& key);
-    void addValue(const std::string& key, const std::string& value);
-    void addProperty(const std::string& name) { mProperties.insert(name); }
+
+    // What the library knows of keys, their words and properties.
+    void learn(const Reference& reference);
 
     // Keys that are published, and the values that published lists give for others.
     void learn(const Event& event);
@@ -53,6 +55,8 @@ class Completion {
     Suggestions tagValues(const std::string& tag, size_t begin, std::string_view typed) const;
     Names tags(std::string_view typed) const;
     Names valuesOf(const std::string& key) const;
+    void addKey(const std::string& key);
+    void addValue(const std::string& key, const std::string& value);
     void learnRows(const std::vector<ParamRow>& rows);
 
     TagNames mTagNames;
