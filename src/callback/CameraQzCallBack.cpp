@@ -1,6 +1,5 @@
 #include "CameraQzCallBack.h"
 
-#include "QzName2Tag.h"
 #include "callback/CallBackLog.h"
 #include "callback/ResultEntry.h"
 
@@ -67,14 +66,6 @@ status_t CameraQzCallBack::processQzCallBack(const CameraMetadata& result) {
 ExtCallBackInterface* hostOrReport(ExtCallBackInterface* host, const char* caller) {
     if (host == nullptr) LOGE("%s: mExtCallBackIntf is NULL!", caller);
     return host;
-}
-
-camera_metadata_ro_entry findVendorEntry(ExtCallBackInterface* host, const android::CameraMetadata& result,
-                                         const char* tagName, bool* declared) {
-    const QzName2Tag* names = QzName2Tag::getInstance();
-    const uint32_t tag = names->vendorTagFromName(tagName);
-    *declared = names->validTag(tag) == 1;
-    return *declared ? host->findResultEntry(result, tag) : camera_metadata_ro_entry{};
 }
 
 }  // namespace qz

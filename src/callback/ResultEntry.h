@@ -10,26 +10,28 @@
 #include "QzHostInterfaces.h"
 #include "core/EntryView.h"
 #include "core/TagNames.h"
+#include "core/VendorTag.h"
+
+#include <string_view>
 
 namespace qz {
 
 // Every lookup goes through the host. Null after an error line in the caller's name.
 ExtCallBackInterface* hostOrReport(ExtCallBackInterface* host, const char* caller);
 
-// The entry of a full vendor tag name; count 0 when the tag is not declared, which *declared tells.
-camera_metadata_ro_entry findVendorEntry(ExtCallBackInterface* host, const android::CameraMetadata& result,
-                                         const char* tagName, bool* declared);
-
 template <typename T>
 class ResultEntry {
   public:
-    ResultEntry(ExtCallBackInterface* host, const android::CameraMetadata& result, const char* tagName,
+    ResultEntry(ExtCallBackInterface* host, const android::CameraMetadata& result, std::string_view tagName,
                 const char* caller) {
-        if (hostOrReport(host, caller) == nullptr) {
+        if (host == nullptr) {
+            hostOrReport(host, caller);
             mStatus = android::BAD_VALUE;
             return;
         }
-        mView = EntryView<T>(findVendorEntry(host, result, tagName, &mDeclared));
+        uint32_t tag = 0;
+        mDeclared = resolveVendorTag(tagName, &tag);
+        if (mDeclared) mView = EntryView<T>(host->findResultEntry(result, tag));
     }
 
     status_t status() const { return mStatus; }  // what the handler returns: -22 without a host

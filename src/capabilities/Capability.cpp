@@ -1,6 +1,6 @@
 #include "capabilities/Capability.h"
 
-#include "QzName2Tag.h"
+#include "core/VendorTag.h"
 
 #include <cstring>
 
@@ -8,11 +8,10 @@ namespace qz {
 
 using android::String8;
 
-bool readCapability(ExtParamInterface* params, const char* tagName, size_t minCount,
+bool readCapability(ExtParamInterface* params, std::string_view tagName, size_t minCount,
                     camera_metadata_ro_entry* entry) {
-    const QzName2Tag* names = QzName2Tag::getInstance();
-    const uint32_t tag = names->vendorTagFromName(tagName);
-    if (names->validTag(tag) != 1) return false;
+    uint32_t tag = 0;
+    if (!resolveVendorTag(tagName, &tag)) return false;
     *entry = params->getStaticInfo(tag, minCount, 0, true);
     return true;
 }

@@ -14,17 +14,19 @@
 #include "core/TagNames.h"
 #include "core/TranslatorLog.h"
 
+#include <string_view>
+
 namespace qz {
 
 // Finds the static entry of a full vendor tag name. False, and no read, for an undeclared tag.
-bool readCapability(ExtParamInterface* params, const char* tagName, size_t minCount,
+bool readCapability(ExtParamInterface* params, std::string_view tagName, size_t minCount,
                     camera_metadata_ro_entry* entry);
 
 template <typename T>
 class Capability {
   public:
     // minCount is what the static entry is expected to have at least; fewer are reported by the host's side.
-    Capability(ExtParamInterface* params, const char* tagName, size_t minCount) {
+    Capability(ExtParamInterface* params, std::string_view tagName, size_t minCount) {
         camera_metadata_ro_entry entry = {};
         mDeclared = readCapability(params, tagName, minCount, &entry);
         mView = EntryView<T>(entry);

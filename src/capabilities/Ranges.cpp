@@ -11,7 +11,9 @@ namespace {
 
 class Range : public Capability<int32_t> {
   public:
-    Range(ExtParamInterface* params, const char* tagName) : Capability(params, tagName, 2) { exactly(2); }
+    Range(ExtParamInterface* params, std::string_view tagName) : Capability(params, tagName, 2) {
+        exactly(2);
+    }
 };
 
 }  // namespace

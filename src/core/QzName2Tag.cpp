@@ -1,16 +1,20 @@
 #include "QzName2Tag.h"
 
 #include "core/Log.h"
+#include "core/VendorTag.h"
 
 #include <camera/VendorTagDescriptor.h>
 
+#include <algorithm>
 #include <cstring>
 #include <new>
+#include <string_view>
 
 namespace qz {
 
 namespace {
 
+using android::SortedVector;
 using android::sp;
 using android::String8;
 using android::VendorTagDescriptor;
@@ -26,28 +30,50 @@ QzName2Tag* create() noexcept {
 // Made when the library is loaded, so that it is there before any caller, and kept until the process ends.
 QzName2Tag* const sInstance = create();
 
-// No separator is asked for behind the section: "sectionXtag" is in it too.
-bool beginsWith(const char* name, const char* section, size_t sectionLength) {
-    return strncmp(name, section, sectionLength) == 0;
+// No separator is asked for behind the section: "sectionXtag" is in it too. Sections begin alike more often
+// than they end alike.
+bool beginsWith(std::string_view name, std::string_view section) {
+    if (section.empty()) return true;
+    return section.size() <= name.size() && name[section.size() - 1] == section.back() &&
+           memcmp(name.data(), section.data(), section.size()) == 0;
 }
 
-// What is left of the name behind the section and one separating character, which is not looked at.
-const char* tagPart(const char* name, size_t sectionLength) { return name + sectionLength + 1; }
+// The longest section that begins the name, or null. Sections stand in the order of their bytes: those that
+// begin the name stand before its own place, the longest last. Where there are many, that place is searched.
+const String8* sectionOf(std::string_view name, const SortedVector<String8>& sections) {
+    constexpr size_t few = 4;
+    const String8* const first = sections.array();
+    const String8* at = first + sections.size();
+    if (sections.size() > few) {
+        at = std::upper_bound(first, at, name.data(), [](const char* text, const String8& section) {
+            return strcmp(text, section.c_str()) < 0;
+        });
+    }
+    while (at != first) {
+        --at;
+        if (beginsWith(name, {at->c_str(), at->length()})) return at;
+    }
+    return nullptr;
+}
 
-// Index of the longest section that begins the name, the first of equals; `count` when none does.
-template <typename SectionAt>
-size_t longestSection(const char* name, size_t count, SectionAt sectionAt, size_t* length) {
-    size_t found = count;
-    *length = 0;
-    for (size_t i = 0; i < count; ++i) {
-        const char* section = sectionAt(i);
-        const size_t sectionLength = strlen(section);
-        if (!beginsWith(name, section, sectionLength)) continue;
-        if (found != count && sectionLength <= *length) continue;
+// The same of the platform's own sections, which stand in the order of their numbers.
+size_t standardSectionOf(std::string_view name) {
+    size_t found = ANDROID_SECTION_COUNT;
+    size_t length = 0;
+    for (size_t i = 0; i < ANDROID_SECTION_COUNT; ++i) {
+        const std::string_view section = camera_metadata_section_names[i];
+        if (!beginsWith(name, section)) continue;
+        if (found != ANDROID_SECTION_COUNT && section.size() <= length) continue;
         found = i;
-        *length = sectionLength;
+        length = section.size();
     }
     return found;
+}
+
+// What is left of the name behind the section and one separating character, which is not looked at; empty
+// when there is nothing.
+std::string_view tagPart(std::string_view name, size_t sectionLength) {
+    return name.substr(std::min(name.size(), sectionLength + 1));
 }
 
 }  // namespace
@@ -59,26 +85,31 @@ uint32_t QzName2Tag::vendorTagFromName(const char* name) const {
         LOGE("%s: tag name is NULL!", __func__);
         return INVALID_TAG;
     }
+    uint32_t tag = INVALID_TAG;
+    resolveVendorTag(name, &tag);
+    return tag;
+}
+
+// Says what it says in the words of vendorTagFromName.
+bool resolveVendorTag(std::string_view name, uint32_t* tag) {
+    constexpr char caller[] = "vendorTagFromName";
     const sp<VendorTagDescriptor> descriptor = VendorTagDescriptor::getGlobalVendorTagDescriptor();
     if (descriptor == nullptr) {
-        LOGE("%s: vendor tag descriptor is NULL!", __func__);
-        return INVALID_TAG;
+        LOGE("%s: vendor tag descriptor is NULL!", caller);
+        return false;
     }
-    const auto& sections = *descriptor->getAllSectionNames();
-    size_t length = 0;
-    const size_t section = longestSection(
-        name, sections.size(), [&](size_t i) { return sections[i].c_str(); }, &length);
-    if (section == sections.size()) {
-        LOGI("%s: cann't find section for tag '%s'!", __func__, name);
-        return INVALID_TAG;
+    const String8* section = sectionOf(name, *descriptor->getAllSectionNames());
+    if (section == nullptr) {
+        LOGI("%s: cann't find section for tag '%s'!", caller, name.data());
+        return false;
     }
-    if (length + 1 >= strlen(name)) {
-        LOGE("%s: Key length too short for key '%s'.", __func__, name);
-        return INVALID_TAG;
+    const std::string_view tagName = tagPart(name, section->length());
+    if (tagName.empty()) {
+        LOGE("%s: Key length too short for key '%s'.", caller, name.data());
+        return false;
     }
-    uint32_t tag = INVALID_TAG;
-    const status_t status = descriptor->lookupTag(String8(tagPart(name, length)), sections[section], &tag);
-    return status == android::OK ? tag : INVALID_TAG;
+    return descriptor->lookupTag(String8(tagName.data(), tagName.size()), *section, tag) == android::OK &&
+           *tag != QzName2Tag::INVALID_TAG;
 }
 
 uint32_t QzName2Tag::androidTagFromName(const char* name) const {
@@ -86,21 +117,20 @@ uint32_t QzName2Tag::androidTagFromName(const char* name) const {
         LOGE("%s: tag name is NULL!", __func__);
         return INVALID_TAG;
     }
-    size_t length = 0;
-    const size_t section = longestSection(
-        name, ANDROID_SECTION_COUNT, [](size_t i) { return camera_metadata_section_names[i]; }, &length);
+    const size_t section = standardSectionOf(name);
     if (section == ANDROID_SECTION_COUNT) {
         LOGE("%s: cann't find section, invalid tag name!", __func__);
         return INVALID_TAG;
     }
-    if (length + 1 >= strlen(name)) {
+    const std::string_view wanted = tagPart(name, strlen(camera_metadata_section_names[section]));
+    if (wanted.empty()) {
         LOGE("%s: Key length too short for key '%s'.", __func__, name);
         return INVALID_TAG;
     }
     const auto& bounds = camera_metadata_section_bounds[section];
     for (uint32_t tag = bounds[0]; tag < bounds[1]; ++tag) {
         const char* tagName = get_camera_metadata_tag_name(tag);
-        if (tagName != nullptr && strcmp(tagPart(name, length), tagName) == 0) return tag;
+        if (tagName != nullptr && wanted == tagName) return tag;
     }
     LOGE("%s: Could not find tag name for key '%s'.", __func__, name);
     return INVALID_TAG;

@@ -13,8 +13,10 @@
 #include "QzHostInterfaces.h"
 #include "core/TagNames.h"
 #include "core/TranslatorLog.h"
+#include "core/VendorTag.h"
 
 #include <array>
+#include <string_view>
 #include <type_traits>
 
 namespace qz {
@@ -23,7 +25,10 @@ namespace qz {
 // got.
 class EntryState {
   public:
-    EntryState(ExtParamInterface* params, android::CameraMetadata* metaData, const char* setterName);
+    EntryState(ExtParamInterface* params, android::CameraMetadata* metaData, const char* setterName)
+        : setter(setterName), mParams(params), mMetaData(metaData), mOpen(metaData != nullptr) {
+        if (!mOpen) mStatus = refuseNull(setterName);
+    }
 
     bool open() const { return mOpen; }        // nothing has ended the setter so far
     bool written() const { return mWritten; }  // the pipeline took the entry
@@ -34,9 +39,7 @@ class EntryState {
     const char* text = nullptr;  // what the key holds; null for an integer key
 
   protected:
-    void readText(const char* keyName);
-    int readInt(const char* keyName);
-    void resolve(const char* tagName);
+    static status_t refuseNull(const char* setter);
 
     ExtParamInterface* mParams;
     android::CameraMetadata* mMetaData;
@@ -65,13 +68,18 @@ class Entry : public EntryState {
 
     // Reads a text.
     Entry& key(const char* keyName) {
-        if (mOpen) readText(keyName);
+        if (!mOpen) return *this;
+        text = mParams->get(keyName);
+        mOpen = text != nullptr;
         return *this;
     }
 
     // Reads an integer, of which a byte entry takes the low eight bits. -1 counts as absent.
     Entry& intKey(const char* keyName) {
-        if (mOpen) value = static_cast<T>(readInt(keyName));
+        if (!mOpen) return *this;
+        const int number = mParams->getInt(keyName);
+        value = static_cast<T>(number);
+        mOpen = number != -1;
         return *this;
     }
 
@@ -82,8 +90,11 @@ class Entry : public EntryState {
     }
 
     // Resolves the vendor tag by its full name.
-    Entry& tag(const char* tagName) {
-        if (mOpen) resolve(tagName);
+    Entry& tag(std::string_view tagName) {
+        if (!mOpen) return *this;
+        uint32_t id = 0;  // not the member, whose address would keep the entry out of registers
+        mOpen = resolveVendorTag(tagName, &id);
+        mTag = id;
         return *this;
     }
 
@@ -94,10 +105,12 @@ class Entry : public EntryState {
 
     // Writes the value when the setter got this far. False when the pipeline refused it.
     bool write() {
+        // A copy, for the same reason.
+        const Value elements = value;
         if constexpr (N == 1) {
-            return write(&value, 1);
+            return write(&elements, 1);
         } else {
-            return write(value.data(), N);
+            return write(elements.data(), N);
         }
     }
     bool write(const T* data, size_t count) {

@@ -1,10 +1,10 @@
 // Zoom, areas, sizes and file names: standard parameters mirrored into vendor entries, and the crop of the
 // secondary sensor.
 #include "CCameraQzParam.h"
-#include "QzName2Tag.h"
 #include "core/EntryView.h"
 #include "core/Numbers.h"
 #include "core/Parsers.h"
+#include "core/VendorTag.h"
 #include "core/Vocabulary.h"
 #include "request/Entry.h"
 
@@ -27,9 +27,8 @@ struct Size {
 
 // The secondary sensor's active array: left, top, width, height on some devices, width and height on others.
 bool subActiveArraySize(ExtParamInterface* params, Size* size) {
-    const QzName2Tag* names = QzName2Tag::getInstance();
-    const uint32_t tag = names->vendorTagFromName(CAPABILITY("qzSubActiveArraySize"));
-    if (names->validTag(tag) != 1) return false;
+    uint32_t tag = 0;
+    if (!resolveVendorTag(CAPABILITY("qzSubActiveArraySize"), &tag)) return false;
     const EntryView<int32_t> array(params->getStaticInfo(tag, 0, 0, true));
     if (array.count() != 2 && array.count() != 4) return false;
     *size = {array[array.count() - 2], array[array.count() - 1]};

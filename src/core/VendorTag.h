@@ -1,0 +1,13 @@
+// The way of every setter, getter and handler to its tag.
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+
+namespace qz {
+
+// What QzName2Tag finds for a vendor tag's full name, which ends with a terminator as a literal does: its
+// length is known where it is written. False when no device would understand the tag.
+bool resolveVendorTag(std::string_view name, uint32_t* tag);
+
+}  // namespace qz
