@@ -1,6 +1,7 @@
 #include "Run.h"
 
 #include "BuiltIn.h"
+#include "Tool.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -20,37 +21,6 @@ namespace {
 using testing::HasSubstr;
 using testing::Not;
 using testing::StartsWith;
-
-class RunTool : public testing::Test {
-  public:
-    std::string file(const std::string& name, const std::string& text) {
-        mPaths.push_back(testing::TempDir() + "qzcam-" + name);
-        std::ofstream(mPaths.back(), std::ios::binary) << text;
-        return mPaths.back();
-    }
-    void TearDown() override {
-        for (const std::string& path : mPaths) static_cast<void>(std::remove(path.c_str()));
-    }
-
-    // The whole tool, from its command line to its exit status.
-    int tool(const std::vector<std::string>& words) {
-        std::vector<const char*> argv{"qzcam"};
-        for (const std::string& word : words) argv.push_back(word.c_str());
-        testing::internal::CaptureStdout();
-        testing::internal::CaptureStderr();
-        const int status = runTool(static_cast<int>(argv.size()), argv.data());
-        mOut = testing::internal::GetCapturedStdout();
-        mErr = testing::internal::GetCapturedStderr();
-        return status;
-    }
-
-  protected:
-    std::string mOut;
-    std::string mErr;
-
-  private:
-    std::vector<std::string> mPaths;
-};
 
 TEST_F(RunTool, ExitStatusTellsWhatWentWrong) {
     const std::string good =

@@ -1,0 +1,164 @@
+#include "Check.h"
+
+#include "BuiltIn.h"
+#include "DumpParser.h"
+#include "Features.h"
+#include "Survey.h"
+#include "Tool.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
+
+#include <algorithm>
+#include <string>
+#include <vector>
+
+namespace qzcam {
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::Not;
+
+// The built-in device with another entry, or with another type for a tag.
+std::string capability(const std::string& name, const std::string& entry, const std::string& values) {
+    const std::string text(builtInDevice());
+    const std::string begin = "com.ambrix.device.capabilities." + name + " (";
+    const size_t place = text.find(begin);
+    EXPECT_NE(place, std::string::npos) << name;
+    const size_t type = text.find("): ", place) + 3;
+    size_t end = text.find('\n', type);
+    while (text.compare(end, 10, "\n        [") == 0) end = text.find('\n', end + 1);
+    return text.substr(0, type) + entry + "\n        [" + values + " ]" + text.substr(end);
+}
+
+std::string declared(const std::string& tag, const std::string& type) {
+    std::string text(builtInDevice());
+    const size_t place = text.find("(" + tag + ") with type ");
+    EXPECT_NE(place, std::string::npos) << tag;
+    const size_t begin = text.find("type ", place);
+    return text.replace(begin, text.find(" defined", place) - begin, "type " + type);
+}
+
+struct Case {
+    const char* what;
+    std::string dump;
+    TagVerdict verdict;
+    const char* tag;
+    const char* says;
+};
+
+TEST(Check, TellsWhatIsWrongWithATag) {
+    using V = TagVerdict;
+    const std::vector<Case> cases{
+        {"a request's type", declared("iso", "1 (int32)"), V::Mistyped, ".iso", "the request refuses it"},
+        {"a result's type", declared("isoState", "0 (byte)"), V::Mistyped, "isoState",
+         "counts as an empty entry"},
+        {"a capability's type", declared("zslSupported", "1 (int32)"), V::Mistyped, "zslSupported",
+         "empty entry"},
+        {"an inspected list's type", declared("qzSubSensorJpegSize", "3 (int64)"), V::Mistyped,
+         "qzSubSensorJpegSize", ""},
+        {"half a range", capability("sensorWbRange", "int32[1]", "5"), V::Malformed, "sensorWbRange",
+         "1 value, where exactly 2 are expected"},
+        {"more than a range", capability("faceBeautyRange", "int32[3]", "0 9 4"), V::Malformed,
+         "faceBeautyRange", "3 values, where exactly 2"},
+        {"a range backwards", capability("qz-sensor-iso-range", "int32[2]", "3200 50"), V::Malformed,
+         "qz-sensor-iso-range", "from 3200 down to 50"},
+        {"an odd list of sizes", capability("superResolutionPictureSize", "int32[3]", "652 489 652"),
+         V::Malformed, "superResolutionPictureSize", "left over"},
+        {"half a size", capability("qzSubSensorJpegSize", "int32[1]", "4000"), V::Malformed,
+         "qzSubSensorJpegSize", "nothing but an empty text"},
+        {"an unknown number", capability("supported_iso_values", "byte[3]", "0 2 200"), V::Malformed,
+         "supported_iso_values", "unknown number 200"},
+        {"a text that does not end", capability("mmiTestFeatureSupported", "byte[3]", "97 98 99"),
+         V::Malformed, "mmiTestFeatureSupported", "without terminator"},
+        {"an area of three", capability("qzSubActiveArraySize", "int32[3]", "0 0 9"), V::Malformed,
+         "qzSubActiveArraySize", "2 or 4"},
+        {"a flag of seven", capability("burstModeSupported", "byte[1]", "7"), V::Doubtful,
+         "burstModeSupported", "a flag of 7"},
+        {"two values for one", capability("burstCountSupported", "int32[2]", "7 8"), V::Doubtful,
+         "burstCountSupported", "only the first is read"},
+        {"no values", capability("exposureLevelRange", "int32[0]", ""), V::NoEntry, "exposureLevelRange", ""},
+        {"a single gain", capability("oisDefaultGryoGain", "float[1]", "0.5"), V::Fine, "oisDefaultGryoGain",
+         ""},
+    };
+    Probe probe;
+    const Survey survey = surveyLibrary(probe, Depth::Tags);
+    for (const Case& row : cases) {
+        SCOPED_TRACE(row.what);
+        Problems problems("d");
+        const DeviceCheck check = checkDevice(parseDump(row.dump, "d", "", problems), probe, survey);
+        EXPECT_EQ(check.failed(), row.verdict == V::Mistyped || row.verdict == V::Malformed);
+        if (row.verdict == V::Fine) {
+            EXPECT_EQ(check.count(V::Fine) + 1, check.tags.size());  // and the name without a section
+            continue;
+        }
+        const auto isIt = [&](const TagCheck& tag) {
+            return endsWith(tag.tag, row.tag) && tag.verdict == row.verdict;
+        };
+        const auto found = std::find_if(check.tags.begin(), check.tags.end(), isIt);
+        ASSERT_NE(found, check.tags.end()) << check.tags.front().tag << ": " << check.tags.front().what;
+        EXPECT_THAT(found->what, HasSubstr(row.says));
+        EXPECT_TRUE(found == check.tags.begin() || !check.failed()) << "the worst comes first";
+    }
+}
+
+TEST(Features, AreToldByTheWordsOfATag) {
+    const std::vector<std::pair<const char*, const char*>> rows{
+        {"com.ambrix.capture.metadata.oisHallCalib", "stabilisation"},
+        {"com.ambrix.device.capabilities.denoiseSupported", "image"},
+        {"mmiOisVcmCalibMode", "factory tests"},
+        {"dualFlashMode", "flash"},
+        {"dualSensorMode", "two sensors"},
+        {"sensorIso", "professional"},
+        {"panorama2DHeight", "panorama"},
+        {"hdrMovieMode", "video"},
+    };
+    for (const auto& [tag, name] : rows) EXPECT_STREQ(featureName(featureOf(tag)), name) << tag;
+}
+
+TEST_F(RunTool, CheckShowsTheWorstFirstAndTellsItByItsStatus) {
+    const std::string mistyped = file("mistyped.txt", declared("oisHallCalib", "1 (int32)"));
+    EXPECT_EQ(tool({"check", "--device", mistyped}), kExpectationFailed);
+    EXPECT_THAT(
+        mOut,
+        HasSubstr("\nstabilisation\n  mistyped   request     com.ambrix.capture.metadata.oisHallCalib\n"));
+    EXPECT_THAT(mOut, HasSubstr("declared int32, expected byte"));
+    EXPECT_LT(mOut.find("\nstabilisation"), mOut.find("\npanorama"));
+    EXPECT_THAT(mOut, Not(HasSubstr("\033")));
+
+    EXPECT_EQ(tool({"check", "--device", mistyped, "--json"}), kExpectationFailed);
+    const auto json = nlohmann::json::parse(mOut);
+    EXPECT_EQ(json["format"], 1);
+    EXPECT_EQ(json["counts"]["mistyped"], 1);
+    const auto& worst = json["features"][0];
+    EXPECT_EQ(worst["feature"], "stabilisation");
+    EXPECT_EQ(worst["tags"][0]["tag"], "com.ambrix.capture.metadata.oisHallCalib");
+    EXPECT_EQ(worst["tags"][0]["declared"], "int32");
+    EXPECT_EQ(worst["tags"][0]["expected"], "byte");
+    EXPECT_THAT(worst["tags"][0]["for"], ElementsAre("qz_ois_hall_calib"));
+
+    EXPECT_EQ(tool({"check"}), kFine);
+    EXPECT_THAT(mOut, HasSubstr("Nothing is mistyped or malformed; 1 missing."));
+}
+
+TEST_F(RunTool, CheckOfAPhoneThatKnowsNoneOfTheTagsIsATable) {
+    const std::string camera = "== Camera HAL device device@3.4/legacy/0 (v3.4) static information: ==\n";
+    const std::string foreign =
+        "  Dumping configured vendor tag descriptors: 1 entries\n"
+        "    0x80000000 (mode) with type 0 (byte) defined in section org.example\n";
+    const std::vector<std::pair<std::string, const char*>> phones{
+        {camera + foreign, "declares none of the library's vendor tags"},
+        {camera + "  Dumping configured vendor tag descriptors: None set\n", "no vendor tags at all"},
+    };
+    for (const auto& [dump, says] : phones) {
+        EXPECT_EQ(tool({"check", "--device", file("phone.txt", dump)}), kFine) << mErr;
+        EXPECT_THAT(mOut, HasSubstr(says));
+        EXPECT_THAT(mOut, testing::ContainsRegex("\nstabilisation +15 +- +- +- +15 +- +-\n"));
+        EXPECT_LT(std::count(mOut.begin(), mOut.end(), '\n'), 24) << "a table, no list";
+    }
+}
+
+}  // namespace
+}  // namespace qzcam
