@@ -160,5 +160,56 @@ TEST_F(RunTool, CheckOfAPhoneThatKnowsNoneOfTheTagsIsATable) {
     }
 }
 
+// In every command that takes a dump: what is wrong and where, and of the dump what could be read.
+TEST_F(RunTool, NoCommandFallsOverABrokenDump) {
+    const std::string whole(builtInDevice());
+    const auto broken = [&](const std::string& from, const std::string& to) {
+        std::string text = whole;
+        return text.replace(text.find(from), from.size(), to);
+    };
+    const struct {
+        const char* what;
+        std::string dump;
+        std::string says;  // behind the file's name
+        bool usable;
+        bool others = false;  // commands beside run
+    } kRows[] = {
+        {"cut", whole.substr(0, whole.find("[-12")), ":17: the list ends here with 4 of 127 entries", true,
+         true},
+        {"brackets", broken("[-12 12 ]", "(-12 12 )"), ":18: expected 'section.name (tag): type[count]' or",
+         true},
+        {"too few values", broken("[-12 12 ]", "[-12 ]"), ":17: expected 2 values of android.control.aeComp",
+         true},
+        {"too many values", broken("[-12 12 ]", "[-12 12 7 ]"), ":18: expected 2 values of android.control",
+         true},
+        {"a number that is none", broken("[-12 12 ]", "[-12 1x ]"),
+         ":18: expected a number of 32 bits, not '1x'", true},
+        {"a tag cut off", broken("(iso) with type 0 (byte) defined", "(iso) wi"),
+         ":301: expected '0xTAG (NAME)", true},
+        {"garbage within", broken("[-12 12 ]", "\xff\x01[\n\0\0"), ":18: expected", true},
+        {"garbage",
+         std::string("\x7f"
+                     "ELF\0\1\2\3\xff\xfe",
+                     10),
+         ": no camera in it", false, true},
+        {"nothing", "", ": no camera in it", false},
+    };
+    for (const auto& row : kRows) {
+        SCOPED_TRACE(row.what);
+        const std::string path = file("broken.txt", row.dump);
+        std::vector<std::vector<std::string>> commands{{"run", "--device", path}};
+        if (row.others) {
+            commands.push_back({"check", "--device", path});
+            commands.push_back({"explain", "iso", "--device", path});
+            commands.push_back({"diff", "--as", "devices", path});
+        }
+        for (const auto& words : commands) {
+            EXPECT_EQ(tool(words), kBadInput) << words.front();
+            EXPECT_THAT(mErr, HasSubstr("broken.txt" + row.says));
+            EXPECT_EQ(mOut.empty(), !row.usable);
+        }
+    }
+}
+
 }  // namespace
 }  // namespace qzcam

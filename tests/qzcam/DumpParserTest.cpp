@@ -199,7 +199,7 @@ TEST(DumpParser, NamesTheLineOfWhatIsBroken) {
          "d:4: expected '(n"},
         {entry("") + kVendor + "    0x80000001 (burst) with type 0 (byte\n", "d:8: expected '0xTAG (NAME)"},
         {entry("") + kVendor + "    0x80000001 (\033[31m) with type 0 (byte) defined in section s\n",
-         "d:8: expected '0xTAG (NAME) with type N (TYPE) defined in section SECTION' not '0x80000001 "
+         "d:8: expected '0xTAG (NAME) with type N (TYPE) defined in section SECTION', not '0x80000001 "
          "(?[31m)"},
         {entry("") + kVendor + "    0x00000001 (burst) with type 0 (byte) defined in section s\n",
          "d:8: expected a vendor"},

@@ -34,7 +34,6 @@ class Completion {
     // `more`: commands beside those of the session language.
     Completion(const Device& device, const std::vector<CommandForm>& more);
 
-
     // What the library knows of keys, their words and properties.
     void learn(const Reference& reference);
 

@@ -211,7 +211,7 @@ void DumpScanner::vendorLine(std::string_view body) {
     auto tag = parseVendorTag(body);
     if (!tag) return problem("'0xTAG (NAME) with type N (TYPE) defined in section SECTION'", body);
     if (tag->id < CAMERA_METADATA_VENDOR_TAG_BOUNDARY) {
-        return problem("a vendor tag, 0x80000000 or above,", body);
+        return problem("a vendor tag, 0x80000000 or above", body);
     }
     if (tag->type >= NUM_TYPES) return passOver("vendor tags of unknown type");
     tag->line = mNumber;
@@ -233,17 +233,17 @@ void DumpScanner::arrayLine(std::string_view body) {
 
 void DumpScanner::valueLine(std::string_view body) {
     if (!mInEntry) {  // behind a broken entry, which has been reported
-        return mSeen == 0 ? problem("an entry before its values,", body) : void();
+        return mSeen == 0 ? problem("an entry before its values", body) : void();
     }
     if (!endsWith(body, "]")) {
         mDump.entries.back().broken = true;
-        return problem("']' at the end of the values,", body);
+        return problem("']' at the end of the values", body);
     }
     mDump.entries.back().values.push_back({mNumber, body.substr(1, body.size() - 2)});
 }
 
 void DumpScanner::problem(std::string_view expected, std::string_view body) {
-    mProblems.add(mNumber, fmt::format("expected {} not {}", expected, excerpt(body)));
+    mProblems.add(mNumber, fmt::format("expected {}, not {}", expected, excerpt(body)));
 }
 
 }  // namespace

@@ -9,6 +9,7 @@
 
 #include <CLI/CLI.hpp>
 
+#include <cctype>
 #include <cstdio>
 #include <string_view>
 #include <vector>
@@ -133,9 +134,11 @@ std::vector<const CLI::App*> shownCommands(const CLI::App& app) {
 }  // namespace
 
 std::string manualPage(const CLI::App& app) {
-    std::string roff = fmt::format(".TH QZCAM 1 \"\" \"qzcam {}\" \"User Commands\"\n", QZCAM_VERSION);
+    std::string roff =
+        fmt::format(".TH QZCAM 1 \"{}\" \"qzcam {}\" \"User Commands\"\n", QZCAM_DATE, QZCAM_VERSION);
     std::string about = app.get_description();
     if (endsWith(about, ".")) about.pop_back();
+    about.front() = static_cast<char>(std::tolower(static_cast<unsigned char>(about.front())));
     roff += fmt::format(".SH NAME\nqzcam \\- {}\n.SH SYNOPSIS\n.nf\n", escaped(about));
     roff += fmt::format(".B {}\n", argument("qzcam [OPTIONS]"));
     for (const CLI::App* command : shownCommands(app)) {

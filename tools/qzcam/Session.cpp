@@ -80,7 +80,8 @@ std::optional<Command> SessionReader::line(size_t number, std::string_view text,
 std::string SessionReader::wrongWith(const Command& command) {
     const CommandSpec& syntax = *command.syntax;
     if (command.words.size() < syntax.fewestWords || command.words.size() > syntax.mostWords) {
-        return fmt::format("expected '{} {}', not {}", syntax.name, syntax.arguments, excerpt(command.text));
+        const std::string form = fmt::format("{} {}", syntax.name, syntax.arguments);
+        return fmt::format("expected '{}', not {}", trimmed(form), excerpt(command.text));
     }
     const std::string expected = syntax.check ? syntax.check(command) : std::string();
     if (!expected.empty()) return fmt::format("expected {}, not {}", expected, excerpt(command.text));

@@ -1,0 +1,160 @@
+// The shell in a terminal of its own, as a user meets it; and without one.
+#include "Tool.h"
+
+#include <pty.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <poll.h>
+
+#include <array>
+#include <cstdlib>
+#include <filesystem>
+#include <string>
+
+namespace qzcam {
+namespace {
+
+using testing::HasSubstr;
+using testing::Not;
+
+constexpr const char* kPrompt = "qzcam> ";
+
+class Terminal {
+  public:
+    explicit Terminal(const std::string& state, const std::vector<std::string>& words = {}) {
+        mProcess = forkpty(&mFile, nullptr, nullptr, nullptr);
+        if (mProcess != 0) return;
+        setenv("TERM", "xterm", 1);
+        setenv("XDG_STATE_HOME", state.c_str(), 1);
+        std::vector<const char*> argv{"qzcam", "shell"};
+        for (const std::string& word : words) argv.push_back(word.c_str());
+        std::_Exit(runTool(static_cast<int>(argv.size()), argv.data()));
+    }
+    ~Terminal() { close(mFile); }
+    Terminal(const Terminal&) = delete;
+    Terminal& operator=(const Terminal&) = delete;
+
+    // Types, and returns what is on the screen since, up to the text that is waited for.
+    std::string type(const std::string& keys, const std::string& until) {
+        EXPECT_EQ(write(mFile, keys.data(), keys.size()), static_cast<ssize_t>(keys.size()));
+        std::string shown;
+        while (shown.find(until) == std::string::npos) {
+            pollfd ready{mFile, POLLIN, 0};
+            std::array<char, 4096> text{};
+            const ssize_t size = poll(&ready, 1, 10000) == 1 ? read(mFile, text.data(), text.size()) : 0;
+            if (size <= 0) break;
+            shown.append(text.data(), static_cast<size_t>(size));
+        }
+        EXPECT_THAT(shown, HasSubstr(until)) << "typed: " << keys;
+        return shown;
+    }
+    int exitStatus() {
+        int status = 0;
+        EXPECT_EQ(waitpid(mProcess, &status, 0), mProcess);
+        return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+    }
+
+  private:
+    int mFile = -1;
+    pid_t mProcess = -1;
+};
+
+class ShellTool : public RunTool {
+  public:
+    void SetUp() override { std::filesystem::remove_all(mState); }
+    void TearDown() override {
+        std::filesystem::remove_all(mState);
+        RunTool::TearDown();
+    }
+
+  protected:
+    // Its input is a file: no terminal.
+    int shell(const std::string& lines, std::vector<std::string> words = {}) {
+        words.insert(words.begin(), "shell");
+        const std::string input = file("input", lines);
+        const int before = dup(STDIN_FILENO);
+        EXPECT_NE(std::freopen(input.c_str(), "r", stdin), nullptr);
+        const int status = tool(words);
+        dup2(before, STDIN_FILENO);
+        close(before);
+        std::clearerr(stdin);
+        return status;
+    }
+
+    const std::string mState = testing::TempDir() + "qzcam-state";
+};
+
+TEST_F(ShellTool, CompletesDropsRecallsAndLeaves) {
+    Terminal terminal(mState);
+    const std::string ctrlC = "\x03";
+    terminal.type("", kPrompt);
+    // Before anything has been played: commands, keys, values, properties, tags.
+    terminal.type("ope\t0\r", kPrompt);
+    terminal.type("set scene-m\t", "ode");
+    terminal.type("=qz\t", "auto");
+    terminal.type(ctrlC, std::string("^C\r\n") + kPrompt);
+    terminal.type("setprop camera.deb\t", "ug.mode");
+    terminal.type(ctrlC, kPrompt);
+    EXPECT_THAT(terminal.type("result iso\t\t", "isoState"), Not(HasSubstr("burst")));
+    terminal.type(ctrlC, kPrompt);
+
+    terminal.type("set iso=1600\r", kPrompt);
+    EXPECT_THAT(terminal.type("request\r", kPrompt),
+                testing::ContainsRegex("metadata.iso .* 7\r\n(.*\n)*.*1 written"));
+    EXPECT_THAT(terminal.type("bogus\r", kPrompt), HasSubstr("unknown command 'bogus'"));
+    terminal.type("\x1b[A\x1b[A\x1b[A", "set iso=1600");
+    terminal.type(ctrlC, kPrompt);
+    terminal.type("\x04", "\n");
+    EXPECT_EQ(terminal.exitStatus(), kFine);
+}
+
+TEST_F(ShellTool, KeepsItsHistoryAndTakesParameters) {
+    {
+        Terminal first(mState);
+        first.type("", kPrompt);
+        first.type("open 1\r", kPrompt);
+        first.type("quit\r", "\n");
+        EXPECT_EQ(first.exitStatus(), kFine);
+    }
+    Terminal second(mState, {"--params", "iso=3200;zsl-mode=on"});
+    second.type("", kPrompt);
+    second.type("\x1b[A\x1b[A\r", kPrompt);
+    EXPECT_THAT(second.type("params\r", "zsl-mode"), HasSubstr("3200"));
+    second.type("exit\r", "\n");
+    EXPECT_EQ(second.exitStatus(), kFine);
+}
+
+TEST_F(ShellTool, PlaysAScriptWithoutATerminal) {
+    const struct {
+        std::string lines;
+        int status;
+        std::string out;  // part of it
+        std::string err;
+    } kRows[] = {
+        {"open 0\nset iso=100\nrequest\nexpect-entry iso 2\n", kFine, "3> request", ""},
+        {"open 0\nset iso=100\nrequest\nexpect-entry iso 3\n", kExpectationFailed, "expect-entry iso 3", ""},
+        {"open 0\nbogus\nset iso=100\nrequest\n", kBadInput, "4> request",
+         "standard input:2: unknown command 'bogus'"},
+        {"open 0\nquit\nbogus\n", kFine, "1> open 0", ""},
+        {"help set\n", kFine, "set KEY=VALUE;KEY=VALUE", ""},
+        {"params of mine\n", kBadInput, "", "expected 'params', not 'params of mine'"},
+    };
+    for (const auto& row : kRows) {
+        SCOPED_TRACE(row.lines);
+        EXPECT_EQ(shell(row.lines), row.status);
+        EXPECT_THAT(mOut, HasSubstr(row.out));
+        EXPECT_THAT(mOut, Not(HasSubstr(kPrompt)));
+        EXPECT_THAT(mOut, Not(HasSubstr("\033")));
+        EXPECT_THAT(mErr, row.err.empty() ? HasSubstr("") : HasSubstr(row.err));
+    }
+    EXPECT_EQ(shell("", {"--device", "-"}), kUsage);
+    EXPECT_EQ(shell("open 0\nparams\n", {"--params", "iso=3200"}), kFine);
+    EXPECT_THAT(mOut, HasSubstr("3200"));
+}
+
+}  // namespace
+}  // namespace qzcam
