@@ -97,5 +97,13 @@ TEST(Properties, ReadsBothForms) {
     EXPECT_TRUE(setProperty("camera.a", ""));
 }
 
+TEST(Properties, RefusesOneWithoutAName) {
+    for (const char* line : {"[]: [x]", "[]: []", "=x", " = x"}) {
+        Problems problems("p");
+        EXPECT_TRUE(parseProperties(line, problems).empty()) << line;
+        EXPECT_EQ(problems.count(), 1) << line;
+    }
+}
+
 }  // namespace
 }  // namespace qzcam

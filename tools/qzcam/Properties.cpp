@@ -19,7 +19,7 @@ void parseBracketed(std::string_view line, Lines& lines, std::vector<Property>& 
                     Problems& problems) {
     const size_t start = lines.number();
     const size_t middle = line.find(kMiddle);
-    if (middle == std::string_view::npos) {
+    if (middle == std::string_view::npos || middle == 1) {
         return problems.add(start, fmt::format("expected '[name]: [value]', not {}", excerpt(line)));
     }
     Property property(line.substr(1, middle - 1), line.substr(middle + kMiddle.size()));
