@@ -28,14 +28,17 @@ constexpr const char* kExitStatus =
 // A command's options live as long as its action may be run.
 template <typename Options>
 std::shared_ptr<Options> onChosen(CLI::App& app, Action& action, ExitStatus (*command)(const Options&)) {
-    const auto options = std::make_shared<Options>();
+    auto options = std::make_shared<Options>();
     app.callback([&action, options, command] { action = [options, command] { return command(*options); }; });
     return options;
 }
 
-void addDevice(CLI::App& app, std::string& device, std::string& camera, const char* also = "") {
-    app.add_option("--device", device,
-                   fmt::format("Device: text of 'dumpsys media.camera'{}; default: the built-in one", also))
+constexpr const char* kOrInput = ", '-' for standard input";
+
+void addDevice(CLI::App& app, std::string& device, std::string& camera, const char* orInput = kOrInput) {
+    app.add_option(
+           "--device", device,
+           fmt::format("Device: text of 'dumpsys media.camera'{}; default: the built-in one", orInput))
         ->type_name("DUMP");
     app.add_option("--camera", camera, "Camera of the dump; default: its first")->type_name("ID");
 }
@@ -47,8 +50,8 @@ void addProperties(CLI::App& app, std::string& properties) {
 }
 
 // For each command that plays.
-void addPlayOptions(CLI::App& app, RunOptions& options) {
-    addDevice(app, options.device, options.camera);
+void addPlayOptions(CLI::App& app, RunOptions& options, const char* orInput) {
+    addDevice(app, options.device, options.camera, orInput);
     addProperties(app, options.properties);
     app.add_option("--params", options.parameters,
                    "Parameters set after each 'open': key=value;key=value, or a file of them, also as a dump "
@@ -68,7 +71,7 @@ void addPlayOptions(CLI::App& app, RunOptions& options) {
 void addRun(CLI::App& app, RunOptions& options) {
     app.add_option("SESSION", options.sessions,
                    "Sessions to play, '-' for standard input; default: the built-in one");
-    addPlayOptions(app, options);
+    addPlayOptions(app, options, kOrInput);
     CLI::Option* json = app.add_flag("--json", options.json, "Print JSON, an event a line, for programs");
     app.add_flag("--monitor", options.monitor,
                  "Print only the entries that change, request and result in columns")
@@ -80,7 +83,7 @@ void addRun(CLI::App& app, RunOptions& options) {
 
 void addShell(CLI::App& app, Action& action) {
     const auto options = onChosen(app, action, shell);
-    addPlayOptions(app, *options);
+    addPlayOptions(app, *options, "");  // its input is the session
     app.footer(
         "Reads a line, plays it, shows what comes of it. At a terminal lines can be edited, Tab completes "
         "commands,\n"
@@ -124,7 +127,7 @@ void addDiff(CLI::App& app, Action& action) {
 
 void addCheck(CLI::App& app, Action& action) {
     const auto options = onChosen(app, action, check);
-    addDevice(app, options->device, options->camera, ", '-' for standard input");
+    addDevice(app, options->device, options->camera);
     app.add_flag("--json", options->json, "Print JSON");
     app.footer(
         "For every vendor tag that the library looks up: whether the device declares it, with the element\n"
