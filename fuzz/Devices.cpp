@@ -204,7 +204,7 @@ std::string textFrom(Input& input) {
         case 5:
             return listFrom(input);
         case 6:
-            return std::string(input.number<uint16_t>() % 1024, 'x');
+            return {std::string(input.number<uint16_t>() % 1024, 'x')};
         default:
             return input.bytes();
     }
@@ -232,7 +232,7 @@ void addEntry(Input& input, uint32_t tag, CameraMetadata& metadata) {
     // Small numbers, which mean something to most entries.
     std::string bytes;
     for (size_t count = form % 8; count > 0; --count) {
-        const int64_t number = input.number<int8_t>();
+        const int64_t number = int64_t{input.number()} - 128;
         const auto real = static_cast<float>(number) / 4;
         const void* const element = type == TYPE_FLOAT ? static_cast<const void*>(&real) : &number;
         bytes.append(static_cast<const char*>(element), camera_metadata_type_size[type]);

@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <array>
 #include <iterator>
+#include <numeric>
 #include <utility>
 
 namespace qz::fuzz {
@@ -228,61 +229,92 @@ void playSteps(Input& input) {
     }
 }
 
-// The C functions on a buffer that does not grow. They do not look for a tag that is there already.
+size_t elementsOf(const Entry& entry) { return entry.bytes.size() / camera_metadata_type_size[entry.type]; }
+
+// The C functions on a buffer that does not grow, which do not look for a tag that is there already.
+class FixedBuffer {
+  public:
+    FixedBuffer(size_t entries, size_t data)
+        : mBuffer(allocate_camera_metadata(entries, data)), mEntries(entries), mData(data) {}
+    ~FixedBuffer() { free_camera_metadata(mBuffer); }
+    FixedBuffer(const FixedBuffer&) = delete;
+    FixedBuffer& operator=(const FixedBuffer&) = delete;
+
+    size_t count() const { return mModel.size(); }
+    uint32_t tagAt(size_t index) const { return mModel[index].tag; }
+
+    void add(const Entry& entry) {
+        const bool fits = count() < mEntries && used() + roomOf(entry) <= mData;
+        const int status =
+            add_camera_metadata_entry(mBuffer, entry.tag, entry.bytes.data(), elementsOf(entry));
+        require((status == OK) == fits, "an entry is added when there is room");
+        if (fits) mModel.push_back(entry);
+    }
+
+    void update(size_t index, const Entry& entry) {
+        const bool fits = index < count() && used() - roomOf(mModel[index]) + roomOf(entry) <= mData;
+        camera_metadata_entry_t updated{};
+        const int status =
+            update_camera_metadata_entry(mBuffer, index, entry.bytes.data(), elementsOf(entry), &updated);
+        require((status == OK) == fits, "an entry is updated when there is room");
+        require(!fits || (updated.index == index && updated.count == elementsOf(entry)), "and shown");
+        if (fits) mModel[index] = entry;
+    }
+
+    void erase(size_t index) {
+        const bool present = index < count();
+        require((delete_camera_metadata_entry(mBuffer, index) == OK) == present, "what is there is deleted");
+        if (present) mModel.erase(mModel.begin() + static_cast<std::ptrdiff_t>(index));
+    }
+
+    void becomeClone() { free_camera_metadata(std::exchange(mBuffer, clone_camera_metadata(mBuffer))); }
+
+    void requireSame() const {
+        require(validate_camera_metadata_structure(mBuffer, get_camera_metadata_size(mBuffer)) == OK,
+                "the structure is valid");
+        for (size_t i = 0; i < count(); ++i) {
+            camera_metadata_ro_entry_t view{};
+            require(get_camera_metadata_ro_entry(mBuffer, i, &view) == OK, "no entry is missing");
+            requireEntry(view, mModel[i], mBuffer);
+        }
+        require(get_camera_metadata_entry_count(mBuffer) == count(), "no entry too many");
+        require(get_camera_metadata_data_count(mBuffer) == used(), "the data area has no gaps");
+    }
+
+  private:
+    static size_t roomOf(const Entry& entry) {
+        return calculate_camera_metadata_entry_data_size(entry.type, elementsOf(entry));
+    }
+    size_t used() const {
+        return std::accumulate(mModel.begin(), mModel.end(), size_t{0},
+                               [](size_t sum, const Entry& entry) { return sum + roomOf(entry); });
+    }
+
+    camera_metadata_t* mBuffer;
+    const size_t mEntries;
+    const size_t mData;
+    std::vector<Entry> mModel;
+};
+
 void playFixed(Input& input) {
-    const size_t entryCapacity = input.below(12);
-    const size_t dataCapacity = input.below(200);
-    camera_metadata_t* buffer = allocate_camera_metadata(entryCapacity, dataCapacity);
-    std::vector<Entry> model;
-    size_t used = 0;
-    const auto room = [](const Entry& entry) {
-        return calculate_camera_metadata_entry_data_size(
-            entry.type, entry.bytes.size() / camera_metadata_type_size[entry.type]);
-    };
+    const size_t entries = input.below(12);
+    FixedBuffer buffer(entries, input.below(200));
     for (int steps = 0; steps < 100 && !input.atEnd(); ++steps) {
         const size_t choice = input.below(4);
-        const size_t index = input.below(entryCapacity + 1);
-        const bool present = index < model.size();
-        const uint32_t tag = choice > 1 && present ? model[index].tag : input.oneOf(someTags());
+        const size_t index = input.below(entries + 1);
+        // An update keeps the tag.
+        const uint32_t tag =
+            choice > 1 && index < buffer.count() ? buffer.tagAt(index) : input.oneOf(someTags());
         const int type = get_camera_metadata_tag_type(tag);
         if (type < 0) continue;
         Entry entry{tag, static_cast<uint8_t>(type), input.bytes(40)};
-        const size_t element = camera_metadata_type_size[type];
-        entry.bytes.resize(entry.bytes.size() - entry.bytes.size() % element);
-        const size_t count = entry.bytes.size() / element;
-        if (choice < 2) {
-            const bool fits = model.size() < entryCapacity && used + room(entry) <= dataCapacity;
-            const int status = add_camera_metadata_entry(buffer, tag, entry.bytes.data(), count);
-            require((status == OK) == fits, "an entry is added when there is room");
-            if (fits) used += room(entry), model.push_back(entry);
-        } else if (choice == 2) {
-            const bool fits = present && used - room(model[index]) + room(entry) <= dataCapacity;
-            camera_metadata_entry_t updated{};
-            const int status =
-                update_camera_metadata_entry(buffer, index, entry.bytes.data(), count, &updated);
-            require((status == OK) == fits, "an entry is updated when there is room");
-            if (fits) used = used - room(model[index]) + room(entry), model[index] = entry;
-            require(!fits || (updated.index == index && updated.count == count), "an update shows the entry");
-        } else {
-            require((delete_camera_metadata_entry(buffer, index) == OK) == present,
-                    "what is there is deleted");
-            if (present) {
-                used -= room(model[index]);
-                model.erase(model.begin() + static_cast<std::ptrdiff_t>(index));
-            }
-        }
-        // Tags may stand twice here: compared by place, on a copy of the same size now and then.
-        if (steps % 4 == 0) free_camera_metadata(std::exchange(buffer, clone_camera_metadata(buffer)));
-        require(validate_camera_metadata_structure(buffer, get_camera_metadata_size(buffer)) == OK,
-                "the structure is valid");
-        for (size_t i = 0; i < model.size(); ++i) {
-            camera_metadata_ro_entry_t view{};
-            require(get_camera_metadata_ro_entry(buffer, i, &view) == OK, "no entry is missing");
-            requireEntry(view, model[i], buffer);
-        }
-        require(get_camera_metadata_entry_count(buffer) == model.size(), "no entry too many");
+        entry.bytes.resize(elementsOf(entry) * camera_metadata_type_size[type]);
+        if (choice < 2) buffer.add(entry);
+        if (choice == 2) buffer.update(index, entry);
+        if (choice == 3) buffer.erase(index);
+        if (steps % 4 == 0) buffer.becomeClone();
+        buffer.requireSame();
     }
-    free_camera_metadata(buffer);
 }
 
 // Bytes that may be a buffer: what validation lets through is safe to read, and safe to take over.

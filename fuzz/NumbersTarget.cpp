@@ -130,16 +130,15 @@ void tuples(Input& input) {
     }
     require(parseIntTuples(text.get(), out.data(), count) == status && out == expected, "tuples of integers");
 
-    const float none = 77;
-    std::vector<float> reals(count, none);
+    std::vector<float> reals(count, 77);
     const int realStatus = parseFloatTuples(text.get(), reals.data(), count);
-    const bool none0 = strchr(text.get(), '(') == nullptr;
-    require(realStatus == android::OK || (realStatus == android::BAD_VALUE && !none0), "tuples of floats");
+    const bool none = strchr(text.get(), '(') == nullptr;
+    require(realStatus == android::OK || (realStatus == android::BAD_VALUE && !none), "tuples of floats");
     // What parses as integers without a point parses as floats too, to the same numbers.
     if (status != android::OK || strpbrk(text.get(), ".xXeEpPiInN") != nullptr) return;
     require(realStatus == android::OK, "integers are floats");
-    for (size_t i = 0; i < count; ++i)
-        require(reals[i] == static_cast<float>(expected[i]), "and of the same value");
+    const auto same = [](float real, int32_t number) { return real == static_cast<float>(number); };
+    require(std::equal(reals.begin(), reals.end(), expected.begin(), same), "and of the same value");
 }
 
 void exposure(const char* text) {
@@ -148,10 +147,10 @@ void exposure(const char* text) {
     parseExposureRational(text, &fraction);
     const char* const slash = strchr(text, '/');
     const bool decimal = slash == nullptr && strchr(text, '.') != nullptr;
-    if (decimal)
-        return require(
-            fraction.denominator == 10 || fraction.denominator == 100 || fraction.denominator == 77,
-            "tenths");
+    if (decimal) {
+        const int32_t scale = fraction.denominator;
+        return require(scale == 10 || scale == 100 || scale == 77, "tenths, hundredths or left alone");
+    }
     const int64_t numerator = saturated(read(text, 10).value);
     const int64_t denominator = slash == nullptr ? 1 : saturated(read(slash + 1, 10).value);
     require(fraction.numerator == numerator && fraction.denominator == denominator, "a fraction as written");
@@ -182,9 +181,9 @@ void memory(Input& input) {
         require(copied == (count <= room), "a copy that fits");
         require(!copied || memcmp(to.get(), from.data(), count) == 0, "is whole");
     }
-    require((memset_s(to.get(), room, count & 0x7F, count) == 0) == (count <= room), "filled when it fits");
+    require((memset_s(to.get(), room, 0x5A, count) == 0) == (count <= room), "filled when it fits");
     if (room == 0 || count > room) return;
-    const std::string text(from.c_str());
+    const std::string text = from.substr(0, from.find('\0'));
     const int length = snprintf_s(to.get(), room, count, "%s", text.c_str());
     const bool fits = text.size() < room && text.size() <= count;
     require(length == (fits ? static_cast<int>(text.size()) : -1), "a text that fits");
