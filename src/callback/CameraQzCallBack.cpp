@@ -2,6 +2,7 @@
 
 #include "callback/CallBackLog.h"
 #include "callback/ResultEntry.h"
+#include "core/InOrder.h"
 
 namespace qz {
 
@@ -34,8 +35,8 @@ CameraQzCallBack::CameraQzCallBack(ExtCallBackInterface* callBackIntf, CCameraQz
 CameraQzCallBack::~CameraQzCallBack() { LOGI("%s()", __func__); }
 
 status_t CameraQzCallBack::processQzCallBack(const CameraMetadata& result) {
-    using Handler = status_t (CameraQzCallBack::*)(const CameraMetadata&);
-    static constexpr Handler handlers[] = {
+    // clang-format off
+    callInOrder<
         &CameraQzCallBack::checkZslMode,
         &CameraQzCallBack::processTargetTracking,
         &CameraQzCallBack::processFocusVcmValue,
@@ -57,9 +58,8 @@ status_t CameraQzCallBack::processQzCallBack(const CameraMetadata& result) {
         &CameraQzCallBack::processMmiFocusTest,
         &CameraQzCallBack::processOisGryoOffsetCalibResult,
         &CameraQzCallBack::processOisHallCalibResult,
-        &CameraQzCallBack::processOisHallCheckResult,
-    };
-    for (const Handler handler : handlers) (this->*handler)(result);
+        &CameraQzCallBack::processOisHallCheckResult>(this, result);
+    // clang-format on
     return android::OK;
 }
 
