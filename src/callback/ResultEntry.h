@@ -12,8 +12,6 @@
 #include "core/TagNames.h"
 #include "core/VendorTag.h"
 
-#include <string_view>
-
 namespace qz {
 
 // Every lookup goes through the host. Null after an error line in the caller's name.
@@ -22,7 +20,7 @@ ExtCallBackInterface* hostOrReport(ExtCallBackInterface* host, const char* calle
 template <typename T>
 class ResultEntry {
   public:
-    ResultEntry(ExtCallBackInterface* host, const android::CameraMetadata& result, std::string_view tagName,
+    ResultEntry(ExtCallBackInterface* host, const android::CameraMetadata& result, const char* tagName,
                 const char* caller) {
         if (host == nullptr) {
             hostOrReport(host, caller);

@@ -20,6 +20,7 @@ using android::String8;
 using android::VendorTagDescriptor;
 
 constexpr char kLogTag[] = "QzName2Tag";
+constexpr char kCaller[] = "vendorTagFromName";  // in whose words every lookup of a vendor tag reports
 
 QzName2Tag* create() noexcept {
     auto* instance = new (std::nothrow) QzName2Tag;
@@ -32,7 +33,7 @@ QzName2Tag* const sInstance = create();
 
 // No separator is asked for behind the section: "sectionXtag" is in it too. Sections begin alike more often
 // than they end alike.
-bool beginsWith(std::string_view name, std::string_view section) {
+inline bool beginsWith(std::string_view name, std::string_view section) {
     if (section.empty()) return true;
     return section.size() <= name.size() && name[section.size() - 1] == section.back() &&
            memcmp(name.data(), section.data(), section.size()) == 0;
@@ -40,7 +41,7 @@ bool beginsWith(std::string_view name, std::string_view section) {
 
 // The longest section that begins the name, or null. Sections stand in the order of their bytes: those that
 // begin the name stand before its own place, the longest last. Where there are many, that place is searched.
-const String8* sectionOf(std::string_view name, const SortedVector<String8>& sections) {
+const String8* sectionOf(std::string_view name, const SortedVector<String8>& sections, size_t* length) {
     constexpr size_t few = 4;
     const String8* const first = sections.array();
     const String8* at = first + sections.size();
@@ -51,7 +52,8 @@ const String8* sectionOf(std::string_view name, const SortedVector<String8>& sec
     }
     while (at != first) {
         --at;
-        if (beginsWith(name, {at->c_str(), at->length()})) return at;
+        *length = at->length();
+        if (beginsWith(name, {at->c_str(), *length})) return at;
     }
     return nullptr;
 }
@@ -72,8 +74,10 @@ size_t standardSectionOf(std::string_view name) {
 
 // What is left of the name behind the section and one separating character, which is not looked at; empty
 // when there is nothing.
-std::string_view tagPart(std::string_view name, size_t sectionLength) {
-    return name.substr(std::min(name.size(), sectionLength + 1));
+inline std::string_view tagPart(std::string_view name, size_t sectionLength) {
+    const size_t start = sectionLength + 1;
+    return start < name.size() ? std::string_view(name.data() + start, name.size() - start)
+                               : std::string_view();
 }
 
 }  // namespace
@@ -90,22 +94,21 @@ uint32_t QzName2Tag::vendorTagFromName(const char* name) const {
     return tag;
 }
 
-// Says what it says in the words of vendorTagFromName.
 bool resolveVendorTag(std::string_view name, uint32_t* tag) {
-    constexpr char caller[] = "vendorTagFromName";
     const sp<VendorTagDescriptor> descriptor = VendorTagDescriptor::getGlobalVendorTagDescriptor();
     if (descriptor == nullptr) {
-        LOGE("%s: vendor tag descriptor is NULL!", caller);
+        LOGE("%s: vendor tag descriptor is NULL!", kCaller);
         return false;
     }
-    const String8* section = sectionOf(name, *descriptor->getAllSectionNames());
+    size_t length = 0;
+    const String8* section = sectionOf(name, *descriptor->getAllSectionNames(), &length);
     if (section == nullptr) {
-        LOGI("%s: cann't find section for tag '%s'!", caller, name.data());
+        LOGI("%s: cann't find section for tag '%s'!", kCaller, name.data());
         return false;
     }
-    const std::string_view tagName = tagPart(name, section->length());
+    const std::string_view tagName = tagPart(name, length);
     if (tagName.empty()) {
-        LOGE("%s: Key length too short for key '%s'.", caller, name.data());
+        LOGE("%s: Key length too short for key '%s'.", kCaller, name.data());
         return false;
     }
     return descriptor->lookupTag(String8(tagName.data(), tagName.size()), *section, tag) == android::OK &&

@@ -16,6 +16,28 @@ using android::String8;
 
 constexpr char kLogTag[] = "QzParametersEx";
 
+camera_metadata_ro_entry noEntry() {
+    LOGW("%s: mInfo is null", "getStaticInfo");
+    camera_metadata_ro_entry none;  // NOLINT(cppcoreguidelines-pro-type-member-init): cleared here
+    if (memset_s(&none, sizeof(none), 0, sizeof(none)) != 0) LOGE("%s(), memset_s failed!", "getStaticInfo");
+    return none;
+}
+
+camera_metadata_ro_entry checkedEntry(const CameraMetadata& info, uint32_t tag, size_t minCount,
+                                      size_t maxCount, bool required) {
+    const camera_metadata_ro_entry entry = info.find(tag);
+    if (entry.count == 0 && required) {
+        LOGE("Error finding static metadata entry '%s.%s' (%x)", sectionLabel(tag), nameLabel(tag), tag);
+    } else if (entry.count < minCount || (maxCount != 0 && entry.count > maxCount)) {
+        // An absent entry that is not required but has a minimum is reported here too.
+        LOGE(
+            "Malformed static metadata entry '%s.%s' (%x):Expected between %zu and %zu values, but got %zu "
+            "values",
+            sectionLabel(tag), nameLabel(tag), tag, minCount, maxCount, entry.count);
+    }
+    return entry;
+}
+
 }  // namespace
 
 QzParametersEx::QzParametersEx(CameraParameters2& params, int cameraId)
@@ -33,23 +55,7 @@ int QzParametersEx::getInt(const char* key) { return mParameters.getInt(key); }
 
 camera_metadata_ro_entry QzParametersEx::getStaticInfo(uint32_t tag, size_t minCount, size_t maxCount,
                                                        bool required) {
-    if (mInfo == nullptr) {
-        LOGW("%s: mInfo is null", __func__);
-        camera_metadata_ro_entry none;  // NOLINT(cppcoreguidelines-pro-type-member-init): cleared here
-        if (memset_s(&none, sizeof(none), 0, sizeof(none)) != 0) LOGE("%s(), memset_s failed!", __func__);
-        return none;
-    }
-    const camera_metadata_ro_entry entry = mInfo->find(tag);
-    if (entry.count == 0 && required) {
-        LOGE("Error finding static metadata entry '%s.%s' (%x)", sectionLabel(tag), nameLabel(tag), tag);
-    } else if (entry.count < minCount || (maxCount != 0 && entry.count > maxCount)) {
-        // An absent entry that is not required but has a minimum is reported here too.
-        LOGE(
-            "Malformed static metadata entry '%s.%s' (%x):Expected between %zu and %zu values, but got %zu "
-            "values",
-            sectionLabel(tag), nameLabel(tag), tag, minCount, maxCount, entry.count);
-    }
-    return entry;
+    return mInfo != nullptr ? checkedEntry(*mInfo, tag, minCount, maxCount, required) : noEntry();
 }
 
 status_t QzParametersEx::update(CameraMetadata* metadata, uint32_t tag, const uint8_t* data, size_t count) {

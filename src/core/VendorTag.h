@@ -6,8 +6,8 @@
 
 namespace qz {
 
-// What QzName2Tag finds for a vendor tag's full name, which ends with a terminator as a literal does: its
-// length is known where it is written. False when no device would understand the tag.
+// What QzName2Tag finds for a vendor tag's full name. Callers hand on literals, the length of which compilers
+// see; the name has a terminator. False when no device would understand the tag.
 bool resolveVendorTag(std::string_view name, uint32_t* tag);
 
 }  // namespace qz

@@ -16,7 +16,6 @@
 #include "core/VendorTag.h"
 
 #include <array>
-#include <string_view>
 #include <type_traits>
 
 namespace qz {
@@ -90,7 +89,7 @@ class Entry : public EntryState {
     }
 
     // Resolves the vendor tag by its full name.
-    Entry& tag(std::string_view tagName) {
+    Entry& tag(const char* tagName) {
         if (!mOpen) return *this;
         uint32_t id = 0;  // not the member, whose address would keep the entry out of registers
         mOpen = resolveVendorTag(tagName, &id);

@@ -72,6 +72,27 @@ TEST(QzName2Tag, VendorNames) {
     expectTag("A.b", kNone, "-vendorTagFromName: cann't find section for tag 'A.b'!");
 }
 
+// So many sections that the place of a name among them is searched: relatives stand around it.
+TEST(QzName2Tag, LongestOfManySections) {
+    const VendorTags tags({{"a.b.tag", TYPE_BYTE},
+                           {"a.b.c.tag", TYPE_BYTE},
+                           {"a.b.c.a.tag", TYPE_BYTE},
+                           {"a.b.c.z.tag", TYPE_BYTE},
+                           {"a.b.cc.tag", TYPE_BYTE},
+                           {"a.b.d.tag", TYPE_BYTE},
+                           {"z.tag", TYPE_BYTE}});
+    expectTag("a.b.tag", 0x80000000);
+    expectTag("a.b.c.tag", 0x80000001);
+    expectTag("a.b.c.a.tag", 0x80000002);
+    expectTag("a.b.c.z.tag", 0x80000003);
+    expectTag("a.b.cc.tag", 0x80000004);
+    expectTag("a.b.d.tag", 0x80000005);
+    expectTag("z.tag", 0x80000006);
+    expectTag("a.b.x.tag", kNone);  // in a.b, which has no "x.tag"
+    expectTag("a.tag", kNone, "-vendorTagFromName: cann't find section for tag 'a.tag'!");
+    expectTag("zz", kNone, "vendorTagFromName: Key length too short for key 'zz'.");
+}
+
 TEST(QzName2Tag, StandardNames) {
     const auto expectStandard = [](const char* name, uint32_t tag, const std::string& line = "") {
         expectTag(name, tag, line, &QzName2Tag::androidTagFromName);
