@@ -1,6 +1,6 @@
 #include "capabilities/Capability.h"
 
-#include "core/VendorTag.h"
+#include "core/Text.h"
 
 #include <cstring>
 
@@ -8,49 +8,43 @@ namespace qz {
 
 using android::String8;
 
-bool readCapability(ExtParamInterface* params, std::string_view tagName, size_t minCount,
-                    camera_metadata_ro_entry* entry) {
-    uint32_t tag = 0;
-    if (!resolveVendorTag(tagName, &tag)) return false;
-    *entry = params->getStaticInfo(tag, minCount, 0, true);
-    return true;
-}
-
-void publishFlag(ExtParamInterface* params, const char* key, const Capability<uint8_t>& flag) {
-    params->set(key, flag[0] != 0 ? "true" : "false");
-}
-
 void publishNumber(ExtParamInterface* params, const char* key, int32_t number) {
-    params->set(key, String8::format("%d", number).c_str());
+    params->set(key, Decimal(number).c_str());
 }
 
-void publishWords(ExtParamInterface* params, const char* key, const Capability<uint8_t>& list,
+void publishWords(ExtParamInterface* params, const char* key, EntryView<uint8_t> list,
                   const char* (*word)(uint8_t)) {
-    String8 words;
+    Text words;
     for (size_t i = 0; i < list.count(); ++i) {
-        if (i > 0) words.append(",");
-        words.append(word(list[i]));
+        if (i > 0) words << ",";
+        words << word(list[i]);
     }
     params->set(key, words.c_str());
 }
 
-void publishNumbers(ExtParamInterface* params, const char* key, const Capability<int32_t>& list) {
-    String8 numbers;
-    for (size_t i = 0; i < list.count(); ++i) numbers.appendFormat(i > 0 ? ",%d" : "%d", list[i]);
+void publishNumbers(ExtParamInterface* params, const char* key, EntryView<int32_t> list) {
+    Text numbers;
+    for (size_t i = 0; i < list.count(); ++i) {
+        if (i > 0) numbers << ",";
+        numbers << list[i];
+    }
     params->set(key, numbers.c_str());
 }
 
-void publishText(ExtParamInterface* params, const char* key, const Capability<uint8_t>& text) {
+void publishText(ExtParamInterface* params, const char* key, EntryView<uint8_t> text) {
     const char* characters = reinterpret_cast<const char*>(&text[0]);
-    params->set(key, String8(characters, strnlen(characters, text.count())).c_str());
+    Text whole;
+    whole.append(characters, strnlen(characters, text.count()));
+    params->set(key, whole.c_str());
 }
 
-String8 sizeList(const EntryView<int32_t>& sizes) {
-    String8 list;
+String8 sizeList(EntryView<int32_t> sizes) {
+    Text list;
     for (size_t i = 0; i + 1 < sizes.count(); i += 2) {
-        list.appendFormat(i > 0 ? ",%dx%d" : "%dx%d", sizes[i], sizes[i + 1]);
+        if (i > 0) list << ",";
+        list << sizes[i] << "x" << sizes[i + 1];
     }
-    return list;
+    return String8(list.c_str(), list.size());
 }
 
 const char* published(ExtParamInterface* params, const char* key) {

@@ -13,23 +13,18 @@
 #include "core/EntryView.h"
 #include "core/TagNames.h"
 #include "core/TranslatorLog.h"
-
-#include <string_view>
+#include "core/VendorTag.h"
 
 namespace qz {
-
-// Finds the static entry of a full vendor tag name. False, and no read, for an undeclared tag.
-bool readCapability(ExtParamInterface* params, std::string_view tagName, size_t minCount,
-                    camera_metadata_ro_entry* entry);
 
 template <typename T>
 class Capability {
   public:
     // minCount is what the static entry is expected to have at least; fewer are reported by the host's side.
-    Capability(ExtParamInterface* params, std::string_view tagName, size_t minCount) {
-        camera_metadata_ro_entry entry = {};
-        mDeclared = readCapability(params, tagName, minCount, &entry);
-        mView = EntryView<T>(entry);
+    Capability(ExtParamInterface* params, const char* tagName, size_t minCount) {
+        uint32_t tag = 0;
+        mDeclared = resolveVendorTag(tagName, &tag);
+        if (mDeclared) mView = EntryView<T>(params->getStaticInfo(tag, minCount, 0, true));
     }
     Capability(ExtParamInterface* params, uint32_t platformTag, size_t minCount)
         : mDeclared(true), mView(params->getStaticInfo(platformTag, minCount, 0, true)) {}
@@ -46,7 +41,8 @@ class Capability {
 
     size_t count() const { return mView.count(); }
     const T& operator[](size_t index) const { return mView[index]; }
-    const EntryView<T>& elements() const { return mView; }
+    EntryView<T> elements() const { return mView; }
+    operator EntryView<T>() const { return mView; }
 
   private:
     bool mDeclared = false;
@@ -55,22 +51,24 @@ class Capability {
 };
 
 // "true" for any first byte but 0. The bytes behind it do not count.
-void publishFlag(ExtParamInterface* params, const char* key, const Capability<uint8_t>& flag);
+inline void publishFlag(ExtParamInterface* params, const char* key, EntryView<uint8_t> flag) {
+    params->set(key, flag[0] != 0 ? "true" : "false");
+}
 
 void publishNumber(ExtParamInterface* params, const char* key, int32_t number);
 
 // "auto,100,200": each element by its word.
-void publishWords(ExtParamInterface* params, const char* key, const Capability<uint8_t>& list,
+void publishWords(ExtParamInterface* params, const char* key, EntryView<uint8_t> list,
                   const char* (*word)(uint8_t));
 
 // "30,60"
-void publishNumbers(ExtParamInterface* params, const char* key, const Capability<int32_t>& list);
+void publishNumbers(ExtParamInterface* params, const char* key, EntryView<int32_t> list);
 
 // The bytes up to their terminator, or all of them without one.
-void publishText(ExtParamInterface* params, const char* key, const Capability<uint8_t>& text);
+void publishText(ExtParamInterface* params, const char* key, EntryView<uint8_t> text);
 
 // "4000x3000,1920x1080" of width and height in turn; an unpaired last element is dropped.
-android::String8 sizeList(const EntryView<int32_t>& sizes);
+android::String8 sizeList(EntryView<int32_t> sizes);
 
 // What the application now reads under a key; "(null)" when the parameter set refused it.
 const char* published(ExtParamInterface* params, const char* key);

@@ -1,6 +1,7 @@
 // Lists of modes, numbers and sizes.
 #include "CCameraQzParam.h"
 #include "capabilities/Capability.h"
+#include "core/Text.h"
 #include "core/Vocabulary.h"
 
 namespace qz {
@@ -25,12 +26,13 @@ int32_t CCameraQzParam::getSupportedExtScene() {
         LOGI("%s(), extended scene mode is null.", __func__);
         return 0;
     }
-    String8 modes(current);
+    Text modes;
+    modes << current;
     for (size_t i = 0; i < scenes.count(); ++i) {
         const char* mode = extSceneModeEnumToString(scenes[i]);
         if (mode == nullptr) continue;
-        modes.append(mode);
-        if (i + 1 < scenes.count()) modes.append(",");
+        modes << mode;
+        if (i + 1 < scenes.count()) modes << ",";
     }
     mExtParam->set("scene-mode-values", modes.c_str());
     return 0;
@@ -132,8 +134,8 @@ int32_t CCameraQzParam::getSensorBinningSizes() {
     const Capability<int32_t> sizes(mExtParam, CAPABILITY("qz-sensor-binning-sizes-supported"), 0);
     if (sizes.lacks()) LOGI("sensorBinningSizesEntry.count = %zu", sizes.count());
     if (!sizes.holds()) return 0;
-    String8 list;
-    for (const int32_t size : sizes.elements()) list.appendFormat("%d,", size);
+    Text list;
+    for (const int32_t size : sizes.elements()) list << size << ",";
     mExtParam->set("qz-sensor-binning-sizes-supported", list.c_str());
     LOGD("sensor binning sizes supported = %s", published(mExtParam, "qz-sensor-binning-sizes-supported"));
     return 0;

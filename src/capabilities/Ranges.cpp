@@ -4,6 +4,7 @@
 #include "capabilities/Capability.h"
 #include "core/BoundedMemory.h"
 #include "core/Parsers.h"
+#include "core/Text.h"
 
 namespace qz {
 
@@ -11,10 +12,16 @@ namespace {
 
 class Range : public Capability<int32_t> {
   public:
-    Range(ExtParamInterface* params, std::string_view tagName) : Capability(params, tagName, 2) {
-        exactly(2);
-    }
+    Range(ExtParamInterface* params, const char* tagName) : Capability(params, tagName, 2) { exactly(2); }
 };
+
+// Applications have room for 19 characters.
+void publishRange(ExtParamInterface* params, const char* key, const Text& range, const char* getter) {
+    constexpr size_t most = 19;
+    const bool fits = range.size() <= most;
+    if (!fits) LOGE("%s(), snprintf_s failed!", getter);
+    params->set(key, fits ? range.c_str() : "");
+}
 
 }  // namespace
 
@@ -46,11 +53,9 @@ int32_t CCameraQzParam::getSensorExposureTimeRange() {
     char longest[10] = {};
     microSecondToSecond(time[0], shortest, sizeof(shortest));
     microSecondToSecond(time[1], longest, sizeof(longest));
-    char text[20] = {};
-    if (snprintf_s(text, sizeof(text), sizeof(text), "%s,%s", shortest, longest) == -1) {
-        LOGE("%s(), snprintf_s failed!", __func__);
-    }
-    mExtParam->set("qz-sensor-exposure-time-range", text);
+    Text text;
+    text << shortest << "," << longest;
+    publishRange(mExtParam, "qz-sensor-exposure-time-range", text, __func__);
     return 0;
 }
 
@@ -58,11 +63,9 @@ int32_t CCameraQzParam::getSensorWbRange() {
     const Range wb(mExtParam, CAPABILITY("sensorWbRange"));
     if (wb.lacks()) LOGI("wbRangeEntry.count = %zu", wb.count());
     if (!wb.holds()) return 0;
-    char text[20] = {};
-    if (snprintf_s(text, sizeof(text), sizeof(text), "%d,%d", wb[0], wb[1]) == -1) {
-        LOGE("%s(), snprintf_s failed!", __func__);
-    }
-    mExtParam->set("qz-sensor-wb-range", text);
+    Text text;
+    text << wb[0] << "," << wb[1];
+    publishRange(mExtParam, "qz-sensor-wb-range", text, __func__);
     return 0;
 }
 
@@ -70,11 +73,9 @@ int32_t CCameraQzParam::getSensorISORange() {
     const Range iso(mExtParam, CAPABILITY("qz-sensor-iso-range"));
     if (iso.lacks()) LOGI("isoRangeEntry.count = %zu", iso.count());
     if (!iso.holds()) return 0;
-    char text[20] = {};
-    if (snprintf_s(text, sizeof(text), sizeof(text), "%d,%d", iso[0], iso[1]) == -1) {
-        LOGE("%s(), snprintf_s failed!", __func__);
-    }
-    mExtParam->set("qz-sensor-iso-range", text);
+    Text text;
+    text << iso[0] << "," << iso[1];
+    publishRange(mExtParam, "qz-sensor-iso-range", text, __func__);
     return 0;
 }
 
@@ -82,11 +83,9 @@ int32_t CCameraQzParam::getColorEffectRange() {
     const Range effect(mExtParam, CAPABILITY("availbaleEffectRange"));
     if (effect.lacks()) LOGI("effectRange.count = %zu", effect.count());
     if (!effect.holds()) return 0;
-    char text[20] = {};
-    if (snprintf_s(text, sizeof(text), sizeof(text), "(%d,%d)", effect[0], effect[1]) == -1) {
-        LOGE("%s(), snprintf_s failed!", __func__);
-    }
-    mExtParam->set("qz-color-effect-range", text);
+    Text text;
+    text << "(" << effect[0] << "," << effect[1] << ")";
+    publishRange(mExtParam, "qz-color-effect-range", text, __func__);
     return 0;
 }
 

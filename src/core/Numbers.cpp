@@ -13,16 +13,27 @@ namespace {
 constexpr int64_t kMin = std::numeric_limits<int32_t>::min();
 constexpr int64_t kMax = std::numeric_limits<int32_t>::max();
 
+bool isDigit(char c) { return c >= '0' && c <= '9'; }
+
+bool isSpace(char c) { return c == ' ' || (c >= '\t' && c <= '\r'); }
+
 int32_t lowWord(int64_t value) { return static_cast<int32_t>(static_cast<uint32_t>(value)); }
 
 }  // namespace
 
 int32_t parseInt32(const char* text, const char** end) {
-    char* stop = nullptr;
-    errno = 0;
-    const int64_t number = std::strtoll(text, &stop, 10);
-    *end = stop;
-    if (number < kMin || number > kMax) errno = ERANGE;
+    const char* at = text;
+    while (isSpace(*at)) ++at;
+    const bool negative = *at == '-';
+    if (negative || *at == '+') ++at;
+    const char* const digits = at;
+    int64_t number = 0;  // stops growing far outside int32
+    for (; isDigit(*at); ++at) {
+        if (number <= kMax) number = 10 * number + (*at - '0');
+    }
+    if (negative) number = -number;
+    *end = at == digits ? text : at;
+    errno = number < kMin || number > kMax ? ERANGE : 0;
     return static_cast<int32_t>(std::clamp(number, kMin, kMax));
 }
 

@@ -2,6 +2,7 @@
 
 #include "core/BoundedMemory.h"
 #include "core/Numbers.h"
+#include "core/Text.h"
 #include "core/TranslatorLog.h"
 
 #include <utils/Errors.h>
@@ -89,9 +90,15 @@ void parseExposureRational(const char* text, camera_metadata_rational* out) {
 void microSecondToSecond(int32_t us, char* buf, size_t size) {
     // Negative times go the way of the fractions; they are no times, and read so.
     const bool fraction = us != 0 && us < kMicrosecondsPerSecond;
-    const int length = fraction ? snprintf_s(buf, size, size, "1/%d", kMicrosecondsPerSecond / us)
-                                : snprintf_s(buf, size, size, "%d", us / kMicrosecondsPerSecond);
-    if (length == -1) LOGE("%s(), snprintf_s failed!", __func__);
+    Text text;
+    if (fraction) {
+        text << "1/" << kMicrosecondsPerSecond / us;
+    } else {
+        text << us / kMicrosecondsPerSecond;
+    }
+    if (memcpy_s(buf, size, text.c_str(), text.size() + 1) == 0) return;
+    LOGE("%s(), snprintf_s failed!", __func__);
+    if (size > 0) buf[0] = '\0';
 }
 
 }  // namespace qz

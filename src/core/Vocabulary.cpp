@@ -12,8 +12,19 @@ namespace {
 
 constexpr int kUnknown = -1;
 
-template <size_t N>
-int numberOf(const Word (&words)[N], const char* text, int whenNull, int whenUnknown = kUnknown) {
+// A table, and how many words it has.
+struct Words {
+    template <size_t N>
+    Words(const Word (&words)[N]) : first(words), count(N) {}
+
+    const Word* begin() const { return first; }
+    const Word* end() const { return first + count; }
+
+    const Word* first;
+    size_t count;
+};
+
+int numberOf(Words words, const char* text, int whenNull, int whenUnknown = kUnknown) {
     if (text == nullptr) return whenNull;
     for (const Word& word : words) {
         if (strcmp(word.text, text) == 0) return word.number;
@@ -21,9 +32,9 @@ int numberOf(const Word (&words)[N], const char* text, int whenNull, int whenUnk
     return whenUnknown;
 }
 
-// The first word of a number speaks for it.
-template <size_t N>
-const char* textOf(const Word (&words)[N], int number) {
+// The first word of a number speaks for it. Most tables count from 0.
+const char* textOf(Words words, uint8_t number) {
+    if (number < words.count && words.first[number].number == number) return words.first[number].text;
     for (const Word& word : words) {
         if (word.number == number) return word.text;
     }

@@ -1,0 +1,58 @@
+// Numbers and lists as text, without a format to interpret and, as a rule, without memory to ask for.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+#include <string>
+
+namespace qz {
+
+// A number as text.
+class Decimal {
+  public:
+    explicit Decimal(int32_t number);
+
+    const char* c_str() const { return mText + sizeof(mText) - 1 - mLength; }
+    size_t length() const { return mLength; }
+
+  private:
+    char mText[sizeof("-2147483648")];  // the digits at its end
+    size_t mLength;
+};
+
+// A text under construction. As long as it is short, and nearly all are, it takes no memory but its own.
+class Text {
+  public:
+    Text() { mShort[0] = '\0'; }
+
+    Text& append(const char* piece, size_t length) {
+        if (length > mRoom) return appendLong(piece, length);
+        char* const end = mShort + kMostShort - mRoom;
+        memcpy(end, piece, length);
+        end[length] = '\0';
+        mRoom -= length;
+        return *this;
+    }
+
+    Text& operator<<(const char* piece) { return append(piece, strlen(piece)); }
+
+    Text& operator<<(int32_t number) {
+        const Decimal digits(number);
+        return append(digits.c_str(), digits.length());
+    }
+
+    size_t size() const { return mLong.empty() ? kMostShort - mRoom : mLong.size(); }
+    const char* c_str() const { return mLong.empty() ? mShort : mLong.c_str(); }
+
+  private:
+    static constexpr size_t kMostShort = 255;
+
+    Text& appendLong(const char* piece, size_t length);
+
+    char mShort[kMostShort + 1];  // NOLINT(cppcoreguidelines-pro-type-member-init): only the first is read
+    size_t mRoom = kMostShort;    // left in it
+    std::string mLong;
+};
+
+}  // namespace qz
