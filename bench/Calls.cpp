@@ -199,6 +199,7 @@ void Calls::make(Camera& camera, const CameraMetadata& result, CameraMetadata* r
     }
     for (const Lookup& lookup : lookups) {
         const sp<VendorTagDescriptor> tags = VendorTagDescriptor::getGlobalVendorTagDescriptor();
+        tags->getAllSectionNames();
         uint32_t tag = 0;
         tags->lookupTag(String8(lookup.name.c_str()), lookup.section, &tag);
     }

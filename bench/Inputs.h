@@ -7,7 +7,8 @@
 
 namespace qz::bench {
 
-// Flattened: what applications set on any phone, as far as the library does not read it.
+// Flattened: what stands in the parameters of any phone, without what the library reads, and without the
+// scene modes: each capability pass adds to them.
 inline std::string standardKeys() {
     return "preview-size=1920x1080;preview-size-values=1920x1080,1440x1080,1280x720,640x480;"
            "preview-format=yuv420sp;preview-format-values=yuv420sp,yuv420p;preview-frame-rate=30;"
@@ -18,7 +19,7 @@ inline std::string standardKeys() {
            "whitebalance-values=auto,daylight,cloudy-daylight,fluorescent,incandescent;"
            "auto-whitebalance-lock=false;auto-whitebalance-lock-supported=true;effect=none;"
            "effect-values=none,mono,negative,sepia;antibanding=auto;antibanding-values=auto,50hz,60hz,off;"
-           "scene-mode-values=auto,hdr;flash-mode=off;flash-mode-values=off,auto,on,torch;"
+           "flash-mode=off;flash-mode-values=off,auto,on,torch;"
            "focus-mode=continuous-picture;focus-mode-values=auto,infinity,macro,continuous-picture;"
            "max-num-focus-areas=1;max-num-metering-areas=1;focal-length=4.2;horizontal-view-angle=63.1;"
            "vertical-view-angle=49.4;focus-distances=Infinity,Infinity,Infinity;exposure-compensation=0;"
