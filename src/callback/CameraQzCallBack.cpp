@@ -35,8 +35,8 @@ CameraQzCallBack::CameraQzCallBack(ExtCallBackInterface* callBackIntf, CCameraQz
 CameraQzCallBack::~CameraQzCallBack() { LOGI("%s()", __func__); }
 
 status_t CameraQzCallBack::processQzCallBack(const CameraMetadata& result) {
-    // clang-format off
-    callInOrder<
+    using Handler = status_t (CameraQzCallBack::*)(const CameraMetadata&);
+    static constexpr Handler handlers[] = {
         &CameraQzCallBack::checkZslMode,
         &CameraQzCallBack::processTargetTracking,
         &CameraQzCallBack::processFocusVcmValue,
@@ -58,8 +58,9 @@ status_t CameraQzCallBack::processQzCallBack(const CameraMetadata& result) {
         &CameraQzCallBack::processMmiFocusTest,
         &CameraQzCallBack::processOisGryoOffsetCalibResult,
         &CameraQzCallBack::processOisHallCalibResult,
-        &CameraQzCallBack::processOisHallCheckResult>(this, result);
-    // clang-format on
+        &CameraQzCallBack::processOisHallCheckResult,
+    };
+    callInOrder<handlers>(this, result);
     return android::OK;
 }
 

@@ -2,6 +2,7 @@
 
 namespace qz {
 
+// NOLINTNEXTLINE(cppcoreguidelines-pro-type-member-init): what stands before the digits is never read
 Decimal::Decimal(int32_t number) {
     // Unsigned, or the smallest number had no opposite.
     const bool negative = number < 0;

@@ -24,7 +24,9 @@ class Decimal {
 // A text under construction. As long as it is short, and nearly all are, it takes no memory but its own.
 class Text {
   public:
-    Text() { mShort[0] = '\0'; }
+    Text() {  // NOLINT(cppcoreguidelines-pro-type-member-init): the rest is never read
+        mShort[0] = '\0';
+    }
 
     Text& append(const char* piece, size_t length) {
         if (length > mRoom) return appendLong(piece, length);

@@ -2,6 +2,7 @@
 
 #include <gmock/gmock.h>
 
+#include <initializer_list>
 #include <limits>
 
 namespace qz::test {
@@ -9,8 +10,8 @@ namespace {
 
 // Around the length at which a text outgrows its own memory.
 TEST(Text, AnyLength) {
-    for (const size_t first : {0, 1, 254, 255, 256, 700}) {
-        for (const size_t second : {0, 1, 2, 300}) {
+    for (const size_t first : std::initializer_list<size_t>{0, 1, 254, 255, 256, 700}) {
+        for (const size_t second : std::initializer_list<size_t>{0, 1, 2, 300}) {
             const std::string pieces[] = {std::string(first, 'a'), std::string(second, 'b'), "", "c"};
             Text text;
             std::string expected;
