@@ -47,9 +47,4 @@ String8 sizeList(EntryView<int32_t> sizes) {
     return String8(list.c_str(), list.size());
 }
 
-const char* published(ExtParamInterface* params, const char* key) {
-    const char* value = params->get(key);
-    return value != nullptr ? value : "(null)";
-}
-
 }  // namespace qz

@@ -71,6 +71,9 @@ void publishText(ExtParamInterface* params, const char* key, EntryView<uint8_t> 
 android::String8 sizeList(EntryView<int32_t> sizes);
 
 // What the application now reads under a key; "(null)" when the parameter set refused it.
-const char* published(ExtParamInterface* params, const char* key);
+inline const char* published(ExtParamInterface* params, const char* key) {
+    const char* value = params->get(key);
+    return value != nullptr ? value : "(null)";
+}
 
 }  // namespace qz
