@@ -136,7 +136,8 @@ Form CapabilitySurvey::formOf(const CapabilityFact& fact) {
 
 std::string effectOf(const PublishTrace& trace) {
     std::string effect;
-    for (const auto& [key, value] : trace.published) effect.append(key).append("=").append(value).append("\n");
+    for (const auto& [key, value] : trace.published)
+        effect.append(key).append("=").append(value).append("\n");
     for (const LogEvent& line : trace.log) effect += withoutNumbers(line.text) + "\n";
     for (const std::string& tag : trace.statics) effect += tag + "\n";
     return effect;

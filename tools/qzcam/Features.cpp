@@ -9,8 +9,8 @@ namespace qzcam {
 namespace {
 
 struct Feature {
-    const char* name;
-    std::initializer_list<std::string_view> words;
+    const char* name = nullptr;
+    std::initializer_list<std::string_view> words = {};
 };
 
 // The first one that has a word of the name; the words are as the vendor spells them. What serves a factory

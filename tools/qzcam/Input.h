@@ -32,7 +32,7 @@ bool applyProperties(const std::string& path);
 // used.
 struct DeviceInput {
     Device device;
-    bool whole;
+    bool whole = false;
 };
 
 // Nothing, and a message, when there is no camera to be had from it.
