@@ -85,7 +85,7 @@ class ShellTool : public RunTool {
         return status;
     }
 
-    const std::string mState = testing::TempDir() + "qzcam-state";
+    const std::string mState = temporary("state");
 };
 
 TEST_F(ShellTool, CompletesDropsRecallsAndLeaves) {

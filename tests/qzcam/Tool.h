@@ -4,6 +4,7 @@
 #include "Cli.h"
 
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <cstdio>
 #include <fstream>
@@ -15,9 +16,13 @@ namespace qzcam {
 class RunTool : public testing::Test {
   public:
     std::string file(const std::string& name, const std::string& text) {
-        mPaths.push_back(testing::TempDir() + "qzcam-" + name);
+        mPaths.push_back(temporary(name));
         std::ofstream(mPaths.back(), std::ios::binary) << text;
         return mPaths.back();
+    }
+    // Tests run beside each other, each in a process of its own.
+    static std::string temporary(const std::string& name) {
+        return testing::TempDir() + "qzcam-" + std::to_string(getpid()) + "-" + name;
     }
     void TearDown() override {
         for (const std::string& path : mPaths) static_cast<void>(std::remove(path.c_str()));

@@ -6,6 +6,7 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <numeric>
 #include <set>
 
 namespace qzcam {
@@ -27,8 +28,8 @@ std::set<std::string> errorsIn(const PublishTrace& trace) {
 
 // Every number that is no unknown one. The library names those in its error lines, at their end.
 std::vector<Mapping> wordsOf(Probe& probe, const CapabilityFact& fact) {
-    std::vector<int32_t> numbers;
-    for (int32_t number = 0; number < kByteNumbers; ++number) numbers.push_back(number);
+    std::vector<int32_t> numbers(kByteNumbers);
+    std::iota(numbers.begin(), numbers.end(), 0);
     const PublishTrace trace = publishWith(probe, fact, valuesOf(TYPE_BYTE, numbers));
     const std::set<std::string> usual = errorsIn(publishWithout(probe, fact));
     std::set<std::string> unknown;
