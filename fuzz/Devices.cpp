@@ -13,6 +13,7 @@
 #include <algorithm>
 #include <array>
 #include <iterator>
+#include <optional>
 #include <set>
 
 namespace qz::fuzz {
@@ -29,6 +30,14 @@ uint32_t mixed(uint32_t a, uint32_t b) {
     uint32_t hash = (a + 1) * 0x9E3779B1U ^ (b + 1) * 0x85EBCA6BU;
     hash ^= hash >> 15;
     return hash * 0xC2B2AE35U >> 8;
+}
+
+const qzcam::Device& builtIn() {
+    static const qzcam::Device device = [] {
+        qzcam::Problems problems("built-in device");
+        return qzcam::parseDump(qzcam::builtInDevice(), "built-in device", "", problems);
+    }();
+    return device;
 }
 
 qzcam::Device deviceOf(uint8_t choice) {
@@ -168,13 +177,7 @@ void write(CameraMetadata& metadata, uint32_t tag, uint8_t type, const std::stri
 
 }  // namespace
 
-const std::vector<qzcam::Tag>& vendorTags() {
-    static const std::vector<qzcam::Tag> tags = [] {
-        qzcam::Problems problems("built-in device");
-        return qzcam::parseDump(qzcam::builtInDevice(), "built-in device", "", problems).vendorTags;
-    }();
-    return tags;
-}
+const std::vector<qzcam::Tag>& vendorTags() { return builtIn().vendorTags; }
 
 void declare(uint8_t choice) {
     static std::array<sp<VendorTagDescriptor>, 256> descriptors;
@@ -244,6 +247,18 @@ CameraMetadata metadataFrom(Input& input, const Tags& tags) {
     CameraMetadata metadata;
     for (size_t count = input.below(32); count > 0; --count) addEntry(input, tagFrom(input, tags), metadata);
     return metadata;
+}
+
+CameraMetadata deviceFrom(Input& input) {
+    static std::array<std::optional<CameraMetadata>, 256> ofBuiltIn;
+    const uint8_t choice = input.number();
+    declare(choice);
+    const bool none = input.flag();
+    std::optional<CameraMetadata>& known = ofBuiltIn.at(choice);
+    if (!none && !known) known = qzcam::staticCharacteristics(builtIn());
+    CameraMetadata characteristics = none ? CameraMetadata() : *known;
+    characteristics.append(metadataFrom(input, capabilityTags()));
+    return characteristics;
 }
 
 void requireSound(const CameraMetadata& metadata) {

@@ -40,6 +40,10 @@ uint32_t tagFrom(Input& input, const std::vector<uint32_t>& tags);
 void addEntry(Input& input, uint32_t tag, android::CameraMetadata& metadata);
 android::CameraMetadata metadataFrom(Input& input, const std::vector<uint32_t>& tags);
 
+// Declares the tags, and gives a camera's static characteristics: those of the built-in device, as far as the
+// declared types take them, or none; and other entries.
+android::CameraMetadata deviceFrom(Input& input);
+
 // The buffer is sound, no tag stands twice, and every entry has its tag's type.
 void requireSound(const android::CameraMetadata& metadata);
 

@@ -8,7 +8,7 @@
 #include <fcntl.h>
 #include <system/graphics.h>
 
-#include <cstring>
+#include <algorithm>
 
 namespace qz::fuzz {
 
@@ -44,24 +44,40 @@ void resetLevel(QzPerformEx& inspection) {
     inspection.checkRequest(none, false);
 }
 
-bool lists(const CameraMetadata& info, const char* list, int32_t width, int32_t height) {
-    const uint32_t tag = QzName2Tag::getInstance()->vendorTagFromName(list);
-    const camera_metadata_ro_entry entry = info.find(tag);
-    if (entry.count == 0 || entry.type != TYPE_INT32) return false;
-    for (size_t i = 1; i < entry.count; i += 2) {
-        if (entry.data.i32[i - 1] == width && entry.data.i32[i] == height) return true;
+// The elements of both lists of sizes, one list after the other.
+std::vector<std::vector<int32_t>> sizeLists(const CameraMetadata& info) {
+    std::vector<std::vector<int32_t>> lists;
+    for (const char* list : kSizeLists) {
+        const camera_metadata_ro_entry entry = info.find(QzName2Tag::getInstance()->vendorTagFromName(list));
+        if (entry.count == 0 || entry.type != TYPE_INT32) continue;
+        lists.emplace_back(entry.data.i32, entry.data.i32 + entry.count);
+    }
+    return lists;
+}
+
+bool isListed(const std::vector<int32_t>& sizes, int32_t width, int32_t height) {
+    for (size_t i = 1; i < sizes.size(); i += 2) {
+        if (sizes[i - 1] == width && sizes[i] == height) return true;
     }
     return false;
 }
 
+// One of a list's numbers, since no other would be found in it, or any.
+int32_t sideFrom(Input& input, const std::vector<std::vector<int32_t>>& lists, int32_t panorama) {
+    const size_t choice = input.below(8);
+    if (choice == 0) return panorama;
+    return choice == 1 || lists.empty() ? input.number<int32_t>() : input.oneOf(input.oneOf(lists));
+}
+
 void skip(Input& input, QzPerformEx& inspection, const CameraMetadata* info) {
-    const bool panorama = input.below(8) == 0;
-    int32_t width = panorama ? 3264 : input.number<int8_t>();
-    int32_t height = panorama ? 2448 : input.number<int8_t>();
+    const auto lists = info != nullptr ? sizeLists(*info) : std::vector<std::vector<int32_t>>();
+    const int32_t width = sideFrom(input, lists, 3264);
+    const int32_t height = sideFrom(input, lists, 2448);
     const int32_t format = input.flag() ? HAL_PIXEL_FORMAT_YCbCr_420_888 : input.number<int32_t>();
-    bool expected = width == 3264 && height == 2448 && format == HAL_PIXEL_FORMAT_YCbCr_420_888;
-    for (const char* list : kSizeLists) expected |= info != nullptr && lists(*info, list, width, height);
-    require(inspection.skipRoundBuffer(width, height, format) == expected,
+    const bool panorama = width == 3264 && height == 2448 && format == HAL_PIXEL_FORMAT_YCbCr_420_888;
+    const bool listed = std::any_of(lists.begin(), lists.end(),
+                                    [&](const auto& list) { return isListed(list, width, height); });
+    require(inspection.skipRoundBuffer(width, height, format) == (panorama || listed),
             "listed sizes are skipped, no others");
 }
 
@@ -92,7 +108,8 @@ void execute(Input& input) {
     resetLevel(*inspection);
     std::vector<uint32_t> lists;
     for (const char* list : kSizeLists) lists.push_back(QzName2Tag::getInstance()->vendorTagFromName(list));
-    const CameraMetadata info = metadataFrom(input, lists);
+    CameraMetadata info = metadataFrom(input, {});
+    for (const uint32_t list : lists) addEntry(input, list, info);
     const bool hasInfo = input.flag();
     while (!input.atEnd()) {
         setProperties(input);

@@ -68,9 +68,8 @@ void step(Input& input, ExactCamera& camera) {
 
 void execute(Input& input) {
     parameterKeys();
-    declare(input.number());
     ExactCamera camera(input.number<int8_t>());
-    camera.info = metadataFrom(input, capabilityTags());
+    camera.info = deviceFrom(input);
     for (int steps = 0; steps < 64 && !input.atEnd(); ++steps) step(input, camera);
     pass(camera);
     askAll(input, camera);
