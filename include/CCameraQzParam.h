@@ -90,7 +90,7 @@ class CCameraQzParam : public virtual android::RefBase {
     // Setters: one application parameter each, into one request. 0, -22 without a request, or the status of a
     // refused update. Grouped by the source that holds them; the pass has their order.
     using Setter = status_t (CCameraQzParam::*)(CameraMetadata* metaData);
-    static const Setter sRequestPass[113];  // core/RequestPass.cpp
+    static const Setter sRequestPass[];  // core/RequestPass.cpp
 
     // request/ImageSetters.cpp
     status_t setIso(CameraMetadata* metaData);
@@ -221,7 +221,7 @@ class CCameraQzParam : public virtual android::RefBase {
 
     // Getters: one static capability each, into parameters or a member. Always 0.
     using Getter = int32_t (CCameraQzParam::*)();
-    static const Getter sCapabilityPass[79];  // capabilities/CapabilityPass.cpp
+    static const Getter sCapabilityPass[];  // capabilities/CapabilityPass.cpp
 
     // capabilities/ImageQuality.cpp
     int32_t getSupportedIso();
