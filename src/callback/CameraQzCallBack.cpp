@@ -60,7 +60,7 @@ status_t CameraQzCallBack::processQzCallBack(const CameraMetadata& result) {
         &CameraQzCallBack::processOisHallCalibResult,
         &CameraQzCallBack::processOisHallCheckResult,
     };
-    callInOrder<handlers>(this, result);
+    callInOrder<handlers>(placesOf(handlers), this, result);
     return android::OK;
 }
 

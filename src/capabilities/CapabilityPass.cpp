@@ -86,7 +86,7 @@ constexpr CCameraQzParam::Getter CCameraQzParam::sCapabilityPass[] = {
 };
 
 int32_t CCameraQzParam::metaDataToParam() {
-    callInOrder<sCapabilityPass>(this);
+    callInOrder<sCapabilityPass>(placesOf(sCapabilityPass), this);
     return 0;
 }
 

@@ -2,24 +2,24 @@
 #pragma once
 
 #include <cstddef>
-#include <iterator>
 #include <utility>
 
 namespace qz {
 
-template <const auto& steps, size_t... places, typename Object, typename... Arguments>
-void callEach(std::index_sequence<places...> /*all*/, Object* object, Arguments&... arguments) {
-    (static_cast<void>((object->*steps[places])(arguments...)), ...);
+template <typename Step, size_t count>
+std::make_index_sequence<count> placesOf(const Step (&/*steps*/)[count]) {
+    return {};
 }
 
-// `steps` is a constant array of member functions. Compilers call each by its name instead of loading it from
-// there, except where size is what counts.
-template <const auto& steps, typename Object, typename... Arguments>
-void callInOrder(Object* object, Arguments&... arguments) {
+// `steps` begins a constant array of member functions. Compilers call each by its name instead of loading it
+// from there, except where size is what counts. Its places come with it, since clang 14 cannot count the
+// elements of an array whose declaration has no length.
+template <const auto* steps, size_t... places, typename Object, typename... Arguments>
+void callInOrder(std::index_sequence<places...> /*all*/, Object* object, Arguments&... arguments) {
 #ifdef __OPTIMIZE_SIZE__
-    for (const auto step : steps) (object->*step)(arguments...);
+    for (const size_t place : {places...}) (object->*steps[place])(arguments...);
 #else
-    callEach<steps>(std::make_index_sequence<std::size(steps)>(), object, arguments...);
+    (static_cast<void>((object->*steps[places])(arguments...)), ...);
 #endif
 }
 

@@ -127,7 +127,7 @@ status_t CCameraQzParam::paramToMetaData(CameraMetadata* metaData) {
         LOGE("%s(%d) Invalid metadata!", __func__, 84);
         return android::BAD_VALUE;
     }
-    callInOrder<sRequestPass>(this, metaData);
+    callInOrder<sRequestPass>(placesOf(sRequestPass), this, metaData);
     return android::OK;
 }
 
