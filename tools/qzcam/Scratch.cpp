@@ -31,7 +31,7 @@ void replaceAll(android::CameraParameters2& parameters, const Texts& texts) {
 
 // Without any vendor tag the resolver would not get as far as saying which name it looks for.
 Scratch::Scratch(const Device& device, const android::CameraMetadata& characteristics)
-    : mCharacteristics(characteristics), mNextTag(CAMERA_METADATA_VENDOR_TAG_BOUNDARY) {
+    : mCharacteristics(characteristics) {
     mDevice.vendorTags = device.vendorTags;
     for (const Tag& tag : device.vendorTags) mNextTag = std::max(mNextTag, tag.id + 1);
     mDevice.hasVendorTags = true;

@@ -43,7 +43,7 @@ class Scratch {
 
     Device mDevice;  // grows
     const android::CameraMetadata& mCharacteristics;
-    uint32_t mNextTag;
+    uint32_t mNextTag = CAMERA_METADATA_VENDOR_TAG_BOUNDARY;
     std::map<std::string, uint32_t> mAdded;
     android::sp<android::VendorTagDescriptor> mDescriptor;
 };
