@@ -80,6 +80,7 @@ class Shell {
 
 std::vector<CommandForm> shellForms() {
     std::vector<CommandForm> forms;
+    forms.reserve(kShellCommands.size());
     for (const ShellCommand& command : kShellCommands) forms.push_back({command.name, command.arguments});
     return forms;
 }
