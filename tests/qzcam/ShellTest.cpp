@@ -3,6 +3,7 @@
 
 #include <pty.h>
 #include <sys/wait.h>
+#include <termios.h>
 #include <unistd.h>
 
 #include <gmock/gmock.h>
@@ -38,8 +39,15 @@ class Terminal {
     Terminal(const Terminal&) = delete;
     Terminal& operator=(const Terminal&) = delete;
 
+    // The prompt is there a moment before the terminal listens to single keys.
+    void waitUntilItListens() const {
+        termios mode{};
+        for (int i = 0; i < 10000 && tcgetattr(mFile, &mode) == 0 && (mode.c_lflag & ICANON) != 0; ++i)
+            usleep(1000);
+    }
     // Types, and returns what is on the screen since, up to the text that is waited for.
     std::string type(const std::string& keys, const std::string& until) {
+        if (!keys.empty()) waitUntilItListens();
         EXPECT_EQ(write(mFile, keys.data(), keys.size()), static_cast<ssize_t>(keys.size()));
         std::string shown;
         while (shown.find(until) == std::string::npos) {

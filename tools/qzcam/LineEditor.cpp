@@ -53,6 +53,19 @@ std::string columns(const std::vector<std::string>& texts, size_t width) {
     return text;
 }
 
+// The prompt stands before its terminal listens to single keys: whoever holds Ctrl-C down must not end the
+// program.
+class InterruptsIgnored {
+  public:
+    InterruptsIgnored() : mBefore(std::signal(SIGINT, SIG_IGN)) {}
+    ~InterruptsIgnored() { std::signal(SIGINT, mBefore); }
+    InterruptsIgnored(const InterruptsIgnored&) = delete;
+    InterruptsIgnored& operator=(const InterruptsIgnored&) = delete;
+
+  private:
+    void (*mBefore)(int);
+};
+
 }  // namespace
 
 std::string historyFile() {
@@ -118,6 +131,7 @@ void LineEditor::bindKeys() {
 }
 
 std::optional<std::string> LineEditor::line() {
+    const InterruptsIgnored ignored;
     for (;;) {
         mDropped = false;
         int size = 0;

@@ -126,7 +126,7 @@ std::string misunderstanding(Influence& influence, const std::string& key) {
         return whole ? "" : fmt::format("{} is no number; read as {}", excerpt(value), number);
     }
     const TraceStep* update = firstOwnUpdate(influence, key);
-    if (!update || influence.with(key, kMeaningless) != influence.steps()) return {};
+    if (update == nullptr || influence.with(key, kMeaningless) != influence.steps()) return {};
     const auto numbers = numbersIn(value);
     const auto written = numbersOf(update->values);
     const bool same = !numbers.empty() && numbers.size() <= written.size() &&
