@@ -195,7 +195,7 @@ bool Request::stoppedByAbsence(VerdictRow& row) {
             last = &step;
         }
     }
-    const bool looksFurther = last && (last->kind == Kind::Read || last->kind == Kind::Static);
+    const bool looksFurther = last != nullptr && (last->kind == Kind::Read || last->kind == Kind::Static);
     if (!looksFurther || last->present) return false;
     row.verdict = Verdict::GateClosed;
     row.reason = last->kind == Kind::Read ? fmt::format("{} is not set", last->name)
