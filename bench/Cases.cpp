@@ -145,13 +145,16 @@ Case inspectionCase(const std::shared_ptr<Device>& device) {
 std::vector<Case> markedCases() {
     const auto device = built(builtIn());
     return {
-        against("request, no key set", device, standardKeys(), request).marked(1.05).withoutAllocation(),
-        against("request, every key set", device, standardKeys() + ";" + everyKey(), request).marked(1.05),
-        against("capabilities", device, standardKeys(), capabilities).marked(1.10),
-        against("result, no entry", device, kProfessional, results({CameraMetadata()}))
-            .marked(1.05)
+        against("request, no key set", device, standardKeys(), request)
+            .marked(1.05, 1.15)
             .withoutAllocation(),
-        resultCase("result, every entry", device).marked(1.10),
+        against("request, every key set", device, standardKeys() + ";" + everyKey(), request)
+            .marked(1.05, 1.12),
+        against("capabilities", device, standardKeys(), capabilities).marked(1.10, 1.13),
+        against("result, no entry", device, kProfessional, results({CameraMetadata()}))
+            .marked(1.05, 1.12)
+            .withoutAllocation(),
+        resultCase("result, every entry", device).marked(1.10, 1.10),
         inspectionCase(device).withoutAllocation(),
     };
 }

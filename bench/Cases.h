@@ -12,11 +12,13 @@ struct Case {
     std::function<void()> prepare;  // before either side, whenever another case has run
     std::function<void()> floor;
     std::function<void()> library;
-    double mark = 0;                // instructions of the library for one of the floor, at most; 0: no mark
+    double mark = 0;   // instructions of the library for one of the floor: what is aimed at, or 0
+    double limit = 0;  // and what must not be exceeded, a little above what is reached; 0: none
     bool allocatesNothing = false;  // beyond what the floor does
 
-    Case marked(double most) && {
-        mark = most;
+    Case marked(double aim, double most) && {
+        mark = aim;
+        limit = most;
         return std::move(*this);
     }
     Case withoutAllocation() && {

@@ -13,7 +13,7 @@ PLATFORM = re.compile(
     r"|android::VendorTagDescriptor::(lookupTag|getGlobal|getAllSectionNames)"
     r"|android::CameraMetadata::(find|update)\(|property_get$|__android_log_print$|android::String16::String16)")
 
-Case = collections.namedtuple("Case", "name mark no_allocation allocations floor library")
+Case = collections.namedtuple("Case", "name mark limit no_allocation allocations floor library")
 
 
 class Side:
@@ -47,9 +47,9 @@ def measure(program=PROGRAM):
             check=True, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, text=True).stdout
         cases = []
         for index, line in enumerate(output.splitlines()):
-            name, mark, no_allocation, *allocations = line.split("|")
+            name, mark, limit, no_allocation, *allocations = line.split("|")
             sides = [Side(f"{folder}/out.{2 * index + part}") for part in (1, 2)]
-            cases.append(Case(name, float(mark), no_allocation == "1", [int(a) for a in allocations], *sides))
+            cases.append(Case(name, float(mark), float(limit), no_allocation == "1", [int(a) for a in allocations], *sides))
     return cases
 
 

@@ -71,8 +71,9 @@ void countAll(const std::vector<Case>& cases) {
         measured.prepare();
         count(measured.floor);
         count(measured.library);
-        std::printf("%s|%.2f|%d|%zu|%zu\n", measured.name.c_str(), measured.mark, measured.allocatesNothing,
-                    allocationsOf(measured.floor), allocationsOf(measured.library));
+        std::printf("%s|%.2f|%.2f|%d|%zu|%zu\n", measured.name.c_str(), measured.mark, measured.limit,
+                    measured.allocatesNothing, allocationsOf(measured.floor),
+                    allocationsOf(measured.library));
     }
 }
 
