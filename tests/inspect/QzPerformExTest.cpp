@@ -275,6 +275,9 @@ TEST_F(QzPerformExTest, TellsWhyItSkipsOrNot) {
                   malformed + mLists[1].first +
                   "' (0x80000001):Expected between 2 and 0 values, but got 1 values\n"
                   "4 isCustomizedSize(), size(640 x 480) doesn't belong to 0x80000001\n");
+    setLevel("0");
+    EXPECT_EQ(skipRound(640, 480), "kept\n") << "silent about missing and malformed entries too";
+    setLevel("1");
     setInfo(0x80000000, {640, 480});
     EXPECT_EQ(skipRound(640, 480),
               "skipped" + size + search + "4 isCustomizedSize(), size(640 x 480) belongs to 0x80000000\n");
