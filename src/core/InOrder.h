@@ -17,7 +17,7 @@ std::make_index_sequence<count> placesOf(const Step (&/*steps*/)[count]) {
 template <const auto* steps, size_t... places, typename Object, typename... Arguments>
 void callInOrder(std::index_sequence<places...> /*all*/, Object* object, Arguments&... arguments) {
 #ifdef __OPTIMIZE_SIZE__
-    for (const size_t place : {places...}) (object->*steps[place])(arguments...);
+    for (size_t place = 0; place < sizeof...(places); ++place) (object->*steps[place])(arguments...);
 #else
     (static_cast<void>((object->*steps[places])(arguments...)), ...);
 #endif
