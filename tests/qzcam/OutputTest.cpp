@@ -185,6 +185,7 @@ TEST(ParameterText, ReadsBothForms) {
         {cut.substr(0, 253) + "\n\ta: 1\n", {"long=" + std::string(246, 'x'), "a=1"}, 0, 0},
         {cut + "\ta: 1\n", {"a=1"}, 1, 0},
         {"a=1;b;=2", {"a=1"}, 0, 2},
+        {std::string("a=1\nb\0c=2\n\0: d", 15), {"a=1"}, 0, 2},
     };
     for (const auto& row : kRows) {
         Problems problems("p");

@@ -76,6 +76,9 @@ TEST(Session, NamesTheLineOfWhatIsWrong) {
         ASSERT_EQ(problems.count(), 1U) << row.text;
         EXPECT_THAT(problems.first().front(), HasSubstr(row.problem)) << row.text;
     }
+    Problems notText("s");
+    parse(std::string("open 0\nset a\0b=1", 16), notText);
+    EXPECT_THAT(notText.first().front(), HasSubstr("s:2: expected no NUL bytes, not 'set a?b=1'"));
     Problems tooLong("s");
     parse("setprop camera.x " + std::string(92, 'x'), tooLong);
     EXPECT_THAT(tooLong.first().front(), HasSubstr("s:1: expected a value of at most 91 characters"));

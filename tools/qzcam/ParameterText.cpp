@@ -56,7 +56,9 @@ ParameterText parseParameters(std::string_view text, Problems& problems) {
     Lines lines(text);
     for (std::string_view line; lines.next(line);) {
         if (trimmed(line).empty()) continue;
-        if (isDumped(line)) {
+        if (holdsNul(line)) {
+            problems.add(lines.number(), fmt::format("expected no NUL bytes, not {}", excerpt(line)));
+        } else if (isDumped(line)) {
             addDumped(line, lines.number(), found);
         } else {
             addFlattened(line, lines.number(), found, problems);

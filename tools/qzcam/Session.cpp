@@ -57,6 +57,10 @@ bool needsCamera(CommandId id) {
 
 std::optional<Command> SessionReader::line(size_t number, std::string_view text, Problems& problems) {
     text = trimmed(text);
+    if (holdsNul(text)) {
+        problems.add(number, fmt::format("expected no NUL bytes, not {}", excerpt(text)));
+        return std::nullopt;
+    }
     std::vector<Word> words;
     if (!splitWords(text, words)) {
         problems.add(number, "expected '\"' at the end of the quoted text");

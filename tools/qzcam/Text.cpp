@@ -39,6 +39,8 @@ std::vector<std::string_view> split(std::string_view text, char separator) {
     }
 }
 
+bool holdsNul(std::string_view text) { return text.find('\0') != std::string_view::npos; }
+
 std::string_view takeWord(std::string_view& text) {
     const size_t begin = std::min(text.find_first_not_of(kBlanks), text.size());
     const size_t end = std::min(text.find_first_of(kBlanks, begin), text.size());

@@ -22,6 +22,9 @@ std::string_view takeWord(std::string_view& text);
 // What a message shows of a line: quoted, not too long, bytes that do not print as '?'.
 std::string excerpt(std::string_view text);
 
+// Whether a C string of the text would end before it does.
+bool holdsNul(std::string_view text);
+
 // The whole text as a number: decimal, or hexadecimal behind 0x.
 std::optional<int64_t> parseInteger(std::string_view text);
 
