@@ -65,15 +65,16 @@ TEST(CapabilityPass, CountsWhatItCannotUse) {
 
 TEST(CapabilityPass, NeverHearsOfAFailure) {
     const std::vector<int32_t> zeros(getters().size() - 1, 0);  // super resolution and its sizes share one
-    FullDevice right;
-    FullDevice wrong(false);
-    Device undeclared({});
-    for (Device* device : std::initializer_list<Device*>{&right, &wrong, &undeclared}) {
-        CCameraQzParam& translator = *device->host->mCameraQzParam;
+    const auto hearsOfNone = [&zeros](Device&& device) {
+        CCameraQzParam& translator = *device.host->mCameraQzParam;
         EXPECT_EQ(TestPeer::statuses(translator, zeros.size()), zeros);
-        device->host->entries.clear();
+        device.host->entries.clear();
         EXPECT_EQ(TestPeer::statuses(translator, zeros.size()), zeros);
-    }
+    };
+    // One after the other: a process has one set of vendor tags.
+    hearsOfNone(FullDevice());
+    hearsOfNone(FullDevice(false));
+    hearsOfNone(Device({}));
 }
 
 TEST(CapabilityPass, HasOneKeyForADeviceThatSaysNothing) {
