@@ -48,6 +48,9 @@ TEST(Numbers, Have32Bits) {
         EXPECT_EQ(parseInt32(row[0].c_str()), std::stoll(row[1])) << row[0];
         EXPECT_EQ(parseUint32(row[0].c_str()), std::stoll(row[2])) << row[0];
     }
+    EXPECT_EQ(parseInt32(" \t\n\v\f\r-42\t"), -42);
+    EXPECT_EQ(parseInt32("\b42"), 0);
+    EXPECT_EQ(parseInt32("- 42"), 0);
     EXPECT_EQ(wrapMultiply(3000, 1000000), -1294967296);
     EXPECT_EQ(wrapAdd(INT32_MAX, 1), INT32_MIN);
     EXPECT_EQ(wrapDivide(INT32_MIN, -1), INT32_MIN);
