@@ -46,7 +46,8 @@ void execute(Input& input) {
     qzcam::Problems problems("session");
     const qzcam::Session session = qzcam::parseSession(input.rest(), "session", problems);
     require(problems.count() >= problems.first().size(), "the first problems are problems");
-    qzcam::checkAgainstDevice(session, qzcam::TagNames(device().vendorTags), problems);
+    static const qzcam::TagNames names(device().vendorTags);
+    qzcam::checkAgainstDevice(session, names, problems);
     if (problems.empty() && session.commands.size() <= mostPlayed) play(session);
 }
 

@@ -93,7 +93,7 @@ Explainer::Explainer(const Device& device)
 Explainer::~Explainer() { android::VendorTagDescriptor::clearGlobalVendorTagDescriptor(); }
 
 std::optional<Explanation> Explainer::explain(const std::string& key, const Texts& given) {
-    const ParameterFact* fact = mVerdicts.survey().parameter(key);
+    const ParameterFact* fact = VerdictFinder::survey().parameter(key);
     if (!fact) return std::nullopt;
     Explanation found;
     found.key = key;
@@ -208,7 +208,7 @@ void Explainer::addChoices(Explanation& found) const {
 }
 
 std::vector<std::string> Explainer::similarKeys(const std::string& key) {
-    return qzcam::similarKeys(mVerdicts.survey(), key);
+    return qzcam::similarKeys(VerdictFinder::survey(), key);
 }
 
 }  // namespace qzcam

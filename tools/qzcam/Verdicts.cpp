@@ -138,10 +138,10 @@ std::string Request::whyNotReached(const std::string& key, size_t step) {
 }
 
 void Request::explainUnread(VerdictRow& row) {
-    const ParameterFact* fact = mFinder.survey().parameter(row.key);
+    const ParameterFact* fact = VerdictFinder::survey().parameter(row.key);
     if (!fact) {
         row.verdict = Verdict::Unread;
-        const auto similar = similarKeys(mFinder.survey(), row.key);
+        const auto similar = similarKeys(VerdictFinder::survey(), row.key);
         if (!similar.empty()) row.reason = fmt::format("perhaps {} is meant", fmt::join(similar, " or "));
         return;
     }
@@ -232,12 +232,13 @@ std::vector<VerdictRow> VerdictFinder::find(const Trace& actual, const std::vect
 }
 
 const Survey& VerdictFinder::survey() {
-    if (!mSurvey) {
-        mSurvey.emplace();
+    static const Survey survey = [] {
+        Survey found;
         Probe probe;
-        surveyRequests(probe, *mSurvey, Depth::Values);
-    }
-    return *mSurvey;
+        surveyRequests(probe, found, Depth::Values);
+        return found;
+    }();
+    return survey;
 }
 
 }  // namespace qzcam

@@ -10,7 +10,6 @@
 #include "Scratch.h"
 #include "Survey.h"
 
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -26,8 +25,9 @@ class VerdictFinder {
     std::vector<VerdictRow> find(const Trace& actual, const std::vector<std::string>& keys,
                                  const Texts& parameters, const Circumstances& circumstances);
 
-    // What the library knows about parameters at large; takes a moment when it is wanted first.
-    const Survey& survey();
+    // What the library knows about parameters at large, on whatever device; takes a moment when it is wanted
+    // first.
+    static const Survey& survey();
 
     Scratch& scratch() { return mScratch; }
     const TagNames& names() const { return mNames; }
@@ -35,7 +35,6 @@ class VerdictFinder {
   private:
     const TagNames& mNames;
     Scratch mScratch;
-    std::optional<Survey> mSurvey;
 };
 
 }  // namespace qzcam
