@@ -146,15 +146,15 @@ std::vector<Case> markedCases() {
     const auto device = built(builtIn());
     return {
         against("request, no key set", device, standardKeys(), request)
-            .marked(1.05, 1.15)
+            .marked(1.05, 1.05)
             .withoutAllocation(),
         against("request, every key set", device, standardKeys() + ";" + everyKey(), request)
-            .marked(1.05, 1.12),
-        against("capabilities", device, standardKeys(), capabilities).marked(1.10, 1.13),
+            .marked(1.05, 1.06),
+        against("capabilities", device, standardKeys(), capabilities).marked(1.10, 1.10),
         against("result, no entry", device, kProfessional, results({CameraMetadata()}))
-            .marked(1.05, 1.12)
+            .marked(1.05, 1.05)
             .withoutAllocation(),
-        resultCase("result, every entry", device).marked(1.10, 1.10),
+        resultCase("result, every entry", device).marked(1.10, 1.05),
         inspectionCase(device).withoutAllocation(),
     };
 }

@@ -1,11 +1,11 @@
-"""Runs build/release/bench/cost under callgrind: instructions and platform calls of each case, side by side."""
+"""Runs build/bench/bench/cost under callgrind: instructions and platform calls of each case, side by side."""
 import collections
 import os
 import re
 import subprocess
 import tempfile
 
-PROGRAM = os.path.join(os.path.dirname(os.path.abspath(__file__)), "../build/release/bench/cost")
+PROGRAM = os.path.join(os.path.dirname(os.path.abspath(__file__)), "../build/bench/bench/cost")
 
 # Calls that both sides must make equally often.
 PLATFORM = re.compile(

@@ -14,6 +14,8 @@
 #include <climits>
 #include <cmath>
 #include <cstdio>
+#include <cstdlib>
+#include <cstring>
 #include <memory>
 #include <vector>
 
@@ -141,7 +143,21 @@ void tuples(Input& input) {
     require(std::equal(reals.begin(), reals.end(), expected.begin(), same), "and of the same value");
 }
 
+// The nearest number that there is, to the bit.
+void reals(const char* text) {
+    const char* end = nullptr;
+    char* expectedEnd = nullptr;
+    const auto same = [&](auto number, auto expected) {
+        require(memcmp(&number, &expected, sizeof(number)) == 0 && end == expectedEnd, "reads real numbers");
+    };
+    const float shorter = parseFloat(text, &end);
+    same(shorter, std::strtof(text, &expectedEnd));
+    const double longer = parseDouble(text, &end);
+    same(longer, std::strtod(text, &expectedEnd));
+}
+
 void exposure(const char* text) {
+    reals(text);
     const int32_t time = exposureTimeToMicroSecond(text);
     camera_metadata_rational fraction{77, 77};
     parseExposureRational(text, &fraction);

@@ -34,7 +34,7 @@ CameraQzCallBack::CameraQzCallBack(ExtCallBackInterface* callBackIntf, CCameraQz
 
 CameraQzCallBack::~CameraQzCallBack() { LOGI("%s()", __func__); }
 
-status_t CameraQzCallBack::processQzCallBack(const CameraMetadata& result) {
+[[gnu::flatten]] status_t CameraQzCallBack::processQzCallBack(const CameraMetadata& result) {
     using Handler = status_t (CameraQzCallBack::*)(const CameraMetadata&);
     static constexpr Handler handlers[] = {
         &CameraQzCallBack::checkZslMode,

@@ -27,8 +27,9 @@ class ResultEntry {
             mStatus = android::BAD_VALUE;
             return;
         }
-        uint32_t tag = 0;
-        mDeclared = resolveVendorTag(tagName, &tag);
+        // Looked for in the results of every frame, and nearly always found: in line.
+        const uint32_t tag = findVendorTag(tagName);
+        mDeclared = tag != kNoTag;
         if (mDeclared) mView = EntryView<T>(host->findResultEntry(result, tag));
     }
 

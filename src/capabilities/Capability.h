@@ -22,8 +22,8 @@ class Capability {
   public:
     // minCount is what the static entry is expected to have at least; fewer are reported by the host's side.
     Capability(ExtParamInterface* params, const char* tagName, size_t minCount) {
-        uint32_t tag = 0;
-        mDeclared = resolveVendorTag(tagName, &tag);
+        const uint32_t tag = vendorTagOf(tagName);
+        mDeclared = tag != kNoTag;
         if (mDeclared) mView = EntryView<T>(params->getStaticInfo(tag, minCount, 0, true));
     }
     Capability(ExtParamInterface* params, uint32_t platformTag, size_t minCount)

@@ -85,7 +85,7 @@ constexpr CCameraQzParam::Getter CCameraQzParam::sCapabilityPass[] = {
     &CCameraQzParam::getMirrorZoomDragSupported,
 };
 
-int32_t CCameraQzParam::metaDataToParam() {
+[[gnu::flatten]] int32_t CCameraQzParam::metaDataToParam() {
     callInOrder<sCapabilityPass>(placesOf(sCapabilityPass), this);
     return 0;
 }

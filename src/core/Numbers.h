@@ -13,6 +13,12 @@ int32_t parseInt32(const char* text, const char** end);
 // atoi: 0 without a number, saturating.
 int32_t parseInt32(const char* text);
 
+// strtof. errno becomes ERANGE when float has no such number or none so small, otherwise 0.
+float parseFloat(const char* text, const char** end);
+
+// strtod; errno is not to be relied on.
+double parseDouble(const char* text, const char** end);
+
 // strtoul with base 0 (decimal, 0x, 0 octal): a minus wraps, overflow gives all ones.
 uint32_t parseUint32(const char* text);
 

@@ -8,7 +8,6 @@
 #include <utils/Errors.h>
 
 #include <cerrno>
-#include <cstdlib>
 #include <cstring>
 
 namespace qz {
@@ -16,14 +15,6 @@ namespace qz {
 namespace {
 
 constexpr int32_t kMicrosecondsPerSecond = 1000000;
-
-float parseFloat(const char* text, const char** end) {
-    char* stop = nullptr;
-    errno = 0;
-    const float number = std::strtof(text, &stop);
-    *end = stop;
-    return number;
-}
 
 // `read` leaves errno at 0 unless the number is out of range.
 template <typename T>
@@ -70,7 +61,10 @@ int32_t exposureTimeToMicroSecond(const char* text) {
         if (denominator == 0) return 0;
         return wrapDivide(wrapMultiply(parseInt32(text), kMicrosecondsPerSecond), denominator);
     }
-    if (strchr(text, '.') != nullptr) return truncateToInt32(std::atof(text) * kMicrosecondsPerSecond);
+    if (strchr(text, '.') != nullptr) {
+        const char* end = nullptr;
+        return truncateToInt32(parseDouble(text, &end) * kMicrosecondsPerSecond);
+    }
     return wrapMultiply(parseInt32(text), kMicrosecondsPerSecond);
 }
 

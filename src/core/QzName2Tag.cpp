@@ -1,7 +1,6 @@
-#include "QzName2Tag.h"
+#include "core/VendorTag.h"
 
 #include "core/Log.h"
-#include "core/VendorTag.h"
 
 #include <camera/VendorTagDescriptor.h>
 
@@ -31,29 +30,36 @@ QzName2Tag* create() noexcept {
 // Made when the library is loaded, so that it is there before any caller, and kept until the process ends.
 QzName2Tag* const sInstance = create();
 
+// Of every lookup in every frame: worth to be laid out in a line.
+constexpr bool likely(bool condition) { return __builtin_expect(static_cast<int>(condition), 1) != 0; }
+
 // No separator is asked for behind the section: "sectionXtag" is in it too. Sections begin alike more often
 // than they end alike.
 inline bool beginsWith(std::string_view name, std::string_view section) {
-    if (section.empty()) return true;
-    return section.size() <= name.size() && name[section.size() - 1] == section.back() &&
-           memcmp(name.data(), section.data(), section.size()) == 0;
+    const size_t last = section.size() - 1;
+    if (!likely(last < name.size())) return section.empty();
+    return name[last] == section[last] && memcmp(name.data(), section.data(), last) == 0;
 }
 
-// The longest section that begins the name, or null. Sections stand in the order of their bytes: those that
-// begin the name stand before its own place, the longest last. Where there are many, that place is searched.
-const String8* sectionOf(std::string_view name, const SortedVector<String8>& sections, size_t* length) {
+// Where the name would stand among the sections, which are in the order of their bytes.
+[[gnu::noinline]] const String8* placeOf(std::string_view name, const String8* first, const String8* end) {
+    return std::upper_bound(first, end, name.data(), [](const char* text, const String8& section) {
+        return strcmp(text, section.c_str()) < 0;
+    });
+}
+
+// The longest section that begins the name, or null: of those that do, it stands last before the name's own
+// place, which is searched where there are many.
+inline const String8* sectionOf(std::string_view name, const SortedVector<String8>& sections,
+                                size_t* length) {
     constexpr size_t few = 4;
     const String8* const first = sections.array();
     const String8* at = first + sections.size();
-    if (sections.size() > few) {
-        at = std::upper_bound(first, at, name.data(), [](const char* text, const String8& section) {
-            return strcmp(text, section.c_str()) < 0;
-        });
-    }
-    while (at != first) {
+    if (sections.size() > few) at = placeOf(name, first, at);
+    while (likely(at != first)) {
         --at;
         *length = at->length();
-        if (beginsWith(name, {at->c_str(), *length})) return at;
+        if (likely(beginsWith(name, {at->c_str(), *length}))) return at;
     }
     return nullptr;
 }
@@ -89,31 +95,33 @@ uint32_t QzName2Tag::vendorTagFromName(const char* name) const {
         LOGE("%s: tag name is NULL!", __func__);
         return INVALID_TAG;
     }
-    uint32_t tag = INVALID_TAG;
-    resolveVendorTag(name, &tag);
-    return tag;
+    return vendorTagOf(name);
 }
 
-bool resolveVendorTag(std::string_view name, uint32_t* tag) {
+uint32_t findVendorTag(std::string_view name) {
     const sp<VendorTagDescriptor> descriptor = VendorTagDescriptor::getGlobalVendorTagDescriptor();
     if (descriptor == nullptr) {
         LOGE("%s: vendor tag descriptor is NULL!", kCaller);
-        return false;
+        return kNoTag;
     }
     size_t length = 0;
     const String8* section = sectionOf(name, *descriptor->getAllSectionNames(), &length);
     if (section == nullptr) {
         LOGI("%s: cann't find section for tag '%s'!", kCaller, name.data());
-        return false;
+        return kNoTag;
     }
     const std::string_view tagName = tagPart(name, length);
     if (tagName.empty()) {
         LOGE("%s: Key length too short for key '%s'.", kCaller, name.data());
-        return false;
+        return kNoTag;
     }
-    return descriptor->lookupTag(String8(tagName.data(), tagName.size()), *section, tag) == android::OK &&
-           *tag != QzName2Tag::INVALID_TAG;
+    uint32_t tag = kNoTag;
+    const android::status_t status =
+        descriptor->lookupTag(String8(tagName.data(), tagName.size()), *section, &tag);
+    return status == android::OK ? tag : kNoTag;
 }
+
+uint32_t vendorTagOf(std::string_view name) { return findVendorTag(name); }
 
 uint32_t QzName2Tag::androidTagFromName(const char* name) const {
     if (name == nullptr) {

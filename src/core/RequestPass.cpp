@@ -122,7 +122,7 @@ constexpr CCameraQzParam::Setter CCameraQzParam::sRequestPass[] = {
     &CCameraQzParam::resetSubCropRegion,
 };
 
-status_t CCameraQzParam::paramToMetaData(CameraMetadata* metaData) {
+[[gnu::flatten]] status_t CCameraQzParam::paramToMetaData(CameraMetadata* metaData) {
     if (metaData == nullptr) {
         LOGE("%s(%d) Invalid metadata!", __func__, 84);
         return android::BAD_VALUE;

@@ -1,13 +1,19 @@
 // The way of every setter, getter and handler to its tag.
 #pragma once
 
-#include <cstdint>
+#include "QzName2Tag.h"
+
 #include <string_view>
 
 namespace qz {
 
-// What QzName2Tag finds for a vendor tag's full name. Callers hand on literals, the length of which compilers
-// see; the name has a terminator. False when no device would understand the tag.
-bool resolveVendorTag(std::string_view name, uint32_t* tag);
+constexpr uint32_t kNoTag = QzName2Tag::INVALID_TAG;
+
+// What QzName2Tag finds for a vendor tag's full name; kNoTag when no device would understand it. Callers hand
+// on literals, the length of which compilers see; the name has a terminator.
+uint32_t findVendorTag(std::string_view name);
+
+// The same out of line, for the many places that a pass seldom comes by.
+[[gnu::noinline]] uint32_t vendorTagOf(std::string_view name);
 
 }  // namespace qz

@@ -11,11 +11,9 @@ struct Word {
 };
 
 constexpr bool sameText(const char* a, const char* b) {
-    while (*a != '\0' && *a == *b) {
-        ++a;
-        ++b;
-    }
-    return *a == *b;
+    size_t i = 0;
+    while (a[i] == b[i] && a[i] != '\0') ++i;
+    return a[i] == b[i];
 }
 
 template <size_t N>

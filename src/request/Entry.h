@@ -91,9 +91,8 @@ class Entry : public EntryState {
     // Resolves the vendor tag by its full name.
     Entry& tag(const char* tagName) {
         if (!mOpen) return *this;
-        uint32_t id = 0;  // not the member, whose address would keep the entry out of registers
-        mOpen = resolveVendorTag(tagName, &id);
-        mTag = id;
+        mTag = vendorTagOf(tagName);
+        mOpen = mTag != kNoTag;
         return *this;
     }
 
@@ -104,7 +103,7 @@ class Entry : public EntryState {
 
     // Writes the value when the setter got this far. False when the pipeline refused it.
     bool write() {
-        // A copy, for the same reason.
+        // A copy: the member's address would keep the entry out of registers.
         const Value elements = value;
         if constexpr (N == 1) {
             return write(&elements, 1);

@@ -27,8 +27,8 @@ struct Size {
 
 // The secondary sensor's active array: left, top, width, height on some devices, width and height on others.
 bool subActiveArraySize(ExtParamInterface* params, Size* size) {
-    uint32_t tag = 0;
-    if (!resolveVendorTag(CAPABILITY("qzSubActiveArraySize"), &tag)) return false;
+    const uint32_t tag = vendorTagOf(CAPABILITY("qzSubActiveArraySize"));
+    if (tag == kNoTag) return false;
     const EntryView<int32_t> array(params->getStaticInfo(tag, 0, 0, true));
     if (array.count() != 2 && array.count() != 4) return false;
     *size = {array[array.count() - 2], array[array.count() - 1]};

@@ -53,8 +53,8 @@ status_t CCameraQzParam::setQzExposureCompValue(CameraMetadata* metaData) {
     FloatEntry value(mExtParam, metaData, __func__);
     value.key("qz-exposure-compensation-value");
     if (!value.open()) return value.status();
-    char* end = nullptr;
-    value.value = static_cast<float>(std::strtod(value.text, &end));
+    const char* end = nullptr;
+    value.value = static_cast<float>(parseDouble(value.text, &end));
     if (end == value.text) {
         LOGE("getInt setQzExposureCompValue failed ");
         return android::OK;

@@ -7,6 +7,10 @@
 #include <gmock/gmock.h>
 
 #include <cerrno>
+#include <cstdlib>
+#include <cstring>
+#include <string>
+#include <vector>
 
 namespace qz::test {
 namespace {
@@ -58,6 +62,41 @@ TEST(Numbers, Have32Bits) {
     for (const Row& row : rowsOf(R"(
             2.9|2 -2.9|-2 2147483647.5|2147483647 -2147483648.5|-2147483648 nan|0 inf|2147483647)")) {
         EXPECT_EQ(truncateToInt32(std::stod(row[0])), std::stoi(row[1])) << row[0];
+    }
+}
+
+template <typename T>
+void expectReads(const std::string& text, T (*read)(const char*, const char**),
+                 T (*standard)(const char*, char**)) {
+    const char* end = nullptr;
+    const T number = read(text.c_str(), &end);
+    const int error = errno;
+    char* standardEnd = nullptr;
+    errno = 0;
+    const T expected = standard(text.c_str(), &standardEnd);
+    const int standardError = errno;
+    EXPECT_EQ(memcmp(&number, &expected, sizeof(T)), 0) << text << ": " << number;  // -0 is not 0
+    EXPECT_EQ(end, standardEnd) << text;
+    if (sizeof(T) == sizeof(float)) {
+        EXPECT_EQ(error, standardError) << text;
+    }
+}
+
+TEST(Numbers, AreTheNearestThatThereIs) {
+    std::vector<std::string> texts{"", " 1.5", "\t2", "1.5 "};
+    for (const Row& row : rowsOf(R"(
+            0 -0 0.0 12. .5 . -1.5 +2 0.98,1.02 1.5abc 1.5e 1e3 1E3 1.e5 2.5e-3 0x10 0X1p3 0x x 1..5 00012.50
+            16777215 16777216 16777217 33554433 123456789.5 1.6777215 1.6777216 0.16777217 167772.17
+            0.0000001 0.00000001 0.000000000000000000000001 99999999999999999999 4294967296.5
+            3.4028236e38 1e39 1e-50 nan inf infinity -inf)")) {
+        texts.push_back(row[0]);
+    }
+    for (int i = 0; i < 20000; i += 7)
+        texts.push_back(std::to_string(i / 1000) + "." + std::to_string(i % 1000));
+    for (const std::string& text : texts) {
+        errno = ERANGE;
+        expectReads(text, parseFloat, std::strtof);
+        expectReads(text, parseDouble, std::strtod);
     }
 }
 
