@@ -18,13 +18,14 @@ constexpr uint32_t kDigits = 10;
 // Of any other character something that is no digit.
 uint32_t digitOf(char c) { return static_cast<uint32_t>(c) - '0'; }
 
-bool isLetter(char c) { return (c | 0x20) >= 'a' && (c | 0x20) <= 'z'; }
+// Of an exponent, or of 0x.
+bool isMark(char c) { return (c | 0x20) == 'e' || (c | 0x20) == 'x'; }
 
 bool isSpace(char c) { return c == ' ' || (c >= '\t' && c <= '\r'); }
 
-// The numbers that most texts hold: a few digits, perhaps a point, a few more, and no letter behind them (an
-// exponent, or 0x). Whole number and power of ten fit into a T, so that their quotient is the nearest T, as
-// the standard functions find in ten times as long.
+// The numbers that most texts hold: a few digits, perhaps a point, a few more, and no mark behind them.
+// Whole number and power of ten fit into a T, so that their quotient is the nearest T, as the standard
+// functions find in ten times as long.
 template <typename T>
 bool parseShort(const char* text, const char** end, T* number) {
     constexpr uint32_t most = 1 << 24;  // up to which float has every whole number
@@ -39,7 +40,7 @@ bool parseShort(const char* text, const char** end, T* number) {
             scale *= 10;
         }
     }
-    if (whole >= most || scale >= most || isLetter(*at)) return false;
+    if (whole >= most || scale >= most || isMark(*at)) return false;
     *number = static_cast<T>(whole) / static_cast<T>(scale);
     *end = at;
     return true;

@@ -68,6 +68,11 @@ TEST(CapabilityPass, NeverHearsOfAFailure) {
     const auto hearsOfNone = [&zeros](Device&& device) {
         CCameraQzParam& translator = *device.host->mCameraQzParam;
         EXPECT_EQ(TestPeer::statuses(translator, zeros.size()), zeros);
+        device.parameters.set("scene-mode-values", "auto,");
+        device.has("superResolutionPictureSize", I{});
+        EXPECT_EQ(TestPeer::statuses(translator, zeros.size()), zeros);
+        device.has("super_resolution_supported", B{2});
+        EXPECT_EQ(TestPeer::statuses(translator, zeros.size()), zeros);
         device.host->entries.clear();
         EXPECT_EQ(TestPeer::statuses(translator, zeros.size()), zeros);
     };

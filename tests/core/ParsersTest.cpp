@@ -33,6 +33,8 @@ TEST(BoundedMemory, StaysWithinTheDestination) {
     EXPECT_EQ(snprintf_s(nullptr, 8, 8, "a"), -1);
     EXPECT_EQ(snprintf_s(dest, 0, 0, "a"), -1);
     EXPECT_STREQ(dest, "zbcd..");
+    EXPECT_EQ(snprintf_s(dest, 4, 3, "%s", ""), 0);
+    EXPECT_STREQ(dest, "");
     for (const Row& row : rowsOf(R"(
             1234567|8|7|1234567 12345678|8|-1|$ abc|3|3|abc abcd|3|-1|abc 123456789|3|-1|123
             1234567|9|7|1234567 12345678|7|-1|1234567 a|0|-1|$)")) {
@@ -46,7 +48,7 @@ TEST(BoundedMemory, StaysWithinTheDestination) {
 
 TEST(Numbers, Have32Bits) {
     for (const Row& row : rowsOf(R"(
-            7x|7|7 0x3|0|3 017|17|15 debug|0|0 -1|-1|4294967295 -2147483649|-2147483648|2147483647
+            7x|7|7 7:5|7|7 0x3|0|3 017|17|15 debug|0|0 -1|-1|4294967295 -2147483649|-2147483648|2147483647
             2147483648|2147483647|2147483648 4294967296|2147483647|4294967295 -4294967295|-2147483648|1
             -4294967296|-2147483648|4294967295 99999999999999999999|2147483647|4294967295)")) {
         EXPECT_EQ(parseInt32(row[0].c_str()), std::stoll(row[1])) << row[0];
@@ -85,7 +87,7 @@ void expectReads(const std::string& text, T (*read)(const char*, const char**),
 TEST(Numbers, AreTheNearestThatThereIs) {
     std::vector<std::string> texts{"", " 1.5", "\t2", "1.5 "};
     for (const Row& row : rowsOf(R"(
-            0 -0 0.0 12. .5 . -1.5 +2 0.98,1.02 1.5abc 1.5e 1e3 1E3 1.e5 2.5e-3 0x10 0X1p3 0x x 1..5 00012.50
+            0 -0 0.0 12. .5 . 1:5 1.5:2 -1.5 +2 0.98,1.02 1.5abc 1.5e 1e3 1E3 1.e5 2.5e-3 0x10 0X1p3 0x x 1..5 00012.50
             16777215 16777216 16777217 33554433 123456789.5 1.6777215 1.6777216 0.16777217 167772.17
             0.0000001 0.00000001 0.000000000000000000000001 99999999999999999999 4294967296.5
             3.4028236e38 1e39 1e-50 nan inf infinity -inf)")) {
@@ -139,7 +141,7 @@ TEST(Parsers, ExposureTimes) {
     for (const Row& row : rowsOf(R"(
             1/8000|125|1/8000 1/3|333333|1/3 1/0|0|1/0 /4|0|0/4 1.5/2|500000|1/2 1/2/4|500000|1/2
             3000/1|-1294967296|3000/1 33554432/-1|-2147483648|33554432/-1 0.5|500000|5/10 1.25|1250000|125/100
-            0.05|50000|5/100 .5|500000|5/10 -1.5|-1500000|-5/10 1.5s|1500000|15/10 0.125|125000|-7/-7
+            0.05|50000|5/100 .5|500000|5/10 -1.5|-1500000|-5/10 1.5s|1500000|15/10 1.5~|1500000|15/10 0.125|125000|-7/-7
             1.|1000000|-7/-7 0.+5|0|-7/-7 1.9999999|1999999|-7/-7 3000.0|2147483647|30000/10
             -3000.0|-2147483648|-30000/10 300000000.5|2147483647|-1294967291/10 nan.|0|-7/-7 2|2000000|2/1
             214748364.9|2147483647|-2147483647/10 3000|-1294967296|3000/1 2147483648|-1000000|2147483647/1
@@ -160,6 +162,9 @@ TEST(Parsers, MicrosecondsAsSeconds) {
         microSecondToSecond(std::stoi(row[0]), text, row[1].size() + 1);
         EXPECT_EQ(text, row[1]) << row[0];
         EXPECT_EQ(log.take(), lineOf(0, "", ""));
+        microSecondToSecond(std::stoi(row[0]), text, 0);
+        EXPECT_EQ(text, row[1]) << "nothing of it is the function's";
+        log.take();
         microSecondToSecond(std::stoi(row[0]), text, row[1].size());
         EXPECT_STREQ(text, "");
         EXPECT_EQ(log.take(),

@@ -2,8 +2,11 @@
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
 #include <initializer_list>
+#include <iterator>
 #include <limits>
+#include <new>
 
 namespace qz::test {
 namespace {
@@ -29,6 +32,9 @@ TEST(Text, Numbers) {
     for (const int32_t number :
          {0, 7, -7, 10, -2100, std::numeric_limits<int32_t>::min(), std::numeric_limits<int32_t>::max()}) {
         EXPECT_EQ(Decimal(number).c_str(), std::to_string(number));
+        alignas(Text) unsigned char memory[sizeof(Text)];
+        std::fill(std::begin(memory), std::end(memory), 'x');
+        EXPECT_STREQ((new (memory) Text)->c_str(), "");
         Text text;
         text << number << "x" << number;
         EXPECT_EQ(text.c_str(), std::to_string(number) + "x" + std::to_string(number));

@@ -219,10 +219,17 @@ TEST_F(QzPerformExTest, PrintsEveryTypeWithinItsText) {
 
 TEST_F(QzPerformExTest, TellsWhatIsMissing) {
     setLevel("4");
+    mInspector->setInfo(nullptr);
+    EXPECT_EQ(printed(), "4 setInfo(this)\n");
     mInspector->setInfo(&mMetadata);
     EXPECT_EQ(printed(),
               "4 setInfo(this)\n6 dumpVendorTags(), vendor tag descriptor is NULL!\n4 dumpCurrentTags(), "
               "entry count: 0\n");
+    const VendorTags only({{"vendor.only", TYPE_BYTE}});
+    mInspector->setInfo(&mMetadata);
+    EXPECT_EQ(printed(),
+              "4 setInfo(this)\n4 dumpVendorTags(), vendor tag count: 1\n4 dumpVendorTags(), tag: "
+              "0x80000000, vendor.only\n4 dumpCurrentTags(), entry count: 0\n");
     mMetadata.update(ANDROID_CONTROL_AE_MODE, static_cast<const uint8_t*>(nullptr), 0);
     for (const uint32_t tag : {uint32_t{ANDROID_CONTROL_AE_MODE}, 0x8000FFFF, 0xFFFFFFFF})
         (mInspector.get()->*TestPeer::getTagInfo)(mMetadata, tag);

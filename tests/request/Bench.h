@@ -126,7 +126,7 @@ class Bench {
     }
 
     // What comes of a setter or of the pass "paramToMetaData": a status that is not 0, the entries, and the
-    // translator's log as "I text" and "E text".
+    // translator's and its adapter's log as "I text" and "E text".
     std::string call(const std::string& setter, const Declarations& tags) {
         const VendorTags device(tags);
         if (!mArray.empty()) camera.info.update(tagOf(kArray), mArray.data(), mArray.size());
@@ -138,7 +138,8 @@ class Bench {
         if (mRequest == "locked") request.unlock(locked);
         Texts parts = entriesOf(request);
         parts.insert(parts.begin(), status != 0 ? std::to_string(status) : "");
-        for (const LogLine& line : mLog.take("CameraQzParam")) {
+        for (const LogLine& line : mLog.take()) {
+            if (line.tag != "CameraQzParam" && line.tag != "QzParametersEx") continue;
             parts.push_back(std::string(1, "??VDIWEF"[line.priority]) + " " + line.text);
         }
         changes.clear();
@@ -155,13 +156,16 @@ class Bench {
 
     void setWorld(const std::string& what, const std::string& text) {
         const auto number = static_cast<uint32_t>(strtoul(text.c_str(), nullptr, 0));
-        const float maximum = strtof(text.c_str(), nullptr);
         if (what == "@lightPainting") TestPeer::setLightPainting(translator(), static_cast<uint8_t>(number));
         if (what == "@ownCamera") TestPeer::setQzCamera(translator(), number != 0);
         if (what == "@flag") translator().setCallBackFlag(number);
         if (what == "@client") translator().setClientName(android::String16(text.c_str()));
         if (what == "@request") mRequest = text;
-        if (what == "@maximum") camera.info.update(ANDROID_SCALER_AVAILABLE_MAX_DIGITAL_ZOOM, &maximum, 1);
+        if (what == "@maximum") {
+            std::vector<float> zooms;
+            for (const std::string& zoom : split(text, ",")) zooms.push_back(strtof(zoom.c_str(), nullptr));
+            camera.info.update(ANDROID_SCALER_AVAILABLE_MAX_DIGITAL_ZOOM, zooms.data(), zooms.size());
+        }
         if (what == "@array") mArray.clear();
         if (what == "@array") {
             for (const std::string& size : split(text, ",")) mArray.push_back(atoi(size.c_str()));

@@ -304,9 +304,10 @@ TEST(Step, StabilisationIsForcedOff) {
 
 TEST(Step, ZoomAndCropInSinglePrecision) {
     play(R"(
+    $none E Error finding static metadata entry 'android.scaler.availableMaxDigitalZoom' (d0004)
     setZoom qz-zoom-in:f
         zoom=1;max-zoom=0 - -> E ~(), KEY_MAX_ZOOM = 0, error!
-        max-zoom=3 - -> E maxDigitalZoom.count = 0
+        max-zoom=3 - -> $none | E maxDigitalZoom.count = 0
         @maximum=8 - ->
         + -> qz-zoom-in=3.33333349
         max-zoom=-1 + ->
@@ -314,13 +315,15 @@ TEST(Step, ZoomAndCropInSinglePrecision) {
         max-zoom=99;zoom=0 + -> qz-zoom-in=1
         zoom=99 + -> qz-zoom-in=8
         zoom=4;max-zoom=-2 + -> qz-zoom-in=-13
-        zoom=28;max-zoom=99;@maximum=4 + -> qz-zoom-in=1.84848475
+        zoom=28;max-zoom=99;@maximum=4,2 + -> qz-zoom-in=1.84848475
         zoom=99 x -> -38 | E ~(), failed to set zoom: 4.000000, return: -38
         zoom=-1;max-zoom=0 + ->
         zoom;max-zoom=99 + ->
+    $without E Error finding static metadata entry 'com.ambrix.device.capabilities.qzSubActiveArraySize' (80000001)
     $crop I ~(), reset sub crop region:
     resetSubCropRegion com.ambrix.device.capabilities.qzSubActiveArraySize:i
-        @array=4000,3000;zoom=33;max-zoom=50;qz-dual-primary-mode=secondary + ->
+        zoom=33;max-zoom=50;qz-dual-primary-mode=secondary + -> $without
+        @array=4000,3000 + -> $none
         @maximum=4 - ->
         + -> cropRegion=1000,750,2000,1500
             | $crop [1000.000000, 750.000000, 2000.000000, 1500.000000] for zoom: 33
@@ -362,6 +365,26 @@ TEST(Pass, LaterSettersMeetWhatEarlierOnesLeft) {
               "lightPaintingTryAe=1 | videoStabilizationMode=0");
     bench.set("qz-qzcamera-flag=on;qz-exposure-mode");
     EXPECT_EQ(entries(), "faceBeautyMode=0 | faceBeautyLevel=2 | manualFocusValue=9");
+}
+
+// Counts what it is asked for.
+class Asked : public QzParametersEx {
+  public:
+    using QzParametersEx::QzParametersEx;
+    const char* get(const char* /*key*/) override { return ++count, nullptr; }
+    int getInt(const char* /*key*/) override { return ++count, -1; }
+
+    int count = 0;
+};
+
+TEST(Pass, WithoutARequestNoSetterAsksForAnything) {
+    const LogCapture log;
+    android::CameraParameters2 parameters;
+    const android::sp<Asked> asked = new Asked(parameters, 0);
+    for (const auto& [name, setter] : TestPeer::setters()) {
+        TestPeer::call(*asked->mCameraQzParam, name, nullptr);
+        EXPECT_EQ(asked->count, 0) << name;
+    }
 }
 
 TEST(Pass, WithoutARequestEachSetterSaysSoAndKeepsItsState) {
