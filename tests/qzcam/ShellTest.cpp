@@ -23,6 +23,7 @@ using testing::HasSubstr;
 using testing::Not;
 
 constexpr const char* kPrompt = "qzcam> ";
+constexpr int kPatience = 120000;  // milliseconds: an emulated shell takes ten seconds to its first prompt
 
 class Terminal {
   public:
@@ -42,7 +43,7 @@ class Terminal {
     // The prompt is there a moment before the terminal listens to single keys.
     void waitUntilItListens() const {
         termios mode{};
-        for (int i = 0; i < 10000 && tcgetattr(mFile, &mode) == 0 && (mode.c_lflag & ICANON) != 0; ++i)
+        for (int i = 0; i < kPatience && tcgetattr(mFile, &mode) == 0 && (mode.c_lflag & ICANON) != 0; ++i)
             usleep(1000);
     }
     // Types, and returns what is on the screen since, up to the text that is waited for.
@@ -53,7 +54,7 @@ class Terminal {
         while (shown.find(until) == std::string::npos) {
             pollfd ready{mFile, POLLIN, 0};
             std::array<char, 4096> text{};
-            const ssize_t size = poll(&ready, 1, 10000) == 1 ? read(mFile, text.data(), text.size()) : 0;
+            const ssize_t size = poll(&ready, 1, kPatience) == 1 ? read(mFile, text.data(), text.size()) : 0;
             if (size <= 0) break;
             shown.append(text.data(), static_cast<size_t>(size));
         }
