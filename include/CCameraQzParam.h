@@ -2,7 +2,8 @@
 //
 // QzParametersEx creates and owns it. The host reaches it through QzParametersEx::mCameraQzParam and calls
 // passes and queries on its parameter thread, serialised with every other use of that camera's parameters.
-// State that passes leave here lives until the next pass finds its key or capability again.
+// State that passes leave here lives until the next pass finds its key or capability again; the
+// light-painting mode and the camera application's flag go with their keys.
 #pragma once
 
 #include "QzHostInterfaces.h"
@@ -68,14 +69,14 @@ class CCameraQzParam : public virtual android::RefBase {
     QZ_API bool getPanorama2DMode() const;
 
     // Whether the next capture takes long: professional mode with over a second, or any light-painting mode.
-    QZ_API bool checkLongExpoMode() const;
+    QZ_API bool checkLongExpoMode();
 
     // Whether the vendor's camera application wants its own zero-shutter-lag: outside professional mode,
     // unless property "camera.ignore.qz.customized.zsl" begins with '1'.
     QZ_API bool needQzCustomizedZsl();
 
     // Whether the host should open the shutter early for the vendor's camera application.
-    QZ_API bool qzNeedPreShutter() const;
+    QZ_API bool qzNeedPreShutter();
 
   private:
     using CameraMetadata = android::CameraMetadata;

@@ -48,8 +48,9 @@ class QZ_API QzParametersEx : public ExtParamInterface {
     // mShutterMute = "camera_sound_state" is exactly 0; an absent key means not muted.
     void setShutterMute(android::CameraParameters2& params);
 
-    // Shows the super-resolution sizes under "super-resolution-picture-size-values": those of the capability
-    // pass while "qz-image-post-process" is on, none while it is "off". Camera 1 (front) is left alone.
+    // Shows the super-resolution sizes under "super-resolution-picture-size-values": none while
+    // "qz-image-post-process" is "off", those of the capability pass with any other text; without that key,
+    // and for camera 1 (front), it is left alone.
     void modifySupportedPictureSize(android::CameraParameters2& params);
 
     // Sets "qz-otp-check" to the last OTP test result.

@@ -95,7 +95,7 @@ bool CCameraQzParam::qzIsRecording() const { return mRequireVideoStatus && mReco
 
 bool CCameraQzParam::getPanorama2DMode() const { return mPanorama2DMode; }
 
-bool CCameraQzParam::checkLongExpoMode() const {
+bool CCameraQzParam::checkLongExpoMode() {
     constexpr int longFromMicroseconds = 1000000;
     const bool longTime = mProfessionalMode.get() && mSensorExposureTime > longFromMicroseconds;
     if (!longTime && mLightPaintingMode == 0) return false;
@@ -119,7 +119,7 @@ bool CCameraQzParam::needQzCustomizedZsl() {
     return mIsQzCamera && professional == 0;
 }
 
-bool CCameraQzParam::qzNeedPreShutter() const {
+bool CCameraQzParam::qzNeedPreShutter() {
     if (!mPreShutterSupported || !mIsQzCamera) {
         LOGI("%s(), pre shutter is not supported or is not qzcamera.", __func__);
         return false;

@@ -61,7 +61,7 @@ int32_t parseInt32(const char* text, const char** end) {
     const char* const digits = at;
     int64_t number = 0;  // stops growing far outside int32
     for (uint32_t digit = digitOf(*at); digit < kDigits; digit = digitOf(*++at)) {
-        if (number <= kMax) number = 10 * number + digit;
+        if (number <= -kMin) number = 10 * number + digit;
     }
     if (negative) number = -number;
     *end = at == digits ? text : at;

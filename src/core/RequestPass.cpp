@@ -4,7 +4,8 @@
 
 namespace qz {
 
-// The order matters: setters leave state that later ones read, and two of them write one tag.
+// The order matters: setters leave state that later ones read, and where two write one tag (manualFocusValue,
+// faceBeautyMode, faceBeautyLevel), the later has the last word.
 constexpr CCameraQzParam::Setter CCameraQzParam::sRequestPass[] = {
     &CCameraQzParam::setIso,
     &CCameraQzParam::setContrast,

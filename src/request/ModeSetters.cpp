@@ -113,7 +113,7 @@ status_t CCameraQzParam::setNiceFood(CameraMetadata* metaData) {
     return WRITE(food, "%s(), failed to update nice food mode: %s, %u, return: %d", food.text, food.value);
 }
 
-// Unlike the other stored state, this one goes when its key goes: the next client may be another application.
+// Unlike most stored state, this one goes when its key goes: the next client may be another application.
 status_t CCameraQzParam::setQzcameraFlag(CameraMetadata* metaData) {
     ByteEntry flag(mExtParam, metaData, __func__);
     if (flag.open()) mIsQzCamera = false;
