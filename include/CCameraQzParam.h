@@ -50,12 +50,14 @@ class CCameraQzParam : public virtual android::RefBase {
     QZ_API bool isExtSceneMode(const char* extScene) const;
 
     // Keys and sizes behind super resolution: its switch, where its sizes are listed, and the published
-    // sizes.
+    // sizes. Keys given out here and below are constants of the library, valid for ever.
     QZ_API void getSupportedSuperResPicSizes(const char*& switchKey, const char*& listKey,
                                              android::String8& sizes) const;
+
+    // The keys of post-processing in general: which one the application sets, and which one marks its camera.
     QZ_API void getQzPostKey(const char*& postKey, const char*& flagKey) const;
 
-    // The last OTP test result as text, and the key that it is set under.
+    // The last OTP test result as text, and the key that it is published under; publishes it, too.
     QZ_API void getOTPtestResult(const char*& key, android::String8& value);
 
     // Whether a size in pixels is among the published sizes. "200x1500" is found inside "1200x1500".
@@ -66,6 +68,7 @@ class CCameraQzParam : public virtual android::RefBase {
     QZ_API void qzUpdateRecordingState(bool recording);
     QZ_API bool qzIsRecording() const;
 
+    // Whether the last request that changed the 2D panorama switched it on.
     QZ_API bool getPanorama2DMode() const;
 
     // Whether the next capture takes long: professional mode with over a second, or any light-painting mode.
@@ -320,7 +323,7 @@ class CCameraQzParam : public virtual android::RefBase {
     Crossing<bool> mProfessionalMode{false};  // "qz-professional-mode" is on; result thread reads
     android::String8 mSuperResPicSizes;       // "4000x3000,2000x1500": sizes of the capability pass
     android::String8 mSubPicSizes;            // the same for the secondary sensor
-    Crossing<uint8_t> mLcdCompensate{0};      // result thread writes, parameter thread reads
+    Crossing<uint8_t> mLcdCompensate{0};      // result thread writes; kept for the host, no pass reads it
     Crossing<uint8_t> mOtpTestResult{0};      // result thread writes, parameter thread reads
     Crossing<int32_t> mFocusVcmValue{0};  // focus motor position; result thread writes, command thread reads
     uint8_t mLightPaintingMode = 0;       // last written light-painting mode, 0 none

@@ -1,9 +1,10 @@
 // Vendor entries of capture results, turned into messages to the application.
 //
 // The host creates one for each camera and hands it every result's metadata, one at a time, on its result
-// thread. Each handler looks up its entry through the host's ExtCallBackInterface; most remember what they
-// sent last and stay silent until it changes. No locks: fields belong to the result thread, and the few
-// translator members written here are atomics (CCameraQzParam.h says which).
+// thread. Each handler looks up its entry through the host's ExtCallBackInterface. Some remember what they
+// sent last and stay silent until it changes; the others send with every result that holds their entry. No
+// locks: fields belong to the result thread, and the few translator members written here are atomics
+// (CCameraQzParam.h says which).
 #pragma once
 
 #include "CCameraQzParam.h"
@@ -16,11 +17,12 @@ class CameraQzCallBack : public virtual android::RefBase {
     // Runs every handler over one result, in a fixed order. Always 0.
     QZ_API status_t processQzCallBack(const android::CameraMetadata& result);
 
-    // Messages that the host may also send itself.
-    QZ_API void callbackSmartMode(int mode);  // MSG_SMART_MODE; mode 0 sends nothing
-    QZ_API status_t
-    callbackHDCCalibResult(int result);  // MSG_HDC_CALIB_RESULT; the host's status, -22 without host
-    QZ_API status_t callbackFovCalibResult(int result);  // MSG_FOV_CALIB_RESULT; likewise
+    // Messages that the host may also send itself, on whichever thread its interface takes them.
+    // MSG_SMART_MODE with the low 8 bits of the mode; mode 0 sends nothing.
+    QZ_API void callbackSmartMode(int mode);
+    // MSG_HDC_CALIB_RESULT and MSG_FOV_CALIB_RESULT. The host's status; -22 without a host.
+    QZ_API status_t callbackHDCCalibResult(int result);
+    QZ_API status_t callbackFovCalibResult(int result);
 
   private:
     using CameraMetadata = android::CameraMetadata;

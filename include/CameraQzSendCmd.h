@@ -15,11 +15,10 @@ enum VendorCommand : int32_t {
 
 class CameraQzSendCmd : public virtual android::RefBase {
   public:
-    // Answers a command; the arguments of the two known ones are ignored.
+    // Answers a command; the arguments of the two known ones are ignored. One call at a time.
     //   CMD_GET_FOCUS_VCM_VALUE       the position itself, 0 before the first result
-    //   CMD_GET_FOCUS_CONTRAST_VALUE  the contrast (30 bits) once it is fresh, -1 after three seconds
-    //   without:
-    //                                 keep it off threads that must not block
+    //   CMD_GET_FOCUS_CONTRAST_VALUE  the contrast (30 bits) once it is fresh; -1 when none
+    //                                 came in three seconds, for which the call blocks
     //   any other                     -22
     QZ_API status_t sendCommand(int32_t cmd, int32_t arg1, int32_t arg2);
 

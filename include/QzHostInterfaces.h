@@ -23,7 +23,8 @@ namespace qz {
 using android::status_t;
 
 // The translator's only way to the application parameters, the static characteristics and the request.
-// Called on the thread that runs the translator's passes. Slots 1 to 10 behind the destructor pair.
+// Called on the thread that runs the translator's passes. Its ten operations take the slots behind the
+// destructor pair.
 class QZ_API ExtParamInterface : public virtual android::RefBase {
   public:
     ~ExtParamInterface() override = default;
@@ -84,8 +85,8 @@ enum OisCalibKind : int32_t {
 };
 
 // The road to the application. The host creates and owns it, keeps it alive as long as the CameraQzCallBack
-// that it handed it to, and is called on the thread that brings the results. Slots 2 to 5 behind the
-// destructor pair.
+// that it handed it to, and is called on the thread that brings the results. Its four operations take the
+// slots behind the destructor pair.
 class QZ_API ExtCallBackInterface : public virtual android::RefBase {
   public:
     ~ExtCallBackInterface() override = default;
@@ -94,7 +95,8 @@ class QZ_API ExtCallBackInterface : public virtual android::RefBase {
     // callbackHDCCalibResult and callbackFovCalibResult and is otherwise ignored.
     virtual status_t notifyCallback(int32_t msgType, int32_t ext1, int32_t ext2) = 0;
 
-    // A message with `size` bytes at `data`, which are the library's and valid only during the call.
+    // A message with `size` bytes at `data`, which are the library's and valid only during the call. The
+    // status is ignored.
     virtual status_t dataCallback(int32_t msgType, const void* data, uint32_t size) = 0;
 
     // The host's own operation: it holds its slot, and the library never calls it.

@@ -15,7 +15,7 @@ class QZ_API QzName2Tag {
     // What an unresolved name gives. Every other number counts as a tag.
     static constexpr uint32_t INVALID_TAG = 0xFFFFFFFF;
 
-    // Never null once the library is loaded.
+    // The one resolver of the process, made when the library is loaded. Any thread.
     static QzName2Tag* getInstance();
 
     // The id of vendor tag `name`, through the process's vendor tag descriptor, or INVALID_TAG. The section

@@ -26,7 +26,8 @@ class QzPerformEx : public virtual android::RefBase {
     QZ_API explicit QzPerformEx(int32_t cameraId);
     QZ_API ~QzPerformEx() override;
 
-    // Keeps `info`, the host's and alive as long as this object, for skipRoundBuffer. Null is passed over.
+    // Keeps `info`, the host's and alive as long as this object, for skipRoundBuffer; before the first of
+    // these and on its thread. Null is passed over.
     QZ_API void setInfo(const android::CameraMetadata* info);
 
     // Request thread. Costs one property read and a comparison while the level is 0.

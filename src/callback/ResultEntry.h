@@ -27,7 +27,7 @@ class ResultEntry {
             mStatus = android::BAD_VALUE;
             return;
         }
-        // Looked for in the results of every frame, and nearly always found: in line.
+        // Looked for in the results of every frame, and nearly always found: the cheap way in.
         const uint32_t tag = findVendorTag(tagName);
         mDeclared = tag != kNoTag;
         if (mDeclared) mView = EntryView<T>(host->findResultEntry(result, tag));

@@ -23,7 +23,8 @@ constexpr uint32_t kShowRequestKind = 1;
 constexpr uint32_t kShowChosenTags = 2;
 constexpr uint32_t kShowResults = 3;
 constexpr uint32_t kDumpStaticInfo = 4;
-constexpr uint32_t kDumpRequests = 5;  // a level behind the static info, which fits on fewer lines
+constexpr uint32_t kDumpRequests =
+    5;  // a level behind the static info: it is shown once, requests with every frame
 
 // The tag that a property chooses, vendor names before standard ones, or INVALID_TAG. No tag has a name of
 // fewer than ten characters.

@@ -235,8 +235,8 @@ status_t CCameraQzParam::setpanorama2DMode(CameraMetadata* metaData) {
                  panorama.value);
 }
 
-// The height's name has no section, so that no device resolves it and the height stays unwritten: the
-// pipeline takes the width alone.
+// The height's name has no section, so that a device resolves it by chance at most and the height stays
+// unwritten: the pipeline takes the width alone.
 status_t CCameraQzParam::setpanorama2DTinySize(CameraMetadata* metaData) {
     IntEntry width(mExtParam, metaData, __func__);
     width.intKey("key-qz-2dpanorama-tiny-width");

@@ -51,19 +51,19 @@ TEST(CCameraQzParam, AnswersWithoutAPass) {
     String8 text;
     translator.getSupportedSuperResPicSizes(first, second, text);
     EXPECT_THAT(
-        (std::vector<std::string>{first, second, text.string()}),
+        (std::vector<std::string>{first, second, text.c_str()}),
         ElementsAre("qz-image-post-process", "super-resolution-picture-size-values", "4000x3000,1200x1500"));
     translator.getQzPostKey(first, second);
     EXPECT_STREQ(first, "qz-image-post-process");
     EXPECT_STREQ(second, "qz-qzcamera-flag");
     (translator.*TestPeer::otpTestResult).set(255);
     translator.getOTPtestResult(first, text);
-    EXPECT_THAT((std::vector<std::string>{first, text.string(), camera.parameters.get("qz-otp-check")}),
+    EXPECT_THAT((std::vector<std::string>{first, text.c_str(), camera.parameters.get("qz-otp-check")}),
                 ElementsAre("qz-otp-check", "255", "255"));
     translator.*TestPeer::extParam = nullptr;
     text = "untouched";
     translator.getOTPtestResult(first = nullptr, text);
-    EXPECT_THAT((std::vector<std::string>{first, text.string()}), ElementsAre("qz-otp-check", "untouched"));
+    EXPECT_THAT((std::vector<std::string>{first, text.c_str()}), ElementsAre("qz-otp-check", "untouched"));
     EXPECT_EQ(log.take(), error("getOTPtestResult: mExtParam is NULL!"));
 
     EXPECT_FALSE(translator.getPanorama2DMode());
