@@ -81,12 +81,14 @@ TEST(Json, IsAlwaysOneValidLine) {
     const auto lines = jsonLines(
         {LogEvent{3, "t", "below the filter"}, LogEvent{6, "t", "a\nb\xff\"\x01"}, NoteEvent{"\xc3\x28"},
          CallbackEvent{message},
-         RequestEvent{{{7, "n", values(TYPE_BYTE, "2"), Change::Changed, values(TYPE_BYTE, "1")}}}});
+         RequestEvent{
+             {{7, "n", values(TYPE_BYTE, "2"), Change::Changed, values(TYPE_BYTE, "1"), {{"k", "2"}}}}}});
     ASSERT_EQ(lines.size(), 6U);
     EXPECT_EQ(lines[2].at("text"), "a\nb\xEF\xBF\xBD\"\x01");
     EXPECT_EQ(lines[4].at("bytes"), json({0, 255}));
     EXPECT_EQ(lines[5].at("entries").at(0).at("before"), json({1}));
     EXPECT_EQ(lines[5].at("entries").at(0).at("change"), "changed");
+    EXPECT_EQ(lines[5].at("entries").at(0).at("from"), json({{"k", "2"}}));
 }
 
 TEST(JUnit, HasASuiteASessionAndACaseAnExpectation) {
@@ -112,16 +114,17 @@ TEST(JUnit, HasASuiteASessionAndACaseAnExpectation) {
 }
 
 TEST(Monitor, ShowsChangesInTheirColumns) {
-    const EntryRow same{1, "a.same", values(TYPE_BYTE, "1"), Change::None, {}};
-    const EntryRow gone{2, "a.gone", values(TYPE_BYTE, "1"), Change::Gone, {}};
-    const EntryRow changed{3, "a.changed", values(TYPE_INT32, "7,8"), Change::Changed,
-                           values(TYPE_INT32, "1,1")};
+    const EntryRow fresh{1, "a.same", values(TYPE_BYTE, "1"), Change::New, {}, {}};
+    const EntryRow same{1, "a.same", values(TYPE_BYTE, "1"), Change::None, {}, {}};
+    const EntryRow gone{2, "a.gone", values(TYPE_BYTE, "1"), Change::Gone, {}, {}};
+    const EntryRow changed{
+        3, "a.changed", values(TYPE_INT32, "7,8"), Change::Changed, values(TYPE_INT32, "1,1"), {}};
     const std::string text = written([&](std::FILE* file) {
         Monitor monitor(file);
-        for (const Event& event : std::vector<Event>{
-                 CommandEvent{4, "request"}, RequestEvent{{same}, true}, LogEvent{6, "t", "text"},
-                 CommandEvent{12, "request"}, RequestEvent{{same, changed, gone}, false},
-                 CommandEvent{13, "result"}, ResultEvent{1, {same, changed}, false}}) {
+        for (const Event& event :
+             std::vector<Event>{CommandEvent{4, "request"}, RequestEvent{{fresh}}, LogEvent{6, "t", "text"},
+                                CommandEvent{12, "request"}, RequestEvent{{same, changed, gone}},
+                                CommandEvent{13, "result"}, ResultEvent{1, {same, changed}}}) {
             monitor.print(event);
         }
         monitor.flush();

@@ -127,14 +127,14 @@ TEST(Player, MarksWhatChangedBetweenRequests) {
     using testing::Contains;
     using testing::Not;
     ASSERT_EQ(shown.size(), 4U);
-    EXPECT_THAT(shown[0], Contains("iso 7"));
-    EXPECT_THAT(shown[0], Contains("qz-zsl-mode 1"));
+    EXPECT_THAT(shown[0], Contains("+iso 7"));
+    EXPECT_THAT(shown[0], Contains("+qz-zsl-mode 1"));
     EXPECT_THAT(shown[1], Contains("~iso 1"));
     EXPECT_THAT(shown[1], Contains("-qz-zsl-mode 1"));
     EXPECT_THAT(shown[1], Contains("+constrastValue 3"));
     EXPECT_THAT(shown[2], Contains("iso 1"));
     EXPECT_THAT(shown[2], Not(Contains(HasSubstr("zsl"))));
-    EXPECT_THAT(shown[3], Contains("iso 1"));  // another camera has nothing to compare with
+    EXPECT_THAT(shown[3], Contains("+iso 1"));  // another camera has nothing to compare with
 }
 
 TEST(Player, PublishTellsWhereParametersComeFromAndWhatIsMissing) {

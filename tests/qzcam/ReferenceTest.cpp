@@ -112,7 +112,7 @@ TEST_F(ReferenceTest, SaysWhatIsPublishedAndSent) {
 TEST_F(ReferenceTest, NotesAreOnThingsThatTheLibraryHas) {
     Probe probe;
     const Survey survey = surveyLibrary(probe, Depth::Tags);
-    for (const Note& note : parameterNotes()) EXPECT_NE(survey.parameter(note.key), nullptr) << note.key;
+    for (const auto& [key, note] : parameterNotes()) EXPECT_NE(survey.parameter(key), nullptr) << key;
     for (const PublishedDoc& doc : adapterPublished())
         EXPECT_TRUE(survey.isVendor(doc.capability.tag)) << doc.key;
     // The adapter's own keys are no part of a pass; in one they would need no hand.

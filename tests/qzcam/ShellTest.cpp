@@ -114,7 +114,7 @@ TEST_F(ShellTool, CompletesDropsRecallsAndLeaves) {
     // No prompt is waited for alone here: one from before may still be on its way.
     terminal.type("set iso=1600\r", "set iso=1600\r\n");
     EXPECT_THAT(terminal.type("request\r", "1 written"),
-                testing::ContainsRegex("metadata.iso .* 7\r\n(.*\n)*.*1 written"));
+                testing::ContainsRegex("metadata.iso .* 7 .*iso=1600.*\r\n(.*\n)*.*1 written"));
     terminal.type("bogus\r", "unknown command 'bogus'");
     terminal.type("\x1b[A\x1b[A\x1b[A", "set iso=1600");
     terminal.type(ctrlC, kPrompt);

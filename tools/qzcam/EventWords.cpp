@@ -13,16 +13,15 @@ struct VerdictName {
     const char* meaning;
 };
 
-constexpr std::array<VerdictName, 9> kVerdicts{
-    {{Verdict::Written, "written", "written"},
-     {Verdict::Fallback, "fallback", "not understood, fallback written"},
-     {Verdict::Skipped, "skipped", "not understood, skipped"},
-     {Verdict::Overridden, "overridden", "overridden"},
-     {Verdict::Undeclared, "undeclared", "tag not declared"},
-     {Verdict::WrongType, "wrong-type", "wrong type"},
-     {Verdict::GateClosed, "gate-closed", "gate closed"},
-     {Verdict::NoEntry, "no-entry", "no entry"},
-     {Verdict::Unread, "unread", "read by no setter"}}};
+constexpr std::array<VerdictName, 9> kVerdicts{{{Verdict::Written, "written", "written"},
+                                                {Verdict::Fallback, "fallback", "fallback written"},
+                                                {Verdict::Skipped, "skipped", "skipped"},
+                                                {Verdict::Overridden, "overridden", "overridden"},
+                                                {Verdict::Undeclared, "undeclared", "tag not declared"},
+                                                {Verdict::WrongType, "wrong-type", "wrong type"},
+                                                {Verdict::GateClosed, "gate-closed", "gate closed"},
+                                                {Verdict::NoEntry, "no-entry", "no entry"},
+                                                {Verdict::Unread, "unread", "read by no setter"}}};
 
 struct ChangeName {
     Change change;

@@ -35,12 +35,12 @@ struct EntryRow {
     Values values;
     Change change = Change::None;
     Values before;  // of one that changed
+    Texts from;     // the parameters that made it, in a request
 };
 
-// The entries of a request, compared with those of the one before.
+// The entries of a request, compared with those of the camera's request before.
 struct RequestEvent {
     std::vector<EntryRow> entries;
-    bool first = false;  // of its camera: there is none before
 };
 
 // What became of a parameter that the application set.
@@ -77,11 +77,10 @@ struct VerdictsEvent {
     std::vector<VerdictRow> rows;
 };
 
-// The entries of a result, compared with those of the one before.
+// The entries of a result, compared with those of the camera's result before.
 struct ResultEvent {
     int64_t frame;
     std::vector<EntryRow> entries;
-    bool first = false;
 };
 
 struct ParamRow {

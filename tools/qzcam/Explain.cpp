@@ -61,21 +61,20 @@ std::string targetText(const Explanation& found) {
 std::string valuesText(const Explanation& found) {
     if (found.values.empty()) return {};
     std::string text = found.hasVocabulary ? "  values\n" : "  values, for example\n";
-    size_t width = std::string("any other text").size();
+    auto values = found.values;
+    if (found.otherwise) values.push_back(*found.otherwise);
+    size_t width = 0;
     size_t becomes = 0;
-    for (const auto& value : found.values) {
+    for (const auto& value : values) {
         width = std::max(width, value.value.size());
         becomes = std::max(becomes, value.becomes.size());
     }
-    for (const auto& value : found.values) {
-        const bool written = value.verdict.verdict == Verdict::Written;
+    for (const auto& value : values) {
+        const Verdict verdict = value.verdict.verdict;
+        const bool written = verdict == Verdict::Written || verdict == Verdict::Fallback;
         text +=
             fmt::format("    {:<{}}  {:<{}}{}\n", value.value, width, value.becomes, written ? 0 : becomes,
-                        written ? "" : fmt::format("  {}", verdictMeaning(value.verdict.verdict)));
-    }
-    if (found.asText) {
-        text += fmt::format("    {:<{}}  {}\n", "any other text", width,
-                            found.otherwise.empty() ? "nothing is written" : found.otherwise);
+                        written ? "" : fmt::format("  {}", verdictMeaning(verdict)));
     }
     if (!found.company.empty() && !found.given) {
         text += fmt::format("    tried with {}\n", flattened(found.company));

@@ -2,8 +2,9 @@
 
 #include "KeyWords.h"
 #include "LogCapture.h"
+#include "Probe.h"
 #include "ProbeTexts.h"
-#include "Reference.h"
+#include "ReferenceParts.h"
 #include "Text.h"
 
 #include <camera/VendorTagDescriptor.h>
@@ -17,27 +18,18 @@ namespace qzcam {
 
 namespace {
 
-std::string conditionText(const Gate& gate, bool opens) {
-    const char* form = opens ? "only while {} is {}" : "not while {} is {}";
-    return fmt::format(fmt::runtime(form), gate.key,
-                       gate.any ? "set" : fmt::format("{}", fmt::join(gate.values, " or ")));
-}
-
-// Of no tag, so that numbers have no names.
-constexpr uint32_t kNoTag = 0xFFFFFFFF;
-
 template <typename Rows>
 std::string writtenText(const Rows& rows) {
     std::string text;
     for (const auto& row : rows) {
-        if (row.values.count > 0) text += (text.empty() ? "" : "; ") + toText(row.values, kNoTag);
+        if (row.values.count > 0) text += (text.empty() ? "" : "; ") + valuesText(row.values);
     }
     return text;
 }
 
 bool startsWithNumber(const Outcome* outcome, int number) {
     if (!outcome || outcome->written.empty()) return false;
-    const std::string text = toText(outcome->written.front().values, kNoTag);
+    const std::string text = valuesText(outcome->written.front().values);
     return text == fmt::to_string(number) || startsWith(text, fmt::format("{} ", number));
 }
 
@@ -115,19 +107,10 @@ std::optional<Explanation> Explainer::explain(const std::string& key, const Text
     return found;
 }
 
-void Explainer::addConditions(Explanation& found, const ParameterFact& fact) const {
-    for (const Gate& gate : fact.gates) found.conditions.push_back(conditionText(gate, true));
-    for (const Gate& gate : fact.closedBy) found.conditions.push_back(conditionText(gate, false));
-    for (const auto& [key, value] : fact.companions) {
-        found.conditions.push_back(fmt::format("written only when {} is there too", key));
-    }
-    for (const std::string& entry : fact.statics) {
-        found.conditions.push_back(fmt::format("takes the device's {} into account", entry));
-    }
-    for (const Note& note : parameterNotes()) {
-        if (note.key == found.key) found.conditions.emplace_back(note.text);
-    }
-    if (fact.onlyOnChange) found.conditions.emplace_back("written only when it changes");
+// The reference says the same of every device.
+void Explainer::addConditions(Explanation& found, const ParameterFact& fact) {
+    Probe probe;
+    found.conditions = parameterDoc(probe, VerdictFinder::survey(), fact).conditions;
 }
 
 void Explainer::addValues(Explanation& found, const ParameterFact& fact) {
@@ -138,7 +121,9 @@ void Explainer::addValues(Explanation& found, const ParameterFact& fact) {
         VerdictRow verdict = verdictOn(found, value);
         found.values.push_back({value, writtenText(verdict.entries), std::move(verdict)});
     }
-    if (fact.asText) found.otherwise = writtenText(verdictOn(found, kMeaningless).entries);
+    if (!fact.asText) return;
+    VerdictRow verdict = verdictOn(found, kMeaningless);
+    found.otherwise = Explanation::Value{"any other text", writtenText(verdict.entries), std::move(verdict)};
 }
 
 // The library names its setters when their updates are refused.

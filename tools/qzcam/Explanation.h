@@ -33,7 +33,7 @@ struct Explanation {
     std::vector<Target> targets;
     std::vector<Value> values;        // accepted ones, or examples where there is no list of them
     bool hasVocabulary = false;       // the values are all words there are
-    std::string otherwise;            // what any other text becomes; empty: nothing
+    std::optional<Value> otherwise;   // any other text
     Texts company;                    // other parameters that it was tried with
     std::vector<ParamRow> choices;    // published parameters that are called like it
     std::optional<VerdictRow> given;  // of the value that was asked about
@@ -54,7 +54,7 @@ class Explainer {
     std::vector<std::string> similarKeys(const std::string& key);
 
   private:
-    void addConditions(Explanation& found, const ParameterFact& fact) const;
+    static void addConditions(Explanation& found, const ParameterFact& fact);
     void addSetters(Explanation& found);
     void addValues(Explanation& found, const ParameterFact& fact);
     void addTargets(Explanation& found);

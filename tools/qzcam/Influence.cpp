@@ -2,6 +2,7 @@
 
 #include "ProbeTexts.h"
 
+#include <camera/CameraParameters2.h>
 #include <fmt/format.h>
 
 #include <algorithm>
@@ -17,6 +18,12 @@ using Kind = TraceStep::Kind;
 bool endsSetter(const TraceStep& step) { return step.kind == Kind::Update || step.kind == Kind::Missing; }
 
 }  // namespace
+
+int asInteger(const std::string& value) {
+    android::CameraParameters2 parameters;
+    parameters.set("n", value.c_str());
+    return parameters.getInt("n");
+}
 
 std::vector<const TraceStep*> updatesOf(const Trace& trace, const std::string& tag) {
     std::vector<const TraceStep*> updates;
@@ -92,7 +99,7 @@ const std::vector<std::string>& Influence::owners(size_t step) {
 
 // Whether another value of the key makes another value of the entry.
 bool Influence::decidesValue(const std::string& key, size_t step) {
-    const long number = std::strtol(mParameters.at(key).c_str(), nullptr, 0);
+    const int64_t number = asInteger(mParameters.at(key));
     for (const std::string& value : {fmt::to_string(number + 1), std::string("on"), std::string("off")}) {
         const Trace other = with(key, value);
         const auto updates = updatesOf(other, mSteps[step].name);

@@ -49,6 +49,9 @@ class Influence {
     std::map<size_t, std::vector<std::string>> mOwners;
 };
 
+// What the library reads when it asks the platform for a parameter as an integer.
+int asInteger(const std::string& value);
+
 // The values of the updates of this tag, in order.
 std::vector<const TraceStep*> updatesOf(const Trace& trace, const std::string& tag);
 

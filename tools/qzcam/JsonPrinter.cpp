@@ -58,6 +58,7 @@ Json jsonOf(const EntryRow& row) {
               {"values", jsonOf(row.values)},
               {"change", changeWord(row.change)}};
     if (row.change == Change::Changed) json["before"] = jsonOf(row.before);
+    if (!row.from.empty()) json["from"] = row.from;
     return json;
 }
 
@@ -96,19 +97,14 @@ Json jsonOf(const CommandEvent& event) {
     return {{"event", "command"}, {"line", event.line}, {"text", event.text}};
 }
 
-Json jsonOf(const RequestEvent& event) {
-    return {{"event", "request"}, {"first", event.first}, {"entries", listOf(event.entries)}};
-}
+Json jsonOf(const RequestEvent& event) { return {{"event", "request"}, {"entries", listOf(event.entries)}}; }
 
 Json jsonOf(const VerdictsEvent& event) {
     return {{"event", "verdicts"}, {"parameters", listOf(event.rows)}};
 }
 
 Json jsonOf(const ResultEvent& event) {
-    return {{"event", "result"},
-            {"frame", event.frame},
-            {"first", event.first},
-            {"entries", listOf(event.entries)}};
+    return {{"event", "result"}, {"frame", event.frame}, {"entries", listOf(event.entries)}};
 }
 
 Json jsonOf(const ParamsEvent& event) { return {{"event", "params"}, {"parameters", listOf(event.rows)}}; }

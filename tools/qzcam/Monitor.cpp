@@ -18,7 +18,7 @@ void Monitor::device(const Device& device) {
 void Monitor::print(const Event& event) {
     const auto showAll = [this](const auto& each, bool isRequest) {
         for (const EntryRow& row : each.entries) {
-            if (each.first || row.change != Change::None) show(row, isRequest);
+            if (row.change != Change::None) show(row, isRequest);
         }
     };
     if (const auto* command = std::get_if<CommandEvent>(&event)) mLine = command->line;

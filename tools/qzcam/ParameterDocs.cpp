@@ -40,7 +40,7 @@ class ParameterText {
     std::vector<Mapping> examples() const;
     std::string wholeRange() const;
     std::string otherwise() const;
-    void addGates(std::vector<std::string>& lines) const;
+    void addGates(std::vector<std::string>& lines, bool hasExamples) const;
     void addOthers(std::vector<std::string>& lines) const;
     void addInfluence(std::vector<std::string>& lines, const Gate& also) const;
     void addSharers(std::vector<std::string>& lines) const;
@@ -153,7 +153,7 @@ std::string quoted(const std::vector<std::string>& values) {
     return list;
 }
 
-void ParameterText::addGates(std::vector<std::string>& lines) const {
+void ParameterText::addGates(std::vector<std::string>& lines, bool hasExamples) const {
     for (const Gate& gate : mFact.gates) {
         lines.push_back(gate.any ? fmt::format("only together with {}", gate.key)
                                  : fmt::format("only while {} is {}", gate.key, quoted(gate.values)));
@@ -163,6 +163,7 @@ void ParameterText::addGates(std::vector<std::string>& lines) const {
     }
     for (const auto& [key, value] : mFact.companions) {
         lines.push_back(fmt::format("only together with {}", key));
+        if (hasExamples) lines.back() += fmt::format(" ({} in the examples)", value);
     }
     if (mFact.onlyOnChange) lines.emplace_back("written only when it is another than the request's before");
 }
@@ -197,6 +198,8 @@ void ParameterText::addInfluence(std::vector<std::string>& lines, const Gate& al
         if (change.empty()) change = fmt::format("{} instead of {}", text(with), text(plain));
     }
     if (changing.empty()) return;
+    if (!other->asText)
+        return lines.push_back(fmt::format("what '{}' gives also depends on {}", value, also.key));
     lines.push_back(changing.size() <= 3 ? fmt::format("while {} is {}, '{}' gives {}", also.key,
                                                        quoted(changing), value, change)
                                          : fmt::format("'{}' also depends on {}: with '{}' it gives {}",
@@ -264,7 +267,10 @@ std::string ParameterText::wholeRange() const {
         return holdsNumber(outcome(number), std::stoi(number));
     };
     const auto& numbers = sampleIntegers();
-    if (!mFact.asText && std::all_of(numbers.begin(), numbers.end(), isItself)) return "the number itself";
+    if (!mFact.asText && std::all_of(numbers.begin(), numbers.end(), isItself)) {
+        const bool narrow = mEntries.size() == 1 && outcome(numbers.front()).front().values.type == TYPE_BYTE;
+        return narrow ? "the number's low 8 bits" : "the number itself";
+    }
     const android::String16 wide(kMeaningless);
     const auto* bytes = reinterpret_cast<const uint8_t*>(wide.string());
     const std::vector<uint8_t> utf16(bytes, bytes + 2 * wide.size());
@@ -289,14 +295,12 @@ ParameterDoc ParameterText::doc() {
         if (doc.words.empty()) doc.examples = examples();
         doc.otherwise = otherwise();
     }
-    addGates(doc.conditions);
+    addGates(doc.conditions, !doc.examples.empty());
     addOthers(doc.conditions);
     addSharers(doc.conditions);
     addClients(doc.conditions);
     addResults(doc.conditions);
-    for (const Note& note : parameterNotes()) {
-        if (doc.key == note.key) doc.conditions.emplace_back(note.text);
-    }
+    if (const std::string note = noteOn(doc.key); !note.empty()) doc.conditions.push_back(note);
     return doc;
 }
 
@@ -316,11 +320,13 @@ std::string writtenText(const std::vector<Written>& written, bool withNames) {
     return fmt::format("{}", fmt::join(texts, ", "));
 }
 
+ParameterDoc parameterDoc(Probe& probe, const Survey& survey, const ParameterFact& fact) {
+    return ParameterText(probe, survey, fact).doc();
+}
+
 std::vector<ParameterDoc> parameterDocs(Probe& probe, const Survey& survey) {
     std::vector<ParameterDoc> docs = adapterParameters();
-    for (const ParameterFact& fact : survey.parameters) {
-        docs.push_back(ParameterText(probe, survey, fact).doc());
-    }
+    for (const ParameterFact& fact : survey.parameters) docs.push_back(parameterDoc(probe, survey, fact));
     std::sort(docs.begin(), docs.end(), [](const auto& a, const auto& b) { return a.key < b.key; });
     return docs;
 }

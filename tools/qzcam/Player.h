@@ -86,7 +86,7 @@ class Player {
     void status(const std::string& of, int32_t value, bool isAnswer = false);
     void property(const std::string& name, const std::string& value);
     void setParameter(const std::string& key, const std::string& value);
-    void judge(const Trace& trace);
+    VerdictsEvent judge(const Trace& trace);
     void addResultEntry(android::CameraMetadata& result, const std::string& assignment);
     std::vector<EntryRow> entriesOf(const android::CameraMetadata& metadata) const;
     Texts parameterTexts() const;
@@ -101,13 +101,12 @@ class Player {
     VerdictFinder mVerdicts;
     std::vector<Parameter> mInitial;
     std::unique_ptr<Camera> mCamera;
-    std::set<std::string> mOwnKeys;                // what the application set, and no publishing after it
-    Circumstances mCircumstances;                  // of the next request
-    std::optional<std::vector<EntryRow>> mResult;  // the last one
+    std::set<std::string> mOwnKeys;  // what the application set, and no publishing after it
+    Circumstances mCircumstances;    // of the next request
+    std::vector<EntryRow> mResult;   // the last one's
     std::future<BackgroundCommand> mBackground;
     PlayState mState;
     bool mPublished = false;  // by this camera
-    bool mRequested = false;  // likewise
     int64_t mFrame = 0;
     bool mExpectations = true;        // are examined
     bool mBackgroundCommands = true;  // are played

@@ -31,7 +31,7 @@ void markChanges(std::vector<EntryRow>& entries, const std::vector<EntryRow>& be
         if (old.change == Change::Gone) continue;
         const auto now = findTag(entries, old.tag);
         if (now == entries.end()) {
-            gone.push_back({old.tag, old.name, old.values, Change::Gone, {}});
+            gone.push_back({old.tag, old.name, old.values, Change::Gone, {}, {}});
         } else if (now->values != old.values) {
             now->change = Change::Changed;
             now->before = old.values;
@@ -42,6 +42,18 @@ void markChanges(std::vector<EntryRow>& entries, const std::vector<EntryRow>& be
         if (old == before.end() || old->change == Change::Gone) row.change = Change::New;
     }
     entries.insert(entries.end(), gone.begin(), gone.end());
+}
+
+// The parameters whose value an entry has.
+Texts originOf(const EntryRow& entry, const std::vector<VerdictRow>& verdicts) {
+    Texts origin;
+    for (const VerdictRow& row : verdicts) {
+        const bool wrote = std::any_of(row.entries.begin(), row.entries.end(), [&](const VerdictEntry& each) {
+            return each.tag == entry.tag && each.verdict == Verdict::Written && each.values == entry.values;
+        });
+        if (wrote) origin.emplace(row.key, row.value);
+    }
+    return origin;
 }
 
 }  // namespace
@@ -70,9 +82,8 @@ void Player::open(const Command& command) {
     mState.verdicts.clear();
     mState.published = {};
     mPublished = false;
-    mRequested = false;
     mOwnKeys.clear();
-    mResult.reset();
+    mResult.clear();
     mCircumstances = {};
     mCircumstances.camera = numberOf(command.word(0));
     for (const auto& [key, value] : mInitial) setParameter(key, value);
@@ -206,15 +217,17 @@ void Player::request(const Command& command) {
     android::List<const android::CameraMetadata> requests;
     requests.push_back(metadata);
     mCamera->inspector().checkRequest(requests, command.words.empty() || command.word(0) == "repeating");
-    RequestEvent event{entriesOf(metadata), !mRequested};
-    if (mRequested) markChanges(event.entries, mState.entries);
-    mRequested = true;
+    RequestEvent event{entriesOf(metadata)};
+    const VerdictsEvent verdicts = judge(trace);
+    for (EntryRow& entry : event.entries) entry.from = originOf(entry, verdicts.rows);
+    markChanges(event.entries, mState.entries);
     mState.entries = event.entries;
+    mState.verdicts = verdicts.rows;
     mSink(event);
-    judge(trace);
+    mSink(verdicts);
 }
 
-void Player::judge(const Trace& trace) {
+VerdictsEvent Player::judge(const Trace& trace) {
     const Texts parameters = parameterTexts();
     VerdictsEvent event{
         mVerdicts.find(trace, {mOwnKeys.begin(), mOwnKeys.end()}, parameters, mCircumstances)};
@@ -224,9 +237,8 @@ void Player::judge(const Trace& trace) {
                 return before.key == row.key && before.value == row.value && before.verdict == row.verdict;
             });
     }
-    mState.verdicts = event.rows;
     mCircumstances.before = parameters;
-    mSink(event);
+    return event;
 }
 
 std::vector<EntryRow> Player::entriesOf(const android::CameraMetadata& metadata) const {
@@ -234,7 +246,7 @@ std::vector<EntryRow> Player::entriesOf(const android::CameraMetadata& metadata)
     const camera_metadata_t* buffer = metadata.getAndLock();
     camera_metadata_ro_entry_t entry{};
     for (size_t i = 0; get_camera_metadata_ro_entry(buffer, i, &entry) == 0; ++i) {
-        entries.push_back({entry.tag, mNames.nameOf(entry.tag), valuesOf(entry), Change::None, {}});
+        entries.push_back({entry.tag, mNames.nameOf(entry.tag), valuesOf(entry), Change::None, {}, {}});
     }
     metadata.unlock(buffer);
     return entries;
@@ -246,8 +258,8 @@ void Player::result(const Command& command) {
     result->mResultExtras.frameNumber = ++mFrame;
     result->mResultExtras.partialResultCount = 1;
     for (const Word& word : command.words) addResultEntry(result->mMetadata, word.raw);
-    ResultEvent event{mFrame, entriesOf(result->mMetadata), !mResult};
-    if (mResult) markChanges(event.entries, *mResult);
+    ResultEvent event{mFrame, entriesOf(result->mMetadata)};
+    markChanges(event.entries, mResult);
     mResult = event.entries;
     mSink(event);
     mCamera->inspector().checkResult(*result);

@@ -64,6 +64,12 @@ size_t widest(const Rows& rows, Text text) {
     return width;
 }
 
+// A value of any length, cut.
+std::string assignment(const std::string& key, const std::string& value) {
+    return value.size() <= kWidestValue ? key + "=" + value
+                                        : key + "=" + value.substr(0, kWidestValue) + "...";
+}
+
 std::string fieldsOf(const Message& message) {
     std::string text;
     bool inList = false;  // elements without a name follow each other without their separator
@@ -132,14 +138,29 @@ void Printer::show(const CommandEvent& event) {
 
 void Printer::show(const RequestEvent& event) {
     if (event.entries.empty()) return line("        no entries");
+    const auto valueOf = [](const EntryRow& row) {
+        const std::string before =
+            row.change == Change::Changed ? fmt::format("   was {}", toText(row.before, row.tag)) : "";
+        return toText(row.values, row.tag) + before;
+    };
     const size_t name = widest(event.entries, [](const EntryRow& row) { return row.name; });
     const size_t type = widest(event.entries, [](const EntryRow& row) { return typeAndCount(row.values); });
+    const size_t value = std::min(kWidestValue, widest(event.entries, valueOf));
+    const size_t width = name + 2 + type + 2 + value;
     for (const EntryRow& row : event.entries) {
-        std::string text = fmt::format("{:<{}}  {:<{}}  {}", row.name, name, typeAndCount(row.values), type,
-                                       toText(row.values, row.tag));
-        if (row.change == Change::Changed) text += fmt::format("   was {}", toText(row.before, row.tag));
-        line("      " + marked(row.change, text));
+        const std::string origin = originOf(row);
+        const std::string text =
+            fmt::format("{:<{}}  {:<{}}  {}", row.name, name, typeAndCount(row.values), type, valueOf(row));
+        line("      " + marked(row.change, fmt::format("{:<{}}", text, origin.empty() ? 0 : width)) + origin);
     }
+}
+
+// "  <- iso=1600"
+std::string Printer::originOf(const EntryRow& row) const {
+    if (row.from.empty()) return {};
+    std::string origin = "<-";
+    for (const auto& [key, value] : row.from) origin += " " + assignment(key, value);
+    return "  " + styled(kDim, origin);
 }
 
 // All that went well is a number; of the rest those are shown that are new.
@@ -151,11 +172,11 @@ void Printer::show(const VerdictsEvent& event) {
     for (const auto& [verdict, count] : counts) {
         sum += fmt::format("{}{} {}", sum.empty() ? "" : ", ", count, verdictMeaning(verdict));
     }
-    line(styled(kDim, fmt::format("      of {} parameters set: {}", event.rows.size(), sum)));
+    line(styled(kDim, fmt::format("      parameters: {}", sum)));
     std::vector<VerdictRow> shown;
     std::copy_if(event.rows.begin(), event.rows.end(), std::back_inserter(shown),
                  [](const VerdictRow& row) { return row.verdict != Verdict::Written && !row.repeated; });
-    const auto parameter = [](const VerdictRow& row) { return row.key + "=" + row.value; };
+    const auto parameter = [](const VerdictRow& row) { return assignment(row.key, row.value); };
     const size_t width = std::min(kWidestValue, widest(shown, parameter));
     for (const VerdictRow& row : shown) {
         std::string verdict = verdictMeaning(row.verdict);

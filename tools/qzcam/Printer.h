@@ -41,6 +41,7 @@ class Printer : public Output {
     void endRepeats();
     std::string styled(const char* style, const std::string& text) const;
     std::string marked(Change change, const std::string& text) const;
+    std::string originOf(const EntryRow& row) const;
 
     bool mColour;
     LogFilter mFilter;

@@ -5,6 +5,7 @@
 #include "Cli.h"
 
 #include <cstdint>
+#include <map>
 #include <string>
 #include <vector>
 
@@ -70,11 +71,9 @@ struct Reference {
 Reference buildReference();
 
 // By hand.
-struct Note {
-    const char* key;
-    const char* text;
-};
-const std::vector<Note>& parameterNotes();
+// What no probe tells about a parameter; empty: nothing.
+std::string noteOn(const std::string& key);
+const std::map<std::string, const char*>& parameterNotes();
 const std::vector<ParameterDoc>& adapterParameters();  // of the host's own operations, outside the passes
 const std::vector<PublishedDoc>& adapterPublished();
 const std::vector<CommandDoc>& commandDocs();

@@ -3,11 +3,13 @@
 
 #include <CameraQzSendCmd.h>
 
+#include <map>
+
 namespace qzcam {
 
-const std::vector<Note>& parameterNotes() {
-    static const std::vector<Note> notes{
-        {"burst-capture", "kept for the host; no entry carries it"},
+const std::map<std::string, const char*>& parameterNotes() {
+    static const std::map<std::string, const char*> notes{
+        {"burst-capture", "read and kept; no entry carries it"},
         {"qz-face-ae-area", "read and left: no entry carries it"},
         {"picture-size", "width and height, any one character between them"},
         {"qz-dynamic-iso-range", "lowest and highest, any one character between them"},
@@ -21,7 +23,7 @@ const std::vector<Note>& parameterNotes() {
         {"qz-sensor-iso", "a number; 'auto' is 0"},
         {"qz-sensor-wb", "a number; 'auto' is 0"},
         {"key_exposure_time", "microseconds"},
-        {"zoom", "an index: 0 is ratio 1, max-zoom the device's largest ratio"},
+        {"zoom", "an index: the ratio is (largest - 1) / max-zoom * zoom + 1, with the device's largest"},
         {"post-process-picture-name", "without terminator"},
         {"qz-raw-img-path-name", "without terminator"},
         {"key-qz-2dpanorama-tiny-height",
@@ -53,6 +55,15 @@ const std::vector<Note>& parameterNotes() {
          "parse"},
     };
     return notes;
+}
+
+std::string noteOn(const std::string& key) {
+    const auto& notes = parameterNotes();
+    if (const auto found = notes.find(key); found != notes.end()) return found->second;
+    for (const ParameterDoc& doc : adapterParameters()) {
+        if (doc.key == key) return doc.conditions.front();
+    }
+    return {};
 }
 
 const std::vector<ParameterDoc>& adapterParameters() {

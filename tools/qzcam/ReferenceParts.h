@@ -6,6 +6,7 @@
 
 namespace qzcam {
 
+ParameterDoc parameterDoc(Probe& probe, const Survey& survey, const ParameterFact& fact);
 std::vector<ParameterDoc> parameterDocs(Probe& probe, const Survey& survey);
 std::vector<PublishedDoc> publishedDocs(Probe& probe, const Survey& survey);
 std::vector<MessageDoc> messageDocs(Probe& probe, const Survey& survey);

@@ -121,9 +121,9 @@ std::string misunderstanding(Influence& influence, const std::string& key) {
     const std::string& value = influence.parameters().at(key);
     if (isReadAsInteger(influence, key)) {
         char* end = nullptr;
-        const long number = std::strtol(value.c_str(), &end, 0);
+        (void)std::strtol(value.c_str(), &end, 0);
         const bool whole = end != value.c_str() && *end == '\0';
-        return whole ? "" : fmt::format("{} is no number; read as {}", excerpt(value), number);
+        return whole ? "" : fmt::format("{} is no number; read as {}", excerpt(value), asInteger(value));
     }
     const TraceStep* update = firstOwnUpdate(influence, key);
     if (update == nullptr || influence.with(key, kMeaningless) != influence.steps()) return {};
@@ -132,14 +132,14 @@ std::string misunderstanding(Influence& influence, const std::string& key) {
     const bool same = !numbers.empty() && numbers.size() <= written.size() &&
                       std::equal(numbers.begin(), numbers.end(), written.begin());
     if (same || isKnownWord(influence, key, *update)) return {};
-    return fmt::format("{} has the effect of any unknown text", excerpt(value));
+    return fmt::format("{} is read as any unknown text", excerpt(value));
 }
 
 // The library tells an absent integer by the number that the platform gives for it.
 std::string whySkipped(const Influence& influence, const std::string& key) {
     const std::string& value = influence.parameters().at(key);
-    const bool absent = isReadAsInteger(influence, key) && std::strtol(value.c_str(), nullptr, 0) == -1;
-    return absent ? "-1 counts as not set" : excerpt(value);
+    const bool absent = isReadAsInteger(influence, key) && asInteger(value) == -1;
+    return absent ? "-1 counts as not set" : fmt::format("{} is not understood", excerpt(value));
 }
 
 Alternative findAlternative(Influence& influence, const std::string& key) {

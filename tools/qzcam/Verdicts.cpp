@@ -2,6 +2,7 @@
 
 #include "Influence.h"
 #include "KeyWords.h"
+#include "Reference.h"
 #include "Understanding.h"
 
 #include <fmt/format.h>
@@ -141,8 +142,10 @@ void Request::explainUnread(VerdictRow& row) {
     const ParameterFact* fact = VerdictFinder::survey().parameter(row.key);
     if (!fact) {
         row.verdict = Verdict::Unread;
+        row.reason = noteOn(row.key);
         const auto similar = similarKeys(VerdictFinder::survey(), row.key);
-        if (!similar.empty()) row.reason = fmt::format("perhaps {} is meant", fmt::join(similar, " or "));
+        if (row.reason.empty() && !similar.empty())
+            row.reason = fmt::format("perhaps {} is meant", fmt::join(similar, " or "));
         return;
     }
     row.verdict = Verdict::GateClosed;
@@ -174,7 +177,8 @@ void Request::explainNoEntry(VerdictRow& row) {
     }
     const Alternative other = findAlternative(mInfluence, row.key);
     if (other.value.empty()) {
-        if (row.reason.empty()) row.reason = "no value of it writes an entry, as things stand";
+        if (row.reason.empty()) row.reason = noteOn(row.key);
+        if (row.reason.empty()) row.reason = "no value of it writes one now";
     } else if (other.sameVocabulary) {
         row.reason = fmt::format("only {} and the like write an entry", excerpt(other.value));
     } else {
