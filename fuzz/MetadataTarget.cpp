@@ -221,7 +221,7 @@ void step(Input& input, Pair& pair, Pair& other) {
 
 void playSteps(Input& input) {
     std::array<Pair, 2> pairs;
-    for (int steps = 0; steps < 100 && !input.atEnd(); ++steps) {
+    for (int steps = 0; steps < 1000 && !input.atEnd(); ++steps) {
         const bool second = input.flag();
         step(input, pairs.at(second ? 1 : 0), pairs.at(second ? 0 : 1));
         pairs[0].requireSame();

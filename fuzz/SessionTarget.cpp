@@ -6,12 +6,14 @@
 #include <DumpParser.h>
 #include <JsonPrinter.h>
 #include <LogCapture.h>
+#include <Monitor.h>
 #include <Player.h>
 #include <Printer.h>
 #include <Properties.h>
 #include <android/log.h>
 #include <unistd.h>
 
+#include <array>
 #include <cstdio>
 
 // A command that waits for results need not take three seconds.
@@ -34,7 +36,12 @@ void play(const qzcam::Session& session) {
     static std::FILE* const nowhere = std::fopen("/dev/null", "w");
     const qzcam::PropertiesInPlace properties;
     qzcam::JsonPrinter json(nowhere, ANDROID_LOG_VERBOSE);
-    qzcam::Player player(device(), [&json](const qzcam::Event& event) { json.print(event); });
+    qzcam::Printer text(nowhere, true, ANDROID_LOG_VERBOSE);
+    qzcam::Monitor monitor(nowhere);
+    const std::array<qzcam::Output*, 3> outputs{&json, &text, &monitor};
+    qzcam::Player player(device(), [&outputs](const qzcam::Event& event) {
+        for (qzcam::Output* output : outputs) output->print(event);
+    });
     player.play(session);
 }
 
@@ -45,7 +52,6 @@ void execute(Input& input) {
     const qzcam::LogListener quiet([](const qzcam::LogEvent&) {});
     qzcam::Problems problems("session");
     const qzcam::Session session = qzcam::parseSession(input.rest(), "session", problems);
-    require(problems.count() >= problems.first().size(), "the first problems are problems");
     static const qzcam::TagNames names(device().vendorTags);
     qzcam::checkAgainstDevice(session, names, problems);
     if (problems.empty() && session.commands.size() <= mostPlayed) play(session);

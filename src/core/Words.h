@@ -35,6 +35,11 @@ constexpr bool counting(const Word (&words)[N]) {
     return distinct(words);
 }
 
+// A check that lets everything through would show nowhere else.
+constexpr Word kRepeating[] = {{"a", 0}, {"a", 1}};
+constexpr Word kLate[] = {{"a", 1}};
+static_assert(!distinct(kRepeating) && !counting(kRepeating) && !counting(kLate));
+
 // ISO. The two directions differ on purpose: requests know "50" and "1250", published lists do not.
 constexpr Word kIso[] = {{"auto", 0}, {"50", 1},   {"100", 2},  {"200", 3},  {"400", 4},
                          {"800", 5},  {"1250", 6}, {"1600", 7}, {"3200", 8}, {"6400", 9}};

@@ -40,14 +40,13 @@ TEST(CameraQzCallBack, TracksNothingWithoutCoordinates) {
 
 TEST(CameraQzCallBack, ReportsAMissingHostByMessage) {
     Session session;
-    const int32_t offset[] = {3, 4};
     std::string expected;
     for (const char* name : {"TargetTracking", "DualAbnormal", "DualCameraVerifyResult",
                              "MMIFeatureTestResult", "MMICameraPdafVerifyResult", "ExposureMesure",
                              "ExposureModePreviewState", "LaserCalibrationResult"}) {
         expected += std::string("E callback") + name + ": mExtCallBackIntf is NULL!\n";
     }
-    TestPeer::send(*session.orphan, offset);
+    TestPeer::send(*session.orphan, nullptr);  // the host is missed before the coordinates
     EXPECT_EQ(session.trace(), expected);
     session.orphan->callbackSmartMode(5);
     session.orphan->callbackSmartMode(0);

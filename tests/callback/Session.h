@@ -132,7 +132,7 @@ class Session {
     void play(const std::string& table) {
         for (const std::vector<std::string>& row : rowsOf(table)) {
             host->entries = entriesOf(row[0]);
-            EXPECT_EQ(callBack->processQzCallBack(host->result), 0);
+            EXPECT_THAT(TestPeer::handle(*callBack, host->result), testing::Each(0)) << row[0];
             std::string expected;
             for (size_t i = 1; i < row.size(); ++i) expected += row[i] + '\n';
             EXPECT_EQ(trace(), expected) << row[0];

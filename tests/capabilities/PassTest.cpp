@@ -4,6 +4,7 @@
 namespace qz::test {
 namespace {
 
+using testing::ElementsAre;
 using testing::ElementsAreArray;
 using testing::HasSubstr;
 
@@ -88,6 +89,7 @@ TEST(CapabilityPass, HasOneKeyForADeviceThatSaysNothing) {
               "I Enter getHdcAvailabeJpegSize(#)\nI supportedExtScene.count = 0\nI Video smooth af supported "
               "= true\n");
     EXPECT_EQ(undeclared.published(), kAlways);
+    EXPECT_THAT(undeclared.host->events, ElementsAre("android.control.availableSceneModes 0 0 1", kAlways));
     Camera camera;
     camera.adapter->mInfo = nullptr;
     EXPECT_EQ(camera.translator().metaDataToParam(), 0);

@@ -53,6 +53,7 @@ TEST(CCameraQzParam, AnswersWithoutAPass) {
     EXPECT_THAT(
         (std::vector<std::string>{first, second, text.c_str()}),
         ElementsAre("qz-image-post-process", "super-resolution-picture-size-values", "4000x3000,1200x1500"));
+    first = second = nullptr;
     translator.getQzPostKey(first, second);
     EXPECT_STREQ(first, "qz-image-post-process");
     EXPECT_STREQ(second, "qz-qzcamera-flag");

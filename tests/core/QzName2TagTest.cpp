@@ -80,7 +80,8 @@ TEST(QzName2Tag, LongestOfManySections) {
                            {"a.b.c.z.tag", TYPE_BYTE},
                            {"a.b.cc.tag", TYPE_BYTE},
                            {"a.b.d.tag", TYPE_BYTE},
-                           {"z.tag", TYPE_BYTE}});
+                           {"z.tag", TYPE_BYTE},
+                           {"a.b.c", TYPE_BYTE}});
     expectTag("a.b.tag", 0x80000000);
     expectTag("a.b.c.tag", 0x80000001);
     expectTag("a.b.c.a.tag", 0x80000002);
@@ -88,6 +89,9 @@ TEST(QzName2Tag, LongestOfManySections) {
     expectTag("a.b.cc.tag", 0x80000004);
     expectTag("a.b.d.tag", 0x80000005);
     expectTag("z.tag", 0x80000006);
+    // A section's own name is not one of its tags, nor of those of a shorter section.
+    expectTag("a.b.c", kNone, "vendorTagFromName: Key length too short for key 'a.b.c'.");
+    expectTag("z", kNone, "vendorTagFromName: Key length too short for key 'z'.");
     expectTag("a.b.x.tag", kNone);  // in a.b, which has no "x.tag"
     expectTag("a.tag", kNone, "-vendorTagFromName: cann't find section for tag 'a.tag'!");
     expectTag("zz", kNone, "vendorTagFromName: Key length too short for key 'zz'.");

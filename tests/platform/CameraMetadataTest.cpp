@@ -2,10 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <array>
-#include <cstring>
-#include <random>
 #include <utility>
 #include <vector>
 
@@ -17,110 +14,14 @@ using android::INVALID_OPERATION;
 using android::NO_MEMORY;
 using android::OK;
 using android::String8;
-using Bytes = std::vector<uint8_t>;
 
 namespace {
 
 constexpr uint32_t kVendorTag = 0x80010000;
 constexpr std::array<uint8_t, 3> kBytes = {1, 2, 3};
 
-struct ModelEntry {
-    uint32_t tag;
-    Bytes bytes;
-};
-
-template <typename T>
-int updateAs(CameraMetadata& metadata, uint32_t tag, const Bytes& bytes) {
-    std::vector<T> elements(bytes.size() / sizeof(T));
-    if (!bytes.empty()) std::memcpy(elements.data(), bytes.data(), bytes.size());
-    return metadata.update(tag, elements.data(), elements.size());
-}
-
-int updateBytes(CameraMetadata& metadata, uint32_t tag, const Bytes& bytes) {
-    switch (get_camera_metadata_tag_type(tag)) {
-        case TYPE_BYTE:
-            return updateAs<uint8_t>(metadata, tag, bytes);
-        case TYPE_INT32:
-            return updateAs<int32_t>(metadata, tag, bytes);
-        case TYPE_FLOAT:
-            return updateAs<float>(metadata, tag, bytes);
-        case TYPE_INT64:
-            return updateAs<int64_t>(metadata, tag, bytes);
-        case TYPE_DOUBLE:
-            return updateAs<double>(metadata, tag, bytes);
-        default:
-            return updateAs<camera_metadata_rational_t>(metadata, tag, bytes);
-    }
-}
-
-Bytes bytesOf(const camera_metadata_ro_entry_t& entry) {
-    return {entry.data.u8, entry.data.u8 + entry.count * camera_metadata_type_size[entry.type]};
-}
-
-void expectModel(const CameraMetadata& metadata, const std::vector<ModelEntry>& model) {
-    ASSERT_EQ(metadata.entryCount(), model.size());
-    const camera_metadata_t* const buffer = metadata.getAndLock();
-    ASSERT_TRUE(buffer == nullptr ||
-                validate_camera_metadata_structure(buffer, get_camera_metadata_size(buffer)) == 0);
-    for (size_t i = 0; i < model.size(); ++i) {
-        camera_metadata_ro_entry_t entry = {};
-        ASSERT_EQ(get_camera_metadata_ro_entry(buffer, i, &entry), 0);
-        ASSERT_EQ(entry.tag, model[i].tag) << "at " << i;
-        ASSERT_EQ(bytesOf(entry), model[i].bytes) << "tag " << std::hex << entry.tag;
-        ASSERT_TRUE(model[i].bytes.size() <= 4 || reinterpret_cast<uintptr_t>(entry.data.u8) % 8 == 0);
-        ASSERT_EQ(metadata.find(entry.tag).data.u8, entry.data.u8);
-    }
-    ASSERT_EQ(metadata.unlock(buffer), OK);
-}
-
-void updateModel(std::vector<ModelEntry>& model, uint32_t tag, const Bytes& bytes) {
-    const auto found =
-        std::find_if(model.begin(), model.end(), [tag](const auto& row) { return row.tag == tag; });
-    if (found != model.end()) {
-        found->bytes = bytes;
-    } else {
-        model.push_back({tag, bytes});
-    }
-}
-
-TEST(CameraMetadata, FollowsAnOrderedModelThroughRandomChanges) {
-    constexpr std::array<uint32_t, 8> kTags = {
-        ANDROID_CONTROL_MODE,         ANDROID_SCALER_CROP_REGION,     ANDROID_LENS_APERTURE,
-        ANDROID_SENSOR_EXPOSURE_TIME, ANDROID_JPEG_GPS_COORDINATES,   ANDROID_SENSOR_COLOR_TRANSFORM1,
-        ANDROID_CONTROL_AE_REGIONS,   ANDROID_STATISTICS_FACE_SCORES,
-    };
-    std::mt19937 random(20);  // the same walk each time: NOLINT(cert-msc32-c,cert-msc51-cpp)
-    CameraMetadata metadata;
-    std::vector<ModelEntry> model;
-    for (int step = 0; step < 4000; ++step) {
-        const uint32_t tag = kTags[random() % kTags.size()];
-        const auto operation = random() % 100;
-        if (operation < 75) {
-            const size_t size = camera_metadata_type_size[get_camera_metadata_tag_type(tag)];
-            Bytes bytes(random() % (step % 10 == 0 ? 300 : 7) * size);
-            std::generate(bytes.begin(), bytes.end(), [&random] { return static_cast<uint8_t>(random()); });
-            ASSERT_EQ(updateBytes(metadata, tag, bytes), OK);
-            updateModel(model, tag, bytes);
-        } else if (operation < 90) {
-            ASSERT_EQ(metadata.erase(tag), OK);
-            model.erase(
-                std::remove_if(model.begin(), model.end(), [tag](auto& row) { return row.tag == tag; }),
-                model.end());
-        } else if (operation < 99) {
-            CameraMetadata other(metadata);
-            other.erase(tag);
-            ASSERT_EQ(other.append(metadata), OK);
-            expectModel(metadata, model);
-            metadata = std::move(other);
-            std::stable_partition(model.begin(), model.end(), [tag](auto& row) { return row.tag != tag; });
-        } else {
-            metadata.clear();
-            model.clear();
-        }
-        expectModel(metadata, model);
-        if (HasFatalFailure()) FAIL() << "after step " << step;
-    }
-}
+// Random changes beside a plain list of entries: fuzz/MetadataTarget.cpp, which the test fuzz.metadata
+// replays.
 
 TEST(CameraMetadata, UpdateRefusesUnknownTagsAndOtherTypes) {
     const qz::test::GlobalVendorTags vendor({{kVendorTag, "com.ambrix.test", "iso", TYPE_INT32}});
