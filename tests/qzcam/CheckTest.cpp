@@ -41,6 +41,16 @@ std::string declared(const std::string& tag, const std::string& type) {
     return text.replace(begin, text.find(" defined", place) - begin, "type " + type);
 }
 
+// A list of the dump that shows 16 of its values.
+std::string cut(std::string text) {
+    const std::string whole = "aeAvailableTargetFpsRanges (10014): int32[6]";
+    const size_t place = text.find(whole);
+    const size_t end = text.find("android.", place);
+    return text.replace(
+        place, end - place,
+        "aeAvailableTargetFpsRanges (10014): int32[18]\n[1 2 3 4 5 6 7 8 9 10 11 12 13 14 15 16 ]\n");
+}
+
 struct Case {
     const char* what;
     std::string dump;
@@ -79,7 +89,19 @@ TEST(Check, TellsWhatIsWrongWithATag) {
          "burstModeSupported", "a flag of 7"},
         {"two values for one", capability("burstCountSupported", "int32[2]", "7 8"), V::Doubtful,
          "burstCountSupported", "only the first is read"},
-        {"no values", capability("exposureLevelRange", "int32[0]", ""), V::NoEntry, "exposureLevelRange", ""},
+        {"no values", capability("exposureLevelRange", "int32[0]", ""), V::NoEntry, "exposureLevelRange",
+         "this camera's entry is without values"},
+        {"an entry of another type than its tag", capability("qz-sensor-iso-range", "byte[2]", "50 200"),
+         V::Malformed, "qz-sensor-iso-range",
+         "entry is byte[2], tag declares int32: read as empty (line 255)"},
+        {"an entry of no type", capability("qz-sensor-iso-range", "int33[2]", "50 3200"), V::Malformed,
+         "qz-sensor-iso-range", "entry is int33[2], tag declares int32: read as empty"},
+        {"a text that does not end beside a list that is cut",
+         cut(capability("apertureValueSupported", "byte[16]", "9 9 9 9 9 9 9 9 9 9 9 9 9 9 9 9")),
+         V::Malformed, "apertureValueSupported", "without terminator"},
+        {"a text that is cut",
+         capability("apertureValueSupported", "byte[17]", "57 57 57 57 57 57 57 57 57 57 57 57 57 57 57 57"),
+         V::Fine, "apertureValueSupported", ""},
         {"a single gain", capability("oisDefaultGryoGain", "float[1]", "0.5"), V::Fine, "oisDefaultGryoGain",
          ""},
     };

@@ -9,6 +9,7 @@
 
 #include <QzName2Tag.h>
 #include <android/log.h>
+#include <fmt/format.h>
 
 #include <algorithm>
 #include <array>
@@ -25,7 +26,6 @@ constexpr const char* kRequest = "request";
 constexpr const char* kCapability = "capability";
 constexpr const char* kResult = "result";
 constexpr const char* kInspection = "inspection";
-constexpr size_t kShownOfCutList = 16;
 
 // The device as the library's resolver sees it.
 class DeclaredTags {
@@ -172,6 +172,13 @@ void sortWorstFirst(std::vector<TagCheck>& tags) {
     });
 }
 
+template <typename Entry>
+const Entry* entryOf(const std::vector<Entry>& entries, uint32_t tag) {
+    const auto found =
+        std::find_if(entries.begin(), entries.end(), [&](const Entry& entry) { return entry.tag == tag; });
+    return found == entries.end() ? nullptr : &*found;
+}
+
 class DeviceChecker {
   public:
     DeviceChecker(const Device& device, Probe& probe, const Survey& survey)
@@ -182,8 +189,8 @@ class DeviceChecker {
   private:
     void judge(Wanted& wanted);
     void judgeEntry(Wanted& wanted, const Tag& tag);
+    EntryFinding findingOf(const CapabilityFact& fact, const Tag& tag);
     std::vector<std::string> unused() const;
-    const StaticEntry* entryOf(uint32_t tag) const;
 
     const Device& mDevice;
     Probe& mProbe;
@@ -224,21 +231,21 @@ void DeviceChecker::judge(Wanted& wanted) {
 }
 
 void DeviceChecker::judgeEntry(Wanted& wanted, const Tag& tag) {
-    const StaticEntry* entry = entryOf(tag.id);
-    if (entry == nullptr || entry->values.count == 0) {
-        wanted.row.verdict = TagVerdict::NoEntry;
-        return;
-    }
-    const bool cut = mDevice.cutLists > 0 && entry->values.count == kShownOfCutList;
-    EntryFinding finding = checkEntry(mProbe, *wanted.entry, entry->values, cut);
+    EntryFinding finding = findingOf(*wanted.entry, tag);
     wanted.row.verdict = finding.verdict;
     wanted.row.what = std::move(finding.what);
 }
 
-const StaticEntry* DeviceChecker::entryOf(uint32_t tag) const {
-    const auto found = std::find_if(mDevice.entries.begin(), mDevice.entries.end(),
-                                    [&](const StaticEntry& entry) { return entry.tag == tag; });
-    return found == mDevice.entries.end() ? nullptr : &*found;
+EntryFinding DeviceChecker::findingOf(const CapabilityFact& fact, const Tag& tag) {
+    if (const StaticEntry* entry = entryOf(mDevice.entries, tag.id)) {
+        if (entry->values.count > 0) return checkEntry(mProbe, fact, entry->values, entry->cut);
+        return {TagVerdict::NoEntry, "this camera's entry is without values"};
+    }
+    const MistypedEntry* mistyped = entryOf(mDevice.mistyped, tag.id);
+    if (mistyped == nullptr) return {TagVerdict::NoEntry, "this camera has no entry"};
+    return {TagVerdict::Malformed,
+            fmt::format("entry is {}, tag declares {}: read as empty (line {})", mistyped->form,
+                        camera_metadata_type_names[tag.type], mistyped->line)};
 }
 
 // Where the library's own tags stand, a misspelt one may stand too.

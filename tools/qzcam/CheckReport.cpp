@@ -96,7 +96,7 @@ std::string Report::words(const TagCheck& row) const {
         case TagVerdict::Mistyped:
             return fmt::format("declared {}, expected {}: {}", row.declared, row.expected, row.what);
         case TagVerdict::NoEntry:
-            return fmt::format("{}, but this camera has no entry", row.declared);
+            return fmt::format("{}, but {}", row.declared, row.what);
         case TagVerdict::Missing:
             return (row.expected.empty() ? "" : fmt::format(" ({})", row.expected)) +
                    (row.what.empty() ? "" : ": " + row.what);

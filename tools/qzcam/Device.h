@@ -56,6 +56,15 @@ class TagNames {
 struct StaticEntry {
     uint32_t tag = 0;
     Values values;
+    bool cut = false;  // the dump shows its first elements only
+};
+
+// An entry whose element type is not its tag's, or none at all. The metadata buffer cannot hold it, so that
+// the device does without.
+struct MistypedEntry {
+    uint32_t tag;
+    size_t line;
+    std::string form;  // as the dump has it: "byte[2]"
 };
 
 struct Device {
@@ -64,6 +73,7 @@ struct Device {
     bool hasVendorTags = false;
     std::vector<Tag> vendorTags;
     std::vector<StaticEntry> entries;
+    std::vector<MistypedEntry> mistyped;
     size_t cutLists = 0;                       // entries of which the dump shows only the first 16 elements
     std::map<std::string, size_t> passedOver;  // what of the dump is not used, and how often
 };

@@ -27,7 +27,7 @@ class DeviceBuilder {
   private:
     void addVendorTag(const RawVendorTag& raw);
     void addEntry(const RawEntry& raw);
-    std::optional<Values> readValues(const RawEntry& raw, uint32_t tag, uint8_t type);
+    std::optional<StaticEntry> readEntry(const RawEntry& raw, uint32_t tag, uint8_t type);
     bool readLine(const RawEntry::ValueLine& line, const RawEntry& raw, uint32_t tag, Values& values);
     bool readElement(std::string_view text, size_t line, uint32_t tag, Values& values);
     bool takeElement(std::string_view& rest, std::string_view& element, uint8_t type);
@@ -77,25 +77,28 @@ void DeviceBuilder::addEntry(const RawEntry& raw) {
     const Tag* tag = tagOf(raw, *mNames);
     if (!tag) return passOver("entries of unknown tags");
     if (raw.type != camera_metadata_type_names[tag->type]) {
+        mDevice.mistyped.push_back({tag->id, raw.line, fmt::format("{}[{}]", raw.type, raw.count)});
         return passOver("entries of another type than their tag's");
     }
-    auto values = raw.broken ? std::nullopt : readValues(raw, tag->id, tag->type);
-    if (values) mDevice.entries.push_back({tag->id, std::move(*values)});
+    auto entry = raw.broken ? std::nullopt : readEntry(raw, tag->id, tag->type);
+    if (entry) mDevice.entries.push_back(std::move(*entry));
 }
 
-std::optional<Values> DeviceBuilder::readValues(const RawEntry& raw, uint32_t tag, uint8_t type) {
-    Values values{type, 0, {}};
+std::optional<StaticEntry> DeviceBuilder::readEntry(const RawEntry& raw, uint32_t tag, uint8_t type) {
+    StaticEntry entry{tag, {type, 0, {}}};
+    Values& values = entry.values;
     for (const auto& line : raw.values) {
         if (!readLine(line, raw, tag, values)) return std::nullopt;
     }
-    if (values.count == raw.count) return values;
+    if (values.count == raw.count) return entry;
     if (values.count != kShownOfCutList) {
         mProblems.add(raw.line,
                       fmt::format("expected {} values of {}, not {}", raw.count, raw.name, values.count));
         return std::nullopt;
     }
     ++mDevice.cutLists;
-    return values;
+    entry.cut = true;
+    return entry;
 }
 
 bool DeviceBuilder::readLine(const RawEntry::ValueLine& line, const RawEntry& raw, uint32_t tag,

@@ -54,7 +54,7 @@ std::optional<RawEntry> parseEntry(std::string_view body) {
     const auto id = takeNumber(body, "): ", "0x");
     const auto type = takeUntil(body, "[");
     const auto count = takeNumber(body, "]");
-    if (!id || !type || !count || !body.empty()) return std::nullopt;
+    if (!id || !type || !count || !body.empty() || !isPlain(*type)) return std::nullopt;
     return RawEntry{0, *name, *id, *type, *count, {}, false};
 }
 
