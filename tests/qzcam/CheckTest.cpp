@@ -173,9 +173,14 @@ TEST_F(RunTool, CheckOfAPhoneThatKnowsNoneOfTheTagsIsATable) {
     const std::vector<std::pair<std::string, const char*>> phones{
         {camera + foreign, "declares none of the library's vendor tags"},
         {camera + "  Dumping configured vendor tag descriptors: None set\n", "no vendor tags at all"},
+        {camera + "Vendor tags:\n0xfffffffe (last) with type 0 (byte) defined in section org.example\n" +
+             foreign,
+         "declares none of the library's vendor tags"},
     };
     for (const auto& [dump, says] : phones) {
-        EXPECT_EQ(tool({"check", "--device", file("phone.txt", dump)}), kFine) << mErr;
+        const std::string path = file("phone.txt", dump);
+        EXPECT_EQ(tool({"explain", "iso", "--device", path}), kFine) << mErr;
+        EXPECT_EQ(tool({"check", "--device", path}), kFine) << mErr;
         EXPECT_THAT(mOut, HasSubstr(says));
         EXPECT_THAT(mOut, testing::ContainsRegex("\nstabilisation +15 +- +- +- +15 +- +-\n"));
         EXPECT_LT(std::count(mOut.begin(), mOut.end(), '\n'), 24) << "a table, no list";

@@ -13,6 +13,7 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <unordered_set>
 #include <utility>
 #include <variant>
 #include <vector>
@@ -76,6 +77,21 @@ struct Device {
     std::vector<MistypedEntry> mistyped;
     size_t cutLists = 0;                       // entries of which the dump shows only the first 16 elements
     std::map<std::string, size_t> passedOver;  // what of the dump is not used, and how often
+};
+
+// Numbers for vendor tags that need one of their own: the lowest that nobody has. The highest of all counts
+// as "no tag", and going on from the highest in use would arrive there.
+class FreeTagIds {
+  public:
+    template <typename Tags>
+    explicit FreeTagIds(const Tags& tags) {
+        for (const auto& tag : tags) mTaken.insert(tag.id);
+    }
+    uint32_t next();
+
+  private:
+    std::unordered_set<uint32_t> mTaken;
+    uint32_t mNext = CAMERA_METADATA_VENDOR_TAG_BOUNDARY;
 };
 
 // Makes the device's vendor tags those of the process.

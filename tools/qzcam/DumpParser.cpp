@@ -16,7 +16,8 @@ constexpr size_t kShownOfCutList = 16;
 
 class DeviceBuilder {
   public:
-    DeviceBuilder(const RawDump& dump, Problems& problems) : mDump(dump), mProblems(problems) {
+    DeviceBuilder(const RawDump& dump, Problems& problems)
+        : mDump(dump), mProblems(problems), mFreeIds(dump.vendorTags) {
         mDevice.camera = dump.camera;
         mDevice.hasVendorTags = dump.hasVendorTags;
         mDevice.passedOver = dump.passedOver;
@@ -32,7 +33,6 @@ class DeviceBuilder {
     bool readElement(std::string_view text, size_t line, uint32_t tag, Values& values);
     bool takeElement(std::string_view& rest, std::string_view& element, uint8_t type);
     const Tag* tagOf(const RawEntry& raw, const TagNames& names) const;
-    uint32_t freeId();
     void passOver(const char* what) { ++mDevice.passedOver[what]; }
 
     const RawDump& mDump;
@@ -40,6 +40,7 @@ class DeviceBuilder {
     Device mDevice;
     std::set<std::string> mVendorNames;
     std::set<uint32_t> mVendorIds;
+    FreeTagIds mFreeIds;
     std::unique_ptr<TagNames> mNames;
 };
 
@@ -55,16 +56,8 @@ Device DeviceBuilder::build() {
 void DeviceBuilder::addVendorTag(const RawVendorTag& raw) {
     Tag tag{raw.id, raw.type, std::string(raw.section), std::string(raw.name)};
     if (!mVendorNames.insert(tag.fullName()).second) return passOver("repeated vendor tags");
-    if (mVendorIds.count(tag.id) != 0) tag.id = freeId();
-    mVendorIds.insert(tag.id);
+    if (!mVendorIds.insert(tag.id).second) tag.id = mFreeIds.next();
     mDevice.vendorTags.push_back(std::move(tag));
-}
-
-// The highest number counts as "no tag".
-uint32_t DeviceBuilder::freeId() {
-    uint32_t id = *mVendorIds.rbegin() < 0xFFFFFFFEU ? *mVendorIds.rbegin() + 1 : 0x80000000U;
-    while (mVendorIds.count(id) != 0) ++id;
-    return id;
 }
 
 // Old platforms print vendor entries without their names.
