@@ -20,6 +20,7 @@ namespace {
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::Not;
+using testing::UnorderedElementsAre;
 
 // The built-in device with another entry, or with another type for a tag.
 std::string capability(const std::string& name, const std::string& entry, const std::string& values) {
@@ -124,6 +125,20 @@ TEST(Check, TellsWhatIsWrongWithATag) {
         EXPECT_THAT(found->what, HasSubstr(row.says));
         EXPECT_TRUE(found == check.tags.begin() || !check.failed()) << "the worst comes first";
     }
+}
+
+TEST(Check, NamesTheParametersThatAnEntryIsReadFor) {
+    Probe probe;
+    const Survey survey = surveyLibrary(probe, Depth::Tags);
+    const auto readFor = [&](const std::string& tag) {
+        const auto found = std::find_if(survey.capabilities.begin(), survey.capabilities.end(),
+                                        [&](const CapabilityFact& fact) { return fact.tag == tag; });
+        return found == survey.capabilities.end() ? std::vector<std::string>() : found->forKeys;
+    };
+    EXPECT_THAT(readFor("com.ambrix.device.capabilities.qzSubActiveArraySize"),
+                ElementsAre("qz-dual-primary-mode"));
+    EXPECT_THAT(readFor("android.scaler.availableMaxDigitalZoom"),
+                UnorderedElementsAre("qz-dual-primary-mode", "max-zoom", "zoom"));
 }
 
 TEST(Features, AreToldByTheWordsOfATag) {

@@ -134,7 +134,7 @@ void WantedTags::addCapabilities() {
     for (const CapabilityFact& fact : mSurvey.capabilities) {
         Wanted* wanted = at(kCapability, fact.tag);
         if (wanted == nullptr) continue;
-        addOnce(wanted->row.keys, fact.forKey);
+        for (const std::string& key : fact.forKeys) addOnce(wanted->row.keys, key);
         for (const std::string& key : fact.keys) addOnce(wanted->row.keys, key);
         wanted->row.counts = fact.counts.toText();
         wanted->entry = &fact;
