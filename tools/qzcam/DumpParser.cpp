@@ -143,7 +143,9 @@ bool DeviceBuilder::readElement(std::string_view text, size_t line, uint32_t tag
 
 Device parseDump(std::string_view text, std::string_view file, std::string_view camera, Problems& problems) {
     const RawDump dump = scanDump(text, camera, problems);
-    if (dump.camera.empty() && camera.empty()) {
+    if (isUtf16(text)) {
+        problems.add(0, "it is in UTF-16, as PowerShell's '>' writes it: save it as UTF-8");
+    } else if (dump.camera.empty() && camera.empty()) {
         problems.add(0, "no camera in it: expected '== Camera HAL device ... static information: =='");
     } else if (dump.camera.empty()) {
         problems.add(0, fmt::format("no camera '{}': expected {}", camera, fmt::join(dump.cameras, " or ")));
