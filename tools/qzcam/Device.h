@@ -70,7 +70,8 @@ struct MistypedEntry {
 
 struct Device {
     std::string file;
-    std::string camera;  // "device@3.4/legacy/0", or "0"
+    std::string camera;                     // "device@3.4/legacy/0", or "0"
+    std::vector<std::string> otherCameras;  // of the dump
     bool hasVendorTags = false;
     std::vector<Tag> vendorTags;
     std::vector<StaticEntry> entries;

@@ -21,6 +21,10 @@ class DeviceBuilder {
         mDevice.camera = dump.camera;
         mDevice.hasVendorTags = dump.hasVendorTags;
         mDevice.passedOver = dump.passedOver;
+        std::set<std::string_view> seen{dump.camera};  // a dump may name a camera in several titles
+        for (const std::string_view camera : dump.cameras) {
+            if (seen.insert(camera).second) mDevice.otherCameras.emplace_back(camera);
+        }
     }
 
     Device build();
