@@ -18,8 +18,10 @@ namespace qzcam {
 namespace {
 
 using testing::ElementsAre;
+using testing::EndsWith;
 using testing::HasSubstr;
 using testing::Not;
+using testing::UnorderedElementsAre;
 
 // The built-in device with another entry, or with another type for a tag.
 std::string capability(const std::string& name, const std::string& entry, const std::string& values) {
@@ -33,12 +35,27 @@ std::string capability(const std::string& name, const std::string& entry, const 
     return text.substr(0, type) + entry + "\n        [" + values + " ]" + text.substr(end);
 }
 
+std::string builtInDeviceWith(const std::string& from, const std::string& to) {
+    std::string text(builtInDevice());
+    return text.replace(text.find(from), from.size(), to);
+}
+
 std::string declared(const std::string& tag, const std::string& type) {
     std::string text(builtInDevice());
     const size_t place = text.find("(" + tag + ") with type ");
     EXPECT_NE(place, std::string::npos) << tag;
     const size_t begin = text.find("type ", place);
     return text.replace(begin, text.find(" defined", place) - begin, "type " + type);
+}
+
+// A list of the dump that shows 16 of its values.
+std::string cut(std::string text) {
+    const std::string whole = "aeAvailableTargetFpsRanges (10014): int32[6]";
+    const size_t place = text.find(whole);
+    const size_t end = text.find("android.", place);
+    return text.replace(
+        place, end - place,
+        "aeAvailableTargetFpsRanges (10014): int32[18]\n[1 2 3 4 5 6 7 8 9 10 11 12 13 14 15 16 ]\n");
 }
 
 struct Case {
@@ -52,15 +69,15 @@ struct Case {
 TEST(Check, TellsWhatIsWrongWithATag) {
     using V = TagVerdict;
     const std::vector<Case> cases{
-        {"a request's type", declared("iso", "1 (int32)"), V::Mistyped, ".iso", "the request refuses it"},
-        {"a result's type", declared("isoState", "0 (byte)"), V::Mistyped, "isoState",
-         "counts as an empty entry"},
+        {"a request's type", declared("iso", "1 (int32)"), V::Mistyped, ".iso", "the update fails (-38)"},
+        {"a result's type", declared("isoState", "0 (byte)"), V::Mistyped, "isoState", "read as empty"},
         {"a capability's type", declared("zslSupported", "1 (int32)"), V::Mistyped, "zslSupported",
-         "empty entry"},
+         "read as empty: zsl-mode-supported is not published"},
         {"an inspected list's type", declared("qzSubSensorJpegSize", "3 (int64)"), V::Mistyped,
          "qzSubSensorJpegSize", ""},
         {"half a range", capability("sensorWbRange", "int32[1]", "5"), V::Malformed, "sensorWbRange",
-         "1 value, where exactly 2 are expected"},
+         "1 value, where exactly 2 are expected: the library ignores it: qz-sensor-wb-range is not "
+         "published"},
         {"more than a range", capability("faceBeautyRange", "int32[3]", "0 9 4"), V::Malformed,
          "faceBeautyRange", "3 values, where exactly 2"},
         {"a range backwards", capability("qz-sensor-iso-range", "int32[2]", "3200 50"), V::Malformed,
@@ -68,9 +85,12 @@ TEST(Check, TellsWhatIsWrongWithATag) {
         {"an odd list of sizes", capability("superResolutionPictureSize", "int32[3]", "652 489 652"),
          V::Malformed, "superResolutionPictureSize", "left over"},
         {"half a size", capability("qzSubSensorJpegSize", "int32[1]", "4000"), V::Malformed,
-         "qzSubSensorJpegSize", "nothing but an empty text"},
+         "qzSubSensorJpegSize", "published as an empty text"},
         {"an unknown number", capability("supported_iso_values", "byte[3]", "0 2 200"), V::Malformed,
          "supported_iso_values", "unknown number 200"},
+        {"many unknown numbers",
+         capability("supported_iso_values", "byte[12]", "0 99 98 97 96 95 94 93 92 91 90 89"), V::Malformed,
+         "supported_iso_values", "92 (published as 'unknown'), and more"},
         {"a text that does not end", capability("mmiTestFeatureSupported", "byte[3]", "97 98 99"),
          V::Malformed, "mmiTestFeatureSupported", "without terminator"},
         {"an area of three", capability("qzSubActiveArraySize", "int32[3]", "0 0 9"), V::Malformed,
@@ -79,7 +99,23 @@ TEST(Check, TellsWhatIsWrongWithATag) {
          "burstModeSupported", "a flag of 7"},
         {"two values for one", capability("burstCountSupported", "int32[2]", "7 8"), V::Doubtful,
          "burstCountSupported", "only the first is read"},
-        {"no values", capability("exposureLevelRange", "int32[0]", ""), V::NoEntry, "exposureLevelRange", ""},
+        {"no values", capability("exposureLevelRange", "int32[0]", ""), V::NoEntry, "exposureLevelRange",
+         "this camera's entry is without values"},
+        {"an entry of another type than its tag", capability("qz-sensor-iso-range", "byte[2]", "50 200"),
+         V::Malformed, "qz-sensor-iso-range",
+         "entry is byte[2], tag declares int32: read as empty (line 255)"},
+        {"a standard entry of another type",
+         builtInDeviceWith("availableMaxDigitalZoom (d0004): float",
+                           "availableMaxDigitalZoom (d0004): int32"),
+         V::Malformed, "android.scaler.availableMaxDigitalZoom", "entry is int32[1], tag declares float"},
+        {"an entry of no type", capability("qz-sensor-iso-range", "int33[2]", "50 3200"), V::Malformed,
+         "qz-sensor-iso-range", "entry is int33[2], tag declares int32: read as empty"},
+        {"a text that does not end beside a list that is cut",
+         cut(capability("apertureValueSupported", "byte[16]", "9 9 9 9 9 9 9 9 9 9 9 9 9 9 9 9")),
+         V::Malformed, "apertureValueSupported", "without terminator"},
+        {"a text that is cut",
+         capability("apertureValueSupported", "byte[17]", "57 57 57 57 57 57 57 57 57 57 57 57 57 57 57 57"),
+         V::Fine, "apertureValueSupported", ""},
         {"a single gain", capability("oisDefaultGryoGain", "float[1]", "0.5"), V::Fine, "oisDefaultGryoGain",
          ""},
     };
@@ -102,6 +138,20 @@ TEST(Check, TellsWhatIsWrongWithATag) {
         EXPECT_THAT(found->what, HasSubstr(row.says));
         EXPECT_TRUE(found == check.tags.begin() || !check.failed()) << "the worst comes first";
     }
+}
+
+TEST(Check, NamesTheParametersThatAnEntryIsReadFor) {
+    Probe probe;
+    const Survey survey = surveyLibrary(probe, Depth::Tags);
+    const auto readFor = [&](const std::string& tag) {
+        const auto found = std::find_if(survey.capabilities.begin(), survey.capabilities.end(),
+                                        [&](const CapabilityFact& fact) { return fact.tag == tag; });
+        return found == survey.capabilities.end() ? std::vector<std::string>() : found->forKeys;
+    };
+    EXPECT_THAT(readFor("com.ambrix.device.capabilities.qzSubActiveArraySize"),
+                ElementsAre("qz-dual-primary-mode"));
+    EXPECT_THAT(readFor("android.scaler.availableMaxDigitalZoom"),
+                UnorderedElementsAre("qz-dual-primary-mode", "max-zoom", "zoom"));
 }
 
 TEST(Features, AreToldByTheWordsOfATag) {
@@ -127,20 +177,30 @@ TEST_F(RunTool, CheckShowsTheWorstFirstAndTellsItByItsStatus) {
     EXPECT_THAT(mOut, HasSubstr("declared int32, expected byte"));
     EXPECT_LT(mOut.find("\nstabilisation"), mOut.find("\npanorama"));
     EXPECT_THAT(mOut, Not(HasSubstr("\033")));
+    EXPECT_THAT(mOut, EndsWith("\n1 mistyped, 0 malformed, 1 missing\n"));
 
     EXPECT_EQ(tool({"check", "--device", mistyped, "--json"}), kExpectationFailed);
     const auto json = nlohmann::json::parse(mOut);
-    EXPECT_EQ(json["format"], 1);
+    EXPECT_EQ(json["format"], "qzcam-check");
+    EXPECT_EQ(json["version"], 1);
     EXPECT_EQ(json["counts"]["mistyped"], 1);
+    EXPECT_EQ(json["counts"]["noEntry"], 0);
     const auto& worst = json["features"][0];
     EXPECT_EQ(worst["feature"], "stabilisation");
     EXPECT_EQ(worst["tags"][0]["tag"], "com.ambrix.capture.metadata.oisHallCalib");
     EXPECT_EQ(worst["tags"][0]["declared"], "int32");
     EXPECT_EQ(worst["tags"][0]["expected"], "byte");
+    EXPECT_EQ(worst["tags"][0]["counts"], 1);
     EXPECT_THAT(worst["tags"][0]["for"], ElementsAre("qz_ois_hall_calib"));
 
     EXPECT_EQ(tool({"check"}), kFine);
     EXPECT_THAT(mOut, HasSubstr("Nothing is mistyped or malformed; 1 missing."));
+    EXPECT_THAT(mOut, Not(HasSubstr("other cameras:")));
+
+    const std::string more = std::string(builtInDevice()) +
+                             "== Camera HAL device device@3.4/legacy/1 (v3.4) static information: ==\n";
+    EXPECT_EQ(tool({"check", "--device", file("two.txt", more)}), kFine);
+    EXPECT_THAT(mOut, HasSubstr("\n  other cameras: device@3.4/legacy/1; --camera chooses one\n"));
 }
 
 TEST_F(RunTool, CheckOfAPhoneThatKnowsNoneOfTheTagsIsATable) {
@@ -151,9 +211,14 @@ TEST_F(RunTool, CheckOfAPhoneThatKnowsNoneOfTheTagsIsATable) {
     const std::vector<std::pair<std::string, const char*>> phones{
         {camera + foreign, "declares none of the library's vendor tags"},
         {camera + "  Dumping configured vendor tag descriptors: None set\n", "no vendor tags at all"},
+        {camera + "Vendor tags:\n0xfffffffe (last) with type 0 (byte) defined in section org.example\n" +
+             foreign,
+         "declares none of the library's vendor tags"},
     };
     for (const auto& [dump, says] : phones) {
-        EXPECT_EQ(tool({"check", "--device", file("phone.txt", dump)}), kFine) << mErr;
+        const std::string path = file("phone.txt", dump);
+        EXPECT_EQ(tool({"explain", "iso", "--device", path}), kFine) << mErr;
+        EXPECT_EQ(tool({"check", "--device", path}), kFine) << mErr;
         EXPECT_THAT(mOut, HasSubstr(says));
         EXPECT_THAT(mOut, testing::ContainsRegex("\nstabilisation +15 +- +- +- +15 +- +-\n"));
         EXPECT_LT(std::count(mOut.begin(), mOut.end(), '\n'), 24) << "a table, no list";
@@ -163,10 +228,6 @@ TEST_F(RunTool, CheckOfAPhoneThatKnowsNoneOfTheTagsIsATable) {
 // In every command that takes a dump: what is wrong and where, and of the dump what could be read.
 TEST_F(RunTool, NoCommandFallsOverABrokenDump) {
     const std::string whole(builtInDevice());
-    const auto broken = [&](const std::string& from, const std::string& to) {
-        std::string text = whole;
-        return text.replace(text.find(from), from.size(), to);
-    };
     const struct {
         const char* what;
         std::string dump;
@@ -176,17 +237,17 @@ TEST_F(RunTool, NoCommandFallsOverABrokenDump) {
     } kRows[] = {
         {"cut", whole.substr(0, whole.find("[-12")), ":17: the list ends here with 4 of 127 entries", true,
          true},
-        {"brackets", broken("[-12 12 ]", "(-12 12 )"), ":18: expected 'section.name (tag): type[count]' or",
-         true},
-        {"too few values", broken("[-12 12 ]", "[-12 ]"), ":17: expected 2 values of android.control.aeComp",
-         true},
-        {"too many values", broken("[-12 12 ]", "[-12 12 7 ]"), ":18: expected 2 values of android.control",
-         true},
-        {"a number that is none", broken("[-12 12 ]", "[-12 1x ]"),
+        {"brackets", builtInDeviceWith("[-12 12 ]", "(-12 12 )"),
+         ":18: expected 'section.name (tag): type[count]' or", true},
+        {"too few values", builtInDeviceWith("[-12 12 ]", "[-12 ]"),
+         ":17: expected 2 values of android.control.aeComp", true},
+        {"too many values", builtInDeviceWith("[-12 12 ]", "[-12 12 7 ]"),
+         ":18: expected 2 values of android.control", true},
+        {"a number that is none", builtInDeviceWith("[-12 12 ]", "[-12 1x ]"),
          ":18: expected a number of 32 bits, not '1x'", true},
-        {"a tag cut off", broken("(iso) with type 0 (byte) defined", "(iso) wi"),
+        {"a tag cut off", builtInDeviceWith("(iso) with type 0 (byte) defined", "(iso) wi"),
          ":301: expected '0xTAG (NAME)", true},
-        {"garbage within", broken("[-12 12 ]", "\xff\x01[\n\0\0"), ":18: expected", true},
+        {"garbage within", builtInDeviceWith("[-12 12 ]", "\xff\x01[\n\0\0"), ":18: expected", true},
         {"garbage",
          std::string("\x7f"
                      "ELF\0\1\2\3\xff\xfe",

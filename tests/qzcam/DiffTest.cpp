@@ -20,14 +20,15 @@ constexpr const char* kSession = "open 0\nset iso=200;saturation=high\nrequest\n
 
 class DiffTool : public RunTool {
   protected:
-    std::string deviceWith(const std::vector<std::pair<std::string, std::string>>& changes) {
+    std::string deviceWith(const std::vector<std::pair<std::string, std::string>>& changes,
+                           const std::string& name = "b.txt") {
         std::string text(builtInDevice());
         for (const auto& [from, to] : changes) {
             const size_t place = text.find(from);
             EXPECT_NE(place, std::string::npos) << from;
             text.replace(place, from.size(), to);
         }
-        return file("b.txt", text);
+        return file(name, text);
     }
     json differences(const std::vector<std::string>& words) {
         std::vector<std::string> all{"diff", "--json"};
@@ -36,6 +37,12 @@ class DiffTool : public RunTool {
         return json::parse(mOut);
     }
 };
+
+std::string repeated(const std::string& text, size_t times) {
+    std::string all;
+    for (size_t i = 0; i < times; ++i) all += text;
+    return all;
+}
 
 // "name a b" of each difference.
 std::vector<std::string> rows(const json& differences) {
@@ -66,6 +73,25 @@ TEST_F(DiffTool, ShowsHowTwoDevicesDiffer) {
     EXPECT_THAT(rows(report["requests"][0]["entries"]),
                 testing::ElementsAre(R"(iso {"type":"byte","values":[3]} null)",
                                      R"(saturationValue {"type":"byte","values":[255]} null)"));
+
+    EXPECT_EQ(report["format"], "qzcam-diff");
+    EXPECT_EQ(report["version"], 1);
+
+    // Of long lists it shows where they part.
+    const std::string iso = "[0 2 3 4 5 7 8 9 ]";
+    std::string lists[2];
+    for (std::string& list : lists) {
+        const bool isSecond = &list == &lists[1];
+        list = deviceWith(
+            {{"supported_iso_values (80010000): byte[8]", "supported_iso_values (80010000): byte[200]"},
+             {iso,
+              iso.substr(0, 1) + repeated("0 ", 150) + (isSecond ? "3 " : "2 ") + repeated("0 ", 49) + "]"}},
+            isSecond ? "long2.txt" : "long1.txt");
+    }
+    EXPECT_EQ(tool({"diff", lists[0], lists[1]}), kExpectationFailed) << mErr;
+    EXPECT_THAT(mOut, HasSubstr("\n      A  byte[200] from value 151 on: 2 0 0 "));
+    EXPECT_THAT(mOut, HasSubstr("\n      B  byte[200] from value 151 on: 3 0 0 "));
+    EXPECT_THAT(mOut, HasSubstr("\n      B  ... 200,auto,"));
 
     // The built-in one is the other, and for people it is a table.
     EXPECT_EQ(tool({"diff", b}), kExpectationFailed);

@@ -160,7 +160,7 @@ TEST(DumpParser, KeepsAllVendorGroupsAndTheirNumbersApart) {
     for (const Tag& tag : parsed.device.vendorTags) tags.push_back(tag.fullName());
     EXPECT_THAT(tags, ElementsAre("com.ambrix.capture.metadata.iso", "com.ambrix.device.capabilities.gain",
                                   "org.other.fps (max)"));
-    EXPECT_NE(parsed.device.vendorTags[2].id, parsed.device.vendorTags[0].id);
+    EXPECT_EQ(parsed.device.vendorTags[2].id, 0x80000001) << "the lowest that the dump does not use";
     EXPECT_THAT(parsed.device.passedOver,
                 UnorderedElementsAre(Pair("other sections", 1), Pair("repeated vendor tags", 1),
                                      Pair("vendor tags of unknown type", 1)));
@@ -201,6 +201,14 @@ TEST(DumpParser, NamesTheLineOfWhatIsBroken) {
         {entry("") + kVendor + "    0x80000001 (\033[31m) with type 0 (byte) defined in section s\n",
          "d:8: expected '0xTAG (NAME) with type N (TYPE) defined in section SECTION', not '0x80000001 "
          "(?[31m)"},
+        {entry("") + kVendor + "    0x80000001 (burst) with type 5 (float) defined in section s\n",
+         "d:8: type 5 of burst is rational, not 'float'"},
+        {entry("") + kVendor + "    0x80000000 (burst) with type 0 (byte) defined in section s\n",
+         "d:8: s.burst has the number 0x80000000 of com.ambrix.capture.metadata.iso in line 6"},
+        {std::string("\xff\xfe=\0=\0", 6),
+         "d: it is in UTF-16, as PowerShell's '>' writes it: save it as UTF-8"},
+        {std::string("=\0=\0", 4), "d: it is in UTF-16"},
+        {entry("      android.lens.facing (80005): b\033e[1]\n"), "d:3: expected 'section.name"},
         {entry("") + kVendor + "    0x00000001 (burst) with type 0 (byte) defined in section s\n",
          "d:8: expected a vendor"},
         {entry("") + "Dumping configured vendor tag descriptors: 3 entries\n" +

@@ -9,6 +9,8 @@
 
 #include <QzName2Tag.h>
 #include <android/log.h>
+#include <fmt/format.h>
+#include <utils/Errors.h>
 
 #include <algorithm>
 #include <array>
@@ -25,7 +27,6 @@ constexpr const char* kRequest = "request";
 constexpr const char* kCapability = "capability";
 constexpr const char* kResult = "result";
 constexpr const char* kInspection = "inspection";
-constexpr size_t kShownOfCutList = 16;
 
 // The device as the library's resolver sees it.
 class DeclaredTags {
@@ -68,6 +69,14 @@ struct Wanted {
     std::set<size_t> counts;                // that are written
     const CapabilityFact* entry = nullptr;  // how its static entry is read
 };
+
+void takeCapability(Wanted& wanted, const CapabilityFact& fact) {
+    for (const std::string& key : fact.forKeys) addOnce(wanted.row.keys, key);
+    for (const std::string& key : fact.keys) addOnce(wanted.row.keys, key);
+    wanted.row.counts = fact.counts.toText();
+    wanted.entry = &fact;
+    if (fact.typeSeen) wanted.type = fact.type;
+}
 
 class WantedTags {
   public:
@@ -133,12 +142,7 @@ void WantedTags::addRequests() {
 void WantedTags::addCapabilities() {
     for (const CapabilityFact& fact : mSurvey.capabilities) {
         Wanted* wanted = at(kCapability, fact.tag);
-        if (wanted == nullptr) continue;
-        addOnce(wanted->row.keys, fact.forKey);
-        for (const std::string& key : fact.keys) addOnce(wanted->row.keys, key);
-        wanted->row.counts = fact.counts.toText();
-        wanted->entry = &fact;
-        if (fact.typeSeen) wanted->type = fact.type;
+        if (wanted != nullptr) takeCapability(*wanted, fact);
     }
 }
 
@@ -172,6 +176,17 @@ void sortWorstFirst(std::vector<TagCheck>& tags) {
     });
 }
 
+template <typename Entry>
+const Entry* entryOf(const std::vector<Entry>& entries, uint32_t tag) {
+    const auto found =
+        std::find_if(entries.begin(), entries.end(), [&](const Entry& entry) { return entry.tag == tag; });
+    return found == entries.end() ? nullptr : &*found;
+}
+
+std::string consequence(const Wanted& wanted) {
+    return wanted.entry == nullptr ? std::string() : unpublished(wanted.entry->keys);
+}
+
 class DeviceChecker {
   public:
     DeviceChecker(const Device& device, Probe& probe, const Survey& survey)
@@ -181,9 +196,10 @@ class DeviceChecker {
 
   private:
     void judge(Wanted& wanted);
+    void addStandardEntries(std::vector<TagCheck>& tags);
     void judgeEntry(Wanted& wanted, const Tag& tag);
+    EntryFinding findingOf(const CapabilityFact& fact, const Tag& tag);
     std::vector<std::string> unused() const;
-    const StaticEntry* entryOf(uint32_t tag) const;
 
     const Device& mDevice;
     Probe& mProbe;
@@ -198,6 +214,7 @@ DeviceCheck DeviceChecker::run() {
         judge(row);
         check.tags.push_back(std::move(row.row));
     }
+    addStandardEntries(check.tags);
     sortWorstFirst(check.tags);
     check.unused = unused();
     return check;
@@ -217,28 +234,47 @@ void DeviceChecker::judge(Wanted& wanted) {
     row.declared = camera_metadata_type_names[tag->type];
     if (wanted.type && tag->type != *wanted.type) {
         row.verdict = TagVerdict::Mistyped;
-        row.what = row.use == kRequest ? "the request refuses it" : "counts as an empty entry";
+        row.what = row.use == kRequest ? fmt::format("the update fails ({})", android::INVALID_OPERATION)
+                                       : "read as empty" + consequence(wanted);
         return;
     }
     if (wanted.entry != nullptr) judgeEntry(wanted, *tag);
 }
 
-void DeviceChecker::judgeEntry(Wanted& wanted, const Tag& tag) {
-    const StaticEntry* entry = entryOf(tag.id);
-    if (entry == nullptr || entry->values.count == 0) {
-        wanted.row.verdict = TagVerdict::NoEntry;
-        return;
+// Standard tags are declared everywhere, and most devices have their entries: listed are those that cannot be
+// read.
+void DeviceChecker::addStandardEntries(std::vector<TagCheck>& tags) {
+    const TagNames names(mDevice.vendorTags);
+    for (const CapabilityFact& fact : mSurvey.capabilities) {
+        const Tag* tag = mSurvey.isVendor(fact.tag) ? nullptr : names.find(fact.tag);
+        if (tag == nullptr) continue;
+        Wanted wanted;
+        wanted.row.tag = fact.tag;
+        wanted.row.feature = featureOf(fact.tag);
+        wanted.row.use = kCapability;
+        wanted.row.declared = wanted.row.expected = camera_metadata_type_names[tag->type];
+        takeCapability(wanted, fact);
+        judgeEntry(wanted, *tag);
+        if (wanted.row.verdict == TagVerdict::Malformed) tags.push_back(std::move(wanted.row));
     }
-    const bool cut = mDevice.cutLists > 0 && entry->values.count == kShownOfCutList;
-    EntryFinding finding = checkEntry(mProbe, *wanted.entry, entry->values, cut);
+}
+
+void DeviceChecker::judgeEntry(Wanted& wanted, const Tag& tag) {
+    EntryFinding finding = findingOf(*wanted.entry, tag);
     wanted.row.verdict = finding.verdict;
     wanted.row.what = std::move(finding.what);
 }
 
-const StaticEntry* DeviceChecker::entryOf(uint32_t tag) const {
-    const auto found = std::find_if(mDevice.entries.begin(), mDevice.entries.end(),
-                                    [&](const StaticEntry& entry) { return entry.tag == tag; });
-    return found == mDevice.entries.end() ? nullptr : &*found;
+EntryFinding DeviceChecker::findingOf(const CapabilityFact& fact, const Tag& tag) {
+    if (const StaticEntry* entry = entryOf(mDevice.entries, tag.id)) {
+        if (entry->values.count > 0) return checkEntry(mProbe, fact, entry->values, entry->cut);
+        return {TagVerdict::NoEntry, "this camera's entry is without values"};
+    }
+    const MistypedEntry* mistyped = entryOf(mDevice.mistyped, tag.id);
+    if (mistyped == nullptr) return {TagVerdict::NoEntry, "this camera has no entry"};
+    return {TagVerdict::Malformed,
+            fmt::format("entry is {}, tag declares {}: read as empty (line {}){}", mistyped->form,
+                        camera_metadata_type_names[tag.type], mistyped->line, unpublished(fact.keys))};
 }
 
 // Where the library's own tags stand, a misspelt one may stand too.
@@ -252,6 +288,11 @@ std::vector<std::string> DeviceChecker::unused() const {
         if (sections.count(tag.section) != 0 && !mDeclared.isUsed(tag)) names.push_back(tag.fullName());
     }
     return names;
+}
+
+std::string otherCamerasText(const Device& device) {
+    if (device.otherCameras.empty()) return {};
+    return fmt::format("  other cameras: {}; --camera chooses one\n", fmt::join(device.otherCameras, ", "));
 }
 
 }  // namespace
@@ -306,7 +347,7 @@ ExitStatus check(const CheckOptions& options) {
         text = checkJson(input->device, result);
     } else {
         Printer(stdout, colour, ANDROID_LOG_SILENT).device(input->device);
-        text = "\n" + checkText(input->device, result, colour);
+        text = otherCamerasText(input->device) + "\n" + checkText(input->device, result, colour);
     }
     if (!writeAll(stdout, text) || !input->whole) return kBadInput;
     return result.failed() ? kExpectationFailed : kFine;

@@ -1,6 +1,8 @@
 // What a check found, for people and for programs.
 #include "Check.h"
 
+#include "Text.h"
+
 #include <fmt/format.h>
 #include <nlohmann/json.hpp>
 
@@ -82,8 +84,10 @@ void Report::addFeature(const FeatureCheck& feature) {
 }
 
 void Report::addRow(const TagCheck& row) {
-    const std::string forKeys =
-        row.keys.empty() ? "" : styled("2", fmt::format("  for {}", fmt::join(row.keys, ", ")));
+    const bool named = std::all_of(row.keys.begin(), row.keys.end(), [&](const std::string& key) {
+        return row.what.find(key) != std::string::npos;  // "is not published"
+    });
+    const std::string forKeys = named ? "" : styled("2", fmt::format("  for {}", fmt::join(row.keys, ", ")));
     mText += fmt::format("  {}  {:<10}  {}",
                          styled(styleOf(row.verdict), fmt::format("{:<9}", nameOf(row.verdict))), row.use,
                          row.tag);
@@ -96,7 +100,7 @@ std::string Report::words(const TagCheck& row) const {
         case TagVerdict::Mistyped:
             return fmt::format("declared {}, expected {}: {}", row.declared, row.expected, row.what);
         case TagVerdict::NoEntry:
-            return fmt::format("{}, but this camera has no entry", row.declared);
+            return fmt::format("{}, but {}", row.declared, row.what);
         case TagVerdict::Missing:
             return (row.expected.empty() ? "" : fmt::format(" ({})", row.expected)) +
                    (row.what.empty() ? "" : ": " + row.what);
@@ -116,7 +120,7 @@ void Report::addVerdict(const Device& device) {
     const size_t malformed = mCheck.count(TagVerdict::Malformed);
     const size_t missing = mCheck.count(TagVerdict::Missing);
     if (mCheck.failed()) {
-        mText += fmt::format("\n{} mistyped, {} malformed\n", mistyped, malformed);
+        mText += fmt::format("\n{} mistyped, {} malformed, {} missing\n", mistyped, malformed, missing);
     } else if (missing == mCheck.tags.size()) {
         mText += device.hasVendorTags ? "\nThis device declares none of the library's vendor tags.\n"
                                       : "\nThis device has no vendor tags at all.\n";
@@ -126,10 +130,21 @@ void Report::addVerdict(const Device& device) {
     }
 }
 
+const char* jsonWord(TagVerdict verdict) {
+    return verdict == TagVerdict::NoEntry ? "noEntry" : nameOf(verdict);
+}
+
+// One number, or which ones in words.
+nlohmann::ordered_json countsJson(std::string_view counts) {
+    constexpr std::string_view exactly = "exactly ";
+    const auto number = parseInteger(startsWith(counts, exactly) ? counts.substr(exactly.size()) : counts);
+    return number ? nlohmann::ordered_json(*number) : nlohmann::ordered_json(counts);
+}
+
 nlohmann::ordered_json tagJson(const TagCheck& row) {
     nlohmann::ordered_json json{
-        {"tag", row.tag},      {"use", row.use},      {"verdict", nameOf(row.verdict)},
-        {"declared", nullptr}, {"expected", nullptr}, {"counts", row.counts},
+        {"tag", row.tag},      {"use", row.use},      {"verdict", jsonWord(row.verdict)},
+        {"declared", nullptr}, {"expected", nullptr}, {"counts", countsJson(row.counts)},
         {"for", row.keys}};
     if (!row.declared.empty()) json["declared"] = row.declared;
     if (!row.expected.empty()) json["expected"] = row.expected;
@@ -144,9 +159,13 @@ std::string checkText(const Device& device, const DeviceCheck& check, bool colou
 }
 
 std::string checkJson(const Device& device, const DeviceCheck& check) {
-    nlohmann::ordered_json json{
-        {"format", 1}, {"device", device.file}, {"camera", device.camera}, {"failed", check.failed()}};
-    for (const TagVerdict verdict : kAll) json["counts"][nameOf(verdict)] = check.count(verdict);
+    nlohmann::ordered_json json{{"format", "qzcam-check"},
+                                {"version", 1},
+                                {"device", device.file},
+                                {"camera", device.camera},
+                                {"otherCameras", device.otherCameras},
+                                {"failed", check.failed()}};
+    for (const TagVerdict verdict : kAll) json["counts"][jsonWord(verdict)] = check.count(verdict);
     json["features"] = nlohmann::ordered_json::array();
     for (const FeatureCheck& feature : byFeature(check)) {
         nlohmann::ordered_json tags = nlohmann::ordered_json::array();

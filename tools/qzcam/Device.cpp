@@ -84,6 +84,11 @@ std::vector<std::string> TagNames::fullNames() const {
     return names;
 }
 
+uint32_t FreeTagIds::next() {
+    while (mTaken.count(mNext) != 0) ++mNext;
+    return mNext++;
+}
+
 void installVendorTags(const Device& device) {
     sp<VendorTagDescriptor> descriptor;
     if (device.hasVendorTags) {

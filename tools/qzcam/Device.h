@@ -13,6 +13,7 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <unordered_set>
 #include <utility>
 #include <variant>
 #include <vector>
@@ -56,16 +57,42 @@ class TagNames {
 struct StaticEntry {
     uint32_t tag = 0;
     Values values;
+    bool cut = false;  // the dump shows its first elements only
+};
+
+// An entry whose element type is not its tag's, or none at all. The metadata buffer cannot hold it, so that
+// the device does without.
+struct MistypedEntry {
+    uint32_t tag;
+    size_t line;
+    std::string form;  // as the dump has it: "byte[2]"
 };
 
 struct Device {
     std::string file;
-    std::string camera;  // "device@3.4/legacy/0", or "0"
+    std::string camera;                     // "device@3.4/legacy/0", or "0"
+    std::vector<std::string> otherCameras;  // of the dump
     bool hasVendorTags = false;
     std::vector<Tag> vendorTags;
     std::vector<StaticEntry> entries;
+    std::vector<MistypedEntry> mistyped;
     size_t cutLists = 0;                       // entries of which the dump shows only the first 16 elements
     std::map<std::string, size_t> passedOver;  // what of the dump is not used, and how often
+};
+
+// Numbers for vendor tags that need one of their own: the lowest that nobody has. The highest of all counts
+// as "no tag", and going on from the highest in use would arrive there.
+class FreeTagIds {
+  public:
+    template <typename Tags>
+    explicit FreeTagIds(const Tags& tags) {
+        for (const auto& tag : tags) mTaken.insert(tag.id);
+    }
+    uint32_t next();
+
+  private:
+    std::unordered_set<uint32_t> mTaken;
+    uint32_t mNext = CAMERA_METADATA_VENDOR_TAG_BOUNDARY;
 };
 
 // Makes the device's vendor tags those of the process.

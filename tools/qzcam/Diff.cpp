@@ -63,6 +63,7 @@ ExitStatus diffSessions(const DiffOptions& options, const Input& a, const std::o
 }  // namespace
 
 InputKind kindOf(std::string_view text) {
+    if (isUtf16(text)) return InputKind::Dump;  // whose reader says so
     Problems ignored("");
     const RawDump dump = scanDump(text, "", ignored);
     if (!dump.cameras.empty() || dump.hasVendorTags || !dump.entries.empty()) return InputKind::Dump;

@@ -16,9 +16,44 @@ using Json = nlohmann::ordered_json;
 constexpr size_t kWidestName = 60;
 constexpr size_t kWidestFact = 36;
 
+constexpr size_t kLongestText = 400;
+constexpr uint32_t kNoTag = 0xFFFFFFFF;
+
 std::string textOf(const std::optional<Fact>& fact) {
     if (!fact) return "-";
     return fact->text.empty() ? "\"\"" : fact->text;
+}
+
+template <typename List>
+size_t partingOf(const List& a, const List& b) {
+    const auto shorter = static_cast<std::ptrdiff_t>(std::min(a.size(), b.size()));
+    return static_cast<size_t>(std::mismatch(a.begin(), a.begin() + shorter, b.begin()).first - a.begin());
+}
+
+// A long list from where it parts from the other one: what texts of entries show may be the same until there.
+std::string fromParting(const Values& values, const Values& other) {
+    const size_t size = values.count == 0 ? 0 : values.bytes.size() / values.count;
+    const size_t index = size == 0 ? 0 : partingOf(values.bytes, other.bytes) / size;
+    if (values.type != other.type || index < kMostShown || index >= values.count) return {};
+    const auto begin = values.bytes.begin() + static_cast<std::ptrdiff_t>(index * size);
+    const Values rest{values.type, values.count - index, {begin, values.bytes.end()}};
+    return fmt::format("{} from value {} on: {}", typeAndCount(values), index + 1, toText(rest, kNoTag));
+}
+
+std::string fromParting(const std::string& text, const std::string& other) {
+    if (text.size() <= kLongestText) return text;
+    const size_t parting = partingOf(text, other);
+    const size_t place = parting < kLongestText / 2 ? 0 : text.find_last_of(" ,", parting) + 1;
+    const bool toEnd = text.size() - place <= kLongestText;
+    return (place > 0 ? "... " : "") + text.substr(place, kLongestText) + (toEnd ? "" : " ...");
+}
+
+std::string shownOf(const std::optional<Fact>& fact, const std::optional<Fact>& other) {
+    if (fact && other && fact->values && other->values) {
+        std::string text = fromParting(*fact->values, *other->values);
+        if (!text.empty()) return text;
+    }
+    return fromParting(textOf(fact), textOf(other));
 }
 
 template <typename Text>
@@ -42,8 +77,8 @@ std::string table(const std::vector<Difference>& rows) {
     const size_t a = widest(rows, kWidestFact, [](const Difference& row) { return textOf(row.a); });
     std::string text = fmt::format("  {:<{}}  {:<{}}  B\n", "", name, "A", a);
     for (const Difference& row : rows) {
-        const std::string inA = textOf(row.a);
-        const std::string inB = textOf(row.b);
+        const std::string inA = shownOf(row.a, row.b);
+        const std::string inB = shownOf(row.b, row.a);
         if (inA.size() <= kWidestFact && row.name.size() <= kWidestName) {
             text += fmt::format("  {:<{}}  {:<{}}  {}\n", row.name, name, inA, a, inB);
         } else {
@@ -113,7 +148,8 @@ std::string diffJson(const DiffReport& report) {
                             {"lineB", lineJson(request.lineB)},
                             {"entries", jsonOf(request.entries)}});
     }
-    const Json json{{"format", 1},
+    const Json json{{"format", "qzcam-diff"},
+                    {"version", 1},
                     {"a", report.a},
                     {"b", report.b},
                     {"tags", jsonOf(report.tags)},

@@ -16,10 +16,15 @@ constexpr size_t kShownOfCutList = 16;
 
 class DeviceBuilder {
   public:
-    DeviceBuilder(const RawDump& dump, Problems& problems) : mDump(dump), mProblems(problems) {
+    DeviceBuilder(const RawDump& dump, Problems& problems)
+        : mDump(dump), mProblems(problems), mFreeIds(dump.vendorTags) {
         mDevice.camera = dump.camera;
         mDevice.hasVendorTags = dump.hasVendorTags;
         mDevice.passedOver = dump.passedOver;
+        std::set<std::string_view> seen{dump.camera};  // a dump may name a camera in several titles
+        for (const std::string_view camera : dump.cameras) {
+            if (seen.insert(camera).second) mDevice.otherCameras.emplace_back(camera);
+        }
     }
 
     Device build();
@@ -27,12 +32,11 @@ class DeviceBuilder {
   private:
     void addVendorTag(const RawVendorTag& raw);
     void addEntry(const RawEntry& raw);
-    std::optional<Values> readValues(const RawEntry& raw, uint32_t tag, uint8_t type);
+    std::optional<StaticEntry> readEntry(const RawEntry& raw, uint32_t tag, uint8_t type);
     bool readLine(const RawEntry::ValueLine& line, const RawEntry& raw, uint32_t tag, Values& values);
     bool readElement(std::string_view text, size_t line, uint32_t tag, Values& values);
     bool takeElement(std::string_view& rest, std::string_view& element, uint8_t type);
     const Tag* tagOf(const RawEntry& raw, const TagNames& names) const;
-    uint32_t freeId();
     void passOver(const char* what) { ++mDevice.passedOver[what]; }
 
     const RawDump& mDump;
@@ -40,6 +44,7 @@ class DeviceBuilder {
     Device mDevice;
     std::set<std::string> mVendorNames;
     std::set<uint32_t> mVendorIds;
+    FreeTagIds mFreeIds;
     std::unique_ptr<TagNames> mNames;
 };
 
@@ -55,16 +60,8 @@ Device DeviceBuilder::build() {
 void DeviceBuilder::addVendorTag(const RawVendorTag& raw) {
     Tag tag{raw.id, raw.type, std::string(raw.section), std::string(raw.name)};
     if (!mVendorNames.insert(tag.fullName()).second) return passOver("repeated vendor tags");
-    if (mVendorIds.count(tag.id) != 0) tag.id = freeId();
-    mVendorIds.insert(tag.id);
+    if (!mVendorIds.insert(tag.id).second) tag.id = mFreeIds.next();
     mDevice.vendorTags.push_back(std::move(tag));
-}
-
-// The highest number counts as "no tag".
-uint32_t DeviceBuilder::freeId() {
-    uint32_t id = *mVendorIds.rbegin() < 0xFFFFFFFEU ? *mVendorIds.rbegin() + 1 : 0x80000000U;
-    while (mVendorIds.count(id) != 0) ++id;
-    return id;
 }
 
 // Old platforms print vendor entries without their names.
@@ -77,25 +74,28 @@ void DeviceBuilder::addEntry(const RawEntry& raw) {
     const Tag* tag = tagOf(raw, *mNames);
     if (!tag) return passOver("entries of unknown tags");
     if (raw.type != camera_metadata_type_names[tag->type]) {
+        mDevice.mistyped.push_back({tag->id, raw.line, fmt::format("{}[{}]", raw.type, raw.count)});
         return passOver("entries of another type than their tag's");
     }
-    auto values = raw.broken ? std::nullopt : readValues(raw, tag->id, tag->type);
-    if (values) mDevice.entries.push_back({tag->id, std::move(*values)});
+    auto entry = raw.broken ? std::nullopt : readEntry(raw, tag->id, tag->type);
+    if (entry) mDevice.entries.push_back(std::move(*entry));
 }
 
-std::optional<Values> DeviceBuilder::readValues(const RawEntry& raw, uint32_t tag, uint8_t type) {
-    Values values{type, 0, {}};
+std::optional<StaticEntry> DeviceBuilder::readEntry(const RawEntry& raw, uint32_t tag, uint8_t type) {
+    StaticEntry entry{tag, {type, 0, {}}};
+    Values& values = entry.values;
     for (const auto& line : raw.values) {
         if (!readLine(line, raw, tag, values)) return std::nullopt;
     }
-    if (values.count == raw.count) return values;
+    if (values.count == raw.count) return entry;
     if (values.count != kShownOfCutList) {
         mProblems.add(raw.line,
                       fmt::format("expected {} values of {}, not {}", raw.count, raw.name, values.count));
         return std::nullopt;
     }
     ++mDevice.cutLists;
-    return values;
+    entry.cut = true;
+    return entry;
 }
 
 bool DeviceBuilder::readLine(const RawEntry::ValueLine& line, const RawEntry& raw, uint32_t tag,
@@ -147,7 +147,9 @@ bool DeviceBuilder::readElement(std::string_view text, size_t line, uint32_t tag
 
 Device parseDump(std::string_view text, std::string_view file, std::string_view camera, Problems& problems) {
     const RawDump dump = scanDump(text, camera, problems);
-    if (dump.camera.empty() && camera.empty()) {
+    if (isUtf16(text)) {
+        problems.add(0, "it is in UTF-16, as PowerShell's '>' writes it: save it as UTF-8");
+    } else if (dump.camera.empty() && camera.empty()) {
         problems.add(0, "no camera in it: expected '== Camera HAL device ... static information: =='");
     } else if (dump.camera.empty()) {
         problems.add(0, fmt::format("no camera '{}': expected {}", camera, fmt::join(dump.cameras, " or ")));

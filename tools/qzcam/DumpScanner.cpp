@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <unordered_map>
 
 namespace qzcam {
 
@@ -44,7 +45,7 @@ std::optional<RawVendorTag> parseVendorTag(std::string_view body) {
     const auto type = takeNumber(body, " (");
     const auto typeName = takeUntil(body, ") defined in section ");
     if (!type || !typeName || *type > UINT8_MAX || !isPlain(*name) || !isPlain(body)) return std::nullopt;
-    return RawVendorTag{0, *id, static_cast<uint8_t>(*type), body, *name};
+    return RawVendorTag{0, *id, static_cast<uint8_t>(*type), *typeName, body, *name};
 }
 
 // "android.control.aeCompensationStep (10016): rational[1]"
@@ -54,7 +55,7 @@ std::optional<RawEntry> parseEntry(std::string_view body) {
     const auto id = takeNumber(body, "): ", "0x");
     const auto type = takeUntil(body, "[");
     const auto count = takeNumber(body, "]");
-    if (!id || !type || !count || !body.empty()) return std::nullopt;
+    if (!id || !type || !count || !body.empty() || !isPlain(*type)) return std::nullopt;
     return RawEntry{0, *name, *id, *type, *count, {}, false};
 }
 
@@ -102,6 +103,7 @@ class DumpScanner {
     void openArray(std::string_view body);
     void enter(Region region, size_t announced = 0);
     void vendorLine(std::string_view body);
+    void compareWithOthers(const RawVendorTag& tag);
     void arrayLine(std::string_view body);
     void valueLine(std::string_view body);
     void problem(std::string_view expected, std::string_view body);
@@ -111,13 +113,14 @@ class DumpScanner {
     RawDump& mDump;
     Problems& mProblems;
     Region mRegion = Region::Other;
-    size_t mNumber = 0;        // of the line
-    size_t mIndent = 0;        // of the line
-    size_t mArrayIndent = 0;   // of the array's title
-    bool mWantsArray = false;  // of the chosen camera
-    bool mInEntry = false;     // what value lines belong to
-    size_t mAnnounced = 0;     // entries or tags that the current list says it has
-    size_t mSeen = 0;          // that it has
+    size_t mNumber = 0;                           // of the line
+    size_t mIndent = 0;                           // of the line
+    size_t mArrayIndent = 0;                      // of the array's title
+    bool mWantsArray = false;                     // of the chosen camera
+    bool mInEntry = false;                        // what value lines belong to
+    size_t mAnnounced = 0;                        // entries or tags that the current list says it has
+    size_t mSeen = 0;                             // that it has
+    std::unordered_map<uint32_t, size_t> mGroup;  // where the tags of the vendor at hand are, by number
 };
 
 void DumpScanner::line(size_t number, std::string_view text) {
@@ -190,6 +193,7 @@ void DumpScanner::openCamera(std::string_view name) {
 void DumpScanner::openVendor(std::string_view body) {
     takeUntil(body, ": ");
     enter(Region::Vendor, takeNumber(body, " entries").value_or(0));
+    mGroup.clear();
 }
 
 void DumpScanner::openArray(std::string_view body) {
@@ -214,9 +218,24 @@ void DumpScanner::vendorLine(std::string_view body) {
         return problem("a vendor tag, 0x80000000 or above", body);
     }
     if (tag->type >= NUM_TYPES) return passOver("vendor tags of unknown type");
+    if (tag->typeName != camera_metadata_type_names[tag->type]) {
+        mProblems.add(mNumber, fmt::format("type {} of {} is {}, not {}", tag->type, tag->name,
+                                           camera_metadata_type_names[tag->type], excerpt(tag->typeName)));
+    }
     tag->line = mNumber;
+    compareWithOthers(*tag);
     mDump.vendorTags.push_back(*tag);
     mDump.hasVendorTags = true;
+}
+
+// A vendor gives each of its tags a number; of two with the same one, readers of metadata know one only.
+void DumpScanner::compareWithOthers(const RawVendorTag& tag) {
+    const auto [place, isNew] = mGroup.emplace(tag.id, mDump.vendorTags.size());
+    if (isNew) return;
+    const RawVendorTag& first = mDump.vendorTags[place->second];
+    if (first.name == tag.name && first.section == tag.section) return;
+    mProblems.add(mNumber, fmt::format("{}.{} has the number {:#x} of {}.{} in line {}", tag.section,
+                                       tag.name, tag.id, first.section, first.name, first.line));
 }
 
 void DumpScanner::arrayLine(std::string_view body) {
@@ -247,6 +266,11 @@ void DumpScanner::problem(std::string_view expected, std::string_view body) {
 }
 
 }  // namespace
+
+bool isUtf16(std::string_view text) {
+    const bool marked = startsWith(text, "\xff\xfe") || startsWith(text, "\xfe\xff");
+    return marked || (text.size() > 3 && text[1] == '\0' && text[3] == '\0');
+}
 
 RawDump scanDump(std::string_view text, std::string_view camera, Problems& problems) {
     RawDump dump;

@@ -22,6 +22,7 @@ struct RawVendorTag {
     size_t line;
     uint32_t id;
     uint8_t type;
+    std::string_view typeName;
     std::string_view section;
     std::string_view name;
 };
@@ -48,6 +49,9 @@ struct RawDump {
     std::vector<RawEntry> entries;
     std::map<std::string, size_t> passedOver;
 };
+
+// What a shell may make of a dump that is piped into a file, and nothing here reads.
+bool isUtf16(std::string_view text);
 
 // `camera`: a camera's name, or the end of it behind the last slash; empty for the first one.
 RawDump scanDump(std::string_view text, std::string_view camera, Problems& problems);

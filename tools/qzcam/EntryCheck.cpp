@@ -1,11 +1,14 @@
 #include "EntryCheck.h"
 
+#include "Text.h"
+
 #include <android/log.h>
 #include <fmt/format.h>
 
 #include <algorithm>
 #include <cstring>
 #include <optional>
+#include <set>
 
 namespace qzcam {
 
@@ -43,14 +46,28 @@ std::vector<std::string> errorLines(const PublishTrace& trace) {
     return texts;
 }
 
+// A long list is judged by its beginning: with as many values left over as of the whole, should it be read
+// in pairs or fours.
+constexpr size_t kMostUnknown = 8;  // numbers named
+constexpr size_t kMostJudged = 4096;
+
+Values beginningOf(const Values& entry) {
+    if (entry.count <= kMostJudged) return entry;
+    Values beginning{entry.type, kMostJudged + entry.count % 4, {}};
+    const size_t size = beginning.count * sizeOfElement(entry);
+    beginning.bytes.assign(entry.bytes.begin(), entry.bytes.begin() + static_cast<std::ptrdiff_t>(size));
+    return beginning;
+}
+
 class EntryCheck {
   public:
     EntryCheck(Probe& probe, const CapabilityFact& fact, const Values& entry, bool cut)
         : mProbe(probe),
           mFact(fact),
-          mEntry(entry),
+          mWhole(entry),
+          mEntry(beginningOf(entry)),
           mCut(cut),
-          mTrace(publishWith(probe, fact, entry)),
+          mTrace(publishWith(probe, fact, mEntry)),
           mUsualErrors(errorLines(publishWithout(probe, fact))) {}
 
     EntryFinding run();
@@ -69,7 +86,8 @@ class EntryCheck {
 
     Probe& mProbe;
     const CapabilityFact& mFact;
-    const Values& mEntry;
+    const Values& mWhole;
+    const Values mEntry;
     bool mCut;
     PublishTrace mTrace;
     std::vector<std::string> mUsualErrors;  // of other capabilities, which are not there
@@ -102,24 +120,27 @@ EntryFinding EntryCheck::run() {
 }
 
 std::optional<EntryFinding> EntryCheck::count() const {
-    if (mFact.counts.allows(mEntry.count)) return std::nullopt;
+    if (mFact.counts.allows(mWhole.count)) return std::nullopt;
     return EntryFinding{
         TagVerdict::Malformed,
-        fmt::format("{}, where {} {} expected: nothing comes of it", values(mEntry.count),
-                    mFact.counts.toText(), mFact.counts.toText() == "exactly 1" ? "is" : "are")};
+        fmt::format("{}, where {} {} expected: the library ignores it{}", values(mWhole.count),
+                    mFact.counts.toText(), mFact.counts.toText() == "exactly 1" ? "is" : "are",
+                    unpublished(mFact.keys))};
 }
 
-// Each element alone, so that the complaint is about this one.
+// Each number alone, so that the complaint is about this one.
 std::optional<EntryFinding> EntryCheck::words() {
     if (mFact.form != Form::Words) return std::nullopt;
     std::vector<std::string> unknown;
-    for (size_t i = 0; i < mEntry.count; ++i) {
-        const PublishTrace alone = publishWith(mProbe, mFact, element(mEntry, i));
+    std::set<int32_t> seen;
+    for (size_t i = 0; i < mWhole.count && unknown.size() <= kMostUnknown; ++i) {
+        if (!seen.insert(numberAt(mWhole, i)).second) continue;
+        const PublishTrace alone = publishWith(mProbe, mFact, element(mWhole, i));
         if (errors(alone).empty()) continue;
-        std::string text = fmt::format("{} (published as '{}')", numberAt(mEntry, i), published(alone));
-        if (std::find(unknown.begin(), unknown.end(), text) == unknown.end()) unknown.push_back(text);
+        unknown.push_back(fmt::format("{} (published as '{}')", numberAt(mWhole, i), published(alone)));
     }
     if (unknown.empty()) return std::nullopt;
+    if (unknown.size() > kMostUnknown) unknown.back() = "and more";
     return EntryFinding{
         TagVerdict::Malformed,
         fmt::format("unknown number{} {}", unknown.size() == 1 ? "" : "s", fmt::join(unknown, ", "))};
@@ -128,12 +149,14 @@ std::optional<EntryFinding> EntryCheck::words() {
 std::optional<EntryFinding> EntryCheck::complaints() const {
     const auto texts = errors(mTrace);
     if (texts.empty()) return std::nullopt;
-    return EntryFinding{TagVerdict::Malformed, fmt::format("the library complains: {}; published: '{}'",
-                                                           fmt::join(texts, "; "), published(mTrace))};
+    const std::string others = texts.size() > 1 ? fmt::format(", and {} times more", texts.size() - 1) : "";
+    return EntryFinding{TagVerdict::Malformed,
+                        fmt::format("the library complains: {}{}; published: {}", texts.front(), others,
+                                    excerpt(published(mTrace)))};
 }
 
 std::optional<EntryFinding> EntryCheck::text() const {
-    const auto& bytes = mEntry.bytes;
+    const auto& bytes = mWhole.bytes;
     if (mFact.form != Form::Text || mCut) return std::nullopt;
     if (std::find(bytes.begin(), bytes.end(), 0) != bytes.end()) return std::nullopt;
     return EntryFinding{TagVerdict::Malformed, "a text without terminator"};
@@ -162,16 +185,16 @@ std::optional<EntryFinding> EntryCheck::unread() {
     if (isRead(last)) return std::nullopt;
     if (last > 1 && isRead(1)) {
         return EntryFinding{TagVerdict::Malformed,
-                            fmt::format("{}: the last one is left over and not read", values(mEntry.count))};
+                            fmt::format("{}: the last one is left over and not read", values(mWhole.count))};
     }
     if (last > 0 && isRead(0)) {
         return EntryFinding{TagVerdict::Doubtful,
-                            fmt::format("{}, of which only the first is read", values(mEntry.count))};
+                            fmt::format("{}, of which only the first is read", values(mWhole.count))};
     }
     const bool saysNothing = published(mTrace).empty();
     if (!saysNothing) return std::nullopt;
     return EntryFinding{TagVerdict::Malformed,
-                        fmt::format("{}: nothing but an empty text comes of it", values(mEntry.count))};
+                        fmt::format("{}: published as an empty text", values(mWhole.count))};
 }
 
 bool EntryCheck::isRead(size_t index) {
@@ -188,6 +211,11 @@ bool EntryCheck::isRead(size_t index) {
 }
 
 }  // namespace
+
+std::string unpublished(const std::vector<std::string>& keys) {
+    if (keys.empty()) return {};
+    return fmt::format(": {} {} not published", fmt::join(keys, ", "), keys.size() == 1 ? "is" : "are");
+}
 
 EntryFinding checkEntry(Probe& probe, const CapabilityFact& fact, const Values& values, bool cut) {
     return EntryCheck(probe, fact, values, cut).run();

@@ -12,6 +12,9 @@ struct EntryFinding {
     std::string what;
 };
 
+// What becomes of the keys of a capability that the library does not take: ": KEY is not published".
+std::string unpublished(const std::vector<std::string>& keys);
+
 // `cut`: the dump may not show the whole list.
 EntryFinding checkEntry(Probe& probe, const CapabilityFact& fact, const Values& values, bool cut);
 

@@ -88,7 +88,7 @@ std::vector<std::string> conditionsOf(const CapabilityFact& fact) {
         lines.push_back(fmt::format("added to what the host has published under {}, here '{}'", key, value));
     }
     if (fact.form == Form::Flag) lines.emplace_back("any number but 0 is true");
-    if (fact.inRequests) lines.push_back(fmt::format("read for {}", fact.forKey));
+    if (fact.inRequests) lines.push_back(fmt::format("read for {}", fmt::join(fact.forKeys, ", ")));
     return lines;
 }
 

@@ -30,6 +30,12 @@ void noteKinds(ParameterFact& fact, const RequestTrace& trace) {
     }
 }
 
+bool addOnce(std::vector<std::string>& list, const std::string& text) {
+    const bool isNew = std::find(list.begin(), list.end(), text) == list.end();
+    if (isNew) list.push_back(text);
+    return isNew;
+}
+
 class RequestSurvey {
   public:
     RequestSurvey(Probe& probe, Survey& survey, Depth depth)
@@ -42,6 +48,8 @@ class RequestSurvey {
     void examineTogether();
     void add(std::string_view key, const RequestTrace& trace, const ParameterFact& opened);
     void examine(ParameterFact& fact);
+    void noteStatics(ParameterFact& fact, const Texts& texts, const RequestTrace& before,
+                     const RequestTrace& after);
     void noteOpened(const ParameterFact& fact, const std::string& value, const RequestTrace& before,
                     const RequestTrace& after);
     void addOpened(ParameterFact& fact);
@@ -60,6 +68,7 @@ class RequestSurvey {
     std::set<std::string> mStaticsTried;
     std::map<std::string, Gate> mOpened;  // by the key that was opened, in the parameter at hand
     std::map<std::string, Gate> mClosed;  // likewise, of all parameters
+    std::map<std::string, std::vector<std::string>> mReaders;  // of static entries
 };
 
 void RequestSurvey::run() {
@@ -79,6 +88,7 @@ void RequestSurvey::run() {
         const auto closed = mClosed.find(fact.key);
         if (closed != mClosed.end()) fact.closedBy.push_back(closed->second);
     }
+    for (CapabilityFact& fact : mSurvey.capabilities) fact.forKeys = mReaders[fact.tag];
 }
 
 // The texts that show something new when every parameter has them at once, be it in the results after.
@@ -143,13 +153,26 @@ void RequestSurvey::examine(ParameterFact& fact) {
         noteKinds(fact, after);  // a text may be asked for first, and then as a number
         fact.outcomes.push_back({value, added(before, after)});
         noteOpened(fact, value, before, after);
-        for (const std::string& tag : after.statics) {
-            if (std::find(fact.statics.begin(), fact.statics.end(), tag) == fact.statics.end()) {
-                fact.statics.push_back(tag);
-            }
-        }
+        noteStatics(fact, texts, before, after);
     }
     if (mDepth == Depth::Values) lookForChanges(fact, before);
+}
+
+// The entries that the value makes the library read, and on whose account: without any of these parameters
+// it would not.
+void RequestSurvey::noteStatics(ParameterFact& fact, const Texts& texts, const RequestTrace& before,
+                                const RequestTrace& after) {
+    for (const std::string& tag : after.statics) {
+        const auto times = [&](const RequestTrace& trace) {
+            return std::count(trace.statics.begin(), trace.statics.end(), tag);
+        };
+        if (times(after) <= times(before) || !addOnce(fact.statics, tag)) continue;
+        for (const auto& [key, value] : texts) {
+            Texts without = texts;
+            without.erase(key);
+            if (times(request(without)) < times(after)) addOnce(mReaders[tag], key);
+        }
+    }
 }
 
 void RequestSurvey::noteOpened(const ParameterFact& fact, const std::string& value,
@@ -234,7 +257,6 @@ void RequestSurvey::answer(const std::string& tag, const Texts& texts) {
     CapabilityFact fact;
     fact.tag = tag;
     fact.inRequests = true;
-    fact.forKey = texts.empty() ? "" : texts.begin()->first;
     for (uint8_t type = 0; type < NUM_TYPES && !fact.typeSeen; ++type) answer(texts, type, fact);
     mSurvey.capabilities.push_back(std::move(fact));
 }

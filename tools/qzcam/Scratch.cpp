@@ -3,8 +3,6 @@
 #include "Camera.h"
 #include "LogCapture.h"
 
-#include <algorithm>
-
 namespace qzcam {
 
 namespace {
@@ -31,11 +29,10 @@ void replaceAll(android::CameraParameters2& parameters, const Texts& texts) {
 
 // Without any vendor tag the resolver would not get as far as saying which name it looks for.
 Scratch::Scratch(const Device& device, const android::CameraMetadata& characteristics)
-    : mCharacteristics(characteristics) {
+    : mCharacteristics(characteristics), mFreeIds(device.vendorTags) {
     mDevice.vendorTags = device.vendorTags;
-    for (const Tag& tag : device.vendorTags) mNextTag = std::max(mNextTag, tag.id + 1);
     mDevice.hasVendorTags = true;
-    mDevice.vendorTags.push_back({mNextTag++, TYPE_BYTE, "qzcam.nothing", "nothing"});
+    mDevice.vendorTags.push_back({mFreeIds.next(), TYPE_BYTE, "qzcam.nothing", "nothing"});
 }
 
 Trace Scratch::request(const Texts& parameters, const Circumstances& circumstances,
@@ -49,6 +46,7 @@ Trace Scratch::request(const Texts& parameters, const Circumstances& circumstanc
         if (!declareMissing(trace) && known) return trace;
         installVendorTags(mDevice);
         mDescriptor = VendorTagDescriptor::getGlobalVendorTagDescriptor();
+        if (mDescriptor == nullptr) return trace;  // the platform refused the tags, and would again
     }
 }
 
@@ -81,9 +79,9 @@ bool Scratch::declareMissing(const Trace& trace) {
     for (const TraceStep& step : trace) {
         const size_t dot = step.name.rfind('.');
         if (step.kind != TraceStep::Kind::Missing || dot == std::string::npos) continue;
-        if (!mAdded.emplace(step.name, mNextTag).second) continue;
+        if (!mAdded.insert(step.name).second) continue;
         mDevice.vendorTags.push_back(
-            {mNextTag++, TYPE_BYTE, step.name.substr(0, dot), step.name.substr(dot + 1)});
+            {mFreeIds.next(), TYPE_BYTE, step.name.substr(0, dot), step.name.substr(dot + 1)});
     }
     return mAdded.size() > before;
 }

@@ -12,7 +12,7 @@
 #include <utils/StrongPointer.h>
 
 #include <cstdint>
-#include <map>
+#include <set>
 #include <string>
 
 namespace qzcam {
@@ -43,8 +43,8 @@ class Scratch {
 
     Device mDevice;  // grows
     const android::CameraMetadata& mCharacteristics;
-    uint32_t mNextTag = CAMERA_METADATA_VENDOR_TAG_BOUNDARY;
-    std::map<std::string, uint32_t> mAdded;
+    FreeTagIds mFreeIds;
+    std::set<std::string> mAdded;
     android::sp<android::VendorTagDescriptor> mDescriptor;
 };
 

@@ -71,11 +71,11 @@ struct CapabilityFact {
     bool typeSeen = false;
     Counts counts;
     Form form = Form::Kept;
-    std::vector<std::string> keys;  // published from it
-    Entries context;                // other capabilities that it wants to be there
-    Texts inputs;                   // parameters, likewise
-    bool inRequests = false;        // read for a request rather than for publishing
-    std::string forKey;             // then: the parameter that makes it so
+    std::vector<std::string> keys;     // published from it
+    Entries context;                   // other capabilities that it wants to be there
+    Texts inputs;                      // parameters, likewise
+    bool inRequests = false;           // read for a request rather than for publishing
+    std::vector<std::string> forKeys;  // then: the parameters without which it would not be
 };
 
 struct ResultFact {

@@ -15,7 +15,6 @@ namespace qzcam {
 
 namespace {
 
-constexpr size_t kMostShown = 64;
 constexpr size_t kShortestText = 4;
 
 template <typename T>

@@ -34,7 +34,9 @@ std::string elementForm(uint8_t type);
 // terminator: `"abc",0`. Nothing when the text is not a list of this type.
 std::optional<Values> parseValues(uint8_t type, uint32_t tag, std::string_view list);
 
-// For people: elements separated by blanks, values with a name as "0 (OFF)", a text of bytes also as text.
+// For people: elements separated by blanks, values with a name as "0 (OFF)", a text of bytes also as text. Of
+// a long list only the first ones.
+constexpr size_t kMostShown = 64;
 std::string toText(const Values& values, uint32_t tag);
 
 Values valuesOf(const camera_metadata_ro_entry_t& entry);
