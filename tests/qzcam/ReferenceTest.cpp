@@ -133,7 +133,7 @@ TEST_F(ReferenceTest, ParamsPrintsOneThingOrAll) {
 
     EXPECT_EQ(tool({"params", "--json"}), kFine);
     const auto json = nlohmann::json::parse(mOut);
-    EXPECT_EQ(json["format"], 1);
+    EXPECT_EQ(json["format"], "qzcam-reference");
     EXPECT_EQ(json["parameters"].size(), whole().parameters.size());
     EXPECT_EQ(tool({"params"}), kFine);
     for (const ParameterDoc& doc : whole().parameters) EXPECT_THAT(mOut, HasSubstr(doc.key));

@@ -83,7 +83,7 @@ std::string valuesText(const Explanation& found) {
 }
 
 std::string choicesText(const Explanation& found) {
-    if (found.choices.empty()) return "  this device publishes nothing called like it\n";
+    if (found.choices.empty()) return "  this device publishes no list of values for it\n";
     std::string text = "  this device publishes\n";
     for (const ParamRow& row : found.choices) {
         text += fmt::format("    {}={}  from {}\n", row.key, row.value, row.capability);

@@ -60,7 +60,8 @@ Json json(const PropertyDoc& doc) {
 }  // namespace
 
 std::string referenceJson(const Reference& reference) {
-    const Json whole{{"format", 1},
+    const Json whole{{"format", "qzcam-reference"},
+                     {"version", 1},
                      {"parameters", list(reference.parameters)},
                      {"published", list(reference.published)},
                      {"messages", list(reference.messages)},
