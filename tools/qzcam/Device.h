@@ -40,6 +40,9 @@ class TagNames {
     // it.
     std::variant<const Tag*, std::string> resolve(const std::string& name) const;
 
+    // Whether there is such a tag, or several.
+    bool knows(const std::string& name) const;
+
     // "section.name", or the number of a tag that has none.
     std::string nameOf(uint32_t id) const;
 
@@ -60,7 +63,8 @@ struct StaticEntry {
 
 struct Device {
     std::string file;
-    std::string camera;  // "device@3.4/legacy/0", or "0"
+    std::string camera;                // "device@3.4/legacy/0", or "0"
+    std::vector<std::string> cameras;  // all that the dump has
     bool hasVendorTags = false;
     std::vector<Tag> vendorTags;
     std::vector<StaticEntry> entries;

@@ -18,6 +18,7 @@ class DeviceBuilder {
   public:
     DeviceBuilder(const RawDump& dump, Problems& problems) : mDump(dump), mProblems(problems) {
         mDevice.camera = dump.camera;
+        mDevice.cameras.assign(dump.cameras.begin(), dump.cameras.end());
         mDevice.hasVendorTags = dump.hasVendorTags;
         mDevice.passedOver = dump.passedOver;
     }
@@ -90,8 +91,8 @@ std::optional<Values> DeviceBuilder::readValues(const RawEntry& raw, uint32_t ta
     }
     if (values.count == raw.count) return values;
     if (values.count != kShownOfCutList) {
-        mProblems.add(raw.line,
-                      fmt::format("expected {} values of {}, not {}", raw.count, raw.name, values.count));
+        mProblems.add(raw.line, fmt::format("expected {} of {}, not {}", counted(raw.count, "value"),
+                                            raw.name, values.count));
         return std::nullopt;
     }
     ++mDevice.cutLists;
@@ -104,7 +105,8 @@ bool DeviceBuilder::readLine(const RawEntry::ValueLine& line, const RawEntry& ra
     std::string_view element;
     while (!trimmed(rest).empty()) {
         if (values.count == raw.count) {
-            mProblems.add(line.line, fmt::format("expected {} values of {}, not more", raw.count, raw.name));
+            mProblems.add(line.line,
+                          fmt::format("expected {} of {}, not more", counted(raw.count, "value"), raw.name));
             return false;
         }
         if (!takeElement(rest, element, values.type)) {

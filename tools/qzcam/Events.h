@@ -124,6 +124,11 @@ struct AnswerEvent {
     std::string answer;
 };
 
+// Why a session is not played at all.
+struct ErrorEvent {
+    std::string text;  // "file:line: what"
+};
+
 struct NoteEvent {
     std::string text;
 };
@@ -143,8 +148,8 @@ struct SummaryEvent {
 };
 
 using Event = std::variant<SessionEvent, CommandEvent, RequestEvent, VerdictsEvent, ResultEvent, ParamsEvent,
-                           PublishEvent, CallbackEvent, LogEvent, StatusEvent, AnswerEvent, NoteEvent,
-                           ExpectationEvent, SummaryEvent>;
+                           PublishEvent, CallbackEvent, LogEvent, StatusEvent, AnswerEvent, ErrorEvent,
+                           NoteEvent, ExpectationEvent, SummaryEvent>;
 using EventSink = std::function<void(const Event&)>;
 
 }  // namespace qzcam

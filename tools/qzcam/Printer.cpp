@@ -151,7 +151,7 @@ void Printer::show(const VerdictsEvent& event) {
     for (const auto& [verdict, count] : counts) {
         sum += fmt::format("{}{} {}", sum.empty() ? "" : ", ", count, verdictMeaning(verdict));
     }
-    line(styled(kDim, fmt::format("      of {} parameters set: {}", event.rows.size(), sum)));
+    line(styled(kDim, fmt::format("      of {} set: {}", counted(event.rows.size(), "parameter"), sum)));
     std::vector<VerdictRow> shown;
     std::copy_if(event.rows.begin(), event.rows.end(), std::back_inserter(shown),
                  [](const VerdictRow& row) { return row.verdict != Verdict::Written && !row.repeated; });
@@ -255,7 +255,8 @@ void Printer::show(const ExpectationEvent& event) {
 }
 
 void Printer::show(const SummaryEvent& event) {
-    const std::string text = fmt::format("{} expectations met, {} failed", event.met, event.failed);
+    const std::string text =
+        fmt::format("{} met, {} failed", counted(event.met, "expectation"), event.failed);
     line(styled(event.failed == 0 ? kGreen : kRed, text));
 }
 
