@@ -62,7 +62,7 @@ TEST_F(RunTool, ExitStatusTellsWhatWentWrong) {
         {{"run", "--json", "--monitor"}, kUsage, "", "excludes"},
         {{"run", good, "--params", "contrast=50;iso"}, kBadInput, "", "--params:1: expected 'key=value"},
         {{"run", good, "--params", good + "x"}, kBadInput, "", "cannot read it"},
-        {{"run", good, "--junit", good + "/x"}, kBadInput, "expectations met", good + "/x: cannot write it"},
+        {{"run", good, "--junit", good + "/x"}, kBadInput, "1 expectation met", good + "/x: cannot write it"},
         {{"explain", "iso"}, kFine, "read as text by setIso", ""},
         {{"explain", "iso", "--params", "iso=9"}, kFine, "9: not understood, fallback written", ""},
         {{"explain", "iso-mode"}, kUsage, "", "no setter reads 'iso-mode'; perhaps iso"},
