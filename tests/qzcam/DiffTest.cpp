@@ -138,7 +138,7 @@ TEST_F(DiffTool, TellsWhatItCannotCompare) {
         {{dump, dump + "-not-there"}, kBadInput, "cannot read it: No such file"},
         {{dump, dump, "--as", "phones"}, kUsage, "expected devices or sessions"},
         {{dump, dump, "--camera", "0,7"}, kBadInput, "no camera '7'"},
-        {{"-", "-"}, kUsage, "standard input is there once only"},
+        {{"-", "-"}, kUsage, "standard input is read once"},
     };
     for (const auto& row : kRows) {
         std::vector<std::string> words{"diff"};

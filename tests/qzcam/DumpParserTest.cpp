@@ -186,7 +186,7 @@ TEST(DumpParser, NamesTheLineOfWhatIsBroken) {
         {entry("      android.flash.info.available (5zz00): byte[1]\n"), "d:3: expected 'section.name"},
         {entry("        [TRUE ]\n"), "d:3: expected an entry before its values"},
         {entry("      android.flash.info.available (50000): byte[1]\n        [TRUE ] ]\n"),
-         "d:4: expected 1 values"},
+         "d:4: expected 1 value of"},
         {entry("      android.flash.info.available (50000): byte[2]\n        [TRUE ]\n"),
          "d:3: expected 2 values"},
         {entry("      android.flash.info.available (50000): byte[4000000000]\n"),
@@ -270,7 +270,7 @@ TEST(TagNames, ResolvesShortNamesThatAreClear) {
         {"availableModes", 0,
          "'availableModes' may be android.control.availableModes or android.shading.availableModes: expected "
          "one of these"},
-        {"nothing", 0, "unknown tag 'nothing'"},
+        {"nothing", 0, "this device declares no tag 'nothing'"},
     };
     for (const auto& row : kRows) {
         const auto found = names.resolve(row.name);

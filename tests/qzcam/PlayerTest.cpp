@@ -70,6 +70,8 @@ TEST(Player, ExamineExpectations) {
         {"callback hdc-calib 3", "expect-callback hdc-calib-result result=3", "expect-callback 0x2000000",
          "nothing"},
         {"callback hdc-calib 3", "expect-status 0", "expect-no-callback", "0x2000000 3,0 (hdc-calib-result)"},
+        {"callback hdc-calib -1", "expect-callback hdc-calib-result 0xffffffff",
+         "expect-callback hdc-calib-result 1", "nothing"},
         {"callback smart-mode 2", "expect-callback 0x100 bytes 65656565 02 00 00 00",
          "expect-callback 0x100 mode=3", "nothing"},
         {"callback smart-mode 0", "expect-no-callback", "expect-callback 0x100", "nothing"},
@@ -227,6 +229,29 @@ TEST(Player, ChecksTagsAndValuesAgainstTheDevice) {
         EXPECT_THAT(problems.empty() ? "" : problems.first().front(),
                     HasSubstr(row.problem ? row.problem : ""));
     }
+}
+
+// Only the library's names, and whole ones, are no slips of the pen.
+TEST(Player, ATagThatTheDeviceLacksMeetsNoExpectation) {
+    const Device bare;
+    const std::string text =
+        "open 0\nset iso=1600\nrequest\nexpect-entry iso 7\nexpect-no-entry iso\nexpect-change iso none\n"
+        "expect-no-entry panorama2DHeight\npublish\nexpect-capability zslSupported undeclared\n"
+        "result focusVcmValue=1 com.other.section.x=1\nexpect-status 0\n";
+    Problems problems("s");
+    checkAgainstDevice(parseSession(text, "s", problems), TagNames({}), problems);
+    checkAgainstDevice(
+        parseSession("open 0\nexpect-no-entry isoo\nexpect-no-entry android.x\n", "s", problems),
+        TagNames({}), problems);
+    EXPECT_THAT(problems.first(), ElementsAre("s:2: unknown tag 'isoo'", "s:3: unknown tag 'android.x'"));
+
+    const Play play(text, bare);
+    std::vector<bool> met;
+    for (const auto& expectation : play.all<ExpectationEvent>()) met.push_back(expectation.met);
+    EXPECT_THAT(met, ElementsAre(false, false, false, false, true, true));
+    EXPECT_THAT(play.all<ExpectationEvent>()[1].actual, HasSubstr("this device declares no tag 'iso'"));
+    EXPECT_THAT(play.all<NoteEvent>().back().text,
+                HasSubstr("left out: this device declares no tag 'com.other.section.x'"));
 }
 
 TEST(Player, AGuestSessionLeavesOutWhatTheDeviceDoesNotHave) {

@@ -28,6 +28,8 @@ TEST_F(RunTool, ExitStatusTellsWhatWentWrong) {
     const std::string failing = file("failing.qzs", "open 0\n\nexpect-param iso 1\nexpect-no-param iso\n");
     const std::string wrong = file("wrong.qzs", "open 0\nrequst\n");
     const std::string foreign = file("foreign.qzs", "open 0\nresult nothing=1\n");
+    const std::string unplayable = file("unplayable.qzs", "open -1\n");
+    const std::string marked = file("marked.qzs", "\xef\xbb\xbfopen 0\nset iso=100\nrequest\n");
     const std::string cut =
         file("cut.dump", std::string(builtInDevice().substr(0, builtInDevice().size() - 500)));
     const std::string empty = file("empty.dump", "");
@@ -45,12 +47,12 @@ TEST_F(RunTool, ExitStatusTellsWhatWentWrong) {
          kExpectationFailed,
          failing + ":3: FAILED expect-param iso 1: expected '1', but there is nothing\n",
          ""},
-        {{"run", failing}, kExpectationFailed, "1 expectations met, 1 failed", ""},
+        {{"run", failing}, kExpectationFailed, "1 expectation met, 1 failed", ""},
         {{"run", wrong}, kBadInput, "", wrong + ":2: unknown command 'requst'"},
         {{"run", foreign}, kBadInput, "", foreign + ":2: unknown tag 'nothing'"},
         {{"run", good + "x"}, kBadInput, "", "cannot read it"},
         {{"run", testing::TempDir()}, kBadInput, "", "cannot read it"},
-        {{"run", good, "--device", cut}, kBadInput, "1 expectations met", cut + ":"},
+        {{"run", good, "--device", cut}, kBadInput, "1 expectation met", cut + ":"},
         {{"run", good, "--device", empty}, kBadInput, "", "no camera in it"},
         {{"run", good, "--camera", "9"}, kBadInput, "", "no camera '9'"},
         {{"run", good, "--props", props}, kBadInput, "", props + ":1: expected '[name]: [value]'"},
@@ -60,12 +62,31 @@ TEST_F(RunTool, ExitStatusTellsWhatWentWrong) {
         {{"run", "--json", "--monitor"}, kUsage, "", "excludes"},
         {{"run", good, "--params", "contrast=50;iso"}, kBadInput, "", "--params:1: expected 'key=value"},
         {{"run", good, "--params", good + "x"}, kBadInput, "", "cannot read it"},
-        {{"run", good, "--junit", good + "/x"}, kBadInput, "expectations met", good + "/x: cannot write it"},
+        {{"run", good, "--junit", good + "/x"}, kBadInput, "1 expectation met", good + "/x: cannot write it"},
         {{"explain", "iso"}, kFine, "read as text by setIso", ""},
         {{"explain", "iso", "--params", "iso=9"}, kFine, "9: fallback written", ""},
         {{"explain", "iso-mode"}, kUsage, "", "no setter reads 'iso-mode'; perhaps iso"},
         {{"explain"}, kUsage, "", "KEY"},
-        {{"play"}, kUsage, "", "play"},
+        {{"run", unplayable, good}, kBadInput, "1 expectation met", unplayable + ":1: expected a number"},
+        {{"run", marked}, kFine, "parameters: 1 written", ""},
+        {{"run", marked}, kFine, "! no expectations: nothing was tested", ""},
+        {{"run", good, "--params", "my/iso=1.txt"}, kBadInput, "", "--params:1: expected 'key=value"},
+        {{"run", good, "--params", file("json", "{\"iso\": 100}\n")},
+         kBadInput,
+         "",
+         "expected 'key: value', not '{\"iso"},
+        {{"run", good, "--params", file("heading", "Parameters:\n\tiso: 1\n\tempty:\n")},
+         kBadInput,
+         "",
+         ":1: expected 'key: value', not 'Parameters:'"},
+        {{"run", ""}, kUsage, "", "qzcam: SESSION: expected no empty text"},
+        {{"run", good, "--device", ""}, kUsage, "", "no empty text"},
+        {{"run", good, "--junit", ""}, kUsage, "", "no empty text"},
+        {{"diff", good, ""}, kUsage, "", "no empty text"},
+        {{"explain", "iso", "--device", "-", "--params", "-"}, kUsage, "", "only one of"},
+        {{"diff", "-", good, "--device", "-"}, kUsage, "", "only one of"},
+        {{"play"}, kUsage, "", "qzcam: no command 'play'\n"},
+        {{"rum", "x"}, kUsage, "", "qzcam: no command 'rum'; perhaps 'run'\n"},
         {{"--version"}, kFine, "qzcam ", ""},
         {{"run", "--help"}, kFine, "expect-query WHAT [ARGUMENT] ANSWER", ""},
     };
@@ -128,8 +149,33 @@ TEST_F(RunTool, SeveralSessionsLeaveEachOtherAlone) {
     EXPECT_EQ(tool({"run", first, second, "--junit", junit}), kFine) << mOut;
     std::ifstream xml(junit);
     const std::string text((std::istreambuf_iterator<char>(xml)), {});
-    EXPECT_THAT(text, HasSubstr("<testsuite name=\"" + first + "\" tests=\"1\" failures=\"0\">"));
-    EXPECT_THAT(text, HasSubstr("<testsuite name=\"" + second + "\" tests=\"1\" failures=\"0\">"));
+    EXPECT_THAT(text,
+                HasSubstr("<testsuite name=\"" + first + "\" tests=\"1\" failures=\"0\" errors=\"0\">"));
+    EXPECT_THAT(text,
+                HasSubstr("<testsuite name=\"" + second + "\" tests=\"1\" failures=\"0\" errors=\"0\">"));
+}
+
+// Who reads only the report must hear of it too, and not find one from before.
+TEST_F(RunTool, ReportsSessionsThatCannotBePlayed) {
+    const std::string wrong = file("wrong.qzs", "open 0\nrequst\nresult nothing=1\n");
+    const std::string good = file("good.qzs", "open 0\nexpect-no-param iso\n");
+    const std::string junit = file("junit.xml", "from before");
+    const auto report = [&] {
+        std::ifstream xml(junit);
+        return std::string((std::istreambuf_iterator<char>(xml)), {});
+    };
+    EXPECT_EQ(tool({"run", wrong, good, good + "x", "--junit", junit, "--json"}), kBadInput);
+    EXPECT_THAT(mOut, StartsWith("{\"format\":"));
+    EXPECT_THAT(mOut, HasSubstr("{\"event\":\"error\",\"text\":\"" + wrong + ":2: unknown command 'requst'"));
+    EXPECT_THAT(report(),
+                HasSubstr("<testsuite name=\"" + wrong + "\" tests=\"2\" failures=\"0\" errors=\"2\">"));
+    EXPECT_THAT(report(), HasSubstr("<error message=\"" + wrong + ":3: unknown tag &apos;nothing&apos;\"/>"));
+    EXPECT_THAT(report(),
+                HasSubstr("<testsuite name=\"" + good + "\" tests=\"1\" failures=\"0\" errors=\"0\">"));
+    EXPECT_THAT(report(), HasSubstr("<error message=\"" + good + "x: cannot read it: "));
+    file("junit.xml", "from before");
+    EXPECT_EQ(tool({"run", good, "--junit", junit, "--device", good + "x"}), kBadInput);
+    EXPECT_THAT(report(), HasSubstr("errors=\"1\">"));
 }
 
 TEST_F(RunTool, EveryLineOfJsonIsAnObject) {

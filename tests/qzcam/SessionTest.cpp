@@ -42,7 +42,19 @@ TEST(Session, NamesTheLineOfWhatIsWrong) {
         {"opne 0", "s:1: unknown command 'opne'"},
         {"\n\nopen", "s:3: expected 'open ID', not 'open'"},
         {"open 0 1", "s:1: expected 'open ID'"},
-        {"open back", "s:1: expected a number, not 'open back'"},
+        {"open back", "s:1: expected a number from 0 on, not 'open back'"},
+        {"open -1", "s:1: expected a number from 0 on, not 'open -1'"},
+        {"inspect 9", "s:1: expected LEVEL [captag|ctrltag|stattag NAME]... with a level from 0 to 5"},
+        {"open 0\nset iso=100 ; zsl-mode=on", "; a text with blanks stands in \"quotes\""},
+        {"\xc3\xb6"
+         "ffne 0 \xc3",
+         "unknown command '\xc3\xb6"
+         "ffne'"},
+        {"open 0\nexpect-callback hdc-calib-result 4294967296", "s:2: expected numbers of 32 bits"},
+        {"open 0\nexpect-callback hdc-calib-result 1 -2147483649", "s:2: expected numbers of 32 bits"},
+        {"open 0\nexpect-callback 0x100 bytes 656", "s:2: expected numbers of 32 bits, 'bytes' and pairs"},
+        {"open 0\nexpect-callback 0x100 bytes 6g", "s:2: expected numbers of 32 bits"},
+        {"open 0\nexpect-callback 0x100 mode=1 2", "s:2: expected numbers of 32 bits"},
         {"open 0\nset \"a=1", "s:2: expected '\"' at the end"},
         {"open 0\nset a=1;b", "s:2: expected key=value;key=value"},
         {"open 0\nset =1", "s:2: expected key=value;key=value"},
@@ -78,7 +90,7 @@ TEST(Session, NamesTheLineOfWhatIsWrong) {
     }
     Problems notText("s");
     parse(std::string("open 0\nset a\0b=1", 16), notText);
-    EXPECT_THAT(notText.first().front(), HasSubstr("s:2: expected no NUL bytes, not 'set a?b=1'"));
+    EXPECT_THAT(notText.first().front(), HasSubstr("s:2: 'set a?b=1' contains a NUL byte"));
     Problems tooLong("s");
     parse("setprop camera.x " + std::string(92, 'x'), tooLong);
     EXPECT_THAT(tooLong.first().front(), HasSubstr("s:1: expected a value of at most 91 characters"));

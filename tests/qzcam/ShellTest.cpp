@@ -61,6 +61,13 @@ class Terminal {
         EXPECT_THAT(shown, HasSubstr(until)) << "typed: " << keys;
         return shown;
     }
+    // Ctrl-C while no line is asked for.
+    void interrupt() const {
+        termios mode{};
+        for (int i = 0; i < kPatience && tcgetattr(mFile, &mode) == 0 && (mode.c_lflag & ICANON) == 0; ++i)
+            usleep(1000);
+        EXPECT_EQ(write(mFile, "\x03", 1), 1);
+    }
     int exitStatus() {
         int status = 0;
         EXPECT_EQ(waitpid(mProcess, &status, 0), mProcess);
@@ -103,13 +110,22 @@ TEST_F(ShellTool, CompletesDropsRecallsAndLeaves) {
     terminal.type("", kPrompt);
     // Before anything has been played: commands, keys, values, properties, tags.
     terminal.type("ope\t0\r", kPrompt);
-    terminal.type("set scene-m\t", "ode");
-    terminal.type("=qz\t", "auto");
+    terminal.type("set scene-m\t", "ode=");
+    terminal.type("qz\t", "auto");
     terminal.type(ctrlC, std::string("^C\r\n") + kPrompt);
+    terminal.type("set zsl-mo\t", "de=");  // not the published zsl-mode-supported
+    terminal.type(ctrlC, kPrompt);
     terminal.type("setprop camera.deb\t", "ug.mode");
     terminal.type(ctrlC, kPrompt);
     EXPECT_THAT(terminal.type("result iso\t\t", "isoState"), Not(HasSubstr("burst")));
     terminal.type(ctrlC, kPrompt);
+
+    // Ctrl-C while a command plays ends neither it nor the shell.
+    terminal.type("sendcommand 20\t\t", "203");
+    terminal.type("3\r", "3\r\n");
+    terminal.interrupt();
+    terminal.type("", "command 203 returned -1");
+    terminal.type("expect-status 0\r", "prompt:3: FAILED expect-status 0");
 
     // No prompt is waited for alone here: one from before may still be on its way.
     terminal.type("set iso=1600\r", "set iso=1600\r\n");
@@ -126,13 +142,13 @@ TEST_F(ShellTool, KeepsItsHistoryAndTakesParameters) {
     {
         Terminal first(mState);
         first.type("", kPrompt);
-        first.type("open 1\r", kPrompt);
+        first.type("open 0\r", kPrompt);
         first.type("quit\r", "\n");
         EXPECT_EQ(first.exitStatus(), kFine);
     }
     Terminal second(mState, {"--params", "iso=3200;zsl-mode=on"});
     second.type("", kPrompt);
-    second.type("\x1b[A\x1b[A\r", "open 1\r\n");
+    second.type("\x1b[A\x1b[A\r", "open 0\r\n");
     EXPECT_THAT(second.type("params\r", "zsl-mode"), HasSubstr("3200"));
     second.type("exit\r", "\n");
     EXPECT_EQ(second.exitStatus(), kFine);
@@ -151,6 +167,7 @@ TEST_F(ShellTool, PlaysAScriptWithoutATerminal) {
          "standard input:2: unknown command 'bogus'"},
         {"open 0\nquit\nbogus\n", kFine, "1> open 0", ""},
         {"help set\n", kFine, "set KEY=VALUE;KEY=VALUE", ""},
+        {"help sendcommand\n", kFine, "203  ", ""},
         {"params of mine\n", kBadInput, "", "expected 'params', not 'params of mine'"},
     };
     for (const auto& row : kRows) {

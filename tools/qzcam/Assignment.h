@@ -14,7 +14,9 @@ std::variant<StaticEntry, std::string> parseAssignment(const TagNames& names, co
                                                        const std::string& list);
 std::variant<StaticEntry, std::string> parseAssignment(const TagNames& names, const std::string& assignment);
 
-// What a session asks of a device: tags that it brings or expects must exist and take the values given.
+// What a session asks of a device: tags that it brings or expects must exist and take the values given. A tag
+// that this device does not declare, but the library looks for, is no slip of the pen: what becomes of it
+// shows when the session is played.
 void checkAgainstDevice(const Session& session, const TagNames& names, Problems& problems);
 
 }  // namespace qzcam

@@ -8,14 +8,23 @@
 #include "Run.h"
 #include "SessionHelp.h"
 #include "Shell.h"
+#include "Text.h"
 #include "Vocabulary.h"
+#include "WriteAll.h"
 
 #include <fmt/format.h>
 
 #include <CLI/CLI.hpp>
 
+#include <algorithm>
+#include <cstdio>
 #include <memory>
+#include <numeric>
+#include <sstream>
 #include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
 
 // Every command's options, in one source: the header of the library behind them takes seconds to compile.
 namespace qzcam {
@@ -59,9 +68,12 @@ void addPlayOptions(CLI::App& app, RunOptions& options, const char* orInput) {
         ->type_name("TEXT|FILE");
     app.add_option(
            "--log", options.log,
-           fmt::format("Log lines shown: the lowest level ({}; {} unless said, all in JSON), or by tag: "
-                       "'CameraQzParam:D *:S'",
-                       kLogLevels, LogFilter::kDefault))
+           fmt::format(
+               "Log lines shown: the lowest level ({}; {} unless said, all in JSON), or by tag: "
+               "'CameraQzParam:D *:S'. For '*' and a level alone, lines that the library logs as errors but "
+               "that only say where it is (\"Enter ...\"), and those of names that a device does not "
+               "declare, count as debug; a tag of its own shows them as they are",
+               kLogLevels, LogFilter::kDefault))
         ->type_name("FILTER")
         ->check([](const std::string& word) {
             return LogFilter::parse(word) ? "" : fmt::format("expected {}, or TAG:LEVEL...", kLogLevels);
@@ -176,6 +188,55 @@ void addCommands(CLI::App& app, Action& action) {
     addManual(*app.add_subcommand("manual", "Print the manual page"), action);
 }
 
+// A script's variable that is not set must not stand for what is built in.
+void refuseEmpty(CLI::App& app) {
+    for (CLI::Option* option : app.get_options([](const CLI::Option*) { return true; })) {
+        option->check([](const std::string& word) { return word.empty() ? "expected no empty text" : ""; });
+    }
+}
+
+// How many letters must be inserted, left out or replaced.
+size_t distance(std::string_view one, std::string_view other) {
+    std::vector<size_t> row(other.size() + 1);
+    std::iota(row.begin(), row.end(), size_t{0});
+    for (size_t i = 0; i < one.size(); ++i) {
+        size_t diagonal = std::exchange(row[0], i + 1);
+        for (size_t j = 0; j < other.size(); ++j) {
+            const size_t replaced = diagonal + (one[i] == other[j] ? 0 : 1);
+            diagonal = row[j + 1];
+            row[j + 1] = std::min({replaced, row[j] + 1, diagonal + 1});
+        }
+    }
+    return row.back();
+}
+
+std::string noCommand(const CLI::App& app, const std::string& word) {
+    constexpr size_t kAlike = 2;
+    std::string text = fmt::format("no command {}", excerpt(word));
+    for (const CLI::App* command : app.get_subcommands([](const CLI::App*) { return true; })) {
+        if (distance(word, command->get_name()) > kAlike) continue;
+        return text + fmt::format("; perhaps '{}'", command->get_name());
+    }
+    return text;
+}
+
+std::string usageMessage(const CLI::App* app, const CLI::Error& error) {
+    const auto rest = app->remaining();
+    const bool isCommand = app->get_subcommands().empty() && !rest.empty() && !startsWith(rest.front(), "-");
+    const std::string wrong = isCommand ? noCommand(*app, rest.front()) : error.what();
+    return fmt::format("qzcam: {}\nRun with --help for more information.\n", wrong);
+}
+
+// What is asked for by --help and --version is output like any other.
+ExitStatus answer(const CLI::App& app, const CLI::ParseError& error) {
+    std::ostringstream out;
+    std::ostringstream err;
+    const bool isAnswer = app.exit(error, out, err) == 0;
+    fmt::print(stderr, "{}", err.str());
+    if (!writeAll(stdout, out.str())) return kBadInput;
+    return isAnswer ? kFine : kUsage;
+}
+
 }  // namespace
 
 int runTool(int argc, const char* const* argv) {
@@ -186,10 +247,12 @@ int runTool(int argc, const char* const* argv) {
     app.footer("Without a command: run, with the built-in session on the built-in device.");
     Action action;
     addCommands(app, action);
+    for (CLI::App* command : app.get_subcommands([](CLI::App*) { return true; })) refuseEmpty(*command);
+    app.failure_message(usageMessage);
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& error) {
-        return app.exit(error) == 0 ? kFine : kUsage;
+        return answer(app, error);
     }
     return action();
 }

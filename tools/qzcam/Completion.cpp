@@ -99,14 +99,15 @@ Completion::Completion(const Device& device, const std::vector<CommandForm>& mor
     }
 }
 
+// One that the application sets.
 void Completion::addKey(const std::string& key) {
-    mKeys[key];
+    mValues[key];
     mKeyNames.insert(key);
 }
 
 void Completion::addValue(const std::string& key, const std::string& value) {
     addKey(key);
-    if (!value.empty()) mKeys[key].insert(value);
+    if (!value.empty()) mValues[key].insert(value);
 }
 
 void Completion::learn(const Reference& reference) {
@@ -115,8 +116,10 @@ void Completion::learn(const Reference& reference) {
         for (const Mapping& word : parameter.words) addValue(parameter.key, word.from);
     }
     for (const PublishedDoc& published : reference.published) {
-        if (!published.key.empty()) addKey(published.key);
+        if (!published.key.empty()) mKeyNames.insert(published.key);
     }
+    for (const CommandDoc& command : reference.commands)
+        mCommandNumbers.insert(std::to_string(command.number));
     for (const PropertyDoc& property : reference.properties) mProperties.insert(property.name);
 }
 
@@ -128,7 +131,7 @@ void Completion::learn(const Event& event) {
 void Completion::learnRows(const std::vector<ParamRow>& rows) {
     constexpr std::string_view kList = "-values";
     for (const ParamRow& row : rows) {
-        addKey(row.key);
+        mKeyNames.insert(row.key);
         if (!endsWith(row.key, kList)) continue;
         const std::string key = row.key.substr(0, row.key.size() - kList.size());
         for (const std::string_view value : split(row.value, ',')) addValue(key, std::string(value));
@@ -173,13 +176,15 @@ Completion::Names Completion::namesFor(const Place& place) const {
     if (slot == "FORMAT") return wordsIn(pixelFormatNames());
     if (slot == "LEVEL" && place.command() != "inspect") return wordsIn(kLogLevels);
     if (slot == "VERDICT") return wordsIn(verdictWords());
-    if (slot == "CODE" && place.command() == "expect-callback") return wordsIn(messageNames());
+    if (slot == "CODE") {
+        return place.command() == "expect-callback" ? wordsIn(messageNames()) : mCommandNumbers;
+    }
     return {};
 }
 
 Completion::Names Completion::valuesOf(const std::string& key) const {
-    const auto found = mKeys.find(key);
-    return found == mKeys.end() ? Names() : found->second;
+    const auto found = mValues.find(key);
+    return found == mValues.end() ? Names() : found->second;
 }
 
 Suggestions Completion::parameterPairs(const Place& place) const {
@@ -190,7 +195,9 @@ Suggestions Completion::parameterPairs(const Place& place) const {
         const std::string key(typed.substr(0, equals));
         return among(valuesOf(key), place.begin + pair + equals + 1, typed.substr(equals + 1), "");
     }
-    return among(mKeyNames, place.begin + pair, typed, "=");
+    Names keys;
+    for (const auto& [key, values] : mValues) keys.insert(key);
+    return among(keys, place.begin + pair, typed, "=");
 }
 
 Suggestions Completion::tagAssignment(const Place& place) const {

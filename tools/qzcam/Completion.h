@@ -63,8 +63,9 @@ class Completion {
     Names mFullTags;
     std::map<std::string, std::string> mForms;  // commands and their arguments
     Names mCommands;
-    std::map<std::string, Names> mKeys;
-    Names mKeyNames;
+    std::map<std::string, Names> mValues;  // of the keys that the application sets
+    Names mKeyNames;                       // these, and those that are published
+    Names mCommandNumbers;
     Names mProperties;
 };
 

@@ -63,13 +63,17 @@ const Tag* TagNames::find(const std::string& fullName) const {
 std::variant<const Tag*, std::string> TagNames::resolve(const std::string& name) const {
     if (const Tag* tag = find(name)) return tag;
     const auto [begin, end] = mByName.equal_range(name);
-    if (begin == end) return fmt::format("unknown tag '{}'", name);
+    if (begin == end) return fmt::format("this device declares no tag '{}'", name);
     if (std::next(begin) == end) return begin->second;
     std::vector<std::string> candidates;
     std::transform(begin, end, std::back_inserter(candidates),
                    [](const auto& item) { return item.second->fullName(); });
     std::sort(candidates.begin(), candidates.end());
     return fmt::format("'{}' may be {}: expected one of these", name, fmt::join(candidates, " or "));
+}
+
+bool TagNames::knows(const std::string& name) const {
+    return mByFullName.count(name) != 0 || mByName.count(name) != 0;
 }
 
 std::string TagNames::nameOf(uint32_t id) const {

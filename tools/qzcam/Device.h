@@ -41,6 +41,9 @@ class TagNames {
     // it.
     std::variant<const Tag*, std::string> resolve(const std::string& name) const;
 
+    // Whether there is such a tag, or several.
+    bool knows(const std::string& name) const;
+
     // "section.name", or the number of a tag that has none.
     std::string nameOf(uint32_t id) const;
 

@@ -80,8 +80,7 @@ InputKind kindOf(std::string_view text) {
 }
 
 ExitStatus diff(const DiffOptions& options) {
-    if (options.a == "-" && options.b == "-")
-        return complain(kUsage, "qzcam: standard input is there once only");
+    if (!areReadOnce({options.a, options.b, options.session, options.device})) return kUsage;
     const auto a = readFile(options.a);
     const auto b = options.b.empty() ? std::nullopt : readFile(options.b);
     if (!a || (!b && !options.b.empty())) return kBadInput;

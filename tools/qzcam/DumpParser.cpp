@@ -89,8 +89,8 @@ std::optional<StaticEntry> DeviceBuilder::readEntry(const RawEntry& raw, uint32_
     }
     if (values.count == raw.count) return entry;
     if (values.count != kShownOfCutList) {
-        mProblems.add(raw.line,
-                      fmt::format("expected {} values of {}, not {}", raw.count, raw.name, values.count));
+        mProblems.add(raw.line, fmt::format("expected {} of {}, not {}", counted(raw.count, "value"),
+                                            raw.name, values.count));
         return std::nullopt;
     }
     ++mDevice.cutLists;
@@ -104,7 +104,8 @@ bool DeviceBuilder::readLine(const RawEntry::ValueLine& line, const RawEntry& ra
     std::string_view element;
     while (!trimmed(rest).empty()) {
         if (values.count == raw.count) {
-            mProblems.add(line.line, fmt::format("expected {} values of {}, not more", raw.count, raw.name));
+            mProblems.add(line.line,
+                          fmt::format("expected {} of {}, not more", counted(raw.count, "value"), raw.name));
             return false;
         }
         if (!takeElement(rest, element, values.type)) {

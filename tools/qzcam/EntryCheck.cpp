@@ -14,7 +14,7 @@ namespace qzcam {
 
 namespace {
 
-std::string values(size_t count) { return count == 1 ? "1 value" : fmt::format("{} values", count); }
+std::string values(size_t count) { return counted(count, "value"); }
 
 size_t sizeOfElement(const Values& entry) { return entry.count == 0 ? 0 : entry.bytes.size() / entry.count; }
 

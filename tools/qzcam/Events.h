@@ -123,6 +123,11 @@ struct AnswerEvent {
     std::string answer;
 };
 
+// Why a session is not played at all.
+struct ErrorEvent {
+    std::string text;  // "file:line: what"
+};
+
 struct NoteEvent {
     std::string text;
 };
@@ -142,8 +147,8 @@ struct SummaryEvent {
 };
 
 using Event = std::variant<SessionEvent, CommandEvent, RequestEvent, VerdictsEvent, ResultEvent, ParamsEvent,
-                           PublishEvent, CallbackEvent, LogEvent, StatusEvent, AnswerEvent, NoteEvent,
-                           ExpectationEvent, SummaryEvent>;
+                           PublishEvent, CallbackEvent, LogEvent, StatusEvent, AnswerEvent, ErrorEvent,
+                           NoteEvent, ExpectationEvent, SummaryEvent>;
 using EventSink = std::function<void(const Event&)>;
 
 }  // namespace qzcam

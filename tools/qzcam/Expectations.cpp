@@ -1,6 +1,7 @@
 #include "Expectations.h"
 
 #include "EventWords.h"
+#include "LibraryTags.h"
 #include "Queries.h"
 #include "Vocabulary.h"
 
@@ -8,20 +9,13 @@
 
 #include <algorithm>
 #include <array>
+#include <cctype>
 
 namespace qzcam {
 
 namespace {
 
 constexpr const char* kNothing = "nothing";
-
-std::string textFrom(const Command& command, size_t first) {
-    std::string joined;
-    for (size_t i = first; i < command.words.size(); ++i) {
-        joined.append(i == first ? "" : " ").append(command.word(i));
-    }
-    return joined;
-}
 
 Finding expectParam(const Command& command, PlayState& state) {
     const char* value = state.camera->parameters().get(command.word(0).c_str());
@@ -43,26 +37,35 @@ const EntryRow* findRow(const Command& command, const PlayState& state) {
     return found == state.entries.end() ? nullptr : &*found;
 }
 
+// A tag without an entry is something else than no tag.
+std::string nothingOf(const Command& command, const PlayState& state) {
+    const auto tag = state.names.resolve(command.word(0));
+    const auto* wrong = std::get_if<std::string>(&tag);
+    return wrong ? fmt::format("{}: {}", kNothing, *wrong) : kNothing;
+}
+
 const EntryRow* findEntry(const Command& command, const PlayState& state) {
     const EntryRow* row = findRow(command, state);
     return row && row->change != Change::Gone ? row : nullptr;
 }
 
-std::string entryText(const EntryRow* entry) {
-    return entry ? fmt::format("{} {}", typeAndCount(entry->values), toText(entry->values, entry->tag))
-                 : kNothing;
+std::string entryText(const EntryRow& entry) {
+    return fmt::format("{} {}", typeAndCount(entry.values), toText(entry.values, entry.tag));
 }
 
 Finding expectEntry(const Command& command, PlayState& state) {
     const std::string list = rawFrom(command, 1, ",");
     const EntryRow* entry = findEntry(command, state);
     const auto expected = entry ? parseValues(entry->values.type, entry->tag, list) : std::nullopt;
-    return {expected && *expected == entry->values, list, entryText(entry)};
+    return {expected && *expected == entry->values, list,
+            entry ? entryText(*entry) : nothingOf(command, state)};
 }
 
 Finding expectNoEntry(const Command& command, PlayState& state) {
-    const EntryRow* entry = findEntry(command, state);
-    return {entry == nullptr, kNothing, entryText(entry)};
+    if (const EntryRow* entry = findEntry(command, state)) return {false, kNothing, entryText(*entry)};
+    const std::string actual = nothingOf(command, state);
+    if (actual == kNothing) return {true, kNothing, actual};
+    return {false, "a declared tag without an entry", actual};
 }
 
 std::string messageText(const Message& message) {
@@ -70,8 +73,8 @@ std::string messageText(const Message& message) {
 }
 
 bool hasBytes(const Message& message, const Command& command) {
-    std::string hex;
-    for (size_t i = 2; i < command.words.size(); ++i) hex += command.word(i);
+    std::string hex = textFrom(command, 2, "");
+    std::transform(hex.begin(), hex.end(), hex.begin(), [](unsigned char c) { return std::tolower(c); });
     return message.isData && hex == fmt::format("{:02x}", fmt::join(message.bytes, ""));
 }
 
@@ -87,9 +90,7 @@ bool hasNumbers(const Message& message, const Command& command) {
     std::vector<int32_t> numbers;
     const std::string list = rawFrom(command, 1, ",");
     for (const std::string_view text : split(list, ',')) {
-        const auto number = parseInteger(text);
-        if (!number) return false;
-        numbers.push_back(static_cast<int32_t>(*number));
+        numbers.push_back(static_cast<int32_t>(*parseInteger(text)));  // of at most 32 bits
     }
     if (!message.isData && numbers.size() < message.numbers.size()) numbers.resize(message.numbers.size());
     return numbers == message.numbers;
@@ -142,7 +143,7 @@ Finding expectStatus(const Command& command, PlayState& state) {
 
 const LogEvent* findLine(const Command& command, const PlayState& state) {
     const auto level = logLevel(command.word(0));
-    const std::string part = textFrom(command, 1);
+    const std::string part = textFrom(command, 1, " ");
     const auto& log = state.step.log;
     const auto found = std::find_if(log.begin(), log.end(), [&](const LogEvent& line) {
         return line.priority == level && line.text.find(part) != std::string::npos;
@@ -152,7 +153,8 @@ const LogEvent* findLine(const Command& command, const PlayState& state) {
 
 Finding expectLog(const Command& command, PlayState& state) {
     const auto lines = state.step.log.size();
-    return {findLine(command, state) != nullptr, fmt::format("a line with {}", excerpt(textFrom(command, 1))),
+    return {findLine(command, state) != nullptr,
+            fmt::format("a line with {}", excerpt(textFrom(command, 1, " "))),
             fmt::format("none in {} log lines", lines)};
 }
 
@@ -185,7 +187,7 @@ Finding expectVerdict(const Command& command, PlayState& state) {
 Finding expectChange(const Command& command, PlayState& state) {
     const EntryRow* row = findRow(command, state);
     return {row != nullptr && row->change == findChange(command.word(1)), command.word(1),
-            row != nullptr ? changeWord(row->change) : kNothing};
+            row != nullptr ? changeWord(row->change) : nothingOf(command, state)};
 }
 
 std::string fateOf(const std::string& capability, const PublishEvent& published) {
@@ -200,11 +202,13 @@ std::string fateOf(const std::string& capability, const PublishEvent& published)
     return hasRow ? "published" : kNothing;
 }
 
-// An undeclared capability has no tag that its short name would lead to.
+// The short name of an undeclared capability leads to none of the device's tags, but to one that the library
+// looks for.
 Finding expectCapability(const Command& command, PlayState& state) {
-    const auto tag = state.names.resolve(command.word(0));
+    const std::string& name = command.word(0);
+    const auto tag = (state.names.knows(name) ? state.names : libraryTags()).resolve(name);
     const auto* found = std::get_if<const Tag*>(&tag);
-    const std::string fate = fateOf(found ? (*found)->fullName() : command.word(0), state.published);
+    const std::string fate = fateOf(found ? (*found)->fullName() : name, state.published);
     return {fate == command.word(1), command.word(1), fate};
 }
 
@@ -236,6 +240,14 @@ std::string rawFrom(const Command& command, size_t first, const char* separator)
     std::string joined;
     for (size_t i = first; i < command.words.size(); ++i) {
         joined.append(i == first ? "" : separator).append(command.words[i].raw);
+    }
+    return joined;
+}
+
+std::string textFrom(const Command& command, size_t first, const char* separator) {
+    std::string joined;
+    for (size_t i = first; i < command.words.size(); ++i) {
+        joined.append(i == first ? "" : separator).append(command.word(i));
     }
     return joined;
 }

@@ -38,6 +38,7 @@ struct Finding {
 
 // The words from `first` on, as they were written and joined by `separator`.
 std::string rawFrom(const Command& command, size_t first, const char* separator);
+std::string textFrom(const Command& command, size_t first, const char* separator);  // without their quotes
 
 // An expected message counts as taken, so that "no other" can be expected afterwards.
 Finding examine(const Command& expectation, PlayState& state);

@@ -100,6 +100,7 @@ std::string explanationText(const Explanation& found, const Device& device) {
 }  // namespace
 
 ExitStatus explain(const ExplainOptions& options) {
+    if (!areReadOnce({options.device, options.properties, options.parameters})) return kUsage;
     const PropertiesInPlace restored;
     const auto device = readDevice(options.device, options.camera);
     const auto parameters = readParameters(options.parameters);

@@ -6,6 +6,7 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <cstdio>
@@ -15,20 +16,43 @@
 
 namespace qzcam {
 
+namespace {
+
+constexpr std::string_view kByteOrderMark = "\xef\xbb\xbf";
+
+}  // namespace
+
+bool areReadOnce(const std::vector<std::string>& paths) {
+    if (std::count(paths.begin(), paths.end(), "-") <= 1) return true;
+    fmt::print(stderr, "qzcam: only one of the inputs can be '-': standard input is read once\n");
+    return false;
+}
+
+std::string inputName(const std::string& path) { return path == "-" ? "standard input" : path; }
+
 std::optional<Input> readFile(const std::string& path) {
+    Problems problems(inputName(path));
+    auto input = readFile(path, problems);
+    report(problems);
+    return input;
+}
+
+std::optional<Input> readFile(const std::string& path, Problems& problems) {
     const auto close = [](std::FILE* file) { return file == stdin ? 0 : std::fclose(file); };
     const std::unique_ptr<std::FILE, decltype(close)> file(
         path == "-" ? stdin : std::fopen(path.c_str(), "rb"), close);
-    Input input{path == "-" ? "standard input" : path, {}};
+    Input input{inputName(path), {}};
     std::array<char, 1U << 16U> chunk{};
     while (file) {
         const size_t size = std::fread(chunk.data(), 1, chunk.size(), file.get());
         input.text.append(chunk.data(), size);
         if (size > 0) continue;
-        if (std::ferror(file.get()) == 0) return input;
-        break;
+        if (std::ferror(file.get()) != 0) break;
+        // Editors of other systems mark their texts.
+        if (startsWith(input.text, kByteOrderMark)) input.text.erase(0, kByteOrderMark.size());
+        return input;
     }
-    fmt::print(stderr, "{}: cannot read it: {}\n", input.name, std::strerror(errno));
+    problems.add(0, fmt::format("cannot read it: {}", std::strerror(errno)));
     return std::nullopt;
 }
 

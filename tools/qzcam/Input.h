@@ -7,6 +7,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace qzcam {
 
@@ -15,8 +16,15 @@ struct Input {
     std::string text;
 };
 
+// Standard input can be read once. False, and a message, when several of the paths are "-".
+bool areReadOnce(const std::vector<std::string>& paths);
+
+// The name of a path in messages.
+std::string inputName(const std::string& path);
+
 // The whole file, "-" for standard input. Nothing, and a message, when it cannot be read.
 std::optional<Input> readFile(const std::string& path);
+std::optional<Input> readFile(const std::string& path, Problems& problems);  // the message is one of these
 
 // What is built in when there is no path.
 std::optional<Input> readOr(const std::string& path, const char* builtInName, std::string_view builtIn);

@@ -37,11 +37,26 @@ void addCase(tinyxml2::XMLPrinter& xml, const ExpectationEvent& expectation) {
     xml.CloseElement();
 }
 
+void addError(tinyxml2::XMLPrinter& xml, const std::string& session, const ErrorEvent& error) {
+    const std::string message = xmlText(error.text);
+    xml.OpenElement("testcase");
+    xml.PushAttribute("name", message.c_str());
+    xml.PushAttribute("classname", session.c_str());
+    xml.PushAttribute("file", session.c_str());
+    xml.OpenElement("error");
+    xml.PushAttribute("message", message.c_str());
+    xml.CloseElement();
+    xml.CloseElement();
+}
+
 }  // namespace
 
 void JUnit::add(const Event& event) {
-    const auto* expectation = std::get_if<ExpectationEvent>(&event);
-    if (expectation) mSuites.back().cases.push_back(*expectation);
+    if (const auto* expectation = std::get_if<ExpectationEvent>(&event)) {
+        mSuites.back().cases.push_back(*expectation);
+    } else if (const auto* error = std::get_if<ErrorEvent>(&event)) {
+        mSuites.back().errors.push_back(*error);
+    }
 }
 
 std::string JUnit::toText() const {
@@ -53,9 +68,11 @@ std::string JUnit::toText() const {
                                             [](const ExpectationEvent& each) { return !each.met; });
         xml.OpenElement("testsuite");
         xml.PushAttribute("name", xmlText(suite.name).c_str());
-        xml.PushAttribute("tests", static_cast<uint64_t>(suite.cases.size()));
+        xml.PushAttribute("tests", static_cast<uint64_t>(suite.cases.size() + suite.errors.size()));
         xml.PushAttribute("failures", static_cast<int64_t>(failures));
+        xml.PushAttribute("errors", static_cast<uint64_t>(suite.errors.size()));
         for (const ExpectationEvent& expectation : suite.cases) addCase(xml, expectation);
+        for (const ErrorEvent& error : suite.errors) addError(xml, xmlText(suite.name), error);
         xml.CloseElement();
     }
     xml.CloseElement();

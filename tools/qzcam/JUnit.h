@@ -1,5 +1,5 @@
 // Expectations as JUnit XML, which continuous integration reads: a suite for each session, a case for each
-// expectation.
+// expectation and for each error that keeps a session from being played.
 #pragma once
 
 #include "Events.h"
@@ -11,7 +11,7 @@ namespace qzcam {
 
 class JUnit {
   public:
-    void beginSession(std::string name) { mSuites.push_back({std::move(name), {}}); }
+    void beginSession(std::string name) { mSuites.push_back({std::move(name), {}, {}}); }
     void add(const Event& event);
 
     // False, and a message, when the file cannot be written.
@@ -23,6 +23,7 @@ class JUnit {
     struct Suite {
         std::string name;
         std::vector<ExpectationEvent> cases;
+        std::vector<ErrorEvent> errors;
     };
 
     std::vector<Suite> mSuites;

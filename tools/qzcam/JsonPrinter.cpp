@@ -141,6 +141,8 @@ Json jsonOf(const AnswerEvent& event) {
     return {{"event", "answer"}, {"question", event.question}, {"answer", event.answer}};
 }
 
+Json jsonOf(const ErrorEvent& event) { return {{"event", "error"}, {"text", event.text}}; }
+
 Json jsonOf(const NoteEvent& event) { return {{"event", "note"}, {"text", event.text}}; }
 
 Json jsonOf(const ExpectationEvent& event) {

@@ -53,19 +53,6 @@ std::string columns(const std::vector<std::string>& texts, size_t width) {
     return text;
 }
 
-// The prompt stands before its terminal listens to single keys: whoever holds Ctrl-C down must not end the
-// program.
-class InterruptsIgnored {
-  public:
-    InterruptsIgnored() : mBefore(std::signal(SIGINT, SIG_IGN)) {}
-    ~InterruptsIgnored() { std::signal(SIGINT, mBefore); }
-    InterruptsIgnored(const InterruptsIgnored&) = delete;
-    InterruptsIgnored& operator=(const InterruptsIgnored&) = delete;
-
-  private:
-    void (*mBefore)(int);
-};
-
 }  // namespace
 
 std::string historyFile() {
@@ -81,7 +68,8 @@ LineEditor::LineEditor(std::FILE* out, std::string prompt, Complete complete, st
       mPrompt(std::move(prompt)),
       mComplete(std::move(complete)),
       mHistoryFile(std::move(historyFile)),
-      mHistory(history_init()) {
+      mHistory(history_init()),
+      mInterrupt(std::signal(SIGINT, SIG_IGN)) {
     std::setlocale(LC_CTYPE, "");  // the characters that the terminal sends
     mEdit = el_init("qzcam", stdin, out, stderr);
     el_set(mEdit, EL_CLIENTDATA, this);
@@ -101,6 +89,7 @@ LineEditor::LineEditor(std::FILE* out, std::string prompt, Complete complete, st
 LineEditor::~LineEditor() {
     el_end(mEdit);
     history_end(mHistory);
+    std::signal(SIGINT, mInterrupt);
 }
 
 LineEditor& LineEditor::of(editline* edit) {
@@ -110,7 +99,7 @@ LineEditor& LineEditor::of(editline* edit) {
 }
 
 // The keys that send signals are keys like any other while a line is typed: what they are to do with the line
-// is not left to chance. At all other times Ctrl-C interrupts the program.
+// is not left to chance. At all other times Ctrl-C does nothing.
 void LineEditor::bindKeys() {
     el_set(
         mEdit, EL_ADDFN, "qzcam-complete", "Complete the word",
@@ -131,7 +120,6 @@ void LineEditor::bindKeys() {
 }
 
 std::optional<std::string> LineEditor::line() {
-    const InterruptsIgnored ignored;
     for (;;) {
         mDropped = false;
         int size = 0;

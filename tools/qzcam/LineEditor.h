@@ -41,6 +41,7 @@ class LineEditor {
     Complete mComplete;
     std::string mHistoryFile;
     history* mHistory;
+    void (*mInterrupt)(int);  // as it was: while the editor lives, Ctrl-C ends at most a line
     editline* mEdit;
     bool mDropped = false;
 };

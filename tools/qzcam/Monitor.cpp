@@ -29,7 +29,7 @@ void Monitor::print(const Event& event) {
                          expectation->text, expectation->expected, expectation->actual));
     }
     if (const auto* summary = std::get_if<SummaryEvent>(&event)) {
-        line(fmt::format("{} expectations met, {} failed", summary->met, summary->failed));
+        line(fmt::format("{} met, {} failed", counted(summary->met, "expectation"), summary->failed));
     }
 }
 

@@ -1,5 +1,7 @@
 #include "Output.h"
 
+#include "WriteAll.h"
+
 #include <cerrno>
 
 namespace qzcam {
@@ -14,6 +16,12 @@ void Output::line(const std::string& text) {
 bool Output::flush() {
     if (mError == 0 && std::fflush(mOut) != 0) mError = errno;
     return mError == 0 || mError == EPIPE;
+}
+
+bool Output::finish() {
+    if (flush()) return true;
+    cannotWrite(mError);
+    return false;
 }
 
 }  // namespace qzcam

@@ -22,6 +22,9 @@ class Output {
     // Whether everything could be written, apart from a reader who went away.
     virtual bool flush();
 
+    // Likewise, with a message when not.
+    bool finish();
+
   protected:
     void line(const std::string& text);
 

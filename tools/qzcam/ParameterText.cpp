@@ -5,6 +5,7 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <cctype>
 #include <cstdio>
 #include <filesystem>
 #include <system_error>
@@ -18,15 +19,22 @@ namespace {
 // line end is cut off too, and the next parameter follows at once.
 constexpr size_t kLongestLine = 254;
 
+// What keys are made of; a path or another notation is none.
+bool isKey(std::string_view text) {
+    return !text.empty() && std::all_of(text.begin(), text.end(), [](unsigned char c) {
+        return std::isalnum(c) != 0 || c == '-' || c == '_' || c == '.';
+    });
+}
+
 void addFlattened(std::string_view line, size_t number, ParameterText& text, Problems& problems) {
     for (const std::string_view pair : split(line, ';')) {
         const size_t equals = pair.find('=');
         if (trimmed(pair).empty()) continue;
-        if (equals == 0 || equals == std::string_view::npos) {
+        const std::string_view key = trimmed(pair.substr(0, equals));
+        if (equals == std::string_view::npos || !isKey(key)) {
             problems.add(number, fmt::format("expected 'key=value;key=value', not {}", excerpt(pair)));
         } else {
-            text.parameters.push_back(
-                {std::string(trimmed(pair.substr(0, equals))), std::string(pair.substr(equals + 1))});
+            text.parameters.push_back({std::string(key), std::string(pair.substr(equals + 1))});
         }
     }
 }
@@ -41,12 +49,21 @@ bool isDumped(std::string_view line) {
     return colon != std::string_view::npos && colon < line.find('=');
 }
 
-void addDumped(std::string_view line, size_t number, ParameterText& text) {
+// Parameters stand below the heading of their camera.
+bool isHeading(std::string_view line) {
+    return line.front() != '\t' && line.front() != ' ' && endsWith(line, ":");
+}
+
+void addDumped(std::string_view line, size_t number, ParameterText& text, Problems& problems) {
     for (; line.size() >= kLongestLine; line.remove_prefix(kLongestLine)) text.cutLines.push_back(number);
     const size_t colon = endOfKey(line);
     if (colon == std::string_view::npos) return;
+    const std::string_view key = trimmed(line.substr(0, colon));
+    if (isHeading(line) || !isKey(key)) {
+        return problems.add(number, fmt::format("expected 'key: value', not {}", excerpt(line)));
+    }
     const size_t value = std::min(colon + 2, line.size());
-    text.parameters.push_back({std::string(trimmed(line.substr(0, colon))), std::string(line.substr(value))});
+    text.parameters.push_back({std::string(key), std::string(line.substr(value))});
 }
 
 }  // namespace
@@ -57,9 +74,9 @@ ParameterText parseParameters(std::string_view text, Problems& problems) {
     for (std::string_view line; lines.next(line);) {
         if (trimmed(line).empty()) continue;
         if (holdsNul(line)) {
-            problems.add(lines.number(), fmt::format("expected no NUL bytes, not {}", excerpt(line)));
+            problems.add(lines.number(), fmt::format("{} contains a NUL byte", excerpt(line)));
         } else if (isDumped(line)) {
-            addDumped(line, lines.number(), found);
+            addDumped(line, lines.number(), found, problems);
         } else {
             addFlattened(line, lines.number(), found, problems);
         }

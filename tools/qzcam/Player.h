@@ -58,6 +58,7 @@ class Player {
     };
 
     void examineExpectation(const Session& session, const Command& command);
+    bool takesAllResults(const Session& session) const;
     bool isPlayed(const Command& command) const;
     void execute(const Command& command);
     void begin(size_t line, const std::string& text);

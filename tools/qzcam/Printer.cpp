@@ -276,7 +276,8 @@ void Printer::show(const ExpectationEvent& event) {
 }
 
 void Printer::show(const SummaryEvent& event) {
-    const std::string text = fmt::format("{} expectations met, {} failed", event.met, event.failed);
+    const std::string text =
+        fmt::format("{} met, {} failed", counted(event.met, "expectation"), event.failed);
     line(styled(event.failed == 0 ? kGreen : kRed, text));
 }
 

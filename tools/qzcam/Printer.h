@@ -31,6 +31,7 @@ class Printer : public Output {
     void show(const LogEvent& event);
     void show(const StatusEvent& event);
     void show(const AnswerEvent& event);
+    void show(const ErrorEvent&) {}  // goes to where all messages go
     void show(const NoteEvent& event);
     void show(const ExpectationEvent& event);
     void show(const SummaryEvent& event);

@@ -34,35 +34,53 @@ std::unique_ptr<Output> outputFor(const RunOptions& options) {
     return std::make_unique<Printer>(stdout, wantsColour(stdout), filterOf(options.log));
 }
 
-// Standard input can be read once.
-bool standardInputIsWantedTwice(const RunOptions& options) {
-    auto wanted = std::count(options.sessions.begin(), options.sessions.end(), "-");
-    for (const std::string* each : {&options.device, &options.properties, &options.parameters}) {
-        if (*each == "-") ++wanted;
-    }
-    return wanted > 1;
+std::vector<std::string> inputsOf(const RunOptions& options) {
+    std::vector<std::string> paths = options.sessions;
+    paths.insert(paths.end(), {options.device, options.properties, options.parameters});
+    return paths;
 }
 
-std::optional<Session> readSession(const std::string& path) {
-    const auto text = readOr(path, "built-in session", builtInSession());
-    if (!text) return std::nullopt;
-    Problems problems(text->name);
-    Session session = parseSession(text->text, text->name, problems);
-    return report(problems) ? std::optional(std::move(session)) : std::nullopt;
+// A session as it was read, and what is wrong with it. One with problems is not played.
+struct Script {
+    Session session;
+    Problems problems;
+};
+
+constexpr const char* kBuiltIn = "built-in session";
+
+Script readScript(const std::string& path) {
+    const std::string name = path.empty() ? kBuiltIn : inputName(path);
+    Script script{{name, {}}, Problems(name)};
+    const auto text =
+        path.empty() ? Input{name, std::string(builtInSession())} : readFile(path, script.problems);
+    if (text) script.session = parseSession(text->text, name, script.problems);
+    return script;
 }
 
-std::optional<std::vector<Session>> readSessions(const std::vector<std::string>& paths) {
-    std::vector<Session> sessions;
-    for (const std::string& path : paths.empty() ? std::vector<std::string>{""} : paths) {
-        auto session = readSession(path);
-        if (!session) return std::nullopt;
-        sessions.push_back(std::move(*session));
-    }
-    return sessions;
+std::vector<Script> readScripts(const std::vector<std::string>& paths) {
+    std::vector<Script> scripts;
+    for (const std::string& path : paths) scripts.push_back(readScript(path));
+    if (paths.empty()) scripts.push_back(readScript({}));
+    return scripts;
 }
 
-// A session that somebody wrote for this run must fit the device; the built-in one plays on others as far as
+// A session that somebody wrote for this run means what it says; the built-in one plays on others as far as
 // it goes.
+bool isGuest(const RunOptions& options) { return options.sessions.empty() && !options.device.empty(); }
+
+void checkScripts(const Device& device, std::vector<Script>& scripts) {
+    const TagNames names(device.vendorTags);
+    for (Script& script : scripts) {
+        checkAgainstDevice(script.session, names, script.problems);
+    }
+}
+
+bool reportAll(const std::vector<Script>& scripts) {
+    bool good = true;
+    for (const Script& script : scripts) good = report(script.problems) && good;
+    return good;
+}
+
 class Runner {
   public:
     Runner(const Device& device, const RunOptions& options, std::vector<Parameter> parameters)
@@ -71,15 +89,15 @@ class Runner {
           mParameters(std::move(parameters)),
           mOutput(outputFor(options)) {}
 
-    // Nothing when a session does not fit the device, otherwise whether all expectations were met.
-    std::optional<bool> playAll(const std::vector<Session>& sessions);
+    // Whether all expectations were met.
+    bool playAll(const std::vector<Script>& scripts);
 
     // False, and a message, when something cannot be written.
     bool finish();
 
   private:
-    bool fits(const std::vector<Session>& sessions) const;
     bool play(const Session& session);
+    void refuse(const Script& script);
 
     const Device& mDevice;
     const RunOptions& mOptions;
@@ -88,25 +106,32 @@ class Runner {
     JUnit mJUnit;
 };
 
-bool isGuest(const RunOptions& options) { return options.sessions.empty() && !options.device.empty(); }
-
-bool Runner::fits(const std::vector<Session>& sessions) const {
-    if (isGuest(mOptions)) return true;
-    const TagNames names(mDevice.vendorTags);
-    bool fit = true;
-    for (const Session& session : sessions) {
-        Problems problems(session.file);
-        checkAgainstDevice(session, names, problems);
-        fit = report(problems) && fit;
+bool Runner::playAll(const std::vector<Script>& scripts) {
+    bool met = true;
+    for (const Script& script : scripts) {
+        if (script.problems.empty()) {
+            met = play(script.session) && met;
+        } else {
+            refuse(script);
+        }
     }
-    return fit;
+    return met;
 }
 
-std::optional<bool> Runner::playAll(const std::vector<Session>& sessions) {
-    if (!fits(sessions)) return std::nullopt;
-    bool met = true;
-    for (const Session& session : sessions) met = play(session) && met;
-    return met;
+// Programs hear of it where they hear of everything; people have the messages.
+void Runner::refuse(const Script& script) {
+    mJUnit.beginSession(script.session.file);
+    if (mOptions.json) mOutput->device(mDevice);
+    if (mOptions.json) mOutput->print(SessionEvent{script.session.file});
+    for (const std::string& problem : script.problems.first()) {
+        if (mOptions.json) mOutput->print(ErrorEvent{problem});
+        mJUnit.add(ErrorEvent{problem});
+    }
+}
+
+bool expectsSomething(const Session& session) {
+    return std::any_of(session.commands.begin(), session.commands.end(),
+                       [](const Command& command) { return isExpectation(command.syntax->id); });
 }
 
 bool Runner::play(const Session& session) {
@@ -119,7 +144,11 @@ bool Runner::play(const Session& session) {
     player.setParameters(mParameters);
     mOutput->device(mDevice);
     mOutput->print(SessionEvent{session.file});
-    if (!isGuest(mOptions)) return player.play(session);
+    if (!isGuest(mOptions)) {
+        const bool met = player.play(session);
+        if (!expectsSomething(session)) mOutput->print(NoteEvent{"no expectations: nothing was tested"});
+        return met;
+    }
     mOutput->print(
         NoteEvent{"expectations are left out: the built-in session has them for the built-in device"});
     player.playAsGuest(session);
@@ -127,30 +156,39 @@ bool Runner::play(const Session& session) {
 }
 
 bool Runner::finish() {
-    const bool shown = mOutput->flush();
-    if (!shown) fmt::print(stderr, "qzcam: cannot write the output\n");
+    const bool shown = mOutput->finish();
     return (mOptions.junit.empty() || mJUnit.write(mOptions.junit)) && shown;
+}
+
+// A report from before would pass for one of this run.
+ExitStatus playNothing(const std::vector<Script>& scripts, const std::string& junit) {
+    JUnit report;
+    for (const Script& script : scripts) {
+        report.beginSession(script.session.file);
+        report.add(ErrorEvent{"not played: the device, its properties or the parameters cannot be read"});
+    }
+    if (!junit.empty()) report.write(junit);
+    return kBadInput;
 }
 
 }  // namespace
 
 ExitStatus run(const RunOptions& options) {
-    if (standardInputIsWantedTwice(options)) {
-        fmt::print(stderr, "qzcam: only one of session, device, properties and parameters can be '-'\n");
-        return kUsage;
-    }
+    if (!areReadOnce(inputsOf(options))) return kUsage;
     const PropertiesInPlace restored;
     const auto device = readDevice(options.device, options.camera);
-    const auto sessions = readSessions(options.sessions);
+    auto scripts = readScripts(options.sessions);
+    if (device && !isGuest(options)) checkScripts(device->device, scripts);
+    const bool good = reportAll(scripts);
     auto parameters = readParameters(options.parameters);
-    if (!device || !sessions || !parameters || !applyProperties(options.properties)) return kBadInput;
+    if (!device || !parameters || !applyProperties(options.properties))
+        return playNothing(scripts, options.junit);
 
     Runner runner(device->device, options, std::move(*parameters));
-    const auto met = runner.playAll(*sessions);
-    if (!met || !runner.finish()) return kBadInput;
+    const bool met = runner.playAll(scripts);
     // Of a broken dump what could be read is used.
-    if (!device->whole) return kBadInput;
-    return *met ? kFine : kExpectationFailed;
+    if (!runner.finish() || !good || !device->whole) return kBadInput;
+    return met ? kFine : kExpectationFailed;
 }
 
 }  // namespace qzcam

@@ -58,7 +58,7 @@ bool needsCamera(CommandId id) {
 std::optional<Command> SessionReader::line(size_t number, std::string_view text, Problems& problems) {
     text = trimmed(text);
     if (holdsNul(text)) {
-        problems.add(number, fmt::format("expected no NUL bytes, not {}", excerpt(text)));
+        problems.add(number, fmt::format("{} contains a NUL byte", excerpt(text)));
         return std::nullopt;
     }
     std::vector<Word> words;
@@ -85,7 +85,9 @@ std::string SessionReader::wrongWith(const Command& command) {
     const CommandSpec& syntax = *command.syntax;
     if (command.words.size() < syntax.fewestWords || command.words.size() > syntax.mostWords) {
         const std::string form = fmt::format("{} {}", syntax.name, syntax.arguments);
-        return fmt::format("expected '{}', not {}", trimmed(form), excerpt(command.text));
+        const bool isSplit = syntax.mostWords > 0 && command.words.size() > syntax.mostWords;
+        return fmt::format("expected '{}', not {}{}", trimmed(form), excerpt(command.text),
+                           isSplit ? "; a text with blanks stands in \"quotes\"" : "");
     }
     const std::string expected = syntax.check ? syntax.check(command) : std::string();
     if (!expected.empty()) return fmt::format("expected {}, not {}", expected, excerpt(command.text));

@@ -1,5 +1,6 @@
 // The commands of the session language: what each takes, and its line in `qzcam run --help`.
 #include "EventWords.h"
+#include "Expectations.h"
 #include "Messages.h"
 #include "Properties.h"
 #include "Queries.h"
@@ -9,6 +10,8 @@
 #include <cutils/properties.h>
 #include <fmt/format.h>
 
+#include <algorithm>
+#include <cstddef>
 #include <cstdint>
 #include <limits>
 
@@ -32,6 +35,10 @@ std::string property(const Command& command) {
 }
 
 std::string oneNumber(const Command& command) { return unless(isInt32(command.word(0)), "a number"); }
+
+std::string cameraNumber(const Command& command) {
+    return unless(isInt32(command.word(0)) && *parseInteger(command.word(0)) >= 0, "a number from 0 on");
+}
 
 std::string flagWord(const Command& command) {
     const auto number = parseInteger(command.word(0));
@@ -79,13 +86,15 @@ std::string callback(const Command& command) {
 }
 
 std::string inspect(const Command& command) {
-    bool right = parseInteger(command.word(0)).has_value() && command.words.size() % 2 == 1;
+    constexpr int64_t kHighestLevel = 5;
+    const auto level = parseInteger(command.word(0));
+    bool right = level && *level >= 0 && *level <= kHighestLevel && command.words.size() % 2 == 1;
     for (size_t i = 1; right && i < command.words.size(); i += 2) {
         const std::string& which = command.word(i);
         right = (which == "captag" || which == "ctrltag" || which == "stattag") &&
                 command.word(i + 1).size() < PROPERTY_VALUE_MAX;
     }
-    return unless(right, "LEVEL [captag|ctrltag|stattag NAME]...");
+    return unless(right, "LEVEL [captag|ctrltag|stattag NAME]... with a level from 0 to 5");
 }
 
 std::string skip(const Command& command) {
@@ -97,8 +106,36 @@ std::string query(const Command& command) { return wrongWithQuery(command, comma
 
 std::string expectQuery(const Command& command) { return wrongWithQuery(command, command.words.size() - 1); }
 
+bool isHex(std::string_view text) {
+    return text.find_first_not_of("0123456789abcdefABCDEF") == std::string_view::npos;
+}
+
+// A number of a message, also as its bits.
+bool isMessageNumber(std::string_view text) {
+    const auto number = parseInteger(text);
+    return number && *number >= INT32_MIN && *number <= UINT32_MAX;
+}
+
+bool isMessageContent(const Command& command) {
+    const std::string& first = command.word(1);
+    const auto allBehind = [&](size_t begin, auto isRight) {
+        return std::all_of(command.words.begin() + static_cast<std::ptrdiff_t>(begin), command.words.end(),
+                           [&](const Word& word) { return isRight(word.text); });
+    };
+    if (first == "bytes") return textFrom(command, 2, "").size() % 2 == 0 && allBehind(2, isHex);
+    if (first.find('=') != std::string::npos) {
+        return allBehind(1, [](std::string_view text) { return text.find('=') != std::string_view::npos; });
+    }
+    return allBehind(1, [](std::string_view text) {
+        const auto numbers = split(text, ',');
+        return std::all_of(numbers.begin(), numbers.end(), isMessageNumber);
+    });
+}
+
 std::string expectCallback(const Command& command) {
-    return unless(findMessageCode(command.word(0)).has_value(), "a message code or one of " + messageNames());
+    if (!findMessageCode(command.word(0))) return "a message code or one of " + messageNames();
+    return unless(command.words.size() == 1 || isMessageContent(command),
+                  "numbers of 32 bits, 'bytes' and pairs of hexadecimal digits, or FIELD=VALUE");
 }
 
 std::string expectLog(const Command& command) {
@@ -129,7 +166,8 @@ const std::vector<CommandSpec>& commandSpecs() {
     using Id = CommandId;
     static const std::vector<CommandSpec> syntaxes{
         {Id::SetProp, "setprop", "NAME VALUE", "set a system property", 2, 2, property},
-        {Id::Open, "open", "ID", "open camera ID (0 back, 1 front), closing the one before", 1, 1, oneNumber},
+        {Id::Open, "open", "ID", "open camera ID (0 back, 1 front), closing the one before", 1, 1,
+         cameraNumber},
         {Id::Client, "client", "PACKAGE", "name the application", 1, 1, nullptr},
         {Id::CallbackFlag, "callback-flag", "N", "set the application's callback flags", 1, 1, flagWord},
         {Id::Recording, "recording", "on|off", "tell whether it records", 1, 1, onOff},

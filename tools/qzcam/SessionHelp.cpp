@@ -1,6 +1,7 @@
 #include "SessionHelp.h"
 
 #include "Queries.h"
+#include "Reference.h"
 
 #include <fmt/format.h>
 
@@ -33,6 +34,13 @@ std::string questionTable() {
     for (const QuerySpec& syntax : querySpecs()) {
         table += row(fmt::format("{} {}", syntax.name, syntax.argument ? syntax.argument : ""), syntax.help);
     }
+    return table;
+}
+
+std::string codeTable() {
+    std::string table;
+    for (const CommandDoc& command : commandDocs())
+        table += row(fmt::to_string(command.number), command.what);
     return table;
 }
 

@@ -13,6 +13,7 @@ const char* sessionRules();
 std::string commandTable();
 const char* questionRules();
 std::string questionTable();
+std::string codeTable();  // of `sendcommand`
 const char* valueHelp();
 
 // One command's form and what it does, as a line.

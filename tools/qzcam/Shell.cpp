@@ -66,6 +66,7 @@ class Shell {
     void hear(const Event& event);
     void complain(const Problems& problems);
 
+    const Device& mDevice;
     bool mAtTerminal;
     Printer mPrinter;
     Completion mCompletion;
@@ -86,7 +87,8 @@ std::vector<CommandForm> shellForms() {
 }
 
 Shell::Shell(const Device& device, const LogFilter& log, bool atTerminal)
-    : mAtTerminal(atTerminal),
+    : mDevice(device),
+      mAtTerminal(atTerminal),
       mPrinter(stdout, wantsColour(stdout), log),
       mCompletion(device, shellForms()),
       mPlayer(device, [this](const Event& event) { hear(event); }),
@@ -123,10 +125,9 @@ bool Shell::take(const std::string& line) {
     return true;
 }
 
-// A typed line needs no number, the user sees it; a line of a script does.
 void Shell::play(const std::string& line) {
-    Problems problems(mAtTerminal ? "qzcam" : mSource);
-    auto command = mReader.line(mAtTerminal ? 0 : mLine, line, problems);
+    Problems problems(mSource);
+    auto command = mReader.line(mLine, line, problems);
     if (command) {
         const Session piece{mSource, {*command}};
         checkAgainstDevice(piece, mPlayer.names(), problems);
@@ -150,6 +151,7 @@ void Shell::help(std::string_view command) {
         fmt::print("{}", commandHelp(*syntax));
         const bool asks = syntax->id == CommandId::Query || syntax->id == CommandId::ExpectQuery;
         if (asks) fmt::print("\n{}", questionTable());
+        if (syntax->id == CommandId::SendCommand) fmt::print("\n{}", codeTable());
     } else {
         if (!command.empty()) fmt::print("There is no command {}.\n\n", excerpt(command));
         fmt::print("{}\n{}", sessionHelp(), shellHelp());
@@ -167,10 +169,7 @@ void Shell::hear(const Event& event) {
 ExitStatus Shell::end() {
     mLeaving = true;
     const bool met = mPlayer.end();
-    if (!mPrinter.flush()) {
-        fmt::print(stderr, "qzcam: cannot write the output\n");
-        return kBadInput;
-    }
+    if (!mPrinter.finish()) return kBadInput;
     if (mAtTerminal) return kFine;
     if (mWrong) return kBadInput;
     return met ? kFine : kExpectationFailed;
@@ -188,11 +187,8 @@ std::string shellHelp() {
 }
 
 ExitStatus shell(const RunOptions& options) {
-    for (const std::string* each : {&options.device, &options.properties, &options.parameters}) {
-        if (*each != "-") continue;
-        fmt::print(stderr, "qzcam: the shell reads commands from standard input, it can be nothing else\n");
-        return kUsage;
-    }
+    const std::string commands = "-";
+    if (!areReadOnce({commands, options.device, options.properties, options.parameters})) return kUsage;
     const PropertiesInPlace restored;
     const auto device = readDevice(options.device, options.camera);
     auto parameters = readParameters(options.parameters);

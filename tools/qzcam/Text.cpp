@@ -2,6 +2,8 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
+#include <array>
 #include <charconv>
 #include <limits>
 
@@ -12,6 +14,23 @@ namespace {
 constexpr std::string_view kBlanks = " \t\r\n\v\f";
 constexpr size_t kMostProblems = 20;
 constexpr size_t kExcerpt = 60;
+
+// The bytes of the UTF-8 character that the text begins with; 0 for what is none, or would not print.
+size_t printable(std::string_view text) {
+    const auto at = [&](size_t i) { return i < text.size() ? static_cast<unsigned char>(text[i]) : 0U; };
+    const unsigned first = at(0);
+    if (first < 0x80) return first >= ' ' && first <= '~' ? 1 : 0;
+    const size_t size = first < 0xe0 ? 2 : first < 0xf0 ? 3 : 4;
+    if (first < 0xc2 || first > 0xf4) return 0;
+    uint32_t code = first & (0x7fU >> size);
+    for (size_t i = 1; i < size; ++i) {
+        if ((at(i) & 0xc0U) != 0x80) return 0;
+        code = code << 6U | (at(i) & 0x3fU);
+    }
+    constexpr std::array<uint32_t, 5> kLowest{0, 0, 0xa0, 0x800, 0x10000};  // below: controls, overlong forms
+    const bool isSurrogate = code >= 0xd800 && code <= 0xdfff;
+    return code >= kLowest[size] && code <= 0x10ffff && !isSurrogate ? size : 0;
+}
 
 }  // namespace
 
@@ -49,12 +68,18 @@ std::string_view takeWord(std::string_view& text) {
     return word;
 }
 
+std::string counted(size_t count, std::string_view what) {
+    return fmt::format("{} {}{}", count, what, count == 1 ? "" : "s");
+}
+
 std::string excerpt(std::string_view text) {
-    std::string shown(text.substr(0, kExcerpt));
-    for (char& c : shown) {
-        if (c < ' ' || c > '~') c = '?';
+    std::string shown;
+    while (!text.empty() && shown.size() < kExcerpt) {
+        const size_t size = printable(text);
+        shown.append(size == 0 ? "?" : text.substr(0, size));
+        text.remove_prefix(std::max<size_t>(size, 1));
     }
-    return fmt::format("'{}{}'", shown, text.size() > kExcerpt ? "..." : "");
+    return fmt::format("'{}{}'", shown, text.empty() ? "" : "...");
 }
 
 std::optional<int64_t> parseInteger(std::string_view text) {

@@ -19,7 +19,10 @@ std::vector<std::string_view> split(std::string_view text, char separator);
 // The first word, which is taken off the text; empty at the end.
 std::string_view takeWord(std::string_view& text);
 
-// What a message shows of a line: quoted, not too long, bytes that do not print as '?'.
+// "1 value", "2 values"
+std::string counted(size_t count, std::string_view what);
+
+// What a message shows of a line: quoted, not too long, what does not print as '?'.
 std::string excerpt(std::string_view text);
 
 // Whether a C string of the text would end before it does.

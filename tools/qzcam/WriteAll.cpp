@@ -9,8 +9,12 @@ bool writeAll(std::FILE* out, const std::string& text) {
     errno = 0;
     const bool written = std::fwrite(text.data(), 1, text.size(), out) == text.size();
     if ((written && std::fflush(out) == 0) || errno == EPIPE) return true;
-    std::fprintf(stderr, "qzcam: cannot write the output: %s\n", std::strerror(errno));
+    cannotWrite(errno);
     return false;
+}
+
+void cannotWrite(int error) {
+    std::fprintf(stderr, "qzcam: cannot write the output: %s\n", std::strerror(error));
 }
 
 }  // namespace qzcam
