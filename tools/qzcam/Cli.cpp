@@ -244,7 +244,10 @@ int runTool(int argc, const char* const* argv) {
                  "qzcam"};
     app.set_version_flag("--version", "qzcam " QZCAM_VERSION);
     app.require_subcommand(0, 1);
-    app.footer("Without a command: run, with the built-in session on the built-in device.");
+    app.footer(
+        "Without a command: run, with the built-in session on the built-in device.\n\n"
+        "Exit status: 0 fine, 1 an expectation or a check failed, 2 wrong usage, 3 a bad input file.\n"
+        "Environment: NO_COLOR switches colours off, XDG_STATE_HOME is where the shell keeps its history.");
     Action action;
     addCommands(app, action);
     for (CLI::App* command : app.get_subcommands([](CLI::App*) { return true; })) refuseEmpty(*command);

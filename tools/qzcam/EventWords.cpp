@@ -11,17 +11,20 @@ struct VerdictName {
     Verdict verdict;
     const char* word;
     const char* meaning;
+    const char* help;
 };
 
-constexpr std::array<VerdictName, 9> kVerdicts{{{Verdict::Written, "written", "written"},
-                                                {Verdict::Fallback, "fallback", "fallback written"},
-                                                {Verdict::Skipped, "skipped", "skipped"},
-                                                {Verdict::Overridden, "overridden", "overridden"},
-                                                {Verdict::Undeclared, "undeclared", "tag not declared"},
-                                                {Verdict::WrongType, "wrong-type", "wrong type"},
-                                                {Verdict::GateClosed, "gate-closed", "gate closed"},
-                                                {Verdict::NoEntry, "no-entry", "no entry"},
-                                                {Verdict::Unread, "unread", "read by no setter"}}};
+constexpr std::array<VerdictName, 9> kVerdicts{
+    {{Verdict::Written, "written", "written", "its entries have its value"},
+     {Verdict::Fallback, "fallback", "fallback written",
+      "its text is not understood, and written as any such"},
+     {Verdict::Skipped, "skipped", "skipped", "its text is not understood, and nothing written"},
+     {Verdict::Overridden, "overridden", "overridden", "another parameter decides the value of its entry"},
+     {Verdict::Undeclared, "undeclared", "tag not declared", "the device has no such tag"},
+     {Verdict::WrongType, "wrong-type", "wrong type", "the device refused the update"},
+     {Verdict::GateClosed, "gate-closed", "gate closed", "something else keeps it from being looked at"},
+     {Verdict::NoEntry, "no-entry", "no entry", "it is read, but this value goes into no entry"},
+     {Verdict::Unread, "unread", "read by no setter", "the library does not know it"}}};
 
 struct ChangeName {
     Change change;
@@ -41,6 +44,12 @@ const VerdictName& nameOf(Verdict verdict) {
 const char* verdictWord(Verdict verdict) { return nameOf(verdict).word; }
 
 const char* verdictMeaning(Verdict verdict) { return nameOf(verdict).meaning; }
+
+std::vector<std::pair<const char*, const char*>> verdictHelp() {
+    std::vector<std::pair<const char*, const char*>> rows;
+    for (const VerdictName& name : kVerdicts) rows.emplace_back(name.word, name.help);
+    return rows;
+}
 
 std::optional<Verdict> findVerdict(std::string_view word) {
     for (const VerdictName& name : kVerdicts) {

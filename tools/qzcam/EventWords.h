@@ -6,10 +6,13 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 namespace qzcam {
 
-const char* verdictWord(Verdict verdict);  // "gate-closed"
+const char* verdictWord(Verdict verdict);                        // "gate-closed"
+std::vector<std::pair<const char*, const char*>> verdictHelp();  // all words, and what they say
 std::optional<Verdict> findVerdict(std::string_view word);
 std::string verdictWords();
 const char* verdictMeaning(Verdict verdict);  // for people

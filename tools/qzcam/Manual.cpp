@@ -1,5 +1,6 @@
 #include "Manual.h"
 
+#include "EventWords.h"
 #include "Queries.h"
 #include "SessionHelp.h"
 #include "Text.h"
@@ -124,6 +125,8 @@ std::string sessionSections() {
     for (const QuerySpec& syntax : querySpecs()) {
         roff += item(syntax.name, syntax.argument ? std::string(" ") + syntax.argument : "", syntax.help);
     }
+    roff += ".SH VERDICTS\n" + paragraphs(verdictRules(), true);
+    for (const auto& [word, help] : verdictHelp()) roff += item(word, "", help);
     return roff + ".SH ENTRIES AND VALUES\n" + paragraphs(valueHelp(), true);
 }
 

@@ -1,5 +1,6 @@
 #include "SessionHelp.h"
 
+#include "EventWords.h"
 #include "Queries.h"
 #include "Reference.h"
 
@@ -44,6 +45,14 @@ std::string codeTable() {
     return table;
 }
 
+const char* verdictRules() { return "Verdicts on a parameter after a request, for 'expect-verdict':\n"; }
+
+std::string verdictTable() {
+    std::string table;
+    for (const auto& [word, help] : verdictHelp()) table += row(word, help);
+    return table;
+}
+
 const char* valueHelp() {
     return "Names of entries may leave out their section where that is clear. Values are separated by "
            "commas: numbers\n"
@@ -58,7 +67,8 @@ const char* sessionRules() {
 const char* questionRules() { return "Questions for 'query' and 'expect-query':\n"; }
 
 std::string sessionHelp() {
-    return sessionRules() + commandTable() + "\n" + questionRules() + questionTable() + "\n" + valueHelp();
+    return sessionRules() + commandTable() + "\n" + questionRules() + questionTable() + "\n" +
+           verdictRules() + verdictTable() + "\n" + valueHelp();
 }
 
 }  // namespace qzcam

@@ -14,6 +14,8 @@ std::string commandTable();
 const char* questionRules();
 std::string questionTable();
 std::string codeTable();  // of `sendcommand`
+const char* verdictRules();
+std::string verdictTable();
 const char* valueHelp();
 
 // One command's form and what it does, as a line.
