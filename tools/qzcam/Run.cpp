@@ -59,6 +59,7 @@ Script readScript(const std::string& path) {
 
 std::vector<Script> readScripts(const std::vector<std::string>& paths) {
     std::vector<Script> scripts;
+    scripts.reserve(paths.size() + 1);
     for (const std::string& path : paths) scripts.push_back(readScript(path));
     if (paths.empty()) scripts.push_back(readScript({}));
     return scripts;
