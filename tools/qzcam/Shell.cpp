@@ -66,7 +66,6 @@ class Shell {
     void hear(const Event& event);
     void complain(const Problems& problems);
 
-    const Device& mDevice;
     bool mAtTerminal;
     Printer mPrinter;
     Completion mCompletion;
@@ -87,8 +86,7 @@ std::vector<CommandForm> shellForms() {
 }
 
 Shell::Shell(const Device& device, const LogFilter& log, bool atTerminal)
-    : mDevice(device),
-      mAtTerminal(atTerminal),
+    : mAtTerminal(atTerminal),
       mPrinter(stdout, wantsColour(stdout), log),
       mCompletion(device, shellForms()),
       mPlayer(device, [this](const Event& event) { hear(event); }),
