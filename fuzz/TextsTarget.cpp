@@ -8,6 +8,7 @@
 #include <Text.h>
 #include <Values.h>
 #include <camera/CameraParameters2.h>
+#include <nlohmann/json.hpp>
 
 #include <cctype>
 
@@ -35,6 +36,16 @@ void numbers(const std::string& text) {
     }
 }
 
+// No controls, and no bytes that are no UTF-8, as a strict writer of JSON sees it.
+void requirePrints(const std::string& text) {
+    for (const char c : text) require(std::iscntrl(static_cast<unsigned char>(c)) == 0, "it prints");
+    try {
+        require(!nlohmann::json(text).dump().empty(), "it is written");
+    } catch (const nlohmann::json::exception&) {
+        require(false, "it is UTF-8");
+    }
+}
+
 void words(const std::string& text) {
     std::string_view rest = text;
     size_t length = 0;
@@ -43,8 +54,7 @@ void words(const std::string& text) {
     require(length <= text.size() && rest.empty(), "words are taken to the end");
     rest = text;
     if (!qzcam::takeQuoted(rest)) require(rest == text, "what is no quotation stays");
-    for (const char c : qzcam::excerpt(text))
-        require(std::isprint(static_cast<unsigned char>(c)) != 0, "it prints");
+    requirePrints(qzcam::excerpt(text));
     size_t pieces = 0;
     for (const std::string_view piece : qzcam::split(text, ';')) pieces += piece.size() + 1;
     require(pieces == text.size() + 1 || text.empty(), "a split text has all its pieces");

@@ -25,9 +25,7 @@ using testing::SizeIs;
 
 class ReferenceTest : public RunTool {
   protected:
-    static void SetUpTestSuite() { sWhole = new Reference(buildReference()); }
-    static void TearDownTestSuite() { delete sWhole; }
-    static const Reference& whole() { return *sWhole; }
+    static const Reference& whole() { return wholeReference(); }
     static const ParameterDoc& parameter(const std::string& key) {
         static const ParameterDoc none;
         const Reference found = only(whole(), key);
@@ -37,12 +35,7 @@ class ReferenceTest : public RunTool {
         }
         return none;
     }
-
-  private:
-    static Reference* sWhole;
 };
-
-Reference* ReferenceTest::sWhole = nullptr;
 
 std::string joined(const std::vector<Mapping>& mappings) {
     std::string text;

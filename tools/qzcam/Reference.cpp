@@ -40,11 +40,14 @@ std::vector<Doc> named(const std::vector<Doc>& docs, const std::string& key) {
 
 }  // namespace
 
-Reference buildReference() {
-    Probe probe;
-    const Survey survey = surveyLibrary(probe, Depth::Values);
-    return {parameterDocs(probe, survey), publishedDocs(probe, survey), messageDocs(probe, survey),
-            commandDocs(), propertyDocs()};
+const Reference& wholeReference() {
+    static const Reference whole = [] {
+        Probe probe;
+        const Survey survey = surveyLibrary(probe, Depth::Values);
+        return Reference{parameterDocs(probe, survey), publishedDocs(probe, survey),
+                         messageDocs(probe, survey), commandDocs(), propertyDocs()};
+    }();
+    return whole;
 }
 
 Reference only(const Reference& reference, const std::string& key) {
@@ -72,7 +75,7 @@ std::vector<std::string> similarNames(const Reference& reference, const std::str
 }
 
 ExitStatus params(const ParamsOptions& options) {
-    const Reference whole = buildReference();
+    const Reference& whole = wholeReference();
     const Reference reference = options.key.empty() ? whole : only(whole, options.key);
     if (isEmpty(reference)) {
         const auto similar = similarNames(whole, options.key);

@@ -68,7 +68,8 @@ struct Reference {
     std::vector<PropertyDoc> properties;
 };
 
-Reference buildReference();
+// Takes a moment when it is wanted first.
+const Reference& wholeReference();
 
 // By hand.
 // What no probe tells about a parameter; empty: nothing.

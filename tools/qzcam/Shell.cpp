@@ -93,7 +93,7 @@ Shell::Shell(const Device& device, const LogFilter& log, bool atTerminal)
       mSource(atTerminal ? "prompt" : "standard input") {
     mPrinter.device(device);
     if (!atTerminal) return;
-    mCompletion.learn(buildReference());
+    mCompletion.learn(wholeReference());
     fmt::print("'help' lists the commands, Tab completes, Ctrl-D leaves. Begin with 'open 0'.\n");
     mEditor = std::make_unique<LineEditor>(
         isatty(STDOUT_FILENO) == 1 ? stdout : stderr, "qzcam> ",
