@@ -10,6 +10,7 @@
 #include <camera/CameraParameters2.h>
 #include <nlohmann/json.hpp>
 
+#include <algorithm>
 #include <cctype>
 
 namespace qz::fuzz {
@@ -51,7 +52,9 @@ void words(const std::string& text) {
     size_t length = 0;
     for (auto word = qzcam::takeWord(rest); !word.empty(); word = qzcam::takeWord(rest))
         length += word.size();
-    require(length <= text.size() && rest.empty(), "words are taken to the end");
+    const auto isBlank = [](unsigned char c) { return std::isspace(c) != 0; };
+    const auto blanks = static_cast<size_t>(std::count_if(text.begin(), text.end(), isBlank));
+    require(length + blanks == text.size() && rest.empty(), "words are all but the blanks");
     rest = text;
     if (!qzcam::takeQuoted(rest)) require(rest == text, "what is no quotation stays");
     requirePrints(qzcam::excerpt(text));

@@ -47,6 +47,7 @@ const char* verdictMeaning(Verdict verdict) { return nameOf(verdict).meaning; }
 
 std::vector<std::pair<const char*, const char*>> verdictHelp() {
     std::vector<std::pair<const char*, const char*>> rows;
+    rows.reserve(kVerdicts.size());
     for (const VerdictName& name : kVerdicts) rows.emplace_back(name.word, name.help);
     return rows;
 }
