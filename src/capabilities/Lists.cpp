@@ -83,14 +83,18 @@ int32_t CCameraQzParam::getSupernightSupportedExposure() {
     return 0;
 }
 
+// The line of an element comes before its conversion, which may log an error.
 int32_t CCameraQzParam::getSupportedMakeUpEffect() {
     const Capability<uint8_t> effects(mExtParam, CAPABILITY("makeUpEffectSupported"), 1);
     if (effects.lacks()) LOGI("supportedMakeUpEffect.count = %zu", effects.count());
     if (!effects.holds()) return 0;
+    Text words;
     for (size_t i = 0; i < effects.count(); ++i) {
         LOGI("supportedMakeUpEffect.data[%d] = %d", static_cast<int>(i), effects[i]);
+        if (i > 0) words << ",";
+        words << makeUpEffectModeEnumToString(effects[i]);
     }
-    publishWords(mExtParam, "qz-makeup-support", effects, makeUpEffectModeEnumToString);
+    mExtParam->set("qz-makeup-support", words.c_str());
     LOGI("supported make up effect = %s", published(mExtParam, "qz-makeup-support"));
     return 0;
 }

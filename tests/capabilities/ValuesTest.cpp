@@ -113,11 +113,12 @@ makeUpEffectSupported=0..4|qz-makeup-support=none,mode1,mode2,mode3,mode4||
     I supportedMakeUpEffect.data[0] = 0|I supportedMakeUpEffect.data[1] = 1
     I supportedMakeUpEffect.data[2] = 2|I supportedMakeUpEffect.data[3] = 3
     I supportedMakeUpEffect.data[4] = 4|I supported make up effect = none,mode1,mode2,mode3,mode4
-makeUpEffectSupported=5,6,7,8,9|qz-makeup-support=mode5,mode6,mode7,mode8,unknown||
-    I supportedMakeUpEffect.data[0] = 5|I supportedMakeUpEffect.data[1] = 6
-    I supportedMakeUpEffect.data[2] = 7|I supportedMakeUpEffect.data[3] = 8
-    I supportedMakeUpEffect.data[4] = 9|E makeUpEffectModeEnumToString: Unknown make up effect enum: 9
-    I supported make up effect = mode5,mode6,mode7,mode8,unknown
+makeUpEffectSupported=9,5,6,7,8,255|qz-makeup-support=unknown,mode5,mode6,mode7,mode8,unknown||
+    I supportedMakeUpEffect.data[0] = 9|E makeUpEffectModeEnumToString: Unknown make up effect enum: 9
+    I supportedMakeUpEffect.data[1] = 5|I supportedMakeUpEffect.data[2] = 6
+    I supportedMakeUpEffect.data[3] = 7|I supportedMakeUpEffect.data[4] = 8
+    I supportedMakeUpEffect.data[5] = 255|E makeUpEffectModeEnumToString: Unknown make up effect enum: 255
+    I supported make up effect = unknown,mode5,mode6,mode7,mode8,unknown
 qzSubSensorJpegSize=4000,3000,1920,1080,7|sub-picture-size-values=4000x3000,1920x1080
     0 0 0 0 0 0 0 0 [] [4000x3000,1920x1080]
     I getSubSupportedPictureSizes SubSupportedPictureSizes:4000x3000,1920x1080
