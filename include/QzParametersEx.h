@@ -42,7 +42,7 @@ class QZ_API QzParametersEx : public ExtParamInterface {
                     size_t count) override;
     status_t update(android::CameraMetadata* metadata, uint32_t tag, const android::String8& value) override;
 
-    // Slot 11, behind those of the interface: removes a key from the parameter set.
+    // Slot 11, behind those of the interface: removes a key from the parameter set. Null is ignored.
     virtual void remove(const char* key);
 
     // mShutterMute = "camera_sound_state" is exactly 0; an absent key means not muted.

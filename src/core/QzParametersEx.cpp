@@ -83,7 +83,9 @@ status_t QzParametersEx::update(CameraMetadata* metadata, uint32_t tag, const St
     return metadata->update(tag, value);
 }
 
-void QzParametersEx::remove(const char* key) { mParameters.remove(String8(key)); }
+void QzParametersEx::remove(const char* key) {
+    if (key != nullptr) mParameters.remove(String8(key));
+}
 
 void QzParametersEx::setShutterMute(CameraParameters2& params) {
     mShutterMute = params.getInt("camera_sound_state") == 0;

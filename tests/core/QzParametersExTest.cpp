@@ -77,6 +77,9 @@ TEST(QzParametersEx, ForwardsToParametersAndRequest) {
     camera.adapter->remove("zoom");
     EXPECT_EQ(host.get("zoom"), nullptr);
     EXPECT_EQ(host.getInt("zoom"), -1);
+    host.set("zoom", "2");
+    camera.adapter->remove(nullptr);
+    EXPECT_STREQ(host.get("zoom"), "2");
 
     const uint8_t bytes[] = {1, 255};
     const int32_t ints[] = {-1, 2, 3};
