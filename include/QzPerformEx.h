@@ -1,7 +1,8 @@
 // Inspection of what goes through, under system properties, and the buffers that are skipped for a round.
 //
 // The host creates one for each camera and calls it where static metadata become known, with every batch of
-// requests and with every result. It changes nothing in the metadata.
+// requests and with every result. It writes nothing to the metadata, which may be locked, and leaves the lock
+// as it is.
 //
 // "camera.qzperformex.loglevel" (decimal, 0x or 0 octal), read with every batch of requests, says how much is
 // shown:

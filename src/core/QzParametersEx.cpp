@@ -27,13 +27,15 @@ camera_metadata_ro_entry checkedEntry(const CameraMetadata& info, uint32_t tag, 
                                       size_t maxCount, bool required) {
     const camera_metadata_ro_entry entry = info.find(tag);
     if (entry.count == 0 && required) {
-        LOGE("Error finding static metadata entry '%s.%s' (%x)", sectionLabel(tag), nameLabel(tag), tag);
+        const TagLabel label(tag);
+        LOGE("Error finding static metadata entry '%s.%s' (%x)", label.section(), label.name(), tag);
     } else if (entry.count < minCount || (maxCount != 0 && entry.count > maxCount)) {
         // An absent entry that is not required but has a minimum is reported here too.
+        const TagLabel label(tag);
         LOGE(
             "Malformed static metadata entry '%s.%s' (%x):Expected between %zu and %zu values, but got %zu "
             "values",
-            sectionLabel(tag), nameLabel(tag), tag, minCount, maxCount, entry.count);
+            label.section(), label.name(), tag, minCount, maxCount, entry.count);
     }
     return entry;
 }

@@ -67,14 +67,16 @@ camera_metadata_ro_entry QzPerformEx::getStaticInfo(uint32_t tag, size_t minCoun
     const camera_metadata_ro_entry entry = mStaticInfo->find(tag);
     if (!shown) return entry;
     if (entry.count == 0 && required) {
-        LOGI("%s(), Cann't find static metadata entry '%s.%s' (%#x)", __func__, sectionLabel(tag),
-             nameLabel(tag), tag);
+        const TagLabel label(tag);
+        LOGI("%s(), Cann't find static metadata entry '%s.%s' (%#x)", __func__, label.section(), label.name(),
+             tag);
     } else if (entry.count < minCount || (maxCount != 0 && entry.count > maxCount)) {
+        const TagLabel label(tag);
         LOGI(
             "%s(), Malformed static metadata entry '%s.%s' (%#x):Expected between %zu and %zu values, but "
             "got %zu "
             "values",
-            __func__, sectionLabel(tag), nameLabel(tag), tag, minCount, maxCount, entry.count);
+            __func__, label.section(), label.name(), tag, minCount, maxCount, entry.count);
     }
     return entry;
 }

@@ -41,6 +41,11 @@ uint32_t chosenTag(const char* property) {
 // What the log prints for a name that is missing.
 constexpr char kNull[] = "(null)";
 
+void showTag(const char* caller, uint32_t tag) {
+    const TagLabel label(tag, kNull);
+    LOGI("%s(), get tag: %#x, '%s.%s'.", caller, tag, label.section(), label.name());
+}
+
 // The name of an element type in failure lines, with the blank behind it.
 const char* typeLabel(uint8_t type) {
     constexpr const char* labels[] = {"TYPE_BYTE ",  "TYPE_INT32 ",  "TYPE_FLOAT ",
@@ -123,7 +128,7 @@ void QzPerformEx::checkResult(const android::CaptureResult& result) {
 
 void QzPerformEx::getTagInfo(const CameraMetadata& metadata, uint32_t tag) {
     if (tag == QzName2Tag::INVALID_TAG || logLevel() < kShowChosenTags) return;
-    LOGI("%s(), get tag: %#x, '%s.%s'.", __func__, tag, sectionLabel(tag, kNull), nameLabel(tag, kNull));
+    showTag(__func__, tag);
     if (!metadata.exists(tag)) {
         LOGI("%s(), tag %#x doesn't exist.", __func__, tag);
         return;
@@ -161,17 +166,18 @@ void QzPerformEx::dumpVendorTags() {
     }
 }
 
+// Entries are reached one by one through a lock only. The host may hold it, and unlocking what the host has
+// locked would end the host's lock: so the lock is that of a copy.
 void QzPerformEx::dumpCurrentTags(const CameraMetadata& metadata) {
-    const camera_metadata_t* buffer = metadata.getAndLock();
+    const CameraMetadata copy(metadata);
+    const camera_metadata_t* buffer = copy.getAndLock();
     const size_t count = metadata.entryCount();
     LOGI("%s(), entry count: %zu", __func__, count);
     for (size_t i = 0; i < count; ++i) {
         camera_metadata_ro_entry entry = {};
         if (get_camera_metadata_ro_entry(buffer, i, &entry) != 0) continue;
-        LOGI("%s(), get tag: %#x, '%s.%s'.", __func__, entry.tag, sectionLabel(entry.tag, kNull),
-             nameLabel(entry.tag, kNull));
+        showTag(__func__, entry.tag);
     }
-    metadata.unlock(buffer);
 }
 
 }  // namespace qz

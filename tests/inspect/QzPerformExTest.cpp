@@ -240,6 +240,27 @@ TEST_F(QzPerformExTest, TellsWhatIsMissing) {
 )");
 }
 
+// A lock that the host holds is still the host's afterwards; without one, the metadata can be changed.
+TEST_F(QzPerformExTest, LeavesLocksAsTheyAre) {
+    setLevel("5");
+    choose("captag", "android.control.aeMode");
+    choose("ctrltag", "android.control.aeMode");
+    const uint8_t mode = 1;
+    mMetadata.update(ANDROID_CONTROL_AE_MODE, &mode, 1);
+    android::List<const CameraMetadata> requests;
+    requests.push_back(mMetadata);
+    const CameraMetadata& request = *requests.begin();
+    for (const bool locked : {true, false}) {
+        const camera_metadata_t* info = locked ? mMetadata.getAndLock() : nullptr;
+        const camera_metadata_t* buffer = locked ? request.getAndLock() : nullptr;
+        mInspector->setInfo(&mMetadata);
+        mInspector->checkRequest(requests, false);
+        EXPECT_EQ(mMetadata.update(ANDROID_CONTROL_AE_MODE, &mode, 1) == 0, !locked);
+        EXPECT_EQ(mMetadata.unlock(info) == 0, locked);
+        EXPECT_EQ(request.unlock(buffer) == 0, locked);
+    }
+}
+
 TEST_F(QzPerformExTest, SkipsBuffersBySizeAndFormat) {
     const VendorTags tags(mLists);
     setInfo(0x80000000, {640, 480, 320, 240, 3264, 2449, 16});
