@@ -7,6 +7,7 @@
 #include <cstdarg>
 #include <cstring>
 #include <list>
+#include <type_traits>
 
 namespace qz::bench {
 
@@ -130,35 +131,52 @@ class RecordingHost : public ExtCallBackInterface {
     Calls* mRecord;
 };
 
-// Arguments of integer and of floating-point type travel apart from each other on the 64-bit machines that
-// this is run on, so that each kind is read, and passed on later, in its own order.
-static_assert(sizeof(void*) == 8);
+// Puts an argument where the same call of print() passes it on. A 32-bit machine has all in one row, with two
+// words at an even place for a wide one; three arguments stand before. A 64-bit machine has floating point
+// apart.
+template <typename T>
+void add(Calls::Line& line, T value) {
+    constexpr bool wide = sizeof(T) > sizeof(uintptr_t);
+    if constexpr (std::is_same_v<T, double> && !wide) {
+        line.numbers[line.numberCount++] = value;
+    } else {
+        if (wide && line.wordCount % 2 == 0) ++line.wordCount;
+        memcpy(&line.words[line.wordCount], &value, sizeof(value));
+        line.wordCount += wide ? 2 : 1;
+    }
+}
 
 Calls::Line lineOf(int priority, const char* tag, const char* format, va_list arguments) {
     static std::list<std::string> texts;  // outlive the buffers that arguments point to
-    Calls::Line line = {priority, tag, format, {}, {}};
-    size_t words = 0;
-    size_t numbers = 0;
+    Calls::Line line = {priority, tag, format, {}, {}, 0, 0};
     for (const char* at = strchr(format, '%'); at != nullptr; at = strchr(at + 1, '%')) {
-        at += 1 + strspn(at + 1, "#-+ 0123456789.*hlzj");
-        if (at[-1] == '*') line.words[words++] = va_arg(arguments, uintptr_t);
+        const char* const flags = at + 1;
+        at = flags + strspn(flags, "#-+ 0123456789.*hlzj");
+        if (at[-1] == '*') add(line, va_arg(arguments, uintptr_t));
         if (*at == 'f') {
-            line.numbers[numbers++] = va_arg(arguments, double);
+            add(line, va_arg(arguments, double));
         } else if (*at == 's') {
             texts.emplace_back(va_arg(arguments, const char*));
-            line.words[words++] = reinterpret_cast<uintptr_t>(texts.back().c_str());
+            add(line, texts.back().c_str());
+        } else if (*at != '%' && strncmp(flags, "ll", 2) == 0) {
+            add(line, va_arg(arguments, long long));
         } else if (*at != '%') {
-            line.words[words++] = va_arg(arguments, uintptr_t);
+            add(line, va_arg(arguments, uintptr_t));
         }
     }
     return line;
 }
 
+// Short lines take no more than the registers that any call has.
 void print(const Calls::Line& line) {
     int (*const log)(int, const char*, const char*, ...) = __android_log_print;
-    const auto& [a, b, c, d, e, f] = line.words;
+    const auto& [a, b, c, d, e, f, g, h, i, j, k, l] = line.words;
     const auto& [x, y, z, w] = line.numbers;
-    log(line.priority, line.tag, line.format, a, b, c, d, e, f, x, y, z, w);
+    if (line.wordCount <= 3 && line.numberCount == 0) {
+        log(line.priority, line.tag, line.format, a, b, c);
+    } else {
+        log(line.priority, line.tag, line.format, a, b, c, d, e, f, g, h, i, j, k, l, x, y, z, w);
+    }
 }
 
 template <typename T>

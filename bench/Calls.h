@@ -1,12 +1,12 @@
 // The floor: the calls that a pass makes of the platform, and a loop that makes them again and nothing else.
 //
 // A camera that writes down what it is asked records them from the pass itself. A vendor name counts as
-// looked up when its tag is used; bench/instructions counts the calls of both sides and tells when they
-// differ.
+// looked up when its tag is used; bench/measure counts the calls of both sides and tells when they differ.
 #pragma once
 
 #include "Camera.h"
 
+#include <array>
 #include <string>
 #include <vector>
 
@@ -37,8 +37,11 @@ struct Calls {
         int priority;
         const char* tag;
         const char* format;
-        uintptr_t words[6];  // the arguments that are integers or pointers, in their order
-        double numbers[4];   // the others
+        std::array<uintptr_t, 12>
+            words;                      // the arguments; on a 64-bit machine those that are no floating point
+        std::array<double, 4> numbers;  // those that are
+        size_t wordCount;
+        size_t numberCount;
     };
 
     std::vector<std::string> texts;    // keys read by get()

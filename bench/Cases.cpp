@@ -145,16 +145,13 @@ Case inspectionCase(const std::shared_ptr<Device>& device) {
 std::vector<Case> markedCases() {
     const auto device = built(builtIn());
     return {
-        against("request, no key set", device, standardKeys(), request)
-            .marked(1.05, 1.05)
-            .withoutAllocation(),
-        against("request, every key set", device, standardKeys() + ";" + everyKey(), request)
-            .marked(1.05, 1.06),
-        against("capabilities", device, standardKeys(), capabilities).marked(1.10, 1.10),
+        against("request, no key set", device, standardKeys(), request).withMark().withoutAllocation(),
+        against("request, every key set", device, standardKeys() + ";" + everyKey(), request).withMark(),
+        against("capabilities", device, standardKeys(), capabilities).withMark(),
         against("result, no entry", device, kProfessional, results({CameraMetadata()}))
-            .marked(1.05, 1.05)
+            .withMark()
             .withoutAllocation(),
-        resultCase("result, every entry", device).marked(1.10, 1.05),
+        resultCase("result, every entry", device).withMark(),
         inspectionCase(device).withoutAllocation(),
     };
 }

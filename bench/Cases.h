@@ -1,4 +1,4 @@
-// What is measured, against what, and what it may cost.
+// The measured passes, and what each is measured against.
 #pragma once
 
 #include <functional>
@@ -12,13 +12,11 @@ struct Case {
     std::function<void()> prepare;  // before either side, whenever another case has run
     std::function<void()> floor;
     std::function<void()> library;
-    double mark = 0;   // instructions of the library for one of the floor: what is aimed at, or 0
-    double limit = 0;  // and what must not be exceeded, a little above what is reached; 0: none
+    bool marked = false;            // bench/measure has a limit for what the library takes beside the floor
     bool allocatesNothing = false;  // beyond what the floor does
 
-    Case marked(double aim, double most) && {
-        mark = aim;
-        limit = most;
+    Case withMark() && {
+        marked = true;
         return std::move(*this);
     }
     Case withoutAllocation() && {
