@@ -1,0 +1,44 @@
+// Devices of every kind: their vendor tags, and static information, requests and results that hold entries of
+// them.
+#pragma once
+
+#include "Inputs.h"
+
+#include <camera/CameraMetadata.h>
+#include <camera/CaptureResult.h>
+#include <camera/VendorTagDescriptor.h>
+#include <utils/List.h>
+
+#include <deque>
+#include <vector>
+
+namespace qz::compare {
+
+using Requests = android::List<const android::CameraMetadata>;
+
+struct Device {
+    const char* kind;
+    android::sp<android::VendorTagDescriptor> tags;  // null: the HAL has not said
+    std::vector<android::CameraMetadata> metadata;
+};
+
+class Devices {
+  public:
+    Devices(const Inputs& inputs, uint64_t seed);
+
+    // Makes one the process's.
+    const Device& use(Random& random) const;
+
+    const android::CameraMetadata& metadata(Random& random) const;
+    Requests& requests(Random& random) { return random.of(mRequests); }
+    const android::CaptureResult& result(Random& random) const { return *random.of(mResults); }
+
+  private:
+    void make(const Inputs& inputs, size_t number, Random& random);
+
+    std::vector<Device> mDevices;
+    std::deque<Requests> mRequests;
+    std::vector<android::sp<android::CaptureResult>> mResults;
+};
+
+}  // namespace qz::compare
