@@ -19,7 +19,6 @@
 #include <algorithm>
 #include <cstdio>
 #include <memory>
-#include <numeric>
 #include <sstream>
 #include <string>
 #include <string_view>
@@ -197,8 +196,8 @@ void refuseEmpty(CLI::App& app) {
 
 // How many letters must be inserted, left out or replaced.
 size_t distance(std::string_view one, std::string_view other) {
-    std::vector<size_t> row(other.size() + 1);
-    std::iota(row.begin(), row.end(), size_t{0});
+    std::vector<size_t> row{0};
+    while (row.size() <= other.size()) row.push_back(row.size());
     for (size_t i = 0; i < one.size(); ++i) {
         size_t diagonal = std::exchange(row[0], i + 1);
         for (size_t j = 0; j < other.size(); ++j) {
