@@ -5,6 +5,8 @@
 
 #include <gmock/gmock.h>
 
+#include <initializer_list>
+
 namespace qz::test {
 namespace {
 
@@ -95,6 +97,21 @@ TEST(QzName2Tag, LongestOfManySections) {
     expectTag("a.b.x.tag", kNone);  // in a.b, which has no "x.tag"
     expectTag("a.tag", kNone, "-vendorTagFromName: cann't find section for tag 'a.tag'!");
     expectTag("zz", kNone, "vendorTagFromName: Key length too short for key 'zz'.");
+}
+
+// Of any length, with one byte that differs.
+TEST(QzName2Tag, EveryByteOfASectionCounts) {
+    for (const size_t length :
+         std::initializer_list<size_t>{1, 2, 3, 4, 5, 7, 8, 9, 11, 12, 15, 16, 17, 25}) {
+        const std::string section(length, 's');
+        const VendorTags tags({{section + ".tag", TYPE_BYTE}});
+        expectTag((section + ".tag").c_str(), 0x80000000);
+        for (size_t i = 0; i < length; ++i) {
+            std::string name = section + ".tag";
+            name[i] = 'r';
+            expectTag(name.c_str(), kNone, "-vendorTagFromName: cann't find section for tag '" + name + "'!");
+        }
+    }
 }
 
 TEST(QzName2Tag, StandardNames) {
