@@ -200,7 +200,7 @@ TEST(DumpParser, NamesTheLineOfWhatIsBroken) {
         {entry("") + kVendor + "    0x80000001 (burst) with type 0 (byte\n", "d:8: expected '0xTAG (NAME)"},
         {entry("") + kVendor + "    0x80000001 (\033[31m) with type 0 (byte) defined in section s\n",
          "d:8: expected '0xTAG (NAME) with type N (TYPE) defined in section SECTION', not '0x80000001 "
-         "(?[31m)"},
+         R"((\x1b[31m))"},
         {entry("") + kVendor + "    0x80000001 (burst) with type 5 (float) defined in section s\n",
          "d:8: type 5 of burst is rational, not 'float'"},
         {entry("") + kVendor + "    0x80000000 (burst) with type 0 (byte) defined in section s\n",

@@ -5,6 +5,9 @@
 #include "Monitor.h"
 #include "ParameterText.h"
 #include "Printer.h"
+#include "Text.h"
+#include "WriteAll.h"
+#include "Xml.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -13,8 +16,10 @@
 
 #include <android/log.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <functional>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -102,15 +107,135 @@ TEST(JUnit, HasASuiteASessionAndACaseAnExpectation) {
     tinyxml2::XMLDocument xml;
     ASSERT_EQ(xml.Parse(junit.toText().c_str()), tinyxml2::XML_SUCCESS);
     const auto* suite = xml.FirstChildElement("testsuites")->FirstChildElement("testsuite");
-    EXPECT_STREQ(suite->Attribute("name"), "a<&?");
+    EXPECT_STREQ(suite->Attribute("name"), "a<&\\x02");
     EXPECT_EQ(suite->IntAttribute("tests"), 2);
     EXPECT_EQ(suite->IntAttribute("failures"), 1);
     const auto* met = suite->FirstChildElement("testcase");
     EXPECT_STREQ(met->Attribute("name"), "3: expect-param a \"<&>\"");
     EXPECT_EQ(met->FirstChildElement(), nullptr);
     const auto* failure = met->NextSiblingElement()->FirstChildElement("failure");
-    EXPECT_STREQ(failure->Attribute("message"), "expected 1 & more, but there is ]]>?");
+    EXPECT_STREQ(failure->Attribute("message"), "expected 1 & more, but there is ]]>\\x1b");
     EXPECT_EQ(suite->NextSiblingElement()->IntAttribute("tests", -1), 0);
+}
+
+// Every byte, alone and as the start of a character; and characters that XML or a terminal cannot take.
+const std::string& hostile() {
+    static const std::string text = [] {
+        std::string all =
+            "\033[31m\xef\xbf\xbe\xef\xbf\xbf\xed\xa0\x80\xed\xbf\xbf\xc2\x9b\xe2\x80\xae]]>\r\n\xf0\x9f";
+        for (int byte = 0; byte < 256; ++byte) all += static_cast<char>(byte);
+        for (int byte = 128; byte < 256; ++byte) all.append(1, static_cast<char>(byte)).append("\x80<&\"'");
+        return all;
+    }();
+    return text;
+}
+
+std::vector<Event> eventsWith(const std::string& text) {
+    const EntryRow entry{1, text, values(TYPE_BYTE, "1"), Change::New, {}, {{text, text}}};
+    const ParamRow parameter{text, text, text, Change::Changed};
+    Message message;
+    message.name = text;
+    message.fields = {{text, text}, {"", text}};
+    return {SessionEvent{text},
+            CommandEvent{1, text},
+            RequestEvent{{entry}},
+            VerdictsEvent{{{text, text, Verdict::Unread, text, {}}}},
+            ResultEvent{1, {entry}},
+            ParamsEvent{{parameter}},
+            PublishEvent{{parameter}, {text}, {text}, {text}},
+            CallbackEvent{message},
+            LogEvent{ANDROID_LOG_ERROR, text, text},
+            StatusEvent{text, 1, false},
+            StatusEvent{text, 1, true},
+            AnswerEvent{text, text},
+            ErrorEvent{text},
+            NoteEvent{text},
+            ExpectationEvent{text, 1, text, true, text, text},
+            ExpectationEvent{text, 2, text, false, text, text},
+            SummaryEvent{1, 1}};
+}
+
+template <typename Each>
+std::string printed(const std::string& text, Each printer) {
+    return written([&](std::FILE* file) {
+        auto output = printer(file);
+        for (const Event& event : eventsWith(text)) output->print(event);
+        output->flush();
+    });
+}
+
+TEST(JUnit, IsWellFormedWhateverTheTexts) {
+    JUnit junit;
+    junit.beginSession(hostile());
+    for (const Event& event : eventsWith(hostile())) junit.add(event);
+    const auto xml = parseXml(junit.toText());
+    ASSERT_TRUE(xml);
+    EXPECT_EQ(countElements(xml->children, "testcase"), 3U);
+    EXPECT_EQ(countElements(xml->children, "failure"), 1U);
+    EXPECT_EQ(countElements(xml->children, "error"), 1U);
+    EXPECT_THAT(junit.toText(),
+                HasSubstr("\\x1b[31m\\xef\\xbf\\xbe\\xef\\xbf\\xbf\\xed\\xa0\\x80\\xed\\xbf\\xbf"));
+}
+
+TEST(Output, KeepsATerminalFromTheTextsOfFiles) {
+    const auto text = [](bool colour) {
+        return [colour](std::FILE* file) {
+            return std::make_unique<Printer>(file, colour, ANDROID_LOG_VERBOSE);
+        };
+    };
+    const auto monitor = [](std::FILE* file) { return std::make_unique<Monitor>(file); };
+    const auto asJson = [](std::FILE* file) {
+        return std::make_unique<JsonPrinter>(file, ANDROID_LOG_VERBOSE);
+    };
+    for (const std::string& all :
+         {printed(hostile(), text(false)), printed(hostile(), monitor), printed(hostile(), asJson)}) {
+        EXPECT_THAT(all, testing::Not(testing::IsEmpty()));
+        Lines lines(all);
+        for (std::string_view line; lines.next(line);) EXPECT_EQ(line, visible(line));
+    }
+    const auto escapes = [&](const std::string& name) {
+        const std::string all = printed(name, text(true));
+        return std::count(all.begin(), all.end(), '\033');
+    };
+    EXPECT_GT(escapes("x"), 0);
+    EXPECT_EQ(escapes(hostile()), escapes("x"));
+}
+
+TEST(Output, TellsThatItCannotBeWritten) {
+    testing::internal::CaptureStderr();  // flushes
+    std::FILE* full = std::fopen("/dev/full", "w");
+    Monitor monitor(full);
+    monitor.print(SummaryEvent{1, 0});
+    EXPECT_FALSE(monitor.finish());  // small enough to fail when it is flushed only
+    EXPECT_FALSE(writeAll(full, "text"));
+    EXPECT_FALSE(JUnitFile("/dev/full").finish(JUnit()));
+    std::fclose(full);
+    const std::string no = "annot write the output: No space left on device\n";
+    EXPECT_EQ(testing::internal::GetCapturedStderr(),
+              "qzcam: c" + no + "qzcam: c" + no + "/dev/full: cannot write it: No space left on device\n");
+}
+
+TEST(Text, MakesVisibleWhatDoesNotPrint) {
+    const struct {
+        const char* text;
+        const char* shown;
+    } kRows[] = {
+        {"plain \\x1b", "plain \\x1b"},
+        {"\x1b\x7f\t\r\n", "\\x1b\\x7f\\x09\\x0d\\x0a"},
+        {"\xc2\x9b\xc2\xa0", "\\xc2\\x9b\xc2\xa0"},                                    // U+009B, U+00A0
+        {"\xed\x9f\xbf\xed\xa0\x80", "\xed\x9f\xbf\\xed\\xa0\\x80"},                   // U+D7FF, U+D800
+        {"\xed\xbf\xbf\xee\x80\x80", "\\xed\\xbf\\xbf\xee\x80\x80"},                   // U+DFFF, U+E000
+        {"\xef\xbf\xbd\xef\xbf\xbe", "\xef\xbf\xbd\\xef\\xbf\\xbe"},                   // U+FFFD, U+FFFE
+        {"\xe2\x80\xae\xe2\x80\xaf", "\\xe2\\x80\\xae\xe2\x80\xaf"},                   // U+202E, U+202F
+        {"\xc0\x80\xe0\x9f\xbf", "\\xc0\\x80\\xe0\\x9f\\xbf"},                         // overlong
+        {"\xf4\x8f\xbf\xbf\xf4\x90\x80\x80", "\xf4\x8f\xbf\xbf\\xf4\\x90\\x80\\x80"},  // U+10FFFF
+    };
+    for (const auto& row : kRows) {
+        EXPECT_EQ(visible(row.text), row.shown);
+        EXPECT_EQ(visible(row.shown), row.shown);
+    }
+    EXPECT_EQ(cut("\xe4\xb8\xad\xe4\xb8\xad", 4), "\xe4\xb8\xad\xe4\xb8\xad");
+    EXPECT_EQ(cut("\xe4\xb8\xad\xe4\xb8\xad", 3), "\xe4\xb8\xad...");
 }
 
 TEST(Monitor, ShowsChangesInTheirColumns) {

@@ -1,13 +1,21 @@
 #include "Run.h"
 
 #include "BuiltIn.h"
+#include "Input.h"
 #include "Tool.h"
+#include "Xml.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+
+#include <csignal>
 #include <cstdio>
+#include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <set>
@@ -62,7 +70,7 @@ TEST_F(RunTool, ExitStatusTellsWhatWentWrong) {
         {{"run", "--json", "--monitor"}, kUsage, "", "excludes"},
         {{"run", good, "--params", "contrast=50;iso"}, kBadInput, "", "--params:1: expected 'key=value"},
         {{"run", good, "--params", good + "x"}, kBadInput, "", "cannot read it"},
-        {{"run", good, "--junit", good + "/x"}, kBadInput, "1 expectation met", good + "/x: cannot write it"},
+        {{"run", good, "--junit", good + "/x"}, kBadInput, "", good + "/x: cannot write it"},
         {{"explain", "iso"}, kFine, "read as text by setIso", ""},
         {{"explain", "iso", "--params", "iso=9"}, kFine, "9: fallback written", ""},
         {{"explain", "iso-mode"}, kUsage, "", "no setter reads 'iso-mode'; perhaps iso"},
@@ -82,6 +90,9 @@ TEST_F(RunTool, ExitStatusTellsWhatWentWrong) {
         {{"run", ""}, kUsage, "", "qzcam: SESSION: expected no empty text"},
         {{"run", good, "--device", ""}, kUsage, "", "no empty text"},
         {{"run", good, "--junit", ""}, kUsage, "", "no empty text"},
+        {{"run", "/dev/zero"}, kBadInput, "", "/dev/zero: expected an end within 64 MiB"},
+        {{"run", good, "--junit", "/dev/full"}, kBadInput, "1 expectation met", "/dev/full: cannot write it"},
+        {{"run", good, "--junit", testing::TempDir()}, kBadInput, "", ": cannot write it: Is a directory"},
         {{"diff", good, ""}, kUsage, "", "no empty text"},
         {{"explain", "iso", "--device", "-", "--params", "-"}, kUsage, "", "only one of"},
         {{"diff", "-", good, "--device", "-"}, kUsage, "", "only one of"},
@@ -139,6 +150,14 @@ TEST_F(RunTool, ParametersAreSetAfterEachOpen) {
     EXPECT_EQ(tool({"run", session, "--params", file("params", "\tiso: 1600\n\tcontrast: 1\n")}), kFine);
 }
 
+TEST_F(RunTool, LaterSessionsArePlayedAfterOneFailed) {
+    const std::string failing = file("failing.qzs", "open 0\nexpect-param iso 1\n");
+    const std::string good = file("good.qzs", "open 0\nexpect-no-param iso\n");
+    EXPECT_EQ(tool({"run", failing, good}), kExpectationFailed);
+    EXPECT_THAT(mOut, HasSubstr("0 expectations met, 1 failed"));
+    EXPECT_THAT(mOut, HasSubstr("1 expectation met, 0 failed"));
+}
+
 TEST_F(RunTool, SeveralSessionsLeaveEachOtherAlone) {
     const std::string first = file("first.qzs",
                                    "setprop camera.ignore.qz.customized.zsl 1\nopen 0\n"
@@ -176,6 +195,137 @@ TEST_F(RunTool, ReportsSessionsThatCannotBePlayed) {
     file("junit.xml", "from before");
     EXPECT_EQ(tool({"run", good, "--junit", junit, "--device", good + "x"}), kBadInput);
     EXPECT_THAT(report(), HasSubstr("errors=\"1\">"));
+}
+
+class JUnitReport : public RunTool {
+  protected:
+    // What a build server makes of the report: nothing, or tests that passed, failed or were not run.
+    std::string state() const {
+        const auto xml = parseXml(textOf(mReport));
+        if (!xml) return "not XML";
+        if (countElements(xml->children, "error") == 0) return "finished";
+        return textOf(mReport).find("not finished") == std::string::npos ? "errors" : "not finished";
+    }
+    static std::string textOf(const std::string& path) {
+        std::ifstream stream(path, std::ios::binary);
+        return std::string((std::istreambuf_iterator<char>(stream)), {});
+    }
+    // A run that waits for its device.
+    pid_t startRun(const std::string& device) {
+        const pid_t process = fork();
+        if (process == 0) std::_Exit(tool({"run", mSession, "--junit", mReport, "--device", device}));
+        for (int i = 0; i < 60000 && state() != "not finished"; ++i) usleep(1000);
+        return process;
+    }
+
+    const std::string mReport = file("junit.xml", "<testsuites/>");
+    const std::string mSession = file("played.qzs", "open 0\nexpect-no-param iso\n");
+};
+
+TEST_F(JUnitReport, IsNotFinishedUntilTheEndHoweverThatComes) {
+    const std::string pipe = temporary("pipe");
+    ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+    for (const int signal : {SIGTERM, SIGPIPE, SIGKILL, SIGABRT}) {
+        file("junit.xml", "<testsuites/>");
+        const pid_t process = startRun(pipe);
+        EXPECT_EQ(kill(process, signal), 0);
+        int status = 0;
+        waitpid(process, &status, 0);
+        EXPECT_TRUE(WIFSIGNALED(status));
+        EXPECT_EQ(state(), "not finished") << signal;
+    }
+    std::remove(pipe.c_str());
+    EXPECT_EQ(tool({"run", mSession, "--junit", mReport}), kFine);
+    EXPECT_EQ(state(), "finished");
+    for (const auto& entry : std::filesystem::directory_iterator(testing::TempDir())) {
+        EXPECT_FALSE(startsWith(entry.path().string(), mReport + ".")) << entry.path();
+    }
+}
+
+TEST_F(JUnitReport, ReplacesAnOldOneWhenTheRunIsCalledWrongly) {
+    const std::vector<std::vector<std::string>> rows{{"run", mSession, "--bogus", "--junit", mReport},
+                                                     {"run", "--junit=" + mReport, "--log"},
+                                                     {"run", "-", "--device", "-", "--junit", mReport},
+                                                     {"rum", "--junit", mReport}};
+    for (const auto& words : rows) {
+        file("junit.xml", "<testsuites/>");
+        EXPECT_EQ(tool(words), kUsage);
+        EXPECT_EQ(state(), "not finished") << testing::PrintToString(words);
+    }
+}
+
+TEST_F(JUnitReport, IsNoInput) {
+    const std::string link = temporary("link");
+    std::filesystem::create_symlink(mSession, link);
+    const std::string before = textOf(mSession);
+    for (const std::string& path :
+         {mSession, testing::TempDir() + "./" + mSession.substr(testing::TempDir().size()), link}) {
+        EXPECT_EQ(tool({"run", mSession, "--junit", path}), kUsage);
+        EXPECT_EQ(mErr, "qzcam: " + path + " is an input: expected another file for --junit\n");
+        EXPECT_EQ(tool({"run", mSession, "--junit", path, "--bogus"}), kUsage);
+        EXPECT_EQ(tool({"run", "--device=" + mSession, "--junit", path}), kUsage);
+        EXPECT_EQ(textOf(mSession), before);
+    }
+    std::remove(link.c_str());
+    std::filesystem::create_symlink(mReport, link);
+    EXPECT_EQ(tool({"run", mSession, "--junit", link}), kFine);
+    EXPECT_EQ(state(), "finished");
+    EXPECT_TRUE(std::filesystem::is_symlink(link));
+    std::remove(link.c_str());
+}
+
+TEST(ReadFile, EndsWithAPipeThatDoesNot) {
+    const std::string path = RunTool::temporary("pipe");
+    ASSERT_EQ(mkfifo(path.c_str(), 0600), 0);
+    const int writer = open(path.c_str(), O_RDWR);
+    ASSERT_EQ(write(writer, "open 0\n", 7), 7);
+    const auto problem = [&](const InputLimits& limits) {
+        Problems problems("pipe");
+        EXPECT_FALSE(readFile(path, problems, limits));
+        return problems.first().at(0);
+    };
+    EXPECT_EQ(problem({1000, 0}), "pipe: nothing came for 0 seconds: expected its end");
+    ASSERT_EQ(write(writer, "open 0\n", 7), 7);
+    EXPECT_THAT(problem({6, 60}), HasSubstr("pipe: expected an end within "));
+    close(writer);
+    std::remove(path.c_str());
+}
+
+// What a file holds, it may hold to play with the terminal of whoever looks at it.
+TEST_F(RunTool, ShowsNothingOfFilesRaw) {
+    const std::string evil = "\033]0;x\007\xff\xc2\x9b";
+    const std::string session =
+        file("evil.qzs", "open 0\nclient \"" + evil + "\"\nset iso=" + evil + ";" + evil + "=" + evil +
+                             ";qz-focus-value=" + evil +
+                             "\nrequest\nparams\nexpect-param iso 1\nexpect-log error " + evil + "\n");
+    const std::string named = file("name\n\033[31m.qzs", "open 0\nset k" + evil + "=2\nset iso=" + evil +
+                                                             "\nrequest\nbogus" + evil + "\n");
+    const std::string params = file("evil.params", "iso=" + evil + ";k" + evil + "=" + evil + "\n");
+    const std::vector<std::vector<std::string>> rows{{"run", session, "--log", "verbose"},
+                                                     {"run", session, "--monitor"},
+                                                     {"run", session, "--json"},
+                                                     {"run", named},
+                                                     {"run", named, "--json"},
+                                                     {"run", named + "x"},
+                                                     {"run", "--device", named},
+                                                     {"run", evil + "=", "--" + evil},
+                                                     {evil},
+                                                     {"diff", session, file("other.qzs", "open 0\n")},
+                                                     {"diff", session, named},
+                                                     {"explain", "iso", "--params", params},
+                                                     {"explain", evil},
+                                                     {"params", evil},
+                                                     {"check", "--device", named},
+                                                     {"run", session, "--params", params}};
+    for (const auto& words : rows) {
+        tool(words);
+        const std::string all = mOut + mErr;
+        EXPECT_FALSE(all.empty());
+        Lines lines(all);
+        for (std::string_view line; lines.next(line);) {
+            EXPECT_EQ(line, visible(line)) << testing::PrintToString(words);
+        }
+    }
 }
 
 TEST_F(RunTool, EveryLineOfJsonIsAnObject) {

@@ -168,6 +168,8 @@ TEST_F(ShellTool, PlaysAScriptWithoutATerminal) {
         {"open 0\nquit\nbogus\n", kFine, "1> open 0", ""},
         {"help set\n", kFine, "set KEY=VALUE;KEY=VALUE", ""},
         {"help sendcommand\n", kFine, "203  ", ""},
+        {std::string((size_t{1} << 20U) + 2, 'x'), kBadInput, "",
+         "input:1: expected an end of the line within 1 MiB"},
         {"params of mine\n", kBadInput, "", "expected 'params', not 'params of mine'"},
     };
     for (const auto& row : kRows) {

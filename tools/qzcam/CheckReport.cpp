@@ -174,7 +174,7 @@ std::string checkJson(const Device& device, const DeviceCheck& check) {
     }
     json["unused"] = check.unused;
     // Names come out of files; what is no text in them must not stop the report.
-    return json.dump(2, ' ', false, nlohmann::ordered_json::error_handler_t::replace) + "\n";
+    return json.dump(2, ' ', true, nlohmann::ordered_json::error_handler_t::replace) + "\n";
 }
 
 }  // namespace qzcam

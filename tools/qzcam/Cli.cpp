@@ -3,6 +3,7 @@
 #include "Check.h"
 #include "Diff.h"
 #include "Explain.h"
+#include "JUnit.h"
 #include "Manual.h"
 #include "Reference.h"
 #include "Run.h"
@@ -87,7 +88,9 @@ void addRun(CLI::App& app, RunOptions& options) {
     app.add_flag("--monitor", options.monitor,
                  "Print only the entries that change, request and result in columns")
         ->excludes(json);
-    app.add_option("--junit", options.junit, "Write the expectations to this file as JUnit XML")
+    app.add_option(
+           "--junit", options.junit,
+           "Write the expectations to this file as JUnit XML; until the run ends it says 'not finished'")
         ->type_name("FILE");
     app.footer(sessionHelp() + kExitStatus);
 }
@@ -223,15 +226,38 @@ std::string usageMessage(const CLI::App* app, const CLI::Error& error) {
     const auto rest = app->remaining();
     const bool isCommand = app->get_subcommands().empty() && !rest.empty() && !startsWith(rest.front(), "-");
     const std::string wrong = isCommand ? noCommand(*app, rest.front()) : error.what();
-    return fmt::format("qzcam: {}\nRun with --help for more information.\n", wrong);
+    return fmt::format("qzcam: {}\nRun with --help for more information.\n", visible(wrong));
+}
+
+// A report from before must not pass for one of a run that was called wrongly. What was asked for is not
+// known then, so that a file that stands elsewhere on the command line may be an input.
+void leaveNoOldReport(const std::vector<std::string>& words) {
+    constexpr std::string_view kOption = "--junit";
+    std::vector<std::string> inputs;
+    std::string path;
+    for (size_t i = 0; i < words.size(); ++i) {
+        const std::string& word = words[i];
+        const size_t equals = word.find('=');
+        const std::string value = equals == std::string::npos ? "" : word.substr(equals + 1);
+        if (word == kOption && i + 1 < words.size()) {
+            path = words[++i];
+        } else if (word.substr(0, equals) == kOption) {
+            path = value;
+        } else {
+            inputs.insert(inputs.end(), {word, value});
+        }
+    }
+    const JUnitFile report(path);
+    if (!report.isOneOf(inputs)) report.begin();
 }
 
 // What is asked for by --help and --version is output like any other.
-ExitStatus answer(const CLI::App& app, const CLI::ParseError& error) {
+ExitStatus answer(const CLI::App& app, const CLI::ParseError& error, const std::vector<std::string>& words) {
     std::ostringstream out;
     std::ostringstream err;
     const bool isAnswer = app.exit(error, out, err) == 0;
     fmt::print(stderr, "{}", err.str());
+    if (!isAnswer) leaveNoOldReport(words);
     if (!writeAll(stdout, out.str())) return kBadInput;
     return isAnswer ? kFine : kUsage;
 }
@@ -246,6 +272,7 @@ int runTool(int argc, const char* const* argv) {
     app.footer(
         "Without a command: run, with the built-in session on the built-in device.\n\n"
         "Exit status: 0 fine, 1 an expectation or a check failed, 2 wrong usage, 3 a bad input file.\n"
+        "Inputs end within 64 MiB, and a pipe may be silent for 60 seconds.\n"
         "Environment: NO_COLOR switches colours off, XDG_STATE_HOME is where the shell keeps its history.");
     Action action;
     addCommands(app, action);
@@ -254,7 +281,7 @@ int runTool(int argc, const char* const* argv) {
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& error) {
-        return answer(app, error);
+        return answer(app, error, {argv + 1, argv + argc});
     }
     return action();
 }

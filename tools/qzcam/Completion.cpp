@@ -26,6 +26,7 @@ Suggestions among(const Names& names, size_t begin, std::string_view typed, cons
     Suggestions suggestions{begin, {}, after};
     for (auto name = names.lower_bound(std::string(typed)); name != names.end(); ++name) {
         if (!startsWith(*name, typed)) break;
+        if (visible(*name) != *name) continue;  // the terminal cannot take it
         suggestions.texts.push_back(*name);
     }
     return suggestions;

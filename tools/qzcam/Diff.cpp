@@ -16,11 +16,6 @@ namespace qzcam {
 
 namespace {
 
-ExitStatus complain(ExitStatus status, const std::string& text) {
-    fmt::print(stderr, "{}\n", text);
-    return status;
-}
-
 const char* nameOf(InputKind kind) { return kind == InputKind::Dump ? "a dump" : "a session"; }
 
 std::optional<Session> readSession(const Input& input) {
@@ -90,14 +85,15 @@ ExitStatus diff(const DiffOptions& options) {
     const InputKind kind = kindOf(a->text);
     const InputKind other = b ? kindOf(b->text) : kind;
     if (kind == InputKind::Unknown || other == InputKind::Unknown) {
-        return complain(kBadInput,
-                        fmt::format("{}: cannot tell whether it is a dump or a session: expected one "
-                                    "of these, or --as",
-                                    kind == InputKind::Unknown ? a->name : b->name));
+        complain(
+            fmt::format("{}: cannot tell whether it is a dump or a session: expected one of these, or --as",
+                        kind == InputKind::Unknown ? a->name : b->name));
+        return kBadInput;
     }
     if (kind != other) {
-        return complain(kUsage, fmt::format("qzcam: {} is {} and {} is {}: expected two of one kind", a->name,
-                                            nameOf(kind), b->name, nameOf(other)));
+        complain(fmt::format("qzcam: {} is {} and {} is {}: expected two of one kind", a->name, nameOf(kind),
+                             b->name, nameOf(other)));
+        return kUsage;
     }
     return kind == InputKind::Dump ? diffDevices(options, *a, b) : diffSessions(options, *a, b);
 }

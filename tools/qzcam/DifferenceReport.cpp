@@ -21,7 +21,7 @@ constexpr uint32_t kNoTag = 0xFFFFFFFF;
 
 std::string textOf(const std::optional<Fact>& fact) {
     if (!fact) return "-";
-    return fact->text.empty() ? "\"\"" : fact->text;
+    return fact->text.empty() ? "\"\"" : visible(fact->text);
 }
 
 template <typename List>
@@ -48,12 +48,14 @@ std::string fromParting(const std::string& text, const std::string& other) {
     return (place > 0 ? "... " : "") + text.substr(place, kLongestText) + (toEnd ? "" : " ...");
 }
 
+std::string nameOf(const Difference& row) { return visible(row.name); }
+
 std::string shownOf(const std::optional<Fact>& fact, const std::optional<Fact>& other) {
     if (fact && other && fact->values && other->values) {
         std::string text = fromParting(*fact->values, *other->values);
         if (!text.empty()) return text;
     }
-    return fromParting(textOf(fact), textOf(other));
+    return visible(fromParting(textOf(fact), textOf(other)));  // which may part a character
 }
 
 template <typename Text>
@@ -73,16 +75,16 @@ std::string headOf(const Comparison& comparison) {
 
 // Side by side where that fits, otherwise one below the other.
 std::string table(const std::vector<Difference>& rows) {
-    const size_t name = widest(rows, kWidestName, [](const Difference& row) { return row.name; });
+    const size_t name = widest(rows, kWidestName, nameOf);
     const size_t a = widest(rows, kWidestFact, [](const Difference& row) { return textOf(row.a); });
     std::string text = fmt::format("  {:<{}}  {:<{}}  B\n", "", name, "A", a);
     for (const Difference& row : rows) {
         const std::string inA = shownOf(row.a, row.b);
         const std::string inB = shownOf(row.b, row.a);
-        if (inA.size() <= kWidestFact && row.name.size() <= kWidestName) {
-            text += fmt::format("  {:<{}}  {:<{}}  {}\n", row.name, name, inA, a, inB);
+        if (inA.size() <= kWidestFact && nameOf(row).size() <= kWidestName) {
+            text += fmt::format("  {:<{}}  {:<{}}  {}\n", nameOf(row), name, inA, a, inB);
         } else {
-            text += fmt::format("  {}\n      A  {}\n      B  {}\n", row.name, inA, inB);
+            text += fmt::format("  {}\n      A  {}\n      B  {}\n", nameOf(row), inA, inB);
         }
     }
     return text;
@@ -156,7 +158,7 @@ std::string diffJson(const DiffReport& report) {
                     {"capabilities", jsonOf(report.capabilities)},
                     {"parameters", jsonOf(report.parameters)},
                     {"requests", std::move(requests)}};
-    return json.dump(2, ' ', false, Json::error_handler_t::replace) + "\n";
+    return json.dump(2, ' ', true, Json::error_handler_t::replace) + "\n";
 }
 
 }  // namespace qzcam

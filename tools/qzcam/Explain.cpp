@@ -19,7 +19,7 @@ namespace {
 
 std::string verdictText(const VerdictRow& row) {
     std::string text = verdictMeaning(row.verdict);
-    if (!row.reason.empty()) text += ": " + row.reason;
+    if (!row.reason.empty()) text += ": " + visible(row.reason);
     for (const VerdictEntry& entry : row.entries) {
         if (entry.verdict != Verdict::Written) continue;
         text += fmt::format("\n      {}  {}  {}", entry.name, typeAndCount(entry.values),
@@ -31,7 +31,7 @@ std::string verdictText(const VerdictRow& row) {
 std::string flattened(const Texts& texts) {
     std::string text;
     for (const auto& [key, value] : texts)
-        text += fmt::format("{}{}={}", text.empty() ? "" : ";", key, value);
+        text += fmt::format("{}{}={}", text.empty() ? "" : ";", visible(key), visible(value));
     return text;
 }
 
@@ -86,14 +86,16 @@ std::string choicesText(const Explanation& found) {
     if (found.choices.empty()) return "  this device publishes no list of values for it\n";
     std::string text = "  this device publishes\n";
     for (const ParamRow& row : found.choices) {
-        text += fmt::format("    {}={}  from {}\n", row.key, row.value, row.capability);
+        text += fmt::format("    {}={}  from {}\n", visible(row.key), visible(row.value),
+                            visible(row.capability));
     }
     return text;
 }
 
 std::string explanationText(const Explanation& found, const Device& device) {
     std::string text = fmt::format("{} on {}, camera {}\n", found.key, device.file, device.camera);
-    if (found.given) text += fmt::format("  {}: {}\n", found.given->value, verdictText(*found.given));
+    if (found.given)
+        text += fmt::format("  {}: {}\n", visible(found.given->value), verdictText(*found.given));
     return text + readText(found) + targetText(found) + valuesText(found) + choicesText(found);
 }
 
@@ -112,8 +114,8 @@ ExitStatus explain(const ExplainOptions& options) {
     const auto found = explainer.explain(options.key, given);
     if (!found) {
         const auto similar = explainer.similarKeys(options.key);
-        fmt::print(stderr, "qzcam: no setter reads '{}'{}{}\n", options.key,
-                   similar.empty() ? "" : "; perhaps ", fmt::join(similar, ", "));
+        complain(fmt::format("qzcam: no setter reads '{}'{}{}", options.key,
+                             similar.empty() ? "" : "; perhaps ", fmt::join(similar, ", ")));
         return kUsage;
     }
     if (!writeAll(stdout, explanationText(*found, device->device)) || !device->whole) return kBadInput;

@@ -4,14 +4,15 @@
 #include "DumpParser.h"
 #include "Properties.h"
 
+#include <fcntl.h>
 #include <fmt/format.h>
+#include <poll.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <array>
 #include <cerrno>
-#include <cstdio>
 #include <cstring>
-#include <memory>
 #include <utility>
 
 namespace qzcam {
@@ -20,15 +21,51 @@ namespace {
 
 constexpr std::string_view kByteOrderMark = "\xef\xbb\xbf";
 
+std::string cannotRead(int error) { return fmt::format("cannot read it: {}", std::strerror(error)); }
+
+// Waits for more of the file; people may think at their terminal.
+int waitFor(int file, const InputLimits& limits) {
+    pollfd ready{file, POLLIN, 0};
+    return poll(&ready, 1, isatty(file) == 1 ? -1 : limits.seconds * 1000);
+}
+
+// Reads up to the end. Otherwise the text says what is wrong.
+std::string readUpToLimit(std::string& text, int file, const InputLimits& limits) {
+    std::array<char, 1U << 16U> chunk{};
+    for (;;) {
+        if (waitFor(file, limits) == 0) {
+            return fmt::format("nothing came for {} seconds: expected its end", limits.seconds);
+        }
+        const ssize_t size = read(file, chunk.data(), chunk.size());
+        if (size < 0 && errno != EAGAIN && errno != EINTR) return cannotRead(errno);
+        if (size == 0) return {};
+        if (size > 0) text.append(chunk.data(), static_cast<size_t>(size));
+        if (text.size() > limits.bytes) {
+            return fmt::format("expected an end within {} MiB, as of any dump or session",
+                               limits.bytes >> 20U);
+        }
+    }
+}
+
+// A pipe is not waited for without a limit when it is opened either.
+std::string readInto(std::string& text, const std::string& path, const InputLimits& limits) {
+    if (path == "-") return readUpToLimit(text, STDIN_FILENO, limits);
+    const int file = open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+    if (file < 0) return cannotRead(errno);
+    std::string wrong = readUpToLimit(text, file, limits);
+    close(file);
+    return wrong;
+}
+
 }  // namespace
 
 bool areReadOnce(const std::vector<std::string>& paths) {
     if (std::count(paths.begin(), paths.end(), "-") <= 1) return true;
-    fmt::print(stderr, "qzcam: only one of the inputs can be '-': standard input is read once\n");
+    complain("qzcam: only one of the inputs can be '-': standard input is read once");
     return false;
 }
 
-std::string inputName(const std::string& path) { return path == "-" ? "standard input" : path; }
+std::string inputName(const std::string& path) { return path == "-" ? "standard input" : visible(path); }
 
 std::optional<Input> readFile(const std::string& path) {
     Problems problems(inputName(path));
@@ -37,23 +74,16 @@ std::optional<Input> readFile(const std::string& path) {
     return input;
 }
 
-std::optional<Input> readFile(const std::string& path, Problems& problems) {
-    const auto close = [](std::FILE* file) { return file == stdin ? 0 : std::fclose(file); };
-    const std::unique_ptr<std::FILE, decltype(close)> file(
-        path == "-" ? stdin : std::fopen(path.c_str(), "rb"), close);
+std::optional<Input> readFile(const std::string& path, Problems& problems, const InputLimits& limits) {
     Input input{inputName(path), {}};
-    std::array<char, 1U << 16U> chunk{};
-    while (file) {
-        const size_t size = std::fread(chunk.data(), 1, chunk.size(), file.get());
-        input.text.append(chunk.data(), size);
-        if (size > 0) continue;
-        if (std::ferror(file.get()) != 0) break;
-        // Editors of other systems mark their texts.
-        if (startsWith(input.text, kByteOrderMark)) input.text.erase(0, kByteOrderMark.size());
-        return input;
+    const std::string wrong = readInto(input.text, path, limits);
+    if (!wrong.empty()) {
+        problems.add(0, wrong);
+        return std::nullopt;
     }
-    problems.add(0, fmt::format("cannot read it: {}", std::strerror(errno)));
-    return std::nullopt;
+    // Editors of other systems mark their texts.
+    if (startsWith(input.text, kByteOrderMark)) input.text.erase(0, kByteOrderMark.size());
+    return input;
 }
 
 std::optional<Input> readOr(const std::string& path, const char* builtInName, std::string_view builtIn) {
@@ -61,9 +91,9 @@ std::optional<Input> readOr(const std::string& path, const char* builtInName, st
 }
 
 bool report(const Problems& problems) {
-    for (const std::string& problem : problems.first()) fmt::print(stderr, "{}\n", problem);
+    for (const std::string& problem : problems.first()) complain(problem);
     const size_t more = problems.count() - problems.first().size();
-    if (more > 0) fmt::print(stderr, "... and {} more\n", more);
+    if (more > 0) complain(fmt::format("... and {} more", more));
     return problems.empty();
 }
 

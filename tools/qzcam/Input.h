@@ -4,6 +4,7 @@
 #include "Device.h"
 #include "Text.h"
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -16,6 +17,12 @@ struct Input {
     std::string text;
 };
 
+// Files may have no end, and pipes may never be closed.
+struct InputLimits {
+    size_t bytes = size_t{64} << 20U;
+    int seconds = 60;  // without a byte, elsewhere than at a terminal
+};
+
 // Standard input can be read once. False, and a message, when several of the paths are "-".
 bool areReadOnce(const std::vector<std::string>& paths);
 
@@ -24,7 +31,9 @@ std::string inputName(const std::string& path);
 
 // The whole file, "-" for standard input. Nothing, and a message, when it cannot be read.
 std::optional<Input> readFile(const std::string& path);
-std::optional<Input> readFile(const std::string& path, Problems& problems);  // the message is one of these
+
+// The same; the message is one of the problems.
+std::optional<Input> readFile(const std::string& path, Problems& problems, const InputLimits& limits = {});
 
 // What is built in when there is no path.
 std::optional<Input> readOr(const std::string& path, const char* builtInName, std::string_view builtIn);

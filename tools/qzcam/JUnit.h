@@ -5,6 +5,7 @@
 #include "Events.h"
 
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace qzcam {
@@ -13,9 +14,6 @@ class JUnit {
   public:
     void beginSession(std::string name) { mSuites.push_back({std::move(name), {}, {}}); }
     void add(const Event& event);
-
-    // False, and a message, when the file cannot be written.
-    bool write(const std::string& path) const;
 
     std::string toText() const;
 
@@ -27,6 +25,24 @@ class JUnit {
     };
 
     std::vector<Suite> mSuites;
+};
+
+// The file of a run. From its beginning to its end it holds a report that says "not finished", so that a
+// report from before never passes for one of this run, however the run ends.
+class JUnitFile {
+  public:
+    explicit JUnitFile(const std::string& path);  // empty: none
+
+    bool isOneOf(const std::vector<std::string>& inputs) const;
+
+    // False, and a message, when the file cannot be written.
+    bool begin() const;
+    bool finish(const JUnit& report) const;
+
+  private:
+    bool cannotWrite(int error) const;
+
+    std::string mPath;
 };
 
 }  // namespace qzcam

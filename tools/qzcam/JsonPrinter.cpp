@@ -176,9 +176,10 @@ nlohmann::ordered_json jsonOf(const Values& values) {
     }
 }
 
-// Texts come from dumps and drivers: bytes that are no UTF-8 are replaced.
+// Texts come from dumps and drivers: bytes that are no UTF-8 are replaced, and all but ASCII is escaped, as
+// some terminals take control characters from beyond it.
 void JsonPrinter::write(const Json& object) {
-    line(object.dump(-1, ' ', false, Json::error_handler_t::replace));
+    line(object.dump(-1, ' ', true, Json::error_handler_t::replace));
 }
 
 void JsonPrinter::device(const Device& device) {

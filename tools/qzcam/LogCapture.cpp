@@ -1,5 +1,7 @@
 #include "LogCapture.h"
 
+#include "Text.h"
+
 #include <android/log.h>
 
 #include <mutex>
@@ -15,7 +17,7 @@ void pass(const __android_logger_data* data, const char* message) {
     if (tListener) {
         tListener->hear()({data->priority, data->tag ? data->tag : "", message});
     } else if (data->priority >= ANDROID_LOG_WARN) {
-        __android_log_stderr_logger(data, message);
+        __android_log_stderr_logger(data, visible(message).c_str());
     }
 }
 

@@ -1,5 +1,7 @@
 #include "Monitor.h"
 
+#include "VisibleEvent.h"
+
 #include <fmt/format.h>
 
 namespace qzcam {
@@ -15,7 +17,8 @@ void Monitor::device(const Device& device) {
     line(fmt::format("{:>4}  {:<{}}  {}", "line", "request", kColumn, "result"));
 }
 
-void Monitor::print(const Event& event) {
+void Monitor::print(const Event& raw) {
+    const Event event = visible(raw);
     const auto showAll = [this](const auto& each, bool isRequest) {
         for (const EntryRow& row : each.entries) {
             if (row.change != Change::None) show(row, isRequest);

@@ -11,7 +11,7 @@ class Monitor : public Output {
     using Output::Output;
 
     void device(const Device& device) override;
-    void print(const Event& event) override;
+    void print(const Event& raw) override;
 
   private:
     void show(const EntryRow& row, bool isRequest);

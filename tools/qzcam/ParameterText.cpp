@@ -95,8 +95,8 @@ std::optional<std::vector<Parameter>> readParameters(const std::string& textOrFi
     ParameterText text = parseParameters(input->text, problems);
     if (!report(problems)) return std::nullopt;
     for (const size_t line : text.cutLines) {
-        fmt::print(stderr, "{}:{}: left out: the dump has cut it at {} characters\n", input->name, line,
-                   kLongestLine);
+        complain(fmt::format("{}:{}: left out: the dump has cut it at {} characters", input->name, line,
+                             kLongestLine));
     }
     return std::move(text.parameters);
 }

@@ -1,6 +1,7 @@
 #include "Printer.h"
 
 #include "EventWords.h"
+#include "VisibleEvent.h"
 #include "Vocabulary.h"
 
 #include <android/log.h>
@@ -66,8 +67,7 @@ size_t widest(const Rows& rows, Text text) {
 
 // A value of any length, cut.
 std::string assignment(const std::string& key, const std::string& value) {
-    return value.size() <= kWidestValue ? key + "=" + value
-                                        : key + "=" + value.substr(0, kWidestValue) + "...";
+    return key + "=" + cut(value, kWidestValue);
 }
 
 std::string fieldsOf(const Message& message) {
@@ -126,7 +126,7 @@ void Printer::device(const Device& device) {
 void Printer::print(const Event& event) {
     const auto* log = std::get_if<LogEvent>(&event);
     if (!log) endRepeats();
-    std::visit([this](const auto& each) { show(each); }, event);
+    std::visit([this](const auto& each) { show(each); }, visible(event));
 }
 
 void Printer::show(const SessionEvent& event) { line(styled(kBold, event.file)); }

@@ -79,9 +79,8 @@ ExitStatus params(const ParamsOptions& options) {
     const Reference reference = options.key.empty() ? whole : only(whole, options.key);
     if (isEmpty(reference)) {
         const auto similar = similarNames(whole, options.key);
-        std::fprintf(stderr, "qzcam: no parameter, message, command, property or tag '%s'%s\n",
-                     options.key.c_str(),
-                     similar.empty() ? "" : fmt::format("; there is {}", fmt::join(similar, ", ")).c_str());
+        complain(fmt::format("qzcam: no parameter, message, command, property or tag '{}'{}{}", options.key,
+                             similar.empty() ? "" : "; there is ", fmt::join(similar, ", ")));
         return kUsage;
     }
     const std::string text = options.markdown      ? referenceMarkdown(reference)

@@ -67,7 +67,7 @@ std::string referenceJson(const Reference& reference) {
                      {"messages", list(reference.messages)},
                      {"commands", list(reference.commands)},
                      {"properties", list(reference.properties)}};
-    return whole.dump(2, ' ', false, Json::error_handler_t::replace) + "\n";
+    return whole.dump(2, ' ', true, Json::error_handler_t::replace) + "\n";
 }
 
 }  // namespace qzcam

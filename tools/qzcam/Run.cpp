@@ -158,23 +158,28 @@ bool Runner::play(const Session& session) {
 
 bool Runner::finish() {
     const bool shown = mOutput->finish();
-    return (mOptions.junit.empty() || mJUnit.write(mOptions.junit)) && shown;
+    return JUnitFile(mOptions.junit).finish(mJUnit) && shown;
 }
 
-// A report from before would pass for one of this run.
 ExitStatus playNothing(const std::vector<Script>& scripts, const std::string& junit) {
     JUnit report;
     for (const Script& script : scripts) {
         report.beginSession(script.session.file);
         report.add(ErrorEvent{"not played: the device, its properties or the parameters cannot be read"});
     }
-    if (!junit.empty()) report.write(junit);
+    JUnitFile(junit).finish(report);
     return kBadInput;
 }
 
 }  // namespace
 
 ExitStatus run(const RunOptions& options) {
+    const JUnitFile junit(options.junit);
+    if (junit.isOneOf(inputsOf(options))) {
+        complain(fmt::format("qzcam: {} is an input: expected another file for --junit", options.junit));
+        return kUsage;
+    }
+    if (!junit.begin()) return kBadInput;
     if (!areReadOnce(inputsOf(options))) return kUsage;
     const PropertiesInPlace restored;
     const auto device = readDevice(options.device, options.camera);

@@ -41,13 +41,16 @@ constexpr std::array<ShellCommand, 3> kShellCommands{{{"help", "[COMMAND]", "lis
                                                       {"quit", "", "leave, as Ctrl-D does"},
                                                       {"exit", "", "likewise"}}};
 
-// Lines without a terminal.
+constexpr size_t kLongestLine = size_t{1} << 20U;
+
+// Lines without a terminal; one that does not end comes as far as the limit.
 std::optional<std::string> plainLine() {
-    char* text = nullptr;
-    size_t capacity = 0;
-    const ssize_t size = getline(&text, &capacity, stdin);
-    const std::unique_ptr<char, decltype(&std::free)> owned(text, std::free);
-    return size < 0 ? std::nullopt : std::optional(std::string(text, static_cast<size_t>(size)));
+    std::string line;
+    int c = 0;
+    while (line.size() <= kLongestLine && (c = getc_unlocked(stdin)) != EOF && c != '\n') {
+        line += static_cast<char>(c);
+    }
+    return c == EOF && line.empty() ? std::nullopt : std::optional(std::move(line));
 }
 
 class Shell {
@@ -112,6 +115,12 @@ std::optional<std::string> Shell::nextLine() {
 }
 
 bool Shell::take(const std::string& line) {
+    if (line.size() > kLongestLine) {
+        Problems problems(mSource);
+        problems.add(mLine, fmt::format("expected an end of the line within {} MiB", kLongestLine >> 20U));
+        complain(problems);
+        return false;
+    }
     std::string_view rest = line;
     const std::string_view word = takeWord(rest);
     if (word == "quit" || word == "exit") return false;

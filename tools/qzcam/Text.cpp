@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <cstdio>
 #include <limits>
 
 namespace qzcam {
@@ -15,7 +16,21 @@ constexpr std::string_view kBlanks = " \t\r\n\v\f";
 constexpr size_t kMostProblems = 20;
 constexpr size_t kExcerpt = 60;
 
-// The bytes of the UTF-8 character that the text begins with; 0 for what is none, or would not print.
+// Valid UTF-8 that still must not reach a terminal: it is no character, or steers how others are shown.
+bool isHidden(uint32_t code) {
+    constexpr std::array<std::pair<uint32_t, uint32_t>, 7> kHidden{
+        {{0xd800, 0xdfff},    // surrogates
+         {0x200b, 0x200f},    // zero width, direction
+         {0x2028, 0x202e},    // line ends, direction
+         {0x2060, 0x206f},    // direction
+         {0xfeff, 0xfeff},    // byte order mark
+         {0xfff9, 0xfffb},    // annotations
+         {0xfffe, 0xffff}}};  // no characters
+    return std::any_of(kHidden.begin(), kHidden.end(),
+                       [code](const auto& range) { return code >= range.first && code <= range.second; });
+}
+
+// The bytes of the UTF-8 character that the text begins with; 0 if it is none, or would not print.
 size_t printable(std::string_view text) {
     const auto at = [&](size_t i) { return i < text.size() ? static_cast<unsigned char>(text[i]) : 0U; };
     const unsigned first = at(0);
@@ -28,8 +43,18 @@ size_t printable(std::string_view text) {
         code = code << 6U | (at(i) & 0x3fU);
     }
     constexpr std::array<uint32_t, 5> kLowest{0, 0, 0xa0, 0x800, 0x10000};  // below: controls, overlong forms
-    const bool isSurrogate = code >= 0xd800 && code <= 0xdfff;
-    return code >= kLowest[size] && code <= 0x10ffff && !isSurrogate ? size : 0;
+    return code >= kLowest[size] && code <= 0x10ffff && !isHidden(code) ? size : 0;
+}
+
+// Moves the first character of the text to the end of `shown`.
+void moveVisible(std::string_view& text, std::string& shown) {
+    const size_t size = printable(text);
+    if (size > 0) {
+        shown.append(text.substr(0, size));
+    } else {
+        shown += fmt::format("\\x{:02x}", static_cast<unsigned char>(text.front()));
+    }
+    text.remove_prefix(std::max<size_t>(size, 1));
 }
 
 }  // namespace
@@ -72,15 +97,22 @@ std::string counted(size_t count, std::string_view what) {
     return fmt::format("{} {}{}", count, what, count == 1 ? "" : "s");
 }
 
-std::string excerpt(std::string_view text) {
+std::string visible(std::string_view text) {
     std::string shown;
-    while (!text.empty() && shown.size() < kExcerpt) {
-        const size_t size = printable(text);
-        shown.append(size == 0 ? "?" : text.substr(0, size));
-        text.remove_prefix(std::max<size_t>(size, 1));
-    }
-    return fmt::format("'{}{}'", shown, text.empty() ? "" : "...");
+    shown.reserve(text.size());
+    while (!text.empty()) moveVisible(text, shown);
+    return shown;
 }
+
+std::string cut(std::string_view text, size_t most) {
+    std::string shown;
+    while (!text.empty() && shown.size() < most) moveVisible(text, shown);
+    return text.empty() ? shown : shown + "...";
+}
+
+std::string excerpt(std::string_view text) { return fmt::format("'{}'", cut(text, kExcerpt)); }
+
+void complain(std::string_view text) { fmt::print(stderr, "{}\n", visible(text)); }
 
 std::optional<int64_t> parseInteger(std::string_view text) {
     const bool negative = startsWith(text, "-");
@@ -134,8 +166,8 @@ bool Lines::next(std::string_view& line) {
 
 void Problems::add(size_t line, std::string_view what) {
     if (++mCount > kMostProblems) return;
-    mFirst.push_back(line == 0 ? fmt::format("{}: {}", mFile, what)
-                               : fmt::format("{}:{}: {}", mFile, line, what));
+    mFirst.push_back(visible(line == 0 ? fmt::format("{}: {}", mFile, what)
+                                       : fmt::format("{}:{}: {}", mFile, line, what)));
 }
 
 }  // namespace qzcam

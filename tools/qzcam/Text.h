@@ -22,8 +22,18 @@ std::string_view takeWord(std::string_view& text);
 // "1 value", "2 values"
 std::string counted(size_t count, std::string_view what);
 
-// What a message shows of a line: quoted, not too long, what does not print as '?'.
+// The text as a terminal, a log or XML can take it: a byte that does not print, or is not UTF-8, becomes
+// \xNN. A visible text stays as it is.
+std::string visible(std::string_view text);
+
+// The beginning of a text, visible, with "..." for a rest.
+std::string cut(std::string_view text, size_t most);
+
+// A quoted line in a message, visible and not too long.
 std::string excerpt(std::string_view text);
+
+// Prints a message to standard error, visible.
+void complain(std::string_view text);
 
 // Whether a C string of the text would end before it does.
 bool holdsNul(std::string_view text);

@@ -1,5 +1,9 @@
 #include "WriteAll.h"
 
+#include "Text.h"
+
+#include <fmt/format.h>
+
 #include <cerrno>
 #include <cstring>
 
@@ -14,7 +18,7 @@ bool writeAll(std::FILE* out, const std::string& text) {
 }
 
 void cannotWrite(int error) {
-    std::fprintf(stderr, "qzcam: cannot write the output: %s\n", std::strerror(error));
+    complain(fmt::format("qzcam: cannot write the output: {}", std::strerror(error)));
 }
 
 }  // namespace qzcam
