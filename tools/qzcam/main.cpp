@@ -4,6 +4,7 @@
 
 #include <cstdio>
 #include <exception>
+#include <new>
 
 namespace {
 
@@ -22,6 +23,9 @@ __attribute__((section(".preinit_array"), used)) void (*const kFirst)(int, char*
 int main(int argc, char** argv) {
     try {
         return qzcam::runTool(argc, argv);
+    } catch (const std::bad_alloc&) {
+        std::fputs("qzcam: not enough memory\n", stderr);
+        return qzcam::kBadInput;
     } catch (const std::exception& error) {
         std::fprintf(stderr, "qzcam: %s\n", error.what());
         return qzcam::kBadInput;
