@@ -41,11 +41,11 @@ size_t wordAt(const char* text) {
 bool sameBytes(const char* a, const char* b, size_t count) {
     constexpr size_t step = sizeof(size_t);
     if (count < step) return memcmp(a, b, count) == 0;
-    size_t at = count - step;
-    for (; at > step; at -= step) {
+    for (size_t at = count; at > step;) {
+        at -= step;
         if (wordAt(a + at) != wordAt(b + at)) return false;
     }
-    return wordAt(a + at) == wordAt(b + at) && wordAt(a) == wordAt(b);
+    return wordAt(a) == wordAt(b);
 }
 
 // No separator is asked for behind the section: "sectionXtag" is in it too.
