@@ -1,21 +1,14 @@
 #include "core/Text.h"
 
+#include <charconv>
+
 namespace qz {
 
-// NOLINTNEXTLINE(cppcoreguidelines-pro-type-member-init): what stands before the digits is never read
+// NOLINTNEXTLINE(cppcoreguidelines-pro-type-member-init): what stands behind the terminator is never read
 Decimal::Decimal(int32_t number) {
-    // Unsigned, or the smallest number had no opposite.
-    const bool negative = number < 0;
-    auto rest = negative ? 0U - static_cast<uint32_t>(number) : static_cast<uint32_t>(number);
-    char* const end = mText + sizeof(mText) - 1;
-    char* at = end;
-    *at = '\0';
-    do {
-        *--at = static_cast<char>('0' + rest % 10);
-        rest /= 10;
-    } while (rest != 0);
-    if (negative) *--at = '-';
-    mLength = static_cast<size_t>(end - at);
+    char* const end = std::to_chars(mText, mText + sizeof(mText) - 1, number).ptr;
+    *end = '\0';
+    mLength = static_cast<size_t>(end - mText);
 }
 
 Text& Text::appendLong(const char* piece, size_t length) {

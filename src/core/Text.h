@@ -13,11 +13,11 @@ class Decimal {
   public:
     explicit Decimal(int32_t number);
 
-    const char* c_str() const { return mText + sizeof(mText) - 1 - mLength; }
+    const char* c_str() const { return mText; }
     size_t length() const { return mLength; }
 
   private:
-    char mText[sizeof("-2147483648")];  // the digits at its end
+    char mText[sizeof("-2147483648")];
     size_t mLength;
 };
 
