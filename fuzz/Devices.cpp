@@ -277,14 +277,14 @@ void requireSound(const CameraMetadata& metadata) {
 
 Texts entriesOf(const CameraMetadata& metadata) {
     Texts entries;
-    const camera_metadata_t* buffer = metadata.getAndLock();
+    const CameraMetadata copy(metadata);  // whoever asks may hold the lock of the original
+    const camera_metadata_t* buffer = copy.getAndLock();
     camera_metadata_ro_entry_t entry{};
     for (size_t i = 0; get_camera_metadata_ro_entry(buffer, i, &entry) == 0; ++i) {
         std::string text(reinterpret_cast<const char*>(entry.data.u8),
                          entry.count * camera_metadata_type_size[entry.type]);
         entries.push_back(std::to_string(entry.tag) + '=' + text);
     }
-    metadata.unlock(buffer);
     return entries;
 }
 

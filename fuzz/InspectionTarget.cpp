@@ -9,6 +9,7 @@
 #include <system/graphics.h>
 
 #include <algorithm>
+#include <list>
 
 namespace qz::fuzz {
 
@@ -81,17 +82,36 @@ void skip(Input& input, QzPerformEx& inspection, const CameraMetadata* info) {
             "listed sizes are skipped, no others");
 }
 
-void check(Input& input, QzPerformEx& inspection) {
+// A lock that the host may hold on its metadata. It must be as it was when the host ends it.
+class HostLock {
+  public:
+    HostLock(const CameraMetadata& metadata, bool held)
+        : mMetadata(metadata), mHeld(held), mBuffer(held ? metadata.getAndLock() : nullptr) {}
+    ~HostLock() {
+        require((mMetadata.unlock(mBuffer) == android::OK) == mHeld, "inspection leaves locks as they are");
+    }
+    HostLock(const HostLock&) = delete;
+    HostLock& operator=(const HostLock&) = delete;
+
+  private:
+    const CameraMetadata& mMetadata;
+    const bool mHeld;
+    const camera_metadata_t* const mBuffer;
+};
+
+void check(Input& input, QzPerformEx& inspection, bool locked) {
     android::List<const CameraMetadata> requests;
     for (size_t count = input.below(4); count > 0; --count) requests.push_back(metadataFrom(input, {}));
     const android::sp<android::CaptureResult> result = new android::CaptureResult;
     result->mMetadata = metadataFrom(input, resultTags());
     result->mResultExtras.frameNumber = input.number<int64_t>();
+    std::list<HostLock> locks;
+    for (const CameraMetadata& request : requests) locks.emplace_back(request, locked);
+    locks.emplace_back(result->mMetadata, locked);
     const auto before = entriesOf(result->mMetadata);
     inspection.checkRequest(requests, input.flag());
     inspection.checkResult(*result);
     require(entriesOf(result->mMetadata) == before, "inspection changes nothing");
-    require(result->mMetadata.erase(0) == android::OK, "inspection locks nothing");
 }
 
 void dump(Input& input, const CameraMetadata& metadata) {
@@ -110,10 +130,13 @@ void execute(Input& input) {
     for (const char* list : kSizeLists) lists.push_back(QzName2Tag::getInstance()->vendorTagFromName(list));
     CameraMetadata info = metadataFrom(input, {});
     for (const uint32_t list : lists) addEntry(input, list, info);
-    const bool hasInfo = input.flag();
+    const uint8_t choices = input.number();
+    const bool hasInfo = (choices & 1) != 0;
+    const bool locked = (choices & 2) != 0;
+    const HostLock lock(info, locked);
     while (!input.atEnd()) {
         setProperties(input);
-        check(input, *inspection);
+        check(input, *inspection, locked);
         inspection->setInfo(hasInfo ? &info : nullptr);
         skip(input, *inspection, hasInfo ? &info : nullptr);
         dump(input, info);
