@@ -2,6 +2,7 @@
 #include "CameraQzCallBack.h"
 #include "CameraQzSendCmd.h"
 #include "QzPerformEx.h"
+#include "callback/QuietHost.h"
 #include "support/Device.h"
 #include "support/Log.h"
 
@@ -10,14 +11,6 @@
 
 namespace qz::test {
 namespace {
-
-class QuietHost : public ExtCallBackInterface {
-    status_t notifyCallback(int32_t, int32_t, int32_t) override { return 0; }
-    status_t dataCallback(int32_t, const void*, uint32_t) override { return 0; }
-    camera_metadata_ro_entry findResultEntry(const android::CameraMetadata& from, uint32_t tag) override {
-        return from.find(tag);
-    }
-};
 
 void useOneCamera(LogCapture& log) {
     Camera camera;
