@@ -1,7 +1,7 @@
 // The callback processor's log: one tag for the sources that hold CameraQzCallBack.
 #pragma once
 
-#include "core/Log.h"
+#include "text/Log.h"
 
 namespace qz {
 constexpr char kLogTag[] = "CameraQzCallBack";

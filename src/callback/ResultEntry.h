@@ -9,7 +9,7 @@
 
 #include "QzHostInterfaces.h"
 #include "core/EntryView.h"
-#include "core/TagNames.h"
+#include "tags/TagNames.h"
 #include "core/VendorTag.h"
 
 namespace qz {

@@ -13,11 +13,11 @@ void publishNumber(ExtParamInterface* params, const char* key, int32_t number) {
 }
 
 void publishWords(ExtParamInterface* params, const char* key, EntryView<uint8_t> list,
-                  const char* (*word)(uint8_t)) {
+                  const Vocabulary& vocabulary) {
     Text words;
     for (size_t i = 0; i < list.count(); ++i) {
         if (i > 0) words << ",";
-        words << word(list[i]);
+        words << wordOf(vocabulary, list[i]);
     }
     params->set(key, words.c_str());
 }

@@ -1,19 +1,16 @@
-// The getter pattern, written once: a static capability as its getter reads it, and the ways of publishing
-// it.
+// A static capability as a getter reads it, and the forms of publishing it.
 //
-//     int32_t CCameraQzParam::getBurstSupported() {
-//         const Capability<uint8_t> burst(mExtParam, CAPABILITY("burstModeSupported"), 1);
-//         if (burst.lacks()) LOGI("supportedBurst.count = %zu", burst.count());
-//         if (burst.holds()) publishFlag(mExtParam, "qz-r7-burst-supported", burst);
-//         return 0;
-//     }
+//     const Capability<uint8_t> require(camera.mExtParam, CAPABILITY("qzRequireVideoStatus"), 0);
+//     if (require.lacks()) LOG(line::RequireVideoStatusCount, require.count());
+//     if (require.holds()) camera.mRequireVideoStatus = require[0] == 1;
 #pragma once
 
 #include "QzHostInterfaces.h"
 #include "core/EntryView.h"
-#include "core/TagNames.h"
-#include "core/TranslatorLog.h"
+#include "tags/TagNames.h"
+#include "camera/TranslatorLog.h"
 #include "core/VendorTag.h"
+#include "text/Vocabulary.h"
 
 namespace qz {
 
@@ -59,7 +56,7 @@ void publishNumber(ExtParamInterface* params, const char* key, int32_t number);
 
 // "auto,100,200": each element by its word.
 void publishWords(ExtParamInterface* params, const char* key, EntryView<uint8_t> list,
-                  const char* (*word)(uint8_t));
+                  const Vocabulary& vocabulary);
 
 // "30,60"
 void publishNumbers(ExtParamInterface* params, const char* key, EntryView<int32_t> list);

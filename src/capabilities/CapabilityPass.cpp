@@ -1,93 +1,150 @@
-#include "CCameraQzParam.h"
-#include "core/InOrder.h"
+#include "capabilities/CapabilityPass.h"
+
+#include "capabilities/Capabilities.h"
+#include "capabilities/Capability.h"
+#include "capabilities/CapabilitySteps.h"
+
+#include <array>
+#include <cstring>
 
 namespace qz {
 
-constexpr CCameraQzParam::Getter CCameraQzParam::sCapabilityPass[] = {
-    &CCameraQzParam::getSupportedIso,
-    &CCameraQzParam::getSupportedContrast,
-    &CCameraQzParam::getSupportedSaturation,
-    &CCameraQzParam::getSupportedBrightness,
-    &CCameraQzParam::getSupportedSharpness,
-    &CCameraQzParam::getSupportedMetering,
-    &CCameraQzParam::getBurstSupported,
-    &CCameraQzParam::getFaceBeautySupported,
-    &CCameraQzParam::getVideoBeautySupported,
-    &CCameraQzParam::getZslSupported,
-    &CCameraQzParam::getHdcAvailabeJpegSize,
-    &CCameraQzParam::getBestShotSupported,
-    &CCameraQzParam::getAllFocusSupported,
-    &CCameraQzParam::getQuickThumbnailSize,
-    &CCameraQzParam::getSlowJpegModeThreshold,
-    &CCameraQzParam::getLcdCompensateSupported,
-    &CCameraQzParam::getHdrMovieSupported,
-    &CCameraQzParam::getCaptureMirrorSupported,
-    &CCameraQzParam::getMagnifierSupported,
-    &CCameraQzParam::getManualFocusSupported,
-    &CCameraQzParam::getManualVcmStartValue,
-    &CCameraQzParam::getManualVcmEndValue,
-    &CCameraQzParam::getBurstSupportCount,
-    &CCameraQzParam::getBurstJpegQuality,
-    &CCameraQzParam::getSupportedDualPrimary,
-    &CCameraQzParam::getSupportedExtScene,
-    &CCameraQzParam::getSmileDetectionSupported,
-    &CCameraQzParam::getScopeSupported,
-    &CCameraQzParam::getFaceBeautyRange,
-    &CCameraQzParam::getPostProcessSupported,
-    &CCameraQzParam::getDenoiseSupported,
-    &CCameraQzParam::getTargetTrackingSupported,
-    &CCameraQzParam::getSupportedSuperPictureSizes,
-    &CCameraQzParam::getBigApertureSupported,
-    &CCameraQzParam::getSupportedApertureValue,
-    &CCameraQzParam::getMmiTestFeatureSupported,
-    &CCameraQzParam::getSupportedColorEffect,
-    &CCameraQzParam::getVideoCallbackSupported,
-    &CCameraQzParam::getHighVideoCallbackThreshold,
-    &CCameraQzParam::getSupportedExposureModes,
-    &CCameraQzParam::getSupportedRelayoutModes,
-    &CCameraQzParam::getExposureLevelRange,
-    &CCameraQzParam::getExposureCompensationSupported,
-    &CCameraQzParam::getQzExposureCompStep,
-    &CCameraQzParam::getSupernightSupportedIso,
-    &CCameraQzParam::getSupernightSupportedExposure,
-    &CCameraQzParam::getAfMmiControlSupported,
-    &CCameraQzParam::getAfMmiFarThreshold,
-    &CCameraQzParam::getAfMmiNearThreshold,
-    &CCameraQzParam::getOisSupported,
-    &CCameraQzParam::getNiceFoodSupported,
-    &CCameraQzParam::getSupportedMakeUpEffect,
-    &CCameraQzParam::getBeauty1080pSupported,
-    &CCameraQzParam::getSupportedVideoFps,
-    &CCameraQzParam::getFrontFlashLevels,
-    &CCameraQzParam::getProfessionalModeSupported,
-    &CCameraQzParam::getSensorExposureTimeRange,
-    &CCameraQzParam::getSensorWbRange,
-    &CCameraQzParam::getSensorISORange,
-    &CCameraQzParam::getColorEffectRange,
-    &CCameraQzParam::getInsertPreviewCount,
-    &CCameraQzParam::getRawImageSupported,
-    &CCameraQzParam::getExposureHintSupported,
-    &CCameraQzParam::getDynamicIsoRangeSupported,
-    &CCameraQzParam::getVideoSmoothAfSupported,
-    &CCameraQzParam::getFocusAssistFlashModes,
-    &CCameraQzParam::getFrameworkZslSupported,
-    &CCameraQzParam::getRequireVideoStatus,
-    &CCameraQzParam::getPreShutterSupported,
-    &CCameraQzParam::getSensorBinningSizes,
-    &CCameraQzParam::getDarkRaiderModeSupported,
-    &CCameraQzParam::getSupportedColorModes,
-    &CCameraQzParam::getSlowMotionNoZoomSupported,
-    &CCameraQzParam::getDmWaterMarkSupported,
-    &CCameraQzParam::getOisDefaultGryoGain,
-    &CCameraQzParam::getDualPrimarySingleReprocess,
-    &CCameraQzParam::getAfSecondAvailableModes,
-    &CCameraQzParam::getSubSupportedPictureSizes,
-    &CCameraQzParam::getMirrorZoomDragSupported,
+namespace {
+
+using Function = void (*)(CCameraQzParam&);
+using Form = Publication::Form;
+
+// The facts of a row that the pass needs; the others take no room in the library.
+struct Step {
+    const char* getter = nullptr;
+    Function function = nullptr;  // of its own; null for a plain row
+    const char* tag = nullptr;
+    const char* key = nullptr;
+    const Vocabulary* words = nullptr;
+    const char* counts = nullptr;
+    const char* echoes = nullptr;
+    uint8_t tagLength = 0;
+    uint8_t minimum = 0;
+    uint8_t exactly = 0;  // 0: any count but none
+    uint8_t echoPriority = 0;
+    Form form = Form::own;
+    bool countsName = false;
+    bool echoesName = false;
 };
 
-[[gnu::flatten]] int32_t CCameraQzParam::metaDataToParam() {
-    callInOrder<sCapabilityPass>(placesOf(sCapabilityPass), this);
+constexpr Function kFunctions[] = {
+#define PLAIN(getter, ...) nullptr,
+#define OWN(getter, ...) CapabilitySteps::getter,
+#include "capabilities/capabilities.inc"
+#undef PLAIN
+#undef OWN
+};
+
+constexpr bool beginsWithName(const char* format) {
+    return format != nullptr && conversion(format, 1) != '\0';
+}
+
+constexpr Step stepOf(const CapabilityRow& row, Function function) {
+    Step step;
+    step.getter = row.getter;
+    step.function = function;
+    if (!row.plain) return step;
+    const EntryRow& entry = row.entries[0];
+    step.tag = entry.tag;
+    step.key = row.publishes[0].key;
+    step.words = row.publishes[0].vocabulary;
+    step.counts = row.counts.format;
+    step.echoes = row.echoes.format;
+    step.tagLength = static_cast<uint8_t>(std::string_view(entry.tag).size());
+    step.minimum = row.minimum;
+    step.exactly = entry.most != 0 ? entry.least : uint8_t{0};
+    step.echoPriority = static_cast<uint8_t>(row.echoes.priority);
+    step.form = row.publishes[0].form;
+    step.countsName = beginsWithName(step.counts);
+    step.echoesName = beginsWithName(step.echoes);
+    return step;
+}
+
+constexpr std::array<Step, kCapabilityCount> steps() {
+    std::array<Step, kCapabilityCount> all{};
+    for (size_t i = 0; i < kCapabilityCount; ++i) all[i] = stepOf(kCapabilities[i], kFunctions[i]);
+    return all;
+}
+constexpr std::array<Step, kCapabilityCount> kSteps = steps();
+
+void countLine(const Step& step, size_t count) {
+    if (step.countsName) {
+        logText(ANDROID_LOG_INFO, kLogTag, step.counts, step.getter, count);
+    } else if (step.counts != nullptr) {
+        logText(ANDROID_LOG_INFO, kLogTag, step.counts, count);
+    }
+}
+
+void echoLine(const Step& step, ExtParamInterface* host) {
+    if (step.echoes == nullptr) return;
+    const char* value = published(host, step.key);
+    if (step.echoesName) {
+        logText(step.echoPriority, kLogTag, step.echoes, step.getter, value);
+    } else {
+        logText(step.echoPriority, kLogTag, step.echoes, value);
+    }
+}
+
+void publish(const Step& step, ExtParamInterface* host, const camera_metadata_ro_entry& entry) {
+    switch (step.form) {
+        case Form::flag:
+            return publishFlag(host, step.key, EntryView<uint8_t>(entry));
+        case Form::words:
+            return publishWords(host, step.key, EntryView<uint8_t>(entry), *step.words);
+        case Form::number:
+            return publishNumber(host, step.key, EntryView<int32_t>(entry)[0]);
+        case Form::numbers:
+            return publishNumbers(host, step.key, EntryView<int32_t>(entry));
+        case Form::text:
+            return publishText(host, step.key, EntryView<uint8_t>(entry));
+        case Form::own:
+            break;
+    }
+}
+
+// An entry of another type than the row's counts as empty.
+size_t usableCount(const Step& step, const camera_metadata_ro_entry& entry) {
+    const bool bytes = step.form != Form::number && step.form != Form::numbers;
+    return bytes ? EntryView<uint8_t>(entry).count() : EntryView<int32_t>(entry).count();
+}
+
+void run(const Step& step, ExtParamInterface* host) {
+    const uint32_t tag = findVendorTag({step.tag, step.tagLength});
+    if (tag == kNoTag) return;
+    const camera_metadata_ro_entry entry = host->getStaticInfo(tag, step.minimum, 0, true);
+    const size_t count = usableCount(step, entry);
+    if (count == 0 || (step.exactly != 0 && count != step.exactly)) return countLine(step, count);
+    publish(step, host, entry);
+    echoLine(step, host);
+}
+
+}  // namespace
+
+// A friend of the translator.
+struct CapabilityPass {
+    static void run(const Step& step, CCameraQzParam& camera) {
+        if (step.function != nullptr) return step.function(camera);
+        qz::run(step, camera.mExtParam);
+    }
+};
+
+int32_t CCameraQzParam::metaDataToParam() {
+    for (const Step& step : kSteps) CapabilityPass::run(step, *this);
     return 0;
+}
+
+int32_t runGetter(CCameraQzParam& camera, const char* getter) {
+    for (const Step& step : kSteps) {
+        if (strcmp(step.getter, getter) != 0) continue;
+        CapabilityPass::run(step, camera);
+        return 0;
+    }
+    return android::NAME_NOT_FOUND;
 }
 
 }  // namespace qz

@@ -1,12 +1,19 @@
 // Ranges of two numbers. Any other count is as good as none. A text that its buffer cannot hold is cut to the
 // empty text, and published all the same.
-#include "CCameraQzParam.h"
+#include "capabilities/CapabilitySteps.h"
+
 #include "capabilities/Capability.h"
+#include "capabilities/Lines.h"
 #include "core/BoundedMemory.h"
 #include "core/Parsers.h"
 #include "core/Text.h"
+#include "text/Vocabularies.h"
+
+#include <algorithm>
 
 namespace qz {
+
+using android::String8;
 
 namespace {
 
@@ -19,87 +26,80 @@ class Range : public Capability<int32_t> {
 void publishRange(ExtParamInterface* params, const char* key, const Text& range, const char* getter) {
     constexpr size_t most = 19;
     const bool fits = range.size() <= most;
-    if (!fits) LOGE("%s(), snprintf_s failed!", getter);
+    if (!fits) LOG(line::FormattingFailed, getter);
     params->set(key, fits ? range.c_str() : "");
 }
 
 }  // namespace
 
-int32_t CCameraQzParam::getFaceBeautyRange() {
-    const Range level(mExtParam, CAPABILITY("faceBeautyRange"));
-    if (level.lacks()) LOGI("enMaxBeautyLevel.count = %zu", level.count());
-    if (!level.holds()) return 0;
-    publishNumber(mExtParam, "qz-min-beauty-level", level[0]);
-    publishNumber(mExtParam, "qz-max-beauty-level", level[1]);
-    return 0;
+// Unlike its neighbours it keeps the first 19 characters of a text that is too long.
+void CapabilitySteps::getHdcAvailabeJpegSize(CCameraQzParam& camera) {
+    LOG(line::EnterHdcJpegSize, __func__, 94);
+    const Range size(camera.mExtParam, CAPABILITY("qzHdcAvailableJpegSize"));
+    if (size.lacks()) LOG(line::HdcJpegSizeCount, size.count());
+    if (!size.holds()) return;
+    char text[20] = {};
+    const int length = snprintf_s(text, sizeof(text), sizeof(text) - 1, "%d,%d", size[0], size[1]);
+    if (length == -1) LOG(line::HdcJpegSizeCut, __func__, 100, length);
+    camera.mExtParam->set("hdc-available-jpeg-size", text);
 }
 
-int32_t CCameraQzParam::getExposureLevelRange() {
-    const Range level(mExtParam, CAPABILITY("exposureLevelRange"));
-    if (level.lacks()) LOGI("enExposureLevel.count = %zu", level.count());
-    if (!level.holds()) return 0;
-    publishNumber(mExtParam, "qz-min-exposure-time", level[0]);
-    publishNumber(mExtParam, "qz-max-exposure-time", level[1]);
-    LOGI("exposure level: [%s, %s]", published(mExtParam, "qz-min-exposure-time"),
-         published(mExtParam, "qz-max-exposure-time"));
-    return 0;
+void CapabilitySteps::getFaceBeautyRange(CCameraQzParam& camera) {
+    const Range level(camera.mExtParam, CAPABILITY("faceBeautyRange"));
+    if (level.lacks()) LOG(line::BeautyRangeCount, level.count());
+    if (!level.holds()) return;
+    publishNumber(camera.mExtParam, "qz-min-beauty-level", level[0]);
+    publishNumber(camera.mExtParam, "qz-max-beauty-level", level[1]);
 }
 
-int32_t CCameraQzParam::getSensorExposureTimeRange() {
-    const Range time(mExtParam, CAPABILITY("qz-sensor-exposure-range"));
-    if (time.lacks()) LOGI("expoRangeEntry.count = %zu", time.count());
-    if (!time.holds()) return 0;
+void CapabilitySteps::getExposureLevelRange(CCameraQzParam& camera) {
+    const Range level(camera.mExtParam, CAPABILITY("exposureLevelRange"));
+    if (level.lacks()) LOG(line::ExposureLevelCount, level.count());
+    if (!level.holds()) return;
+    publishNumber(camera.mExtParam, "qz-min-exposure-time", level[0]);
+    publishNumber(camera.mExtParam, "qz-max-exposure-time", level[1]);
+    LOG(line::ExposureLevel, published(camera.mExtParam, "qz-min-exposure-time"),
+        published(camera.mExtParam, "qz-max-exposure-time"));
+}
+
+void CapabilitySteps::getSensorExposureTimeRange(CCameraQzParam& camera) {
+    const Range time(camera.mExtParam, CAPABILITY("qz-sensor-exposure-range"));
+    if (time.lacks()) LOG(line::SensorExposureRangeCount, time.count());
+    if (!time.holds()) return;
     char shortest[10] = {};
     char longest[10] = {};
     microSecondToSecond(time[0], shortest, sizeof(shortest));
     microSecondToSecond(time[1], longest, sizeof(longest));
     Text text;
     text << shortest << "," << longest;
-    publishRange(mExtParam, "qz-sensor-exposure-time-range", text, __func__);
-    return 0;
+    publishRange(camera.mExtParam, "qz-sensor-exposure-time-range", text, __func__);
 }
 
-int32_t CCameraQzParam::getSensorWbRange() {
-    const Range wb(mExtParam, CAPABILITY("sensorWbRange"));
-    if (wb.lacks()) LOGI("wbRangeEntry.count = %zu", wb.count());
-    if (!wb.holds()) return 0;
+void CapabilitySteps::getSensorWbRange(CCameraQzParam& camera) {
+    const Range wb(camera.mExtParam, CAPABILITY("sensorWbRange"));
+    if (wb.lacks()) LOG(line::SensorWbRangeCount, wb.count());
+    if (!wb.holds()) return;
     Text text;
     text << wb[0] << "," << wb[1];
-    publishRange(mExtParam, "qz-sensor-wb-range", text, __func__);
-    return 0;
+    publishRange(camera.mExtParam, "qz-sensor-wb-range", text, __func__);
 }
 
-int32_t CCameraQzParam::getSensorISORange() {
-    const Range iso(mExtParam, CAPABILITY("qz-sensor-iso-range"));
-    if (iso.lacks()) LOGI("isoRangeEntry.count = %zu", iso.count());
-    if (!iso.holds()) return 0;
+void CapabilitySteps::getSensorISORange(CCameraQzParam& camera) {
+    const Range iso(camera.mExtParam, CAPABILITY("qz-sensor-iso-range"));
+    if (iso.lacks()) LOG(line::SensorIsoRangeCount, iso.count());
+    if (!iso.holds()) return;
     Text text;
     text << iso[0] << "," << iso[1];
-    publishRange(mExtParam, "qz-sensor-iso-range", text, __func__);
-    return 0;
+    publishRange(camera.mExtParam, "qz-sensor-iso-range", text, __func__);
 }
 
-int32_t CCameraQzParam::getColorEffectRange() {
-    const Range effect(mExtParam, CAPABILITY("availbaleEffectRange"));
-    if (effect.lacks()) LOGI("effectRange.count = %zu", effect.count());
-    if (!effect.holds()) return 0;
+void CapabilitySteps::getColorEffectRange(CCameraQzParam& camera) {
+    const Range effect(camera.mExtParam, CAPABILITY("availbaleEffectRange"));
+    if (effect.lacks()) LOG(line::EffectRangeCount, effect.count());
+    if (!effect.holds()) return;
     Text text;
     text << "(" << effect[0] << "," << effect[1] << ")";
-    publishRange(mExtParam, "qz-color-effect-range", text, __func__);
-    return 0;
-}
-
-// Unlike its neighbours it keeps the first 19 characters of a text that is too long.
-int32_t CCameraQzParam::getHdcAvailabeJpegSize() {
-    LOGI("Enter %s(%d)", __func__, __LINE__);
-    const Range size(mExtParam, CAPABILITY("qzHdcAvailableJpegSize"));
-    if (size.lacks()) LOGI("hdcAvailableJpegSize.count = %zu", size.count());
-    if (!size.holds()) return 0;
-    char text[20] = {};
-    const int length = snprintf_s(text, sizeof(text), sizeof(text) - 1, "%d,%d", size[0], size[1]);
-    if (length == -1) LOGE("%s(%d), snprintf_s return error(%d)", __func__, __LINE__, length);
-    mExtParam->set("hdc-available-jpeg-size", text);
-    return 0;
+    publishRange(camera.mExtParam, "qz-color-effect-range", text, __func__);
 }
 
 }  // namespace qz

@@ -1,6 +1,6 @@
 #include "CameraQzSendCmd.h"
 
-#include "core/Log.h"
+#include "text/Log.h"
 
 #include <unistd.h>
 

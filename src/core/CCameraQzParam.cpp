@@ -1,9 +1,9 @@
 #include "CCameraQzParam.h"
 
+#include "camera/TranslatorLog.h"
 #include "core/BoundedMemory.h"
 #include "core/Properties.h"
-#include "core/TranslatorLog.h"
-#include "core/Vocabulary.h"
+#include "text/Vocabularies.h"
 
 #include <cstring>
 
@@ -54,7 +54,7 @@ bool CCameraQzParam::isExtSceneMode(const char* extScene) const {
         LOGE("%s: extScene is NULL!", __func__);
         return false;
     }
-    return isExtendedScene(extSceneModeStringToEnum(extScene));
+    return numberOf(kExtScene, extScene) != kOtherScene;
 }
 
 void CCameraQzParam::getSupportedSuperResPicSizes(const char*& switchKey, const char*& listKey,
@@ -113,7 +113,7 @@ bool CCameraQzParam::needQzCustomizedZsl() {
         return false;
     }
     // An unknown word counts as professional: better no customised zero-shutter-lag than a wrong one.
-    const auto professional = static_cast<uint8_t>(onOffStringToEnum(mExtParam->get("qz-professional-mode")));
+    const auto professional = static_cast<uint8_t>(numberOf(kOnOff, mExtParam->get("qz-professional-mode")));
     LOGI("%s is QzCamera:%s professional:%u", "bool qz::CCameraQzParam::needQzCustomizedZsl()",
          trueOrFalse(mIsQzCamera), professional);
     return mIsQzCamera && professional == 0;

@@ -1,9 +1,9 @@
 #include "core/Parsers.h"
 
+#include "camera/TranslatorLog.h"
 #include "core/BoundedMemory.h"
 #include "core/Numbers.h"
 #include "core/Text.h"
-#include "core/TranslatorLog.h"
 
 #include <utils/Errors.h>
 

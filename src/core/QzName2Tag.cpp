@@ -1,6 +1,6 @@
 #include "core/VendorTag.h"
 
-#include "core/Log.h"
+#include "text/Log.h"
 
 #include <camera/VendorTagDescriptor.h>
 

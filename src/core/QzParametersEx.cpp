@@ -1,8 +1,8 @@
 #include "QzParametersEx.h"
 
 #include "core/BoundedMemory.h"
-#include "core/Log.h"
 #include "core/TagLabels.h"
+#include "text/Log.h"
 
 #include <cstring>
 

@@ -4,8 +4,8 @@
 #include "core/BoundedMemory.h"
 #include "core/EntryView.h"
 #include "core/TagLabels.h"
-#include "core/TagNames.h"
 #include "inspect/InspectLog.h"
+#include "tags/TagNames.h"
 
 #include <system/graphics.h>
 

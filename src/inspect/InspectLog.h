@@ -1,7 +1,7 @@
 // The inspection's log: one tag for the sources that hold QzPerformEx.
 #pragma once
 
-#include "core/Log.h"
+#include "text/Log.h"
 
 namespace qz {
 constexpr char kLogTag[] = "QzPerformEx";

@@ -2,8 +2,8 @@
 
 namespace qz {
 
-status_t EntryState::refuseNull(const char* setter) {
-    LOGE("%s: metaData is NULL!", setter);
+status_t refuseNull(const char* setter) {
+    LOG(line::NoRequest, setter);
     return android::BAD_VALUE;
 }
 

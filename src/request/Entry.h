@@ -1,27 +1,29 @@
-// The setter pattern, written once. A setter names its steps in the order in which they happen:
+// The steps of a setter that is more than a row, named in the order in which they happen:
 //
-//     status_t CCameraQzParam::setIso(CameraMetadata* metaData) {
-//         ByteEntry iso(mExtParam, metaData, __func__);
-//         iso.key("iso").tag(CAPTURE("iso")).as(isoModeStringToEnum);
-//         return WRITE(iso, "%s(), failed to update iso: %u, return: %d", iso.value);
-//     }
+//     ByteEntry scope(camera.mExtParam, metaData, __func__);
+//     scope.key("key-ambrix-scope").tag(CAPTURE("scopeMode")).as(kOnOff);
+//     return WRITE(scope, line::ScopeModeRefused, scope.text, scope.value);
 //
-// A null request, an absent key or an undeclared tag ends the setter there: the steps that follow do nothing,
-// and nothing is written.
+// A null request, an absent key or an undeclared tag ends the setter there: the steps that follow do nothing, and nothing
+// is written.
 #pragma once
 
 #include "QzHostInterfaces.h"
-#include "core/TagNames.h"
-#include "core/TranslatorLog.h"
+#include "camera/TranslatorLog.h"
 #include "core/VendorTag.h"
+#include "request/Lines.h"
+#include "tags/TagNames.h"
+#include "text/Vocabulary.h"
 
 #include <array>
 #include <type_traits>
 
 namespace qz {
 
-// What is the same for every element type: where the entry comes from, where it goes, and how far the setter
-// got.
+// Writes the line of a setter that was called without a request. Returns its status, -22.
+status_t refuseNull(const char* setter);
+
+// The state that is the same for every element type: source and destination of the entry, and how far the setter got.
 class EntryState {
   public:
     EntryState(ExtParamInterface* params, android::CameraMetadata* metaData, const char* setterName)
@@ -38,8 +40,6 @@ class EntryState {
     const char* text = nullptr;  // what the key holds; null for an integer key
 
   protected:
-    static status_t refuseNull(const char* setter);
-
     ExtParamInterface* mParams;
     android::CameraMetadata* mMetaData;
     uint32_t mTag = 0;
@@ -83,8 +83,8 @@ class Entry : public EntryState {
     }
 
     // Turns the text into the value, through a vocabulary: an unknown word's -1 becomes the byte 255.
-    Entry& as(int (*vocabulary)(const char*)) {
-        if (mOpen) value = static_cast<T>(vocabulary(text));
+    Entry& as(const Vocabulary& vocabulary) {
+        if (mOpen) value = static_cast<T>(numberOf(vocabulary, text));
         return *this;
     }
 
@@ -126,10 +126,10 @@ using IntEntry = Entry<int32_t>;
 using FloatEntry = Entry<float>;
 using RationalEntry = Entry<camera_metadata_rational>;
 
-// Writes an entry and gives the setter's status. A refusal is logged: the format takes the setter's name
-// first, the arguments that follow it here, and the status last.
-#define WRITE(entry, format, ...)                                                                          \
-    ((entry).write() ? static_cast<void>(0) : LOGE(format, (entry).setter, __VA_ARGS__, (entry).status()), \
+// Writes an entry and gives the setter's status. A refusal is logged as `line`, whose format takes the setter's name first,
+// then the arguments given here, and the status last.
+#define WRITE(entry, line, ...)                                                                            \
+    ((entry).write() ? static_cast<void>(0) : LOG(line, (entry).setter, __VA_ARGS__, (entry).status()), \
      (entry).status())
 
 }  // namespace qz

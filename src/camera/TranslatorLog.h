@@ -1,7 +1,7 @@
 // The translator's log: one tag for the many sources that hold CCameraQzParam.
 #pragma once
 
-#include "core/Log.h"
+#include "text/Log.h"
 
 namespace qz {
 constexpr char kLogTag[] = "CameraQzParam";

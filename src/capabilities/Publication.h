@@ -1,0 +1,124 @@
+// The row of one capability: every fact of its way from a static entry to the application. capabilities.inc holds the rows.
+#pragma once
+
+#include "rows/Entry.h"
+#include "rows/Feature.h"
+#include "rows/Format.h"
+#include "rows/Upto.h"
+#include "text/Vocabulary.h"
+
+#include <android/log.h>
+
+namespace qz {
+
+// A key that is published, and the form of its text.
+struct Publication {
+    enum class Form : uint8_t {
+        flag,     // "true" for any first byte but 0, otherwise "false"
+        words,    // each byte by its word: "auto,100,200"
+        number,   // the first int32
+        numbers,  // all int32: "30,60"
+        text,     // the bytes up to their terminator, or all of them without one
+        own,      // by the row's function
+    };
+
+    const char* key = nullptr;
+    Form form = Form::own;
+    const Vocabulary* vocabulary = nullptr;
+    const char* note = nullptr;  // for the reference
+};
+
+// A line of a row, and its level.
+struct RowLine {
+    const char* format = nullptr;
+    int priority = ANDROID_LOG_INFO;
+};
+
+struct CapabilityRow {
+    const char* getter = nullptr;
+    bool plain = false;  // nothing but this row; otherwise a function of the getter's name runs
+    Feature feature = Feature::image;
+    Upto<EntryRow, 2> entries;     // static entries that are read; another count is as good as none
+    uint8_t minimum = 0;           // the adapter reports an entry with fewer elements
+    Upto<Publication, 2> publishes;
+    RowLine counts;                // line for a declared entry that is as good as none; of plain rows
+    RowLine echoes;                // line that reads the published text back; of plain rows
+    const char* keeps = nullptr;   // member of the translator that it sets
+};
+
+// The texts of a plain row take what they are printed with: the count, or the published text, and the getter's name
+// before it if two are asked for.
+constexpr bool soundTexts(const CapabilityRow& row) {
+    const char* count = row.counts.format;
+    const char* echo = row.echoes.format;
+    return (count == nullptr || converts(count, "z") || converts(count, "sz")) &&
+           (echo == nullptr || converts(echo, "s") || converts(echo, "ss"));
+}
+
+// The columns of capabilities.inc.
+namespace capability {
+
+constexpr Publication flag(const char* key) { return {key, Publication::Form::flag}; }
+constexpr Publication words(const char* key, const Vocabulary& vocabulary) {
+    return {key, Publication::Form::words, &vocabulary};
+}
+constexpr Publication number(const char* key) { return {key, Publication::Form::number}; }
+constexpr Publication numbers(const char* key) { return {key, Publication::Form::numbers}; }
+constexpr Publication text(const char* key) { return {key, Publication::Form::text}; }
+constexpr Publication as(const char* key, const char* note) { return {key, Publication::Form::own, nullptr, note}; }
+
+// Further facts of a row, in any order behind the fixed columns.
+struct Counts {
+    RowLine line;
+};
+struct Echoes {
+    RowLine line;
+};
+struct Kept {
+    const char* member;
+};
+
+constexpr Counts counts(const char* format) { return {{format, ANDROID_LOG_INFO}}; }
+constexpr Echoes echoes(const char* format) { return {{format, ANDROID_LOG_INFO}}; }
+constexpr Echoes debugs(const char* format) { return {{format, ANDROID_LOG_DEBUG}}; }
+constexpr Kept kept(const char* member) { return {member}; }
+
+constexpr void apply(CapabilityRow& row, const Counts& facts) { row.counts = facts.line; }
+constexpr void apply(CapabilityRow& row, const Echoes& facts) { row.echoes = facts.line; }
+constexpr void apply(CapabilityRow& row, const Kept& facts) { row.keeps = facts.member; }
+
+using StaticEntries = Upto<EntryRow, 2>;
+using Publications = Upto<Publication, 2>;
+
+template <typename... Entries>
+constexpr StaticEntries entries(const Entries&... all) {
+    return StaticEntries(all...);
+}
+template <typename... Keys>
+constexpr Publications publishes(const Keys&... all) {
+    return Publications(all...);
+}
+
+template <typename... Facts>
+constexpr CapabilityRow own(const char* getter, Feature feature, const StaticEntries& entries, uint8_t minimum,
+                            const Publications& publishes, const Facts&... facts) {
+    CapabilityRow row;
+    row.getter = getter;
+    row.feature = feature;
+    row.entries = entries;
+    row.minimum = minimum;
+    row.publishes = publishes;
+    (apply(row, facts), ...);
+    return row;
+}
+
+template <typename... Facts>
+constexpr CapabilityRow plain(const char* getter, Feature feature, const EntryRow& entry, uint8_t minimum,
+                              const Publication& publication, const Facts&... facts) {
+    CapabilityRow row = own(getter, feature, StaticEntries(entry), minimum, Publications(publication), facts...);
+    row.plain = true;
+    return row;
+}
+
+}  // namespace capability
+}  // namespace qz

@@ -1,0 +1,121 @@
+// Places and sizes in the image: zoom and crop, areas, regions, coordinates.
+#include "request/RequestSteps.h"
+
+#include "core/EntryView.h"
+#include "core/Numbers.h"
+#include "core/Parsers.h"
+#include "request/Entry.h"
+#include "request/Lines.h"
+#include "text/Vocabularies.h"
+
+namespace qz {
+
+namespace {
+
+EntryView<float> maxDigitalZoom(ExtParamInterface* params) {
+    return EntryView<float>(params->getStaticInfo(ANDROID_SCALER_AVAILABLE_MAX_DIGITAL_ZOOM, 0, 0, true));
+}
+
+struct Size {
+    int32_t width;
+    int32_t height;
+};
+
+// The secondary sensor's active array: left, top, width, height on some devices, width and height on others.
+bool subActiveArraySize(ExtParamInterface* params, Size* size) {
+    const uint32_t tag = vendorTagOf(CAPABILITY("qzSubActiveArraySize"));
+    if (tag == kNoTag) return false;
+    const EntryView<int32_t> array(params->getStaticInfo(tag, 0, 0, true));
+    if (array.count() != 2 && array.count() != 4) return false;
+    *size = {array[array.count() - 2], array[array.count() - 1]};
+    return true;
+}
+
+}  // namespace
+
+status_t RequestSteps::setTargetTrackingCoord(CCameraQzParam& camera, CameraMetadata* metaData) {
+    Entry<int32_t, 2> coord(camera.mExtParam, metaData, __func__);
+    coord.key("target-coordinates").tag(CAPTURE("qz-device-target-tracking-coordinate"));
+    coord.when(coord.open() && parseCoodinate(coord.text, coord.value.data()) == 0);
+    return WRITE(coord, line::TargetTrackingCoordRefused, coord.text, coord.value[0], coord.value[1]);
+}
+
+status_t RequestSteps::setMirrorPoint(CCameraQzParam& camera, CameraMetadata* metaData) {
+    IntEntry point(camera.mExtParam, metaData, __func__);
+    point.intKey("face-mirror-point").tag(CAPTURE("mirrorPoint"));
+    if (point.value < 0) point.value = 0;
+    return WRITE(point, line::MirrorPointRefused, static_cast<uint32_t>(point.value));
+}
+
+// Zoom index 0 is ratio 1, the highest index the device's maximum. Single precision at every step.
+status_t RequestSteps::setZoom(CCameraQzParam& camera, CameraMetadata* metaData) {
+    IntEntry zoom(camera.mExtParam, metaData, __func__);
+    zoom.intKey("zoom");
+    IntEntry maxZoom(zoom);
+    maxZoom.intKey("max-zoom");
+    if (!maxZoom.open()) return maxZoom.status();
+    if (maxZoom.value == 0) {
+        LOG(line::MaxZoomIsZero, __func__);
+        return android::OK;
+    }
+    const EntryView<float> maximum = maxDigitalZoom(camera.mExtParam);
+    if (maximum.count() == 0) {
+        LOG(line::MaxDigitalZoomCount, maximum.count());
+        return android::OK;
+    }
+    FloatEntry ratio(maxZoom);
+    ratio.tag(CAPTURE("qz-zoom-in"));
+    ratio.value =
+        static_cast<float>(zoom.value) / static_cast<float>(maxZoom.value) * (maximum[0] - 1.0F) + 1.0F;
+    return WRITE(ratio, line::ZoomRefused, static_cast<double>(ratio.value));
+}
+
+// "(left,top,right,bottom,weight)" for each area, of which the last one is written.
+status_t RequestSteps::setFocusAreas(CCameraQzParam& camera, CameraMetadata* metaData) {
+    Entry<int32_t, 5> area(camera.mExtParam, metaData, __func__);
+    area.key("focus-areas");
+    area.when(area.open() && parseIntTuples(area.text, area.value.data(), area.value.size()) == android::OK);
+    area.tag(CAPTURE("qz-focus-value"));
+    return WRITE(area, line::FocusAreasRefused, area.text, area.value[0], area.value[1], area.value[2],
+                 area.value[3]);
+}
+
+status_t RequestSteps::setMeteringAreas(CCameraQzParam& camera, CameraMetadata* metaData) {
+    Entry<int32_t, 5> area(camera.mExtParam, metaData, __func__);
+    area.key("metering-areas");
+    area.when(area.open() && parseIntTuples(area.text, area.value.data(), area.value.size()) == android::OK);
+    area.tag(CAPTURE("qz-metering-value"));
+    return WRITE(area, line::MeteringAreasRefused, area.text, area.value[0], area.value[1], area.value[2],
+                 area.value[3]);
+}
+
+// The crop that zooms the secondary sensor when it streams alone. The highest zoom index is taken to be 99
+// whatever "max-zoom" says, unlike in setZoom: the secondary sensor's steps are fixed.
+status_t RequestSteps::resetSubCropRegion(CCameraQzParam& camera, CameraMetadata* metaData) {
+    constexpr int secondary = 2;
+    constexpr float highestZoomIndex = 99.0F;
+    Entry<int32_t, 4> crop(camera.mExtParam, metaData, __func__);
+    crop.key("qz-dual-primary-mode");
+    crop.when(crop.open() && numberOf(kDualPrimary, crop.text) == secondary);
+    Size size = {};
+    if (!crop.open() || !subActiveArraySize(camera.mExtParam, &size)) return crop.status();
+    const EntryView<float> maximum = maxDigitalZoom(camera.mExtParam);
+    if (maximum.count() == 0) return android::OK;
+
+    const int zoom = camera.mExtParam->getInt("zoom");
+    const float ratio = (maximum[0] - 1.0F) / highestZoomIndex * static_cast<float>(zoom) + 1.0F;
+    const float width = static_cast<float>(size.width) / ratio;
+    const float height = static_cast<float>(size.height) / ratio;
+    const float left = (static_cast<float>(size.width) - width) * 0.5F;
+    const float top = (static_cast<float>(size.height) - height) * 0.5F;
+    LOG(line::SubCropRegion, __func__, static_cast<double>(left), static_cast<double>(top),
+        static_cast<double>(width), static_cast<double>(height), zoom);
+
+    const auto pixels = [](float value) { return truncateToInt32(static_cast<double>(value)); };
+    crop.value = {pixels(left), pixels(top), pixels(width), pixels(height)};
+    crop.platformTag(ANDROID_SCALER_CROP_REGION);
+    if (!crop.write()) LOG(line::SubCropRegionRefused, __func__, crop.status());
+    return crop.status();
+}
+
+}  // namespace qz

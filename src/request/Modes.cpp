@@ -1,0 +1,213 @@
+// Modes: of the vendor's own camera application, of capture, panorama, two sensors and video.
+#include "request/RequestSteps.h"
+
+#include "core/Numbers.h"
+#include "core/Properties.h"
+#include "request/Entry.h"
+#include "request/Lines.h"
+#include "text/Vocabularies.h"
+
+#include <cutils/properties.h>
+#include <utils/String8.h>
+
+#include <cstring>
+
+namespace qz {
+
+namespace {
+
+uint8_t debugDualPrimary(uint8_t requested) {
+    char text[PROPERTY_VALUE_MAX] = {};
+    property_get("camera.debug.mode", text, "0");
+    switch (parseUint32(text)) {
+        case 1:
+            return 0;
+        case 2:
+            return 2;
+        case 3:
+            return 3;
+        default:
+            return requested;
+    }
+}
+
+using android::String8;
+
+// Applications that record steadier without the pipeline's stabilisation.
+constexpr const char* kUnstabilisedApps[] = {"com.snapchat.android", "com.instagram.android"};
+
+const char* unstabilisedApp(const char* packageName) {
+    for (const char* app : kUnstabilisedApps) {
+        if (strcmp(app, packageName) == 0) return app;
+    }
+    return nullptr;
+}
+
+}  // namespace
+
+status_t RequestSteps::setZslMode(CCameraQzParam& camera, CameraMetadata* metaData) {
+    LOG(line::EnterZslMode, __func__, 512);
+    ByteEntry zsl(camera.mExtParam, metaData, __func__);
+    zsl.key("zsl-mode").tag(CAPTURE("qz-zsl-mode")).as(kOnOff);
+    if (zsl.open()) LOG(line::ZslMode, __func__, zsl.value);
+    return WRITE(zsl, line::ZslModeRefused, zsl.value);
+}
+
+status_t RequestSteps::readFaceAeArea(CCameraQzParam& camera, CameraMetadata* /*metaData*/) {
+    // Read and left: no entry carries it, but hosts may count on seeing the key asked for.
+    static_cast<void>(camera.mExtParam->get("qz-face-ae-area"));
+    return android::OK;
+}
+
+status_t RequestSteps::takeBurstCapture(CCameraQzParam& camera, CameraMetadata* /*metaData*/) {
+    if (camera.mExtParam->get("burst-capture") != nullptr)
+        camera.mBurstCapture = camera.mExtParam->getInt("burst-capture");
+    return android::OK;
+}
+
+// Panorama frames are stitched unprocessed: either panorama mode turns post-processing off.
+status_t RequestSteps::setImageProcessMode(CCameraQzParam& camera, CameraMetadata* metaData) {
+    ByteEntry process(camera.mExtParam, metaData, __func__);
+    process.key("qz-image-post-process").as(kOnOff);
+    if (process.open()) {
+        const int panorama = numberOf(kOnOff, camera.mExtParam->get("key-qz-panorama"));
+        const int panorama2D = numberOf(kOnOff, camera.mExtParam->get("key-qz-2dpanorama"));
+        if (panorama == 1 || panorama2D == 1) process.value = 0;
+        camera.mImagePostProcess = process.value == 1;
+    }
+    process.tag(CAPTURE("imagePostProcessMode"));
+    return WRITE(process, line::ImageProcessModeRefused, process.text, process.value);
+}
+
+// Written only when the mode changes. Any number but 0, an unknown word's 255 too, counts as on.
+status_t RequestSteps::setpanorama2DMode(CCameraQzParam& camera, CameraMetadata* metaData) {
+    ByteEntry panorama(camera.mExtParam, metaData, __func__);
+    panorama.key("key-qz-2dpanorama").as(kOnOff);
+    panorama.when(panorama.value != static_cast<uint8_t>(camera.mPanorama2DMode))
+        .tag(CAPTURE("panorama2DMode"));
+    if (panorama.open()) camera.mPanorama2DMode = panorama.value != 0;
+    return WRITE(panorama, line::Panorama2DModeRefused, panorama.text, panorama.value);
+}
+
+// The height's name has no section, so that a device resolves it by chance at most and the height stays
+// unwritten: the pipeline takes the width alone.
+status_t RequestSteps::setpanorama2DTinySize(CCameraQzParam& camera, CameraMetadata* metaData) {
+    IntEntry width(camera.mExtParam, metaData, __func__);
+    width.intKey("key-qz-2dpanorama-tiny-width");
+    IntEntry height(width);
+    height.intKey("key-qz-2dpanorama-tiny-height");
+
+    width.when(height.open()).tag(CAPTURE("panorama2DWidth"));
+    const status_t status = WRITE(width, line::Panorama2DWidthRefused, width.value);
+    if (status != android::OK) return status;
+    height.tag("panorama2DHeight");
+    return WRITE(height, line::Panorama2DHeightRefused, height.value);
+}
+
+// Engineers override the application's choice by "camera.debug.mode".
+status_t RequestSteps::setDualPrimaryMode(CCameraQzParam& camera, CameraMetadata* metaData) {
+    ByteEntry mode(camera.mExtParam, metaData, __func__);
+    mode.key("qz-dual-primary-mode").as(kDualPrimary);
+    if (mode.open()) mode.value = debugDualPrimary(mode.value);
+    mode.tag(CAPTURE("dualSensorMode"));
+    const bool reached = mode.open();
+    mode.write();
+    if (reached) LOG(line::DualPrimaryMode, __func__, mode.value, mode.status());
+    if (reached && !mode.written()) {
+        LOG(line::DualPrimaryModeRefused, __func__, mode.value, mode.status());
+    }
+    return mode.status();
+}
+
+status_t RequestSteps::setExtSceneMode(CCameraQzParam& camera, CameraMetadata* metaData) {
+    ByteEntry scene(camera.mExtParam, metaData, __func__);
+    scene.key("scene-mode").tag(CAPTURE("extSceneMode"));
+    const int mode = numberOf(kExtScene, scene.text);
+    scene.value = static_cast<uint8_t>(mode != kOtherScene ? mode : 0);
+    return WRITE(scene, line::ExtSceneModeRefused, mode);
+}
+
+status_t RequestSteps::setAllFocuseMode(CCameraQzParam& camera, CameraMetadata* metaData) {
+    ByteEntry mode(camera.mExtParam, metaData, __func__);
+    mode.key("qz-refocus-mode").as(kOnOff);
+    if (mode.open()) camera.mAllFocusMode = mode.value == 1;
+    mode.tag(CAPTURE("allFocusMode"));
+    return WRITE(mode, line::AllFocuseModeRefused, mode.text, mode.value);
+}
+
+// Beauty for chat applications; the vendor's own camera application manages beauty itself. Any word but "off"
+// opens it.
+status_t RequestSteps::setFaceBeautyForChat(CCameraQzParam& camera, CameraMetadata* metaData) {
+    constexpr uint32_t chatBeauty = 1;
+    constexpr int32_t chatBeautyLevel = 7;
+    ByteEntry beauty(camera.mExtParam, metaData, __func__);
+    if (!beauty.open()) return beauty.status();
+    const bool ownCamera = numberOf(kOnOff, camera.mExtParam->get("qz-qzcamera-flag")) == 1;
+    beauty.when(!ownCamera && (camera.mCallBackFlag & chatBeauty) != 0);
+    beauty.key("qz-face-beauty-preview-only").as(kOnOff);
+    beauty.when(beauty.value != 0);
+    if (beauty.open() && propertyIsOn("camera.ignore.chat.facebeauty", "0")) {
+        LOG(line::ChatBeautyIgnored, __func__);
+        return android::OK;
+    }
+    beauty.tag(CAPTURE("faceBeautyMode"));
+    if (beauty.open()) {
+        LOG(line::ChatBeauty, __func__, beauty.text, camera.mCallBackFlag);
+    }
+    WRITE(beauty, line::ChatBeautyRefused, beauty.value);
+    if (!beauty.written()) return beauty.status();
+
+    IntEntry level(beauty);
+    level.value = chatBeautyLevel;
+    level.tag(CAPTURE("faceBeautyLevel"));
+    return WRITE(level, line::ChatBeautyLevelRefused, level.value);
+}
+
+// Unlike most stored state, this one goes when its key goes: the next client may be another application.
+status_t RequestSteps::setQzcameraFlag(CCameraQzParam& camera, CameraMetadata* metaData) {
+    ByteEntry flag(camera.mExtParam, metaData, __func__);
+    if (flag.open()) camera.mIsQzCamera = false;
+    flag.key("qz-qzcamera-flag").as(kOnOff);
+    if (flag.open() && flag.value == 1) camera.mIsQzCamera = true;
+    flag.tag(CAPTURE("qzCameraFlag"));
+    return WRITE(flag, line::QzcameraFlagRefused, flag.text, flag.value);
+}
+
+status_t RequestSteps::setQzVideoFPS(CCameraQzParam& camera, CameraMetadata* metaData) {
+    IntEntry fps(camera.mExtParam, metaData, __func__);
+    fps.intKey("qz-video-fps").tag(CAPTURE("qz-video-fps"));
+    WRITE(fps, line::QzVideoFPSRefused, fps.value);
+    if (fps.written()) camera.mVideoFps = fps.value;
+    return fps.status();
+}
+
+// Forces stabilisation off for all applications but the vendor's own camera, or for those of the table, under
+// two properties; the table's rule is on unless switched off. Whatever the request held is overridden.
+status_t RequestSteps::resetVideoStabilization(CCameraQzParam& camera, CameraMetadata* metaData) {
+    ByteEntry mode(camera.mExtParam, metaData, __func__);
+    mode.when(!camera.mIsQzCamera).key("video-stabilization");
+    mode.when(mode.open() && numberOf(kTrueFalse, mode.text) == 1);
+    if (!mode.open()) return mode.status();
+
+    bool forceOff = false;
+    if (propertyIsOn("camera.ignore.videostdb.all", "0")) {
+        const String8 client(camera.mClientName);
+        LOG(line::StabilisationIgnoredForAll, __func__, client.c_str());
+        forceOff = true;
+    }
+    if (propertyIsOn("camera.ignore.videostdb.partial", "1")) {
+        const String8 client(camera.mClientName);
+        if (const char* app = unstabilisedApp(client.c_str())) {
+            LOG(line::StabilisationIgnoredForApp, __func__, app, client.c_str());
+            forceOff = true;
+        }
+    }
+    if (!forceOff) return android::OK;
+
+    LOG(line::StabilisationForcedOff, __func__);
+    mode.platformTag(ANDROID_CONTROL_VIDEO_STABILIZATION_MODE);
+    if (!mode.write()) LOG(line::StabilisationRefused, __func__, mode.status());
+    return mode.status();
+}
+
+}  // namespace qz

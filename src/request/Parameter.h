@@ -1,0 +1,185 @@
+// The row of one application parameter: every fact of its way into a request. parameters.inc holds the rows.
+#pragma once
+
+#include "rows/Entry.h"
+#include "rows/Feature.h"
+#include "rows/Format.h"
+#include "rows/Upto.h"
+#include "text/Vocabulary.h"
+
+namespace qz {
+
+// A key and how it is read. -1 counts as absent where a key is read as an integer.
+struct KeyRow {
+    enum class As : uint8_t { text, integer, textAndInteger };
+
+    const char* name = nullptr;
+    As as = As::text;
+    const char* note = nullptr;  // for the reference: units, form of the text
+};
+
+// How the value of the key becomes the value of the entry.
+struct Conversion {
+    enum class Kind : uint8_t {
+        number,      // the number as read
+        autoNumber,  // a decimal text; "auto" and any other word are 0
+        words,       // by a vocabulary
+        own,         // by the row's function
+    };
+
+    constexpr Conversion(Kind way) : kind(way) {}
+    constexpr Conversion(const Vocabulary& words) : kind(Kind::words), vocabulary(&words) {}
+
+    Kind kind;
+    const Vocabulary* vocabulary = nullptr;
+};
+// Conditions under which a set parameter is left out.
+enum class Gate : uint8_t {
+    none,
+    lightPainting,  // the written light-painting mode is 0
+    allKeys,        // another key of the row is absent
+    onChange,       // the value is the one of the request before
+    chatClient,     // the client is no chat application, or is the vendor's own camera application
+    otherClient,    // the client is the vendor's own camera application
+    secondary,      // the value is not the one that the row asks for
+    stepsBefore,    // a step before it of the same setter ended the setter
+};
+
+constexpr const char* kGateTexts[] = {
+    "",
+    "only while qz-exposure-mode is 'super-night', 'car', 'light', 'water' or 'star'",
+    "only together with the other keys of its setter",
+    "written only when the value differs from that of the request before",
+    "only for a client whose callback flag has 0x1, while qz-qzcamera-flag is not 'on' and property "
+    "camera.ignore.chat.facebeauty does not begin with 1",
+    "not read while qz-qzcamera-flag is 'on'",
+    "only while qz-dual-primary-mode is 'secondary'",
+    "left out when the tag of a step before it is missing",
+};
+
+struct Parameter {
+    const char* setter = nullptr;
+    bool plain = false;  // nothing but this row; otherwise a function of the setter's name runs
+    Feature feature = Feature::image;
+    Upto<KeyRow, 5> keys;
+    Upto<EntryRow, 5> entries;  // written, in this order
+    Conversion conversion = Conversion::Kind::own;
+    const char* information = nullptr;  // line before the update; of plain rows only
+    Upto<Gate, 2> gates;
+    Upto<const char*, 2> offers;      // published keys that tell what a device offers for it
+    Upto<EntryRow, 2> uses;           // static entries that its function reads
+    Upto<const char*, 2> properties;  // system properties that its function reads
+    const char* keeps = nullptr;      // member of the translator that it sets
+
+    constexpr const char* refused() const { return entries[0].refused; }
+    constexpr bool gated(Gate gate) const {
+        for (const Gate each : gates) {
+            if (each == gate) return true;
+        }
+        return false;
+    }
+};
+
+// True if the failure text of a plain row prints the key's text before the value.
+constexpr bool printsText(const char* format) { return conversion(format, 1) == 's'; }
+
+// The texts of a plain row take what they are printed with: setter, perhaps the text, value, status; for the information
+// line setter, value, perhaps the text.
+constexpr bool soundTexts(const Parameter& row) {
+    if (!row.plain) return true;
+    const bool readsText = row.keys[0].as == KeyRow::As::text;
+    const bool refusal = convertsInts(row.refused(), "sdd") || (readsText && convertsInts(row.refused(), "ssdd"));
+    const bool information = row.information == nullptr || convertsInts(row.information, "sd") ||
+                             (readsText && convertsInts(row.information, "sds"));
+    return refusal && information;
+}
+
+// The columns of parameters.inc.
+namespace parameter {
+
+constexpr KeyRow text(const char* key, const char* note = nullptr) { return {key, KeyRow::As::text, note}; }
+constexpr KeyRow integer(const char* key, const char* note = nullptr) { return {key, KeyRow::As::integer, note}; }
+
+constexpr Conversion number{Conversion::Kind::number};
+constexpr Conversion autoNumber{Conversion::Kind::autoNumber};
+
+// Further facts of a row, in any order behind the fixed columns.
+struct Offered {
+    Upto<const char*, 2> keys;
+};
+struct Information {
+    const char* text;
+};
+struct Uses {
+    Upto<EntryRow, 2> entries;
+};
+struct Properties {
+    Upto<const char*, 2> names;
+};
+struct Keeps {
+    const char* member;
+};
+using Reads = Upto<KeyRow, 5>;
+using Writes = Upto<EntryRow, 5>;
+
+template <typename... Keys>
+constexpr Offered offered(Keys... keys) {
+    return {Upto<const char*, 2>(keys...)};
+}
+template <typename... Entries>
+constexpr Uses uses(const Entries&... entries) {
+    return {Upto<EntryRow, 2>(entries...)};
+}
+template <typename... Names>
+constexpr Properties properties(Names... names) {
+    return {Upto<const char*, 2>(names...)};
+}
+template <typename... Keys>
+constexpr Reads reads(const Keys&... keys) {
+    return Reads(keys...);
+}
+template <typename... Entries>
+constexpr Writes writes(const Entries&... entries) {
+    return Writes(entries...);
+}
+constexpr Information says(const char* information) { return {information}; }
+constexpr Keeps keeps(const char* member) { return {member}; }
+
+constexpr void apply(Parameter& row, const Offered& facts) { row.offers = facts.keys; }
+constexpr void apply(Parameter& row, const Information& facts) { row.information = facts.text; }
+constexpr void apply(Parameter& row, const Uses& facts) { row.uses = facts.entries; }
+constexpr void apply(Parameter& row, const Properties& facts) { row.properties = facts.names; }
+constexpr void apply(Parameter& row, const Keeps& facts) { row.keeps = facts.member; }
+constexpr void apply(Parameter& row, Gate gate) { row.gates.add(gate); }
+constexpr void apply(Parameter& row, const Vocabulary& words) { row.conversion = words; }
+constexpr void apply(Parameter& row, const Conversion& conversion) { row.conversion = conversion; }
+
+template <typename... Facts>
+constexpr Parameter plain(const char* setter, Feature feature, const KeyRow& key, EntryRow entry,
+                          const Conversion& conversion, const char* refused, const Facts&... facts) {
+    Parameter row;
+    row.setter = setter;
+    row.plain = true;
+    row.feature = feature;
+    row.keys = Reads(key);
+    entry.refused = refused;
+    row.entries = Writes(entry);
+    row.conversion = conversion;
+    (apply(row, facts), ...);
+    return row;
+}
+
+template <typename... Facts>
+constexpr Parameter own(const char* setter, Feature feature, const Reads& keys, const Writes& entries,
+                        const Facts&... facts) {
+    Parameter row;
+    row.setter = setter;
+    row.feature = feature;
+    row.keys = keys;
+    row.entries = entries;
+    (apply(row, facts), ...);
+    return row;
+}
+
+}  // namespace parameter
+}  // namespace qz

@@ -1,0 +1,112 @@
+// Picture files: sizes, qualities and names.
+#include "request/RequestSteps.h"
+
+#include "core/Numbers.h"
+#include "core/Parsers.h"
+#include "request/Entry.h"
+#include "request/Lines.h"
+#include "text/Vocabularies.h"
+
+#include <utils/String16.h>
+
+namespace qz {
+
+namespace {
+
+using android::String16;
+
+// Code units as bytes, without a terminator.
+void writeUtf16(ByteEntry* entry) {
+    if (!entry->open()) return;
+    const String16 utf16(entry->text);
+    const char16_t* units = utf16;
+    entry->write(reinterpret_cast<const uint8_t*>(units), sizeof(char16_t) * utf16.size());
+}
+
+}  // namespace
+
+status_t RequestSteps::setPostJpegFileName(CCameraQzParam& camera, CameraMetadata* metaData) {
+    ByteEntry name(camera.mExtParam, metaData, __func__);
+    name.key("post-process-picture-name").tag(CAPTURE("qz-jpeg-filename"));
+    writeUtf16(&name);
+    if (name.refused()) {
+        LOG(line::PostJpegFileNameRefused, __func__, name.text, name.status());
+    }
+    return name.status();
+}
+
+status_t RequestSteps::setJpegThumbnailSize(CCameraQzParam& camera, CameraMetadata* metaData) {
+    IntEntry width(camera.mExtParam, metaData, __func__);
+    width.when(camera.mLightPaintingMode != 0).intKey("jpeg-thumbnail-width");
+    IntEntry height(width);
+    height.intKey("jpeg-thumbnail-height");
+    Entry<int32_t, 2> size(height);
+    size.tag(CAPTURE("qz-jpeg-thumbnail-size"));
+    size.value = {width.value, height.value};
+    if (size.open()) LOG(line::JpegThumbnailSize, __func__, width.value, height.value);
+    return WRITE(size, line::JpegThumbnailSizeRefused, width.value, height.value);
+}
+
+// The thumbnail's quality follows only a written picture quality.
+status_t RequestSteps::setJpegQuality(CCameraQzParam& camera, CameraMetadata* metaData) {
+    ByteEntry quality(camera.mExtParam, metaData, __func__);
+    quality.when(camera.mLightPaintingMode != 0).intKey("jpeg-quality");
+    ByteEntry thumbnail(quality);
+    thumbnail.intKey("jpeg-thumbnail-quality");
+
+    quality.when(thumbnail.open()).tag(CAPTURE("qz-jpeg-quality"));
+    WRITE(quality, line::JpegQualityRefused, quality.value);
+    if (!quality.written()) return quality.status();
+    thumbnail.tag(CAPTURE("qz-jpeg-thumbnail-quality"));
+    return WRITE(thumbnail, line::JpegThumbnailQualityRefused, thumbnail.value);
+}
+
+// "4000x3000"; any one character separates the two.
+status_t RequestSteps::setPictureSize(CCameraQzParam& camera, CameraMetadata* metaData) {
+    IntEntry width(camera.mExtParam, metaData, __func__);
+    width.key("picture-size");
+    if (!width.open()) return width.status();
+    IntEntry height(width);
+    const char* end = nullptr;
+    width.value = parseInt32(width.text, &end);
+    if (end == width.text) {
+        LOG(line::PictureWidthUnreadable, __func__);
+        return android::OK;
+    }
+    const char* heightText = skipSeparator(end);
+    height.value = parseInt32(heightText, &end);
+    if (end == heightText) {
+        LOG(line::PictureHeightUnreadable, __func__);
+        return android::OK;
+    }
+    width.tag(CAPTURE("qz-picture-width"));
+    WRITE(width, line::PictureWidthRefused, width.value);
+    if (!width.written()) return width.status();
+    height.tag(CAPTURE("qz-picture-height"));
+    return WRITE(height, line::PictureHeightRefused, height.value);
+}
+
+status_t RequestSteps::setRawImgPathName(CCameraQzParam& camera, CameraMetadata* metaData) {
+    ByteEntry path(camera.mExtParam, metaData, __func__);
+    path.key("qz-raw-img-path-name").tag(CAPTURE("qz-raw-img-path-name"));
+    if (path.open()) LOG(line::RawImgPathName, __func__, path.text);
+    writeUtf16(&path);
+    if (path.refused()) {
+        LOG(line::RawImgPathNameRefused, __func__, path.text, path.status());
+    }
+    return path.status();
+}
+
+// Written whatever the text: what does not parse stays 0.
+status_t RequestSteps::setSubPictureSize(CCameraQzParam& camera, CameraMetadata* metaData) {
+    Entry<int32_t, 2> size(camera.mExtParam, metaData, __func__);
+    size.key("sub-picture-size").tag(CAPTURE("qz-sub-sensor-cap-resolution"));
+    if (size.open()) {
+        parseIntTuples(size.text, size.value.data(), size.value.size());
+        LOG(line::SubPictureSize, __func__, size.value[0], size.value[1], size.text);
+    }
+    if (!size.write()) LOG(line::SubPictureSizeRefused, __func__, size.status());
+    return size.status();
+}
+
+}  // namespace qz

@@ -1,0 +1,149 @@
+#include "request/RequestPass.h"
+
+#include "camera/TranslatorLog.h"
+#include "core/Numbers.h"
+#include "core/VendorTag.h"
+#include "request/Entry.h"
+#include "request/Parameters.h"
+#include "request/RequestSteps.h"
+
+#include <array>
+#include <cstring>
+
+namespace qz {
+
+namespace {
+
+using android::CameraMetadata;
+using Function = status_t (*)(CCameraQzParam&, CameraMetadata*);
+
+// The facts of a row that the pass needs; the others take no room in the library.
+struct Step {
+    const char* setter = nullptr;
+    Function function = nullptr;  // of its own; null for a plain row
+    const char* key = nullptr;
+    const char* tag = nullptr;
+    const Vocabulary* words = nullptr;
+    const char* refused = nullptr;
+    const char* information = nullptr;
+    uint8_t tagLength = 0;
+    bool readsText = false;
+    bool isByte = false;
+    bool printsText = false;
+    bool informsText = false;
+    bool lightPainting = false;
+};
+
+constexpr Function kFunctions[] = {
+#define PLAIN(setter, ...) nullptr,
+#define OWN(setter, ...) RequestSteps::setter,
+#define STEP(step, ...) RequestSteps::step,
+#include "request/parameters.inc"
+#undef PLAIN
+#undef OWN
+#undef STEP
+};
+
+constexpr Step stepOf(const Parameter& row, Function function) {
+    Step step;
+    step.setter = row.setter;
+    step.function = function;
+    if (!row.plain) return step;
+    step.key = row.keys[0].name;
+    step.tag = row.entries[0].tag;
+    step.words = row.conversion.vocabulary;
+    step.refused = row.refused();
+    step.information = row.information;
+    step.tagLength = static_cast<uint8_t>(std::string_view(step.tag).size());
+    step.readsText = row.keys[0].as == KeyRow::As::text;
+    step.isByte = row.entries[0].type == TYPE_BYTE;
+    step.printsText = printsText(step.refused);
+    step.informsText = step.information != nullptr && conversion(step.information, 2) == 's';
+    step.lightPainting = row.gated(Gate::lightPainting);
+    return step;
+}
+
+constexpr std::array<Step, kParameterCount> steps() {
+    std::array<Step, kParameterCount> all{};
+    for (size_t i = 0; i < kParameterCount; ++i) all[i] = stepOf(kParameters[i], kFunctions[i]);
+    return all;
+}
+constexpr std::array<Step, kParameterCount> kSteps = steps();
+
+// "auto" is 0 to the pipeline, and so is any other word.
+int autoOrNumber(const char* text) { return strcmp(text, "auto") == 0 ? 0 : parseInt32(text); }
+
+int convert(const Step& step, const char* text, int number) {
+    if (!step.readsText) return number;
+    return step.words != nullptr ? numberOf(*step.words, text) : autoOrNumber(text);
+}
+
+void inform(const Step& step, const char* text, int value) {
+    if (step.informsText) {
+        logText(ANDROID_LOG_INFO, kLogTag, step.information, step.setter, value, text);
+    } else {
+        logText(ANDROID_LOG_INFO, kLogTag, step.information, step.setter, value);
+    }
+}
+
+void report(const Step& step, const char* text, int value, status_t status) {
+    if (step.printsText) {
+        logText(ANDROID_LOG_ERROR, kLogTag, step.refused, step.setter, text, value, status);
+    } else {
+        logText(ANDROID_LOG_ERROR, kLogTag, step.refused, step.setter, value, status);
+    }
+}
+
+// Writes the entry of a plain row.
+status_t write(const Step& step, ExtParamInterface* host, CameraMetadata* metaData) {
+    const char* text = nullptr;
+    int number = 0;
+    if (step.readsText) {
+        text = host->get(step.key);
+        if (text == nullptr) return android::OK;
+    } else {
+        number = host->getInt(step.key);
+        if (number == -1) return android::OK;
+    }
+    const uint32_t tag = findVendorTag({step.tag, step.tagLength});
+    if (tag == kNoTag) return android::OK;
+
+    const int32_t value = convert(step, text, number);
+    const auto low = static_cast<uint8_t>(value);
+    const int shown = step.isByte ? low : value;
+    if (step.information != nullptr) inform(step, text, shown);
+    const status_t status =
+        step.isByte ? host->update(metaData, tag, &low, 1) : host->update(metaData, tag, &value, 1);
+    if (status != android::OK) report(step, text, shown, status);
+    return status;
+}
+
+}  // namespace
+
+// A friend of the translator.
+struct RequestPass {
+    static status_t run(const Step& step, CCameraQzParam& camera, CameraMetadata* metaData) {
+        if (step.function != nullptr) return step.function(camera, metaData);
+        if (metaData == nullptr) return refuseNull(step.setter);
+        if (step.lightPainting && camera.mLightPaintingMode == 0) return android::OK;
+        return write(step, camera.mExtParam, metaData);
+    }
+};
+
+status_t CCameraQzParam::paramToMetaData(CameraMetadata* metaData) {
+    if (metaData == nullptr) {
+        LOG(line::NoRequestForPass, __func__, 84);
+        return android::BAD_VALUE;
+    }
+    for (const Step& step : kSteps) RequestPass::run(step, *this, metaData);
+    return android::OK;
+}
+
+status_t runSetter(CCameraQzParam& camera, const char* setter, CameraMetadata* metaData) {
+    for (const Step& step : kSteps) {
+        if (strcmp(step.setter, setter) == 0) return RequestPass::run(step, camera, metaData);
+    }
+    return android::NAME_NOT_FOUND;
+}
+
+}  // namespace qz

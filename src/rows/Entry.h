@@ -1,0 +1,41 @@
+// A metadata entry as rows state it: its tag, element type and number of elements.
+#pragma once
+
+#include "tags/TagNames.h"
+
+#include <system/camera_metadata.h>
+
+#include <cstddef>
+#include <cstdint>
+
+namespace qz {
+
+struct EntryRow {
+    const char* tag = nullptr;  // full name, section and tag
+    uint8_t type = NUM_TYPES;   // TYPE_BYTE ...
+    uint8_t least = 1;          // number of elements; `most` 0: no upper limit
+    uint8_t most = 1;
+    const char* refused = nullptr;  // failure text of an entry that is written
+
+    // True for a count that the library uses.
+    constexpr bool allows(size_t count) const { return count >= least && (most == 0 || count <= most); }
+};
+
+constexpr EntryRow byte(const char* tag, const char* refused = nullptr) { return {tag, TYPE_BYTE, 1, 1, refused}; }
+constexpr EntryRow int32(const char* tag, const char* refused = nullptr) { return {tag, TYPE_INT32, 1, 1, refused}; }
+constexpr EntryRow int64(const char* tag) { return {tag, TYPE_INT64, 1, 1, nullptr}; }
+constexpr EntryRow float32(const char* tag, const char* refused = nullptr) { return {tag, TYPE_FLOAT, 1, 1, refused}; }
+constexpr EntryRow rational(const char* tag, const char* refused = nullptr) {
+    return {tag, TYPE_RATIONAL, 1, 1, refused};
+}
+
+constexpr EntryRow counting(EntryRow entry, uint8_t least, uint8_t most) {
+    entry.least = least;
+    entry.most = most;
+    return entry;
+}
+constexpr EntryRow exactly(uint8_t count, EntryRow entry) { return counting(entry, count, count); }
+constexpr EntryRow atLeast(uint8_t count, EntryRow entry) { return counting(entry, count, 0); }
+constexpr EntryRow between(uint8_t least, uint8_t most, EntryRow entry) { return counting(entry, least, most); }
+
+}  // namespace qz

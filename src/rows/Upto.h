@@ -1,0 +1,25 @@
+// A short list in a row: at most N items, known to the compiler.
+#pragma once
+
+#include <cstddef>
+
+namespace qz {
+
+template <typename T, size_t N>
+struct Upto {
+    T items[N]{};
+    size_t count = 0;
+
+    constexpr Upto() = default;
+    template <typename... Items>
+    constexpr explicit Upto(const T& first, const Items&... others)
+        : items{first, others...}, count(1 + sizeof...(others)) {}
+
+    constexpr void add(const T& item) { items[count++] = item; }
+    constexpr bool empty() const { return count == 0; }
+    constexpr const T& operator[](size_t i) const { return items[i]; }
+    constexpr const T* begin() const { return items; }
+    constexpr const T* end() const { return items + count; }
+};
+
+}  // namespace qz

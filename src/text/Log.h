@@ -1,0 +1,30 @@
+// The Android log, one tag per class: each source names its own in kLogTag. LOG writes a line of a lines.inc; a macro, so
+// that the compiler checks the arguments against the format.
+#pragma once
+
+#include "rows/Line.h"
+
+#include <android/log.h>
+
+#define LOG(line, ...) \
+    static_cast<void>(__android_log_print(line::priority, kLogTag, line::format, __VA_ARGS__))
+#define QZ_LOG(priority, ...) static_cast<void>(__android_log_print(priority, kLogTag, __VA_ARGS__))
+#define LOGD(...) QZ_LOG(ANDROID_LOG_DEBUG, __VA_ARGS__)
+#define LOGI(...) QZ_LOG(ANDROID_LOG_INFO, __VA_ARGS__)
+#define LOGW(...) QZ_LOG(ANDROID_LOG_WARN, __VA_ARGS__)
+#define LOGE(...) QZ_LOG(ANDROID_LOG_ERROR, __VA_ARGS__)
+#define LOG_TEXT(line) static_cast<void>(__android_log_print(line::priority, kLogTag, line::format))  // no arguments
+
+namespace qz {
+
+// Writes a line whose format comes from a row. The compiler has checked it there.
+template <typename... Arguments>
+void logText(int priority, const char* logTag, const char* format, Arguments... arguments) {
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Wformat-nonliteral"
+#pragma GCC diagnostic ignored "-Wformat-security"
+    static_cast<void>(__android_log_print(priority, logTag, format, arguments...));
+#pragma GCC diagnostic pop
+}
+
+}  // namespace qz
