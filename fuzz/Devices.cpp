@@ -1,7 +1,7 @@
 #include "Devices.h"
 
 #include "Target.h"
-#include "core/Words.h"
+#include "text/Vocabularies.h"
 
 #include <BuiltIn.h>
 #include <CameraQzCallBack.h>
@@ -133,14 +133,9 @@ const Asked& asked() {
 const Texts& vocabulary() {
     static const Texts texts = [] {
         std::set<std::string> all;
-        const auto add = [&all](const auto& words) {
-            for (const Word& word : words) all.insert(word.text);
-        };
-        add(kIso), add(kPercentTo200), add(kBrightness), add(kOnOff), add(kTrueFalse), add(kSharpness);
-        add(kMetering), add(kMakeUp), add(kPublishedEffects), add(kRequestedEffects), add(kDualPrimary);
-        add(kExposure), add(kRelayout), add(kMmiAfTest), add(kShutter), add(kProFocus),
-            add(kFocusAssistFlash);
-        add(kColorMode), add(kExtScene);
+        for (const Vocabulary* each : kVocabularies) {
+            for (const Word& word : each->words) all.insert(word.text);
+        }
         return Texts(all.begin(), all.end());
     }();
     return texts;

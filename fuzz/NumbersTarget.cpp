@@ -4,7 +4,7 @@
 #include "core/BoundedMemory.h"
 #include "core/Numbers.h"
 #include "core/Parsers.h"
-#include "core/Vocabulary.h"
+#include "text/Vocabularies.h"
 
 #include <utils/Errors.h>
 
@@ -210,15 +210,9 @@ void memory(Input& input) {
 
 // Any text is looked up within its own bytes. What each of their words becomes, the tests try out whole.
 void vocabularies(const char* text) {
-    for (const auto numberOf :
-         {isoModeStringToEnum, contrastModeStringToEnum, saturationModeStringToEnum,
-          brightnessModeStringToEnum, sharpnessModeStringToEnum, meteringModeStringToEnum,
-          makeUpEffectModeStringToEnum, colorEffectModeStringToEnum, dualPrimaryModeStringToEnum,
-          exposureModeStringToEnum, relayoutModeStringToEnum, manualExposureModeStringToEnum,
-          focusAssistFlashModeStringToEnum, colorModeStringToEnum, onOffStringToEnum, trueFalseStringToEnum,
-          mmiAfTestModeStringToEnum, proFocusModeStringToEnum, extSceneModeStringToEnum}) {
+    for (const Vocabulary* each : kVocabularies) {
         const std::string same = text;
-        require(numberOf(text) == numberOf(same.c_str()), "a text is looked up by its bytes alone");
+        require(numberOf(*each, text) == numberOf(*each, same.c_str()), "a text is looked up by its bytes alone");
     }
 }
 

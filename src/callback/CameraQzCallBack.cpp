@@ -2,7 +2,6 @@
 
 #include "callback/CallBackLog.h"
 #include "callback/ResultEntry.h"
-#include "core/InOrder.h"
 
 namespace qz {
 
@@ -34,7 +33,7 @@ CameraQzCallBack::CameraQzCallBack(ExtCallBackInterface* callBackIntf, CCameraQz
 
 CameraQzCallBack::~CameraQzCallBack() { LOGI("%s()", __func__); }
 
-[[gnu::flatten]] status_t CameraQzCallBack::processQzCallBack(const CameraMetadata& result) {
+status_t CameraQzCallBack::processQzCallBack(const CameraMetadata& result) {
     using Handler = status_t (CameraQzCallBack::*)(const CameraMetadata&);
     static constexpr Handler handlers[] = {
         &CameraQzCallBack::checkZslMode,
@@ -60,7 +59,7 @@ CameraQzCallBack::~CameraQzCallBack() { LOGI("%s()", __func__); }
         &CameraQzCallBack::processOisHallCalibResult,
         &CameraQzCallBack::processOisHallCheckResult,
     };
-    callInOrder<handlers>(placesOf(handlers), this, result);
+    for (const Handler handler : handlers) (this->*handler)(result);
     return android::OK;
 }
 

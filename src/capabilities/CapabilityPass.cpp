@@ -90,37 +90,40 @@ void echoLine(const Step& step, ExtParamInterface* host) {
     }
 }
 
-void publish(const Step& step, ExtParamInterface* host, const camera_metadata_ro_entry& entry) {
+void publish(const Step& step, ExtParamInterface* host, EntryView<uint8_t> bytes) {
     switch (step.form) {
         case Form::flag:
-            return publishFlag(host, step.key, EntryView<uint8_t>(entry));
+            return publishFlag(host, step.key, bytes);
         case Form::words:
-            return publishWords(host, step.key, EntryView<uint8_t>(entry), *step.words);
-        case Form::number:
-            return publishNumber(host, step.key, EntryView<int32_t>(entry)[0]);
-        case Form::numbers:
-            return publishNumbers(host, step.key, EntryView<int32_t>(entry));
-        case Form::text:
-            return publishText(host, step.key, EntryView<uint8_t>(entry));
-        case Form::own:
-            break;
+            return publishWords(host, step.key, bytes, *step.words);
+        default:
+            return publishText(host, step.key, bytes);
     }
 }
 
+void publish(const Step& step, ExtParamInterface* host, EntryView<int32_t> numbers) {
+    if (step.form == Form::numbers) return publishNumbers(host, step.key, numbers);
+    publishNumber(host, step.key, numbers[0]);
+}
+
 // An entry of another type than the row's counts as empty.
-size_t usableCount(const Step& step, const camera_metadata_ro_entry& entry) {
-    const bool bytes = step.form != Form::number && step.form != Form::numbers;
-    return bytes ? EntryView<uint8_t>(entry).count() : EntryView<int32_t>(entry).count();
+template <typename T>
+void publishUsable(const Step& step, ExtParamInterface* host, EntryView<T> elements) {
+    const size_t count = elements.count();
+    if (count == 0 || (step.exactly != 0 && count != step.exactly)) return countLine(step, count);
+    publish(step, host, elements);
+    echoLine(step, host);
 }
 
 void run(const Step& step, ExtParamInterface* host) {
     const uint32_t tag = findVendorTag({step.tag, step.tagLength});
     if (tag == kNoTag) return;
     const camera_metadata_ro_entry entry = host->getStaticInfo(tag, step.minimum, 0, true);
-    const size_t count = usableCount(step, entry);
-    if (count == 0 || (step.exactly != 0 && count != step.exactly)) return countLine(step, count);
-    publish(step, host, entry);
-    echoLine(step, host);
+    if (step.form == Form::number || step.form == Form::numbers) {
+        publishUsable(step, host, EntryView<int32_t>(entry));
+    } else {
+        publishUsable(step, host, EntryView<uint8_t>(entry));
+    }
 }
 
 }  // namespace

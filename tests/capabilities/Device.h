@@ -1,6 +1,8 @@
 // A pass over static capabilities, with all that it asks for, publishes, keeps and says.
 #pragma once
 
+#include "capabilities/Capabilities.h"
+#include "capabilities/CapabilityPass.h"
 #include "support/Device.h"
 #include "support/Entries.h"
 
@@ -26,7 +28,7 @@ struct TestPeer {
     // What each of the first `count` getters returns.
     static std::vector<int32_t> statuses(CCameraQzParam& p, size_t count) {
         std::vector<int32_t> all;
-        for (size_t i = 0; i < count; ++i) all.push_back((p.*CCameraQzParam::sCapabilityPass[i])());
+        for (size_t i = 0; i < count; ++i) all.push_back(runGetter(p, kCapabilities[i].getter));
         return all;
     }
 };

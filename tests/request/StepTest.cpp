@@ -382,7 +382,7 @@ TEST(Pass, WithoutARequestNoSetterAsksForAnything) {
     const LogCapture log;
     android::CameraParameters2 parameters;
     const android::sp<Asked> asked = new Asked(parameters, 0);
-    for (const auto& [name, setter] : TestPeer::setters()) {
+    for (const std::string& name : TestPeer::setters()) {
         TestPeer::call(*asked->mCameraQzParam, name, nullptr);
         EXPECT_EQ(asked->count, 0) << name;
     }
@@ -390,7 +390,7 @@ TEST(Pass, WithoutARequestNoSetterAsksForAnything) {
 
 TEST(Pass, WithoutARequestEachSetterSaysSoAndKeepsItsState) {
     Bench bench;
-    for (const auto& [name, setter] : TestPeer::setters()) {
+    for (const std::string& name : TestPeer::setters()) {
         for (const char* state :
              {"@request=none;@ownCamera=1;@lightPainting=5", "@ownCamera=0;@lightPainting=0"}) {
             bench.set(state);

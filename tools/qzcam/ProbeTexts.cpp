@@ -1,6 +1,6 @@
 #include "ProbeTexts.h"
 
-#include "core/Words.h"
+#include "text/Vocabularies.h"
 
 #include <set>
 
@@ -8,10 +8,9 @@ namespace qzcam {
 
 namespace {
 
-template <size_t N>
-WordTable table(const qz::Word (&words)[N]) {
+WordTable table(const qz::Vocabulary& vocabulary) {
     WordTable rows;
-    for (const qz::Word& word : words) rows.push_back({word.text, word.number});
+    for (const qz::Word& word : vocabulary.words) rows.push_back({word.text, word.number});
     return rows;
 }
 
@@ -20,15 +19,11 @@ WordTable table(const qz::Word (&words)[N]) {
 const char* const kMeaningless = "no such word";
 
 const std::vector<WordTable>& wordTables() {
-    static const std::vector<WordTable> tables{
-        table(qz::kIso),       table(qz::kPercentTo200),     table(qz::kBrightness),
-        table(qz::kOnOff),     table(qz::kTrueFalse),        table(qz::kSharpness),
-        table(qz::kMetering),  table(qz::kMakeUp),           table(qz::kPublishedEffects),
-        table(qz::kMmiAfTest), table(qz::kRequestedEffects), table(qz::kDualPrimary),
-        table(qz::kExposure),  table(qz::kRelayout),         table(qz::kShutter),
-        table(qz::kProFocus),  table(qz::kFocusAssistFlash), table(qz::kColorMode),
-        table(qz::kExtScene),
-    };
+    static const std::vector<WordTable> tables = [] {
+        std::vector<WordTable> all;
+        for (const qz::Vocabulary* vocabulary : qz::kVocabularies) all.push_back(table(*vocabulary));
+        return all;
+    }();
     return tables;
 }
 
