@@ -9,13 +9,25 @@
 
 namespace qz {
 
-// A key and how it is read. -1 counts as absent where a key is read as an integer.
+// A key, how it is read, and the form of its text. -1 counts as absent where a key is read as an integer.
 struct KeyRow {
     enum class As : uint8_t { text, integer, textAndInteger };
+    enum class Form : uint8_t {
+        word,     // of the row's vocabulary
+        number,   // 1600
+        decimal,  // 0.5
+        pair,     // 4000x3000, any one character between
+        point,    // 12,34
+        tuple,    // (1,2,3), with `numbers` numbers
+        seconds,  // 1/4000, 0.5, 2
+        name,     // any text
+    };
 
     const char* name = nullptr;
     As as = As::text;
-    const char* note = nullptr;  // for the reference: units, form of the text
+    Form form = Form::word;
+    uint8_t numbers = 1;
+    const char* note = nullptr;  // for the reference: units, meaning
 };
 
 // How the value of the key becomes the value of the entry.
@@ -97,10 +109,37 @@ constexpr bool soundTexts(const Parameter& row) {
 // The columns of parameters.inc.
 namespace parameter {
 
-constexpr KeyRow text(const char* key, const char* note = nullptr) { return {key, KeyRow::As::text, note}; }
-constexpr KeyRow integer(const char* key, const char* note = nullptr) { return {key, KeyRow::As::integer, note}; }
-
-constexpr Conversion number{Conversion::Kind::number};
+constexpr KeyRow text(const char* key, const char* note = nullptr) {
+    return {key, KeyRow::As::text, KeyRow::Form::word, 1, note};
+}
+constexpr KeyRow integer(const char* key, const char* note = nullptr) {
+    return {key, KeyRow::As::integer, KeyRow::Form::number, 1, note};
+}
+constexpr KeyRow textAndInteger(const char* key, const char* note) {
+    return {key, KeyRow::As::textAndInteger, KeyRow::Form::number, 1, note};
+}
+constexpr KeyRow number(const char* key, const char* note) {
+    return {key, KeyRow::As::text, KeyRow::Form::number, 1, note};
+}
+constexpr KeyRow decimal(const char* key, const char* note) {
+    return {key, KeyRow::As::text, KeyRow::Form::decimal, 1, note};
+}
+constexpr KeyRow pair(const char* key, const char* note) {
+    return {key, KeyRow::As::text, KeyRow::Form::pair, 2, note};
+}
+constexpr KeyRow point(const char* key, const char* note) {
+    return {key, KeyRow::As::text, KeyRow::Form::point, 2, note};
+}
+constexpr KeyRow tuple(uint8_t numbers, const char* key, const char* note) {
+    return {key, KeyRow::As::text, KeyRow::Form::tuple, numbers, note};
+}
+constexpr KeyRow seconds(const char* key, const char* note) {
+    return {key, KeyRow::As::text, KeyRow::Form::seconds, 1, note};
+}
+constexpr KeyRow name(const char* key, const char* note) {
+    return {key, KeyRow::As::text, KeyRow::Form::name, 1, note};
+}
+constexpr Conversion asRead{Conversion::Kind::number};
 constexpr Conversion autoNumber{Conversion::Kind::autoNumber};
 
 // Further facts of a row, in any order behind the fixed columns.
