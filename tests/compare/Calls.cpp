@@ -134,9 +134,16 @@ void Session::inspect(QzPerformEx& inspector, Random& random) {
     if (random.percent(15)) inspector.setInfo(random.percent(90) ? &mDevices.metadata(random) : nullptr);
     if (random.percent(70)) {
         Requests& requests = mDevices.requests(random);
+        const bool locked = random.percent(20);  // by the host
+        for (const CameraMetadata& request : requests) {
+            if (locked) request.getAndLock();
+        }
         inspector.checkRequest(requests, random.percent(50));
-        // Refuses in other words while the object is locked; nothing changes.
-        for (const CameraMetadata& request : requests) returned("unlock", request.unlock({}));
+        // Refuses in other words while the object is locked, which it is to be as before.
+        for (const CameraMetadata& request : requests) {
+            returned("unlock", request.unlock({}));
+            if (locked) request.unlock(request.getAndLock());
+        }
     }
     if (random.percent(70)) inspector.checkResult(mDevices.result(random));
     for (int i = 0; i < 3; ++i) {
