@@ -71,9 +71,53 @@ qz-af-mmi-contrast-result-value=0..20|E processMmiFocusTest(), get invalid numbe
 )");
 }
 
+// Also a value that comes back to 0 or -1, or falls below, is told once.
+TEST(ResultHandlers, TellOnceWhatComesBackToNothing) {
+    const std::string abnormal = "dualSensorAbnormal=5|> 80000(5, 0)\n";
+    const auto lowCapture = [](const std::string& state) {
+        return "qz-low-capture-state=" + state + "|I processLowCapState(), low capture state: " + state +
+               '\n';
+    };
+    const auto test = [](const std::string& mode, const std::string& index, const std::string& request) {
+        return "mmiTestFeatureResult=9," + mode + ',' + index + ',' + request +
+               "|I processMMIFeatureTest(), send result: 9 mode: " + mode + " index: " + index +
+               " request: " + request + "|> 20000000(9, " + request + ")\n";
+    };
+    const auto verified = [](const std::string& index) {
+        return "qz-dual-camera-verification-mode=1 qz-dual-camera-verification-result=7," + index +
+               "|I processDualCameraVerify(), send dual verification result: 7 index : " + index +
+               "|> 40000(7, " + index + ")\n";
+    };
+    const auto focused = [](const std::string& value, const std::string& bytes) {
+        return "qz-af-mmi-contrast-result-value=7," + value +
+               "|I processMmiFocusTest(), MMI focus value[0]: 7|I processMmiFocusTest(), MMI focus "
+               "value[1]: " +
+               value + "|> 10000000[07000000 " + bytes + "]\n";
+    };
+    Session session;
+    session.play(abnormal + abnormal);
+    for (const std::string& row :
+         split("qz-zsl-mode=255|I checkZslMode(), ZSL mode changes to: 255\n"
+               "qz-zsl-mode=0|I checkZslMode(), ZSL mode changes to: 0\n"
+               "target-coordinates-offset=3,4|> 10000(3, 4)\ntarget-coordinates-offset=0,4|> 10000(0, 4)\n"
+               "target-coordinates-offset=0,0|> 10000(0, 0)\ntarget-coordinates-offset=-1,0|> 10000(-1, 0)\n"
+               "target-coordinates-offset=-1,-1|> 10000(-1, -1)\ndualSensorAbnormal=0|> 80000(0, 0)\n" +
+                   verified("1") + verified("0") + verified("-1") + test("1", "2", "3") +
+                   test("0", "2", "3") + test("0", "0", "3") + test("0", "0", "0") + test("-1", "0", "0") +
+                   test("-1", "-1", "0") + test("-1", "-1", "-1") + lowCapture("7") + lowCapture("0") +
+                   lowCapture("-1") + lowCapture("-7") + focused("8", "08000000") + focused("0", "00000000") +
+                   focused("-1", "ffffffff"),
+               '\n')) {
+        session.play(row);
+        session.play(row.substr(0, row.find('|')));
+    }
+    session.play("dualSensorAbnormal=-5|> 80000(-5, 0)");
+}
+
 TEST(ResultHandlers, TellOthersWithEveryResult) {
     const std::string table = R"(
 hintUser=5,6|I callbackSmartMode() smart snapshot mode: 5 |> 100[65656565 05000000]
+hintUser=256|I callbackSmartMode() smart snapshot mode: 256 |> 100[65656565 00000000]
 hintUser=-254|I callbackSmartMode() smart snapshot mode: -254 |> 100[65656565 02000000]
 hintUser=0,6
 lightPaintingExposureTime=0,1|I processExposureMesure(), set exposure time to APP: 0 s|> 100000(0, 0)
@@ -190,6 +234,12 @@ TEST(ResultHandlers, StoreForCommandsAndRequests) {
     EXPECT_THAT(session.stored(), ElementsAre(-300, INT32_MIN, 254, 0));
     session.play("needLcdCompensate=255,1");
     EXPECT_THAT(session.stored(), ElementsAre(-300, INT32_MIN, 254, 255));
+    session.play("focusVcmValue=0 qz-af-mmi-contrast-value=0 qz-otp-check=0 needLcdCompensate=0");
+    EXPECT_THAT(session.stored(), ElementsAre(0, 0, 0, 0));
+    session.play("focusVcmValue=-1 qz-af-mmi-contrast-value=-1 qz-otp-check=-1");
+    EXPECT_THAT(session.stored(), ElementsAre(-1, -1, 255, 0));
+    session.play("qz-otp-check=256");
+    EXPECT_THAT(session.stored(), ElementsAre(-1, -1, 0, 0));
 }
 
 TEST(ResultHandlers, PassOverOtherCountsAndTypes) {

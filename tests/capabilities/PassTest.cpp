@@ -142,6 +142,18 @@ TEST(CapabilityPass, RunsAgainOverAChangedDevice) {
     EXPECT_EQ(device.stored(), "1 0 1 0 2 0 0 0 [1x1] []");
     EXPECT_STREQ(device.parameters.get("sub-picture-size-values"), "");
     EXPECT_STREQ(device.parameters.get("super-resolution-picture-size-values"), "1x1");
+
+    // 0 overwrites, too; a negative number of previews is none.
+    device.has("qz-quickthumbnail-size", I{0});
+    device.has("qz-slow-jpeg-mode-threshold", L{0});
+    device.has("qz-insert-preview-count-in-burst", I{-4});
+    device.has("highVideoCallbackThresholdSupported", B{0});
+    device.publish();
+    EXPECT_EQ(device.stored(), "0 0 0 0 0 0 0 0 [1x1] []");
+    device.has("qz-quickthumbnail-size", I{-1});
+    device.has("qz-slow-jpeg-mode-threshold", L{-1});
+    device.publish();
+    EXPECT_EQ(device.stored(), "-1 -1 0 0 0 0 0 0 [1x1] []");
 }
 
 TEST(CapabilityPass, StoresBeforeOrAfterItPublishes) {

@@ -90,6 +90,7 @@ TEST_F(CameraQzSendCmdTest, HandsEachContrastOutOnce) {
                 {0xC0000010, 0x10, "1 FocusContrastValue c0000010"},
                 {0xBFFFFFFF, 0x3FFFFFFF, "-1 FocusContrastValue bfffffff"},
                 {0x00000000, 0, "-2 FocusContrastValue 0"},
+                {0x00000007, -1, ""},
                 {0xFFFFFFFF, -1, ""}};  // a counter of its own, but still none
     for (const auto& row : rows) {
         TestPeer::setContrast(mCamera.translator(), row.contrast);

@@ -57,10 +57,12 @@ TEST(CCameraQzParam, AnswersWithoutAPass) {
     translator.getQzPostKey(first, second);
     EXPECT_STREQ(first, "qz-image-post-process");
     EXPECT_STREQ(second, "qz-qzcamera-flag");
-    (translator.*TestPeer::otpTestResult).set(255);
-    translator.getOTPtestResult(first, text);
-    EXPECT_THAT((std::vector<std::string>{first, text.c_str(), camera.parameters.get("qz-otp-check")}),
-                ElementsAre("qz-otp-check", "255", "255"));
+    for (const uint8_t result : {uint8_t{255}, uint8_t{0}}) {
+        (translator.*TestPeer::otpTestResult).set(result);
+        translator.getOTPtestResult(first, text);
+        EXPECT_THAT((std::vector<std::string>{first, text.c_str(), camera.parameters.get("qz-otp-check")}),
+                    ElementsAre("qz-otp-check", std::to_string(result), std::to_string(result)));
+    }
     translator.*TestPeer::extParam = nullptr;
     text = "untouched";
     translator.getOTPtestResult(first = nullptr, text);
@@ -71,7 +73,7 @@ TEST(CCameraQzParam, AnswersWithoutAPass) {
     translator.*TestPeer::panorama2D = true;
     EXPECT_TRUE(translator.getPanorama2DMode());
     // Whether the device asks for the recording state, what the host reports, and the answer.
-    for (const Row& row : rowsOf("0|1|0 1|0|0 1|1|1 0|0|0 1|-|1")) {
+    for (const Row& row : rowsOf("0|1|0 1|0|0 1|1|1 0|0|0 1|-|1 1|0|0")) {
         translator.*TestPeer::requireVideoStatus = row[0] == "1";
         if (row[1] != "-") translator.qzUpdateRecordingState(row[1] == "1");
         EXPECT_EQ(translator.qzIsRecording(), row[2] == "1");

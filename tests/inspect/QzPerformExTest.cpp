@@ -278,6 +278,9 @@ TEST_F(QzPerformExTest, SkipsBuffersBySizeAndFormat) {
     EXPECT_EQ(skipRound(640, 480, -1), found("640 x 480", "0"));
     EXPECT_EQ(skipRound(320, 240), found("320 x 240", "0"));
     EXPECT_EQ(skipRound(4000, 3000), found("4000 x 3000", "1"));
+    mInspector->setInfo(nullptr);  // keeps the other
+    mLog.take();
+    EXPECT_EQ(skipRound(4000, 3000), found("4000 x 3000", "1"));
 }
 
 TEST_F(QzPerformExTest, TellsWhyItSkipsOrNot) {

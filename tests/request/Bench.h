@@ -125,8 +125,8 @@ class Bench {
         property_set(key.c_str(), text.c_str());
     }
 
-    // What comes of a setter or of the pass "paramToMetaData": a status that is not 0, the entries, and the
-    // translator's and its adapter's log as "I text" and "E text".
+    // What comes of a setter, of "takeBurstCapture" or of the pass "paramToMetaData": a status that is not 0,
+    // the entries, and the translator's and its adapter's log as "I text" and "E text".
     std::string call(const std::string& setter, const Declarations& tags) {
         const VendorTags device(tags);
         if (!mArray.empty()) camera.info.update(tagOf(kArray), mArray.data(), mArray.size());

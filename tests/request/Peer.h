@@ -22,7 +22,7 @@ struct TestPeer {
         return names;
     }
 
-    // One of them, or the whole pass.
+    // One of them, a step without an entry, or the whole pass.
     static status_t call(C& of, const std::string& setter, android::CameraMetadata* request) {
         return setter == "paramToMetaData" ? of.paramToMetaData(request)
                                            : runSetter(of, setter.c_str(), request);

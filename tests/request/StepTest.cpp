@@ -88,6 +88,33 @@ TEST(Step, StateChangesExactlyWhenItMay) {
             | mPanorama2DMode: 1)");
 }
 
+TEST(Step, ValuesComeBackToNothing) {
+    play(R"(
+    setSensorExposureTime sensorExposureTime:i proExposureTime:r
+        qz-sensor-exposure-time=2 ++ -> sensorExposureTime=2000000 | proExposureTime=2/1
+            | mSensorExposureTime: 2000000
+        qz-sensor-exposure-time=auto ++ -> sensorExposureTime=0 | proExposureTime=0/1 | mSensorExposureTime: 0
+        qz-sensor-exposure-time=-1 ++ -> sensorExposureTime=-1000000 | proExposureTime=-1/1
+            | mSensorExposureTime: -1000000
+    setQzVideoFPS qz-video-fps:i
+        qz-video-fps=120 + -> qz-video-fps=120 | mVideoFps: 120
+        qz-video-fps=0 + -> qz-video-fps=0 | mVideoFps: 0
+        qz-video-fps=-2 + -> qz-video-fps=-2 | mVideoFps: -2
+    takeBurstCapture
+        burst-capture=3 + -> mBurstCapture: 3
+        burst-capture=0 + -> mBurstCapture: 0
+        burst-capture=-1 + -> mBurstCapture: -1
+    setFaceBeautyForChat faceBeautyMode:b faceBeautyLevel:i
+        @flag=1;qz-face-beauty-preview-only=on ++ -> faceBeautyMode=1 | faceBeautyLevel=7
+            | I ~(), open face beauty for chatting, mode: on, call back flag: 0x1
+        @flag=0 ++ ->
+    resetVideoStabilization
+        video-stabilization=true;@client=com.snapchat.android + -> videoStabilizationMode=0
+            | I ~(), ignore 'com.snapchat.android' 'com.snapchat.android' video stabilization by prop.
+            | I ~(), force close video stabilization.
+        @client= + ->)");
+}
+
 TEST(Step, TwoEntriesStopAtTheFirstFailure) {
     // The height's name has no section: "panorama2D" with tag "eight" is one that it matches by chance.
     play(R"(
