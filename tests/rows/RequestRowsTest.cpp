@@ -1,0 +1,253 @@
+// Every row of the request pass, and every function behind one, does what its row states and nothing else.
+#include "request/Parameters.h"
+
+#include "RecordingHost.h"
+#include "request/RequestPass.h"
+#include "support/Lines.h"
+
+#include <cutils/properties.h>
+#include <gtest/gtest.h>
+
+namespace qz {
+
+struct TestPeer {
+    static void setLightPainting(CCameraQzParam& camera, uint8_t mode) { camera.mLightPaintingMode = mode; }
+};
+
+namespace test {
+namespace {
+
+using Texts = std::vector<std::string>;
+constexpr char kAbsent[] = "";
+
+// Values that take the function through all of its branches between them.
+Texts samplesOf(const Parameter& row, const KeyRow& key) {
+    switch (key.form) {
+        case KeyRow::Form::number:
+            return {"7"};
+        case KeyRow::Form::decimal:
+        case KeyRow::Form::seconds:
+            return {"0.5"};
+        case KeyRow::Form::pair:
+            return {"4000x3000"};
+        case KeyRow::Form::point:
+            return {"3,4"};
+        case KeyRow::Form::name:
+            return {"raw"};
+        case KeyRow::Form::tuple: {
+            std::string text = "(1";
+            for (int i = 2; i <= key.numbers; ++i) text += "," + std::to_string(i);
+            return {text + ")"};
+        }
+        case KeyRow::Form::word:
+            break;
+    }
+    Texts words;
+    const bool isFirst = &key == row.keys.begin();
+    if (row.conversion.vocabulary == nullptr) return {"on"};
+    if (!isFirst) return {kAbsent};
+    for (const Word& word : row.conversion.vocabulary->words) words.emplace_back(word.text);
+    words.emplace_back("no such word");
+    return words;
+}
+
+// The setter of one row, over a fresh camera on a device that declares the row's tags but `missing`.
+class Trial {
+  public:
+    explicit Trial(const Parameter& row, const std::string& missing = "")
+        : mRow(row), mTags(declarations(row, missing)), host(new RecordingHost) {
+        mCamera = CreateCameraQzParam(host.get());
+        mCamera->setCallBackFlag(1);
+        for (const char* property : row.properties) property_set(property, "0");
+        if (std::string(row.setter) == "resetVideoStabilization") property_set(row.properties[0], "1");
+        for (const EntryRow& entry : row.uses) host->statics[entry.tag] = someElements(entry, 2);
+        openGates();
+    }
+    ~Trial() {
+        for (const char* property : mRow.properties) property_set(property, "");
+    }
+    Trial(const Trial&) = delete;
+    Trial& operator=(const Trial&) = delete;
+
+    void openGates() { TestPeer::setLightPainting(*mCamera, 1); }
+    void closeLightPainting() { TestPeer::setLightPainting(*mCamera, 0); }
+
+    status_t run() {
+        android::CameraMetadata request;
+        return runSetter(*mCamera, mRow.setter, &request);
+    }
+
+    // Runs it with each combination of samples, all keys advancing together.
+    void runAll() {
+        size_t runs = 1;
+        for (const KeyRow& key : mRow.keys) runs = std::max(runs, samplesOf(mRow, key).size());
+        for (size_t i = 0; i < runs; ++i) {
+            for (const KeyRow& key : mRow.keys) {
+                const Texts samples = samplesOf(mRow, key);
+                const std::string& sample = samples[i % samples.size()];
+                host->parameters.erase(key.name);
+                if (sample != kAbsent) host->parameters[key.name] = sample;
+            }
+            run();
+        }
+    }
+
+  private:
+    static Declarations declarations(const Parameter& row, const std::string& missing) {
+        Declarations all;
+        for (const EntryRow& entry : row.entries) {
+            if (isVendor(entry) && entry.tag != missing) all.emplace_back(entry.tag, entry.type);
+        }
+        for (const EntryRow& entry : row.uses) {
+            if (isVendor(entry) && entry.tag != missing) all.emplace_back(entry.tag, entry.type);
+        }
+        // Sections of which only the wanted tag is missing.
+        all.emplace_back(capture("other"), TYPE_BYTE);
+        all.emplace_back(capability("other"), TYPE_BYTE);
+        return all;
+    }
+
+    const Parameter& mRow;
+    VendorTags mTags;
+    android::sp<CCameraQzParam> mCamera;
+
+  public:
+    android::sp<RecordingHost> host;
+};
+
+// The one name that the library looks up without a section; no device can declare it.
+bool isLookedUpInVain(const EntryRow& entry) { return std::string(entry.tag).find('.') == std::string::npos; }
+
+std::set<std::string> namesOf(const Parameter& row, KeyRow::As as) {
+    std::set<std::string> names;
+    for (const KeyRow& key : row.keys) {
+        if (key.as == as || key.as == KeyRow::As::textAndInteger) names.insert(key.name);
+    }
+    return names;
+}
+
+TEST(RequestRow, AsksItsKeysAndNoOther) {
+    for (const Parameter& row : kParameters) {
+        SCOPED_TRACE(row.setter);
+        Trial trial(row);
+        trial.runAll();
+        EXPECT_EQ(trial.host->askedAsText, namesOf(row, KeyRow::As::text));
+        EXPECT_EQ(trial.host->askedAsInteger, namesOf(row, KeyRow::As::integer));
+    }
+}
+
+TEST(RequestRow, ReadsItsStaticEntriesAndNoOther) {
+    for (const Parameter& row : kParameters) {
+        SCOPED_TRACE(row.setter);
+        Trial trial(row);
+        trial.runAll();
+        std::set<std::string> read;
+        for (const auto& [tag, minimum] : trial.host->minimums) read.insert(tag);
+        std::set<std::string> stated;
+        for (const EntryRow& entry : row.uses) stated.insert(entry.tag);
+        EXPECT_EQ(read, stated);
+    }
+}
+
+TEST(RequestRow, WritesItsEntriesInOrderAndNoOther) {
+    for (const Parameter& row : kParameters) {
+        SCOPED_TRACE(row.setter);
+        Trial trial(row);
+        trial.runAll();
+        std::vector<std::string> inOrder;
+        for (const Written& written : trial.host->written) {
+            const auto* stated =
+                std::find_if(row.entries.begin(), row.entries.end(),
+                             [&](const EntryRow& entry) { return entry.tag == written.tag; });
+            ASSERT_NE(stated, row.entries.end()) << written.tag;
+            EXPECT_EQ(written.type, stated->type) << written.tag;
+            EXPECT_TRUE(stated->allows(written.count)) << written.tag << ' ' << written.count;
+            const bool isNew = std::find(inOrder.begin(), inOrder.end(), written.tag) == inOrder.end();
+            if (isNew) inOrder.push_back(written.tag);
+        }
+        std::vector<std::string> stated;
+        for (const EntryRow& entry : row.entries) {
+            if (!isLookedUpInVain(entry)) stated.emplace_back(entry.tag);
+        }
+        EXPECT_EQ(inOrder, stated);
+    }
+}
+
+TEST(RequestRow, WritesNothingForAbsentKeys) {
+    for (const Parameter& row : kParameters) {
+        SCOPED_TRACE(row.setter);
+        Trial trial(row);
+        EXPECT_EQ(trial.run(), android::OK);
+        // The one entry of every request.
+        EXPECT_EQ(trial.host->written.size(), std::string(row.setter) == "setMMILowLightSensor" ? 1U : 0U);
+    }
+}
+
+TEST(RequestRow, LooksEachTagUpAndLeavesOutAnUndeclaredOne) {
+    for (const Parameter& row : kParameters) {
+        for (const EntryRow& entry : row.entries) {
+            if (!isVendor(entry)) continue;
+            SCOPED_TRACE(std::string(row.setter) + " without " + entry.tag);
+            Trial trial(row, entry.tag);
+            LogCapture log;
+            trial.runAll();
+            const std::string name = std::string(entry.tag).substr(std::string(entry.tag).rfind('.') + 1);
+            bool lookedUp = false;
+            for (const LogLine& line : log.take()) lookedUp |= line.text.find(name) != std::string::npos;
+            EXPECT_TRUE(lookedUp);
+            for (const Written& written : trial.host->written) EXPECT_NE(written.tag, entry.tag);
+        }
+    }
+}
+
+TEST(RequestRow, ReportsARefusedUpdateInItsWords) {
+    for (const Parameter& row : kParameters) {
+        for (const EntryRow& entry : row.entries) {
+            if (isLookedUpInVain(entry)) continue;
+            SCOPED_TRACE(std::string(row.setter) + ", " + entry.tag);
+            Trial trial(row);
+            trial.host->refused.insert(entry.tag);
+            LogCapture log;
+            trial.runAll();
+            int reported = 0;
+            for (const LogLine& line : log.take("CameraQzParam")) {
+                if (!isPrintedAs(entry.refused, line.text) || line.priority != ANDROID_LOG_ERROR) continue;
+                EXPECT_EQ(line.text.rfind(row.setter, 0), 0U) << line.text;
+                EXPECT_NE(line.text.find("-38"), std::string::npos) << line.text;
+                ++reported;
+            }
+            EXPECT_GT(reported, 0);
+        }
+    }
+}
+
+TEST(RequestRow, AsksNothingWhileItsGateIsClosed) {
+    for (const Parameter& row : kParameters) {
+        if (!row.gated(Gate::lightPainting)) continue;
+        SCOPED_TRACE(row.setter);
+        Trial trial(row);
+        trial.closeLightPainting();
+        trial.runAll();
+        EXPECT_EQ(trial.host->asked(), std::set<std::string>());
+    }
+}
+
+TEST(RequestRow, PrintsItsInformationLineBeforeTheUpdate) {
+    for (const Parameter& row : kParameters) {
+        if (row.information == nullptr) continue;
+        SCOPED_TRACE(row.setter);
+        Trial trial(row);
+        trial.host->refused.insert(row.entries[0].tag);
+        LogCapture log;
+        trial.runAll();
+        const std::vector<LogLine> lines = log.take("CameraQzParam");
+        ASSERT_GE(lines.size(), 2U);
+        EXPECT_TRUE(isPrintedAs(row.information, lines[0].text)) << lines[0].text;
+        EXPECT_EQ(lines[0].priority, ANDROID_LOG_INFO);
+        EXPECT_TRUE(isPrintedAs(row.refused(), lines[1].text)) << lines[1].text;
+    }
+}
+
+}  // namespace
+}  // namespace test
+}  // namespace qz
