@@ -1,10 +1,10 @@
-#include "Check.h"
+#include "verdict/Check.h"
 
-#include "BuiltIn.h"
-#include "DumpParser.h"
-#include "Features.h"
-#include "Survey.h"
 #include "Tool.h"
+#include "device/BuiltIn.h"
+#include "device/DumpParser.h"
+#include "facts/Features.h"
+#include "facts/Survey.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -1,11 +1,11 @@
 // The list of tags that `check` goes by, held against what full passes look up. The host here knows no list:
 // it answers whatever it is asked, and hears from the log which names the device does not declare.
-#include "BuiltIn.h"
-#include "Check.h"
-#include "DumpParser.h"
-#include "LogCapture.h"
-#include "Survey.h"
-#include "Trace.h"
+#include "device/BuiltIn.h"
+#include "device/DumpParser.h"
+#include "facts/Survey.h"
+#include "host/LogCapture.h"
+#include "host/Trace.h"
+#include "verdict/Check.h"
 
 #include <CameraQzCallBack.h>
 #include <CameraQzSendCmd.h>

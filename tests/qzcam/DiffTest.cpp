@@ -1,7 +1,7 @@
-#include "Diff.h"
+#include "cli/Diff.h"
 
-#include "BuiltIn.h"
 #include "Tool.h"
+#include "device/BuiltIn.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -1,6 +1,6 @@
-#include "DumpParser.h"
+#include "device/DumpParser.h"
 
-#include "BuiltIn.h"
+#include "device/BuiltIn.h"
 
 #include <camera/CameraMetadata.h>
 #include <camera/VendorTagDescriptor.h>

@@ -1,7 +1,7 @@
-#include "Explanation.h"
+#include "verdict/Explanation.h"
 
-#include "BuiltIn.h"
-#include "DumpParser.h"
+#include "device/BuiltIn.h"
+#include "device/DumpParser.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

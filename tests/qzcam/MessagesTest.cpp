@@ -1,4 +1,4 @@
-#include "Messages.h"
+#include "host/Messages.h"
 
 #include <gtest/gtest.h>
 

@@ -1,13 +1,13 @@
 // What programs and other tools read: JSON lines, JUnit XML, columns; and the filters of the log.
-#include "JUnit.h"
-#include "JsonPrinter.h"
-#include "LogFilter.h"
-#include "Monitor.h"
-#include "ParameterText.h"
-#include "Printer.h"
-#include "Text.h"
-#include "WriteAll.h"
 #include "Xml.h"
+#include "base/Text.h"
+#include "base/WriteAll.h"
+#include "device/ParameterText.h"
+#include "host/LogFilter.h"
+#include "output/JUnit.h"
+#include "output/JsonPrinter.h"
+#include "output/Monitor.h"
+#include "output/Printer.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

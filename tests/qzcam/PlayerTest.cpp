@@ -1,8 +1,8 @@
-#include "Player.h"
+#include "session/Player.h"
 
-#include "Assignment.h"
-#include "BuiltIn.h"
-#include "DumpParser.h"
+#include "device/BuiltIn.h"
+#include "device/DumpParser.h"
+#include "session/Assignment.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -1,7 +1,7 @@
-#include "Reference.h"
+#include "facts/Reference.h"
 
-#include "Survey.h"
 #include "Tool.h"
+#include "facts/Survey.h"
 
 #include <CameraQzSendCmd.h>
 

@@ -1,9 +1,9 @@
-#include "Run.h"
+#include "cli/Run.h"
 
-#include "BuiltIn.h"
-#include "Input.h"
 #include "Tool.h"
 #include "Xml.h"
+#include "base/Input.h"
+#include "device/BuiltIn.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-#include "Session.h"
+#include "session/Session.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

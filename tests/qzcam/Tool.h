@@ -1,7 +1,7 @@
 // The whole tool, from its command line to its exit status.
 #pragma once
 
-#include "Cli.h"
+#include "cli/Cli.h"
 
 #include <gtest/gtest.h>
 #include <unistd.h>

@@ -1,7 +1,7 @@
-#include "Values.h"
+#include "base/Values.h"
 
-#include "Properties.h"
-#include "Text.h"
+#include "base/Text.h"
+#include "device/Properties.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -1,9 +1,9 @@
-#include "Verdicts.h"
+#include "verdict/Verdicts.h"
 
-#include "BuiltIn.h"
-#include "DumpParser.h"
-#include "EventWords.h"
-#include "Player.h"
+#include "device/BuiltIn.h"
+#include "device/DumpParser.h"
+#include "host/EventWords.h"
+#include "session/Player.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

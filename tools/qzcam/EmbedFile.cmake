@@ -3,7 +3,7 @@
 file(READ "${INPUT}" hex HEX)
 string(REGEX REPLACE "(................................)" "\\1\n" hex "${hex}")
 string(REGEX REPLACE "([0-9a-f][0-9a-f])" "0x\\1," bytes "${hex}")
-file(WRITE "${OUTPUT}" "#include \"BuiltIn.h\"
+file(WRITE "${OUTPUT}" "#include \"device/BuiltIn.h\"
 
 namespace qzcam {
 

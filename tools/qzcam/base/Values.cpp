@@ -1,0 +1,256 @@
+#include "base/Values.h"
+
+#include "base/Text.h"
+
+#include <fmt/format.h>
+#include <host/StandardTags.h>
+#include <utils/String16.h>
+
+#include <algorithm>
+#include <charconv>
+#include <cstring>
+#include <limits>
+
+namespace qzcam {
+
+namespace {
+
+constexpr size_t kShortestText = 4;
+
+template <typename T>
+bool append(Values& values, T element) {
+    const size_t end = values.bytes.size();
+    values.bytes.resize(end + sizeof(element));
+    std::memcpy(values.bytes.data() + end, &element, sizeof(element));
+    ++values.count;
+    return true;
+}
+
+template <typename T>
+T elementAt(const Values& values, size_t index) {
+    T element{};
+    std::memcpy(&element, values.bytes.data() + index * sizeof(element), sizeof(element));
+    return element;
+}
+
+// A hexadecimal number may be the bit pattern of a negative one.
+template <typename T>
+std::optional<T> integerOf(std::string_view text) {
+    const auto number = parseInteger(text);
+    const bool pattern = startsWith(text, "0x");
+    const int64_t highest = pattern ? int64_t{std::numeric_limits<std::make_unsigned_t<T>>::max()}
+                                    : int64_t{std::numeric_limits<T>::max()};
+    if (!number || *number < std::numeric_limits<T>::min() || *number > highest) return std::nullopt;
+    return static_cast<T>(*number);
+}
+
+template <typename T>
+std::optional<T> realOf(std::string_view text) {
+    T number{};
+    const char* end = text.data() + text.size();
+    const auto [stop, error] = std::from_chars(text.data(), end, number);
+    return error == std::errc{} && stop == end ? std::optional<T>(number) : std::nullopt;
+}
+
+std::optional<camera_metadata_rational_t> rationalOf(std::string_view text) {
+    const size_t slash = text.find('/');
+    if (slash == std::string_view::npos) return std::nullopt;
+    const auto numerator = integerOf<int32_t>(trimmed(text.substr(0, slash)));
+    const auto denominator = integerOf<int32_t>(trimmed(text.substr(slash + 1)));
+    if (!numerator || !denominator) return std::nullopt;
+    return camera_metadata_rational_t{*numerator, *denominator};
+}
+
+template <typename T>
+bool appendIf(Values& values, const std::optional<T>& element) {
+    return element && append(values, *element);
+}
+
+bool appendNumber(Values& values, std::string_view text) {
+    switch (values.type) {
+        case TYPE_BYTE:
+            return appendIf(values, integerOf<uint8_t>(text));
+        case TYPE_INT32:
+            return appendIf(values, integerOf<int32_t>(text));
+        case TYPE_INT64:
+            return appendIf(values, parseInteger(text));
+        case TYPE_FLOAT:
+            return appendIf(values, realOf<float>(text));
+        case TYPE_DOUBLE:
+            return appendIf(values, realOf<double>(text));
+        case TYPE_RATIONAL:
+            return appendIf(values, rationalOf(text));
+        default:
+            return false;
+    }
+}
+
+void appendBytes(Values& values, const void* data, size_t size) {
+    const auto* bytes = static_cast<const uint8_t*>(data);
+    values.bytes.insert(values.bytes.end(), bytes, bytes + size);
+    values.count += size;
+}
+
+// "abc" or u"abc" at the start of the list.
+bool takeText(Values& values, std::string_view& list) {
+    const bool wide = list.front() == 'u';
+    if (wide) list.remove_prefix(1);
+    const auto text = takeQuoted(list);
+    if (!text || values.type != TYPE_BYTE) return false;
+    if (wide) {
+        const android::String16 utf16(text->data(), text->size());
+        appendBytes(values, utf16.string(), utf16.size() * sizeof(char16_t));
+    } else {
+        appendBytes(values, text->data(), text->size());
+    }
+    return true;
+}
+
+bool takeElement(Values& values, uint32_t tag, std::string_view& list) {
+    list = list.substr(std::min(list.find_first_not_of(' '), list.size()));
+    if (startsWith(list, "\"") || startsWith(list, "u\"")) return takeText(values, list);
+    const size_t end = std::min(list.find(','), list.size());
+    const std::string_view element = trimmed(list.substr(0, end));
+    list.remove_prefix(end);
+    return appendElement(values, tag, element);
+}
+
+std::string elementText(const Values& values, size_t index) {
+    switch (values.type) {
+        case TYPE_BYTE:
+            return fmt::to_string(elementAt<uint8_t>(values, index));
+        case TYPE_INT32:
+            return fmt::to_string(elementAt<int32_t>(values, index));
+        case TYPE_INT64:
+            return fmt::to_string(elementAt<int64_t>(values, index));
+        case TYPE_FLOAT:
+            return fmt::to_string(elementAt<float>(values, index));
+        case TYPE_DOUBLE:
+            return fmt::to_string(elementAt<double>(values, index));
+        case TYPE_RATIONAL: {
+            const auto ratio = elementAt<camera_metadata_rational_t>(values, index);
+            return fmt::format("{}/{}", ratio.numerator, ratio.denominator);
+        }
+        default:
+            return "?";
+    }
+}
+
+const char* elementName(const Values& values, uint32_t tag, size_t index) {
+    if (values.type == TYPE_BYTE) return qz::host::nameOfValue(tag, elementAt<uint8_t>(values, index));
+    if (values.type == TYPE_INT32) return qz::host::nameOfValue(tag, elementAt<int32_t>(values, index));
+    return nullptr;
+}
+
+bool isPrintable(uint8_t byte) { return byte >= ' ' && byte <= '~'; }
+
+// The text in a byte entry, of 8-bit or little-endian 16-bit characters with or without terminator. Entries
+// that only happen to print are too short to be taken for a text, mostly.
+std::string textIn(const Values& values, size_t step) {
+    std::string text;
+    const size_t end = values.bytes.size();
+    for (size_t i = 0; i + step <= end; i += step) {
+        const bool last = i + step == end;
+        if (step == 2 && values.bytes[i + 1] != 0) return {};
+        if (values.bytes[i] == 0 && last) break;
+        if (!isPrintable(values.bytes[i])) return {};
+        text += static_cast<char>(values.bytes[i]);
+    }
+    return end % step == 0 && text.size() >= kShortestText ? text : std::string();
+}
+
+}  // namespace
+
+bool appendElement(Values& values, uint32_t tag, std::string_view text) {
+    if (appendNumber(values, text)) return true;
+    const auto named = qz::host::valueOfName(tag, text);
+    return named && appendNumber(values, fmt::to_string(*named));
+}
+
+std::string elementForm(uint8_t type) {
+    switch (type) {
+        case TYPE_BYTE:
+            return "a number from 0 to 255";
+        case TYPE_INT32:
+            return "a number of 32 bits";
+        case TYPE_INT64:
+            return "a number of 64 bits";
+        case TYPE_RATIONAL:
+            return "a rational 'n/d'";
+        default:
+            return "a decimal number";
+    }
+}
+
+std::optional<Values> parseValues(uint8_t type, uint32_t tag, std::string_view list) {
+    Values values{type, 0, {}};
+    while (!list.empty()) {
+        if (!takeElement(values, tag, list)) return std::nullopt;
+        if (list.empty()) break;
+        if (list.front() != ',' || list.size() == 1) return std::nullopt;
+        list.remove_prefix(1);
+    }
+    return values;
+}
+
+std::string toText(const Values& values, uint32_t tag) {
+    std::string text;
+    for (size_t i = 0; i < values.count && i < kMostShown; ++i) {
+        const char* name = elementName(values, tag, i);
+        text += fmt::format("{}{}{}", i == 0 ? "" : " ", elementText(values, i),
+                            name ? fmt::format(" ({})", name) : "");
+    }
+    if (values.count > kMostShown) text += fmt::format(" ... {} more", values.count - kMostShown);
+    if (values.type == TYPE_BYTE) {
+        const std::string narrow = textIn(values, 1);
+        const std::string wide = textIn(values, 2);
+        if (!narrow.empty()) text += fmt::format("  \"{}\"", narrow);
+        if (!wide.empty()) text += fmt::format("  u\"{}\"", wide);
+    }
+    return text;
+}
+
+Values valuesOf(const camera_metadata_ro_entry_t& entry) {
+    Values values{entry.type, entry.count, {}};
+    if (entry.count == 0 || entry.type >= NUM_TYPES) return values;
+    const size_t size = entry.count * camera_metadata_type_size[entry.type];
+    values.bytes.assign(entry.data.u8, entry.data.u8 + size);
+    return values;
+}
+
+namespace {
+
+template <typename T>
+android::status_t updateAs(android::CameraMetadata& metadata, uint32_t tag, const Values& values) {
+    std::vector<T> elements(values.count);
+    if (!elements.empty()) std::memcpy(elements.data(), values.bytes.data(), values.bytes.size());
+    return metadata.update(tag, elements.data(), elements.size());
+}
+
+}  // namespace
+
+android::status_t update(android::CameraMetadata& metadata, uint32_t tag, const Values& values) {
+    switch (values.type) {
+        case TYPE_BYTE:
+            return updateAs<uint8_t>(metadata, tag, values);
+        case TYPE_INT32:
+            return updateAs<int32_t>(metadata, tag, values);
+        case TYPE_FLOAT:
+            return updateAs<float>(metadata, tag, values);
+        case TYPE_INT64:
+            return updateAs<int64_t>(metadata, tag, values);
+        case TYPE_DOUBLE:
+            return updateAs<double>(metadata, tag, values);
+        case TYPE_RATIONAL:
+            return updateAs<camera_metadata_rational_t>(metadata, tag, values);
+        default:
+            return android::BAD_TYPE;
+    }
+}
+
+std::string typeAndCount(const Values& values) {
+    const char* type = values.type < NUM_TYPES ? camera_metadata_type_names[values.type] : "unknown";
+    return fmt::format("{}[{}]", type, values.count);
+}
+
+}  // namespace qzcam

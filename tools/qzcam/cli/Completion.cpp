@@ -1,0 +1,231 @@
+#include "cli/Completion.h"
+
+#include "base/Text.h"
+#include "cli/Queries.h"
+#include "facts/Reference.h"
+#include "facts/Vocabulary.h"
+#include "host/EventWords.h"
+#include "host/Messages.h"
+#include "session/Session.h"
+
+#include <fmt/format.h>
+#include <host/StandardTags.h>
+
+#include <algorithm>
+#include <utility>
+
+namespace qzcam {
+
+namespace {
+
+using Names = std::set<std::string>;
+
+constexpr int32_t kHighestNamedValue = 255;
+
+Suggestions among(const Names& names, size_t begin, std::string_view typed, const char* after) {
+    Suggestions suggestions{begin, {}, after};
+    for (auto name = names.lower_bound(std::string(typed)); name != names.end(); ++name) {
+        if (!startsWith(*name, typed)) break;
+        if (visible(*name) != *name) continue;  // the terminal cannot take it
+        suggestions.texts.push_back(*name);
+    }
+    return suggestions;
+}
+
+// "a, b or c", as messages list words.
+Names wordsIn(std::string_view list) {
+    Names words;
+    while (!trimmed(list).empty()) {
+        std::string_view word = takeWord(list);
+        if (endsWith(word, ",")) word.remove_suffix(1);
+        if (word != "or") words.emplace(word);
+    }
+    return words;
+}
+
+Names queryNames() {
+    Names names;
+    for (const QuerySpec& syntax : querySpecs()) names.emplace(syntax.name);
+    return names;
+}
+
+// The words of a command's form, one for each argument; the last ones may come again and again.
+class Slots {
+  public:
+    explicit Slots(std::string_view arguments) {
+        size_t group = 0;
+        while (!trimmed(arguments).empty()) {
+            std::string_view slot = takeWord(arguments);
+            if (startsWith(slot, "[")) {
+                group = mSlots.size();
+                slot.remove_prefix(1);
+            }
+            const bool repeats = endsWith(slot, "...") || endsWith(slot, "...]");
+            if (repeats) mRepeated = endsWith(slot, "]...") ? group : mSlots.size();
+            while (endsWith(slot, ".") || endsWith(slot, "]")) slot.remove_suffix(1);
+            mSlots.emplace_back(slot);
+        }
+    }
+
+    std::string at(size_t index) const {
+        if (index < mSlots.size()) return mSlots[index];
+        if (mRepeated >= mSlots.size()) return {};
+        return mSlots[mRepeated + (index - mRepeated) % (mSlots.size() - mRepeated)];
+    }
+
+  private:
+    std::vector<std::string> mSlots;
+    size_t mRepeated = SIZE_MAX;
+};
+
+}  // namespace
+
+struct Completion::Place {
+    std::vector<std::string> before;  // the words before, the command first
+    std::string slot;                 // what the command's form says
+    size_t begin;                     // of the word
+    std::string_view typed;           // of the word
+
+    const std::string& command() const { return before.front(); }
+};
+
+Completion::Completion(const Device& device, const std::vector<CommandForm>& more)
+    : mTagNames(device.vendorTags) {
+    for (const CommandSpec& syntax : commandSpecs()) mForms.emplace(syntax.name, syntax.arguments);
+    for (const CommandForm& form : more) mForms.emplace(form.name, form.arguments);
+    for (const auto& [name, arguments] : mForms) mCommands.insert(name);
+    for (std::string& name : mTagNames.fullNames()) mFullTags.insert(std::move(name));
+    for (const Tag& tag : device.vendorTags) {
+        if (std::holds_alternative<const Tag*>(mTagNames.resolve(tag.name))) mShortTags.insert(tag.name);
+    }
+}
+
+// One that the application sets.
+void Completion::addKey(const std::string& key) {
+    mValues[key];
+    mKeyNames.insert(key);
+}
+
+void Completion::addValue(const std::string& key, const std::string& value) {
+    addKey(key);
+    if (!value.empty()) mValues[key].insert(value);
+}
+
+void Completion::learn(const Reference& reference) {
+    for (const ParameterDoc& parameter : reference.parameters) {
+        addKey(parameter.key);
+        for (const Mapping& word : parameter.words) addValue(parameter.key, word.from);
+    }
+    for (const PublishedDoc& published : reference.published) {
+        if (!published.key.empty()) mKeyNames.insert(published.key);
+    }
+    for (const CommandDoc& command : reference.commands)
+        mCommandNumbers.insert(std::to_string(command.number));
+    for (const PropertyDoc& property : reference.properties) mProperties.insert(property.name);
+}
+
+void Completion::learn(const Event& event) {
+    if (const auto* published = std::get_if<PublishEvent>(&event)) learnRows(published->rows);
+    if (const auto* parameters = std::get_if<ParamsEvent>(&event)) learnRows(parameters->rows);
+}
+
+void Completion::learnRows(const std::vector<ParamRow>& rows) {
+    constexpr std::string_view kList = "-values";
+    for (const ParamRow& row : rows) {
+        mKeyNames.insert(row.key);
+        if (!endsWith(row.key, kList)) continue;
+        const std::string key = row.key.substr(0, row.key.size() - kList.size());
+        for (const std::string_view value : split(row.value, ',')) addValue(key, std::string(value));
+    }
+}
+
+Suggestions Completion::at(std::string_view line) const {
+    Place place{{}, {}, 0, {}};
+    const size_t wordBegin = line.find_last_of(" \t") + 1;  // 0 when there is none
+    std::string_view before = trimmed(line.substr(0, wordBegin));
+    while (!before.empty()) place.before.emplace_back(takeWord(before));
+    place.begin = wordBegin;
+    place.typed = line.substr(wordBegin);
+    if (place.before.empty()) return among(mCommands, place.begin, place.typed, " ");
+    const auto form = mForms.find(place.command());
+    if (form == mForms.end()) return {};
+    place.slot = Slots(form->second).at(place.before.size() - 1);
+    return in(place);
+}
+
+Suggestions Completion::in(const Place& place) const {
+    if (place.slot == "KEY=VALUE;KEY=VALUE") return parameterPairs(place);
+    if (place.slot == "NAME=VALUES") return tagAssignment(place);
+    if (place.slot == "VALUES") return tagValues(place.before.back(), place.begin, place.typed);
+    return among(namesFor(place), place.begin, place.typed, " ");
+}
+
+Completion::Names Completion::namesFor(const Place& place) const {
+    const std::string& slot = place.slot;
+    const bool isWord = !slot.empty() && slot.front() >= 'a' && slot.front() <= 'z';
+    if (isWord) {
+        Names words;
+        for (const std::string_view word : split(slot, '|')) words.emplace(word);
+        return words;
+    }
+    if (slot == "COMMAND") return mCommands;
+    if (slot == "KEY") return mKeyNames;
+    if (slot == "VALUE") return valuesOf(place.before.back());
+    if (slot == "NAME") return place.command() == "setprop" ? mProperties : tags(place.typed);
+    if (slot == "WHAT") return queryNames();
+    if (slot == "ARGUMENT" && place.before.back() == "ext-scene") return valuesOf("scene-mode");
+    if (slot == "FORMAT") return wordsIn(pixelFormatNames());
+    if (slot == "LEVEL" && place.command() != "inspect") return wordsIn(kLogLevels);
+    if (slot == "VERDICT") return wordsIn(verdictWords());
+    if (slot == "CODE") {
+        return place.command() == "expect-callback" ? wordsIn(messageNames()) : mCommandNumbers;
+    }
+    return {};
+}
+
+Completion::Names Completion::valuesOf(const std::string& key) const {
+    const auto found = mValues.find(key);
+    return found == mValues.end() ? Names() : found->second;
+}
+
+Suggestions Completion::parameterPairs(const Place& place) const {
+    const size_t pair = place.typed.rfind(';') + 1;  // 0 when there is none
+    const std::string_view typed = place.typed.substr(pair);
+    const size_t equals = typed.find('=');
+    if (equals != std::string_view::npos) {
+        const std::string key(typed.substr(0, equals));
+        return among(valuesOf(key), place.begin + pair + equals + 1, typed.substr(equals + 1), "");
+    }
+    Names keys;
+    for (const auto& [key, values] : mValues) keys.insert(key);
+    return among(keys, place.begin + pair, typed, "=");
+}
+
+Suggestions Completion::tagAssignment(const Place& place) const {
+    const size_t equals = place.typed.find('=');
+    if (equals == std::string_view::npos) return among(tags(place.typed), place.begin, place.typed, "=");
+    return tagValues(std::string(place.typed.substr(0, equals)), place.begin + equals + 1,
+                     place.typed.substr(equals + 1));
+}
+
+// Only the last of a list is completed.
+Suggestions Completion::tagValues(const std::string& tag, size_t begin, std::string_view typed) const {
+    const auto found = mTagNames.resolve(tag);
+    if (std::holds_alternative<std::string>(found)) return {};
+    Names names;
+    for (int32_t value = 0; value <= kHighestNamedValue; ++value) {
+        const char* name = qz::host::nameOfValue(std::get<const Tag*>(found)->id, value);
+        if (name) names.emplace(name);
+    }
+    const size_t last = typed.rfind(',') + 1;  // 0 when there is none
+    return among(names, begin + last, typed.substr(last), "");
+}
+
+// A device's own names are used without their section; whoever begins to type one is shown whole names.
+Completion::Names Completion::tags(std::string_view typed) const {
+    Names names = mShortTags;
+    if (!typed.empty()) names.insert(mFullTags.begin(), mFullTags.end());
+    return names;
+}
+
+}  // namespace qzcam

@@ -1,0 +1,78 @@
+// What is different between two devices, or between what two sessions do with one.
+#pragma once
+
+#include "base/Values.h"
+#include "device/Device.h"
+#include "session/Session.h"
+
+#include <cstddef>
+#include <map>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace qzcam {
+
+// Something that has a name: a type, a parameter's text, or the values of an entry.
+struct Fact {
+    std::string text;
+    std::optional<Values> values = std::nullopt;  // when `text` shows them
+};
+using Facts = std::map<std::string, Fact>;
+
+struct Request {
+    size_t line;  // of the session
+    Facts entries;
+};
+
+// One side of a comparison.
+struct Portrait {
+    std::string name;
+    Facts tags;          // the vendor tags and their types
+    Facts capabilities;  // the static entries
+    Facts parameters;
+    std::vector<Request> requests;
+};
+
+// The device, what it publishes, and the requests of the session.
+Portrait portraitOf(const Device& device, const Session& session);
+
+// What the session leaves as parameters, and its requests.
+Portrait portraitOf(const Session& session, const Device& device);
+
+struct Difference {
+    std::string name;
+    std::optional<Fact> a;
+    std::optional<Fact> b;
+};
+
+struct Comparison {
+    std::string title;
+    size_t compared;  // names of either side
+    std::vector<Difference> differences;
+};
+
+struct RequestComparison {
+    std::optional<size_t> lineA;  // none: this side makes no such request
+    std::optional<size_t> lineB;
+    Comparison entries;
+};
+
+struct DiffReport {
+    std::string a;
+    std::string b;
+    Comparison tags;
+    Comparison capabilities;
+    Comparison parameters;
+    std::vector<RequestComparison> requests;  // those that differ
+    size_t comparedRequests;
+
+    bool empty() const;
+};
+
+DiffReport compare(const Portrait& a, const Portrait& b);
+
+std::string diffText(const DiffReport& report);
+std::string diffJson(const DiffReport& report);
+
+}  // namespace qzcam

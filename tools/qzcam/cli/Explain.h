@@ -1,0 +1,20 @@
+// `qzcam explain`.
+#pragma once
+
+#include "cli/Cli.h"
+
+#include <string>
+
+namespace qzcam {
+
+struct ExplainOptions {
+    std::string key;
+    std::string device;
+    std::string camera;
+    std::string properties;
+    std::string parameters;
+};
+
+ExitStatus explain(const ExplainOptions& options);
+
+}  // namespace qzcam

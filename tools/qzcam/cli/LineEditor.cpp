@@ -1,0 +1,178 @@
+#include "cli/LineEditor.h"
+
+#include "base/Text.h"
+
+#include <fmt/format.h>
+#include <histedit.h>
+#include <sys/ioctl.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <clocale>
+#include <csignal>
+#include <cstdlib>
+#include <filesystem>
+#include <system_error>
+#include <utility>
+
+namespace qzcam {
+
+namespace {
+
+constexpr int kHistoryLines = 1000;
+constexpr size_t kMostShown = 120;
+constexpr size_t kUsualWidth = 80;
+
+size_t widthOf(std::FILE* terminal) {
+    winsize size{};
+    const bool known = ioctl(fileno(terminal), TIOCGWINSZ, &size) == 0 && size.ws_col > 0;
+    return known ? size.ws_col : kUsualWidth;
+}
+
+std::string commonStart(const std::vector<std::string>& texts) {
+    // Sorted texts have in common what the first and the last have.
+    const std::string& first = texts.front();
+    const std::string& last = texts.back();
+    const auto end = std::mismatch(first.begin(), first.end(), last.begin(), last.end()).first;
+    return {first.begin(), end};
+}
+
+std::string columns(const std::vector<std::string>& texts, size_t width) {
+    const size_t shown = std::min(texts.size(), kMostShown);
+    size_t widest = 0;
+    for (size_t i = 0; i < shown; ++i) widest = std::max(widest, texts[i].size() + 2);
+    const size_t perRow = std::max<size_t>(1, width / widest);
+    const size_t rows = (shown + perRow - 1) / perRow;
+    std::string text;
+    for (size_t row = 0; row < rows; ++row) {
+        std::string line;
+        for (size_t i = row; i < shown; i += rows) line += fmt::format("{:<{}}", texts[i], widest);
+        text.append(line, 0, line.find_last_not_of(' ') + 1).append("\n");
+    }
+    if (texts.size() > shown) text += fmt::format("... and {} more\n", texts.size() - shown);
+    return text;
+}
+
+}  // namespace
+
+std::string historyFile() {
+    const char* state = std::getenv("XDG_STATE_HOME");
+    if (state != nullptr && *state == '/') return std::string(state) + "/qzcam/history";
+    const char* home = std::getenv("HOME");
+    if (home != nullptr && *home == '/') return std::string(home) + "/.local/state/qzcam/history";
+    return {};
+}
+
+LineEditor::LineEditor(std::FILE* out, std::string prompt, Complete complete, std::string historyFile)
+    : mOut(out),
+      mPrompt(std::move(prompt)),
+      mComplete(std::move(complete)),
+      mHistoryFile(std::move(historyFile)),
+      mHistory(history_init()),
+      mInterrupt(std::signal(SIGINT, SIG_IGN)) {
+    std::setlocale(LC_CTYPE, "");  // the characters that the terminal sends
+    mEdit = el_init("qzcam", stdin, out, stderr);
+    el_set(mEdit, EL_CLIENTDATA, this);
+    el_set(
+        mEdit, EL_PROMPT, +[](editline* edit) { return of(edit).mPrompt.data(); });
+    el_set(mEdit, EL_EDITOR, "emacs");
+    el_set(mEdit, EL_SIGNAL, 1);
+    HistEvent event{};
+    ::history(mHistory, &event, H_SETSIZE, kHistoryLines);
+    ::history(mHistory, &event, H_SETUNIQUE, 1);
+    if (!mHistoryFile.empty()) ::history(mHistory, &event, H_LOAD, mHistoryFile.c_str());
+    el_set(mEdit, EL_HIST, ::history, mHistory);
+    el_source(mEdit, nullptr);  // the user's own bindings
+    bindKeys();
+}
+
+LineEditor::~LineEditor() {
+    el_end(mEdit);
+    history_end(mHistory);
+    std::signal(SIGINT, mInterrupt);
+}
+
+LineEditor& LineEditor::of(editline* edit) {
+    void* self = nullptr;
+    el_get(edit, EL_CLIENTDATA, &self);
+    return *static_cast<LineEditor*>(self);
+}
+
+// The keys that send signals are keys like any other while a line is typed: what they are to do with the line
+// is not left to chance. At all other times Ctrl-C does nothing.
+void LineEditor::bindKeys() {
+    el_set(
+        mEdit, EL_ADDFN, "qzcam-complete", "Complete the word",
+        +[](editline* edit, int) { return of(edit).complete(); });
+    el_set(
+        mEdit, EL_ADDFN, "qzcam-drop", "Drop the line", +[](editline* edit, int) { return of(edit).drop(); });
+    el_set(
+        mEdit, EL_ADDFN, "qzcam-suspend", "Stop until the shell continues the program",
+        +[](editline*, int) -> unsigned char {
+            raise(SIGTSTP);  // libedit gives the terminal back, and takes it again afterwards
+            return CC_NORM;
+        });
+    el_set(mEdit, EL_SETTY, "-d", "-isig", nullptr);
+    el_set(mEdit, EL_BIND, "^I", "qzcam-complete", nullptr);
+    el_set(mEdit, EL_BIND, "^C", "qzcam-drop", nullptr);
+    el_set(mEdit, EL_BIND, "^Z", "qzcam-suspend", nullptr);
+    el_set(mEdit, EL_BIND, "^R", "em-inc-search-prev", nullptr);
+}
+
+std::optional<std::string> LineEditor::line() {
+    for (;;) {
+        mDropped = false;
+        int size = 0;
+        const char* text = el_gets(mEdit, &size);
+        if (mDropped) continue;
+        if (!text || size <= 0) {
+            fmt::print(mOut, "\n");
+            return std::nullopt;
+        }
+        const std::string line(trimmed({text, static_cast<size_t>(size)}));
+        remember(line);
+        return line;
+    }
+}
+
+unsigned char LineEditor::drop() {
+    fmt::print(mOut, "^C\n");
+    std::fflush(mOut);
+    mDropped = true;
+    return CC_NEWLINE;
+}
+
+unsigned char LineEditor::complete() {
+    const LineInfo* info = el_line(mEdit);
+    const std::string line(info->buffer, static_cast<size_t>(info->cursor - info->buffer));
+    const Suggestions suggestions = mComplete(line);
+    if (suggestions.texts.empty()) return CC_REFRESH_BEEP;
+    const size_t typed = line.size() - suggestions.begin;
+    const bool isOnly = suggestions.texts.size() == 1;
+    const std::string more = commonStart(suggestions.texts).substr(typed) + (isOnly ? suggestions.after : "");
+    if (!more.empty()) {
+        el_insertstr(mEdit, more.c_str());
+        return CC_REFRESH;
+    }
+    if (isOnly) return CC_NORM;
+    show(suggestions);
+    return CC_REDISPLAY;
+}
+
+void LineEditor::show(const Suggestions& suggestions) {
+    fmt::print(mOut, "\n{}", columns(suggestions.texts, widthOf(mOut)));
+    std::fflush(mOut);
+}
+
+// Kept at once, so that nothing is lost with a terminal that closes.
+void LineEditor::remember(const std::string& line) {
+    if (line.empty()) return;
+    HistEvent event{};
+    ::history(mHistory, &event, H_ENTER, line.c_str());
+    if (mHistoryFile.empty()) return;
+    std::error_code error;
+    std::filesystem::create_directories(std::filesystem::path(mHistoryFile).parent_path(), error);
+    if (!error) ::history(mHistory, &event, H_SAVE, mHistoryFile.c_str());
+}
+
+}  // namespace qzcam

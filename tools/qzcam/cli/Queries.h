@@ -1,0 +1,29 @@
+// Questions that a host asks the translator.
+#pragma once
+
+#include "session/Session.h"
+
+#include <cstddef>
+#include <string>
+#include <vector>
+
+namespace qzcam {
+
+class Camera;
+
+struct QuerySpec {
+    const char* name;
+    const char* argument;  // null when it takes none
+    const char* help;
+    std::string (*ask)(Camera& camera, const std::string& argument);
+};
+
+const std::vector<QuerySpec>& querySpecs();
+
+// What a command whose first `words` words are a query should say instead; empty when it is right.
+std::string wrongWithQuery(const Command& command, size_t words);
+
+// The answer to a command's query; its words have been checked.
+std::string askQuery(Camera& camera, const Command& command);
+
+}  // namespace qzcam

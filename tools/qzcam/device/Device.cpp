@@ -1,0 +1,111 @@
+#include "device/Device.h"
+
+#include <camera/VendorTagDescriptor.h>
+#include <fmt/format.h>
+#include <host/StandardTags.h>
+
+#include <algorithm>
+
+namespace qzcam {
+
+namespace {
+
+using android::sp;
+using android::VendorTagDescriptor;
+
+// The device as its camera HAL would hand out its tags. Lives during the creation of the descriptor only.
+struct DeviceTags : vendor_tag_ops_t {
+    explicit DeviceTags(const Device& device) : vendor_tag_ops_t() {
+        get_tag_count = [](const vendor_tag_ops_t* ops) { return static_cast<int>(self(ops).byId.size()); };
+        get_all_tags = [](const vendor_tag_ops_t* ops, uint32_t* ids) {
+            for (const auto& [id, tag] : self(ops).byId) *ids++ = id;
+        };
+        get_section_name = [](const vendor_tag_ops_t* ops, uint32_t id) {
+            return tag(ops, id).section.c_str();
+        };
+        get_tag_name = [](const vendor_tag_ops_t* ops, uint32_t id) { return tag(ops, id).name.c_str(); };
+        get_tag_type = [](const vendor_tag_ops_t* ops, uint32_t id) { return int{tag(ops, id).type}; };
+        for (const Tag& tag : device.vendorTags) byId.emplace(tag.id, &tag);
+    }
+    static const DeviceTags& self(const vendor_tag_ops_t* ops) {
+        return *static_cast<const DeviceTags*>(ops);
+    }
+    static const Tag& tag(const vendor_tag_ops_t* ops, uint32_t id) { return *self(ops).byId.at(id); }
+
+    std::map<uint32_t, const Tag*> byId;
+};
+
+}  // namespace
+
+TagNames::TagNames(const std::vector<Tag>& vendorTags) {
+    for (const Tag& tag : vendorTags) add(tag);
+    for (size_t section = 0; section < ANDROID_SECTION_COUNT; ++section) {
+        const auto& bounds = camera_metadata_section_bounds[section];
+        for (uint32_t id = bounds[0]; id < bounds[1]; ++id) {
+            const auto* tag = qz::host::findStandardTag(id);
+            if (tag) add({id, tag->type, camera_metadata_section_names[section], tag->name});
+        }
+    }
+}
+
+void TagNames::add(const Tag& tag) {
+    const auto [place, isNew] = mByFullName.emplace(tag.fullName(), tag);
+    if (!isNew) return;
+    mByName.emplace(tag.name, &place->second);
+    mById.emplace(tag.id, &place->second);
+}
+
+const Tag* TagNames::find(const std::string& fullName) const {
+    const auto found = mByFullName.find(fullName);
+    return found == mByFullName.end() ? nullptr : &found->second;
+}
+
+std::variant<const Tag*, std::string> TagNames::resolve(const std::string& name) const {
+    if (const Tag* tag = find(name)) return tag;
+    const auto [begin, end] = mByName.equal_range(name);
+    if (begin == end) return fmt::format("this device declares no tag '{}'", name);
+    if (std::next(begin) == end) return begin->second;
+    std::vector<std::string> candidates;
+    std::transform(begin, end, std::back_inserter(candidates),
+                   [](const auto& item) { return item.second->fullName(); });
+    std::sort(candidates.begin(), candidates.end());
+    return fmt::format("'{}' may be {}: expected one of these", name, fmt::join(candidates, " or "));
+}
+
+bool TagNames::knows(const std::string& name) const {
+    return mByFullName.count(name) != 0 || mByName.count(name) != 0;
+}
+
+std::string TagNames::nameOf(uint32_t id) const {
+    const auto found = mById.find(id);
+    return found == mById.end() ? fmt::format("{:#x}", id) : found->second->fullName();
+}
+
+std::vector<std::string> TagNames::fullNames() const {
+    std::vector<std::string> names;
+    names.reserve(mByFullName.size());
+    for (const auto& [name, tag] : mByFullName) names.push_back(name);
+    return names;
+}
+
+uint32_t FreeTagIds::next() {
+    while (mTaken.count(mNext) != 0) ++mNext;
+    return mNext++;
+}
+
+void installVendorTags(const Device& device) {
+    sp<VendorTagDescriptor> descriptor;
+    if (device.hasVendorTags) {
+        const DeviceTags tags(device);
+        VendorTagDescriptor::createDescriptorFromOps(&tags, descriptor);
+    }
+    VendorTagDescriptor::setAsGlobalVendorTagDescriptor(descriptor);
+}
+
+android::CameraMetadata staticCharacteristics(const Device& device) {
+    android::CameraMetadata metadata;
+    for (const StaticEntry& entry : device.entries) update(metadata, entry.tag, entry.values);
+    return metadata;
+}
+
+}  // namespace qzcam

@@ -1,0 +1,73 @@
+#include "device/Properties.h"
+
+#include <cutils/properties.h>
+#include <fmt/format.h>
+
+#include <array>
+
+namespace qzcam {
+
+namespace {
+
+using Property = std::pair<std::string, std::string>;
+
+constexpr std::string_view kMiddle = "]: [";
+
+// `getprop` prints line ends within a value as they are, so that a value ends at the first line with a
+// bracket.
+void parseBracketed(std::string_view line, Lines& lines, std::vector<Property>& properties,
+                    Problems& problems) {
+    const size_t start = lines.number();
+    const size_t middle = line.find(kMiddle);
+    if (middle == std::string_view::npos || middle == 1) {
+        return problems.add(start, fmt::format("expected '[name]: [value]', not {}", excerpt(line)));
+    }
+    Property property(line.substr(1, middle - 1), line.substr(middle + kMiddle.size()));
+    while (!endsWith(property.second, "]")) {
+        if (!lines.next(line)) return problems.add(start, "expected ']' behind the value");
+        property.second.append("\n").append(line);
+    }
+    property.second.pop_back();
+    properties.push_back(std::move(property));
+}
+
+}  // namespace
+
+std::vector<Property> parseProperties(std::string_view text, Problems& problems) {
+    std::vector<Property> properties;
+    Lines lines(text);
+    for (std::string_view line; lines.next(line);) {
+        line = trimmed(line);
+        const size_t equals = line.find('=');
+        if (line.empty() || line.front() == '#') continue;
+        if (line.front() == '[') {
+            parseBracketed(line, lines, properties, problems);
+        } else if (equals != 0 && equals != std::string_view::npos) {
+            properties.emplace_back(trimmed(line.substr(0, equals)), trimmed(line.substr(equals + 1)));
+        } else {
+            problems.add(lines.number(), fmt::format("expected 'name=value', not {}", excerpt(line)));
+        }
+    }
+    return properties;
+}
+
+PropertiesInPlace* PropertiesInPlace::sInnermost = nullptr;
+
+PropertiesInPlace::PropertiesInPlace() : mOuter(sInnermost) { sInnermost = this; }
+
+PropertiesInPlace::~PropertiesInPlace() {
+    sInnermost = mOuter;
+    for (const auto& [name, value] : mBefore) property_set(name.c_str(), value.c_str());
+}
+
+bool setProperty(const std::string& name, const std::string& value) {
+    if (name.empty() || value.size() >= PROPERTY_VALUE_MAX) return false;
+    std::array<char, PROPERTY_VALUE_MAX> before{};
+    property_get(name.c_str(), before.data(), "");
+    for (auto* place = PropertiesInPlace::sInnermost; place; place = place->mOuter) {
+        place->mBefore.emplace(name, before.data());
+    }
+    return property_set(name.c_str(), value.c_str()) == 0;
+}
+
+}  // namespace qzcam

@@ -1,0 +1,37 @@
+// System properties of a device, from what `getprop` prints or from a build.prop.
+#pragma once
+
+#include "base/Text.h"
+
+#include <map>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace qzcam {
+
+// "[name]: [value]", the value over several lines if need be, or "name=value"; '#' comments and blank lines.
+std::vector<std::pair<std::string, std::string>> parseProperties(std::string_view text, Problems& problems);
+
+// Sets one of this process. False for a name or value that no device would take either.
+bool setProperty(const std::string& name, const std::string& value);
+
+// Properties that setProperty() changes while this lives are as before when it goes.
+class PropertiesInPlace {
+  public:
+    PropertiesInPlace();
+    ~PropertiesInPlace();
+    PropertiesInPlace(const PropertiesInPlace&) = delete;
+    PropertiesInPlace& operator=(const PropertiesInPlace&) = delete;
+
+  private:
+    friend bool setProperty(const std::string& name, const std::string& value);
+
+    static PropertiesInPlace* sInnermost;
+
+    std::map<std::string, std::string> mBefore;
+    PropertiesInPlace* mOuter;
+};
+
+}  // namespace qzcam

@@ -1,0 +1,115 @@
+// One opened camera: everything that a camera service makes of the library for it, with the tool in the place
+// of the service.
+#pragma once
+
+#include "host/Messages.h"
+#include "host/Trace.h"
+
+#include <CCameraQzParam.h>
+#include <CameraQzCallBack.h>
+#include <CameraQzSendCmd.h>
+#include <QzParametersEx.h>
+#include <QzPerformEx.h>
+#include <camera/CameraMetadata.h>
+#include <camera/CameraParameters2.h>
+
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace qzcam {
+
+// The adapter, watched: which key was published from which capability, and which parameter became which
+// entry, shows in the order of its calls.
+class WatchedParameters : public qz::QzParametersEx {
+  public:
+    struct Published {
+        std::string key;
+        uint32_t capability;  // the static entry read last before
+    };
+
+    using QzParametersEx::QzParametersEx;
+
+    void set(const char* key, const char* value) override;
+    const char* get(const char* key) override;
+    int getInt(const char* key) override;
+    camera_metadata_ro_entry getStaticInfo(uint32_t tag, size_t minCount, size_t maxCount,
+                                           bool required) override;
+    qz::status_t update(android::CameraMetadata* metadata, uint32_t tag, const uint8_t* data,
+                        size_t count) override;
+    qz::status_t update(android::CameraMetadata* metadata, uint32_t tag, const int32_t* data,
+                        size_t count) override;
+    qz::status_t update(android::CameraMetadata* metadata, uint32_t tag, const camera_metadata_rational* data,
+                        size_t count) override;
+    qz::status_t update(android::CameraMetadata* metadata, uint32_t tag, const float* data,
+                        size_t count) override;
+    qz::status_t update(android::CameraMetadata* metadata, uint32_t tag, const double* data,
+                        size_t count) override;
+    qz::status_t update(android::CameraMetadata* metadata, uint32_t tag,
+                        const android::String8& value) override;
+
+    // What was published since the last call.
+    std::vector<Published> takePublished();
+
+    // Writes the steps of what follows into `trace`, until it is null.
+    void watch(Trace* trace) { mTrace = trace; }
+
+    // All updates from now on get this status, whatever type their tag has, and none reaches its request.
+    void answerUpdates(qz::status_t status) { mUpdateAnswer = status; }
+
+  private:
+    template <typename T>
+    qz::status_t watchedUpdate(android::CameraMetadata* metadata, uint32_t tag, uint8_t type, const T* data,
+                               size_t count);
+
+    Trace* mTrace = nullptr;
+    std::optional<qz::status_t> mUpdateAnswer;
+    uint32_t mLastRead = 0;
+    std::vector<Published> mPublished;
+};
+
+using MessageSink = std::function<void(Message)>;
+
+// The tool as the host that results go through.
+class ResultHost : public qz::ExtCallBackInterface {
+  public:
+    explicit ResultHost(MessageSink sink) : mSink(std::move(sink)) {}
+
+    qz::status_t notifyCallback(int32_t msgType, int32_t ext1, int32_t ext2) override;
+    qz::status_t dataCallback(int32_t msgType, const void* data, uint32_t size) override;
+    camera_metadata_ro_entry findResultEntry(const android::CameraMetadata& result, uint32_t tag) override;
+
+  private:
+    MessageSink mSink;
+};
+
+class Camera {
+  public:
+    // `characteristics` must outlive the camera.
+    Camera(int32_t id, const android::CameraMetadata& characteristics, MessageSink sink);
+
+    android::CameraParameters2& parameters() { return mParameters; }
+    WatchedParameters& adapter() { return *mAdapter; }
+    qz::CCameraQzParam& translator() { return *mAdapter->mCameraQzParam; }
+    qz::CameraQzCallBack& callbacks() { return *mCallbacks; }
+    qz::CameraQzSendCmd& commands() { return *mCommands; }
+    qz::QzPerformEx& inspector() { return *mInspector; }
+
+  private:
+    android::CameraParameters2 mParameters;
+    android::sp<ResultHost> mHost;
+    android::sp<WatchedParameters> mAdapter;
+    android::sp<qz::CameraQzCallBack> mCallbacks;
+    android::sp<qz::CameraQzSendCmd> mCommands;
+    android::sp<qz::QzPerformEx> mInspector;
+};
+
+struct Parameter {
+    std::string key;
+    std::string value;
+};
+std::vector<Parameter> allParameters(const android::CameraParameters2& parameters);
+
+}  // namespace qzcam

@@ -1,0 +1,48 @@
+// Expectations as JUnit XML, which continuous integration reads: a suite for each session, a case for each
+// expectation and for each error that keeps a session from being played.
+#pragma once
+
+#include "host/Events.h"
+
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace qzcam {
+
+class JUnit {
+  public:
+    void beginSession(std::string name) { mSuites.push_back({std::move(name), {}, {}}); }
+    void add(const Event& event);
+
+    std::string toText() const;
+
+  private:
+    struct Suite {
+        std::string name;
+        std::vector<ExpectationEvent> cases;
+        std::vector<ErrorEvent> errors;
+    };
+
+    std::vector<Suite> mSuites;
+};
+
+// The file of a run. From its beginning to its end it holds a report that says "not finished", so that a
+// report from before never passes for one of this run, however the run ends.
+class JUnitFile {
+  public:
+    explicit JUnitFile(const std::string& path);  // empty: none
+
+    bool isOneOf(const std::vector<std::string>& inputs) const;
+
+    // False, and a message, when the file cannot be written.
+    bool begin() const;
+    bool finish(const JUnit& report) const;
+
+  private:
+    bool cannotWrite(int error) const;
+
+    std::string mPath;
+};
+
+}  // namespace qzcam

@@ -1,0 +1,202 @@
+#include "output/JsonPrinter.h"
+
+#include "facts/Vocabulary.h"
+#include "host/EventWords.h"
+
+#include <fmt/format.h>
+
+#include <cstring>
+#include <nlohmann/json.hpp>
+#include <string>
+#include <type_traits>
+#include <variant>
+
+namespace qzcam {
+
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+template <typename T>
+Json elements(const Values& values) {
+    Json list = Json::array();
+    for (size_t i = 0; i < values.count; ++i) {
+        T element{};
+        std::memcpy(&element, values.bytes.data() + i * sizeof(T), sizeof(T));
+        if constexpr (std::is_same_v<T, camera_metadata_rational_t>) {
+            list.push_back(Json::array({element.numerator, element.denominator}));
+        } else if constexpr (std::is_same_v<T, float>) {
+            list.push_back(std::stod(fmt::to_string(element)));  // 0.98, not 0.98000001907
+        } else {
+            list.push_back(element);
+        }
+    }
+    return list;
+}
+
+const char* typeName(const Values& values) {
+    return values.type < NUM_TYPES ? camera_metadata_type_names[values.type] : "unknown";
+}
+
+Json jsonOf(const EntryRow& row);
+Json jsonOf(const ParamRow& row);
+Json jsonOf(const VerdictEntry& entry);
+Json jsonOf(const VerdictRow& row);
+Json jsonOf(const Message::Field& field);
+
+template <typename Row>
+Json listOf(const std::vector<Row>& rows) {
+    Json list = Json::array();
+    for (const Row& row : rows) list.push_back(jsonOf(row));
+    return list;
+}
+
+Json jsonOf(const EntryRow& row) {
+    Json json{{"tag", row.name},
+              {"id", row.tag},
+              {"type", typeName(row.values)},
+              {"values", jsonOf(row.values)},
+              {"change", changeWord(row.change)}};
+    if (row.change == Change::Changed) json["before"] = jsonOf(row.before);
+    if (!row.from.empty()) json["from"] = row.from;
+    return json;
+}
+
+Json jsonOf(const ParamRow& row) {
+    Json json{{"key", row.key}, {"value", row.value}, {"change", changeWord(row.change)}};
+    if (!row.capability.empty()) json["capability"] = row.capability;
+    return json;
+}
+
+Json jsonOf(const VerdictEntry& entry) {
+    Json json{{"tag", entry.name},
+              {"type", typeName(entry.values)},
+              {"values", jsonOf(entry.values)},
+              {"verdict", verdictWord(entry.verdict)}};
+    if (!entry.reason.empty()) json["reason"] = entry.reason;
+    return json;
+}
+
+Json jsonOf(const VerdictRow& row) {
+    Json json{{"key", row.key}, {"value", row.value}, {"verdict", verdictWord(row.verdict)}};
+    if (!row.reason.empty()) json["reason"] = row.reason;
+    json["entries"] = listOf(row.entries);
+    return json;
+}
+
+// Fields in their order; elements of a list have no name.
+Json jsonOf(const Message::Field& field) {
+    Json json{{"value", field.value}};
+    if (!field.name.empty()) json["name"] = field.name;
+    return json;
+}
+
+Json jsonOf(const SessionEvent& event) { return {{"event", "session"}, {"file", event.file}}; }
+
+Json jsonOf(const CommandEvent& event) {
+    return {{"event", "command"}, {"line", event.line}, {"text", event.text}};
+}
+
+Json jsonOf(const RequestEvent& event) { return {{"event", "request"}, {"entries", listOf(event.entries)}}; }
+
+Json jsonOf(const VerdictsEvent& event) {
+    return {{"event", "verdicts"}, {"parameters", listOf(event.rows)}};
+}
+
+Json jsonOf(const ResultEvent& event) {
+    return {{"event", "result"}, {"frame", event.frame}, {"entries", listOf(event.entries)}};
+}
+
+Json jsonOf(const ParamsEvent& event) { return {{"event", "params"}, {"parameters", listOf(event.rows)}}; }
+
+Json jsonOf(const PublishEvent& event) {
+    return {{"event", "publish"},
+            {"parameters", listOf(event.rows)},
+            {"undeclared", event.undeclared},
+            {"absent", event.absent},
+            {"silent", event.silent}};
+}
+
+Json jsonOf(const CallbackEvent& event) {
+    const Message& message = event.message;
+    Json json{
+        {"event", "callback"},  {"kind", message.isData ? "data" : "notify"}, {"code", message.code},
+        {"name", message.name}, {"fields", listOf(message.fields)},           {"numbers", message.numbers}};
+    if (message.isData) json["bytes"] = message.bytes;
+    return json;
+}
+
+Json jsonOf(const LogEvent& event) {
+    return {{"event", "log"},
+            {"level", std::string(1, logLetter(event.priority))},
+            {"tag", event.tag},
+            {"text", event.text}};
+}
+
+Json jsonOf(const StatusEvent& event) {
+    return {{"event", "status"}, {"of", event.of}, {"status", event.status}, {"answer", event.isAnswer}};
+}
+
+Json jsonOf(const AnswerEvent& event) {
+    return {{"event", "answer"}, {"question", event.question}, {"answer", event.answer}};
+}
+
+Json jsonOf(const ErrorEvent& event) { return {{"event", "error"}, {"text", event.text}}; }
+
+Json jsonOf(const NoteEvent& event) { return {{"event", "note"}, {"text", event.text}}; }
+
+Json jsonOf(const ExpectationEvent& event) {
+    return {{"event", "expectation"}, {"file", event.file}, {"line", event.line},
+            {"text", event.text},     {"met", event.met},   {"expected", event.expected},
+            {"actual", event.actual}};
+}
+
+Json jsonOf(const SummaryEvent& event) {
+    return {{"event", "summary"}, {"met", event.met}, {"failed", event.failed}};
+}
+
+}  // namespace
+
+nlohmann::ordered_json jsonOf(const Values& values) {
+    switch (values.type) {
+        case TYPE_BYTE:
+            return elements<uint8_t>(values);
+        case TYPE_INT32:
+            return elements<int32_t>(values);
+        case TYPE_INT64:
+            return elements<int64_t>(values);
+        case TYPE_FLOAT:
+            return elements<float>(values);
+        case TYPE_DOUBLE:
+            return elements<double>(values);
+        case TYPE_RATIONAL:
+            return elements<camera_metadata_rational_t>(values);
+        default:
+            return Json::array();
+    }
+}
+
+// Texts come from dumps and drivers: bytes that are no UTF-8 are replaced, and all but ASCII is escaped, as
+// some terminals take control characters from beyond it.
+void JsonPrinter::write(const Json& object) {
+    line(object.dump(-1, ' ', true, Json::error_handler_t::replace));
+}
+
+void JsonPrinter::device(const Device& device) {
+    if (!mStarted) write({{"format", "qzcam-events"}, {"version", kVersion}});
+    mStarted = true;
+    write({{"event", "device"},
+           {"file", device.file},
+           {"camera", device.camera},
+           {"vendorTags", device.vendorTags.size()},
+           {"staticEntries", device.entries.size()},
+           {"cutLists", device.cutLists}});
+}
+
+void JsonPrinter::print(const Event& event) {
+    const auto* line = std::get_if<LogEvent>(&event);
+    if (line != nullptr && !mFilter.shows(*line)) return;
+    std::visit([this](const auto& each) { write(jsonOf(each)); }, event);
+}
+
+}  // namespace qzcam

@@ -1,0 +1,56 @@
+// Events as text for reading.
+#pragma once
+
+#include "base/Output.h"
+#include "host/LogFilter.h"
+
+#include <cstdio>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace qzcam {
+
+class Printer : public Output {
+  public:
+    Printer(std::FILE* out, bool colour, LogFilter filter)
+        : Output(out), mColour(colour), mFilter(std::move(filter)) {}
+
+    void device(const Device& device) override;
+    void print(const Event& event) override;
+    bool flush() override;
+
+    void show(const SessionEvent& event);
+    void show(const CommandEvent& event);
+    void show(const RequestEvent& event);
+    void show(const VerdictsEvent& event);
+    void show(const ResultEvent&) {}  // the command says it all
+    void show(const ParamsEvent& event);
+    void show(const PublishEvent& event);
+    void show(const CallbackEvent& event);
+    void show(const LogEvent& event);
+    void show(const StatusEvent& event);
+    void show(const AnswerEvent& event);
+    void show(const ErrorEvent&) {}  // goes to where all messages go
+    void show(const NoteEvent& event);
+    void show(const ExpectationEvent& event);
+    void show(const SummaryEvent& event);
+
+  private:
+    void showRows(const std::vector<ParamRow>& rows);
+    void showNames(const char* title, const std::vector<std::string>& names);
+    void endRepeats();
+    std::string styled(const char* style, const std::string& text) const;
+    std::string marked(Change change, const std::string& text) const;
+    std::string originOf(const EntryRow& row) const;
+
+    bool mColour;
+    LogFilter mFilter;
+    LogEvent mLastLog{0, {}, {}};
+    size_t mRepeats = 0;  // of mLastLog
+};
+
+// Whether to colour what goes to `out`: a terminal only, and not when the user says no.
+bool wantsColour(std::FILE* out);
+
+}  // namespace qzcam

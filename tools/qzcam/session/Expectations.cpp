@@ -1,0 +1,261 @@
+#include "session/Expectations.h"
+
+#include "cli/Queries.h"
+#include "facts/LibraryTags.h"
+#include "facts/Vocabulary.h"
+#include "host/EventWords.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <array>
+#include <cctype>
+
+namespace qzcam {
+
+namespace {
+
+constexpr const char* kNothing = "nothing";
+
+Finding expectParam(const Command& command, PlayState& state) {
+    const char* value = state.camera->parameters().get(command.word(0).c_str());
+    const bool met = value != nullptr && command.word(1) == value;
+    return {met, excerpt(command.word(1)), value ? excerpt(value) : kNothing};
+}
+
+Finding expectNoParam(const Command& command, PlayState& state) {
+    const char* value = state.camera->parameters().get(command.word(0).c_str());
+    return {value == nullptr, kNothing, value ? excerpt(value) : kNothing};
+}
+
+const EntryRow* findRow(const Command& command, const PlayState& state) {
+    const auto tag = state.names.resolve(command.word(0));
+    if (std::holds_alternative<std::string>(tag)) return nullptr;
+    const uint32_t id = std::get<const Tag*>(tag)->id;
+    const auto found = std::find_if(state.entries.begin(), state.entries.end(),
+                                    [&](const EntryRow& row) { return row.tag == id; });
+    return found == state.entries.end() ? nullptr : &*found;
+}
+
+// A tag without an entry is something else than no tag.
+std::string nothingOf(const Command& command, const PlayState& state) {
+    const auto tag = state.names.resolve(command.word(0));
+    const auto* wrong = std::get_if<std::string>(&tag);
+    return wrong ? fmt::format("{}: {}", kNothing, *wrong) : kNothing;
+}
+
+const EntryRow* findEntry(const Command& command, const PlayState& state) {
+    const EntryRow* row = findRow(command, state);
+    return row && row->change != Change::Gone ? row : nullptr;
+}
+
+std::string entryText(const EntryRow& entry) {
+    return fmt::format("{} {}", typeAndCount(entry.values), toText(entry.values, entry.tag));
+}
+
+Finding expectEntry(const Command& command, PlayState& state) {
+    const std::string list = rawFrom(command, 1, ",");
+    const EntryRow* entry = findEntry(command, state);
+    const auto expected = entry ? parseValues(entry->values.type, entry->tag, list) : std::nullopt;
+    return {expected && *expected == entry->values, list,
+            entry ? entryText(*entry) : nothingOf(command, state)};
+}
+
+Finding expectNoEntry(const Command& command, PlayState& state) {
+    if (const EntryRow* entry = findEntry(command, state)) return {false, kNothing, entryText(*entry)};
+    const std::string actual = nothingOf(command, state);
+    if (actual == kNothing) return {true, kNothing, actual};
+    return {false, "a declared tag without an entry", actual};
+}
+
+std::string messageText(const Message& message) {
+    return fmt::format("{:#x} {} ({})", message.code, fmt::join(message.numbers, ","), message.name);
+}
+
+bool hasBytes(const Message& message, const Command& command) {
+    std::string hex = textFrom(command, 2, "");
+    std::transform(hex.begin(), hex.end(), hex.begin(), [](unsigned char c) { return std::tolower(c); });
+    return message.isData && hex == fmt::format("{:02x}", fmt::join(message.bytes, ""));
+}
+
+bool hasField(const Message& message, std::string_view field) {
+    const size_t equals = field.find('=');
+    return std::any_of(message.fields.begin(), message.fields.end(), [&](const Message::Field& each) {
+        return each.name == field.substr(0, equals) && each.value == field.substr(equals + 1);
+    });
+}
+
+// All numbers; of a notification those behind the last one given are 0.
+bool hasNumbers(const Message& message, const Command& command) {
+    std::vector<int32_t> numbers;
+    const std::string list = rawFrom(command, 1, ",");
+    for (const std::string_view text : split(list, ',')) {
+        numbers.push_back(static_cast<int32_t>(*parseInteger(text)));  // of at most 32 bits
+    }
+    if (!message.isData && numbers.size() < message.numbers.size()) numbers.resize(message.numbers.size());
+    return numbers == message.numbers;
+}
+
+// Messages that share a code have names of their own.
+bool isCalled(const Message& message, const std::string& word) {
+    if (!parseInteger(word)) return message.name == word;
+    return message.code == findMessageCode(word);
+}
+
+bool matches(const Message& message, const Command& command) {
+    if (!isCalled(message, command.word(0))) return false;
+    if (command.words.size() == 1) return true;
+    if (command.word(1) == "bytes") return hasBytes(message, command);
+    if (command.word(1).find('=') == std::string::npos) return hasNumbers(message, command);
+    return std::all_of(command.words.begin() + 1, command.words.end(),
+                       [&](const Word& word) { return hasField(message, word.text); });
+}
+
+std::string messagesText(const std::vector<Message>& messages) {
+    std::string text;
+    for (const Message& message : messages) {
+        text.append(text.empty() ? "" : "; ").append(messageText(message));
+    }
+    return text.empty() ? kNothing : text;
+}
+
+Finding expectCallback(const Command& command, PlayState& state) {
+    auto& messages = state.step.messages;
+    Finding finding{false, rawFrom(command, 0, " "), messagesText(messages)};
+    const auto found = std::find_if(messages.begin(), messages.end(),
+                                    [&](const Message& message) { return matches(message, command); });
+    if (found != messages.end()) {
+        messages.erase(found);
+        finding.met = true;
+    }
+    return finding;
+}
+
+Finding expectNoCallback(const Command&, PlayState& state) {
+    return {state.step.messages.empty(), "no further message", messagesText(state.step.messages)};
+}
+
+Finding expectStatus(const Command& command, PlayState& state) {
+    const auto& status = state.step.status;
+    const bool met = status && parseInteger(command.word(0)) == *status;
+    return {met, command.word(0), status ? fmt::to_string(*status) : kNothing};
+}
+
+const LogEvent* findLine(const Command& command, const PlayState& state) {
+    const auto level = logLevel(command.word(0));
+    const std::string part = textFrom(command, 1, " ");
+    const auto& log = state.step.log;
+    const auto found = std::find_if(log.begin(), log.end(), [&](const LogEvent& line) {
+        return line.priority == level && line.text.find(part) != std::string::npos;
+    });
+    return found == log.end() ? nullptr : &*found;
+}
+
+Finding expectLog(const Command& command, PlayState& state) {
+    const auto lines = state.step.log.size();
+    return {findLine(command, state) != nullptr,
+            fmt::format("a line with {}", excerpt(textFrom(command, 1, " "))),
+            fmt::format("none in {} log lines", lines)};
+}
+
+Finding expectNoLog(const Command& command, PlayState& state) {
+    const LogEvent* line = findLine(command, state);
+    return {line == nullptr, "no such line", line ? excerpt(line->text) : kNothing};
+}
+
+Finding expectSkip(const Command& command, PlayState& state) {
+    const auto& skipped = state.step.skipped;
+    return {skipped && skipped == yesOrNo(command.word(0)), command.word(0),
+            skipped ? yesNo(*skipped) : kNothing};
+}
+
+Finding expectQuery(const Command& command, PlayState& state) {
+    const std::string answer = askQuery(*state.camera, command);
+    const std::string& expected = command.words.back().text;
+    return {answer == expected, expected, answer};
+}
+
+Finding expectVerdict(const Command& command, PlayState& state) {
+    const auto row = std::find_if(state.verdicts.begin(), state.verdicts.end(),
+                                  [&](const VerdictRow& each) { return each.key == command.word(0); });
+    if (row == state.verdicts.end()) return {false, command.word(1), kNothing};
+    std::string actual = verdictWord(row->verdict);
+    if (!row->reason.empty()) actual += fmt::format(" ({})", row->reason);
+    return {row->verdict == findVerdict(command.word(1)), command.word(1), actual};
+}
+
+Finding expectChange(const Command& command, PlayState& state) {
+    const EntryRow* row = findRow(command, state);
+    return {row != nullptr && row->change == findChange(command.word(1)), command.word(1),
+            row != nullptr ? changeWord(row->change) : nothingOf(command, state)};
+}
+
+std::string fateOf(const std::string& capability, const PublishEvent& published) {
+    const auto has = [&](const auto& list) {
+        return std::find(list.begin(), list.end(), capability) != list.end();
+    };
+    if (has(published.undeclared)) return "undeclared";
+    if (has(published.absent)) return "absent";
+    if (has(published.silent)) return "silent";
+    const bool hasRow = std::any_of(published.rows.begin(), published.rows.end(),
+                                    [&](const ParamRow& row) { return row.capability == capability; });
+    return hasRow ? "published" : kNothing;
+}
+
+// The short name of an undeclared capability leads to none of the device's tags, but to one that the library
+// looks for.
+Finding expectCapability(const Command& command, PlayState& state) {
+    const std::string& name = command.word(0);
+    const auto tag = (state.names.knows(name) ? state.names : libraryTags()).resolve(name);
+    const auto* found = std::get_if<const Tag*>(&tag);
+    const std::string fate = fateOf(found ? (*found)->fullName() : name, state.published);
+    return {fate == command.word(1), command.word(1), fate};
+}
+
+using Examine = Finding (*)(const Command&, PlayState&);
+
+struct Row {
+    CommandId id;
+    Examine examine;
+};
+
+constexpr std::array<Row, 14> kRows{{{CommandId::ExpectParam, expectParam},
+                                     {CommandId::ExpectNoParam, expectNoParam},
+                                     {CommandId::ExpectEntry, expectEntry},
+                                     {CommandId::ExpectNoEntry, expectNoEntry},
+                                     {CommandId::ExpectCallback, expectCallback},
+                                     {CommandId::ExpectNoCallback, expectNoCallback},
+                                     {CommandId::ExpectStatus, expectStatus},
+                                     {CommandId::ExpectLog, expectLog},
+                                     {CommandId::ExpectNoLog, expectNoLog},
+                                     {CommandId::ExpectSkip, expectSkip},
+                                     {CommandId::ExpectQuery, expectQuery},
+                                     {CommandId::ExpectVerdict, expectVerdict},
+                                     {CommandId::ExpectChange, expectChange},
+                                     {CommandId::ExpectCapability, expectCapability}}};
+
+}  // namespace
+
+std::string rawFrom(const Command& command, size_t first, const char* separator) {
+    std::string joined;
+    for (size_t i = first; i < command.words.size(); ++i) {
+        joined.append(i == first ? "" : separator).append(command.words[i].raw);
+    }
+    return joined;
+}
+
+std::string textFrom(const Command& command, size_t first, const char* separator) {
+    std::string joined;
+    for (size_t i = first; i < command.words.size(); ++i) {
+        joined.append(i == first ? "" : separator).append(command.word(i));
+    }
+    return joined;
+}
+
+Finding examine(const Command& expectation, PlayState& state) {
+    const auto row = std::find_if(kRows.begin(), kRows.end(),
+                                  [&](const Row& each) { return each.id == expectation.syntax->id; });
+    return row->examine(expectation, state);
+}
+
+}  // namespace qzcam

@@ -1,0 +1,46 @@
+// Expectations of a session against what has come of its commands.
+#pragma once
+
+#include "device/Device.h"
+#include "host/Camera.h"
+#include "host/Events.h"
+#include "session/Session.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace qzcam {
+
+// What the last command that was not an expectation brought about.
+struct Step {
+    std::optional<int32_t> status;
+    std::optional<bool> skipped;
+    std::vector<Message> messages;  // those that no expectation has taken yet
+    std::vector<LogEvent> log;
+};
+
+struct PlayState {
+    const TagNames& names;
+    Camera* camera = nullptr;
+    std::vector<EntryRow> entries = {};     // of the last request
+    std::vector<VerdictRow> verdicts = {};  // likewise
+    PublishEvent published = {};            // the last time
+    Step step = {};
+};
+
+struct Finding {
+    bool met;
+    std::string expected;
+    std::string actual;
+};
+
+// The words from `first` on, as they were written and joined by `separator`.
+std::string rawFrom(const Command& command, size_t first, const char* separator);
+std::string textFrom(const Command& command, size_t first, const char* separator);  // without their quotes
+
+// An expected message counts as taken, so that "no other" can be expected afterwards.
+Finding examine(const Command& expectation, PlayState& state);
+
+}  // namespace qzcam

@@ -1,0 +1,108 @@
+// The session language: what an application, a host and a pipeline do with a camera, a command a line.
+#pragma once
+
+#include "base/Text.h"
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace qzcam {
+
+enum class CommandId {
+    SetProp,
+    Open,
+    Client,
+    CallbackFlag,
+    Recording,
+    Set,
+    Unset,
+    Params,
+    Refresh,
+    Publish,
+    Request,
+    Result,
+    SendCommand,
+    Wait,
+    Callback,
+    Inspect,
+    Skip,
+    Query,
+    ExpectParam,
+    ExpectNoParam,
+    ExpectEntry,
+    ExpectNoEntry,
+    ExpectCallback,
+    ExpectNoCallback,
+    ExpectStatus,
+    ExpectLog,
+    ExpectNoLog,
+    ExpectSkip,
+    ExpectQuery,
+    ExpectVerdict,
+    ExpectChange,
+    ExpectCapability,
+};
+
+struct Word {
+    std::string text;  // without its quotes
+    std::string raw;   // as it was written
+};
+
+struct CommandSpec;
+
+struct Command {
+    size_t line;
+    std::string text;         // as it was written, without comment
+    std::vector<Word> words;  // the arguments
+    const CommandSpec* syntax;
+
+    const std::string& word(size_t index) const { return words[index].text; }
+};
+
+struct CommandSpec {
+    // What the arguments should be, when they are something else; empty when they are right.
+    using Check = std::string (*)(const Command&);
+
+    CommandId id;
+    const char* name;
+    const char* arguments;
+    const char* help;
+    size_t fewestWords;
+    size_t mostWords;
+    Check check;
+};
+
+const std::vector<CommandSpec>& commandSpecs();
+bool isExpectation(CommandId id);
+
+struct Session {
+    std::string file;
+    std::vector<Command> commands;
+};
+
+// Reads a session line by line.
+class SessionReader {
+  public:
+    // `help`: where to find the commands, for messages.
+    explicit SessionReader(const char* help = "'qzcam run --help'") : mHelp(help) {}
+
+    // The line's command; nothing for a line without one, or with a problem, after which the next line may
+    // follow.
+    std::optional<Command> line(size_t number, std::string_view text, Problems& problems);
+
+  private:
+    std::string wrongWith(const Command& command);
+    std::string wrongPlace(const Command& command);
+
+    const char* mHelp;
+    bool mOpen = false;
+    bool mInBackground = false;
+};
+
+// The whole session is read and checked before any of it is played.
+Session parseSession(std::string_view text, std::string_view file, Problems& problems);
+
+}  // namespace qzcam

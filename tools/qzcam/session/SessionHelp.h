@@ -1,0 +1,24 @@
+// The session language as text: for `--help`, for `help` at the shell's prompt and for the manual page.
+#pragma once
+
+#include "session/Session.h"
+
+#include <string>
+
+namespace qzcam {
+
+// All of it; and its pieces.
+std::string sessionHelp();
+const char* sessionRules();
+std::string commandTable();
+const char* questionRules();
+std::string questionTable();
+std::string codeTable();  // of `sendcommand`
+const char* verdictRules();
+std::string verdictTable();
+const char* valueHelp();
+
+// One command's form and what it does, as a line.
+std::string commandHelp(const CommandSpec& syntax);
+
+}  // namespace qzcam

@@ -1,0 +1,180 @@
+// What a check found, for people and for programs.
+#include "verdict/Check.h"
+
+#include "base/Text.h"
+
+#include <fmt/format.h>
+#include <nlohmann/json.hpp>
+
+#include <algorithm>
+#include <array>
+
+namespace qzcam {
+
+namespace {
+
+constexpr std::array<TagVerdict, kVerdicts> kAll{TagVerdict::Mistyped, TagVerdict::Malformed,
+                                                 TagVerdict::Doubtful, TagVerdict::Missing,
+                                                 TagVerdict::NoEntry,  TagVerdict::Fine};
+
+class Report {
+  public:
+    Report(const DeviceCheck& check, bool colour) : mCheck(check), mColour(colour) {}
+
+    std::string text(const Device& device);
+
+  private:
+    void addSummary();
+    void addFeature(const FeatureCheck& feature);
+    void addRow(const TagCheck& row);
+    std::string words(const TagCheck& row) const;
+    void addUnused();
+    void addVerdict(const Device& device);
+    std::string styled(const char* style, const std::string& text) const {
+        return mColour ? fmt::format("\033[{}m{}\033[0m", style, text) : text;
+    }
+
+    const DeviceCheck& mCheck;
+    bool mColour;
+    std::string mText;
+};
+
+const char* styleOf(TagVerdict verdict) {
+    if (verdict == TagVerdict::Mistyped || verdict == TagVerdict::Malformed) return "31";
+    return verdict == TagVerdict::Fine ? "32" : verdict == TagVerdict::Doubtful ? "33" : "2";
+}
+
+std::string Report::text(const Device& device) {
+    addSummary();
+    const bool hasAny = mCheck.count(TagVerdict::Missing) < mCheck.tags.size();
+    for (const FeatureCheck& feature : byFeature(mCheck)) {
+        if (hasAny) addFeature(feature);
+    }
+    addUnused();
+    addVerdict(device);
+    return std::move(mText);
+}
+
+void Report::addSummary() {
+    mText += fmt::format("{:<19}{:>9}", "", "looked up");
+    for (const TagVerdict verdict : kAll) mText += fmt::format("{:>11}", nameOf(verdict));
+    mText += "\n";
+    for (const FeatureCheck& feature : byFeature(mCheck)) {
+        mText += fmt::format("{:<19}{:>9}", feature.name(), feature.size());
+        for (const TagVerdict verdict : kAll) {
+            const size_t count = feature.count(verdict);
+            const std::string number = fmt::format("{:>11}", count == 0 ? "-" : fmt::to_string(count));
+            mText += count == 0 ? number : styled(styleOf(verdict), number);
+        }
+        mText += "\n";
+    }
+}
+
+// What is wrong, tag by tag; what is missing altogether needs no list.
+void Report::addFeature(const FeatureCheck& feature) {
+    if (feature.count(TagVerdict::Fine) == feature.size()) return;
+    mText += "\n" + styled("1", feature.name()) + "\n";
+    if (feature.count(TagVerdict::Missing) == feature.size()) {
+        mText += styled("2", fmt::format("  missing    all {} of them", feature.size())) + "\n";
+        return;
+    }
+    for (const TagCheck* row = feature.begin; row != feature.end; ++row) {
+        if (row->verdict != TagVerdict::Fine) addRow(*row);
+    }
+}
+
+void Report::addRow(const TagCheck& row) {
+    const bool named = std::all_of(row.keys.begin(), row.keys.end(), [&](const std::string& key) {
+        return row.what.find(key) != std::string::npos;  // "is not published"
+    });
+    const std::string forKeys = named ? "" : styled("2", fmt::format("  for {}", fmt::join(row.keys, ", ")));
+    mText += fmt::format("  {}  {:<10}  {}",
+                         styled(styleOf(row.verdict), fmt::format("{:<9}", nameOf(row.verdict))), row.use,
+                         row.tag);
+    mText += row.verdict == TagVerdict::Missing ? "" : "\n                         ";
+    mText += words(row) + forKeys + "\n";
+}
+
+std::string Report::words(const TagCheck& row) const {
+    switch (row.verdict) {
+        case TagVerdict::Mistyped:
+            return fmt::format("declared {}, expected {}: {}", row.declared, row.expected, row.what);
+        case TagVerdict::NoEntry:
+            return fmt::format("{}, but {}", row.declared, row.what);
+        case TagVerdict::Missing:
+            return (row.expected.empty() ? "" : fmt::format(" ({})", row.expected)) +
+                   (row.what.empty() ? "" : ": " + row.what);
+        default:
+            return row.what;
+    }
+}
+
+void Report::addUnused() {
+    if (mCheck.unused.empty()) return;
+    mText += "\n" + styled("1", "declared beside them, but never looked up") + "\n";
+    for (const std::string& name : mCheck.unused) mText += fmt::format("  {}\n", name);
+}
+
+void Report::addVerdict(const Device& device) {
+    const size_t mistyped = mCheck.count(TagVerdict::Mistyped);
+    const size_t malformed = mCheck.count(TagVerdict::Malformed);
+    const size_t missing = mCheck.count(TagVerdict::Missing);
+    if (mCheck.failed()) {
+        mText += fmt::format("\n{} mistyped, {} malformed, {} missing\n", mistyped, malformed, missing);
+    } else if (missing == mCheck.tags.size()) {
+        mText += device.hasVendorTags ? "\nThis device declares none of the library's vendor tags.\n"
+                                      : "\nThis device has no vendor tags at all.\n";
+    } else {
+        mText += missing == 0 ? "\nAll fine.\n"
+                              : fmt::format("\nNothing is mistyped or malformed; {} missing.\n", missing);
+    }
+}
+
+const char* jsonWord(TagVerdict verdict) {
+    return verdict == TagVerdict::NoEntry ? "noEntry" : nameOf(verdict);
+}
+
+// One number, or which ones in words.
+nlohmann::ordered_json countsJson(std::string_view counts) {
+    constexpr std::string_view exactly = "exactly ";
+    const auto number = parseInteger(startsWith(counts, exactly) ? counts.substr(exactly.size()) : counts);
+    return number ? nlohmann::ordered_json(*number) : nlohmann::ordered_json(counts);
+}
+
+nlohmann::ordered_json tagJson(const TagCheck& row) {
+    nlohmann::ordered_json json{
+        {"tag", row.tag},      {"use", row.use},      {"verdict", jsonWord(row.verdict)},
+        {"declared", nullptr}, {"expected", nullptr}, {"counts", countsJson(row.counts)},
+        {"for", row.keys}};
+    if (!row.declared.empty()) json["declared"] = row.declared;
+    if (!row.expected.empty()) json["expected"] = row.expected;
+    if (!row.what.empty()) json["what"] = row.what;
+    return json;
+}
+
+}  // namespace
+
+std::string checkText(const Device& device, const DeviceCheck& check, bool colour) {
+    return Report(check, colour).text(device);
+}
+
+std::string checkJson(const Device& device, const DeviceCheck& check) {
+    nlohmann::ordered_json json{{"format", "qzcam-check"},
+                                {"version", 1},
+                                {"device", device.file},
+                                {"camera", device.camera},
+                                {"otherCameras", device.otherCameras},
+                                {"failed", check.failed()}};
+    for (const TagVerdict verdict : kAll) json["counts"][jsonWord(verdict)] = check.count(verdict);
+    json["features"] = nlohmann::ordered_json::array();
+    for (const FeatureCheck& feature : byFeature(check)) {
+        nlohmann::ordered_json tags = nlohmann::ordered_json::array();
+        for (const TagCheck* row = feature.begin; row != feature.end; ++row) tags.push_back(tagJson(*row));
+        json["features"].push_back({{"feature", feature.name()}, {"tags", std::move(tags)}});
+    }
+    json["unused"] = check.unused;
+    // Names come out of files; what is no text in them must not stop the report.
+    return json.dump(2, ' ', true, nlohmann::ordered_json::error_handler_t::replace) + "\n";
+}
+
+}  // namespace qzcam

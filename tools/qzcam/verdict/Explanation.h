@@ -1,0 +1,69 @@
+// The whole road of one parameter on one device: who reads it, what its values become, where they go, and
+// what keeps them from getting there.
+#pragma once
+
+#include "device/Device.h"
+#include "host/Camera.h"
+#include "verdict/Verdicts.h"
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace qzcam {
+
+struct Explanation {
+    struct Target {
+        std::string tag;
+        std::string written;   // type and count, as the library writes it; empty when that never happens
+        std::string declared;  // type, as the device has it; empty: undeclared
+        uint32_t id;
+    };
+    struct Value {
+        std::string value;
+        std::string becomes;  // if this device takes it
+        VerdictRow verdict;
+    };
+
+    std::string key;
+    bool asText = false;
+    bool asInteger = false;
+    std::vector<std::string> setters;
+    std::vector<std::string> conditions;
+    std::vector<Target> targets;
+    std::vector<Value> values;        // accepted ones, or examples where there is no list of them
+    bool hasVocabulary = false;       // the values are all words there are
+    std::optional<Value> otherwise;   // any other text
+    Texts company;                    // other parameters that it was tried with
+    std::vector<ParamRow> choices;    // published parameters that are called like it
+    std::optional<VerdictRow> given;  // of the value that was asked about
+};
+
+class Explainer {
+  public:
+    // Puts the device's vendor tags in place of the process's. `device` must outlive it.
+    explicit Explainer(const Device& device);
+    ~Explainer();
+    Explainer(const Explainer&) = delete;
+    Explainer& operator=(const Explainer&) = delete;
+
+    // `given`: parameters that the application has set. Nothing when no setter reads the key.
+    std::optional<Explanation> explain(const std::string& key, const Texts& given);
+
+    // Keys that are read and called alike.
+    std::vector<std::string> similarKeys(const std::string& key);
+
+  private:
+    static void addConditions(Explanation& found, const ParameterFact& fact);
+    void addSetters(Explanation& found);
+    void addValues(Explanation& found, const ParameterFact& fact);
+    void addTargets(Explanation& found);
+    void addChoices(Explanation& found) const;
+    VerdictRow verdictOn(const Explanation& found, const std::string& value);
+
+    TagNames mNames;
+    android::CameraMetadata mCharacteristics;
+    VerdictFinder mVerdicts;
+};
+
+}  // namespace qzcam
