@@ -1,9 +1,9 @@
 #include "Cases.h"
 
-#include <BuiltIn.h>
-#include <DumpParser.h>
 #include <QzPerformEx.h>
 #include <cutils/properties.h>
+#include "device/BuiltIn.h"
+#include "device/DumpParser.h"
 
 #include <algorithm>
 #include <memory>

@@ -3,12 +3,12 @@
 #include "Target.h"
 #include "text/Vocabularies.h"
 
-#include <BuiltIn.h>
 #include <CameraQzCallBack.h>
-#include <DumpParser.h>
 #include <QzParametersEx.h>
-#include <Values.h>
 #include <camera/VendorTagDescriptor.h>
+#include "base/Values.h"
+#include "device/BuiltIn.h"
+#include "device/DumpParser.h"
 
 #include <algorithm>
 #include <array>

@@ -4,8 +4,8 @@
 
 #include "Input.h"
 
-#include <Device.h>
 #include <camera/CameraMetadata.h>
+#include "device/Device.h"
 
 #include <cstdint>
 #include <string>

@@ -2,10 +2,10 @@
 #include "Devices.h"
 #include "Target.h"
 
-#include <DumpParser.h>
 #include <camera/VendorTagDescriptor.h>
 #include <sys/mman.h>
 #include <unistd.h>
+#include "device/DumpParser.h"
 
 #include <cstdio>
 #include <set>

@@ -1,17 +1,17 @@
 // Any text as a session; what reads as one is played on the built-in device.
 #include "Target.h"
 
-#include <Assignment.h>
-#include <BuiltIn.h>
-#include <DumpParser.h>
-#include <JsonPrinter.h>
-#include <LogCapture.h>
-#include <Monitor.h>
-#include <Player.h>
-#include <Printer.h>
-#include <Properties.h>
 #include <android/log.h>
 #include <unistd.h>
+#include "device/BuiltIn.h"
+#include "device/DumpParser.h"
+#include "device/Properties.h"
+#include "host/LogCapture.h"
+#include "output/JsonPrinter.h"
+#include "output/Monitor.h"
+#include "output/Printer.h"
+#include "session/Assignment.h"
+#include "session/Player.h"
 
 #include <array>
 #include <cstdio>

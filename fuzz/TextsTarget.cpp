@@ -2,13 +2,13 @@
 #include "Devices.h"
 #include "Target.h"
 
-#include <LogFilter.h>
-#include <ParameterText.h>
-#include <Properties.h>
-#include <Text.h>
-#include <Values.h>
 #include <camera/CameraParameters2.h>
 #include <nlohmann/json.hpp>
+#include "base/Text.h"
+#include "base/Values.h"
+#include "device/ParameterText.h"
+#include "device/Properties.h"
+#include "host/LogFilter.h"
 
 #include <algorithm>
 #include <cctype>
