@@ -84,46 +84,47 @@ class CCameraQzParam : public virtual android::RefBase {
   private:
     using CameraMetadata = android::CameraMetadata;
     friend QZ_API android::sp<CCameraQzParam> CreateCameraQzParam(ExtParamInterface* paramIntf);
-    friend class CameraQzCallBack;
     friend class CameraQzSendCmd;
     friend struct CapabilityPass;
     friend struct CapabilitySteps;
     friend struct RequestPass;
     friend struct RequestSteps;
+    friend struct ResultPass;
+    friend struct ResultSteps;
     friend struct TestPeer;
 
     explicit CCameraQzParam(ExtParamInterface* paramIntf);
     ~CCameraQzParam() override;
 
-    ExtParamInterface* mExtParam;             // the host's side; not owned
-    int mBurstCapture = -1;                   // "burst-capture"
-    bool mImagePostProcess = false;           // "qz-image-post-process" is on, and no panorama is
-    bool mAllFocusMode = false;               // "qz-refocus-mode" is on
+    ExtParamInterface* mExtParam;                  // the host's side; not owned
+    int mBurstCapture = -1;                        // "burst-capture"
+    bool mImagePostProcess = false;                // "qz-image-post-process" is on, and no panorama is
+    bool mAllFocusMode = false;                    // "qz-refocus-mode" is on
     RelaxedAtomic<bool> mProfessionalMode{false};  // "qz-professional-mode" is on; result thread reads
-    android::String8 mSuperResPicSizes;       // "4000x3000,2000x1500": sizes of the capability pass
-    android::String8 mSubPicSizes;            // the same for the secondary sensor
-    RelaxedAtomic<uint8_t> mLcdCompensate{0};      // result thread writes; kept for the host, no pass reads it
-    RelaxedAtomic<uint8_t> mOtpTestResult{0};      // result thread writes, parameter thread reads
-    RelaxedAtomic<int32_t> mFocusVcmValue{0};  // focus motor position; result thread writes, command thread reads
-    uint8_t mLightPaintingMode = 0;       // last written light-painting mode, 0 none
+    android::String8 mSuperResPicSizes;            // "4000x3000,2000x1500": sizes of the capability pass
+    android::String8 mSubPicSizes;                 // the same for the secondary sensor
+    RelaxedAtomic<uint8_t> mLcdCompensate{0};  // result thread writes; kept for the host, no pass reads it
+    RelaxedAtomic<uint8_t> mOtpTestResult{0};  // result thread writes, parameter thread reads
+    RelaxedAtomic<int32_t> mFocusVcmValue{0};  // focus motor; result thread writes, command thread reads
+    uint8_t mLightPaintingMode = 0;            // last written light-painting mode, 0 none
     RelaxedAtomic<int32_t> mFocusContrastValue{-1};  // rolling counter in bits 30-31, contrast below; result
-                                                // thread writes, command thread reads
-    int mVideoFps = 0;                          // last written "qz-video-fps"
-    int mInsertPreviewCount = 0;                // preview frames inserted in a burst, never negative
-    bool mVideoCallbackSupported = false;       // capability is exactly 1
-    uint8_t mHighVideoCallbackThreshold = 0;    // capability as read
-    uint32_t mCallBackFlag = 0;                 // setCallBackFlag()
-    int mSensorExposureTime = 0;                // microseconds, once both exposure-time entries are written
-    bool mFwkZslSupported = false;              // capability is exactly 1
-    bool mIsQzCamera = false;                   // "qz-qzcamera-flag" is on
-    bool mRequireVideoStatus = false;           // capability is exactly 1
-    bool mRecording = false;                    // qzUpdateRecordingState()
-    bool mPreShutterSupported = false;          // capability is exactly 1
-    bool mPreShutterDone = false;               // written by no pass: answers as if always false
-    bool mPanorama2DMode = false;               // last requested 2D-panorama mode
-    int mMaxQuickThumbnailSize = 0;             // capability as read
-    int64_t mSlowJpegModeThreshold = 0;         // capability as read
-    android::String16 mClientName;              // setClientName()
+                                                     // thread writes, command thread reads
+    int mVideoFps = 0;                               // last written "qz-video-fps"
+    int mInsertPreviewCount = 0;                     // preview frames inserted in a burst, never negative
+    bool mVideoCallbackSupported = false;            // capability is exactly 1
+    uint8_t mHighVideoCallbackThreshold = 0;         // capability as read
+    uint32_t mCallBackFlag = 0;                      // setCallBackFlag()
+    int mSensorExposureTime = 0;         // microseconds, once both exposure-time entries are written
+    bool mFwkZslSupported = false;       // capability is exactly 1
+    bool mIsQzCamera = false;            // "qz-qzcamera-flag" is on
+    bool mRequireVideoStatus = false;    // capability is exactly 1
+    bool mRecording = false;             // qzUpdateRecordingState()
+    bool mPreShutterSupported = false;   // capability is exactly 1
+    bool mPreShutterDone = false;        // written by no pass: answers as if always false
+    bool mPanorama2DMode = false;        // last requested 2D-panorama mode
+    int mMaxQuickThumbnailSize = 0;      // capability as read
+    int64_t mSlowJpegModeThreshold = 0;  // capability as read
+    android::String16 mClientName;       // setClientName()
 };
 
 // Null, after an error line, for a null interface, which must outlive the translator.

@@ -25,52 +25,14 @@ class CameraQzCallBack : public virtual android::RefBase {
     QZ_API status_t callbackFovCalibResult(int result);
 
   private:
-    using CameraMetadata = android::CameraMetadata;
     friend QZ_API android::sp<CameraQzCallBack> CreateCameraQzCallBack(ExtCallBackInterface* callBackIntf,
                                                                        CCameraQzParam* qzParam);
+    friend struct ResultPass;
+    friend struct ResultSteps;
     friend struct TestPeer;
 
     CameraQzCallBack(ExtCallBackInterface* callBackIntf, CCameraQzParam* qzParam);
     ~CameraQzCallBack() override;
-
-    // Handlers, in the order of the dispatcher. 0, or -22 without a host interface.
-    status_t checkZslMode(const CameraMetadata& result);
-    status_t processTargetTracking(const CameraMetadata& result);
-    status_t processFocusVcmValue(const CameraMetadata& result);
-    status_t processFocusContrastValue(const CameraMetadata& result);
-    status_t processOtpcheckResult(const CameraMetadata& result);
-    status_t processDualAbnormal(const CameraMetadata& result);
-    status_t processDualCameraVerify(const CameraMetadata& result);
-    status_t processMMIFeatureTest(const CameraMetadata& result);
-    status_t processMMICameraPdafVerify(const CameraMetadata& result);
-    status_t processSmartMode(const CameraMetadata& result);
-    status_t processLowCapState(const CameraMetadata& result);
-    status_t processLcdFlashMode(const CameraMetadata& result);
-    status_t processExposureMesure(const CameraMetadata& result);
-    status_t processExposureModePreviewState(const CameraMetadata& result);
-    status_t processPreviewParameters(const CameraMetadata& result);
-    status_t processLaserCalibrationResult(const CameraMetadata& result);
-    status_t processLpdParameters(const CameraMetadata& result);
-    status_t processDarkRaiderCapture(const CameraMetadata& result);
-    status_t processMmiFocusTest(const CameraMetadata& result);
-    status_t processOisGryoOffsetCalibResult(const CameraMetadata& result);
-    status_t processOisHallCalibResult(const CameraMetadata& result);
-    status_t processOisHallCheckResult(const CameraMetadata& result);
-
-    // Parts of the preview-parameter block: 1 filled, 0 not, -1 without a host interface.
-    int profGetExposureTime(const CameraMetadata& result, int32_t* exposureTime);  // microseconds
-    int profGetIsoState(const CameraMetadata& result, int32_t* iso);
-    int profGetExposureHint(const CameraMetadata& result, int32_t* expoHint);
-    int professionalIsoConvert(int32_t iso);
-
-    void callbackTargetTracking(const int32_t* targetCoord);  // x, y
-    void callbackDualAbnormal(int value);
-    void callbackDualCameraVerifyResult(int result, int index);
-    void callbackMMIFeatureTestResult(int result, int request);
-    void callbackMMICameraPdafVerifyResult(int result);
-    void callbackExposureMesure(int seconds);
-    void callbackExposureModePreviewState();
-    void callbackLaserCalibrationResult(int result);
 
     ExtCallBackInterface* mExtCallBackIntf;  // not owned
     CCameraQzParam* mQzParam;                // not owned

@@ -1,26 +1,18 @@
 #include "CameraQzCallBack.h"
 
-#include "callback/CallBackLog.h"
-#include "callback/ResultEntry.h"
+#include "callback/ResultPass.h"
+#include "text/Checked.h"
 
 namespace qz {
-
-namespace {
-
-constexpr char kFactory[] =
-    "android::sp<CameraQzCallBack> qz::CreateCameraQzCallBack(qz::ExtCallBackInterface *, qz::CCameraQzParam "
-    "*)";
-
-}  // namespace
 
 android::sp<CameraQzCallBack> CreateCameraQzCallBack(ExtCallBackInterface* callBackIntf,
                                                      CCameraQzParam* qzParam) {
     if (callBackIntf == nullptr) {
-        LOGE("%s(%d): failed, callBackIntf is NULL.", kFactory, 1209);
+        LOG_TEXT(line::NoHostGiven);
         return nullptr;
     }
     if (qzParam == nullptr) {
-        LOGE("%s(%d): failed, qzParam is NULL.", kFactory, 1214);
+        LOG_TEXT(line::NoParamGiven);
         return nullptr;
     }
     return new CameraQzCallBack(callBackIntf, qzParam);
@@ -28,44 +20,35 @@ android::sp<CameraQzCallBack> CreateCameraQzCallBack(ExtCallBackInterface* callB
 
 CameraQzCallBack::CameraQzCallBack(ExtCallBackInterface* callBackIntf, CCameraQzParam* qzParam)
     : mExtCallBackIntf(callBackIntf), mQzParam(qzParam) {
-    LOGI("%s()", __func__);
+    LOG(line::CallBack, __func__);
 }
 
-CameraQzCallBack::~CameraQzCallBack() { LOGI("%s()", __func__); }
+CameraQzCallBack::~CameraQzCallBack() { LOG(line::CallBack, __func__); }
 
-status_t CameraQzCallBack::processQzCallBack(const CameraMetadata& result) {
-    using Handler = status_t (CameraQzCallBack::*)(const CameraMetadata&);
-    static constexpr Handler handlers[] = {
-        &CameraQzCallBack::checkZslMode,
-        &CameraQzCallBack::processTargetTracking,
-        &CameraQzCallBack::processFocusVcmValue,
-        &CameraQzCallBack::processFocusContrastValue,
-        &CameraQzCallBack::processOtpcheckResult,
-        &CameraQzCallBack::processDualAbnormal,
-        &CameraQzCallBack::processDualCameraVerify,
-        &CameraQzCallBack::processMMIFeatureTest,
-        &CameraQzCallBack::processMMICameraPdafVerify,
-        &CameraQzCallBack::processSmartMode,
-        &CameraQzCallBack::processLowCapState,
-        &CameraQzCallBack::processLcdFlashMode,
-        &CameraQzCallBack::processExposureMesure,
-        &CameraQzCallBack::processExposureModePreviewState,
-        &CameraQzCallBack::processPreviewParameters,
-        &CameraQzCallBack::processLaserCalibrationResult,
-        &CameraQzCallBack::processLpdParameters,
-        &CameraQzCallBack::processDarkRaiderCapture,
-        &CameraQzCallBack::processMmiFocusTest,
-        &CameraQzCallBack::processOisGryoOffsetCalibResult,
-        &CameraQzCallBack::processOisHallCalibResult,
-        &CameraQzCallBack::processOisHallCheckResult,
-    };
-    for (const Handler handler : handlers) (this->*handler)(result);
-    return android::OK;
+// Four bytes of 101, the low byte of the mode, three zeros.
+void CameraQzCallBack::callbackSmartMode(int mode) {
+    constexpr size_t blockSize = 8;
+    constexpr size_t modeAt = 4;
+    constexpr int mark = 0x65;
+    if (mode == 0) return;
+    LOG(line::SmartSnapshotMode, __func__, mode);
+    uint8_t block[blockSize];
+    succeeded<line::BlockNotCleared>(memset_s(block, blockSize, 0, blockSize), __func__);
+    succeeded<line::BlockNotCleared>(memset_s(block, blockSize, mark, modeAt), __func__);
+    block[modeAt] = static_cast<uint8_t>(mode);
+    if (hasHost(mExtCallBackIntf, __func__)) mExtCallBackIntf->dataCallback(MSG_SMART_MODE, block, blockSize);
 }
 
-ExtCallBackInterface* hostOrReport(ExtCallBackInterface* host, const char* caller) {
-    if (host == nullptr) LOGE("%s: mExtCallBackIntf is NULL!", caller);
-    return host;
+status_t CameraQzCallBack::callbackHDCCalibResult(int result) {
+    if (!hasHost(mExtCallBackIntf, __func__)) return android::BAD_VALUE;
+    LOG(line::HdcCalib, __func__, result);
+    return mExtCallBackIntf->notifyCallback(MSG_HDC_CALIB_RESULT, result, 0);
+}
+
+status_t CameraQzCallBack::callbackFovCalibResult(int result) {
+    if (!hasHost(mExtCallBackIntf, __func__)) return android::BAD_VALUE;
+    LOG(line::FovCalib, __func__, result);
+    return mExtCallBackIntf->notifyCallback(MSG_FOV_CALIB_RESULT, result, 0);
 }
 
 }  // namespace qz

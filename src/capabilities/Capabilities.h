@@ -1,8 +1,8 @@
 // The rows of all capabilities as a table: kCapabilities, in the order of the pass.
 #pragma once
 
-#include "capabilities/Lines.h"
 #include "capabilities/Publication.h"
+#include "text/Log.h"
 #include "text/Vocabularies.h"
 
 namespace qz {
@@ -29,7 +29,8 @@ constexpr bool distinctCapabilities() {
             const CapabilityRow& a = kCapabilities[i];
             const CapabilityRow& b = kCapabilities[j];
             if (sameText(a.getter, b.getter)) return false;
-            if (!a.publishes.empty() && !b.publishes.empty() && sameText(a.publishes[0].key, b.publishes[0].key)) {
+            if (!a.publishes.empty() && !b.publishes.empty() &&
+                sameText(a.publishes[0].key, b.publishes[0].key)) {
                 return false;
             }
         }

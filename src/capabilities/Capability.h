@@ -6,10 +6,10 @@
 #pragma once
 
 #include "QzHostInterfaces.h"
-#include "core/EntryView.h"
-#include "tags/TagNames.h"
-#include "camera/TranslatorLog.h"
 #include "core/VendorTag.h"
+#include "tags/EntryView.h"
+#include "tags/TagNames.h"
+#include "text/Log.h"
 #include "text/Vocabulary.h"
 
 namespace qz {

@@ -74,9 +74,9 @@ constexpr std::array<Step, kCapabilityCount> kSteps = steps();
 
 void countLine(const Step& step, size_t count) {
     if (step.countsName) {
-        logText(ANDROID_LOG_INFO, kLogTag, step.counts, step.getter, count);
+        logText(ANDROID_LOG_INFO, kTranslatorLog, step.counts, step.getter, count);
     } else if (step.counts != nullptr) {
-        logText(ANDROID_LOG_INFO, kLogTag, step.counts, count);
+        logText(ANDROID_LOG_INFO, kTranslatorLog, step.counts, count);
     }
 }
 
@@ -84,9 +84,9 @@ void echoLine(const Step& step, ExtParamInterface* host) {
     if (step.echoes == nullptr) return;
     const char* value = published(host, step.key);
     if (step.echoesName) {
-        logText(step.echoPriority, kLogTag, step.echoes, step.getter, value);
+        logText(step.echoPriority, kTranslatorLog, step.echoes, step.getter, value);
     } else {
-        logText(step.echoPriority, kLogTag, step.echoes, value);
+        logText(step.echoPriority, kTranslatorLog, step.echoes, value);
     }
 }
 

@@ -3,10 +3,10 @@
 #include "capabilities/CapabilitySteps.h"
 
 #include "capabilities/Capability.h"
-#include "capabilities/Lines.h"
 #include "core/BoundedMemory.h"
 #include "core/Parsers.h"
 #include "core/Text.h"
+#include "text/Log.h"
 #include "text/Vocabularies.h"
 
 #include <algorithm>
@@ -34,13 +34,13 @@ void publishRange(ExtParamInterface* params, const char* key, const Text& range,
 
 // Unlike its neighbours it keeps the first 19 characters of a text that is too long.
 void CapabilitySteps::getHdcAvailabeJpegSize(CCameraQzParam& camera) {
-    LOG(line::EnterHdcJpegSize, __func__, 94);
+    LOG_TEXT(line::EnterHdcJpegSize);
     const Range size(camera.mExtParam, CAPABILITY("qzHdcAvailableJpegSize"));
     if (size.lacks()) LOG(line::HdcJpegSizeCount, size.count());
     if (!size.holds()) return;
     char text[20] = {};
     const int length = snprintf_s(text, sizeof(text), sizeof(text) - 1, "%d,%d", size[0], size[1]);
-    if (length == -1) LOG(line::HdcJpegSizeCut, __func__, 100, length);
+    if (length == -1) LOG(line::HdcJpegSizeCut, length);
     camera.mExtParam->set("hdc-available-jpeg-size", text);
 }
 

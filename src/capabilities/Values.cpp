@@ -2,10 +2,9 @@
 #include "capabilities/CapabilitySteps.h"
 
 #include "capabilities/Capability.h"
-#include "capabilities/Lines.h"
-#include "core/BoundedMemory.h"
 #include "core/Parsers.h"
 #include "core/Text.h"
+#include "text/Checked.h"
 #include "text/Vocabularies.h"
 
 #include <algorithm>
@@ -65,9 +64,8 @@ void CapabilitySteps::getQzExposureCompStep(CCameraQzParam& camera) {
     if (step.lacks()) LOG(line::ExposureCompStepCount, step.count());
     if (!step.holds()) return;
     char text[32] = {};
-    if (snprintf_s(text, sizeof(text), sizeof(text), "%f", static_cast<double>(step[0])) == -1) {
-        LOG(line::FormattingFailed, __func__);
-    }
+    printed<line::FormattingFailed>(
+        snprintf_s(text, sizeof(text), sizeof(text), "%f", static_cast<double>(step[0])), __func__);
     camera.mExtParam->set("qz-exposure-compensation-step", text);
 }
 
@@ -117,9 +115,7 @@ void CapabilitySteps::getOisDefaultGryoGain(CCameraQzParam& camera) {
     const auto x = static_cast<double>(gain[0]);
     const auto y = gain.count() > 1 ? static_cast<double>(gain[1]) : 0.0;
     char text[30] = {};
-    if (snprintf_s(text, sizeof(text), sizeof(text), "(%f,%f)", x, y) == -1) {
-        LOG(line::FormattingFailed, __func__);
-    }
+    printed<line::FormattingFailed>(snprintf_s(text, sizeof(text), sizeof(text), "(%f,%f)", x, y), __func__);
     camera.mExtParam->set("qz_ois_default_gryo_gain", text);
     LOG(line::DefaultGyroGain, published(camera.mExtParam, "qz_ois_default_gryo_gain"));
 }

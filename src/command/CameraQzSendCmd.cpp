@@ -8,7 +8,6 @@ namespace qz {
 
 namespace {
 
-constexpr char kLogTag[] = "CameraQzSendCmd";
 constexpr int kTries = 100;
 constexpr useconds_t kPause = 30000;  // microseconds; a result comes every frame, 33 ms
 
@@ -22,8 +21,7 @@ constexpr int32_t kNoContrast = -1;
 
 android::sp<CameraQzSendCmd> CreateCameraQzSendCmd(CCameraQzParam* qzParam) {
     if (qzParam == nullptr) {
-        LOGE("%s(%d) failed, qzParam is NULL.",
-             "android::sp<CameraQzSendCmd> qz::CreateCameraQzSendCmd(qz::CCameraQzParam *)", 84);
+        LOG_TEXT(line::NoParamForCommands);
         return nullptr;
     }
     return new CameraQzSendCmd(qzParam);
@@ -31,9 +29,11 @@ android::sp<CameraQzSendCmd> CreateCameraQzSendCmd(CCameraQzParam* qzParam) {
 
 // The counter starts at 0, which is no mark for "none": a first value whose counter is 0 waits for the next
 // one.
-CameraQzSendCmd::CameraQzSendCmd(CCameraQzParam* qzParam) : mQzParam(qzParam) { LOGI("%s()", __func__); }
+CameraQzSendCmd::CameraQzSendCmd(CCameraQzParam* qzParam) : mQzParam(qzParam) {
+    LOG(line::CommandSender, __func__);
+}
 
-CameraQzSendCmd::~CameraQzSendCmd() { LOGI("%s()", __func__); }
+CameraQzSendCmd::~CameraQzSendCmd() { LOG(line::CommandSender, __func__); }
 
 status_t CameraQzSendCmd::sendCommand(int32_t cmd, int32_t arg1, int32_t arg2) {
     switch (cmd) {
@@ -42,7 +42,7 @@ status_t CameraQzSendCmd::sendCommand(int32_t cmd, int32_t arg1, int32_t arg2) {
         case CMD_GET_FOCUS_CONTRAST_VALUE:
             return commandGetFocusContrastValue();
         default:
-            LOGE("%s: Unknown command %d (arguments %d, %d)", __func__, cmd, arg1, arg2);
+            LOG(line::UnknownCommand, __func__, cmd, arg1, arg2);
             return android::BAD_VALUE;
     }
 }
@@ -51,9 +51,7 @@ status_t CameraQzSendCmd::commandGetFocusContrastValue() {
     for (int i = 0; i < kTries; ++i) {
         const int32_t contrast = mQzParam->mFocusContrastValue.get();
         if (contrast != kNoContrast && rollingCounter(contrast) != mContrastCount) {
-            LOGD("%s count %d FocusContrastValue %x",
-                 "android::status_t qz::CameraQzSendCmd::commandGetFocusContrastValue()", mContrastCount,
-                 static_cast<uint32_t>(contrast));
+            LOG(line::FocusContrast, mContrastCount, static_cast<uint32_t>(contrast));
             mContrastCount = rollingCounter(contrast);
             return contrast & kContrastMask;
         }

@@ -1,9 +1,9 @@
 #include "core/Parsers.h"
 
-#include "camera/TranslatorLog.h"
 #include "core/BoundedMemory.h"
 #include "core/Numbers.h"
 #include "core/Text.h"
+#include "text/Log.h"
 
 #include <utils/Errors.h>
 
@@ -39,7 +39,7 @@ int parseCoodinate(const char* text, int32_t* out) {
     const char* end = nullptr;
     const int32_t x = parseInt32(text, &end);
     if (*end != delimiter) {
-        LOGE("%s(), Cannot find delimeter '%c' in coordinate: %s", __func__, delimiter, text);
+        LOG(line::NoDelimiter, __func__, delimiter, text);
         return -1;
     }
     out[0] = x;
@@ -91,7 +91,7 @@ void microSecondToSecond(int32_t us, char* buf, size_t size) {
         text << us / kMicrosecondsPerSecond;
     }
     if (memcpy_s(buf, size, text.c_str(), text.size() + 1) == 0) return;
-    LOGE("%s(), snprintf_s failed!", __func__);
+    LOG(line::FormattingFailed, __func__);
     if (size > 0) buf[0] = '\0';
 }
 

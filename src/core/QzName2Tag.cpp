@@ -18,12 +18,11 @@ using android::sp;
 using android::String8;
 using android::VendorTagDescriptor;
 
-constexpr char kLogTag[] = "QzName2Tag";
 constexpr char kCaller[] = "vendorTagFromName";  // in whose words every lookup of a vendor tag reports
 
 QzName2Tag* create() noexcept {
     auto* instance = new (std::nothrow) QzName2Tag;
-    LOGI("%s(%p)", "QzName2Tag", static_cast<void*>(instance));
+    LOG(line::NameLookup, "QzName2Tag", static_cast<void*>(instance));
     return instance;
 }
 
@@ -104,7 +103,7 @@ QzName2Tag* QzName2Tag::getInstance() { return sInstance; }
 
 uint32_t QzName2Tag::vendorTagFromName(const char* name) const {
     if (name == nullptr) {
-        LOGE("%s: tag name is NULL!", __func__);
+        LOG(line::NoTagName, __func__);
         return INVALID_TAG;
     }
     return vendorTagOf(name);
@@ -113,18 +112,18 @@ uint32_t QzName2Tag::vendorTagFromName(const char* name) const {
 uint32_t findVendorTag(std::string_view name) {
     const sp<VendorTagDescriptor> descriptor = VendorTagDescriptor::getGlobalVendorTagDescriptor();
     if (descriptor == nullptr) {
-        LOGE("%s: vendor tag descriptor is NULL!", kCaller);
+        LOG(line::NoDescriptor, kCaller);
         return kNoTag;
     }
     size_t length = 0;
     const String8* section = sectionOf(name, *descriptor->getAllSectionNames(), &length);
     if (section == nullptr) {
-        LOGI("%s: cann't find section for tag '%s'!", kCaller, name.data());
+        LOG(line::NoVendorSection, kCaller, name.data());
         return kNoTag;
     }
     const std::string_view tagName = tagPart(name, length);
     if (tagName.empty()) {
-        LOGE("%s: Key length too short for key '%s'.", kCaller, name.data());
+        LOG(line::KeyTooShort, kCaller, name.data());
         return kNoTag;
     }
     uint32_t tag = kNoTag;
@@ -137,17 +136,17 @@ uint32_t vendorTagOf(std::string_view name) { return findVendorTag(name); }
 
 uint32_t QzName2Tag::androidTagFromName(const char* name) const {
     if (name == nullptr) {
-        LOGE("%s: tag name is NULL!", __func__);
+        LOG(line::NoTagName, __func__);
         return INVALID_TAG;
     }
     const size_t section = standardSectionOf(name);
     if (section == ANDROID_SECTION_COUNT) {
-        LOGE("%s: cann't find section, invalid tag name!", __func__);
+        LOG(line::NoStandardSection, __func__);
         return INVALID_TAG;
     }
     const std::string_view wanted = tagPart(name, strlen(camera_metadata_section_names[section]));
     if (wanted.empty()) {
-        LOGE("%s: Key length too short for key '%s'.", __func__, name);
+        LOG(line::KeyTooShort, __func__, name);
         return INVALID_TAG;
     }
     const auto& bounds = camera_metadata_section_bounds[section];
@@ -155,7 +154,7 @@ uint32_t QzName2Tag::androidTagFromName(const char* name) const {
         const char* tagName = get_camera_metadata_tag_name(tag);
         if (tagName != nullptr && wanted == tagName) return tag;
     }
-    LOGE("%s: Could not find tag name for key '%s'.", __func__, name);
+    LOG(line::NoStandardTag, __func__, name);
     return INVALID_TAG;
 }
 

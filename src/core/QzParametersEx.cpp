@@ -1,8 +1,7 @@
 #include "QzParametersEx.h"
 
-#include "core/BoundedMemory.h"
 #include "core/TagLabels.h"
-#include "text/Log.h"
+#include "text/Checked.h"
 
 #include <cstring>
 
@@ -14,12 +13,10 @@ using android::CameraMetadata;
 using android::CameraParameters2;
 using android::String8;
 
-constexpr char kLogTag[] = "QzParametersEx";
-
 camera_metadata_ro_entry noEntry() {
-    LOGW("%s: mInfo is null", "getStaticInfo");
+    LOG(line::InfoIsNull, "getStaticInfo");
     camera_metadata_ro_entry none;  // NOLINT(cppcoreguidelines-pro-type-member-init): cleared here
-    if (memset_s(&none, sizeof(none), 0, sizeof(none)) != 0) LOGE("%s(), memset_s failed!", "getStaticInfo");
+    succeeded<line::AdapterNotCleared>(memset_s(&none, sizeof(none), 0, sizeof(none)), "getStaticInfo");
     return none;
 }
 
@@ -28,14 +25,11 @@ camera_metadata_ro_entry checkedEntry(const CameraMetadata& info, uint32_t tag, 
     const camera_metadata_ro_entry entry = info.find(tag);
     if (entry.count == 0 && required) {
         const TagLabel label(tag);
-        LOGE("Error finding static metadata entry '%s.%s' (%x)", label.section(), label.name(), tag);
+        LOG(line::NoStaticEntry, label.section(), label.name(), tag);
     } else if (entry.count < minCount || (maxCount != 0 && entry.count > maxCount)) {
         // An absent entry that is not required but has a minimum is reported here too.
         const TagLabel label(tag);
-        LOGE(
-            "Malformed static metadata entry '%s.%s' (%x):Expected between %zu and %zu values, but got %zu "
-            "values",
-            label.section(), label.name(), tag, minCount, maxCount, entry.count);
+        LOG(line::MalformedEntry, label.section(), label.name(), tag, minCount, maxCount, entry.count);
     }
     return entry;
 }

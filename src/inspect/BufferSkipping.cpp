@@ -1,11 +1,10 @@
 // Which buffers are skipped for a round, by their size and format.
 #include "QzName2Tag.h"
 #include "QzPerformEx.h"
-#include "core/BoundedMemory.h"
-#include "core/EntryView.h"
 #include "core/TagLabels.h"
-#include "inspect/InspectLog.h"
+#include "tags/EntryView.h"
 #include "tags/TagNames.h"
+#include "text/Checked.h"
 
 #include <system/graphics.h>
 
@@ -21,11 +20,9 @@ constexpr int32_t kPanoramaHeight = 2448;
 // The format counts for the panorama only: a listed size is skipped in any.
 bool QzPerformEx::skipRoundBuffer(int32_t width, int32_t height, int32_t format) {
     const bool shown = logLevel() != 0;
-    if (shown) {
-        LOGI("%s(), size: %d x %d, format: %#x", __func__, width, height, static_cast<uint32_t>(format));
-    }
+    if (shown) LOG(line::BufferSize, __func__, width, height, static_cast<uint32_t>(format));
     if (width == kPanoramaWidth && height == kPanoramaHeight && format == HAL_PIXEL_FORMAT_YCbCr_420_888) {
-        if (shown) LOGI("%s(), front panorama, skip round.", __func__);
+        if (shown) LOG(line::PanoramaSkipped, __func__);
         return true;
     }
     const QzName2Tag* names = QzName2Tag::getInstance();
@@ -39,44 +36,40 @@ bool QzPerformEx::skipRoundBuffer(int32_t width, int32_t height, int32_t format)
 // A size that is found is told at every level, 0 too.
 bool QzPerformEx::isCustomizedSize(int32_t width, int32_t height, uint32_t tag) {
     const bool shown = logLevel() != 0;
-    if (shown) LOGI("%s()", __func__);
+    if (shown) LOG(line::Entered, __func__);
     const EntryView<int32_t> sizes(getStaticInfo(tag, 2, 0, true));
     if (sizes.count() == 0) {
-        if (shown) LOGI("%s(), entry count is 0", __func__);
+        if (shown) LOG(line::NoSizes, __func__);
         return false;
     }
     for (size_t i = 0; i + 1 < sizes.count(); i += 2) {
         if (sizes[i] != width || sizes[i + 1] != height) continue;
-        LOGI("%s(), size(%d x %d) belongs to %#x", __func__, width, height, tag);
+        LOG(line::SizeListed, __func__, width, height, tag);
         return true;
     }
-    if (shown) LOGI("%s(), size(%d x %d) doesn't belong to %#x", __func__, width, height, tag);
+    if (shown) LOG(line::SizeNotListed, __func__, width, height, tag);
     return false;
 }
 
 camera_metadata_ro_entry QzPerformEx::getStaticInfo(uint32_t tag, size_t minCount, size_t maxCount,
                                                     bool required) {
     const bool shown = logLevel() != 0;
-    if (shown) LOGI("%s()", __func__);
+    if (shown) LOG(line::Entered, __func__);
     if (mStaticInfo == nullptr) {
-        LOGW("%s(), info is null", __func__);
+        LOG(line::NoStaticInfo, __func__);
         camera_metadata_ro_entry none;  // NOLINT(cppcoreguidelines-pro-type-member-init): cleared here
-        if (memset_s(&none, sizeof(none), 0, sizeof(none)) != 0) LOGE("%s(), memset_s failed!", __func__);
+        succeeded<line::InspectorNotCleared>(memset_s(&none, sizeof(none), 0, sizeof(none)), __func__);
         return none;
     }
     const camera_metadata_ro_entry entry = mStaticInfo->find(tag);
     if (!shown) return entry;
     if (entry.count == 0 && required) {
         const TagLabel label(tag);
-        LOGI("%s(), Cann't find static metadata entry '%s.%s' (%#x)", __func__, label.section(), label.name(),
-             tag);
+        LOG(line::StaticEntryMissing, __func__, label.section(), label.name(), tag);
     } else if (entry.count < minCount || (maxCount != 0 && entry.count > maxCount)) {
         const TagLabel label(tag);
-        LOGI(
-            "%s(), Malformed static metadata entry '%s.%s' (%#x):Expected between %zu and %zu values, but "
-            "got %zu "
-            "values",
-            __func__, label.section(), label.name(), tag, minCount, maxCount, entry.count);
+        LOG(line::StaticEntryMalformed, __func__, label.section(), label.name(), tag, minCount, maxCount,
+            entry.count);
     }
     return entry;
 }

@@ -4,7 +4,7 @@
 #include "core/BoundedMemory.h"
 #include "core/Numbers.h"
 #include "core/TagLabels.h"
-#include "inspect/InspectLog.h"
+#include "text/Log.h"
 
 #include <camera/VendorTagDescriptor.h>
 #include <cutils/properties.h>
@@ -43,7 +43,7 @@ constexpr char kNull[] = "(null)";
 
 void showTag(const char* caller, uint32_t tag) {
     const TagLabel label(tag, kNull);
-    LOGI("%s(), get tag: %#x, '%s.%s'.", caller, tag, label.section(), label.name());
+    LOG(line::ShownTag, caller, tag, label.section(), label.name());
 }
 
 // The name of an element type in failure lines, with the blank behind it.
@@ -81,13 +81,13 @@ int formatElement(char* text, size_t size, const camera_metadata_ro_entry& entry
 std::atomic<uint32_t> QzPerformEx::sLogLevel{0};
 
 QzPerformEx::QzPerformEx(int32_t cameraId) : mCameraId(cameraId) {
-    LOGI("%s(%p), camera %d.", __func__, static_cast<void*>(this), mCameraId);
+    LOG(line::Inspector, __func__, static_cast<void*>(this), mCameraId);
 }
 
-QzPerformEx::~QzPerformEx() { LOGI("%s(%p), camera %d.", __func__, static_cast<void*>(this), mCameraId); }
+QzPerformEx::~QzPerformEx() { LOG(line::Inspector, __func__, static_cast<void*>(this), mCameraId); }
 
 void QzPerformEx::setInfo(const CameraMetadata* info) {
-    LOGI("%s(%p)", __func__, static_cast<void*>(this));
+    LOG(line::StaticInfo, __func__, static_cast<void*>(this));
     if (info == nullptr) return;
     mStaticInfo = info;
     if (logLevel() >= kShowChosenTags) getTagInfo(*info, chosenTag("camera.qzperformex.captag"));
@@ -104,7 +104,7 @@ void QzPerformEx::checkRequest(android::List<const CameraMetadata>& requests, bo
     sLogLevel.store(level, std::memory_order_relaxed);
     if (level < kShowRequestKind) return;
 
-    LOGI("%s(), %s.", __func__, repeating ? "repeating" : "capture");
+    LOG(line::RequestKind, __func__, repeating ? "repeating" : "capture");
     if (level >= kShowChosenTags) {
         for (const CameraMetadata& request : requests) {
             getTagInfo(request, chosenTag("camera.qzperformex.ctrltag"));
@@ -119,32 +119,28 @@ void QzPerformEx::checkResult(const android::CaptureResult& result) {
     if (logLevel() < kShowResults) return;
     getTagInfo(result.mMetadata, chosenTag("camera.qzperformex.stattag"));
     const android::CaptureResultExtras& extras = result.mResultExtras;
-    LOGI(
-        "%s(), request id: %d, burst id: %d, af trigger id: %d, precapture trigger id: %d\n"
-        "frame number: %lld, result count: %d",
-        __func__, extras.requestId, extras.burstId, extras.afTriggerId, extras.precaptureTriggerId,
-        static_cast<long long>(extras.frameNumber), extras.partialResultCount);
+    LOG(line::ResultIdentity, __func__, extras.requestId, extras.burstId, extras.afTriggerId,
+        extras.precaptureTriggerId, static_cast<long long>(extras.frameNumber), extras.partialResultCount);
 }
 
 void QzPerformEx::getTagInfo(const CameraMetadata& metadata, uint32_t tag) {
     if (tag == QzName2Tag::INVALID_TAG || logLevel() < kShowChosenTags) return;
     showTag(__func__, tag);
     if (!metadata.exists(tag)) {
-        LOGI("%s(), tag %#x doesn't exist.", __func__, tag);
+        LOG(line::TagMissing, __func__, tag);
         return;
     }
     const camera_metadata_ro_entry entry = metadata.find(tag);
     if (entry.count == 0) {
-        LOGI("%s(), tag %#x entry count is 0.", __func__, tag);
+        LOG(line::TagEmpty, __func__, tag);
         return;
     }
     for (size_t i = 0; i < entry.count; ++i) {
         char text[40] = {};
         if (formatElement(text, sizeof(text), entry, i) == -1) {
-            LOGE("%s(), snprintf_s %sfailed!", __func__, typeLabel(entry.type));
+            LOG(line::ElementCut, __func__, typeLabel(entry.type));
         }
-        LOGI("%s(), part %zu of %zu, index: %zu, tag: %#x, type: %s", __func__, i + 1, entry.count,
-             entry.index, entry.tag, text);
+        LOG(line::Element, __func__, i + 1, entry.count, entry.index, entry.tag, text);
     }
 }
 
@@ -152,17 +148,17 @@ void QzPerformEx::dumpVendorTags() {
     const android::sp<android::VendorTagDescriptor> descriptor =
         android::VendorTagDescriptor::getGlobalVendorTagDescriptor();
     if (descriptor == nullptr) {
-        LOGE("%s(), vendor tag descriptor is NULL!", __func__);
+        LOG(line::NoVendorTags, __func__);
         return;
     }
     const int count = descriptor->getTagCount();
-    LOGI("%s(), vendor tag count: %d", __func__, count);
+    LOG(line::VendorTagCount, __func__, count);
     if (count <= 0) return;
     std::vector<uint32_t> tags(static_cast<size_t>(count));
     descriptor->getTagArray(tags.data());
     for (const uint32_t tag : tags) {
-        LOGI("%s(), tag: %#x, %s.%s", __func__, tag, textOr(descriptor->getSectionName(tag), kNull),
-             textOr(descriptor->getTagName(tag), kNull));
+        LOG(line::VendorTag, __func__, tag, textOr(descriptor->getSectionName(tag), kNull),
+            textOr(descriptor->getTagName(tag), kNull));
     }
 }
 
@@ -172,7 +168,7 @@ void QzPerformEx::dumpCurrentTags(const CameraMetadata& metadata) {
     const CameraMetadata copy(metadata);
     const camera_metadata_t* buffer = copy.getAndLock();
     const size_t count = metadata.entryCount();
-    LOGI("%s(), entry count: %zu", __func__, count);
+    LOG(line::EntryCount, __func__, count);
     for (size_t i = 0; i < count; ++i) {
         camera_metadata_ro_entry entry = {};
         if (get_camera_metadata_ro_entry(buffer, i, &entry) != 0) continue;

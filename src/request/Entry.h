@@ -4,15 +4,14 @@
 //     scope.key("key-ambrix-scope").tag(CAPTURE("scopeMode")).as(kOnOff);
 //     return WRITE(scope, line::ScopeModeRefused, scope.text, scope.value);
 //
-// A null request, an absent key or an undeclared tag ends the setter there: the steps that follow do nothing, and nothing
-// is written.
+// A null request, an absent key or an undeclared tag ends the setter there: the steps that follow do nothing,
+// and nothing is written.
 #pragma once
 
 #include "QzHostInterfaces.h"
-#include "camera/TranslatorLog.h"
 #include "core/VendorTag.h"
-#include "request/Lines.h"
 #include "tags/TagNames.h"
+#include "text/Log.h"
 #include "text/Vocabulary.h"
 
 #include <array>
@@ -23,7 +22,8 @@ namespace qz {
 // Writes the line of a setter that was called without a request. Returns its status, -22.
 status_t refuseNull(const char* setter);
 
-// The state that is the same for every element type: source and destination of the entry, and how far the setter got.
+// The state that is the same for every element type: source and destination of the entry, and how far the
+// setter got.
 class EntryState {
   public:
     EntryState(ExtParamInterface* params, android::CameraMetadata* metaData, const char* setterName)
@@ -126,9 +126,9 @@ using IntEntry = Entry<int32_t>;
 using FloatEntry = Entry<float>;
 using RationalEntry = Entry<camera_metadata_rational>;
 
-// Writes an entry and gives the setter's status. A refusal is logged as `line`, whose format takes the setter's name first,
-// then the arguments given here, and the status last.
-#define WRITE(entry, line, ...)                                                                            \
+// Writes an entry and gives the setter's status. A refusal is logged as `line`, whose format takes the
+// setter's name first, then the arguments given here, and the status last.
+#define WRITE(entry, line, ...)                                                                         \
     ((entry).write() ? static_cast<void>(0) : LOG(line, (entry).setter, __VA_ARGS__, (entry).status()), \
      (entry).status())
 

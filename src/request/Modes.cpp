@@ -4,7 +4,7 @@
 #include "core/Numbers.h"
 #include "core/Properties.h"
 #include "request/Entry.h"
-#include "request/Lines.h"
+#include "text/Log.h"
 #include "text/Vocabularies.h"
 
 #include <cutils/properties.h>
@@ -46,7 +46,7 @@ const char* unstabilisedApp(const char* packageName) {
 }  // namespace
 
 status_t RequestSteps::setZslMode(CCameraQzParam& camera, CameraMetadata* metaData) {
-    LOG(line::EnterZslMode, __func__, 512);
+    LOG_TEXT(line::EnterZslMode);
     ByteEntry zsl(camera.mExtParam, metaData, __func__);
     zsl.key("zsl-mode").tag(CAPTURE("qz-zsl-mode")).as(kOnOff);
     if (zsl.open()) LOG(line::ZslMode, __func__, zsl.value);

@@ -4,7 +4,7 @@
 #include "core/Numbers.h"
 #include "core/Parsers.h"
 #include "request/Entry.h"
-#include "request/Lines.h"
+#include "text/Log.h"
 #include "text/Vocabularies.h"
 
 namespace qz {

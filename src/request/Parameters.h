@@ -1,8 +1,8 @@
 // The rows of all parameters as a table: kParameters, in the order of the pass.
 #pragma once
 
-#include "request/Lines.h"
 #include "request/Parameter.h"
+#include "text/Log.h"
 #include "text/Vocabularies.h"
 
 namespace qz {
@@ -36,7 +36,8 @@ constexpr bool distinctParameters() {
     for (size_t i = 0; i < kParameterCount; ++i) {
         if (placeOf(kParameters[i].setter) != i) return false;
         for (size_t j = 0; j < i && kParameters[i].plain; ++j) {
-            if (kParameters[j].plain && sameText(kParameters[i].keys[0].name, kParameters[j].keys[0].name)) return false;
+            if (kParameters[j].plain && sameText(kParameters[i].keys[0].name, kParameters[j].keys[0].name))
+                return false;
         }
     }
     return true;

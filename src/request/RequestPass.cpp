@@ -1,11 +1,11 @@
 #include "request/RequestPass.h"
 
-#include "camera/TranslatorLog.h"
 #include "core/Numbers.h"
 #include "core/VendorTag.h"
 #include "request/Entry.h"
 #include "request/Parameters.h"
 #include "request/RequestSteps.h"
+#include "text/Log.h"
 
 #include <array>
 #include <cstring>
@@ -80,17 +80,17 @@ int convert(const Step& step, const char* text, int number) {
 
 void inform(const Step& step, const char* text, int value) {
     if (step.informsText) {
-        logText(ANDROID_LOG_INFO, kLogTag, step.information, step.setter, value, text);
+        logText(ANDROID_LOG_INFO, kTranslatorLog, step.information, step.setter, value, text);
     } else {
-        logText(ANDROID_LOG_INFO, kLogTag, step.information, step.setter, value);
+        logText(ANDROID_LOG_INFO, kTranslatorLog, step.information, step.setter, value);
     }
 }
 
 void report(const Step& step, const char* text, int value, status_t status) {
     if (step.printsText) {
-        logText(ANDROID_LOG_ERROR, kLogTag, step.refused, step.setter, text, value, status);
+        logText(ANDROID_LOG_ERROR, kTranslatorLog, step.refused, step.setter, text, value, status);
     } else {
-        logText(ANDROID_LOG_ERROR, kLogTag, step.refused, step.setter, value, status);
+        logText(ANDROID_LOG_ERROR, kTranslatorLog, step.refused, step.setter, value, status);
     }
 }
 
@@ -132,7 +132,7 @@ struct RequestPass {
 
 status_t CCameraQzParam::paramToMetaData(CameraMetadata* metaData) {
     if (metaData == nullptr) {
-        LOG(line::NoRequestForPass, __func__, 84);
+        LOG_TEXT(line::NoRequestForPass);
         return android::BAD_VALUE;
     }
     for (const Step& step : kSteps) RequestPass::run(step, *this, metaData);

@@ -1,18 +1,34 @@
-// A line that the library can write to the log. Folders list theirs in a lines.inc, one LINE a line:
+// Every line that the library can write to the log, but for those that rows state themselves. Folders list
+// theirs in a lines.inc, one LINE a line:
 //
-//     LINE(ZoomMaximumIsZero, "setZoom", ERROR, "%s(), KEY_MAX_ZOOM = 0, error!")
+//     LINE(MaxZoomIsZero, "setZoom", ERROR, "%s(), KEY_MAX_ZOOM = 0, error!")
 //
-// name of the line, function that writes it ("" for several), level, format. Sources write lines with LOG
-// (text/Log.h), where the compiler checks the arguments against the format; readers of logs take them as LogLine.
+// name of the line, function that writes it ("" for several), level, format. Here each becomes a type for LOG
+// (text/Log.h); rows/Lines.h has them as a table, together with those of the rows.
 #pragma once
+
+#include <android/log.h>
 
 namespace qz {
 
-struct LogLine {
-    const char* logTag;
-    const char* function;
-    int priority;
-    const char* format;
-};
+// Log tags, one a class.
+constexpr char kTranslatorLog[] = "CameraQzParam";
+constexpr char kAdapterLog[] = "QzParametersEx";
+constexpr char kTagLog[] = "QzName2Tag";
+constexpr char kCallBackLog[] = "CameraQzCallBack";
+constexpr char kCommandLog[] = "CameraQzSendCmd";
+constexpr char kInspectorLog[] = "QzPerformEx";
 
+namespace line {
+
+#define LINE(name, function, level, text)                    \
+    struct name {                                            \
+        static constexpr const char* logTag = LINE_LOG_TAG;  \
+        static constexpr int priority = ANDROID_LOG_##level; \
+        static constexpr const char* format = text;          \
+    };
+#include "rows/lines.inc"
+#undef LINE
+
+}  // namespace line
 }  // namespace qz

@@ -1,19 +1,13 @@
-// The Android log, one tag per class: each source names its own in kLogTag. LOG writes a line of a lines.inc; a macro, so
-// that the compiler checks the arguments against the format.
+// The Android log. LOG writes a line of a lines.inc; a macro, so that the compiler checks the arguments
+// against the format.
 #pragma once
 
 #include "rows/Line.h"
 
-#include <android/log.h>
-
 #define LOG(line, ...) \
-    static_cast<void>(__android_log_print(line::priority, kLogTag, line::format, __VA_ARGS__))
-#define QZ_LOG(priority, ...) static_cast<void>(__android_log_print(priority, kLogTag, __VA_ARGS__))
-#define LOGD(...) QZ_LOG(ANDROID_LOG_DEBUG, __VA_ARGS__)
-#define LOGI(...) QZ_LOG(ANDROID_LOG_INFO, __VA_ARGS__)
-#define LOGW(...) QZ_LOG(ANDROID_LOG_WARN, __VA_ARGS__)
-#define LOGE(...) QZ_LOG(ANDROID_LOG_ERROR, __VA_ARGS__)
-#define LOG_TEXT(line) static_cast<void>(__android_log_print(line::priority, kLogTag, line::format))  // no arguments
+    static_cast<void>(__android_log_print(line::priority, line::logTag, line::format, __VA_ARGS__))
+#define LOG_TEXT(line) \
+    static_cast<void>(__android_log_print(line::priority, line::logTag, line::format))  // no arguments
 
 namespace qz {
 

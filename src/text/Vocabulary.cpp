@@ -1,6 +1,6 @@
 #include "text/Vocabulary.h"
 
-#include "camera/TranslatorLog.h"
+#include "text/Log.h"
 
 #include <cstring>
 
@@ -23,7 +23,7 @@ const char* findWord(const Vocabulary& vocabulary, uint8_t number) {
 
 const char* wordOf(const Vocabulary& vocabulary, uint8_t number) {
     if (const char* text = findWord(vocabulary, number)) return text;
-    logText(ANDROID_LOG_ERROR, kLogTag, vocabulary.unknownText, vocabulary.toText, number);
+    logText(ANDROID_LOG_ERROR, kTranslatorLog, vocabulary.unknownText, vocabulary.toText, number);
     return vocabulary.fallback;
 }
 

@@ -275,34 +275,14 @@ TEST(ResultHandlers, ReportAMissingHost) {
     Session session;
     const std::string report = ": mExtCallBackIntf is NULL!\n";
     std::string expected;
-    for (const char* name : {"checkZslMode",
-                             "processTargetTracking",
-                             "processFocusVcmValue",
-                             "processFocusContrastValue",
-                             "processOtpcheckResult",
-                             "processDualAbnormal",
-                             "processDualCameraVerify",
-                             "processMMIFeatureTest",
-                             "processMMICameraPdafVerify",
-                             "processSmartMode",
-                             "processLowCapState",
-                             "processLcdFlashMode",
-                             "processExposureMesure",
-                             "processExposureModePreviewState",
-                             "processPreviewParameters",
-                             "processLaserCalibrationResult",
-                             "processLpdParameters",
-                             "processDarkRaiderCapture",
-                             "processMmiFocusTest",
-                             "processOisGryoOffsetCalibResult",
-                             "processOisHallCalibResult",
-                             "processOisHallCheckResult"}) {
-        expected += std::string("E ") + name + report;
+    for (const ResultRow& row : kResults) {
+        expected += std::string("E ") + row.handler + report;
     }
     session.professional();
     EXPECT_EQ(session.orphan->processQzCallBack(session.host->result), 0);
     EXPECT_EQ(session.trace(), expected);
     EXPECT_THAT(TestPeer::handle(*session.orphan, session.host->result), Each(-22));
+    EXPECT_EQ(runHandler(*session.callBack, "processAll", session.host->result), -2);
 }
 
 TEST(ResultHandlers, AreSilentAboutUndeclaredTags) {

@@ -2,6 +2,9 @@
 #pragma once
 
 #include "CameraQzCallBack.h"
+#include "callback/ResultPass.h"
+#include "callback/ResultSteps.h"
+#include "callback/Results.h"
 #include "support/Device.h"
 #include "support/Entries.h"
 
@@ -23,45 +26,12 @@ struct TestPeer {
                 p.mLcdCompensate.get()};
     }
     static int dualVerifyActive(const CameraQzCallBack& c) { return c.mDualVerifyActive; }
-    static int isoStep(CameraQzCallBack& c, int32_t iso) { return c.professionalIsoConvert(iso); }
 
-    using Result = android::CameraMetadata;
-    static std::vector<int> handle(CameraQzCallBack& c, const Result& r) {
-        return {c.checkZslMode(r),
-                c.processTargetTracking(r),
-                c.processFocusVcmValue(r),
-                c.processFocusContrastValue(r),
-                c.processOtpcheckResult(r),
-                c.processDualAbnormal(r),
-                c.processDualCameraVerify(r),
-                c.processMMIFeatureTest(r),
-                c.processMMICameraPdafVerify(r),
-                c.processSmartMode(r),
-                c.processLowCapState(r),
-                c.processLcdFlashMode(r),
-                c.processExposureMesure(r),
-                c.processExposureModePreviewState(r),
-                c.processPreviewParameters(r),
-                c.processLaserCalibrationResult(r),
-                c.processLpdParameters(r),
-                c.processDarkRaiderCapture(r),
-                c.processMmiFocusTest(r),
-                c.processOisGryoOffsetCalibResult(r),
-                c.processOisHallCalibResult(r),
-                c.processOisHallCheckResult(r)};
-    }
-    static std::vector<int> preview(CameraQzCallBack& c, const Result& r, int32_t* out) {
-        return {c.profGetExposureTime(r, out), c.profGetIsoState(r, out), c.profGetExposureHint(r, out)};
-    }
-    static void send(CameraQzCallBack& c, const int32_t* offset) {
-        c.callbackTargetTracking(offset);
-        c.callbackDualAbnormal(5);
-        c.callbackDualCameraVerifyResult(6, 7);
-        c.callbackMMIFeatureTestResult(8, 9);
-        c.callbackMMICameraPdafVerifyResult(10);
-        c.callbackExposureMesure(11);
-        c.callbackExposureModePreviewState();
-        c.callbackLaserCalibrationResult(12);
+    // Every handler, in order.
+    static std::vector<int> handle(CameraQzCallBack& c, const android::CameraMetadata& result) {
+        std::vector<int> statuses;
+        for (const ResultRow& row : kResults) statuses.push_back(runHandler(c, row.handler, result));
+        return statuses;
     }
 };
 

@@ -1,0 +1,44 @@
+// The functions of the rows that are more than a row. Each is the algorithm of one handler, and returns 0
+// unless it says otherwise.
+#pragma once
+
+#include "CameraQzCallBack.h"
+#include "tags/EntryView.h"
+
+#include <string_view>
+
+namespace qz {
+
+// A capture result as a handler gets it: the first entry of the handler's row is there, with its type and
+// count.
+struct Result {
+    const android::CameraMetadata& metadata;
+    camera_metadata_ro_entry entry;
+
+    const uint8_t* bytes() const { return entry.data.u8; }
+    const int32_t* numbers() const { return entry.data.i32; }
+};
+
+// A further entry of a result.
+EntryView<int32_t> findNumbers(ExtCallBackInterface* host, const Result& result, std::string_view tagName);
+
+// A friend of the processor and of the translator, whose state the functions read and leave.
+struct ResultSteps {
+#define PLAIN(...)
+#define OWN(handler, ...) static status_t handler(CameraQzCallBack& callBack, const Result& result);
+#include "callback/results.inc"
+#undef PLAIN
+#undef OWN
+};
+
+// Parts of handlers.
+void callbackTargetTracking(ExtCallBackInterface* host, const int32_t* targetCoord);  // x, y
+
+// Of the preview-parameter block: 1 filled, 0 not.
+int profGetExposureTime(ExtCallBackInterface* host, const Result& result,
+                        int32_t* exposureTime);  // microseconds
+int profGetIsoState(ExtCallBackInterface* host, const Result& result, int32_t* iso);
+int profGetExposureHint(ExtCallBackInterface* host, const Result& result, int32_t* expoHint);
+int32_t professionalIsoConvert(int32_t iso);
+
+}  // namespace qz
