@@ -28,6 +28,7 @@ struct KeyRow {
     Form form = Form::word;
     uint8_t numbers = 1;
     const char* note = nullptr;  // for the reference: units, meaning
+    bool condition = false;      // decides about the entries of the row's other keys and has none of its own
 };
 
 // How the value of the key becomes the value of the entry.
@@ -114,6 +115,10 @@ constexpr KeyRow text(const char* key, const char* note = nullptr) {
 }
 constexpr KeyRow integer(const char* key, const char* note = nullptr) {
     return {key, KeyRow::As::integer, KeyRow::Form::number, 1, note};
+}
+constexpr KeyRow condition(KeyRow key) {
+    key.condition = true;
+    return key;
 }
 constexpr KeyRow textAndInteger(const char* key, const char* note) {
     return {key, KeyRow::As::textAndInteger, KeyRow::Form::number, 1, note};

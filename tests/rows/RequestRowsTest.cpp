@@ -43,9 +43,8 @@ Texts samplesOf(const Parameter& row, const KeyRow& key) {
             break;
     }
     Texts words;
-    const bool isFirst = &key == row.keys.begin();
     if (row.conversion.vocabulary == nullptr) return {"on"};
-    if (!isFirst) return {kAbsent};
+    if (key.condition) return {kAbsent};
     for (const Word& word : row.conversion.vocabulary->words) words.emplace_back(word.text);
     words.emplace_back("no such word");
     return words;

@@ -1,5 +1,7 @@
 #include "facts/KeyWords.h"
 
+#include <request/Parameters.h>
+
 #include <algorithm>
 #include <cctype>
 #include <utility>
@@ -33,24 +35,28 @@ std::set<std::string> wordsOf(const std::string& key) {
     return words;
 }
 
-std::vector<std::string> similarKeys(const Survey& survey, const std::string& key) {
+std::vector<std::string> similarKeys(const std::string& key) {
     constexpr double kAlike = 0.5;
     constexpr size_t kMost = 4;
     const auto words = wordsOf(key);
     std::vector<std::pair<double, std::string>> found;
-    for (const ParameterFact& fact : survey.parameters) {
-        const auto others = wordsOf(fact.key);
+    std::set<std::string> keys;
+    for (const qz::Parameter& row : qz::kParameters) {
+        for (const qz::KeyRow& each : row.keys) keys.insert(each.name);
+    }
+    for (const std::string& known : keys) {
+        const auto others = wordsOf(known);
         if (words.empty() || others.empty()) continue;
         const double alike = likeness(words, others);
-        if (alike >= kAlike) found.emplace_back(alike, fact.key);
+        if (alike >= kAlike) found.emplace_back(alike, known);
     }
     std::stable_sort(found.begin(), found.end(),
                      [](const auto& a, const auto& b) { return a.first > b.first; });
-    std::vector<std::string> keys;
-    for (const auto& [alike, similar] : found) {
-        if (keys.size() < kMost) keys.push_back(similar);
+    std::vector<std::string> similar;
+    for (const auto& [alike, known] : found) {
+        if (similar.size() < kMost) similar.push_back(known);
     }
-    return keys;
+    return similar;
 }
 
 }  // namespace qzcam

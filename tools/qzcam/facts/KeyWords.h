@@ -2,8 +2,6 @@
 // take them, and slips of the pen like what was meant.
 #pragma once
 
-#include "facts/Survey.h"
-
 #include <set>
 #include <string>
 #include <vector>
@@ -14,6 +12,6 @@ namespace qzcam {
 std::set<std::string> wordsOf(const std::string& key);
 
 // Keys that setters read and that are called much like this one, the most alike first.
-std::vector<std::string> similarKeys(const Survey& survey, const std::string& key);
+std::vector<std::string> similarKeys(const std::string& key);
 
 }  // namespace qzcam

@@ -1,77 +1,68 @@
 #include "verdict/Explanation.h"
 
-#include "base/Text.h"
 #include "facts/KeyWords.h"
-#include "facts/Probe.h"
-#include "facts/ProbeTexts.h"
-#include "facts/ReferenceParts.h"
 #include "host/LogCapture.h"
+#include "verdict/KeyValue.h"
+#include "verdict/RowSteps.h"
 
 #include <camera/VendorTagDescriptor.h>
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <set>
 #include <utility>
 
 namespace qzcam {
 
 namespace {
 
-template <typename Rows>
-std::string writtenText(const Rows& rows) {
+using Row = qz::Parameter;
+constexpr char kMeaningless[] = "no such word";
+
+std::string writtenText(const std::vector<VerdictEntry>& rows) {
     std::string text;
-    for (const auto& row : rows) {
-        if (row.values.count > 0) text += (text.empty() ? "" : "; ") + valuesText(row.values);
+    for (const VerdictEntry& row : rows) {
+        // No tag: numbers of vendor entries have no names.
+        if (row.values.count > 0)
+            text += (text.empty() ? "" : "; ") + toText(row.values, CAMERA_METADATA_VENDOR_TAG_BOUNDARY);
     }
     return text;
 }
 
-bool startsWithNumber(const Outcome* outcome, int number) {
-    if (!outcome || outcome->written.empty()) return false;
-    const std::string text = valuesText(outcome->written.front().values);
-    return text == fmt::to_string(number) || startsWith(text, fmt::format("{} ", number));
-}
-
-// Whether each word becomes its number.
-bool isVocabulary(const ParameterFact& fact, const WordTable& table) {
-    return std::all_of(table.begin(), table.end(), [&](const WordNumber& row) {
-        return startsWithNumber(fact.outcomeOf(row.word), row.number);
+bool readsAs(const std::vector<const Row*>& rows, const std::string& key, qz::KeyRow::As as) {
+    return std::any_of(rows.begin(), rows.end(), [&](const Row* row) {
+        const qz::KeyRow::As how = keyIn(*row, key)->as;
+        return how == as || how == qz::KeyRow::As::textAndInteger;
     });
 }
 
-// Numbers are not words, though a vocabulary of numerals may agree with them.
-bool takesNumbers(const ParameterFact& fact) {
-    return !fact.asText || startsWithNumber(fact.outcomeOf("7"), 7);
-}
-
-std::vector<std::string> vocabularyOf(const ParameterFact& fact) {
-    std::vector<std::string> words;
-    if (takesNumbers(fact)) return words;
-    for (const WordTable& table : wordTables()) {
-        if (!isVocabulary(fact, table)) continue;
-        for (const WordNumber& row : table) words.push_back(row.word);
+// Values with which the row writes something on a complete device: they open its gates, and set its other
+// keys.
+Texts companyOf(const Row& row, const std::string& key) {
+    Texts texts;
+    if (row.gated(qz::Gate::lightPainting)) texts["qz-exposure-mode"] = "super-night";
+    for (const qz::KeyRow& other : row.keys) {
+        if (other.name != key && row.gated(qz::Gate::allKeys))
+            texts[other.name] = examplesOf(row, other).front();
     }
-    return words;
+    return texts;
 }
 
-// Values that become something else than a text without meaning does.
-std::vector<std::string> examplesOf(const ParameterFact& fact) {
-    constexpr size_t kMostExamples = 6;
-    const Outcome* otherwise = fact.outcomeOf(kMeaningless);
-    std::vector<std::string> values;
-    for (const Outcome& outcome : fact.outcomes) {
-        if (outcome.written.empty() || values.size() == kMostExamples) continue;
-        if (!otherwise || outcome.written != otherwise->written) values.push_back(outcome.value);
+void addLine(std::vector<std::string>& lines, const std::string& line) {
+    if (!line.empty() && std::find(lines.begin(), lines.end(), line) == lines.end()) lines.push_back(line);
+}
+
+std::vector<std::string> conditionsOf(const std::vector<const Row*>& rows, const std::string& key) {
+    std::vector<std::string> lines;
+    for (const Row* row : rows) {
+        const qz::KeyRow& own = *keyIn(*row, key);
+        if (own.condition) addLine(lines, fmt::format("also decides about {}", row->keys[0].name));
+        if (own.note != nullptr) addLine(lines, own.note);
+        for (const qz::Gate gate : row->gates)
+            addLine(lines, fmt::format("{}: {}", row->setter, textOf(gate)));
+        for (const char* property : row->properties)
+            addLine(lines, fmt::format("{}: property {} decides, too", row->setter, property));
     }
-    return values;
-}
-
-// The name that the library's failure lines begin with.
-std::string setterIn(const std::string& failure) {
-    const size_t end = failure.find("()");
-    const bool isName = end != std::string::npos && failure.find(' ') > end;
-    return isName ? failure.substr(0, end) : std::string();
+    return lines;
 }
 
 }  // namespace
@@ -85,21 +76,21 @@ Explainer::Explainer(const Device& device)
 Explainer::~Explainer() { android::VendorTagDescriptor::clearGlobalVendorTagDescriptor(); }
 
 std::optional<Explanation> Explainer::explain(const std::string& key, const Texts& given) {
-    const ParameterFact* fact = VerdictFinder::survey().parameter(key);
-    if (!fact) return std::nullopt;
+    const auto rows = rowsOf(key);
+    if (rows.empty()) return std::nullopt;
     Explanation found;
     found.key = key;
-    found.asText = fact->asText;
-    found.asInteger = fact->asInteger;
+    found.asText = readsAs(rows, key, qz::KeyRow::As::text);
+    found.asInteger = readsAs(rows, key, qz::KeyRow::As::integer);
+    for (const Row* row : rows) found.setters.emplace_back(row->setter);
+    found.conditions = conditionsOf(rows, key);
     found.company = given;
-    found.company.insert(fact->context.begin(), fact->context.end());
-    found.company.insert(fact->companions.begin(), fact->companions.end());
+    const Texts company = companyOf(*rows.front(), key);
+    found.company.insert(company.begin(), company.end());
     found.company.erase(key);
-    addConditions(found, *fact);
-    addValues(found, *fact);
-    addSetters(found);
+    addValues(found, *rows.front());
     addTargets(found);
-    addChoices(found);
+    addChoices(found, rows);
     if (const auto value = given.find(key); value != given.end()) {
         found.company = given;
         found.given = verdictOn(found, value->second);
@@ -107,54 +98,23 @@ std::optional<Explanation> Explainer::explain(const std::string& key, const Text
     return found;
 }
 
-// The reference says the same of every device.
-void Explainer::addConditions(Explanation& found, const ParameterFact& fact) {
-    Probe probe;
-    found.conditions = parameterDoc(probe, VerdictFinder::survey(), fact).conditions;
-}
-
-void Explainer::addValues(Explanation& found, const ParameterFact& fact) {
-    std::vector<std::string> values = vocabularyOf(fact);
-    found.hasVocabulary = !values.empty();
-    if (!found.hasVocabulary) values = examplesOf(fact);
-    for (const std::string& value : values) {
+void Explainer::addValues(Explanation& found, const Row& row) {
+    const qz::KeyRow& key = *keyIn(row, found.key);
+    found.hasVocabulary = !wordsOf(row, key).empty();
+    for (const std::string& value : examplesOf(row, key)) {
         VerdictRow verdict = verdictOn(found, value);
         found.values.push_back({value, writtenText(verdict.entries), std::move(verdict)});
     }
-    if (!fact.asText) return;
+    if (!found.asText || key.form == qz::KeyRow::Form::name) return;
     VerdictRow verdict = verdictOn(found, kMeaningless);
     found.otherwise = Explanation::Value{"any other text", writtenText(verdict.entries), std::move(verdict)};
-}
-
-// The library names its setters when their updates are refused.
-void Explainer::addSetters(Explanation& found) {
-    std::set<std::string> setters;
-    for (const Explanation::Value& value : found.values) {
-        Texts texts = found.company;
-        const Texts without = texts;
-        texts[found.key] = value.value;
-        for (const Texts& before : {Texts{}, texts}) {
-            const Circumstances circumstances{0, 0, {}, before};
-            const auto refused = [&](const Texts& parameters) {
-                return mVerdicts.scratch().request(parameters, circumstances, android::INVALID_OPERATION);
-            };
-            const Trace steps = refused(texts);
-            for (const size_t step : stepsNotIn(steps, refused(without))) {
-                if (steps[step].kind == TraceStep::Kind::Failure) setters.insert(setterIn(steps[step].name));
-            }
-        }
-        setters.erase("");
-        if (!setters.empty()) break;
-    }
-    found.setters.assign(setters.begin(), setters.end());
 }
 
 void Explainer::addTargets(Explanation& found) {
     for (const Explanation::Value& value : found.values) {
         for (const VerdictEntry& entry : value.verdict.entries) {
-            const bool known =
-                std::any_of(found.targets.begin(), found.targets.end(),
-                            [&](const Explanation::Target& target) { return target.tag == entry.name; });
+            const bool known = std::any_of(found.targets.begin(), found.targets.end(),
+                                           [&](const auto& target) { return target.tag == entry.name; });
             if (known) continue;
             const Tag* tag = mNames.find(entry.name);
             found.targets.push_back({entry.name, entry.values.count > 0 ? typeAndCount(entry.values) : "",
@@ -178,22 +138,22 @@ VerdictRow Explainer::verdictOn(const Explanation& found, const std::string& val
     return mVerdicts.find(trace, {found.key}, texts, {}).front();
 }
 
-// Nothing in the library links a list of choices to the parameter that takes them, but their names do.
-void Explainer::addChoices(Explanation& found) const {
+// The published keys that the rows state, as far as this device publishes them.
+void Explainer::addChoices(Explanation& found, const std::vector<const Row*>& rows) const {
     const LogListener silence([](const LogEvent&) {});
     Camera camera(0, mCharacteristics, [](Message&&) {});
     camera.translator().metaDataToParam();
-    const auto words = wordsOf(found.key);
     for (const auto& [key, capability] : camera.adapter().takePublished()) {
+        const bool offered = std::any_of(rows.begin(), rows.end(), [&key = key](const Row* row) {
+            return std::any_of(row->offers.begin(), row->offers.end(),
+                               [&](const char* each) { return key == each; });
+        });
         const char* value = camera.parameters().get(key.c_str());
-        if (value != nullptr && !words.empty() && wordsOf(key) == words) {
+        if (offered && value != nullptr)
             found.choices.push_back({key, value, mNames.nameOf(capability), Change::None});
-        }
     }
 }
 
-std::vector<std::string> Explainer::similarKeys(const std::string& key) {
-    return qzcam::similarKeys(VerdictFinder::survey(), key);
-}
+std::vector<std::string> Explainer::similarKeys(const std::string& key) { return qzcam::similarKeys(key); }
 
 }  // namespace qzcam

@@ -1,10 +1,12 @@
-// The whole road of one parameter on one device: who reads it, what its values become, where they go, and
+// The way of one parameter on one device: which setters read it, what its values become, where they go, and
 // what keeps them from getting there.
 #pragma once
 
 #include "device/Device.h"
 #include "host/Camera.h"
 #include "verdict/Verdicts.h"
+
+#include <request/Parameter.h>
 
 #include <optional>
 #include <string>
@@ -54,11 +56,9 @@ class Explainer {
     std::vector<std::string> similarKeys(const std::string& key);
 
   private:
-    static void addConditions(Explanation& found, const ParameterFact& fact);
-    void addSetters(Explanation& found);
-    void addValues(Explanation& found, const ParameterFact& fact);
+    void addValues(Explanation& found, const qz::Parameter& row);
     void addTargets(Explanation& found);
-    void addChoices(Explanation& found) const;
+    void addChoices(Explanation& found, const std::vector<const qz::Parameter*>& rows) const;
     VerdictRow verdictOn(const Explanation& found, const std::string& value);
 
     TagNames mNames;

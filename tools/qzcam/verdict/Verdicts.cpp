@@ -1,219 +1,260 @@
 #include "verdict/Verdicts.h"
 
+#include "base/Text.h"
 #include "facts/KeyWords.h"
 #include "facts/Reference.h"
-#include "verdict/Influence.h"
-#include "verdict/Understanding.h"
+#include "verdict/KeyValue.h"
+#include "verdict/RowSteps.h"
 
 #include <fmt/format.h>
 
 #include <algorithm>
 #include <array>
-#include <utility>
+#include <cstring>
+#include <iterator>
+#include <optional>
 
 namespace qzcam {
 
 namespace {
 
 using Kind = TraceStep::Kind;
+using Row = qz::Parameter;
 
-// What says most about a parameter of several entries.
+// The verdict that says most about a parameter of several entries.
 constexpr std::array<Verdict, 4> kWorstFirst{Verdict::WrongType, Verdict::Undeclared, Verdict::Overridden,
                                              Verdict::GateClosed};
 
+const TraceStep* findStep(const Trace& steps, Kind kind, const std::string& name) {
+    const auto found = std::find_if(steps.begin(), steps.end(), [&](const TraceStep& step) {
+        return step.kind == kind && step.name == name;
+    });
+    return found == steps.end() ? nullptr : &*found;
+}
+
+const TraceStep* firstOf(const Trace& steps, Kind kind) {
+    const auto found =
+        std::find_if(steps.begin(), steps.end(), [&](const TraceStep& step) { return step.kind == kind; });
+    return found == steps.end() ? nullptr : &*found;
+}
+
+// True for one element that is the number, of which a byte holds the low eight bits.
+bool holdsNumber(const Values& values, int32_t number) {
+    if (values.count != 1) return false;
+    if (values.type == TYPE_BYTE) return values.bytes[0] == static_cast<uint8_t>(number);
+    return values.type == TYPE_INT32 && std::memcmp(values.bytes.data(), &number, sizeof(number)) == 0;
+}
+
+// One request: what its rows did on the device, and what they would have done on a complete one.
 class Request {
   public:
-    Request(VerdictFinder& finder, const Trace& actual, Influence influence)
-        : mFinder(finder), mActual(actual), mInfluence(std::move(influence)) {}
+    Request(const TagNames& names, const Texts& parameters, RowSteps actual, RowSteps complete)
+        : mNames(names),
+          mParameters(parameters),
+          mActual(std::move(actual)),
+          mComplete(std::move(complete)) {}
 
-    VerdictRow verdictOn(const std::string& key);
+    VerdictRow verdictOn(const std::string& key) const;
 
   private:
-    VerdictEntry entry(const std::string& key, size_t step);
-    const TraceStep* actualOf(size_t step) const;
-    std::string overriddenBy(const std::string& key, size_t step);
-    std::string whyNotReached(const std::string& key, size_t step);
-    void sumUp(VerdictRow& row);
-    void explainUnread(VerdictRow& row);
-    void explainNoEntry(VerdictRow& row);
-    bool stoppedByAbsence(VerdictRow& row);
-    bool decidedByOthers(VerdictRow& row);
+    const Trace& actual(const Row& row) const { return stepsOf(mActual, row); }
+    const Trace& complete(const Row& row) const { return stepsOf(mComplete, row); }
+    static const Trace& stepsOf(const RowSteps& steps, const Row& row);
 
-    VerdictFinder& mFinder;
-    const Trace& mActual;
-    Influence mInfluence;
+    void addEntries(VerdictRow& verdict, const Row& row) const;
+    std::optional<VerdictEntry> entryOf(const Row& row, size_t index) const;
+    std::string overriddenBy(const Row& row, const std::string& tag) const;
+    std::string decidedBy(const Row& row, const std::string& value) const;
+    std::string whyNotReached(const Row& row, size_t index) const;
+    void sumUp(VerdictRow& verdict) const;
+    void explainUnread(VerdictRow& verdict, const Row& row) const;
+    void explainNoEntry(VerdictRow& verdict, const Row& row, const qz::KeyRow& key) const;
+    bool lacksSomething(VerdictRow& verdict, const Row& row) const;
+    bool isSet(const char* key) const { return mParameters.count(key) != 0; }
+
+    const TagNames& mNames;
+    const Texts& mParameters;
+    RowSteps mActual;
+    RowSteps mComplete;
 };
 
-VerdictRow Request::verdictOn(const std::string& key) {
-    VerdictRow row{key, mInfluence.parameters().at(key), Verdict::Written, {}, {}};
-    for (const size_t step : mInfluence.own(key)) row.entries.push_back(entry(key, step));
-    if (!row.entries.empty()) {
-        sumUp(row);
-    } else if (mInfluence.reads(key)) {
-        explainNoEntry(row);
+const Trace& Request::stepsOf(const RowSteps& steps, const Row& row) {
+    static const Trace none;
+    const auto found = steps.find(&row);
+    return found == steps.end() ? none : found->second;
+}
+
+VerdictRow Request::verdictOn(const std::string& key) const {
+    VerdictRow verdict{key, mParameters.at(key), Verdict::Written, {}, {}};
+    const auto rows = rowsOf(key);
+    if (rows.empty()) {
+        verdict.verdict = Verdict::Unread;
+        verdict.reason = noteOn(key);
+        const auto similar = similarKeys(key);
+        if (verdict.reason.empty() && !similar.empty())
+            verdict.reason = fmt::format("perhaps {} is meant", fmt::join(similar, " or "));
+        return verdict;
+    }
+    for (const Row* row : rows) addEntries(verdict, *row);
+    // The row that has the key for its own explains it.
+    const auto own =
+        std::find_if(rows.begin(), rows.end(), [&](const Row* row) { return !keyIn(*row, key)->condition; });
+    const Row& row = own == rows.end() ? *rows.front() : **own;
+    if (!verdict.entries.empty()) {
+        sumUp(verdict);
+    } else if (findStep(complete(row), Kind::Read, key) == nullptr) {
+        explainUnread(verdict, row);
     } else {
-        explainUnread(row);
+        explainNoEntry(verdict, row, *keyIn(row, key));
     }
-    return row;
+    return verdict;
 }
 
-void Request::sumUp(VerdictRow& row) {
-    for (const Verdict verdict : kWorstFirst) {
-        const auto found = std::find_if(row.entries.begin(), row.entries.end(),
-                                        [&](const VerdictEntry& each) { return each.verdict == verdict; });
-        if (found == row.entries.end()) continue;
-        row.verdict = verdict;
-        row.reason = found->reason;
-        return;
+void Request::addEntries(VerdictRow& verdict, const Row& row) const {
+    const qz::KeyRow& key = *keyIn(row, verdict.key);
+    if (findStep(complete(row), Kind::Read, verdict.key) == nullptr) return;
+    for (size_t i = 0; i < row.entries.count; ++i) {
+        if (!ownsEntry(row, key, i)) continue;
+        if (auto entry = entryOf(row, i)) verdict.entries.push_back(std::move(*entry));
     }
-    row.reason = misunderstanding(mInfluence, row.key);
-    if (!row.reason.empty()) row.verdict = Verdict::Fallback;
 }
 
-VerdictEntry Request::entry(const std::string& key, size_t step) {
-    const TraceStep& wanted = mInfluence.steps()[step];
-    const Tag* tag = mFinder.names().find(wanted.name);
-    if (!tag) {
-        return {0, wanted.name, Verdict::Undeclared, wanted.name, wanted.values};
+// Nothing for an entry that the library would not write on a complete device either.
+std::optional<VerdictEntry> Request::entryOf(const Row& row, size_t index) const {
+    const std::string name = row.entries[index].tag;
+    const TraceStep* wanted = findStep(complete(row), Kind::Update, name);
+    const Tag* tag = mNames.find(name);
+    if (wanted == nullptr) {
+        if (findStep(complete(row), Kind::Missing, name) == nullptr) return std::nullopt;
+        return VerdictEntry{0, name, Verdict::Undeclared, name, {}};
     }
-    VerdictEntry entry{tag->id, wanted.name, Verdict::Written, {}, wanted.values};
-    const TraceStep* actual = actualOf(step);
-    if (!actual) {
+    if (tag == nullptr) return VerdictEntry{0, name, Verdict::Undeclared, name, wanted->values};
+    VerdictEntry entry{tag->id, name, Verdict::Written, {}, wanted->values};
+    const TraceStep* update = findStep(actual(row), Kind::Update, name);
+    if (update == nullptr) {
         entry.verdict = Verdict::GateClosed;
-        entry.reason = whyNotReached(key, step);
-    } else if (actual->status != android::OK) {
+        entry.reason = whyNotReached(row, index);
+    } else if (update->status != android::OK) {
         entry.verdict = Verdict::WrongType;
         entry.reason =
-            fmt::format("{} is declared as {}: {} refused, status {}", wanted.name,
-                        camera_metadata_type_names[tag->type], typeAndCount(wanted.values), actual->status);
-    } else if (const std::string other = overriddenBy(key, step); !other.empty()) {
+            fmt::format("{} is declared as {}: {} refused, status {}", name,
+                        camera_metadata_type_names[tag->type], typeAndCount(wanted->values), update->status);
+    } else if (const std::string other = overriddenBy(row, name); !other.empty()) {
         entry.verdict = Verdict::Overridden;
-        entry.reason = fmt::format("{} is written again for {}", wanted.name, other);
+        entry.reason = fmt::format("{} is written again for {}", name, other);
     }
     return entry;
 }
 
-// The update that the scratch device saw, on the real one; a setter that did not get that far has none.
-const TraceStep* Request::actualOf(size_t step) const {
-    const TraceStep& wanted = mInfluence.steps()[step];
-    const auto updates = updatesOf(mActual, wanted.name);
-    const auto begin = mInfluence.steps().begin();
-    const auto before = static_cast<size_t>(std::count_if(
-        begin, begin + static_cast<std::ptrdiff_t>(step),
-        [&](const TraceStep& each) { return each.kind == Kind::Update && each.name == wanted.name; }));
-    const auto same = std::find_if(updates.begin(), updates.end(),
-                                   [&](const TraceStep* update) { return update->values == wanted.values; });
-    if (before < updates.size() && updates[before]->values == wanted.values) return updates[before];
-    return same == updates.end() ? nullptr : *same;
-}
-
-std::string Request::overriddenBy(const std::string& key, size_t step) {
-    const Trace& steps = mInfluence.steps();
-    for (size_t later = step + 1; later < steps.size(); ++later) {
-        if (steps[later].kind != Kind::Update || steps[later].name != steps[step].name) continue;
-        const auto& owners = mInfluence.owners(later);
-        const bool own = std::find(owners.begin(), owners.end(), key) != owners.end();
-        if (own || !actualOf(later)) continue;
-        return owners.empty() ? "no parameter" : owners.back();
+std::string Request::overriddenBy(const Row& row, const std::string& tag) const {
+    for (const Row* later = &row + 1; later != std::end(qz::kParameters); ++later) {
+        const TraceStep* update = findStep(actual(*later), Kind::Update, tag);
+        if (update != nullptr && update->status == android::OK) return later->keys[0].name;
     }
     return {};
 }
 
-// Either another parameter that opens the way had no effect itself, or the device lacks the tag of an earlier
-// step of the same setter.
-std::string Request::whyNotReached(const std::string& key, size_t step) {
-    const auto isRead = std::any_of(mActual.begin(), mActual.end(), [&](const TraceStep& each) {
-        return each.kind == Kind::Read && each.name == key;
-    });
-    const auto gates = mInfluence.gatesOf(key);
-    if (!isRead && !gates.empty()) {
-        return fmt::format("only looked at when {} has taken effect", fmt::join(gates, ", "));
+// The reason why the device did not get as far as an entry that a complete device would have.
+std::string Request::whyNotReached(const Row& row, size_t index) const {
+    if (firstOf(actual(row), Kind::Read) == nullptr && row.gated(qz::Gate::lightPainting)) {
+        return "only looked at when qz-exposure-mode has taken effect";
     }
-    for (size_t i = step; i-- > 0;) {
-        const TraceStep& before = mInfluence.steps()[i];
-        if (before.kind == Kind::Update && !mFinder.names().find(before.name)) {
-            return fmt::format("{}, which comes before it, is not declared", before.name);
-        }
+    for (size_t i = 0; i < index; ++i) {
+        const char* before = row.entries[i].tag;
+        if (mNames.find(before) == nullptr)
+            return fmt::format("{}, which comes before it, is not declared", before);
     }
     return "the setter ended before";
 }
 
-void Request::explainUnread(VerdictRow& row) {
-    const ParameterFact* fact = VerdictFinder::survey().parameter(row.key);
-    if (!fact) {
-        row.verdict = Verdict::Unread;
-        row.reason = noteOn(row.key);
-        const auto similar = similarKeys(VerdictFinder::survey(), row.key);
-        if (row.reason.empty() && !similar.empty())
-            row.reason = fmt::format("perhaps {} is meant", fmt::join(similar, " or "));
+void Request::sumUp(VerdictRow& verdict) const {
+    for (const Verdict worst : kWorstFirst) {
+        const auto found = std::find_if(verdict.entries.begin(), verdict.entries.end(),
+                                        [&](const VerdictEntry& each) { return each.verdict == worst; });
+        if (found == verdict.entries.end()) continue;
+        verdict.verdict = worst;
+        verdict.reason = found->reason;
         return;
     }
-    row.verdict = Verdict::GateClosed;
-    row.reason = "only looked at under other conditions";
-    for (const Gate& gate : fact->gates) {
-        const auto set = mInfluence.parameters().find(gate.key);
-        const bool open =
-            set != mInfluence.parameters().end() &&
-            (gate.any || std::find(gate.values.begin(), gate.values.end(), set->second) != gate.values.end());
-        if (open) continue;
-        row.reason =
-            gate.any ? fmt::format("only looked at while {} is set", gate.key)
-                     : fmt::format("only looked at while {} is {}", gate.key, fmt::join(gate.values, " or "));
-        return;
-    }
-    for (const Gate& gate : fact->closedBy) {
-        const auto set = mInfluence.parameters().find(gate.key);
-        if (set == mInfluence.parameters().end()) continue;
-        row.reason = fmt::format("not looked at while {} is {}", gate.key, set->second);
-    }
-}
-
-void Request::explainNoEntry(VerdictRow& row) {
-    if (stoppedByAbsence(row) || decidedByOthers(row)) return;
-    row.verdict = Verdict::NoEntry;
-    if (!stepsNotIn(mInfluence.after({}), mInfluence.steps()).empty()) {
-        row.reason = "written on a change only, and it is as it was";
-        return;
-    }
-    const Alternative other = findAlternative(mInfluence, row.key);
-    if (other.value.empty()) {
-        if (row.reason.empty()) row.reason = noteOn(row.key);
-        if (row.reason.empty()) row.reason = "no value of it writes one now";
-    } else if (other.sameVocabulary) {
-        row.reason = fmt::format("only {} and the like write an entry", excerpt(other.value));
-    } else {
-        row.verdict = Verdict::Skipped;
-        if (row.reason.empty()) row.reason = whySkipped(mInfluence, row.key);
-    }
-}
-
-// A setter that goes on from the key to something that is not there ends at it. An error of its own says why
-// it ended otherwise.
-bool Request::stoppedByAbsence(VerdictRow& row) {
-    const TraceStep* last = nullptr;
-    for (const size_t index : mInfluence.of(row.key)) {
-        const TraceStep& step = mInfluence.steps()[index];
-        if (step.kind == Kind::Failure) {
-            row.reason = step.name;
-        } else {
-            last = &step;
+    for (const Row* row : rowsOf(verdict.key)) {
+        const qz::KeyRow& key = *keyIn(*row, verdict.key);
+        if (key.condition || complete(*row).empty()) continue;
+        verdict.reason = misunderstanding(*row, key, verdict.value);
+        if (!verdict.reason.empty()) {
+            verdict.verdict = Verdict::Fallback;
+            return;
+        }
+        verdict.reason = decidedBy(*row, verdict.value);
+        if (!verdict.reason.empty()) {
+            verdict.verdict = Verdict::Overridden;
+            return;
         }
     }
-    const bool looksFurther = last != nullptr && (last->kind == Kind::Read || last->kind == Kind::Static);
-    if (!looksFurther || last->present) return false;
-    row.verdict = Verdict::GateClosed;
-    row.reason = last->kind == Kind::Read ? fmt::format("{} is not set", last->name)
-                                          : fmt::format("the device has no values of {}", last->name);
-    return true;
 }
 
-// An entry may need the key without asking for its value.
-bool Request::decidedByOthers(VerdictRow& row) {
-    for (const size_t index : mInfluence.of(row.key)) {
-        const TraceStep& step = mInfluence.steps()[index];
-        if (step.kind != Kind::Update || mInfluence.owners(index).empty()) continue;
-        row.verdict = Verdict::Overridden;
-        row.reason = fmt::format("{} decides the value of {}", mInfluence.owners(index).front(), step.name);
+// A word that became another number than its own: a condition of the row has decided.
+std::string Request::decidedBy(const Row& row, const std::string& value) const {
+    if (row.plain || row.conversion.vocabulary == nullptr || row.entries.count != 1) return {};
+    if (startsWith(row.entries[0].tag, "android.")) return {};  // a word that switches something else
+    const TraceStep* update = findStep(complete(row), Kind::Update, row.entries[0].tag);
+    const int number = numberOf(*row.conversion.vocabulary, value);
+    if (update == nullptr || holdsNumber(update->values, number)) return {};
+    for (const qz::KeyRow& key : row.keys) {
+        const auto set = mParameters.find(key.name);
+        if (key.condition && set != mParameters.end() && set->second == "on")
+            return fmt::format("{} decides the value of {}", key.name, row.entries[0].tag);
+    }
+    if (row.properties.empty()) return {};
+    return fmt::format("property {} decides the value of {}", row.properties[0], row.entries[0].tag);
+}
+
+void Request::explainUnread(VerdictRow& verdict, const Row& row) const {
+    verdict.verdict = Verdict::GateClosed;
+    verdict.reason = "only looked at under other conditions";
+    if (!row.gates.empty()) verdict.reason = textOf(row.gates[0]);
+    for (const qz::KeyRow& key : row.keys) {
+        if (key.name == verdict.key) return;
+        if (!isSet(key.name)) verdict.reason = fmt::format("{} is not set", key.name);
+    }
+}
+
+void Request::explainNoEntry(VerdictRow& verdict, const Row& row, const qz::KeyRow& key) const {
+    verdict.verdict = Verdict::NoEntry;
+    const std::string note = key.note == nullptr ? "" : key.note;
+    const TraceStep* failure = firstOf(complete(row), Kind::Failure);
+    const std::string misread = misunderstanding(row, key, verdict.value);
+    if (key.as == qz::KeyRow::As::integer && asInteger(verdict.value) == -1) {
+        verdict.verdict = Verdict::Skipped;
+        verdict.reason = "-1 counts as not set";
+    } else if (lacksSomething(verdict, row)) {
+        verdict.verdict = Verdict::GateClosed;
+    } else if (row.entries.empty()) {
+        verdict.reason = note;
+    } else if (row.gated(qz::Gate::onChange)) {
+        verdict.reason = "written on a change only, and it is as it was";
+    } else if (!misread.empty() || (key.form != qz::KeyRow::Form::word && failure == nullptr)) {
+        verdict.verdict = Verdict::Skipped;
+        verdict.reason =
+            failure != nullptr ? failure->name : fmt::format("{} is not understood", excerpt(verdict.value));
+    } else {
+        verdict.reason = failure != nullptr ? failure->name
+                         : note.empty()     ? "no value of it writes one now"
+                                            : note;
+    }
+}
+
+// Another key of the row, or a static entry, that is not there.
+bool Request::lacksSomething(VerdictRow& verdict, const Row& row) const {
+    if (row.gated(qz::Gate::allKeys)) {
+        for (const qz::KeyRow& key : row.keys) {
+            if (isSet(key.name)) continue;
+            verdict.reason = fmt::format("{} is not set", key.name);
+            return true;
+        }
+    }
+    for (const TraceStep& step : complete(row)) {
+        if (step.kind != Kind::Static || step.present) continue;
+        verdict.reason = fmt::format("the device has no values of {}", step.name);
         return true;
     }
     return false;
@@ -221,28 +262,16 @@ bool Request::decidedByOthers(VerdictRow& row) {
 
 }  // namespace
 
-VerdictFinder::VerdictFinder(const Device& device, const TagNames& names,
-                             const android::CameraMetadata& characteristics)
-    : mNames(names), mScratch(device, characteristics) {}
-
 std::vector<VerdictRow> VerdictFinder::find(const Trace& actual, const std::vector<std::string>& keys,
-                                            const Texts& parameters, const Circumstances& circumstances) {
+                                            const Texts& parameters,
+                                            const Circumstances& circumstances) const {
     std::vector<VerdictRow> rows;
     if (keys.empty()) return rows;
-    Request request(*this, actual, Influence(mScratch, parameters, circumstances));
+    const Request request(mNames, parameters, stepsByRow(actual),
+                          stepsByRow(mComplete.request(parameters, circumstances)));
     rows.reserve(keys.size());
     for (const std::string& key : keys) rows.push_back(request.verdictOn(key));
     return rows;
-}
-
-const Survey& VerdictFinder::survey() {
-    static const Survey survey = [] {
-        Survey found;
-        Probe probe;
-        surveyRequests(probe, found, Depth::Values);
-        return found;
-    }();
-    return survey;
 }
 
 }  // namespace qzcam

@@ -1,0 +1,82 @@
+#include "verdict/CompleteDevice.h"
+
+#include "host/Camera.h"
+#include "host/LogCapture.h"
+
+#include <request/Parameters.h>
+
+namespace qzcam {
+
+namespace {
+
+using android::VendorTagDescriptor;
+
+class VendorTagsInPlace {
+  public:
+    VendorTagsInPlace() : mBefore(VendorTagDescriptor::getGlobalVendorTagDescriptor()) {}
+    ~VendorTagsInPlace() { VendorTagDescriptor::setAsGlobalVendorTagDescriptor(mBefore); }
+    VendorTagsInPlace(const VendorTagsInPlace&) = delete;
+    VendorTagsInPlace& operator=(const VendorTagsInPlace&) = delete;
+
+  private:
+    android::sp<VendorTagDescriptor> mBefore;
+};
+
+void replaceAll(android::CameraParameters2& parameters, const Texts& texts) {
+    parameters = android::CameraParameters2();
+    for (const auto& [key, value] : texts) parameters.set(key.c_str(), value.c_str());
+}
+
+// A name without a section is one that no device can declare.
+Device completed(const Device& device) {
+    Device complete;
+    complete.hasVendorTags = true;
+    complete.vendorTags = device.vendorTags;
+    FreeTagIds freeIds(device.vendorTags);
+    for (const qz::Parameter& row : qz::kParameters) {
+        for (const qz::EntryRow& entry : row.entries) {
+            const std::string name = entry.tag;
+            const size_t dot = name.rfind('.');
+            if (dot == std::string::npos || TagNames(complete.vendorTags).find(name) != nullptr) continue;
+            complete.vendorTags.push_back(
+                {freeIds.next(), entry.type, name.substr(0, dot), name.substr(dot + 1)});
+        }
+    }
+    return complete;
+}
+
+}  // namespace
+
+CompleteDevice::CompleteDevice(const Device& device, const android::CameraMetadata& characteristics)
+    : mDevice(device), mCharacteristics(characteristics) {}
+
+Trace CompleteDevice::request(const Texts& parameters, const Circumstances& circumstances) const {
+    const VendorTagsInPlace restored;
+    if (mDescriptor == nullptr) {
+        installVendorTags(completed(mDevice));
+        mDescriptor = VendorTagDescriptor::getGlobalVendorTagDescriptor();
+    }
+    VendorTagDescriptor::setAsGlobalVendorTagDescriptor(mDescriptor);
+
+    Trace trace;
+    bool listens = false;
+    const LogListener listener([&](const LogEvent& line) {
+        if (listens) addLogLine(trace, line);
+    });
+    Camera camera(circumstances.camera, mCharacteristics, [](Message&&) {});
+    camera.translator().setCallBackFlag(circumstances.callbackFlag);
+    camera.translator().setClientName(android::String16(circumstances.client.c_str()));
+    camera.adapter().answerUpdates(android::OK);
+    android::CameraMetadata metadata;
+    replaceAll(camera.parameters(), circumstances.before);
+    camera.translator().paramToMetaData(&metadata);
+
+    replaceAll(camera.parameters(), parameters);
+    listens = true;
+    camera.adapter().watch(&trace);
+    camera.translator().paramToMetaData(&metadata);
+    camera.adapter().watch(nullptr);
+    return trace;
+}
+
+}  // namespace qzcam
