@@ -8,7 +8,7 @@
 namespace qz {
 
 EntryView<int32_t> findNumbers(ExtCallBackInterface* host, const Result& result, std::string_view tagName) {
-    const uint32_t tag = vendorTagOf(tagName);
+    const uint32_t tag = findVendorTag(tagName);
     if (tag == kNoTag) return {};
     return EntryView<int32_t>(host->findResultEntry(result.metadata, tag));
 }

@@ -48,12 +48,12 @@ bool sameBytes(const char* a, const char* b, size_t count) {
 }
 
 // No separator is asked for behind the section: "sectionXtag" is in it too.
-inline bool beginsWith(std::string_view name, std::string_view section) {
+bool beginsWith(std::string_view name, std::string_view section) {
     return section.size() <= name.size() && sameBytes(name.data(), section.data(), section.size());
 }
 
 // Where the name would stand among the sections, which are in the order of their bytes.
-[[gnu::noinline]] const String8* placeOf(std::string_view name, const String8* first, const String8* end) {
+const String8* placeOf(std::string_view name, const String8* first, const String8* end) {
     return std::upper_bound(first, end, name.data(), [](const char* text, const String8& section) {
         return strcmp(text, section.c_str()) < 0;
     });
@@ -61,8 +61,7 @@ inline bool beginsWith(std::string_view name, std::string_view section) {
 
 // The longest section that begins the name, or null: of those that do, it stands last before the name's own
 // place, which is searched where there are many.
-inline const String8* sectionOf(std::string_view name, const SortedVector<String8>& sections,
-                                size_t* length) {
+const String8* sectionOf(std::string_view name, const SortedVector<String8>& sections, size_t* length) {
     constexpr size_t few = 4;
     const String8* const first = sections.array();
     const String8* at = first + sections.size();
@@ -89,13 +88,8 @@ size_t standardSectionOf(std::string_view name) {
     return found;
 }
 
-// What is left of the name behind the section and one separating character, which is not looked at; empty
-// when there is nothing.
-inline std::string_view tagPart(std::string_view name, size_t sectionLength) {
-    const size_t start = sectionLength + 1;
-    return start < name.size() ? std::string_view(name.data() + start, name.size() - start)
-                               : std::string_view();
-}
+// The name of the tag stands behind the section and one separating character, which is not looked at.
+constexpr size_t tagStart(size_t sectionLength) { return sectionLength + 1; }
 
 }  // namespace
 
@@ -106,7 +100,7 @@ uint32_t QzName2Tag::vendorTagFromName(const char* name) const {
         LOG(line::NoTagName, __func__);
         return INVALID_TAG;
     }
-    return vendorTagOf(name);
+    return findVendorTag(name);
 }
 
 uint32_t findVendorTag(std::string_view name) {
@@ -121,18 +115,18 @@ uint32_t findVendorTag(std::string_view name) {
         LOG(line::NoVendorSection, kCaller, name.data());
         return kNoTag;
     }
-    const std::string_view tagName = tagPart(name, length);
-    if (tagName.empty()) {
+    const size_t start = tagStart(length);
+    if (start >= name.size()) {
         LOG(line::KeyTooShort, kCaller, name.data());
         return kNoTag;
     }
     uint32_t tag = kNoTag;
     const android::status_t status =
-        descriptor->lookupTag(String8(tagName.data(), tagName.size()), *section, &tag);
+        descriptor->lookupTag(String8(name.data() + start, name.size() - start), *section, &tag);
     return status == android::OK ? tag : kNoTag;
 }
 
-uint32_t vendorTagOf(std::string_view name) { return findVendorTag(name); }
+uint32_t vendorTagOf(const char* name) { return findVendorTag(name); }
 
 uint32_t QzName2Tag::androidTagFromName(const char* name) const {
     if (name == nullptr) {
@@ -144,7 +138,8 @@ uint32_t QzName2Tag::androidTagFromName(const char* name) const {
         LOG(line::NoStandardSection, __func__);
         return INVALID_TAG;
     }
-    const std::string_view wanted = tagPart(name, strlen(camera_metadata_section_names[section]));
+    const size_t start = tagStart(strlen(camera_metadata_section_names[section]));
+    const std::string_view wanted = name + std::min(start, strlen(name));
     if (wanted.empty()) {
         LOG(line::KeyTooShort, __func__, name);
         return INVALID_TAG;

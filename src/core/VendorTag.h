@@ -9,11 +9,12 @@ namespace qz {
 
 constexpr uint32_t kNoTag = QzName2Tag::INVALID_TAG;
 
-// What QzName2Tag finds for a vendor tag's full name; kNoTag when no device would understand it. Callers hand
-// on literals, the length of which compilers see; the name has a terminator.
+// What QzName2Tag finds for a vendor tag's full name; kNoTag when no device would understand it. The name has
+// a terminator.
 uint32_t findVendorTag(std::string_view name);
 
-// The same out of line, for the many places that a pass seldom comes by.
-[[gnu::noinline]] uint32_t vendorTagOf(std::string_view name);
+// The same of a literal, for functions that deviate from their rows: the length is taken here, not at each of
+// them.
+uint32_t vendorTagOf(const char* name);
 
 }  // namespace qz
