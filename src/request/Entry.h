@@ -1,8 +1,10 @@
 // The steps of a setter that is more than a row, named in the order in which they happen:
 //
-//     ByteEntry scope(camera.mExtParam, metaData, __func__);
-//     scope.key("key-ambrix-scope").tag(CAPTURE("scopeMode")).as(kOnOff);
-//     return WRITE(scope, line::ScopeModeRefused, scope.text, scope.value);
+//     ByteEntry mode(set);
+//     mode.as(kOnOff);
+//     set.camera.mAllFocusMode = mode.value == 1;
+//     mode.tag(CAPTURE("allFocusMode"));
+//     return WRITE(mode, line::AllFocuseModeRefused, mode.text, mode.value);
 //
 // A null request, an absent key or an undeclared tag ends the setter there: the steps that follow do nothing,
 // and nothing is written.
@@ -10,6 +12,7 @@
 
 #include "QzHostInterfaces.h"
 #include "core/VendorTag.h"
+#include "request/RequestSteps.h"
 #include "tags/TagNames.h"
 #include "text/Log.h"
 #include "text/Vocabulary.h"
@@ -26,9 +29,14 @@ status_t refuseNull(const char* setter);
 // setter got.
 class EntryState {
   public:
-    EntryState(ExtParamInterface* params, android::CameraMetadata* metaData, const char* setterName)
-        : setter(setterName), mParams(params), mMetaData(metaData), mOpen(metaData != nullptr) {
-        if (!mOpen) mStatus = refuseNull(setterName);
+    explicit EntryState(const Setting& set)
+        : setter(set.setter),
+          text(set.text),
+          mParams(set.host),
+          mMetaData(set.metaData),
+          mNumber(set.number),
+          mOpen(set.metaData != nullptr) {
+        if (!mOpen) mStatus = refuseNull(setter);
     }
 
     bool open() const { return mOpen; }        // nothing has ended the setter so far
@@ -37,11 +45,12 @@ class EntryState {
     status_t status() const { return mStatus; }  // what the setter returns
 
     const char* const setter;
-    const char* text = nullptr;  // what the key holds; null for an integer key
+    const char* text;  // value of the key; null for an integer key
 
   protected:
     ExtParamInterface* mParams;
     android::CameraMetadata* mMetaData;
+    int mNumber;
     uint32_t mTag = 0;
     bool mOpen;
     bool mWritten = false;
@@ -62,6 +71,12 @@ class Entry : public EntryState {
     // Ends the setter silently unless `condition` holds.
     Entry& when(bool condition) {
         mOpen = mOpen && condition;
+        return *this;
+    }
+
+    // Takes the number of the row's first key, of which a byte entry takes the low eight bits.
+    Entry& number() {
+        value = static_cast<T>(mNumber);
         return *this;
     }
 

@@ -12,9 +12,9 @@
 namespace qz {
 
 // The key holds microseconds.
-status_t RequestSteps::setExposureTime(CCameraQzParam& camera, CameraMetadata* metaData) {
-    IntEntry microseconds(camera.mExtParam, metaData, __func__);
-    microseconds.intKey("key_exposure_time").tag(CAPTURE("qz-exposure-time"));
+status_t RequestSteps::setExposureTime(const Setting& set) {
+    IntEntry microseconds(set);
+    microseconds.number().tag(CAPTURE("qz-exposure-time"));
     RationalEntry time(microseconds);
     time.value = {microseconds.value, 1000000};
     return WRITE(time, line::ExposureTimeRefused, time.value.numerator, time.value.denominator);
@@ -22,22 +22,20 @@ status_t RequestSteps::setExposureTime(CCameraQzParam& camera, CameraMetadata* m
 
 // The written mode is the gate of setExposureTryAe, setRelayoutMode, setJpegThumbnailSize and setJpegQuality.
 // It closes when the key goes, and stays as it was when the mode cannot be written.
-status_t RequestSteps::setExposureMode(CCameraQzParam& camera, CameraMetadata* metaData) {
-    ByteEntry mode(camera.mExtParam, metaData, __func__);
+status_t RequestSteps::setExposureMode(const Setting& set) {
+    ByteEntry mode(set);
     const bool request = mode.open();
     mode.key("qz-exposure-mode");
-    if (request && !mode.open()) camera.mLightPaintingMode = 0;
+    if (request && !mode.open()) set.camera.mLightPaintingMode = 0;
     mode.tag(CAPTURE("lightPaintingMode")).as(kExposure);
     WRITE(mode, line::ExposureModeRefused, mode.text, mode.value);
-    if (mode.written()) camera.mLightPaintingMode = mode.value;
+    if (mode.written()) set.camera.mLightPaintingMode = mode.value;
     return mode.status();
 }
 
 // The information line follows a successful update, and goes without the function's name.
-status_t RequestSteps::setQzExposureCompValue(CCameraQzParam& camera, CameraMetadata* metaData) {
-    FloatEntry value(camera.mExtParam, metaData, __func__);
-    value.key("qz-exposure-compensation-value");
-    if (!value.open()) return value.status();
+status_t RequestSteps::setQzExposureCompValue(const Setting& set) {
+    FloatEntry value(set);
     const char* end = nullptr;
     value.value = static_cast<float>(parseDouble(value.text, &end));
     if (end == value.text) {
@@ -52,12 +50,11 @@ status_t RequestSteps::setQzExposureCompValue(CCameraQzParam& camera, CameraMeta
 }
 
 // Two entries carry the time, in microseconds and as a fraction. Only when both are written is it remembered.
-status_t RequestSteps::setSensorExposureTime(CCameraQzParam& camera, CameraMetadata* metaData) {
-    IntEntry microseconds(camera.mExtParam, metaData, __func__);
-    microseconds.key("qz-sensor-exposure-time");
+status_t RequestSteps::setSensorExposureTime(const Setting& set) {
+    IntEntry microseconds(set);
     RationalEntry seconds(microseconds);
     seconds.value = {0, 1};
-    if (microseconds.open() && strcmp(microseconds.text, "auto") != 0) {
+    if (strcmp(microseconds.text, "auto") != 0) {
         microseconds.value = exposureTimeToMicroSecond(microseconds.text);
         parseExposureRational(microseconds.text, &seconds.value);
     }
@@ -67,23 +64,21 @@ status_t RequestSteps::setSensorExposureTime(CCameraQzParam& camera, CameraMetad
 
     seconds.tag(CAPTURE("proExposureTime"));
     WRITE(seconds, line::ProExposureTimeRefused, seconds.value.numerator, seconds.value.denominator);
-    if (seconds.written()) camera.mSensorExposureTime = microseconds.value;
+    if (seconds.written()) set.camera.mSensorExposureTime = microseconds.value;
     return seconds.status();
 }
 
-status_t RequestSteps::setProfessionalMode(CCameraQzParam& camera, CameraMetadata* metaData) {
-    ByteEntry mode(camera.mExtParam, metaData, __func__);
-    mode.key("qz-professional-mode").as(kOnOff);
-    if (mode.open()) camera.mProfessionalMode.set(mode.value == 1);
+status_t RequestSteps::setProfessionalMode(const Setting& set) {
+    ByteEntry mode(set);
+    mode.as(kOnOff);
+    set.camera.mProfessionalMode.set(mode.value == 1);
     mode.tag(CAPTURE("professionalMode"));
     return WRITE(mode, line::ProfessionalModeRefused, mode.text, mode.value);
 }
 
 // "100,3200"; any one character separates the two.
-status_t RequestSteps::setDynamicIsoRange(CCameraQzParam& camera, CameraMetadata* metaData) {
-    Entry<int32_t, 2> range(camera.mExtParam, metaData, __func__);
-    range.key("qz-dynamic-iso-range");
-    if (!range.open()) return range.status();
+status_t RequestSteps::setDynamicIsoRange(const Setting& set) {
+    Entry<int32_t, 2> range(set);
     const char* end = nullptr;
     range.value[0] = parseInt32(range.text, &end);
     if (end == range.text) {

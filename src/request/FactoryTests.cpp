@@ -10,28 +10,28 @@
 namespace qz {
 
 // Written on every pass of a device that declares the tag: an absent key contributes its -1.
-status_t RequestSteps::setMMILowLightSensor(CCameraQzParam& camera, CameraMetadata* metaData) {
-    Entry<int32_t, 2> param(camera.mExtParam, metaData, __func__);
+status_t RequestSteps::setMMILowLightSensor(const Setting& set) {
+    Entry<int32_t, 2> param(set);
     param.tag(CAPTURE("mmtest-lowlight-param"));
     if (!param.open()) return param.status();
-    const int mode = camera.mExtParam->getInt("mmitest-lowlight-sensor-mode");
-    const int gain = camera.mExtParam->getInt("mmitest-lowlight-sensor-gain");
+    const int mode = set.host->getInt("mmitest-lowlight-sensor-mode");
+    const int gain = set.host->getInt("mmitest-lowlight-sensor-gain");
     param.value = {mode, wrapMultiply(gain, 100)};
     return WRITE(param, line::MMILowLightSensorRefused, mode, gain);
 }
 
 // Regions are written whatever the text: what does not parse stays 0, so that a test station sees its mistake
 // in the image instead of the region of the shot before.
-status_t RequestSteps::setMmiRawRegion(CCameraQzParam& camera, CameraMetadata* metaData) {
-    Entry<int32_t, 4> region(camera.mExtParam, metaData, __func__);
-    region.key("qz-mmi-raw-region").tag(CAPTURE("qz-mmi-raw-region"));
+status_t RequestSteps::setMmiRawRegion(const Setting& set) {
+    Entry<int32_t, 4> region(set);
+    region.tag(CAPTURE("qz-mmi-raw-region"));
     if (region.open()) parseIntTuples(region.text, region.value.data(), region.value.size());
     return WRITE(region, line::MmiRawRegionRefused, region.text);
 }
 
-status_t RequestSteps::setMmiSubRawRegion(CCameraQzParam& camera, CameraMetadata* metaData) {
-    Entry<int32_t, 4> region(camera.mExtParam, metaData, __func__);
-    region.key("qz-mmi-sub-raw-region").tag(CAPTURE("qz-mmi-sub-raw-region"));
+status_t RequestSteps::setMmiSubRawRegion(const Setting& set) {
+    Entry<int32_t, 4> region(set);
+    region.tag(CAPTURE("qz-mmi-sub-raw-region"));
     if (region.open()) parseIntTuples(region.text, region.value.data(), region.value.size());
     return WRITE(region, line::MmiSubRawRegionRefused, region.text);
 }

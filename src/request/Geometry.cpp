@@ -33,24 +33,24 @@ bool subActiveArraySize(ExtParamInterface* params, Size* size) {
 
 }  // namespace
 
-status_t RequestSteps::setTargetTrackingCoord(CCameraQzParam& camera, CameraMetadata* metaData) {
-    Entry<int32_t, 2> coord(camera.mExtParam, metaData, __func__);
-    coord.key("target-coordinates").tag(CAPTURE("qz-device-target-tracking-coordinate"));
+status_t RequestSteps::setTargetTrackingCoord(const Setting& set) {
+    Entry<int32_t, 2> coord(set);
+    coord.tag(CAPTURE("qz-device-target-tracking-coordinate"));
     coord.when(coord.open() && parseCoodinate(coord.text, coord.value.data()) == 0);
     return WRITE(coord, line::TargetTrackingCoordRefused, coord.text, coord.value[0], coord.value[1]);
 }
 
-status_t RequestSteps::setMirrorPoint(CCameraQzParam& camera, CameraMetadata* metaData) {
-    IntEntry point(camera.mExtParam, metaData, __func__);
-    point.intKey("face-mirror-point").tag(CAPTURE("mirrorPoint"));
+status_t RequestSteps::setMirrorPoint(const Setting& set) {
+    IntEntry point(set);
+    point.number().tag(CAPTURE("mirrorPoint"));
     if (point.value < 0) point.value = 0;
     return WRITE(point, line::MirrorPointRefused, static_cast<uint32_t>(point.value));
 }
 
 // Zoom index 0 is ratio 1, the highest index the device's maximum. Single precision at every step.
-status_t RequestSteps::setZoom(CCameraQzParam& camera, CameraMetadata* metaData) {
-    IntEntry zoom(camera.mExtParam, metaData, __func__);
-    zoom.intKey("zoom");
+status_t RequestSteps::setZoom(const Setting& set) {
+    IntEntry zoom(set);
+    zoom.number();
     IntEntry maxZoom(zoom);
     maxZoom.intKey("max-zoom");
     if (!maxZoom.open()) return maxZoom.status();
@@ -58,7 +58,7 @@ status_t RequestSteps::setZoom(CCameraQzParam& camera, CameraMetadata* metaData)
         LOG(line::MaxZoomIsZero, __func__);
         return android::OK;
     }
-    const EntryView<float> maximum = maxDigitalZoom(camera.mExtParam);
+    const EntryView<float> maximum = maxDigitalZoom(set.host);
     if (maximum.count() == 0) {
         LOG(line::MaxDigitalZoomCount, maximum.count());
         return android::OK;
@@ -71,19 +71,17 @@ status_t RequestSteps::setZoom(CCameraQzParam& camera, CameraMetadata* metaData)
 }
 
 // "(left,top,right,bottom,weight)" for each area, of which the last one is written.
-status_t RequestSteps::setFocusAreas(CCameraQzParam& camera, CameraMetadata* metaData) {
-    Entry<int32_t, 5> area(camera.mExtParam, metaData, __func__);
-    area.key("focus-areas");
-    area.when(area.open() && parseIntTuples(area.text, area.value.data(), area.value.size()) == android::OK);
+status_t RequestSteps::setFocusAreas(const Setting& set) {
+    Entry<int32_t, 5> area(set);
+    area.when(parseIntTuples(area.text, area.value.data(), area.value.size()) == android::OK);
     area.tag(CAPTURE("qz-focus-value"));
     return WRITE(area, line::FocusAreasRefused, area.text, area.value[0], area.value[1], area.value[2],
                  area.value[3]);
 }
 
-status_t RequestSteps::setMeteringAreas(CCameraQzParam& camera, CameraMetadata* metaData) {
-    Entry<int32_t, 5> area(camera.mExtParam, metaData, __func__);
-    area.key("metering-areas");
-    area.when(area.open() && parseIntTuples(area.text, area.value.data(), area.value.size()) == android::OK);
+status_t RequestSteps::setMeteringAreas(const Setting& set) {
+    Entry<int32_t, 5> area(set);
+    area.when(parseIntTuples(area.text, area.value.data(), area.value.size()) == android::OK);
     area.tag(CAPTURE("qz-metering-value"));
     return WRITE(area, line::MeteringAreasRefused, area.text, area.value[0], area.value[1], area.value[2],
                  area.value[3]);
@@ -91,18 +89,17 @@ status_t RequestSteps::setMeteringAreas(CCameraQzParam& camera, CameraMetadata* 
 
 // The crop that zooms the secondary sensor when it streams alone. The highest zoom index is taken to be 99
 // whatever "max-zoom" says, unlike in setZoom: the secondary sensor's steps are fixed.
-status_t RequestSteps::resetSubCropRegion(CCameraQzParam& camera, CameraMetadata* metaData) {
+status_t RequestSteps::resetSubCropRegion(const Setting& set) {
     constexpr int secondary = 2;
     constexpr float highestZoomIndex = 99.0F;
-    Entry<int32_t, 4> crop(camera.mExtParam, metaData, __func__);
-    crop.key("qz-dual-primary-mode");
-    crop.when(crop.open() && numberOf(kDualPrimary, crop.text) == secondary);
+    Entry<int32_t, 4> crop(set);
+    crop.when(numberOf(kDualPrimary, crop.text) == secondary);
     Size size = {};
-    if (!crop.open() || !subActiveArraySize(camera.mExtParam, &size)) return crop.status();
-    const EntryView<float> maximum = maxDigitalZoom(camera.mExtParam);
+    if (!crop.open() || !subActiveArraySize(set.host, &size)) return crop.status();
+    const EntryView<float> maximum = maxDigitalZoom(set.host);
     if (maximum.count() == 0) return android::OK;
 
-    const int zoom = camera.mExtParam->getInt("zoom");
+    const int zoom = set.host->getInt("zoom");
     const float ratio = (maximum[0] - 1.0F) / highestZoomIndex * static_cast<float>(zoom) + 1.0F;
     const float width = static_cast<float>(size.width) / ratio;
     const float height = static_cast<float>(size.height) / ratio;

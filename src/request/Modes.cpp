@@ -45,55 +45,53 @@ const char* unstabilisedApp(const char* packageName) {
 
 }  // namespace
 
-status_t RequestSteps::setZslMode(CCameraQzParam& camera, CameraMetadata* metaData) {
+status_t RequestSteps::setZslMode(const Setting& set) {
     LOG_TEXT(line::EnterZslMode);
-    ByteEntry zsl(camera.mExtParam, metaData, __func__);
+    ByteEntry zsl(set);
     zsl.key("zsl-mode").tag(CAPTURE("qz-zsl-mode")).as(kOnOff);
     if (zsl.open()) LOG(line::ZslMode, __func__, zsl.value);
     return WRITE(zsl, line::ZslModeRefused, zsl.value);
 }
 
-status_t RequestSteps::readFaceAeArea(CCameraQzParam& camera, CameraMetadata* /*metaData*/) {
+status_t RequestSteps::readFaceAeArea(const Setting& set) {
     // Read and left: no entry carries it, but hosts may count on seeing the key asked for.
-    static_cast<void>(camera.mExtParam->get("qz-face-ae-area"));
+    static_cast<void>(set.host->get("qz-face-ae-area"));
     return android::OK;
 }
 
-status_t RequestSteps::takeBurstCapture(CCameraQzParam& camera, CameraMetadata* /*metaData*/) {
-    if (camera.mExtParam->get("burst-capture") != nullptr)
-        camera.mBurstCapture = camera.mExtParam->getInt("burst-capture");
+status_t RequestSteps::takeBurstCapture(const Setting& set) {
+    if (set.host->get("burst-capture") != nullptr)
+        set.camera.mBurstCapture = set.host->getInt("burst-capture");
     return android::OK;
 }
 
 // Panorama frames are stitched unprocessed: either panorama mode turns post-processing off.
-status_t RequestSteps::setImageProcessMode(CCameraQzParam& camera, CameraMetadata* metaData) {
-    ByteEntry process(camera.mExtParam, metaData, __func__);
-    process.key("qz-image-post-process").as(kOnOff);
-    if (process.open()) {
-        const int panorama = numberOf(kOnOff, camera.mExtParam->get("key-qz-panorama"));
-        const int panorama2D = numberOf(kOnOff, camera.mExtParam->get("key-qz-2dpanorama"));
-        if (panorama == 1 || panorama2D == 1) process.value = 0;
-        camera.mImagePostProcess = process.value == 1;
-    }
+status_t RequestSteps::setImageProcessMode(const Setting& set) {
+    ByteEntry process(set);
+    process.as(kOnOff);
+    const int panorama = numberOf(kOnOff, set.host->get("key-qz-panorama"));
+    const int panorama2D = numberOf(kOnOff, set.host->get("key-qz-2dpanorama"));
+    if (panorama == 1 || panorama2D == 1) process.value = 0;
+    set.camera.mImagePostProcess = process.value == 1;
     process.tag(CAPTURE("imagePostProcessMode"));
     return WRITE(process, line::ImageProcessModeRefused, process.text, process.value);
 }
 
 // Written only when the mode changes. Any number but 0, an unknown word's 255 too, counts as on.
-status_t RequestSteps::setpanorama2DMode(CCameraQzParam& camera, CameraMetadata* metaData) {
-    ByteEntry panorama(camera.mExtParam, metaData, __func__);
-    panorama.key("key-qz-2dpanorama").as(kOnOff);
-    panorama.when(panorama.value != static_cast<uint8_t>(camera.mPanorama2DMode))
+status_t RequestSteps::setpanorama2DMode(const Setting& set) {
+    ByteEntry panorama(set);
+    panorama.as(kOnOff);
+    panorama.when(panorama.value != static_cast<uint8_t>(set.camera.mPanorama2DMode))
         .tag(CAPTURE("panorama2DMode"));
-    if (panorama.open()) camera.mPanorama2DMode = panorama.value != 0;
+    if (panorama.open()) set.camera.mPanorama2DMode = panorama.value != 0;
     return WRITE(panorama, line::Panorama2DModeRefused, panorama.text, panorama.value);
 }
 
 // The height's name has no section, so that a device resolves it by chance at most and the height stays
 // unwritten: the pipeline takes the width alone.
-status_t RequestSteps::setpanorama2DTinySize(CCameraQzParam& camera, CameraMetadata* metaData) {
-    IntEntry width(camera.mExtParam, metaData, __func__);
-    width.intKey("key-qz-2dpanorama-tiny-width");
+status_t RequestSteps::setpanorama2DTinySize(const Setting& set) {
+    IntEntry width(set);
+    width.number();
     IntEntry height(width);
     height.intKey("key-qz-2dpanorama-tiny-height");
 
@@ -105,10 +103,10 @@ status_t RequestSteps::setpanorama2DTinySize(CCameraQzParam& camera, CameraMetad
 }
 
 // Engineers override the application's choice by "camera.debug.mode".
-status_t RequestSteps::setDualPrimaryMode(CCameraQzParam& camera, CameraMetadata* metaData) {
-    ByteEntry mode(camera.mExtParam, metaData, __func__);
-    mode.key("qz-dual-primary-mode").as(kDualPrimary);
-    if (mode.open()) mode.value = debugDualPrimary(mode.value);
+status_t RequestSteps::setDualPrimaryMode(const Setting& set) {
+    ByteEntry mode(set);
+    mode.as(kDualPrimary);
+    mode.value = debugDualPrimary(mode.value);
     mode.tag(CAPTURE("dualSensorMode"));
     const bool reached = mode.open();
     mode.write();
@@ -119,31 +117,31 @@ status_t RequestSteps::setDualPrimaryMode(CCameraQzParam& camera, CameraMetadata
     return mode.status();
 }
 
-status_t RequestSteps::setExtSceneMode(CCameraQzParam& camera, CameraMetadata* metaData) {
-    ByteEntry scene(camera.mExtParam, metaData, __func__);
-    scene.key("scene-mode").tag(CAPTURE("extSceneMode"));
+status_t RequestSteps::setExtSceneMode(const Setting& set) {
+    ByteEntry scene(set);
+    scene.tag(CAPTURE("extSceneMode"));
     const int mode = numberOf(kExtScene, scene.text);
     scene.value = static_cast<uint8_t>(mode != kOtherScene ? mode : 0);
     return WRITE(scene, line::ExtSceneModeRefused, mode);
 }
 
-status_t RequestSteps::setAllFocuseMode(CCameraQzParam& camera, CameraMetadata* metaData) {
-    ByteEntry mode(camera.mExtParam, metaData, __func__);
-    mode.key("qz-refocus-mode").as(kOnOff);
-    if (mode.open()) camera.mAllFocusMode = mode.value == 1;
+status_t RequestSteps::setAllFocuseMode(const Setting& set) {
+    ByteEntry mode(set);
+    mode.as(kOnOff);
+    set.camera.mAllFocusMode = mode.value == 1;
     mode.tag(CAPTURE("allFocusMode"));
     return WRITE(mode, line::AllFocuseModeRefused, mode.text, mode.value);
 }
 
 // Beauty for chat applications; the vendor's own camera application manages beauty itself. Any word but "off"
 // opens it.
-status_t RequestSteps::setFaceBeautyForChat(CCameraQzParam& camera, CameraMetadata* metaData) {
+status_t RequestSteps::setFaceBeautyForChat(const Setting& set) {
     constexpr uint32_t chatBeauty = 1;
     constexpr int32_t chatBeautyLevel = 7;
-    ByteEntry beauty(camera.mExtParam, metaData, __func__);
+    ByteEntry beauty(set);
     if (!beauty.open()) return beauty.status();
-    const bool ownCamera = numberOf(kOnOff, camera.mExtParam->get("qz-qzcamera-flag")) == 1;
-    beauty.when(!ownCamera && (camera.mCallBackFlag & chatBeauty) != 0);
+    const bool ownCamera = numberOf(kOnOff, set.host->get("qz-qzcamera-flag")) == 1;
+    beauty.when(!ownCamera && (set.camera.mCallBackFlag & chatBeauty) != 0);
     beauty.key("qz-face-beauty-preview-only").as(kOnOff);
     beauty.when(beauty.value != 0);
     if (beauty.open() && propertyIsOn("camera.ignore.chat.facebeauty", "0")) {
@@ -152,7 +150,7 @@ status_t RequestSteps::setFaceBeautyForChat(CCameraQzParam& camera, CameraMetada
     }
     beauty.tag(CAPTURE("faceBeautyMode"));
     if (beauty.open()) {
-        LOG(line::ChatBeauty, __func__, beauty.text, camera.mCallBackFlag);
+        LOG(line::ChatBeauty, __func__, beauty.text, set.camera.mCallBackFlag);
     }
     WRITE(beauty, line::ChatBeautyRefused, beauty.value);
     if (!beauty.written()) return beauty.status();
@@ -164,39 +162,37 @@ status_t RequestSteps::setFaceBeautyForChat(CCameraQzParam& camera, CameraMetada
 }
 
 // Unlike most stored state, this one goes when its key goes: the next client may be another application.
-status_t RequestSteps::setQzcameraFlag(CCameraQzParam& camera, CameraMetadata* metaData) {
-    ByteEntry flag(camera.mExtParam, metaData, __func__);
-    if (flag.open()) camera.mIsQzCamera = false;
+status_t RequestSteps::setQzcameraFlag(const Setting& set) {
+    ByteEntry flag(set);
+    if (flag.open()) set.camera.mIsQzCamera = false;
     flag.key("qz-qzcamera-flag").as(kOnOff);
-    if (flag.open() && flag.value == 1) camera.mIsQzCamera = true;
+    if (flag.open() && flag.value == 1) set.camera.mIsQzCamera = true;
     flag.tag(CAPTURE("qzCameraFlag"));
     return WRITE(flag, line::QzcameraFlagRefused, flag.text, flag.value);
 }
 
-status_t RequestSteps::setQzVideoFPS(CCameraQzParam& camera, CameraMetadata* metaData) {
-    IntEntry fps(camera.mExtParam, metaData, __func__);
-    fps.intKey("qz-video-fps").tag(CAPTURE("qz-video-fps"));
+status_t RequestSteps::setQzVideoFPS(const Setting& set) {
+    IntEntry fps(set);
+    fps.number().tag(CAPTURE("qz-video-fps"));
     WRITE(fps, line::QzVideoFPSRefused, fps.value);
-    if (fps.written()) camera.mVideoFps = fps.value;
+    if (fps.written()) set.camera.mVideoFps = fps.value;
     return fps.status();
 }
 
 // Forces stabilisation off for all applications but the vendor's own camera, or for those of the table, under
 // two properties; the table's rule is on unless switched off. Whatever the request held is overridden.
-status_t RequestSteps::resetVideoStabilization(CCameraQzParam& camera, CameraMetadata* metaData) {
-    ByteEntry mode(camera.mExtParam, metaData, __func__);
-    mode.when(!camera.mIsQzCamera).key("video-stabilization");
-    mode.when(mode.open() && numberOf(kTrueFalse, mode.text) == 1);
-    if (!mode.open()) return mode.status();
+status_t RequestSteps::resetVideoStabilization(const Setting& set) {
+    ByteEntry mode(set);
+    if (numberOf(kTrueFalse, mode.text) != 1) return android::OK;
 
     bool forceOff = false;
     if (propertyIsOn("camera.ignore.videostdb.all", "0")) {
-        const String8 client(camera.mClientName);
+        const String8 client(set.camera.mClientName);
         LOG(line::StabilisationIgnoredForAll, __func__, client.c_str());
         forceOff = true;
     }
     if (propertyIsOn("camera.ignore.videostdb.partial", "1")) {
-        const String8 client(camera.mClientName);
+        const String8 client(set.camera.mClientName);
         if (const char* app = unstabilisedApp(client.c_str())) {
             LOG(line::StabilisationIgnoredForApp, __func__, app, client.c_str());
             forceOff = true;

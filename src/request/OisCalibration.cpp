@@ -75,8 +75,8 @@ void saveGyroGain(Entry<float, 4> gain) {
 
 // The five steps of a calibration. A tag that the device lacks ends the call there; a refused update does
 // not, and is not returned either.
-status_t RequestSteps::setOisOTParam(CCameraQzParam& camera, CameraMetadata* metaData) {
-    const EntryState start(camera.mExtParam, metaData, __func__);
+status_t RequestSteps::setOisOTParam(const Setting& set) {
+    const EntryState start(set);
     if (!start.open()) return start.status();
     const bool done = calibrateGyroOffset(ByteEntry(start)) && calibrateHall(ByteEntry(start)) &&
                       checkHall(ByteEntry(start)) && setGyroGain(Entry<float, 2>(start));

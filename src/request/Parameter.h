@@ -73,6 +73,7 @@ constexpr const char* kGateTexts[] = {
 struct Parameter {
     const char* setter = nullptr;
     bool plain = false;  // nothing but this row; otherwise a function of the setter's name runs
+    bool free = false;   // the function always runs and reads the keys itself
     Feature feature = Feature::image;
     Upto<KeyRow, 5> keys;
     Upto<EntryRow, 5> entries;  // written, in this order
@@ -222,6 +223,14 @@ constexpr Parameter own(const char* setter, Feature feature, const Reads& keys, 
     row.keys = keys;
     row.entries = entries;
     (apply(row, facts), ...);
+    return row;
+}
+
+template <typename... Facts>
+constexpr Parameter free(const char* setter, Feature feature, const Reads& keys, const Writes& entries,
+                         const Facts&... facts) {
+    Parameter row = own(setter, feature, keys, entries, facts...);
+    row.free = true;
     return row;
 }
 

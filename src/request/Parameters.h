@@ -12,10 +12,12 @@ namespace parameter {
 inline constexpr Parameter kParameters[] = {
 #define PLAIN(setter, feature, ...) plain(#setter, Feature::feature, __VA_ARGS__),
 #define OWN(setter, feature, ...) own(#setter, Feature::feature, __VA_ARGS__),
-#define STEP(step, feature, ...) own(#step, Feature::feature, __VA_ARGS__),
+#define FREE(setter, feature, ...) free(#setter, Feature::feature, __VA_ARGS__),
+#define STEP(step, feature, ...) free(#step, Feature::feature, __VA_ARGS__),
 #include "request/parameters.inc"
 #undef PLAIN
 #undef OWN
+#undef FREE
 #undef STEP
 };
 

@@ -25,9 +25,9 @@ void writeUtf16(ByteEntry* entry) {
 
 }  // namespace
 
-status_t RequestSteps::setPostJpegFileName(CCameraQzParam& camera, CameraMetadata* metaData) {
-    ByteEntry name(camera.mExtParam, metaData, __func__);
-    name.key("post-process-picture-name").tag(CAPTURE("qz-jpeg-filename"));
+status_t RequestSteps::setPostJpegFileName(const Setting& set) {
+    ByteEntry name(set);
+    name.tag(CAPTURE("qz-jpeg-filename"));
     writeUtf16(&name);
     if (name.refused()) {
         LOG(line::PostJpegFileNameRefused, __func__, name.text, name.status());
@@ -35,9 +35,9 @@ status_t RequestSteps::setPostJpegFileName(CCameraQzParam& camera, CameraMetadat
     return name.status();
 }
 
-status_t RequestSteps::setJpegThumbnailSize(CCameraQzParam& camera, CameraMetadata* metaData) {
-    IntEntry width(camera.mExtParam, metaData, __func__);
-    width.when(camera.mLightPaintingMode != 0).intKey("jpeg-thumbnail-width");
+status_t RequestSteps::setJpegThumbnailSize(const Setting& set) {
+    IntEntry width(set);
+    width.number();
     IntEntry height(width);
     height.intKey("jpeg-thumbnail-height");
     Entry<int32_t, 2> size(height);
@@ -48,9 +48,9 @@ status_t RequestSteps::setJpegThumbnailSize(CCameraQzParam& camera, CameraMetada
 }
 
 // The thumbnail's quality follows only a written picture quality.
-status_t RequestSteps::setJpegQuality(CCameraQzParam& camera, CameraMetadata* metaData) {
-    ByteEntry quality(camera.mExtParam, metaData, __func__);
-    quality.when(camera.mLightPaintingMode != 0).intKey("jpeg-quality");
+status_t RequestSteps::setJpegQuality(const Setting& set) {
+    ByteEntry quality(set);
+    quality.number();
     ByteEntry thumbnail(quality);
     thumbnail.intKey("jpeg-thumbnail-quality");
 
@@ -62,10 +62,8 @@ status_t RequestSteps::setJpegQuality(CCameraQzParam& camera, CameraMetadata* me
 }
 
 // "4000x3000"; any one character separates the two.
-status_t RequestSteps::setPictureSize(CCameraQzParam& camera, CameraMetadata* metaData) {
-    IntEntry width(camera.mExtParam, metaData, __func__);
-    width.key("picture-size");
-    if (!width.open()) return width.status();
+status_t RequestSteps::setPictureSize(const Setting& set) {
+    IntEntry width(set);
     IntEntry height(width);
     const char* end = nullptr;
     width.value = parseInt32(width.text, &end);
@@ -86,9 +84,9 @@ status_t RequestSteps::setPictureSize(CCameraQzParam& camera, CameraMetadata* me
     return WRITE(height, line::PictureHeightRefused, height.value);
 }
 
-status_t RequestSteps::setRawImgPathName(CCameraQzParam& camera, CameraMetadata* metaData) {
-    ByteEntry path(camera.mExtParam, metaData, __func__);
-    path.key("qz-raw-img-path-name").tag(CAPTURE("qz-raw-img-path-name"));
+status_t RequestSteps::setRawImgPathName(const Setting& set) {
+    ByteEntry path(set);
+    path.tag(CAPTURE("qz-raw-img-path-name"));
     if (path.open()) LOG(line::RawImgPathName, __func__, path.text);
     writeUtf16(&path);
     if (path.refused()) {
@@ -98,9 +96,9 @@ status_t RequestSteps::setRawImgPathName(CCameraQzParam& camera, CameraMetadata*
 }
 
 // Written whatever the text: what does not parse stays 0.
-status_t RequestSteps::setSubPictureSize(CCameraQzParam& camera, CameraMetadata* metaData) {
-    Entry<int32_t, 2> size(camera.mExtParam, metaData, __func__);
-    size.key("sub-picture-size").tag(CAPTURE("qz-sub-sensor-cap-resolution"));
+status_t RequestSteps::setSubPictureSize(const Setting& set) {
+    Entry<int32_t, 2> size(set);
+    size.tag(CAPTURE("qz-sub-sensor-cap-resolution"));
     if (size.open()) {
         parseIntTuples(size.text, size.value.data(), size.value.size());
         LOG(line::SubPictureSize, __func__, size.value[0], size.value[1], size.text);

@@ -15,13 +15,13 @@ namespace qz {
 namespace {
 
 using android::CameraMetadata;
-using Function = status_t (*)(CCameraQzParam&, CameraMetadata*);
+using Function = status_t (*)(const Setting&);
 
 // The facts of a row that the pass needs; the others take no room in the library.
 struct Step {
     const char* setter = nullptr;
     Function function = nullptr;  // of its own; null for a plain row
-    const char* key = nullptr;
+    const char* key = nullptr;    // read by the pass; null if the function reads its keys itself
     const char* tag = nullptr;
     const Vocabulary* words = nullptr;
     const char* refused = nullptr;
@@ -31,16 +31,18 @@ struct Step {
     bool isByte = false;
     bool printsText = false;
     bool informsText = false;
-    bool lightPainting = false;
+    Gate gate = Gate::none;  // lightPainting, otherClient or none
 };
 
 constexpr Function kFunctions[] = {
 #define PLAIN(setter, ...) nullptr,
 #define OWN(setter, ...) RequestSteps::setter,
+#define FREE(setter, ...) RequestSteps::setter,
 #define STEP(step, ...) RequestSteps::step,
 #include "request/parameters.inc"
 #undef PLAIN
 #undef OWN
+#undef FREE
 #undef STEP
 };
 
@@ -48,18 +50,20 @@ constexpr Step stepOf(const Parameter& row, Function function) {
     Step step;
     step.setter = row.setter;
     step.function = function;
-    if (!row.plain) return step;
+    if (row.free) return step;
     step.key = row.keys[0].name;
+    step.readsText = row.keys[0].as == KeyRow::As::text;
+    if (row.gated(Gate::lightPainting)) step.gate = Gate::lightPainting;
+    if (row.gated(Gate::otherClient)) step.gate = Gate::otherClient;
+    if (!row.plain) return step;
     step.tag = row.entries[0].tag;
     step.words = row.conversion.vocabulary;
     step.refused = row.refused();
     step.information = row.information;
     step.tagLength = static_cast<uint8_t>(std::string_view(step.tag).size());
-    step.readsText = row.keys[0].as == KeyRow::As::text;
     step.isByte = row.entries[0].type == TYPE_BYTE;
     step.printsText = printsText(step.refused);
     step.informsText = step.information != nullptr && conversion(step.information, 2) == 's';
-    step.lightPainting = row.gated(Gate::lightPainting);
     return step;
 }
 
@@ -95,38 +99,44 @@ void report(const Step& step, const char* text, int value, status_t status) {
 }
 
 // Writes the entry of a plain row.
-status_t write(const Step& step, ExtParamInterface* host, CameraMetadata* metaData) {
-    const char* text = nullptr;
-    int number = 0;
-    if (step.readsText) {
-        text = host->get(step.key);
-        if (text == nullptr) return android::OK;
-    } else {
-        number = host->getInt(step.key);
-        if (number == -1) return android::OK;
-    }
+status_t write(const Step& step, const Setting& set) {
     const uint32_t tag = findVendorTag({step.tag, step.tagLength});
     if (tag == kNoTag) return android::OK;
-
-    const int32_t value = convert(step, text, number);
+    const int32_t value = convert(step, set.text, set.number);
     const auto low = static_cast<uint8_t>(value);
     const int shown = step.isByte ? low : value;
-    if (step.information != nullptr) inform(step, text, shown);
-    const status_t status =
-        step.isByte ? host->update(metaData, tag, &low, 1) : host->update(metaData, tag, &value, 1);
-    if (status != android::OK) report(step, text, shown, status);
+    if (step.information != nullptr) inform(step, set.text, shown);
+    const status_t status = step.isByte ? set.host->update(set.metaData, tag, &low, 1)
+                                        : set.host->update(set.metaData, tag, &value, 1);
+    if (status != android::OK) report(step, set.text, shown, status);
     return status;
+}
+
+// Reads the row's first key. False if it is absent.
+bool read(const Step& step, Setting& set) {
+    if (step.readsText) {
+        set.text = set.host->get(step.key);
+        return set.text != nullptr;
+    }
+    set.number = set.host->getInt(step.key);
+    return set.number != -1;
 }
 
 }  // namespace
 
 // A friend of the translator.
 struct RequestPass {
+    static bool isOpen(Gate gate, const CCameraQzParam& camera) {
+        if (gate == Gate::none) return true;
+        return gate == Gate::lightPainting ? camera.mLightPaintingMode != 0 : !camera.mIsQzCamera;
+    }
+
     static status_t run(const Step& step, CCameraQzParam& camera, CameraMetadata* metaData) {
-        if (step.function != nullptr) return step.function(camera, metaData);
+        Setting set{camera, camera.mExtParam, metaData, step.setter};
+        if (step.key == nullptr) return step.function(set);
         if (metaData == nullptr) return refuseNull(step.setter);
-        if (step.lightPainting && camera.mLightPaintingMode == 0) return android::OK;
-        return write(step, camera.mExtParam, metaData);
+        if (!isOpen(step.gate, camera) || !read(step, set)) return android::OK;
+        return step.function != nullptr ? step.function(set) : write(step, set);
     }
 };
 
