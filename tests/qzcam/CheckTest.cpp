@@ -140,6 +140,33 @@ TEST(Check, TellsWhatIsWrongWithATag) {
     }
 }
 
+// A feature with two mistyped tags stands before one with one, and malformed entries come after them.
+TEST(Check, PutsTheWorstFeaturesAndTagsFirst) {
+    std::string text = capability("denoiseSupported", "byte[1]", "7");
+    const auto change = [&](const std::string& tag, const std::string& with) {
+        const size_t place = text.find("(" + tag + ") with type ");
+        ASSERT_NE(place, std::string::npos) << tag;
+        text.replace(place, text.find(" defined", place) - place, with);
+    };
+    change("oisHallCalib", "(oisHallCalib) with type 1 (int32)");
+    change("sensorIso", "(sensorIso) with type 0 (byte)");
+    change("proExposureTime", "(proExposureTime) with type 0 (byte)");
+    change("sensorWbRange", "(sensorWbRanje) with type 1 (int32)");
+    Problems problems("d");
+    const DeviceCheck check = checkDevice(parseDump(text, "d", "", problems));
+    std::vector<std::string> features;
+    for (const FeatureCheck& feature : byFeature(check)) {
+        features.emplace_back(feature.name());
+        EXPECT_TRUE(std::is_sorted(feature.begin, feature.end, [](const TagCheck& a, const TagCheck& b) {
+            return a.verdict < b.verdict;
+        })) << feature.name();
+    }
+    ASSERT_GE(features.size(), 3U);
+    EXPECT_EQ(features[0], "professional");
+    EXPECT_EQ(features[1], "stabilisation");
+    EXPECT_EQ(features[2], "image");
+}
+
 TEST(Check, NamesTheParametersThatAnEntryIsReadFor) {
     Probe probe;
     const Survey survey = surveyLibrary(probe, Depth::Tags);

@@ -119,9 +119,11 @@ TEST(DumpParser, ChoosesTheCameraInEverySpellingOfItsTitle) {
         EXPECT_THAT(parsed.entries(), ElementsAre(row.entry)) << row.camera;
         EXPECT_THAT(parsed.problems.first(), IsEmpty()) << row.camera;
     }
-    const Parsed missing(text, "7");
-    EXPECT_THAT(missing.problems.first(),
-                ElementsAre("d: no camera '7': expected 0 or 1 or device@3.4/legacy/12"));
+    for (const std::string camera : {"7", "2", "legacy/12"}) {  // no part of a name or number
+        const Parsed missing(text, camera);
+        EXPECT_THAT(missing.problems.first(),
+                    ElementsAre("d: no camera '" + camera + "': expected 0 or 1 or device@3.4/legacy/12"));
+    }
 }
 
 TEST(DumpParser, CountsWhatItPassesOver) {

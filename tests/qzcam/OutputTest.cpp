@@ -299,6 +299,22 @@ TEST(Printer, PutsFurtherLinesOfAMessageBelowTheFirst) {
     EXPECT_EQ(text, "      I Tag: one\n             two\n");
 }
 
+TEST(Printer, CountsRepeatedLinesAlsoAtTheEnd) {
+    const std::string text = written([](std::FILE* file) {
+        Printer printer(file, false, ANDROID_LOG_INFO);
+        const auto log = [&](const char* line, int times) {
+            while (times-- > 0) printer.print(LogEvent{ANDROID_LOG_INFO, "T", line});
+        };
+        log("a", 3);
+        log("b", 1);
+        log("a", 2);
+        printer.flush();
+    });
+    EXPECT_EQ(
+        text,
+        "      I T: a\n        ... 2 times more\n      I T: b\n      I T: a\n        ... 1 times more\n");
+}
+
 TEST(ParameterText, ReadsBothForms) {
     const std::string cut = "\tlong: " + std::string(247, 'x');
     const struct {

@@ -90,6 +90,8 @@ TEST(Player, ExamineExpectations) {
         {"request\nset iso=50\nrequest", "expect-change iso new", "expect-change iso changed", "new"},
         {"set iso=50\nrequest\nunset iso\nrequest", "expect-change iso gone", "expect-change iso none",
          "gone"},
+        {"set iso=50\nrequest\nunset iso\nrequest\nset iso=50\nrequest", "expect-change iso new",
+         "expect-change iso none", "new"},
         {"publish", "expect-capability manualVcmStartValue published",
          "expect-capability manualVcmStartValue absent", "published"},
         {"publish", "expect-capability qz-slow-jpeg-mode-threshold silent",
@@ -169,6 +171,46 @@ TEST(Player, PublishTellsWhereParametersComeFromAndWhatIsMissing) {
     EXPECT_THAT(published.silent, testing::Contains(prefix + "qz-slow-jpeg-mode-threshold"));
     for (const LogEvent& line : play.all<LogEvent>()) {
         EXPECT_THAT(line.text, testing::Not(HasSubstr("find section"))) << "asking for names shows";
+    }
+}
+
+// A HAL's text may hold what a parameter set refuses.
+TEST(Player, PublishShowsRowsAfterOneThatWasRefused) {
+    Device other = device();
+    for (StaticEntry& entry : other.entries) {
+        if (TagNames(other.vendorTags).nameOf(entry.tag) !=
+            "com.ambrix.device.capabilities.mmiTestFeatureSupported")
+            continue;
+        entry.values = *parseValues(TYPE_BYTE, entry.tag, "\"a;b=c\",0");
+    }
+    const auto all = Play("open 0\npublish\n").all<PublishEvent>().at(0).rows;
+    const auto rows = Play("open 0\npublish\n", other).all<PublishEvent>().at(0).rows;
+    ASSERT_EQ(rows.size(), all.size());
+    size_t refused = 0;
+    for (size_t i = 0; i < rows.size(); ++i) {
+        EXPECT_EQ(rows[i].key, all[i].key);
+        if (rows[i].value == all[i].value) continue;
+        ++refused;
+        EXPECT_EQ(rows[i].value, "");
+        EXPECT_LT(i + 1, rows.size()) << "there are rows behind it";
+    }
+    EXPECT_EQ(refused, 1U);
+}
+
+TEST(Player, WaitsForABackgroundCommandBeforeTheCameraCloses) {
+    Problems problems("s");
+    const Session session = parseSession(
+        "open 0\nsendcommand 203 background\nresult qz-af-mmi-contrast-value=0x40000123\n", "s", problems);
+    for (const bool asGuest : {false, true}) {
+        std::vector<std::string> end;
+        Player player(device(), [&](const Event& event) {
+            const auto* command = std::get_if<CommandEvent>(&event);
+            const auto* status = std::get_if<StatusEvent>(&event);
+            if (command && command->line == 0) end.push_back(command->text);
+            if (status && status->isAnswer) end.push_back(std::to_string(status->status));
+        });
+        asGuest ? player.playAsGuest(session) : static_cast<void>(player.play(session));
+        EXPECT_THAT(end, ElementsAre("wait", "291", "close"));
     }
 }
 

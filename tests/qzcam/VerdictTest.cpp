@@ -2,14 +2,20 @@
 
 #include "device/BuiltIn.h"
 #include "device/DumpParser.h"
+#include "host/Camera.h"
 #include "host/EventWords.h"
+#include "host/LogCapture.h"
 #include "session/Player.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <camera/VendorTagDescriptor.h>
+
 #include <algorithm>
+#include <iterator>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace qzcam {
@@ -164,6 +170,53 @@ TEST(Verdict, TellsWhatTheDeviceMadeOfIt) {
         const VerdictRow found = verdictOn(row.key, row.session, row.device);
         EXPECT_STREQ(verdictWord(found.verdict), row.verdict) << row.session << ": " << found.reason;
         EXPECT_THAT(found.reason, HasSubstr(row.reason)) << row.session;
+    }
+}
+
+// A later write that the device did not get to see overrides nothing.
+TEST(Verdict, OverriddenIsOnlyWhatWasWrittenAgain) {
+    const std::string tag = "com.ambrix.capture.metadata.manualFocusValue";
+    const Texts texts{{"qz-magnifier-step-value", "3"}, {"qz-manual-focus-step-value", "4"}};
+    const TagNames names(builtIn().vendorTags);
+    installVendorTags(builtIn());
+    const android::CameraMetadata characteristics = staticCharacteristics(builtIn());
+    Trace trace;
+    {
+        const LogListener silence([](const LogEvent&) {});
+        Camera camera(0, characteristics, [](Message&&) {});
+        for (const auto& [key, value] : texts) camera.parameters().set(key.c_str(), value.c_str());
+        android::CameraMetadata request;
+        camera.adapter().watch(&trace);
+        camera.translator().paramToMetaData(&request);
+    }
+    VerdictFinder finder(builtIn(), names, characteristics);
+    const auto verdict = [&] {
+        return finder.find(trace, {texts.begin()->first}, texts, {}).front().verdict;
+    };
+    EXPECT_EQ(verdict(), Verdict::Overridden);
+    const auto last = std::find_if(trace.rbegin(), trace.rend(), [&](const TraceStep& step) {
+        return step.kind == TraceStep::Kind::Update && step.name == tag;
+    });
+    trace.erase(std::next(last).base());
+    EXPECT_EQ(verdict(), Verdict::Written);
+    android::VendorTagDescriptor::clearGlobalVendorTagDescriptor();
+}
+
+// The entry that is written first may be the better one.
+TEST(Verdict, OfSeveralEntriesTheWorstOneCounts) {
+    Device both = without("proExposureTime");
+    tagOf(both, "sensorExposureTime").type = TYPE_BYTE;
+    const std::vector<std::pair<Device, const char*>> rows{
+        {without("proExposureTime"), "undeclared"},
+        {without("sensorExposureTime"), "undeclared"},
+        {withType("proExposureTime", TYPE_BYTE), "wrong-type"},
+        {both, "wrong-type"},
+    };
+    for (const auto& [device, verdict] : rows) {
+        const VerdictRow row =
+            verdictOn("qz-sensor-exposure-time", "set qz-sensor-exposure-time=1/50", device);
+        EXPECT_EQ(row.entries.size(), 2U);
+        EXPECT_STREQ(verdictWord(row.verdict), verdict) << row.reason;
     }
 }
 
