@@ -1,20 +1,25 @@
-// Any text as a session; what reads as one is played on the built-in device.
+// The whole tool, from its command line to its exit status, with files that an input makes up. Lines of "%%"
+// part the input into a session, a dump (none: the built-in one) and a set of parameters. A session's first
+// line chooses the command: "#!check", "#!diff" or "#!explain KEY"; otherwise it is played.
+#include "Prints.h"
 #include "Target.h"
 
-#include <android/log.h>
+#include <Xml.h>
 #include <unistd.h>
+#include "cli/Cli.h"
 #include "device/BuiltIn.h"
 #include "device/DumpParser.h"
-#include "device/Properties.h"
+#include "facts/Probe.h"
+#include "facts/Survey.h"
 #include "host/LogCapture.h"
-#include "output/JsonPrinter.h"
-#include "output/Monitor.h"
-#include "output/Printer.h"
-#include "session/Assignment.h"
-#include "session/Player.h"
+#include "verdict/Check.h"
 
-#include <array>
+#include <algorithm>
 #include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
 
 // A command that waits for results need not take three seconds.
 int usleep(useconds_t /*time*/) { return 0; }
@@ -23,38 +28,193 @@ namespace qz::fuzz {
 
 namespace {
 
-const qzcam::Device& device() {
-    static const qzcam::Device device = [] {
-        qzcam::Problems problems("built-in device");
-        return qzcam::parseDump(qzcam::builtInDevice(), "built-in device", "", problems);
-    }();
-    return device;
+namespace fs = std::filesystem;
+
+using Words = std::vector<std::string>;
+
+// What is written to a stream, instead of to where it goes otherwise.
+class Captured {
+  public:
+    explicit Captured(std::FILE*& place) : mPlace(place), mBefore(place) {
+        mPlace = open_memstream(&mText, &mSize);
+    }
+    ~Captured() {
+        if (mPlace != mBefore) take();
+    }
+    Captured(const Captured&) = delete;
+    Captured& operator=(const Captured&) = delete;
+
+    std::string take() {
+        std::fclose(mPlace);
+        mPlace = mBefore;
+        std::string text(mText, mSize);
+        std::free(mText);
+        return text;
+    }
+
+  private:
+    std::FILE*& mPlace;
+    std::FILE* mBefore;
+    char* mText = nullptr;
+    size_t mSize = 0;
+};
+
+struct Outcome {
+    int status;
+    std::string out;
+    std::string err;
+};
+
+void requireLines(const std::string& text) {
+    qzcam::Lines lines(text);
+    for (std::string_view line; lines.next(line);) requirePrints(line);
 }
 
-// Everything that can be printed is, to nowhere.
-void play(const qzcam::Session& session) {
-    static std::FILE* const nowhere = std::fopen("/dev/null", "w");
-    const qzcam::PropertiesInPlace properties;
-    qzcam::JsonPrinter json(nowhere, ANDROID_LOG_VERBOSE);
-    qzcam::Printer text(nowhere, true, ANDROID_LOG_VERBOSE);
-    qzcam::Monitor monitor(nowhere);
-    const std::array<qzcam::Output*, 3> outputs{&json, &text, &monitor};
-    qzcam::Player player(device(), [&outputs](const qzcam::Event& event) {
-        for (qzcam::Output* output : outputs) output->print(event);
-    });
-    player.play(session);
+Outcome tool(const Words& words) {
+    std::vector<const char*> argv{"qzcam"};
+    for (const std::string& word : words) argv.push_back(word.c_str());
+    Captured out(stdout);
+    Captured err(stderr);
+    const int status = qzcam::runTool(static_cast<int>(argv.size()), argv.data());
+    Outcome outcome{status, out.take(), err.take()};
+    requireLines(outcome.out);
+    requireLines(outcome.err);
+    require(status == qzcam::kFine || status == qzcam::kExpectationFailed || !outcome.err.empty(),
+            "a failure has a message");
+    return outcome;
+}
+
+// A folder of its own, for as long as the process lives.
+const fs::path& folder() {
+    static const fs::path path = [] {
+        std::string name = (fs::temp_directory_path() / "qzcam-fuzz-XXXXXX").string();
+        require(mkdtemp(name.data()) != nullptr, "there is a folder");
+        return fs::path(name);
+    }();
+    static const int removed = std::atexit([] { fs::remove_all(folder()); });
+    static_cast<void>(removed);
+    return path;
+}
+
+std::string file(const char* name, std::string_view text) {
+    const std::string path = (folder() / name).string();
+    std::ofstream(path, std::ios::binary).write(text.data(), static_cast<std::streamsize>(text.size()));
+    return path;
+}
+
+std::string contentOf(const std::string& path) {
+    std::ifstream stream(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(stream), {}};
+}
+
+struct Counts {
+    size_t failed = 0;  // expectations
+    size_t errors = 0;
+};
+
+Counts countEvents(const std::string& lines) {
+    Counts counts;
+    qzcam::Lines all(lines);
+    for (std::string_view line; all.next(line);) {
+        const auto event = nlohmann::json::parse(line, nullptr, false);
+        require(event.is_object(), "each line of JSON is an object");
+        const std::string kind = event.value("event", "");
+        if (kind == "error") ++counts.errors;
+        if (kind == "expectation" && !event["met"].get<bool>()) ++counts.failed;
+    }
+    return counts;
+}
+
+Counts countCases(const std::string& report) {
+    const auto xml = qzcam::parseXml(report);
+    require(xml != nullptr, "the report is XML");
+    return {qzcam::countElements(xml->children, "failure"), qzcam::countElements(xml->children, "error")};
+}
+
+void play(const std::string& session, Words rest) {
+    const std::string report = file("report", "");
+    rest.insert(rest.begin(), {"run", session});
+    const int status = tool(rest).status;
+    rest.emplace_back("--monitor");
+    require(tool(rest).status == status, "columns have the same exit status");
+    rest.back() = "--json";
+    rest.insert(rest.end(), {"--junit", report});
+    const Outcome json = tool(rest);
+    require(json.status == status, "JSON has the same exit status");
+    const Counts events = countEvents(json.out);
+    const Counts cases = countCases(contentOf(report));
+    if (json.out.empty()) return require(cases.errors > 0, "a report tells why nothing was played");
+    require(cases.failed == events.failed && cases.errors == events.errors,
+            "the report agrees with the events");
+    if (events.errors > 0) return require(status == qzcam::kBadInput, "an error counts as bad input");
+    require(status == qzcam::kBadInput ||
+                status == (events.failed > 0 ? qzcam::kExpectationFailed : qzcam::kFine),
+            "the exit status agrees with the expectations");
+}
+
+void diff(Words words) {
+    words.insert(words.begin(), {"diff", "--as"});
+    const Outcome text = tool(words);
+    words.emplace_back("--json");
+    const Outcome json = tool(words);
+    require(text.status == json.status, "JSON has the same exit status");
+    require(json.out.empty() || nlohmann::json::accept(json.out), "it is JSON");
+    const bool differs = text.out.find("\nNothing differs.\n") == std::string::npos;
+    require(text.status > qzcam::kExpectationFailed || text.status == static_cast<int>(differs),
+            "the exit status tells of differences");
+}
+
+// The survey of the library takes longer than all else, and is always the same.
+void check(std::string_view dump) {
+    static qzcam::Probe probe;
+    static const qzcam::Survey survey = qzcam::surveyLibrary(probe, qzcam::Depth::Tags);
+    qzcam::Problems problems("dump");
+    const qzcam::Device device = qzcam::parseDump(dump, "dump", "", problems);
+    const qzcam::DeviceCheck found = qzcam::checkDevice(device, probe, survey);
+    requireLines(qzcam::checkText(device, found, false));
+    const auto json = nlohmann::json::parse(qzcam::checkJson(device, found), nullptr, false);
+    require(json.is_object() && json["failed"] == found.failed(), "it is JSON");
+    size_t counted = 0;
+    for (const auto& [verdict, count] : json["counts"].items()) counted += count.get<size_t>();
+    require(counted == found.tags.size(), "each tag has a verdict");
+}
+
+// Up to a line of "%%", which is taken off the text.
+std::string_view takePart(std::string_view& text) {
+    constexpr std::string_view end = "%%\n";
+    const size_t place = std::min(text.find(end), text.size());
+    const std::string_view part = text.substr(0, place);
+    text.remove_prefix(std::min(place + end.size(), text.size()));
+    return part;
 }
 
 }  // namespace
 
 void execute(Input& input) {
-    constexpr size_t mostPlayed = 12;
     const qzcam::LogListener quiet([](const qzcam::LogEvent&) {});
-    qzcam::Problems problems("session");
-    const qzcam::Session session = qzcam::parseSession(input.rest(), "session", problems);
-    static const qzcam::TagNames names(device().vendorTags);
-    qzcam::checkAgainstDevice(session, names, problems);
-    if (problems.empty() && session.commands.size() <= mostPlayed) play(session);
+    std::string_view rest = input.rest();
+    const std::string_view script = takePart(rest);
+    std::string_view dump = takePart(rest);
+    if (dump.empty()) dump = qzcam::builtInDevice();
+    const std::string session = file("session", script);
+    const std::string device = file("device", dump);
+    Words options{"--device", device};
+    if (!rest.empty()) options.insert(options.end(), {"--params", file("parameters", rest)});
+
+    std::string_view line = script.substr(0, script.find('\n'));
+    const std::string_view command = qzcam::takeWord(line);
+    if (command == "#!check") return check(dump);
+    if (command == "#!diff") {
+        diff({"devices", device, "--session", session});
+        return diff({"sessions", session, "--device", device});
+    }
+    if (command == "#!explain") {
+        options.insert(options.begin(), {"explain", "--", std::string(qzcam::takeWord(line))});
+        std::rotate(options.begin() + 1, options.begin() + 3, options.end());
+        tool(options);
+        return;
+    }
+    play(session, options);
 }
 
 }  // namespace qz::fuzz

@@ -1,9 +1,9 @@
 // Any text as each of the small things that people hand to qzcam, and as a set of parameters.
 #include "Devices.h"
+#include "Prints.h"
 #include "Target.h"
 
 #include <camera/CameraParameters2.h>
-#include <nlohmann/json.hpp>
 #include "base/Text.h"
 #include "base/Values.h"
 #include "device/ParameterText.h"
@@ -37,16 +37,6 @@ void numbers(const std::string& text) {
     }
 }
 
-// No controls, and no bytes that are no UTF-8, as a strict writer of JSON sees it.
-void requirePrints(const std::string& text) {
-    for (const char c : text) require(std::iscntrl(static_cast<unsigned char>(c)) == 0, "it prints");
-    try {
-        require(!nlohmann::json(text).dump().empty(), "it is written");
-    } catch (const nlohmann::json::exception&) {
-        require(false, "it is UTF-8");
-    }
-}
-
 void words(const std::string& text) {
     std::string_view rest = text;
     size_t length = 0;
@@ -58,6 +48,10 @@ void words(const std::string& text) {
     rest = text;
     if (!qzcam::takeQuoted(rest)) require(rest == text, "what is no quotation stays");
     requirePrints(qzcam::excerpt(text));
+    const std::string shown = qzcam::visible(text);
+    requirePrints(shown);
+    require(qzcam::visible(shown) == shown, "a visible text stays as it is");
+    require(shown.size() >= text.size(), "nothing of a text is left out");
     size_t pieces = 0;
     for (const std::string_view piece : qzcam::split(text, ';')) pieces += piece.size() + 1;
     require(pieces == text.size() + 1 || text.empty(), "a split text has all its pieces");
