@@ -158,8 +158,8 @@ void Session::request(Random& random) {
     CameraMetadata* const metadata = random.percent(99) ? &camera.request : nullptr;
     expect(metadata);
     returned("paramToMetaData", camera.translator->paramToMetaData(metadata));
-    if (!locked) trace().metadata(camera.request);
-    if (locked) camera.request = CameraMetadata();
+    if (locked) camera.request.unlock(camera.request.getAndLock());
+    trace().metadata(camera.request);
     if (adapted(camera)) recordParameters();
     if (random.percent(30)) ask(camera, random);
 }

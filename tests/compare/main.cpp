@@ -59,13 +59,12 @@ void playBlock(const Wanted& wanted, const Inputs& inputs, Devices* devices, uin
 
 // A library that cannot be preloaded would leave the player with its own, of which nobody would know.
 bool loadedAsWanted() {
-    const char* const wanted = std::getenv("LD_PRELOAD");
+    const char* const wanted = std::getenv("LIBRARY");
     Dl_info loaded = {};
     dladdr(dlsym(RTLD_DEFAULT, "_ZN2qz10QzName2Tag11getInstanceEv"), &loaded);
     if (wanted == nullptr || (loaded.dli_fname != nullptr && strcmp(wanted, loaded.dli_fname) == 0))
         return true;
-    fprintf(stderr, "compare_player: the library is %s, not %s as LD_PRELOAD wants it\n", loaded.dli_fname,
-            wanted);
+    fprintf(stderr, "compare_player: the library is %s, not %s\n", loaded.dli_fname, wanted);
     return false;
 }
 
