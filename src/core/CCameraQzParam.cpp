@@ -1,8 +1,8 @@
 #include "CCameraQzParam.h"
 
 #include "core/BoundedMemory.h"
-#include "core/Properties.h"
 #include "text/Log.h"
+#include "text/Properties.h"
 #include "text/Vocabularies.h"
 
 #include <cstring>
@@ -102,7 +102,7 @@ bool CCameraQzParam::checkLongExpoMode() {
 }
 
 bool CCameraQzParam::needQzCustomizedZsl() {
-    if (propertyIsOn("camera.ignore.qz.customized.zsl", "0")) {
+    if (isOn(property::ignoreOwnZsl)) {
         LOG(line::CustomizedZslIgnored, __func__);
         return false;
     }

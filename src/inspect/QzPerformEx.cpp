@@ -5,9 +5,9 @@
 #include "core/Numbers.h"
 #include "core/TagLabels.h"
 #include "text/Log.h"
+#include "text/Properties.h"
 
 #include <camera/VendorTagDescriptor.h>
-#include <cutils/properties.h>
 
 #include <cstring>
 #include <vector>
@@ -28,14 +28,13 @@ constexpr uint32_t kDumpRequests =
 
 // The tag that a property chooses, vendor names before standard ones, or INVALID_TAG. No tag has a name of
 // fewer than ten characters.
-uint32_t chosenTag(const char* property) {
+uint32_t chosenTag(const Property& property) {
     constexpr size_t shortestName = 10;
-    char name[PROPERTY_VALUE_MAX] = {};
-    property_get(property, name, "0");
-    if (strlen(name) < shortestName) return QzName2Tag::INVALID_TAG;
+    const auto name = valueOf(property);
+    if (strlen(name.data()) < shortestName) return QzName2Tag::INVALID_TAG;
     const QzName2Tag* names = QzName2Tag::getInstance();
-    const uint32_t tag = names->vendorTagFromName(name);
-    return names->validTag(tag) != 0 ? tag : names->androidTagFromName(name);
+    const uint32_t tag = names->vendorTagFromName(name.data());
+    return names->validTag(tag) != 0 ? tag : names->androidTagFromName(name.data());
 }
 
 // What the log prints for a name that is missing.
@@ -90,7 +89,7 @@ void QzPerformEx::setInfo(const CameraMetadata* info) {
     LOG(line::StaticInfo, __func__, static_cast<void*>(this));
     if (info == nullptr) return;
     mStaticInfo = info;
-    if (logLevel() >= kShowChosenTags) getTagInfo(*info, chosenTag("camera.qzperformex.captag"));
+    if (logLevel() >= kShowChosenTags) getTagInfo(*info, chosenTag(property::staticTag));
     if (logLevel() >= kDumpStaticInfo) {
         dumpVendorTags();
         dumpCurrentTags(*info);
@@ -98,16 +97,14 @@ void QzPerformEx::setInfo(const CameraMetadata* info) {
 }
 
 void QzPerformEx::checkRequest(android::List<const CameraMetadata>& requests, bool repeating) {
-    char value[PROPERTY_VALUE_MAX] = {};
-    property_get("camera.qzperformex.loglevel", value, "0");
-    const uint32_t level = parseUint32(value);
+    const uint32_t level = parseUint32(valueOf(property::logLevel).data());
     sLogLevel.store(level, std::memory_order_relaxed);
     if (level < kShowRequestKind) return;
 
     LOG(line::RequestKind, __func__, repeating ? "repeating" : "capture");
     if (level >= kShowChosenTags) {
         for (const CameraMetadata& request : requests) {
-            getTagInfo(request, chosenTag("camera.qzperformex.ctrltag"));
+            getTagInfo(request, chosenTag(property::requestTag));
         }
     }
     if (level >= kDumpRequests) {
@@ -117,7 +114,7 @@ void QzPerformEx::checkRequest(android::List<const CameraMetadata>& requests, bo
 
 void QzPerformEx::checkResult(const android::CaptureResult& result) {
     if (logLevel() < kShowResults) return;
-    getTagInfo(result.mMetadata, chosenTag("camera.qzperformex.stattag"));
+    getTagInfo(result.mMetadata, chosenTag(property::resultTag));
     const android::CaptureResultExtras& extras = result.mResultExtras;
     LOG(line::ResultIdentity, __func__, extras.requestId, extras.burstId, extras.afTriggerId,
         extras.precaptureTriggerId, static_cast<long long>(extras.frameNumber), extras.partialResultCount);

@@ -2,12 +2,11 @@
 #include "request/RequestSteps.h"
 
 #include "core/Numbers.h"
-#include "core/Properties.h"
 #include "request/Entry.h"
 #include "text/Log.h"
+#include "text/Properties.h"
 #include "text/Vocabularies.h"
 
-#include <cutils/properties.h>
 #include <utils/String8.h>
 
 #include <cstring>
@@ -17,9 +16,7 @@ namespace qz {
 namespace {
 
 uint8_t debugDualPrimary(uint8_t requested) {
-    char text[PROPERTY_VALUE_MAX] = {};
-    property_get("camera.debug.mode", text, "0");
-    switch (parseUint32(text)) {
+    switch (parseUint32(valueOf(property::debugDualPrimary).data())) {
         case 1:
             return 0;
         case 2:
@@ -144,7 +141,7 @@ status_t RequestSteps::setFaceBeautyForChat(const Setting& set) {
     beauty.when(!ownCamera && (set.camera.mCallBackFlag & chatBeauty) != 0);
     beauty.key("qz-face-beauty-preview-only").as(kOnOff);
     beauty.when(beauty.value != 0);
-    if (beauty.open() && propertyIsOn("camera.ignore.chat.facebeauty", "0")) {
+    if (beauty.open() && isOn(property::ignoreChatBeauty)) {
         LOG(line::ChatBeautyIgnored, __func__);
         return android::OK;
     }
@@ -186,12 +183,12 @@ status_t RequestSteps::resetVideoStabilization(const Setting& set) {
     if (numberOf(kTrueFalse, mode.text) != 1) return android::OK;
 
     bool forceOff = false;
-    if (propertyIsOn("camera.ignore.videostdb.all", "0")) {
+    if (isOn(property::stabiliseNone)) {
         const String8 client(set.camera.mClientName);
         LOG(line::StabilisationIgnoredForAll, __func__, client.c_str());
         forceOff = true;
     }
-    if (propertyIsOn("camera.ignore.videostdb.partial", "1")) {
+    if (isOn(property::stabiliseSome)) {
         const String8 client(set.camera.mClientName);
         if (const char* app = unstabilisedApp(client.c_str())) {
             LOG(line::StabilisationIgnoredForApp, __func__, app, client.c_str());

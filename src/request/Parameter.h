@@ -5,6 +5,7 @@
 #include "rows/Feature.h"
 #include "rows/Format.h"
 #include "rows/Upto.h"
+#include "text/Properties.h"
 #include "text/Vocabulary.h"
 
 namespace qz {
@@ -97,12 +98,13 @@ struct Parameter {
 // True if the failure text of a plain row prints the key's text before the value.
 constexpr bool printsText(const char* format) { return conversion(format, 1) == 's'; }
 
-// The texts of a plain row take what they are printed with: setter, perhaps the text, value, status; for the information
-// line setter, value, perhaps the text.
+// The texts of a plain row take what they are printed with: setter, perhaps the text, value, status; for the
+// information line setter, value, perhaps the text.
 constexpr bool soundTexts(const Parameter& row) {
     if (!row.plain) return true;
     const bool readsText = row.keys[0].as == KeyRow::As::text;
-    const bool refusal = convertsInts(row.refused(), "sdd") || (readsText && convertsInts(row.refused(), "ssdd"));
+    const bool refusal =
+        convertsInts(row.refused(), "sdd") || (readsText && convertsInts(row.refused(), "ssdd"));
     const bool information = row.information == nullptr || convertsInts(row.information, "sd") ||
                              (readsText && convertsInts(row.information, "sds"));
     return refusal && information;
@@ -175,9 +177,9 @@ template <typename... Entries>
 constexpr Uses uses(const Entries&... entries) {
     return {Upto<EntryRow, 2>(entries...)};
 }
-template <typename... Names>
-constexpr Properties properties(Names... names) {
-    return {Upto<const char*, 2>(names...)};
+template <typename... Rows>
+constexpr Properties properties(const Rows&... rows) {
+    return {Upto<const char*, 2>(rows.name...)};
 }
 template <typename... Keys>
 constexpr Reads reads(const Keys&... keys) {

@@ -21,10 +21,16 @@ struct EntryRow {
     constexpr bool allows(size_t count) const { return count >= least && (most == 0 || count <= most); }
 };
 
-constexpr EntryRow byte(const char* tag, const char* refused = nullptr) { return {tag, TYPE_BYTE, 1, 1, refused}; }
-constexpr EntryRow int32(const char* tag, const char* refused = nullptr) { return {tag, TYPE_INT32, 1, 1, refused}; }
+constexpr EntryRow byte(const char* tag, const char* refused = nullptr) {
+    return {tag, TYPE_BYTE, 1, 1, refused};
+}
+constexpr EntryRow int32(const char* tag, const char* refused = nullptr) {
+    return {tag, TYPE_INT32, 1, 1, refused};
+}
 constexpr EntryRow int64(const char* tag) { return {tag, TYPE_INT64, 1, 1, nullptr}; }
-constexpr EntryRow float32(const char* tag, const char* refused = nullptr) { return {tag, TYPE_FLOAT, 1, 1, refused}; }
+constexpr EntryRow float32(const char* tag, const char* refused = nullptr) {
+    return {tag, TYPE_FLOAT, 1, 1, refused};
+}
 constexpr EntryRow rational(const char* tag, const char* refused = nullptr) {
     return {tag, TYPE_RATIONAL, 1, 1, refused};
 }
@@ -36,6 +42,8 @@ constexpr EntryRow counting(EntryRow entry, uint8_t least, uint8_t most) {
 }
 constexpr EntryRow exactly(uint8_t count, EntryRow entry) { return counting(entry, count, count); }
 constexpr EntryRow atLeast(uint8_t count, EntryRow entry) { return counting(entry, count, 0); }
-constexpr EntryRow between(uint8_t least, uint8_t most, EntryRow entry) { return counting(entry, least, most); }
+constexpr EntryRow between(uint8_t least, uint8_t most, EntryRow entry) {
+    return counting(entry, least, most);
+}
 
 }  // namespace qz

@@ -25,9 +25,9 @@ enum class Feature : uint8_t {
 };
 
 constexpr const char* kFeatureNames[] = {
-    "stabilisation",  "factory tests", "flash", "panorama",           "faces and beauty", "two sensors", "mirror",
-    "light painting", "professional",  "night", "focus and metering", "shots",            "video",       "pictures",
-    "image",
+    "stabilisation",      "factory tests", "flash",          "panorama",     "faces and beauty",
+    "two sensors",        "mirror",        "light painting", "professional", "night",
+    "focus and metering", "shots",         "video",          "pictures",     "image",
 };
 constexpr size_t kFeatureCount = sizeof(kFeatureNames) / sizeof(kFeatureNames[0]);
 static_assert(kFeatureCount == static_cast<size_t>(Feature::image) + 1);

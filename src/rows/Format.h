@@ -20,7 +20,8 @@ constexpr bool isOneOf(char c, const char* characters) {
     return false;
 }
 
-// Returns conversion `index` of a format as one letter: s, d, u, x, f; z for %zu, l for %lld. '\0' behind the last one.
+// Returns conversion `index` of a format as one letter: s, d, u, x, f; z for %zu, l for %lld. '\0' behind the
+// last one.
 constexpr char conversion(const char* format, size_t index) {
     for (const char* at = format; *at != '\0'; ++at) {
         if (*at != '%') continue;
@@ -36,7 +37,8 @@ constexpr char conversion(const char* format, size_t index) {
     return '\0';
 }
 
-// True if the conversions of the format are just these: "sud" for "%s(), failed to update iso: %u, return: %d".
+// True if the conversions of the format are just these: "sud" for "%s(), failed to update iso: %u, return:
+// %d".
 constexpr bool converts(const char* format, const char* kinds) {
     size_t i = 0;
     for (; kinds[i] != '\0'; ++i) {
@@ -56,6 +58,7 @@ constexpr bool convertsInts(const char* format, const char* kinds) {
 }
 
 static_assert(converts("%s(), failed to update iso: %u, return: %d", "sud"));
-static_assert(converts("100%% of %zu, %#x and %lld", "zxl") && !converts("%s %d", "s") && !converts("%s", "sd"));
+static_assert(converts("100%% of %zu, %#x and %lld", "zxl") && !converts("%s %d", "s") &&
+              !converts("%s", "sd"));
 
 }  // namespace qz

@@ -148,9 +148,9 @@ inline constexpr Vocabulary kExtScene{"extSceneModeStringToEnum", kExtSceneWords
 // clang-format on
 
 inline constexpr const Vocabulary* kVocabularies[] = {
-    &kIso,      &kContrast,  &kSaturation, &kBrightness, &kOnOff,    &kTrueFalse,        &kSharpness,  &kMetering,
-    &kMakeUp,   &kColorEffect, &kDualPrimary, &kExposure, &kRelayout, &kMmiAfTest,        &kShutter,    &kProFocus,
-    &kFocusAssistFlash, &kColorMode, &kExtScene,
+    &kIso,      &kContrast, &kSaturation,       &kBrightness,  &kOnOff,    &kTrueFalse, &kSharpness,
+    &kMetering, &kMakeUp,   &kColorEffect,      &kDualPrimary, &kExposure, &kRelayout,  &kMmiAfTest,
+    &kShutter,  &kProFocus, &kFocusAssistFlash, &kColorMode,   &kExtScene,
 };
 
 constexpr bool allSound() {

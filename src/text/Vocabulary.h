@@ -1,7 +1,7 @@
 // A vocabulary: the words of the application and the numbers of the pipeline. Vocabularies.h has all of them.
 //
-// Words compare exactly. A setter stores the number in the entry's element type, so that -1 for an unknown word
-// becomes 255 in a byte. An absent text (null) is no error: each vocabulary has a number for it.
+// Words compare exactly. A setter stores the number in the entry's element type, so that -1 for an unknown
+// word becomes 255 in a byte. An absent text (null) is no error: each vocabulary has a number for it.
 #pragma once
 
 #include "rows/Format.h"
@@ -37,8 +37,9 @@ struct Vocabulary {
     int whenNull;
     int whenUnknown;
 
-    // Number to text, for published lists; null names where there is no way back. The first word of a number speaks for
-    // it. An unknown number is logged as unknownText, with the name toText, and gives the fallback.
+    // Number to text, for published lists; null names where there is no way back. The first word of a number
+    // speaks for it. An unknown number is logged as unknownText, with the name toText, and gives the
+    // fallback.
     const char* toText = nullptr;
     Words published = {};
     const char* unknownText = nullptr;

@@ -1,6 +1,7 @@
 // Every row of the request pass, and every function behind one, does what its row states and nothing else.
 #include "request/Parameters.h"
 
+#include "Peer.h"
 #include "RecordingHost.h"
 #include "request/RequestPass.h"
 #include "support/Lines.h"
@@ -8,13 +9,7 @@
 #include <cutils/properties.h>
 #include <gtest/gtest.h>
 
-namespace qz {
-
-struct TestPeer {
-    static void setLightPainting(CCameraQzParam& camera, uint8_t mode) { camera.mLightPaintingMode = mode; }
-};
-
-namespace test {
+namespace qz::test {
 namespace {
 
 using Texts = std::vector<std::string>;
@@ -248,5 +243,4 @@ TEST(RequestRow, PrintsItsInformationLineBeforeTheUpdate) {
 }
 
 }  // namespace
-}  // namespace test
-}  // namespace qz
+}  // namespace qz::test

@@ -1,0 +1,243 @@
+// Every row of the result pass, and every function behind one, does what its row states and nothing else.
+#include "callback/Results.h"
+
+#include "Peer.h"
+#include "RecordingHost.h"
+#include "callback/ResultPass.h"
+#include "support/Lines.h"
+
+#include <gmock/gmock.h>
+
+namespace qz::test {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+struct Sent {
+    int32_t code;
+    int32_t kind;
+    bool operator==(const Sent& other) const { return code == other.code && kind == other.kind; }
+};
+
+class ResultHost : public ExtCallBackInterface {
+  public:
+    status_t notifyCallback(int32_t code, int32_t ext1, int32_t) override {
+        return record(code, ext1, false);
+    }
+    status_t dataCallback(int32_t code, const void* data, uint32_t size) override {
+        int32_t first = 0;
+        if (size >= sizeof(first)) memcpy(&first, data, sizeof(first));
+        return record(code, first, true);
+    }
+    camera_metadata_ro_entry findResultEntry(const android::CameraMetadata&, uint32_t tag) override {
+        asked.push_back(nameOf(tag));
+        return entryOf(tag, entries[nameOf(tag)]);
+    }
+
+    std::map<std::string, Elements> entries;
+    std::vector<std::string> asked;
+    std::vector<Sent> sent;
+
+  private:
+    status_t record(int32_t code, int32_t first, bool isData) {
+        const int32_t kind = code == MSG_OIS_CALIB_RESULT ? first : 0;
+        sent.push_back({code, kind});
+        const MessageRow* row = findMessage(code, kind);
+        EXPECT_TRUE(row != nullptr && row->isData() == isData);
+        return android::OK;
+    }
+};
+
+// The handler of one row, on a device that declares the row's tags but `missing`.
+class Trial {
+  public:
+    explicit Trial(const ResultRow& row, const std::string& missing = "")
+        : mRow(row), mTags(declarations(row, missing)), host(new ResultHost) {
+        TestPeer::setProfessional(camera.translator(), true);
+        mCallBack = CreateCameraQzCallBack(host.get(), &camera.translator());
+    }
+
+    void give(const EntryRow& entry, const Elements& elements) { host->entries[entry.tag] = elements; }
+    void giveAll() {
+        for (const EntryRow& entry : mRow.entries) give(entry, someElements(entry, entry.least));
+    }
+    void giveZeros() {
+        for (const EntryRow& entry : mRow.entries) {
+            give(entry, entry.type == TYPE_BYTE ? Elements(B(entry.least, 0)) : Elements(I(entry.least, 0)));
+        }
+    }
+    // What the run sent.
+    std::vector<Sent> run() {
+        host->asked.clear();
+        host->sent.clear();
+        EXPECT_EQ(runHandler(*mCallBack, mRow.handler, android::CameraMetadata()), android::OK);
+        return host->sent;
+    }
+    std::map<std::string, int> members() { return TestPeer::members(*mCallBack, camera.translator()); }
+
+    Camera camera;
+
+  private:
+    static Declarations declarations(const ResultRow& row, const std::string& missing) {
+        Declarations all{{capture("other"), TYPE_BYTE}};
+        for (const EntryRow& entry : row.entries) {
+            if (isVendor(entry) && entry.tag != missing) all.emplace_back(entry.tag, entry.type);
+        }
+        return all;
+    }
+
+    const ResultRow& mRow;
+    VendorTags mTags;
+    android::sp<CameraQzCallBack> mCallBack;
+
+  public:
+    android::sp<ResultHost> host;
+};
+
+std::vector<Sent> messageOf(const ResultRow& row) {
+    if (row.sends.code == 0) return {};
+    return {{row.sends.code, row.sends.kind}};
+}
+
+std::vector<std::string> tagsOf(const ResultRow& row) {
+    std::vector<std::string> tags;
+    for (const EntryRow& entry : row.entries) tags.emplace_back(entry.tag);
+    return tags;
+}
+
+TEST(ResultRow, AsksItsEntriesInOrderAndSendsItsMessage) {
+    for (const ResultRow& row : kResults) {
+        SCOPED_TRACE(row.handler);
+        Trial trial(row);
+        const auto before = trial.members();
+        trial.giveAll();
+        // A hint of the scene's own would stop the search for one.
+        if (row.optional) trial.give(row.entries[2], I{0});
+        EXPECT_EQ(trial.run(), messageOf(row));
+        EXPECT_EQ(trial.host->asked, tagsOf(row));
+        std::set<std::string> kept;
+        for (const auto& [name, value] : trial.members()) {
+            if (before.at(name) != value) kept.insert(name);
+        }
+        EXPECT_EQ(kept, std::set<std::string>(row.keeps.begin(), row.keeps.end()));
+    }
+}
+
+TEST(ResultRow, RepeatsItsMessageUnlessItsGateSaysOtherwise) {
+    for (const ResultRow& row : kResults) {
+        SCOPED_TRACE(row.handler);
+        Trial trial(row);
+        trial.giveAll();
+        trial.run();
+        const bool once = row.gated(ResultGate::onChange) || row.gated(ResultGate::onceAMode);
+        EXPECT_EQ(trial.run(), once ? std::vector<Sent>() : messageOf(row));
+        if (row.gated(ResultGate::onceAMode)) {
+            trial.give(row.entries[0], B{0});
+            trial.run();
+            trial.give(row.entries[0], B{1});
+            EXPECT_EQ(trial.run(), messageOf(row));
+        }
+    }
+}
+
+TEST(ResultRow, TellsZeroAsItsGateSays) {
+    for (const ResultRow& row : kResults) {
+        if (row.optional || row.sends.code == 0) continue;
+        SCOPED_TRACE(row.handler);
+        Trial trial(row);
+        const bool zeroOnce = row.gated(ResultGate::zeroOnce);
+        trial.giveAll();
+        trial.run();
+        trial.giveZeros();
+        const bool silent = row.gated(ResultGate::notZero) || row.gated(ResultGate::modeIsOne);
+        EXPECT_EQ(trial.run(), silent ? std::vector<Sent>() : messageOf(row));
+        if (!zeroOnce) continue;
+        EXPECT_THAT(trial.run(), IsEmpty());
+    }
+}
+
+TEST(ResultRow, LooksNoFurtherThanItsGateLets) {
+    for (const ResultRow& row : kResults) {
+        SCOPED_TRACE(row.handler);
+        Trial trial(row);
+        trial.giveAll();
+        if (row.gated(ResultGate::modeIsOne)) {
+            trial.give(row.entries[0], B{2});
+            trial.run();
+            EXPECT_THAT(trial.host->asked, ElementsAre(row.entries[0].tag));
+        } else if (row.gated(ResultGate::professionalMode)) {
+            TestPeer::setProfessional(trial.camera.translator(), false);
+            EXPECT_THAT(trial.run(), IsEmpty());
+            EXPECT_THAT(trial.host->asked, IsEmpty());
+        }
+    }
+}
+
+TEST(ResultRow, SendsNothingForACountThatItDoesNotAllow) {
+    for (const ResultRow& row : kResults) {
+        if (row.optional) continue;
+        for (const size_t count : {0U, 1U, 2U, 3U, 5U, 20U, 21U}) {
+            if (row.entries[0].allows(count)) continue;
+            SCOPED_TRACE(row.handler + (" with " + std::to_string(count)));
+            Trial trial(row);
+            trial.giveAll();
+            trial.give(row.entries[0], someElements(row.entries[0], count));
+            LogCapture log;
+            EXPECT_THAT(trial.run(), IsEmpty());
+            const std::vector<LogLine> lines = log.take("CameraQzCallBack");
+            ASSERT_EQ(lines.size(), row.says != nullptr && !row.plain && count != 0 ? 1U : 0U);
+            if (lines.empty()) continue;
+            EXPECT_TRUE(isPrintedAs(row.says, lines[0].text)) << lines[0].text;
+            EXPECT_EQ(lines[0].priority, ANDROID_LOG_ERROR);
+        }
+    }
+}
+
+TEST(ResultRow, TakesAnEntryOfAnotherTypeForNone) {
+    for (const ResultRow& row : kResults) {
+        if (row.optional) continue;
+        SCOPED_TRACE(row.handler);
+        Trial trial(row);
+        trial.giveAll();
+        trial.give(row.entries[0], F(row.entries[0].least, 1.0F));
+        const auto before = trial.members();
+        LogCapture log;
+        EXPECT_THAT(trial.run(), IsEmpty());
+        EXPECT_EQ(trial.members(), before);
+        EXPECT_THAT(log.take("CameraQzCallBack"), IsEmpty());
+    }
+}
+
+TEST(ResultRow, LeavesOutAnUndeclaredTag) {
+    for (const ResultRow& row : kResults) {
+        for (const EntryRow& entry : row.entries) {
+            if (!isVendor(entry)) continue;
+            SCOPED_TRACE(std::string(row.handler) + " without " + entry.tag);
+            Trial trial(row, entry.tag);
+            trial.giveAll();
+            const std::vector<Sent> sent = trial.run();
+            EXPECT_THAT(trial.host->asked, testing::Not(testing::Contains(entry.tag)));
+            if (row.optional || row.sends.code == 0) continue;
+            EXPECT_THAT(sent, IsEmpty());
+        }
+    }
+}
+
+TEST(ResultRow, PrintsItsInformationLineBeforeTheMessage) {
+    for (const ResultRow& row : kResults) {
+        if (!row.plain || row.says == nullptr) continue;
+        SCOPED_TRACE(row.handler);
+        Trial trial(row);
+        trial.giveAll();
+        LogCapture log;
+        trial.run();
+        const std::vector<LogLine> lines = log.take("CameraQzCallBack");
+        ASSERT_EQ(lines.size(), 1U);
+        EXPECT_TRUE(isPrintedAs(row.says, lines[0].text)) << lines[0].text;
+        EXPECT_EQ(lines[0].priority, ANDROID_LOG_INFO);
+    }
+}
+
+}  // namespace
+}  // namespace qz::test
