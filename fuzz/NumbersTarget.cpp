@@ -1,9 +1,9 @@
 // Parsers, bounded memory and vocabularies beside plainer ones, in wide arithmetic.
 #include "Target.h"
 
-#include "core/BoundedMemory.h"
-#include "core/Numbers.h"
-#include "core/Parsers.h"
+#include "text/BoundedMemory.h"
+#include "text/Numbers.h"
+#include "text/Parsers.h"
 #include "text/Vocabularies.h"
 
 #include <utils/Errors.h>
@@ -212,7 +212,8 @@ void memory(Input& input) {
 void vocabularies(const char* text) {
     for (const Vocabulary* each : kVocabularies) {
         const std::string same = text;
-        require(numberOf(*each, text) == numberOf(*each, same.c_str()), "a text is looked up by its bytes alone");
+        require(numberOf(*each, text) == numberOf(*each, same.c_str()),
+                "a text is looked up by its bytes alone");
     }
 }
 

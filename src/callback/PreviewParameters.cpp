@@ -1,8 +1,8 @@
 // What professional mode shows over its preview: exposure time, ISO and an exposure hint, in one block.
 #include "callback/ResultSteps.h"
 
-#include "core/VendorTag.h"
 #include "tags/TagNames.h"
+#include "tags/VendorTag.h"
 #include "text/Checked.h"
 
 #include <array>

@@ -1,8 +1,8 @@
 // The handlers of single values: when each has something new to tell.
 #include "callback/ResultSteps.h"
 
-#include "core/VendorTag.h"
 #include "tags/TagNames.h"
+#include "tags/VendorTag.h"
 #include "text/Log.h"
 
 namespace qz {

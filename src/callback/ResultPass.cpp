@@ -2,7 +2,7 @@
 
 #include "callback/ResultSteps.h"
 #include "callback/Results.h"
-#include "core/VendorTag.h"
+#include "tags/VendorTag.h"
 #include "text/Log.h"
 
 #include <array>

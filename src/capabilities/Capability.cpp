@@ -1,6 +1,6 @@
 #include "capabilities/Capability.h"
 
-#include "core/Text.h"
+#include "text/Text.h"
 
 #include <cstring>
 

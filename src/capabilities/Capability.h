@@ -6,9 +6,9 @@
 #pragma once
 
 #include "QzHostInterfaces.h"
-#include "core/VendorTag.h"
 #include "tags/EntryView.h"
 #include "tags/TagNames.h"
+#include "tags/VendorTag.h"
 #include "text/Log.h"
 #include "text/Vocabulary.h"
 

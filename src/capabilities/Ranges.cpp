@@ -3,10 +3,10 @@
 #include "capabilities/CapabilitySteps.h"
 
 #include "capabilities/Capability.h"
-#include "core/BoundedMemory.h"
-#include "core/Parsers.h"
-#include "core/Text.h"
+#include "text/BoundedMemory.h"
 #include "text/Log.h"
+#include "text/Parsers.h"
+#include "text/Text.h"
 #include "text/Vocabularies.h"
 
 #include <algorithm>

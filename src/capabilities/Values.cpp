@@ -2,9 +2,9 @@
 #include "capabilities/CapabilitySteps.h"
 
 #include "capabilities/Capability.h"
-#include "core/Parsers.h"
-#include "core/Text.h"
 #include "text/Checked.h"
+#include "text/Parsers.h"
+#include "text/Text.h"
 #include "text/Vocabularies.h"
 
 #include <algorithm>

@@ -1,8 +1,8 @@
 // Which buffers are skipped for a round, by their size and format.
 #include "QzName2Tag.h"
 #include "QzPerformEx.h"
-#include "core/TagLabels.h"
 #include "tags/EntryView.h"
+#include "tags/TagLabels.h"
 #include "tags/TagNames.h"
 #include "text/Checked.h"
 

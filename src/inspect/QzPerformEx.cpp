@@ -1,10 +1,10 @@
 #include "QzPerformEx.h"
 
 #include "QzName2Tag.h"
-#include "core/BoundedMemory.h"
-#include "core/Numbers.h"
-#include "core/TagLabels.h"
+#include "tags/TagLabels.h"
+#include "text/BoundedMemory.h"
 #include "text/Log.h"
+#include "text/Numbers.h"
 #include "text/Properties.h"
 
 #include <camera/VendorTagDescriptor.h>

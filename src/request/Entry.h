@@ -11,9 +11,9 @@
 #pragma once
 
 #include "QzHostInterfaces.h"
-#include "core/VendorTag.h"
 #include "request/RequestSteps.h"
 #include "tags/TagNames.h"
+#include "tags/VendorTag.h"
 #include "text/Log.h"
 #include "text/Vocabulary.h"
 

@@ -1,10 +1,10 @@
 // Factory tests that are more than a switch.
 #include "request/RequestSteps.h"
 
-#include "core/Numbers.h"
-#include "core/Parsers.h"
 #include "request/Entry.h"
 #include "text/Log.h"
+#include "text/Numbers.h"
+#include "text/Parsers.h"
 #include "text/Vocabularies.h"
 
 namespace qz {

@@ -1,11 +1,11 @@
 // Places and sizes in the image: zoom and crop, areas, regions, coordinates.
 #include "request/RequestSteps.h"
 
-#include "core/Numbers.h"
-#include "core/Parsers.h"
 #include "request/Entry.h"
 #include "tags/EntryView.h"
 #include "text/Log.h"
+#include "text/Numbers.h"
+#include "text/Parsers.h"
 #include "text/Vocabularies.h"
 
 namespace qz {

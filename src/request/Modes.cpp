@@ -1,9 +1,9 @@
 // Modes: of the vendor's own camera application, of capture, panorama, two sensors and video.
 #include "request/RequestSteps.h"
 
-#include "core/Numbers.h"
 #include "request/Entry.h"
 #include "text/Log.h"
+#include "text/Numbers.h"
 #include "text/Properties.h"
 #include "text/Vocabularies.h"
 

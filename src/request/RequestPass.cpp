@@ -1,11 +1,11 @@
 #include "request/RequestPass.h"
 
-#include "core/Numbers.h"
-#include "core/VendorTag.h"
 #include "request/Entry.h"
 #include "request/Parameters.h"
 #include "request/RequestSteps.h"
+#include "tags/VendorTag.h"
 #include "text/Log.h"
+#include "text/Numbers.h"
 
 #include <array>
 #include <cstring>

@@ -4,7 +4,7 @@
 //     return;
 #pragma once
 
-#include "core/BoundedMemory.h"
+#include "text/BoundedMemory.h"
 #include "text/Log.h"
 
 namespace qz {

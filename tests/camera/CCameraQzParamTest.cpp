@@ -1,8 +1,8 @@
 #include "CCameraQzParam.h"
 
-#include "Peer.h"
-#include "Rows.h"
+#include "camera/Peer.h"
 #include "support/Device.h"
+#include "support/Rows.h"
 
 #include <cutils/properties.h>
 #include <gmock/gmock.h>

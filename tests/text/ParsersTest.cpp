@@ -1,8 +1,8 @@
-#include "core/Parsers.h"
+#include "text/Parsers.h"
 
-#include "Rows.h"
-#include "core/BoundedMemory.h"
-#include "core/Numbers.h"
+#include "support/Rows.h"
+#include "text/BoundedMemory.h"
+#include "text/Numbers.h"
 
 #include <gmock/gmock.h>
 

@@ -1,7 +1,7 @@
 #include "QzName2Tag.h"
 
-#include "Rows.h"
 #include "support/Device.h"
+#include "support/Rows.h"
 
 #include <gmock/gmock.h>
 

@@ -1,6 +1,6 @@
 #include "CCameraQzParam.h"
 
-#include "core/BoundedMemory.h"
+#include "text/BoundedMemory.h"
 #include "text/Log.h"
 #include "text/Properties.h"
 #include "text/Vocabularies.h"

@@ -1,4 +1,4 @@
-#include "core/VendorTag.h"
+#include "tags/VendorTag.h"
 
 #include "text/Log.h"
 

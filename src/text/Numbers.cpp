@@ -1,4 +1,4 @@
-#include "core/Numbers.h"
+#include "text/Numbers.h"
 
 #include <algorithm>
 #include <cerrno>

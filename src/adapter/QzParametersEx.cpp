@@ -1,6 +1,6 @@
 #include "QzParametersEx.h"
 
-#include "core/TagLabels.h"
+#include "tags/TagLabels.h"
 #include "text/Checked.h"
 
 #include <cstring>

@@ -1,8 +1,8 @@
 #include "QzParametersEx.h"
 
-#include "Peer.h"
-#include "Rows.h"
+#include "camera/Peer.h"
 #include "support/Device.h"
+#include "support/Rows.h"
 
 #include <gmock/gmock.h>
 

@@ -1,4 +1,4 @@
-#include "core/BoundedMemory.h"
+#include "text/BoundedMemory.h"
 
 #include <cerrno>
 #include <cstdarg>

@@ -1,9 +1,9 @@
-#include "core/Parsers.h"
+#include "text/Parsers.h"
 
-#include "core/BoundedMemory.h"
-#include "core/Numbers.h"
-#include "core/Text.h"
+#include "text/BoundedMemory.h"
 #include "text/Log.h"
+#include "text/Numbers.h"
+#include "text/Text.h"
 
 #include <utils/Errors.h>
 
