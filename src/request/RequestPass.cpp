@@ -19,15 +19,17 @@ using Function = status_t (*)(const Setting&);
 
 // The facts of a row that the pass needs; the others take no room in the library.
 struct Step {
+    enum class Reads : uint8_t { none, text, integer };
+
     const char* setter = nullptr;
     Function function = nullptr;  // of its own; null for a plain row
-    const char* key = nullptr;    // read by the pass; null if the function reads its keys itself
+    const char* key = nullptr;
     const char* tag = nullptr;
     const Vocabulary* words = nullptr;
     const char* refused = nullptr;
     const char* information = nullptr;
     uint8_t tagLength = 0;
-    bool readsText = false;
+    Reads reads = Reads::none;  // how the pass reads the key; none if the function reads its keys itself
     bool isByte = false;
     bool printsText = false;
     bool informsText = false;
@@ -52,7 +54,7 @@ constexpr Step stepOf(const Parameter& row, Function function) {
     step.function = function;
     if (row.free) return step;
     step.key = row.keys[0].name;
-    step.readsText = row.keys[0].as == KeyRow::As::text;
+    step.reads = row.keys[0].as == KeyRow::As::text ? Step::Reads::text : Step::Reads::integer;
     if (row.gated(Gate::lightPainting)) step.gate = Gate::lightPainting;
     if (row.gated(Gate::otherClient)) step.gate = Gate::otherClient;
     if (!row.plain) return step;
@@ -78,7 +80,7 @@ constexpr std::array<Step, kParameterCount> kSteps = steps();
 int autoOrNumber(const char* text) { return strcmp(text, "auto") == 0 ? 0 : parseInt32(text); }
 
 int convert(const Step& step, const char* text, int number) {
-    if (!step.readsText) return number;
+    if (step.reads == Step::Reads::integer) return number;
     return step.words != nullptr ? numberOf(*step.words, text) : autoOrNumber(text);
 }
 
@@ -112,31 +114,33 @@ status_t write(const Step& step, const Setting& set) {
     return status;
 }
 
-// Reads the row's first key. False if it is absent.
-bool read(const Step& step, Setting& set) {
-    if (step.readsText) {
-        set.text = set.host->get(step.key);
-        return set.text != nullptr;
-    }
-    set.number = set.host->getInt(step.key);
-    return set.number != -1;
-}
-
 }  // namespace
 
 // A friend of the translator.
 struct RequestPass {
-    static bool isOpen(Gate gate, const CCameraQzParam& camera) {
-        if (gate == Gate::none) return true;
-        return gate == Gate::lightPainting ? camera.mLightPaintingMode != 0 : !camera.mIsQzCamera;
+    static bool isClosed(Gate gate, const CCameraQzParam& camera) {
+        return gate == Gate::lightPainting ? camera.mLightPaintingMode == 0 : camera.mIsQzCamera;
+    }
+
+    // Goes on where a key is set. Out of line: most keys are not, and the loop is short without it.
+    [[gnu::noinline]] static status_t apply(const Step& step, CCameraQzParam& camera,
+                                            CameraMetadata* metaData, const char* text, int number) {
+        const Setting set{camera, camera.mExtParam, metaData, step.setter, text, number};
+        return step.function != nullptr ? step.function(set) : write(step, set);
     }
 
     static status_t run(const Step& step, CCameraQzParam& camera, CameraMetadata* metaData) {
-        Setting set{camera, camera.mExtParam, metaData, step.setter};
-        if (step.key == nullptr) return step.function(set);
-        if (metaData == nullptr) return refuseNull(step.setter);
-        if (!isOpen(step.gate, camera) || !read(step, set)) return android::OK;
-        return step.function != nullptr ? step.function(set) : write(step, set);
+        const char* text = nullptr;
+        int number = 0;
+        if (step.gate != Gate::none && isClosed(step.gate, camera)) return android::OK;
+        if (step.reads == Step::Reads::text) {
+            text = camera.mExtParam->get(step.key);
+            if (text == nullptr) return android::OK;
+        } else if (step.reads == Step::Reads::integer) {
+            number = camera.mExtParam->getInt(step.key);
+            if (number == -1) return android::OK;
+        }
+        return apply(step, camera, metaData, text, number);
     }
 };
 
@@ -151,7 +155,9 @@ status_t CCameraQzParam::paramToMetaData(CameraMetadata* metaData) {
 
 status_t runSetter(CCameraQzParam& camera, const char* setter, CameraMetadata* metaData) {
     for (const Step& step : kSteps) {
-        if (strcmp(step.setter, setter) == 0) return RequestPass::run(step, camera, metaData);
+        if (strcmp(step.setter, setter) != 0) continue;
+        const bool refuses = metaData == nullptr && step.reads != Step::Reads::none;
+        return refuses ? refuseNull(step.setter) : RequestPass::run(step, camera, metaData);
     }
     return android::NAME_NOT_FOUND;
 }
