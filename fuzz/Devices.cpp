@@ -133,7 +133,7 @@ const Asked& asked() {
 const Texts& vocabulary() {
     static const Texts texts = [] {
         std::set<std::string> all;
-        for (const Vocabulary* each : kVocabularies) {
+        for (const auto& [name, each] : kVocabularies) {
             for (const Word& word : each->words) all.insert(word.text);
         }
         return Texts(all.begin(), all.end());

@@ -210,7 +210,7 @@ void memory(Input& input) {
 
 // Any text is looked up within its own bytes. What each of their words becomes, the tests try out whole.
 void vocabularies(const char* text) {
-    for (const Vocabulary* each : kVocabularies) {
+    for (const auto& [name, each] : kVocabularies) {
         const std::string same = text;
         require(numberOf(*each, text) == numberOf(*each, same.c_str()),
                 "a text is looked up by its bytes alone");

@@ -7,8 +7,8 @@
 
 namespace qz {
 
-EntryView<int32_t> findNumbers(ExtCallBackInterface* host, const Result& result, std::string_view tagName) {
-    const uint32_t tag = findVendorTag(tagName);
+EntryView<int32_t> findNumbers(ExtCallBackInterface* host, const Result& result, TagName tagName) {
+    const uint32_t tag = vendorTagOf(tagName);
     if (tag == kNoTag) return {};
     return EntryView<int32_t>(host->findResultEntry(result.metadata, tag));
 }

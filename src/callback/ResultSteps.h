@@ -4,6 +4,7 @@
 
 #include "CameraQzCallBack.h"
 #include "tags/EntryView.h"
+#include "tags/TagNames.h"
 
 #include <string_view>
 
@@ -20,7 +21,7 @@ struct Result {
 };
 
 // A further entry of a result.
-EntryView<int32_t> findNumbers(ExtCallBackInterface* host, const Result& result, std::string_view tagName);
+EntryView<int32_t> findNumbers(ExtCallBackInterface* host, const Result& result, TagName tagName);
 
 // A friend of the processor and of the translator, whose state the functions read and leave.
 struct ResultSteps {

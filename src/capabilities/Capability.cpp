@@ -8,6 +8,13 @@ namespace qz {
 
 using android::String8;
 
+camera_metadata_ro_entry staticEntry(ExtParamInterface* params, TagName tagName, size_t minCount,
+                                     bool* declared) {
+    const uint32_t tag = vendorTagOf(tagName);
+    *declared = tag != kNoTag;
+    return *declared ? params->getStaticInfo(tag, minCount, 0, true) : camera_metadata_ro_entry{};
+}
+
 void publishNumber(ExtParamInterface* params, const char* key, int32_t number) {
     params->set(key, Decimal(number).c_str());
 }
@@ -16,7 +23,7 @@ void publishWords(ExtParamInterface* params, const char* key, EntryView<uint8_t>
                   const Vocabulary& vocabulary) {
     Text words;
     for (size_t i = 0; i < list.count(); ++i) {
-        if (i > 0) words << ",";
+        if (i > 0) words << ',';
         words << wordOf(vocabulary, list[i]);
     }
     params->set(key, words.c_str());
@@ -25,7 +32,7 @@ void publishWords(ExtParamInterface* params, const char* key, EntryView<uint8_t>
 void publishNumbers(ExtParamInterface* params, const char* key, EntryView<int32_t> list) {
     Text numbers;
     for (size_t i = 0; i < list.count(); ++i) {
-        if (i > 0) numbers << ",";
+        if (i > 0) numbers << ',';
         numbers << list[i];
     }
     params->set(key, numbers.c_str());
@@ -41,8 +48,8 @@ void publishText(ExtParamInterface* params, const char* key, EntryView<uint8_t> 
 String8 sizeList(EntryView<int32_t> sizes) {
     Text list;
     for (size_t i = 0; i + 1 < sizes.count(); i += 2) {
-        if (i > 0) list << ",";
-        list << sizes[i] << "x" << sizes[i + 1];
+        if (i > 0) list << ',';
+        list << sizes[i] << 'x' << sizes[i + 1];
     }
     return String8(list.c_str(), list.size());
 }

@@ -14,15 +14,16 @@
 
 namespace qz {
 
+// Returns the static entry of a vendor tag; an empty one if the tag is not declared.
+camera_metadata_ro_entry staticEntry(ExtParamInterface* params, TagName tagName, size_t minCount,
+                                     bool* declared);
+
 template <typename T>
 class Capability {
   public:
     // minCount is what the static entry is expected to have at least; fewer are reported by the host's side.
-    Capability(ExtParamInterface* params, const char* tagName, size_t minCount) {
-        const uint32_t tag = vendorTagOf(tagName);
-        mDeclared = tag != kNoTag;
-        if (mDeclared) mView = EntryView<T>(params->getStaticInfo(tag, minCount, 0, true));
-    }
+    Capability(ExtParamInterface* params, TagName tagName, size_t minCount)
+        : mView(staticEntry(params, tagName, minCount, &mDeclared)) {}
     Capability(ExtParamInterface* params, uint32_t platformTag, size_t minCount)
         : mDeclared(true), mView(params->getStaticInfo(platformTag, minCount, 0, true)) {}
 

@@ -31,7 +31,7 @@ void CapabilitySteps::getSupportedExtScene(CCameraQzParam& camera) {
         const char* mode = findWord(kExtScene, scenes[i]);
         if (mode == nullptr) continue;
         modes << mode;
-        if (i + 1 < scenes.count()) modes << ",";
+        if (i + 1 < scenes.count()) modes << ',';
     }
     camera.mExtParam->set("scene-mode-values", modes.c_str());
 }
@@ -63,7 +63,7 @@ void CapabilitySteps::getSupportedMakeUpEffect(CCameraQzParam& camera) {
     Text words;
     for (size_t i = 0; i < effects.count(); ++i) {
         LOG(line::MakeUpElement, static_cast<int>(i), effects[i]);
-        if (i > 0) words << ",";
+        if (i > 0) words << ',';
         words << wordOf(kMakeUp, effects[i]);
     }
     camera.mExtParam->set("qz-makeup-support", words.c_str());
@@ -84,7 +84,7 @@ void CapabilitySteps::getSensorBinningSizes(CCameraQzParam& camera) {
     if (sizes.lacks()) LOG(line::BinningSizesCount, sizes.count());
     if (!sizes.holds()) return;
     Text list;
-    for (const int32_t size : sizes.elements()) list << size << ",";
+    for (const int32_t size : sizes.elements()) list << size << ',';
     camera.mExtParam->set("qz-sensor-binning-sizes-supported", list.c_str());
     LOG(line::BinningSizes, published(camera.mExtParam, "qz-sensor-binning-sizes-supported"));
 }

@@ -1,4 +1,5 @@
-// The row of one capability: every fact of its way from a static entry to the application. capabilities.inc holds the rows.
+// The row of one capability: every fact of its way from a static entry to the application. capabilities.inc
+// holds the rows.
 #pragma once
 
 #include "rows/Entry.h"
@@ -38,16 +39,16 @@ struct CapabilityRow {
     const char* getter = nullptr;
     bool plain = false;  // nothing but this row; otherwise a function of the getter's name runs
     Feature feature = Feature::image;
-    Upto<EntryRow, 2> entries;     // static entries that are read; another count is as good as none
-    uint8_t minimum = 0;           // the adapter reports an entry with fewer elements
+    Upto<EntryRow, 2> entries;  // static entries that are read; another count is as good as none
+    uint8_t minimum = 0;        // the adapter reports an entry with fewer elements
     Upto<Publication, 2> publishes;
-    RowLine counts;                // line for a declared entry that is as good as none; of plain rows
-    RowLine echoes;                // line that reads the published text back; of plain rows
-    const char* keeps = nullptr;   // member of the translator that it sets
+    RowLine counts;               // line for a declared entry that is as good as none; of plain rows
+    RowLine echoes;               // line that reads the published text back; of plain rows
+    const char* keeps = nullptr;  // member of the translator that it sets
 };
 
-// The texts of a plain row take what they are printed with: the count, or the published text, and the getter's name
-// before it if two are asked for.
+// The texts of a plain row take what they are printed with: the count, or the published text, and the
+// getter's name before it if two are asked for.
 constexpr bool soundTexts(const CapabilityRow& row) {
     const char* count = row.counts.format;
     const char* echo = row.echoes.format;
@@ -65,7 +66,9 @@ constexpr Publication words(const char* key, const Vocabulary& vocabulary) {
 constexpr Publication number(const char* key) { return {key, Publication::Form::number}; }
 constexpr Publication numbers(const char* key) { return {key, Publication::Form::numbers}; }
 constexpr Publication text(const char* key) { return {key, Publication::Form::text}; }
-constexpr Publication as(const char* key, const char* note) { return {key, Publication::Form::own, nullptr, note}; }
+constexpr Publication as(const char* key, const char* note) {
+    return {key, Publication::Form::own, nullptr, note};
+}
 
 // Further facts of a row, in any order behind the fixed columns.
 struct Counts {
@@ -100,8 +103,8 @@ constexpr Publications publishes(const Keys&... all) {
 }
 
 template <typename... Facts>
-constexpr CapabilityRow own(const char* getter, Feature feature, const StaticEntries& entries, uint8_t minimum,
-                            const Publications& publishes, const Facts&... facts) {
+constexpr CapabilityRow own(const char* getter, Feature feature, const StaticEntries& entries,
+                            uint8_t minimum, const Publications& publishes, const Facts&... facts) {
     CapabilityRow row;
     row.getter = getter;
     row.feature = feature;
@@ -115,7 +118,8 @@ constexpr CapabilityRow own(const char* getter, Feature feature, const StaticEnt
 template <typename... Facts>
 constexpr CapabilityRow plain(const char* getter, Feature feature, const EntryRow& entry, uint8_t minimum,
                               const Publication& publication, const Facts&... facts) {
-    CapabilityRow row = own(getter, feature, StaticEntries(entry), minimum, Publications(publication), facts...);
+    CapabilityRow row =
+        own(getter, feature, StaticEntries(entry), minimum, Publications(publication), facts...);
     row.plain = true;
     return row;
 }

@@ -19,7 +19,7 @@ namespace {
 
 class Range : public Capability<int32_t> {
   public:
-    Range(ExtParamInterface* params, const char* tagName) : Capability(params, tagName, 2) { exactly(2); }
+    Range(ExtParamInterface* params, TagName tagName) : Capability(params, tagName, 2) { exactly(2); }
 };
 
 // Applications have room for 19 characters.
@@ -71,7 +71,7 @@ void CapabilitySteps::getSensorExposureTimeRange(CCameraQzParam& camera) {
     microSecondToSecond(time[0], shortest, sizeof(shortest));
     microSecondToSecond(time[1], longest, sizeof(longest));
     Text text;
-    text << shortest << "," << longest;
+    text << shortest << ',' << longest;
     publishRange(camera.mExtParam, "qz-sensor-exposure-time-range", text, __func__);
 }
 
@@ -80,7 +80,7 @@ void CapabilitySteps::getSensorWbRange(CCameraQzParam& camera) {
     if (wb.lacks()) LOG(line::SensorWbRangeCount, wb.count());
     if (!wb.holds()) return;
     Text text;
-    text << wb[0] << "," << wb[1];
+    text << wb[0] << ',' << wb[1];
     publishRange(camera.mExtParam, "qz-sensor-wb-range", text, __func__);
 }
 
@@ -89,7 +89,7 @@ void CapabilitySteps::getSensorISORange(CCameraQzParam& camera) {
     if (iso.lacks()) LOG(line::SensorIsoRangeCount, iso.count());
     if (!iso.holds()) return;
     Text text;
-    text << iso[0] << "," << iso[1];
+    text << iso[0] << ',' << iso[1];
     publishRange(camera.mExtParam, "qz-sensor-iso-range", text, __func__);
 }
 
@@ -98,7 +98,7 @@ void CapabilitySteps::getColorEffectRange(CCameraQzParam& camera) {
     if (effect.lacks()) LOG(line::EffectRangeCount, effect.count());
     if (!effect.holds()) return;
     Text text;
-    text << "(" << effect[0] << "," << effect[1] << ")";
+    text << '(' << effect[0] << ',' << effect[1] << ')';
     publishRange(camera.mExtParam, "qz-color-effect-range", text, __func__);
 }
 

@@ -29,15 +29,7 @@ status_t refuseNull(const char* setter);
 // setter got.
 class EntryState {
   public:
-    explicit EntryState(const Setting& set)
-        : setter(set.setter),
-          text(set.text),
-          mParams(set.host),
-          mMetaData(set.metaData),
-          mNumber(set.number),
-          mOpen(set.metaData != nullptr) {
-        if (!mOpen) mStatus = refuseNull(setter);
-    }
+    explicit EntryState(const Setting& set);
 
     bool open() const { return mOpen; }        // nothing has ended the setter so far
     bool written() const { return mWritten; }  // the pipeline took the entry
@@ -48,6 +40,11 @@ class EntryState {
     const char* text;  // value of the key; null for an integer key
 
   protected:
+    // Each of these ends the setter if there is nothing to go on with.
+    void readText(const char* key);
+    void readNumber(const char* key);
+    void resolve(TagName tagName);
+
     ExtParamInterface* mParams;
     android::CameraMetadata* mMetaData;
     int mNumber;
@@ -82,19 +79,14 @@ class Entry : public EntryState {
 
     // Reads a text.
     Entry& key(const char* keyName) {
-        if (!mOpen) return *this;
-        text = mParams->get(keyName);
-        mOpen = text != nullptr;
+        readText(keyName);
         return *this;
     }
 
     // Reads an integer, of which a byte entry takes the low eight bits. -1 counts as absent.
     Entry& intKey(const char* keyName) {
-        if (!mOpen) return *this;
-        const int number = mParams->getInt(keyName);
-        value = static_cast<T>(number);
-        mOpen = number != -1;
-        return *this;
+        readNumber(keyName);
+        return number();
     }
 
     // Turns the text into the value, through a vocabulary: an unknown word's -1 becomes the byte 255.
@@ -104,10 +96,8 @@ class Entry : public EntryState {
     }
 
     // Resolves the vendor tag by its full name.
-    Entry& tag(const char* tagName) {
-        if (!mOpen) return *this;
-        mTag = vendorTagOf(tagName);
-        mOpen = mTag != kNoTag;
+    Entry& tag(TagName tagName) {
+        resolve(tagName);
         return *this;
     }
 

@@ -82,13 +82,13 @@ status_t RequestSteps::setDynamicIsoRange(const Setting& set) {
     const char* end = nullptr;
     range.value[0] = parseInt32(range.text, &end);
     if (end == range.text) {
-        LOG(line::DynamicIsoMinUnreadable, __func__);
+        LOG(line::DynamicIsoMinUnreadable, set.setter);
         return android::OK;
     }
     const char* maximum = skipSeparator(end);
     range.value[1] = parseInt32(maximum, &end);
     if (end == maximum) {
-        LOG(line::DynamicIsoMaxUnreadable, __func__);
+        LOG(line::DynamicIsoMaxUnreadable, set.setter);
         return android::OK;
     }
     range.tag(CAPTURE("qz-dynamic-iso-range"));

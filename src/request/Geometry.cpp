@@ -55,7 +55,7 @@ status_t RequestSteps::setZoom(const Setting& set) {
     maxZoom.intKey("max-zoom");
     if (!maxZoom.open()) return maxZoom.status();
     if (maxZoom.value == 0) {
-        LOG(line::MaxZoomIsZero, __func__);
+        LOG(line::MaxZoomIsZero, set.setter);
         return android::OK;
     }
     const EntryView<float> maximum = maxDigitalZoom(set.host);
@@ -105,13 +105,13 @@ status_t RequestSteps::resetSubCropRegion(const Setting& set) {
     const float height = static_cast<float>(size.height) / ratio;
     const float left = (static_cast<float>(size.width) - width) * 0.5F;
     const float top = (static_cast<float>(size.height) - height) * 0.5F;
-    LOG(line::SubCropRegion, __func__, static_cast<double>(left), static_cast<double>(top),
+    LOG(line::SubCropRegion, set.setter, static_cast<double>(left), static_cast<double>(top),
         static_cast<double>(width), static_cast<double>(height), zoom);
 
     const auto pixels = [](float value) { return truncateToInt32(static_cast<double>(value)); };
     crop.value = {pixels(left), pixels(top), pixels(width), pixels(height)};
     crop.platformTag(ANDROID_SCALER_CROP_REGION);
-    if (!crop.write()) LOG(line::SubCropRegionRefused, __func__, crop.status());
+    if (!crop.write()) LOG(line::SubCropRegionRefused, set.setter, crop.status());
     return crop.status();
 }
 

@@ -46,7 +46,7 @@ status_t RequestSteps::setZslMode(const Setting& set) {
     LOG_TEXT(line::EnterZslMode);
     ByteEntry zsl(set);
     zsl.key("zsl-mode").tag(CAPTURE("qz-zsl-mode")).as(kOnOff);
-    if (zsl.open()) LOG(line::ZslMode, __func__, zsl.value);
+    if (zsl.open()) LOG(line::ZslMode, set.setter, zsl.value);
     return WRITE(zsl, line::ZslModeRefused, zsl.value);
 }
 
@@ -107,9 +107,9 @@ status_t RequestSteps::setDualPrimaryMode(const Setting& set) {
     mode.tag(CAPTURE("dualSensorMode"));
     const bool reached = mode.open();
     mode.write();
-    if (reached) LOG(line::DualPrimaryMode, __func__, mode.value, mode.status());
+    if (reached) LOG(line::DualPrimaryMode, set.setter, mode.value, mode.status());
     if (reached && !mode.written()) {
-        LOG(line::DualPrimaryModeRefused, __func__, mode.value, mode.status());
+        LOG(line::DualPrimaryModeRefused, set.setter, mode.value, mode.status());
     }
     return mode.status();
 }
@@ -142,12 +142,12 @@ status_t RequestSteps::setFaceBeautyForChat(const Setting& set) {
     beauty.key("qz-face-beauty-preview-only").as(kOnOff);
     beauty.when(beauty.value != 0);
     if (beauty.open() && isOn(property::ignoreChatBeauty)) {
-        LOG(line::ChatBeautyIgnored, __func__);
+        LOG(line::ChatBeautyIgnored, set.setter);
         return android::OK;
     }
     beauty.tag(CAPTURE("faceBeautyMode"));
     if (beauty.open()) {
-        LOG(line::ChatBeauty, __func__, beauty.text, set.camera.mCallBackFlag);
+        LOG(line::ChatBeauty, set.setter, beauty.text, set.camera.mCallBackFlag);
     }
     WRITE(beauty, line::ChatBeautyRefused, beauty.value);
     if (!beauty.written()) return beauty.status();
@@ -185,21 +185,21 @@ status_t RequestSteps::resetVideoStabilization(const Setting& set) {
     bool forceOff = false;
     if (isOn(property::stabiliseNone)) {
         const String8 client(set.camera.mClientName);
-        LOG(line::StabilisationIgnoredForAll, __func__, client.c_str());
+        LOG(line::StabilisationIgnoredForAll, set.setter, client.c_str());
         forceOff = true;
     }
     if (isOn(property::stabiliseSome)) {
         const String8 client(set.camera.mClientName);
         if (const char* app = unstabilisedApp(client.c_str())) {
-            LOG(line::StabilisationIgnoredForApp, __func__, app, client.c_str());
+            LOG(line::StabilisationIgnoredForApp, set.setter, app, client.c_str());
             forceOff = true;
         }
     }
     if (!forceOff) return android::OK;
 
-    LOG(line::StabilisationForcedOff, __func__);
+    LOG(line::StabilisationForcedOff, set.setter);
     mode.platformTag(ANDROID_CONTROL_VIDEO_STABILIZATION_MODE);
-    if (!mode.write()) LOG(line::StabilisationRefused, __func__, mode.status());
+    if (!mode.write()) LOG(line::StabilisationRefused, set.setter, mode.status());
     return mode.status();
 }
 

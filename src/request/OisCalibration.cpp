@@ -15,28 +15,35 @@ namespace {
 // refused update shows in the log only; the calibration tool reads its outcome from the results.
 bool goesOn(bool asked, const EntryState& step) { return !asked || step.open(); }
 
-bool calibrateGyroOffset(ByteEntry calib) {
-    const bool asked = calib.key("qz_ois_gryo_offset_calib").open();
-    calib.tag(CAPTURE("oisGryoOffsetCalib")).as(kOnOff);
-    if (calib.open()) LOG(line::GyroOffsetCalib, calib.setter, calib.value);
-    WRITE(calib, line::GyroOffsetCalibRefused, calib.value);
-    return goesOn(asked, calib);
-}
+// The steps that are switches, and their lines.
+struct Switch {
+    const char* key;
+    TagName tag;
+    const char* information;
+    const char* refused;
+};
+constexpr Switch kSwitches[] = {
+    {"qz_ois_gryo_offset_calib", CAPTURE("oisGryoOffsetCalib"), line::GyroOffsetCalib::format,
+     line::GyroOffsetCalibRefused::format},
+    {"qz_ois_hall_calib", CAPTURE("oisHallCalib"), line::HallCalib::format, line::HallCalibRefused::format},
+    {"qz_ois_hall_check", CAPTURE("oisHallCheck"), line::HallCheck::format, line::HallCheckRefused::format},
+};
 
-bool calibrateHall(ByteEntry calib) {
-    const bool asked = calib.key("qz_ois_hall_calib").open();
-    calib.tag(CAPTURE("oisHallCalib")).as(kOnOff);
-    if (calib.open()) LOG(line::HallCalib, calib.setter, calib.value);
-    WRITE(calib, line::HallCalibRefused, calib.value);
-    return goesOn(asked, calib);
+constexpr bool soundSwitches() {
+    for (const Switch& each : kSwitches) {
+        if (!converts(each.information, "su") || !converts(each.refused, "sud")) return false;
+    }
+    return true;
 }
+static_assert(soundSwitches(), "texts take the setter, the value and the status");
 
-bool checkHall(ByteEntry check) {
-    const bool asked = check.key("qz_ois_hall_check").open();
-    check.tag(CAPTURE("oisHallCheck")).as(kOnOff);
-    if (check.open()) LOG(line::HallCheck, check.setter, check.value);
-    WRITE(check, line::HallCheckRefused, check.value);
-    return goesOn(asked, check);
+bool flip(const Switch& what, ByteEntry calib) {
+    const bool asked = calib.key(what.key).open();
+    calib.tag(what.tag).as(kOnOff);
+    if (calib.open()) logText(ANDROID_LOG_INFO, kTranslatorLog, what.information, calib.setter, calib.value);
+    if (!calib.write())
+        logText(ANDROID_LOG_ERROR, kTranslatorLog, what.refused, calib.setter, calib.value, calib.status());
+    return goesOn(asked, calib);
 }
 
 // A gain that does not parse is as good as none.
@@ -78,9 +85,10 @@ void saveGyroGain(Entry<float, 4> gain) {
 status_t RequestSteps::setOisOTParam(const Setting& set) {
     const EntryState start(set);
     if (!start.open()) return start.status();
-    const bool done = calibrateGyroOffset(ByteEntry(start)) && calibrateHall(ByteEntry(start)) &&
-                      checkHall(ByteEntry(start)) && setGyroGain(Entry<float, 2>(start));
-    if (done) saveGyroGain(Entry<float, 4>(start));
+    for (const Switch& each : kSwitches) {
+        if (!flip(each, ByteEntry(start))) return android::OK;
+    }
+    if (setGyroGain(Entry<float, 2>(start))) saveGyroGain(Entry<float, 4>(start));
     return android::OK;
 }
 

@@ -30,7 +30,7 @@ status_t RequestSteps::setPostJpegFileName(const Setting& set) {
     name.tag(CAPTURE("qz-jpeg-filename"));
     writeUtf16(&name);
     if (name.refused()) {
-        LOG(line::PostJpegFileNameRefused, __func__, name.text, name.status());
+        LOG(line::PostJpegFileNameRefused, set.setter, name.text, name.status());
     }
     return name.status();
 }
@@ -43,7 +43,7 @@ status_t RequestSteps::setJpegThumbnailSize(const Setting& set) {
     Entry<int32_t, 2> size(height);
     size.tag(CAPTURE("qz-jpeg-thumbnail-size"));
     size.value = {width.value, height.value};
-    if (size.open()) LOG(line::JpegThumbnailSize, __func__, width.value, height.value);
+    if (size.open()) LOG(line::JpegThumbnailSize, set.setter, width.value, height.value);
     return WRITE(size, line::JpegThumbnailSizeRefused, width.value, height.value);
 }
 
@@ -68,13 +68,13 @@ status_t RequestSteps::setPictureSize(const Setting& set) {
     const char* end = nullptr;
     width.value = parseInt32(width.text, &end);
     if (end == width.text) {
-        LOG(line::PictureWidthUnreadable, __func__);
+        LOG(line::PictureWidthUnreadable, set.setter);
         return android::OK;
     }
     const char* heightText = skipSeparator(end);
     height.value = parseInt32(heightText, &end);
     if (end == heightText) {
-        LOG(line::PictureHeightUnreadable, __func__);
+        LOG(line::PictureHeightUnreadable, set.setter);
         return android::OK;
     }
     width.tag(CAPTURE("qz-picture-width"));
@@ -87,10 +87,10 @@ status_t RequestSteps::setPictureSize(const Setting& set) {
 status_t RequestSteps::setRawImgPathName(const Setting& set) {
     ByteEntry path(set);
     path.tag(CAPTURE("qz-raw-img-path-name"));
-    if (path.open()) LOG(line::RawImgPathName, __func__, path.text);
+    if (path.open()) LOG(line::RawImgPathName, set.setter, path.text);
     writeUtf16(&path);
     if (path.refused()) {
-        LOG(line::RawImgPathNameRefused, __func__, path.text, path.status());
+        LOG(line::RawImgPathNameRefused, set.setter, path.text, path.status());
     }
     return path.status();
 }
@@ -101,9 +101,9 @@ status_t RequestSteps::setSubPictureSize(const Setting& set) {
     size.tag(CAPTURE("qz-sub-sensor-cap-resolution"));
     if (size.open()) {
         parseIntTuples(size.text, size.value.data(), size.value.size());
-        LOG(line::SubPictureSize, __func__, size.value[0], size.value[1], size.text);
+        LOG(line::SubPictureSize, set.setter, size.value[0], size.value[1], size.text);
     }
-    if (!size.write()) LOG(line::SubPictureSizeRefused, __func__, size.status());
+    if (!size.write()) LOG(line::SubPictureSizeRefused, set.setter, size.status());
     return size.status();
 }
 

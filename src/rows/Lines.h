@@ -43,7 +43,8 @@ constexpr void forEachLine(Take take) {
     for (const ResultRow& row : kResults) {
         add(kCallBackLog, row.handler, row.plain ? ANDROID_LOG_INFO : ANDROID_LOG_ERROR, row.says);
     }
-    for (const Vocabulary* words : kVocabularies) {
+    for (const NamedVocabulary& named : kVocabularies) {
+        const Vocabulary* words = named.vocabulary;
         add(kTranslatorLog, words->toText, ANDROID_LOG_ERROR, words->unknownText);
     }
 }

@@ -126,8 +126,6 @@ uint32_t findVendorTag(std::string_view name) {
     return status == android::OK ? tag : kNoTag;
 }
 
-uint32_t vendorTagOf(const char* name) { return findVendorTag(name); }
-
 uint32_t QzName2Tag::androidTagFromName(const char* name) const {
     if (name == nullptr) {
         LOG(line::NoTagName, __func__);

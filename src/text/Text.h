@@ -39,6 +39,15 @@ class Text {
 
     Text& operator<<(const char* piece) { return append(piece, strlen(piece)); }
 
+    Text& operator<<(char c) {
+        if (mRoom == 0) return appendLong(&c, 1);
+        char* const end = mShort + kMostShort - mRoom;
+        end[0] = c;
+        end[1] = '\0';
+        --mRoom;
+        return *this;
+    }
+
     Text& operator<<(int32_t number) {
         const Decimal digits(number);
         return append(digits.c_str(), digits.length());

@@ -16,23 +16,23 @@ inline constexpr Word kPublishedIsoWords[] = {
     {"auto", 0}, {"100", 2},  {"200", 3},  {"400", 4},
     {"800", 5},  {"1600", 7}, {"3200", 8}, {"6400", 9},
 };
-inline constexpr Vocabulary kIso{"isoModeStringToEnum", kIsoWords, 0, -1,
+inline constexpr Vocabulary kIso{kIsoWords, 0, -1,
     "isoModeEnumToString", kPublishedIsoWords, "%s: Unknown iso mode enum: %u", "unknown"};
 
 // Contrast and saturation: five steps, the middle one when nothing is said.
 inline constexpr Word kPercentTo200Words[] = {
     {"0", 0},   {"50", 1},  {"100", 2}, {"150", 3}, {"200", 4},
 };
-inline constexpr Vocabulary kContrast{"contrastModeStringToEnum", kPercentTo200Words, 2, -1,
+inline constexpr Vocabulary kContrast{kPercentTo200Words, 2, -1,
     "contrastModeEnumToString", kPercentTo200Words, "%s: Unknown contrast mode enum: %u", "unknown"};
-inline constexpr Vocabulary kSaturation{"saturationModeStringToEnum", kPercentTo200Words, 2, -1,
+inline constexpr Vocabulary kSaturation{kPercentTo200Words, 2, -1,
     "saturationModeEnumToString", kPercentTo200Words, "%s: Unknown saturation mode enum: %u", "unknown"};
 
 // Brightness
 inline constexpr Word kBrightnessWords[] = {
     {"0", 0},   {"25", 1},  {"50", 2},  {"75", 3},  {"100", 4},
 };
-inline constexpr Vocabulary kBrightness{"brightnessModeStringToEnum", kBrightnessWords, 2, -1,
+inline constexpr Vocabulary kBrightness{kBrightnessWords, 2, -1,
     "brightnessModeEnumToString", kBrightnessWords, "%s: Unknown brightness mode enum: %u", "unknown"};
 
 // Switches
@@ -42,21 +42,21 @@ inline constexpr Word kOnOffWords[] = {
 inline constexpr Word kTrueFalseWords[] = {
     {"false", 0}, {"true", 1},
 };
-inline constexpr Vocabulary kOnOff{"onOffStringToEnum", kOnOffWords, 0, -1};
-inline constexpr Vocabulary kTrueFalse{"trueFalseStringToEnum", kTrueFalseWords, 0, -1};
+inline constexpr Vocabulary kOnOff{kOnOffWords, 0, -1};
+inline constexpr Vocabulary kTrueFalse{kTrueFalseWords, 0, -1};
 
 // Sharpness
 inline constexpr Word kSharpnessWords[] = {
     {"auto", 0}, {"+1", 1},   {"+2", 2},   {"+3", 3},   {"+4", 4},   {"+5", 5},
 };
-inline constexpr Vocabulary kSharpness{"sharpnessModeStringToEnum", kSharpnessWords, 0, -1,
+inline constexpr Vocabulary kSharpness{kSharpnessWords, 0, -1,
     "sharpnessModeEnumToString", kSharpnessWords, "%s: Unknown sharpness mode enum: %u", "unknown"};
 
 // Metering: spot when nothing is said.
 inline constexpr Word kMeteringWords[] = {
     {"matrix", 0},          {"average", 1},         {"center-weighted", 2}, {"spot", 3},
 };
-inline constexpr Vocabulary kMetering{"meteringModeStringToEnum", kMeteringWords, 3, -1,
+inline constexpr Vocabulary kMetering{kMeteringWords, 3, -1,
     "meteringModeEnumToString", kMeteringWords, "%s: Unknown metering mode enum: %u", "unknown"};
 
 // Make-up
@@ -64,7 +64,7 @@ inline constexpr Word kMakeUpWords[] = {
     {"none", 0},  {"mode1", 1}, {"mode2", 2}, {"mode3", 3}, {"mode4", 4},
     {"mode5", 5}, {"mode6", 6}, {"mode7", 7}, {"mode8", 8},
 };
-inline constexpr Vocabulary kMakeUp{"makeUpEffectModeStringToEnum", kMakeUpWords, 0, -1,
+inline constexpr Vocabulary kMakeUp{kMakeUpWords, 0, -1,
     "makeUpEffectModeEnumToString", kMakeUpWords, "%s: Unknown make up effect enum: %u", "unknown"};
 
 // Colour effects. Applications may ask for more of them than devices publish: only the first ones have a way back.
@@ -80,14 +80,14 @@ inline constexpr Word kEffectWords[] = {
     {"mt-laody", 40},              {"mt-qingliang", 41},          {"mt-kuai", 42},
 };
 inline constexpr Words kPublishedEffectWords{kEffectWords, 19};
-inline constexpr Vocabulary kColorEffect{"colorEffectModeStringToEnum", kEffectWords, 0, -1,
+inline constexpr Vocabulary kColorEffect{kEffectWords, 0, -1,
     "colorEffectModeEnumToString", kPublishedEffectWords, "%s: Unknown color effect enum: %u", "unknown"};
 
 // Which sensor leads. Number 0 reads "primary", and no word gives 1.
 inline constexpr Word kDualPrimaryWords[] = {
     {"primary", 0},   {"default", 0},   {"secondary", 2}, {"dual", 3},
 };
-inline constexpr Vocabulary kDualPrimary{"dualPrimaryModeStringToEnum", kDualPrimaryWords, 0, -1,
+inline constexpr Vocabulary kDualPrimary{kDualPrimaryWords, 0, -1,
     "dualPrimaryEnumToString", kDualPrimaryWords, "%s: Unknown dual primary mode enum: %u", "unknown"};
 
 // Light painting. An unknown word falls back to the default, unlike most: a long exposure must be asked for clearly.
@@ -97,9 +97,9 @@ inline constexpr Word kExposureWords[] = {
 inline constexpr Word kRelayoutWords[] = {
     {"none", 0},             {"snapshot2preview", 1},
 };
-inline constexpr Vocabulary kExposure{"exposureModeStringToEnum", kExposureWords, 0, 0,
+inline constexpr Vocabulary kExposure{kExposureWords, 0, 0,
     "exposureModeEnumToString", kExposureWords, "%s: Unknown exposure mode enum: %u", "default"};
-inline constexpr Vocabulary kRelayout{"relayoutModeStringToEnum", kRelayoutWords, 0, 0,
+inline constexpr Vocabulary kRelayout{kRelayoutWords, 0, 0,
     "relayoutModeEnumToString", kRelayoutWords, "%s: Unknown relayout mode enum: %u", "unknown"};
 
 // Autofocus test: a switch, and the positions of the equipment stations.
@@ -107,7 +107,7 @@ inline constexpr Word kMmiAfTestWords[] = {
     {"off", 0},                   {"on", 1},                    {"mmi_equip_9300_far", 2},    {"mmi_equip_9300_near", 3},
     {"mmi_equip_9302_far", 4},    {"mmi_equip_9302_near", 5},   {"mmi_equip_9302_middle", 6},
 };
-inline constexpr Vocabulary kMmiAfTest{"mmiAfTestModeStringToEnum", kMmiAfTestWords, 0, -1};
+inline constexpr Vocabulary kMmiAfTest{kMmiAfTestWords, 0, -1};
 
 // Shutter times in seconds. Reports an unknown number in the words of the exposure modes.
 inline constexpr Word kShutterWords[] = {
@@ -116,7 +116,7 @@ inline constexpr Word kShutterWords[] = {
     {"1/4", 14},    {"1/2", 15},    {"1", 16},      {"2", 17},      {"4", 18},      {"8", 19},      {"12", 20},
     {"16", 21},     {"20", 22},     {"24", 23},     {"28", 24},     {"32", 25},
 };
-inline constexpr Vocabulary kShutter{"manualExposureModeStringToEnum", kShutterWords, 0, -1,
+inline constexpr Vocabulary kShutter{kShutterWords, 0, -1,
     "manualExposureModeEnumToString", kShutterWords, "%s: Unknown exposure mode enum: %u", "auto"};
 
 // Professional focus and its assist light
@@ -126,15 +126,15 @@ inline constexpr Word kProFocusWords[] = {
 inline constexpr Word kFocusAssistFlashWords[] = {
     {"default", 0}, {"auto", 1},    {"on", 2},      {"off", 3},
 };
-inline constexpr Vocabulary kProFocus{"proFocusModeStringToEnum", kProFocusWords, 0, -1};
-inline constexpr Vocabulary kFocusAssistFlash{"focusAssistFlashModeStringToEnum", kFocusAssistFlashWords, 0, 0,
+inline constexpr Vocabulary kProFocus{kProFocusWords, 0, -1};
+inline constexpr Vocabulary kFocusAssistFlash{kFocusAssistFlashWords, 0, 0,
     "focusAssistFlashModeEnumToString", kFocusAssistFlashWords, "%s: Unknown focusAssistFlash mode enum: %u", "unknown"};
 
 // Colour rendering
 inline constexpr Word kColorModeWords[] = {
     {"normal", 0}, {"bright", 1}, {"soft", 2},
 };
-inline constexpr Vocabulary kColorMode{"colorModeStringToEnum", kColorModeWords, 0, 0,
+inline constexpr Vocabulary kColorMode{kColorModeWords, 0, 0,
     "colorModeEnumToString", kColorModeWords, "%s: Unknown color mode enum: %u", "unknown"};
 
 // Scene modes beyond the platform's own. 35 stands for all others; published lists leave those out without a word.
@@ -142,20 +142,36 @@ inline constexpr Word kExtSceneWords[] = {
     {"qzauto", 33}, {"hdr", 34},
 };
 constexpr int kOtherScene = 35;
-inline constexpr Vocabulary kExtScene{"extSceneModeStringToEnum", kExtSceneWords, kOtherScene, kOtherScene,
+inline constexpr Vocabulary kExtScene{kExtSceneWords, kOtherScene, kOtherScene,
     "extSceneModeEnumToString", kExtSceneWords};
 
+// All of them, with the names of their text-to-number direction.
+inline constexpr NamedVocabulary kVocabularies[] = {
+    {"isoModeStringToEnum",              &kIso},
+    {"contrastModeStringToEnum",         &kContrast},
+    {"saturationModeStringToEnum",       &kSaturation},
+    {"brightnessModeStringToEnum",       &kBrightness},
+    {"onOffStringToEnum",                &kOnOff},
+    {"trueFalseStringToEnum",            &kTrueFalse},
+    {"sharpnessModeStringToEnum",        &kSharpness},
+    {"meteringModeStringToEnum",         &kMetering},
+    {"makeUpEffectModeStringToEnum",     &kMakeUp},
+    {"colorEffectModeStringToEnum",      &kColorEffect},
+    {"dualPrimaryModeStringToEnum",      &kDualPrimary},
+    {"exposureModeStringToEnum",         &kExposure},
+    {"relayoutModeStringToEnum",         &kRelayout},
+    {"mmiAfTestModeStringToEnum",        &kMmiAfTest},
+    {"manualExposureModeStringToEnum",   &kShutter},
+    {"proFocusModeStringToEnum",         &kProFocus},
+    {"focusAssistFlashModeStringToEnum", &kFocusAssistFlash},
+    {"colorModeStringToEnum",            &kColorMode},
+    {"extSceneModeStringToEnum",         &kExtScene},
+};
 // clang-format on
 
-inline constexpr const Vocabulary* kVocabularies[] = {
-    &kIso,      &kContrast, &kSaturation,       &kBrightness,  &kOnOff,    &kTrueFalse, &kSharpness,
-    &kMetering, &kMakeUp,   &kColorEffect,      &kDualPrimary, &kExposure, &kRelayout,  &kMmiAfTest,
-    &kShutter,  &kProFocus, &kFocusAssistFlash, &kColorMode,   &kExtScene,
-};
-
 constexpr bool allSound() {
-    for (const Vocabulary* vocabulary : kVocabularies) {
-        if (!sound(*vocabulary)) return false;
+    for (const NamedVocabulary& named : kVocabularies) {
+        if (!sound(*named.vocabulary)) return false;
     }
     return true;
 }

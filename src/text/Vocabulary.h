@@ -32,7 +32,6 @@ struct Words {
 
 struct Vocabulary {
     // Text to number, for requests.
-    const char* toNumber;
     Words words;
     int whenNull;
     int whenUnknown;
@@ -44,6 +43,13 @@ struct Vocabulary {
     Words published = {};
     const char* unknownText = nullptr;
     const char* fallback = nullptr;
+};
+
+// The name of the text-to-number direction appears in no log line, so that the library itself does without
+// it.
+struct NamedVocabulary {
+    const char* toNumber;
+    const Vocabulary* vocabulary;
 };
 
 int numberOf(const Vocabulary& vocabulary, const char* text);

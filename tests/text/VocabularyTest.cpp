@@ -32,8 +32,8 @@ bool isWord(const Vocabulary& vocabulary, const std::string& text) {
 }
 
 TEST(Vocabulary, TextToNumber) {
-    for (const Vocabulary* vocabulary : kVocabularies) {
-        SCOPED_TRACE(vocabulary->toNumber);
+    for (const auto& [name, vocabulary] : kVocabularies) {
+        SCOPED_TRACE(name);
         EXPECT_EQ(numberOf(*vocabulary, nullptr), vocabulary->whenNull);
         EXPECT_EQ(numberOf(*vocabulary, ""), vocabulary->whenUnknown);
         for (const Word& word : vocabulary->words) {
@@ -47,9 +47,9 @@ TEST(Vocabulary, TextToNumber) {
 }
 
 TEST(Vocabulary, NumberToText) {
-    for (const Vocabulary* vocabulary : kVocabularies) {
+    for (const auto& [name, vocabulary] : kVocabularies) {
         if (vocabulary->toText == nullptr) continue;
-        SCOPED_TRACE(vocabulary->toText);
+        SCOPED_TRACE(name);
         for (int number = 0; number < 256; ++number) {
             const Word* first = nullptr;
             for (const Word& word : vocabulary->published) {

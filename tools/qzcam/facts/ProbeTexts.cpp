@@ -21,7 +21,7 @@ const char* const kMeaningless = "no such word";
 const std::vector<WordTable>& wordTables() {
     static const std::vector<WordTable> tables = [] {
         std::vector<WordTable> all;
-        for (const qz::Vocabulary* vocabulary : qz::kVocabularies) all.push_back(table(*vocabulary));
+        for (const auto& named : qz::kVocabularies) all.push_back(table(*named.vocabulary));
         return all;
     }();
     return tables;
