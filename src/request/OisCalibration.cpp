@@ -11,10 +11,6 @@ namespace qz {
 
 namespace {
 
-// Whether a calibration step lets the ones behind it run: its tag is declared, or nobody asked for it. A
-// refused update shows in the log only; the calibration tool reads its outcome from the results.
-bool goesOn(bool asked, const EntryState& step) { return !asked || step.open(); }
-
 // The steps that are switches, and their lines.
 struct Switch {
     const char* key;
@@ -37,44 +33,53 @@ constexpr bool soundSwitches() {
 }
 static_assert(soundSwitches(), "texts take the setter, the value and the status");
 
-bool flip(const Switch& what, ByteEntry calib) {
-    const bool asked = calib.key(what.key).open();
-    calib.tag(what.tag).as(kOnOff);
-    if (calib.open()) logText(ANDROID_LOG_INFO, kTranslatorLog, what.information, calib.setter, calib.value);
-    if (!calib.write())
-        logText(ANDROID_LOG_ERROR, kTranslatorLog, what.refused, calib.setter, calib.value, calib.status());
-    return goesOn(asked, calib);
+// Reads the key of a step. False if nobody asked for the step.
+bool read(const char* key, Setting& set) {
+    set.text = set.host->get(key);
+    return set.text != nullptr;
 }
 
-// A gain that does not parse is as good as none.
-template <size_t N>
-bool parseGain(Entry<float, N>* gain, const char* key) {
-    gain->key(key);
-    gain->when(gain->open() && parseFloatTuples(gain->text, gain->value.data(), N) == android::OK);
-    return gain->open();
+// Each step returns true if the ones behind it may run: its tag is declared, or nobody asked for it. A
+// refused update shows in the log only; the calibration tool reads its outcome from the results.
+bool flip(const Switch& what, Setting set) {
+    if (!read(what.key, set)) return true;
+    ByteEntry calib(set);
+    calib.tag(what.tag).as(kOnOff);
+    if (!calib.open()) return false;
+    logText(ANDROID_LOG_INFO, kTranslatorLog, what.information, set.setter, calib.value);
+    if (!calib.write())
+        logText(ANDROID_LOG_ERROR, kTranslatorLog, what.refused, set.setter, calib.value, calib.status());
+    return true;
 }
 
 double wide(float value) { return static_cast<double>(value); }
 
-bool setGyroGain(Entry<float, 2> gain) {
-    const bool asked = parseGain(&gain, "qz_ois_set_gryo_gain");
+// A gain that does not parse is as good as none.
+bool setGyroGain(Setting set) {
+    if (!read("qz_ois_set_gryo_gain", set)) return true;
+    Entry<float, 2> gain(set);
+    if (parseFloatTuples(gain.text, gain.value.data(), gain.value.size()) != android::OK) return true;
     gain.tag(CAPTURE("oisSetGryoGain"));
+    if (!gain.open()) return false;
     const double x = wide(gain.value[0]);
     const double y = wide(gain.value[1]);
-    if (gain.open()) LOG(line::SetGyroGain, gain.setter, x, y);
+    LOG(line::SetGyroGain, set.setter, x, y);
     WRITE(gain, line::SetGyroGainRefused, gain.text, x, y);
-    return goesOn(asked, gain);
+    return true;
 }
 
 // Reports in the words of setGyroGain, with four numbers.
-void saveGyroGain(Entry<float, 4> gain) {
-    parseGain(&gain, "qz_ois_save_gryo_gain");
+void saveGyroGain(Setting set) {
+    if (!read("qz_ois_save_gryo_gain", set)) return;
+    Entry<float, 4> gain(set);
+    if (parseFloatTuples(gain.text, gain.value.data(), gain.value.size()) != android::OK) return;
     gain.tag(CAPTURE("oisSaveGryoGain"));
+    if (!gain.open()) return;
     const double a = wide(gain.value[0]);
     const double b = wide(gain.value[1]);
     const double c = wide(gain.value[2]);
     const double d = wide(gain.value[3]);
-    if (gain.open()) LOG(line::SaveGyroGain, gain.setter, a, b, c, d);
+    LOG(line::SaveGyroGain, set.setter, a, b, c, d);
     WRITE(gain, line::SaveGyroGainRefused, gain.text, a, b, c, d);
 }
 
@@ -83,12 +88,11 @@ void saveGyroGain(Entry<float, 4> gain) {
 // The five steps of a calibration. A tag that the device lacks ends the call there; a refused update does
 // not, and is not returned either.
 status_t RequestSteps::setOisOTParam(const Setting& set) {
-    const EntryState start(set);
-    if (!start.open()) return start.status();
+    if (set.metaData == nullptr) return refuseNull(set.setter);
     for (const Switch& each : kSwitches) {
-        if (!flip(each, ByteEntry(start))) return android::OK;
+        if (!flip(each, set)) return android::OK;
     }
-    if (setGyroGain(Entry<float, 2>(start))) saveGyroGain(Entry<float, 4>(start));
+    if (setGyroGain(set)) saveGyroGain(set);
     return android::OK;
 }
 

@@ -19,7 +19,7 @@ using Function = status_t (*)(const Setting&);
 
 // The facts of a row that the pass needs; the others take no room in the library.
 struct Step {
-    enum class Reads : uint8_t { none, text, integer };
+    enum class Reads : uint8_t { text, number, none, gatedText, gatedNumber };
 
     const char* setter = nullptr;
     Function function = nullptr;  // of its own; null for a plain row
@@ -54,9 +54,11 @@ constexpr Step stepOf(const Parameter& row, Function function) {
     step.function = function;
     if (row.free) return step;
     step.key = row.keys[0].name;
-    step.reads = row.keys[0].as == KeyRow::As::text ? Step::Reads::text : Step::Reads::integer;
+    const bool isText = row.keys[0].as == KeyRow::As::text;
+    step.reads = isText ? Step::Reads::text : Step::Reads::number;
     if (row.gated(Gate::lightPainting)) step.gate = Gate::lightPainting;
     if (row.gated(Gate::otherClient)) step.gate = Gate::otherClient;
+    if (step.gate != Gate::none) step.reads = isText ? Step::Reads::gatedText : Step::Reads::gatedNumber;
     if (!row.plain) return step;
     step.tag = row.entries[0].tag;
     step.words = row.conversion.vocabulary;
@@ -80,7 +82,7 @@ constexpr std::array<Step, kParameterCount> kSteps = steps();
 int autoOrNumber(const char* text) { return strcmp(text, "auto") == 0 ? 0 : parseInt32(text); }
 
 int convert(const Step& step, const char* text, int number) {
-    if (step.reads == Step::Reads::integer) return number;
+    if (text == nullptr) return number;
     return step.words != nullptr ? numberOf(*step.words, text) : autoOrNumber(text);
 }
 
@@ -129,18 +131,24 @@ struct RequestPass {
         return step.function != nullptr ? step.function(set) : write(step, set);
     }
 
+    static status_t applyText(const Step& step, CCameraQzParam& camera, CameraMetadata* metaData) {
+        const char* text = camera.mExtParam->get(step.key);
+        return text != nullptr ? apply(step, camera, metaData, text, 0) : android::OK;
+    }
+
+    static status_t applyNumber(const Step& step, CCameraQzParam& camera, CameraMetadata* metaData) {
+        const int number = camera.mExtParam->getInt(step.key);
+        return number != -1 ? apply(step, camera, metaData, nullptr, number) : android::OK;
+    }
+
+    // The frequent cases first: a pass with few keys set does little else than this.
     static status_t run(const Step& step, CCameraQzParam& camera, CameraMetadata* metaData) {
-        const char* text = nullptr;
-        int number = 0;
-        if (step.gate != Gate::none && isClosed(step.gate, camera)) return android::OK;
-        if (step.reads == Step::Reads::text) {
-            text = camera.mExtParam->get(step.key);
-            if (text == nullptr) return android::OK;
-        } else if (step.reads == Step::Reads::integer) {
-            number = camera.mExtParam->getInt(step.key);
-            if (number == -1) return android::OK;
-        }
-        return apply(step, camera, metaData, text, number);
+        if (step.reads == Step::Reads::text) return applyText(step, camera, metaData);
+        if (step.reads == Step::Reads::number) return applyNumber(step, camera, metaData);
+        if (step.reads == Step::Reads::none) return apply(step, camera, metaData, nullptr, 0);
+        if (isClosed(step.gate, camera)) return android::OK;
+        return step.reads == Step::Reads::gatedText ? applyText(step, camera, metaData)
+                                                    : applyNumber(step, camera, metaData);
     }
 };
 

@@ -15,7 +15,10 @@ int numberOf(const Vocabulary& vocabulary, const char* text) {
 }
 
 const char* findWord(const Vocabulary& vocabulary, uint8_t number) {
-    for (const Word& word : vocabulary.published) {
+    // Most tables count from 0. Pays 1 percent of the instructions of a capability pass.
+    const Words& words = vocabulary.published;
+    if (number < words.count && words.first[number].number == number) return words.first[number].text;
+    for (const Word& word : words) {
         if (word.number == number) return word.text;
     }
     return nullptr;
