@@ -42,47 +42,41 @@ void logHallBlob(const Entry& blob, const char* caller) {
 
 }  // namespace
 
-status_t ResultSteps::processLpdParameters(CameraQzCallBack& callBack, const Result& result) {
+void ResultSteps::processLpdParameters(CameraQzCallBack& callBack, const Result& result) {
     const size_t bytes = result.entry.count * sizeof(int32_t);
     callBack.mExtCallBackIntf->dataCallback(MSG_LPD_PARAMETERS, result.numbers(), size32(bytes));
-    return android::OK;
 }
 
-status_t ResultSteps::processMmiFocusTest(CameraQzCallBack& callBack, const Result& result) {
+void ResultSteps::processMmiFocusTest(CameraQzCallBack& callBack, const Result& result) {
     constexpr size_t most = 20;
     const int32_t* focus = result.numbers();
-    if (focus[1] == callBack.mMmiFocusValue) return android::OK;
+    if (focus[1] == callBack.mMmiFocusValue) return;
     callBack.mMmiFocusValue = focus[1];
 
     int32_t values[most];
     const size_t bytes = result.entry.count * sizeof(values[0]);
-    if (!succeeded<line::BlockNotCleared>(memset_s(values, sizeof(values), 0, bytes), __func__)) {
-        return android::OK;
-    }
+    if (!succeeded<line::BlockNotCleared>(memset_s(values, sizeof(values), 0, bytes), __func__)) return;
     for (size_t i = 0; i < result.entry.count; ++i) {
         values[i] = focus[i];
         LOG(line::FocusTestValue, __func__, static_cast<int>(i), values[i]);
     }
     callBack.mExtCallBackIntf->dataCallback(MSG_MMI_FOCUS_TEST, values, size32(bytes));
-    return android::OK;
 }
 
-status_t ResultSteps::processOisGryoOffsetCalibResult(CameraQzCallBack& callBack, const Result& result) {
+void ResultSteps::processOisGryoOffsetCalibResult(CameraQzCallBack& callBack, const Result& result) {
     const int32_t* offset = result.numbers();
     const size_t count = result.entry.count;
     const std::vector<uint8_t> block = oisBlock(OIS_GYRO_OFFSET, offset, count * sizeof(int32_t), __func__);
-    if (block.empty()) return android::OK;
+    if (block.empty()) return;
     LOG(line::OisGyroOffset, __func__, count > 1 ? offset[1] : 0, count > 2 ? offset[2] : 0, offset[0]);
     callBack.mExtCallBackIntf->dataCallback(MSG_OIS_CALIB_RESULT, block.data(), size32(block.size()));
-    return android::OK;
 }
 
-status_t ResultSteps::processOisHallCalibResult(CameraQzCallBack& callBack, const Result& result) {
+void ResultSteps::processOisHallCalibResult(CameraQzCallBack& callBack, const Result& result) {
     const std::vector<uint8_t> block = oisBlock(OIS_HALL_CALIB, result.bytes(), result.entry.count, __func__);
-    if (block.empty()) return android::OK;
+    if (block.empty()) return;
     logHallBlob(result.entry, __func__);
     callBack.mExtCallBackIntf->dataCallback(MSG_OIS_CALIB_RESULT, block.data(), size32(block.size()));
-    return android::OK;
 }
 
 }  // namespace qz

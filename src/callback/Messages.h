@@ -25,20 +25,8 @@ struct MessageRow {
     constexpr bool isData() const { return form != Form::notification; }
 };
 
-namespace message {
-
-template <typename... Names>
-constexpr MessageRow row(int32_t code, int32_t kind, const char* constant, const char* name,
-                         MessageRow::Form form, Names... numbers) {
-    MessageRow row{code, kind, constant, name, form, {}};
-    (row.numbers.add(numbers), ...);
-    return row;
-}
-
-}  // namespace message
-
 inline constexpr MessageRow kMessages[] = {
-#define MESSAGE(code, kind, name, ...) message::row(code, kind, #code, name, MessageRow::Form::__VA_ARGS__),
+#define MESSAGE(code, kind, name, form, ...) {code, kind, #code, name, MessageRow::Form::form, __VA_ARGS__},
 #include "callback/messages.inc"
 #undef MESSAGE
 };

@@ -6,7 +6,6 @@
 #include "text/Checked.h"
 
 #include <array>
-#include <limits>
 
 namespace qz {
 
@@ -38,18 +37,15 @@ int32_t hintFromBrightness(int32_t mean) {
 
 }  // namespace
 
-// Returns INT32_MIN if the block cannot be cleared.
-status_t ResultSteps::processPreviewParameters(CameraQzCallBack& callBack, const Result& result) {
+void ResultSteps::processPreviewParameters(CameraQzCallBack& callBack, const Result& result) {
     ExtCallBackInterface* host = callBack.mExtCallBackIntf;
     int32_t block[3];  // exposure time, ISO, hint: -1 until filled
-    if (!succeeded<line::BlockNotCleared>(memset_s(block, sizeof(block), 0xFF, sizeof(block)), __func__)) {
-        return std::numeric_limits<status_t>::min();
-    }
+    if (!succeeded<line::BlockNotCleared>(memset_s(block, sizeof(block), 0xFF, sizeof(block)), __func__))
+        return;
     const int time = profGetExposureTime(host, result, &block[0]);
     const int iso = profGetIsoState(host, result, &block[1]);
     const int hint = profGetExposureHint(host, result, &block[2]);
     if ((time | iso | hint) != 0) host->dataCallback(MSG_PREVIEW_PARAMETERS, block, sizeof(block));
-    return android::OK;
 }
 
 int profGetExposureTime(ExtCallBackInterface* host, const Result& result, int32_t* exposureTime) {

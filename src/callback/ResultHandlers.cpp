@@ -13,12 +13,11 @@ EntryView<int32_t> findNumbers(ExtCallBackInterface* host, const Result& result,
     return EntryView<int32_t>(host->findResultEntry(result.metadata, tag));
 }
 
-status_t ResultSteps::checkZslMode(CameraQzCallBack& callBack, const Result& result) {
+void ResultSteps::checkZslMode(CameraQzCallBack& callBack, const Result& result) {
     const uint8_t mode = result.bytes()[0];
-    if (mode == callBack.mZslMode) return android::OK;
+    if (mode == callBack.mZslMode) return;
     callBack.mZslMode = mode;
     LOG(line::ZslModeChange, __func__, mode);
-    return android::OK;
 }
 
 void callbackTargetTracking(ExtCallBackInterface* host, const int32_t* targetCoord) {
@@ -29,113 +28,100 @@ void callbackTargetTracking(ExtCallBackInterface* host, const int32_t* targetCoo
     host->notifyCallback(MSG_TARGET_TRACKING, targetCoord[0], targetCoord[1]);
 }
 
-status_t ResultSteps::processTargetTracking(CameraQzCallBack& callBack, const Result& result) {
+void ResultSteps::processTargetTracking(CameraQzCallBack& callBack, const Result& result) {
     const int32_t* offset = result.numbers();
-    if (offset[0] == callBack.mTargetCoordX && offset[1] == callBack.mTargetCoordY) return android::OK;
+    if (offset[0] == callBack.mTargetCoordX && offset[1] == callBack.mTargetCoordY) return;
     callBack.mTargetCoordX = offset[0];
     callBack.mTargetCoordY = offset[1];
     callbackTargetTracking(callBack.mExtCallBackIntf, offset);
-    return android::OK;
 }
 
-status_t ResultSteps::processFocusVcmValue(CameraQzCallBack& callBack, const Result& result) {
+void ResultSteps::processFocusVcmValue(CameraQzCallBack& callBack, const Result& result) {
     callBack.mQzParam->mFocusVcmValue.set(result.numbers()[0]);
-    return android::OK;
 }
 
-status_t ResultSteps::processFocusContrastValue(CameraQzCallBack& callBack, const Result& result) {
+void ResultSteps::processFocusContrastValue(CameraQzCallBack& callBack, const Result& result) {
     callBack.mQzParam->mFocusContrastValue.set(result.numbers()[0]);
-    return android::OK;
 }
 
-status_t ResultSteps::processOtpcheckResult(CameraQzCallBack& callBack, const Result& result) {
+void ResultSteps::processOtpcheckResult(CameraQzCallBack& callBack, const Result& result) {
     callBack.mQzParam->mOtpTestResult.set(static_cast<uint8_t>(result.numbers()[0]));
-    return android::OK;
 }
 
 // An abnormal state is repeated with every result; the return to normal is told once.
-status_t ResultSteps::processDualAbnormal(CameraQzCallBack& callBack, const Result& result) {
+void ResultSteps::processDualAbnormal(CameraQzCallBack& callBack, const Result& result) {
     const int32_t abnormal = result.numbers()[0];
-    if (abnormal == 0 && callBack.mDualAbnormal == 0) return android::OK;
+    if (abnormal == 0 && callBack.mDualAbnormal == 0) return;
     callBack.mDualAbnormal = abnormal;
     callBack.mExtCallBackIntf->notifyCallback(MSG_DUAL_ABNORMAL, abnormal, 0);
-    return android::OK;
 }
 
 // The index of the last result outlives the verification, so that the next one does not send it again.
-status_t ResultSteps::processDualCameraVerify(CameraQzCallBack& callBack, const Result& result) {
+void ResultSteps::processDualCameraVerify(CameraQzCallBack& callBack, const Result& result) {
     if (result.bytes()[0] != 1) {
         callBack.mDualVerifyActive = 0;
-        return android::OK;
+        return;
     }
     const EntryView<int32_t> verify =
         findNumbers(callBack.mExtCallBackIntf, result, CAPTURE("qz-dual-camera-verification-result"));
-    if (verify.count() != 2 || verify[1] == callBack.mDualVerifyIndex) return android::OK;
+    if (verify.count() != 2 || verify[1] == callBack.mDualVerifyIndex) return;
     LOG(line::DualVerification, __func__, verify[0], verify[1]);
     callBack.mExtCallBackIntf->notifyCallback(MSG_DUAL_CAMERA_VERIFY_RESULT, verify[0], verify[1]);
     callBack.mDualVerifyActive = 1;
     callBack.mDualVerifyIndex = verify[1];
-    return android::OK;
 }
 
-status_t ResultSteps::processMMIFeatureTest(CameraQzCallBack& callBack, const Result& result) {
+void ResultSteps::processMMIFeatureTest(CameraQzCallBack& callBack, const Result& result) {
     const int32_t* test = result.numbers();
     const int32_t mode = test[1];
     const int32_t index = test[2];
     const int32_t request = test[3];
     if (mode == callBack.mMmiTestMode && index == callBack.mMmiTestIndex &&
-        request == callBack.mMmiTestRequest) {
-        return android::OK;
-    }
+        request == callBack.mMmiTestRequest)
+        return;
     LOG(line::FeatureTest, __func__, test[0], mode, index, request);
     callBack.mExtCallBackIntf->notifyCallback(MSG_MMI_FEATURE_TEST_RESULT, test[0], request);
     callBack.mMmiTestMode = mode;
     callBack.mMmiTestIndex = index;
     callBack.mMmiTestRequest = request;
-    return android::OK;
 }
 
 // Sent once while the verification mode stays 1; any other mode arms it again.
-status_t ResultSteps::processMMICameraPdafVerify(CameraQzCallBack& callBack, const Result& result) {
+void ResultSteps::processMMICameraPdafVerify(CameraQzCallBack& callBack, const Result& result) {
     const uint8_t mode = result.bytes()[0];
     LOG(line::PdafVerificationMode, __func__, mode);
     if (mode == 1) {
         const EntryView<int32_t> verify = findNumbers(callBack.mExtCallBackIntf, result,
                                                       CAPTURE("qz-dual-camera-pdaf-verification-result"));
-        if (verify.count() != 1 || callBack.mPdafVerifyMode != 0) return android::OK;
+        if (verify.count() != 1 || callBack.mPdafVerifyMode != 0) return;
         LOG(line::PdafVerification, __func__, verify[0]);
         callBack.mExtCallBackIntf->notifyCallback(MSG_MMI_PDAF_VERIFY_RESULT, verify[0], 0);
     }
     callBack.mPdafVerifyMode = mode == 1 ? 1 : 0;
-    return android::OK;
 }
 
-status_t ResultSteps::processSmartMode(CameraQzCallBack& callBack, const Result& result) {
+void ResultSteps::processSmartMode(CameraQzCallBack& callBack, const Result& result) {
     callBack.callbackSmartMode(result.numbers()[0]);
-    return android::OK;
 }
 
-status_t ResultSteps::processLowCapState(CameraQzCallBack& callBack, const Result& result) {
+void ResultSteps::processLowCapState(CameraQzCallBack& callBack, const Result& result) {
     const int32_t state = result.numbers()[0];
-    if (state == callBack.mLowCapState) return android::OK;
+    if (state == callBack.mLowCapState) return;
     callBack.mLowCapState = state;
     LOG(line::LowCaptureState, __func__, state);
-    return android::OK;
 }
 
-status_t ResultSteps::processLcdFlashMode(CameraQzCallBack& callBack, const Result& result) {
+void ResultSteps::processLcdFlashMode(CameraQzCallBack& callBack, const Result& result) {
     callBack.mQzParam->mLcdCompensate.set(result.bytes()[0]);
-    return android::OK;
 }
 
-status_t ResultSteps::processExposureModePreviewState(CameraQzCallBack& callBack, const Result& result) {
+void ResultSteps::processExposureModePreviewState(CameraQzCallBack& callBack, const Result& result) {
     const uint8_t state = result.bytes()[0];
-    if (state == callBack.mExposurePreviewState) return android::OK;
+    if (state == callBack.mExposurePreviewState) return;
     callBack.mExposurePreviewState = state;
-    if (state == 0) return android::OK;
+    if (state == 0) return;
     LOG(line::ExposurePreviewStarted, __func__);
     callBack.mExtCallBackIntf->notifyCallback(MSG_EXPOSURE_MODE_PREVIEW_STATE, 0, 0);
-    return android::OK;
 }
 
 }  // namespace qz

@@ -5,7 +5,6 @@
 #include "tags/VendorTag.h"
 #include "text/Log.h"
 
-#include <array>
 #include <cstring>
 
 namespace qz {
@@ -13,47 +12,42 @@ namespace qz {
 namespace {
 
 using android::CameraMetadata;
-using Function = status_t (*)(CameraQzCallBack&, const Result&);
+using Function = void (*)(CameraQzCallBack&, const Result&);
 
 // The facts of a row that the pass needs; the others take no room in the library.
 struct Step {
-    const char* handler = nullptr;
-    Function function = nullptr;  // of its own; null for a plain row
+    const char* handler;
+    Function function;  // of its own; null for a plain row
     EntryRow entry;
-    const char* says = nullptr;
-    Sends sends;
-    uint8_t tagLength = 0;
-    bool optional = false;
-    bool professionalMode = false;
+    int32_t message;
+    int32_t kind;
+    const char* line;
+    uint8_t tagLength;
+    bool optional;
+    bool professionalMode;
 };
 
-constexpr Function kFunctions[] = {
-#define PLAIN(handler, ...) nullptr,
-#define OWN(handler, ...) ResultSteps::handler,
+constexpr Step stepOf(const ResultRow& row, Function function) {
+    const EntryRow& entry = row.entries[0];
+    const size_t tagLength = std::string_view(entry.tag).size();
+    return {row.handler,
+            function,
+            entry,
+            row.message,
+            row.kind,
+            row.line,
+            static_cast<uint8_t>(tagLength),
+            row.optional,
+            row.gates.has(ResultGate::professionalMode)};
+}
+
+constexpr Step kSteps[] = {
+#define PLAIN(handler, ...) stepOf(*findResult(#handler), nullptr),
+#define OWN(handler, ...) stepOf(*findResult(#handler), ResultSteps::handler),
 #include "callback/results.inc"
 #undef PLAIN
 #undef OWN
 };
-
-constexpr Step stepOf(const ResultRow& row, Function function) {
-    Step step;
-    step.handler = row.handler;
-    step.function = function;
-    step.entry = row.entries[0];
-    step.says = row.says;
-    step.sends = row.sends;
-    step.tagLength = static_cast<uint8_t>(std::string_view(step.entry.tag).size());
-    step.optional = row.optional;
-    step.professionalMode = row.gated(ResultGate::professionalMode);
-    return step;
-}
-
-constexpr std::array<Step, kResultCount> steps() {
-    std::array<Step, kResultCount> all{};
-    for (size_t i = 0; i < kResultCount; ++i) all[i] = stepOf(kResults[i], kFunctions[i]);
-    return all;
-}
-constexpr std::array<Step, kResultCount> kSteps = steps();
 
 // Finds the entry of a step. False without one that the row allows.
 bool find(const Step& step, ExtCallBackInterface* host, Result& result) {
@@ -62,8 +56,8 @@ bool find(const Step& step, ExtCallBackInterface* host, Result& result) {
     result.entry = host->findResultEntry(result.metadata, tag);
     if (result.entry.count == 0 || result.entry.type != step.entry.type) return false;
     if (step.entry.allows(result.entry.count)) return true;
-    if (step.says != nullptr) {
-        logText(ANDROID_LOG_ERROR, kCallBackLog, step.says, step.handler,
+    if (step.line != nullptr) {
+        logText(ANDROID_LOG_ERROR, kCallBackLog, step.line, step.handler,
                 static_cast<int>(result.entry.count));
     }
     return false;
@@ -71,11 +65,11 @@ bool find(const Step& step, ExtCallBackInterface* host, Result& result) {
 
 // Sends the message of a plain row.
 void send(const Step& step, ExtCallBackInterface* host, int32_t number) {
-    if (step.says != nullptr) logText(ANDROID_LOG_INFO, kCallBackLog, step.says, step.handler, number);
-    if (step.sends.kind == 0) {
-        host->notifyCallback(step.sends.code, number, 0);
+    if (step.line != nullptr) logText(ANDROID_LOG_INFO, kCallBackLog, step.line, step.handler, number);
+    if (step.kind == 0) {
+        host->notifyCallback(step.message, number, 0);
     } else {
-        host->notifyCallback(step.sends.code, step.sends.kind, number);
+        host->notifyCallback(step.message, step.kind, number);
     }
 }
 
@@ -89,8 +83,11 @@ struct ResultPass {
         if (!hasHost(host, step.handler)) return android::BAD_VALUE;
         Result result{metadata, {}};
         if (!step.optional && !find(step, host, result)) return android::OK;
-        if (step.function != nullptr) return step.function(callBack, result);
-        send(step, host, result.numbers()[0]);
+        if (step.function != nullptr) {
+            step.function(callBack, result);
+        } else {
+            send(step, host, result.numbers()[0]);
+        }
         return android::OK;
     }
 };

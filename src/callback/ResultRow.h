@@ -29,83 +29,27 @@ constexpr const char* kResultGateTexts[] = {
     "only after a request with qz-professional-mode=on",
 };
 
-// A message, and the first number that tells messages of one code apart.
-struct Sends {
-    int32_t code = 0;
-    int32_t kind = 0;
-};
-
 struct ResultRow {
     const char* handler = nullptr;
+    Feature feature = Feature::image;
     bool plain = false;     // nothing but this row; otherwise a function of the handler's name runs
     bool optional = false;  // the function runs whatever the result has
-    Feature feature = Feature::image;
-    Upto<EntryRow, 4> entries;
-    Sends sends;                 // code 0: no message
-    const char* says = nullptr;  // a plain row's information line; otherwise the error line for another count
-    Upto<const char*, 3> keeps;  // members that it sets
-    Upto<ResultGate, 2> gates;
+    Upto<EntryRow, 4> entries{};
+    int32_t message = 0;         // code; 0: none
+    int32_t kind = 0;            // first number of messages that share a code
+    const char* line = nullptr;  // a plain row's information line; otherwise the error line for another count
+    Upto<const char*, 3> members{};  // that it sets
+    Upto<ResultGate, 2> gates{};
 
-    constexpr bool gated(ResultGate gate) const {
-        for (const ResultGate each : gates) {
-            if (each == gate) return true;
-        }
-        return false;
+    // Facts of results.inc, each of which gives the row again.
+    constexpr ResultRow& reads(Upto<EntryRow, 4> all) { return entries = all, *this; }
+    constexpr ResultRow& looksFor(Upto<EntryRow, 4> all) { return optional = true, reads(all); }
+    constexpr ResultRow& sends(int32_t code, int32_t first = 0) {
+        return message = code, kind = first, *this;
     }
+    constexpr ResultRow& says(const char* format) { return line = format, *this; }
+    constexpr ResultRow& keeps(Upto<const char*, 3> names) { return members = names, *this; }
+    constexpr ResultRow& when(Upto<ResultGate, 2> all) { return gates = all, *this; }
 };
 
-// The columns of results.inc.
-namespace result {
-
-struct Says {
-    const char* line;
-};
-struct Keeps {
-    Upto<const char*, 3> members;
-};
-struct Entries {
-    Upto<EntryRow, 4> rows;
-    bool optional;
-};
-
-constexpr Sends sends(int32_t code, int32_t kind = 0) { return {code, kind}; }
-constexpr Says says(const char* line) { return {line}; }
-template <typename... Members>
-constexpr Keeps keeps(Members... members) {
-    return {Upto<const char*, 3>(members...)};
-}
-template <typename... Rows>
-constexpr Entries entries(const Rows&... rows) {
-    return {Upto<EntryRow, 4>(rows...), false};
-}
-template <typename... Rows>
-constexpr Entries optional(const Rows&... rows) {
-    return {Upto<EntryRow, 4>(rows...), true};
-}
-
-constexpr void apply(ResultRow& row, const Sends& facts) { row.sends = facts; }
-constexpr void apply(ResultRow& row, const Says& facts) { row.says = facts.line; }
-constexpr void apply(ResultRow& row, const Keeps& facts) { row.keeps = facts.members; }
-constexpr void apply(ResultRow& row, ResultGate gate) { row.gates.add(gate); }
-
-template <typename... Facts>
-constexpr ResultRow own(const char* handler, Feature feature, const Entries& entries, const Facts&... facts) {
-    ResultRow row;
-    row.handler = handler;
-    row.optional = entries.optional;
-    row.feature = feature;
-    row.entries = entries.rows;
-    (apply(row, facts), ...);
-    return row;
-}
-
-template <typename... Facts>
-constexpr ResultRow plain(const char* handler, Feature feature, const EntryRow& entry,
-                          const Facts&... facts) {
-    ResultRow row = own(handler, feature, entries(entry), facts...);
-    row.plain = true;
-    return row;
-}
-
-}  // namespace result
 }  // namespace qz

@@ -1,5 +1,4 @@
-// The functions of the rows that are more than a row. Each is the algorithm of one handler, and returns 0
-// unless it says otherwise.
+// The functions of the rows that are more than a row. Each is the algorithm of one handler.
 #pragma once
 
 #include "CameraQzCallBack.h"
@@ -26,7 +25,7 @@ EntryView<int32_t> findNumbers(ExtCallBackInterface* host, const Result& result,
 // A friend of the processor and of the translator, whose state the functions read and leave.
 struct ResultSteps {
 #define PLAIN(...)
-#define OWN(handler, ...) static status_t handler(CameraQzCallBack& callBack, const Result& result);
+#define OWN(handler, ...) static void handler(CameraQzCallBack& callBack, const Result& result);
 #include "callback/results.inc"
 #undef PLAIN
 #undef OWN

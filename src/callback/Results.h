@@ -6,44 +6,43 @@
 
 namespace qz {
 
-namespace result {
-
 inline constexpr ResultRow kResults[] = {
-#define PLAIN(handler, feature, ...) plain(#handler, Feature::feature, __VA_ARGS__),
-#define OWN(handler, feature, ...) own(#handler, Feature::feature, __VA_ARGS__),
+#define PLAIN(handler, feature, ...) ResultRow{#handler, Feature::feature, true} __VA_ARGS__,
+#define OWN(handler, feature, ...) ResultRow{#handler, Feature::feature, false} __VA_ARGS__,
 #include "callback/results.inc"
 #undef PLAIN
 #undef OWN
 };
 
-}  // namespace result
-
-using result::kResults;
-
 constexpr size_t kResultCount = sizeof(kResults) / sizeof(kResults[0]);
 
-constexpr bool distinctResults() {
-    for (size_t i = 0; i < kResultCount; ++i) {
-        for (size_t j = 0; j < i; ++j) {
-            if (sameText(kResults[i].handler, kResults[j].handler)) return false;
-            if (sameText(kResults[i].entries[0].tag, kResults[j].entries[0].tag)) return false;
+// Null for a name that no row has.
+constexpr const ResultRow* findResult(const char* handler) {
+    for (const ResultRow& row : kResults) {
+        if (sameText(row.handler, handler)) return &row;
+    }
+    return nullptr;
+}
+
+// Each handler has one row, its lines take the handler and a number, and its message is one of the table.
+constexpr bool sound(const ResultRow& row) {
+    if (findResult(row.handler) != &row) return false;
+    if (row.line != nullptr && !converts(row.line, "sd")) return false;
+    if (row.message != 0 && findMessage(row.message, row.kind) == nullptr) return false;
+    return !row.plain || (row.message != 0 && row.entries[0].type == TYPE_INT32);
+}
+
+constexpr bool soundResults() {
+    for (const ResultRow& row : kResults) {
+        if (!sound(row)) return false;
+        for (const ResultRow* other = kResults; other != &row; ++other) {
+            if (sameText(other->entries[0].tag, row.entries[0].tag)) return false;
         }
     }
     return true;
 }
 
-// The lines take the handler and a number, and each message is one of the table.
-constexpr bool soundResults() {
-    for (const ResultRow& row : kResults) {
-        if (row.says != nullptr && !converts(row.says, "sd")) return false;
-        if (row.sends.code != 0 && findMessage(row.sends.code, row.sends.kind) == nullptr) return false;
-        if (row.plain && (row.sends.code == 0 || row.entries[0].type != TYPE_INT32)) return false;
-    }
-    return true;
-}
-
 static_assert(kResultCount == 22);
-static_assert(distinctResults(), "each handler has one row, and an entry of its own");
-static_assert(soundResults());
+static_assert(soundResults(), "each row is sound, and begins with an entry of its own");
 
 }  // namespace qz

@@ -41,7 +41,7 @@ constexpr void forEachLine(Take take) {
         add(kTranslatorLog, row.getter, row.echoes.priority, row.echoes.format);
     }
     for (const ResultRow& row : kResults) {
-        add(kCallBackLog, row.handler, row.plain ? ANDROID_LOG_INFO : ANDROID_LOG_ERROR, row.says);
+        add(kCallBackLog, row.handler, row.plain ? ANDROID_LOG_INFO : ANDROID_LOG_ERROR, row.line);
     }
     for (const NamedVocabulary& named : kVocabularies) {
         const Vocabulary* words = named.vocabulary;

@@ -1,4 +1,4 @@
-// A short list in a row: at most N items, known to the compiler.
+// A short list in a row: at most N items, known to the compiler, as in {"a", "b"}.
 #pragma once
 
 #include <cstddef>
@@ -12,10 +12,16 @@ struct Upto {
 
     constexpr Upto() = default;
     template <typename... Items>
-    constexpr explicit Upto(const T& first, const Items&... others)
+    constexpr Upto(const T& first, const Items&... others)
         : items{first, others...}, count(1 + sizeof...(others)) {}
 
     constexpr void add(const T& item) { items[count++] = item; }
+    constexpr bool has(const T& wanted) const {
+        for (const T& item : *this) {
+            if (item == wanted) return true;
+        }
+        return false;
+    }
     constexpr bool empty() const { return count == 0; }
     constexpr const T& operator[](size_t i) const { return items[i]; }
     constexpr const T* begin() const { return items; }

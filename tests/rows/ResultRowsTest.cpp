@@ -96,8 +96,8 @@ class Trial {
 };
 
 std::vector<Sent> messageOf(const ResultRow& row) {
-    if (row.sends.code == 0) return {};
-    return {{row.sends.code, row.sends.kind}};
+    if (row.message == 0) return {};
+    return {{row.message, row.kind}};
 }
 
 std::vector<std::string> tagsOf(const ResultRow& row) {
@@ -120,7 +120,7 @@ TEST(ResultRow, AsksItsEntriesInOrderAndSendsItsMessage) {
         for (const auto& [name, value] : trial.members()) {
             if (before.at(name) != value) kept.insert(name);
         }
-        EXPECT_EQ(kept, std::set<std::string>(row.keeps.begin(), row.keeps.end()));
+        EXPECT_EQ(kept, std::set<std::string>(row.members.begin(), row.members.end()));
     }
 }
 
@@ -130,9 +130,9 @@ TEST(ResultRow, RepeatsItsMessageUnlessItsGateSaysOtherwise) {
         Trial trial(row);
         trial.giveAll();
         trial.run();
-        const bool once = row.gated(ResultGate::onChange) || row.gated(ResultGate::onceAMode);
+        const bool once = row.gates.has(ResultGate::onChange) || row.gates.has(ResultGate::onceAMode);
         EXPECT_EQ(trial.run(), once ? std::vector<Sent>() : messageOf(row));
-        if (row.gated(ResultGate::onceAMode)) {
+        if (row.gates.has(ResultGate::onceAMode)) {
             trial.give(row.entries[0], B{0});
             trial.run();
             trial.give(row.entries[0], B{1});
@@ -143,14 +143,14 @@ TEST(ResultRow, RepeatsItsMessageUnlessItsGateSaysOtherwise) {
 
 TEST(ResultRow, TellsZeroAsItsGateSays) {
     for (const ResultRow& row : kResults) {
-        if (row.optional || row.sends.code == 0) continue;
+        if (row.optional || row.message == 0) continue;
         SCOPED_TRACE(row.handler);
         Trial trial(row);
-        const bool zeroOnce = row.gated(ResultGate::zeroOnce);
+        const bool zeroOnce = row.gates.has(ResultGate::zeroOnce);
         trial.giveAll();
         trial.run();
         trial.giveZeros();
-        const bool silent = row.gated(ResultGate::notZero) || row.gated(ResultGate::modeIsOne);
+        const bool silent = row.gates.has(ResultGate::notZero) || row.gates.has(ResultGate::modeIsOne);
         EXPECT_EQ(trial.run(), silent ? std::vector<Sent>() : messageOf(row));
         if (!zeroOnce) continue;
         EXPECT_THAT(trial.run(), IsEmpty());
@@ -162,11 +162,11 @@ TEST(ResultRow, LooksNoFurtherThanItsGateLets) {
         SCOPED_TRACE(row.handler);
         Trial trial(row);
         trial.giveAll();
-        if (row.gated(ResultGate::modeIsOne)) {
+        if (row.gates.has(ResultGate::modeIsOne)) {
             trial.give(row.entries[0], B{2});
             trial.run();
             EXPECT_THAT(trial.host->asked, ElementsAre(row.entries[0].tag));
-        } else if (row.gated(ResultGate::professionalMode)) {
+        } else if (row.gates.has(ResultGate::professionalMode)) {
             TestPeer::setProfessional(trial.camera.translator(), false);
             EXPECT_THAT(trial.run(), IsEmpty());
             EXPECT_THAT(trial.host->asked, IsEmpty());
@@ -186,9 +186,9 @@ TEST(ResultRow, SendsNothingForACountThatItDoesNotAllow) {
             LogCapture log;
             EXPECT_THAT(trial.run(), IsEmpty());
             const std::vector<LogLine> lines = log.take("CameraQzCallBack");
-            ASSERT_EQ(lines.size(), row.says != nullptr && !row.plain && count != 0 ? 1U : 0U);
+            ASSERT_EQ(lines.size(), row.line != nullptr && !row.plain && count != 0 ? 1U : 0U);
             if (lines.empty()) continue;
-            EXPECT_TRUE(isPrintedAs(row.says, lines[0].text)) << lines[0].text;
+            EXPECT_TRUE(isPrintedAs(row.line, lines[0].text)) << lines[0].text;
             EXPECT_EQ(lines[0].priority, ANDROID_LOG_ERROR);
         }
     }
@@ -218,7 +218,7 @@ TEST(ResultRow, LeavesOutAnUndeclaredTag) {
             trial.giveAll();
             const std::vector<Sent> sent = trial.run();
             EXPECT_THAT(trial.host->asked, testing::Not(testing::Contains(entry.tag)));
-            if (row.optional || row.sends.code == 0) continue;
+            if (row.optional || row.message == 0) continue;
             EXPECT_THAT(sent, IsEmpty());
         }
     }
@@ -226,7 +226,7 @@ TEST(ResultRow, LeavesOutAnUndeclaredTag) {
 
 TEST(ResultRow, PrintsItsInformationLineBeforeTheMessage) {
     for (const ResultRow& row : kResults) {
-        if (!row.plain || row.says == nullptr) continue;
+        if (!row.plain || row.line == nullptr) continue;
         SCOPED_TRACE(row.handler);
         Trial trial(row);
         trial.giveAll();
@@ -234,7 +234,7 @@ TEST(ResultRow, PrintsItsInformationLineBeforeTheMessage) {
         trial.run();
         const std::vector<LogLine> lines = log.take("CameraQzCallBack");
         ASSERT_EQ(lines.size(), 1U);
-        EXPECT_TRUE(isPrintedAs(row.says, lines[0].text)) << lines[0].text;
+        EXPECT_TRUE(isPrintedAs(row.line, lines[0].text)) << lines[0].text;
         EXPECT_EQ(lines[0].priority, ANDROID_LOG_INFO);
     }
 }
