@@ -49,17 +49,12 @@ constexpr Step kSteps[] = {
 #undef OWN
 };
 
-// Finds the entry of a step. False without one that the row allows.
-bool find(const Step& step, ExtCallBackInterface* host, Result& result) {
-    const uint32_t tag = findVendorTag({step.entry.tag, step.tagLength});
-    if (tag == kNoTag) return false;
-    result.entry = host->findResultEntry(result.metadata, tag);
-    if (result.entry.count == 0 || result.entry.type != step.entry.type) return false;
-    if (step.entry.allows(result.entry.count)) return true;
-    if (step.line != nullptr) {
-        logText(ANDROID_LOG_ERROR, kCallBackLog, step.line, step.handler,
-                static_cast<int>(result.entry.count));
-    }
+// True for an entry that the row allows.
+bool isUsable(const Step& step, const camera_metadata_ro_entry& entry) {
+    if (entry.count == 0 || entry.type != step.entry.type) return false;
+    if (step.entry.allows(entry.count)) return true;
+    if (step.line != nullptr)
+        logText(ANDROID_LOG_ERROR, kCallBackLog, step.line, step.handler, static_cast<int>(entry.count));
     return false;
 }
 
@@ -81,8 +76,14 @@ struct ResultPass {
         if (step.professionalMode && !callBack.mQzParam->mProfessionalMode.get()) return android::OK;
         ExtCallBackInterface* host = callBack.mExtCallBackIntf;
         if (!hasHost(host, step.handler)) return android::BAD_VALUE;
-        Result result{metadata, {}};
-        if (!step.optional && !find(step, host, result)) return android::OK;
+        if (step.optional) {
+            step.function(callBack, Result{metadata, {}});
+            return android::OK;
+        }
+        const uint32_t tag = findVendorTag({step.entry.tag, step.tagLength});
+        if (tag == kNoTag) return android::OK;
+        const Result result{metadata, host->findResultEntry(metadata, tag)};
+        if (!isUsable(step, result.entry)) return android::OK;
         if (step.function != nullptr) {
             step.function(callBack, result);
         } else {
