@@ -2,13 +2,9 @@
 #include "capabilities/CapabilitySteps.h"
 
 #include "capabilities/Capability.h"
-#include "text/BoundedMemory.h"
 #include "text/Log.h"
-#include "text/Parsers.h"
 #include "text/Text.h"
 #include "text/Vocabularies.h"
-
-#include <algorithm>
 
 namespace qz {
 

@@ -70,25 +70,17 @@ constexpr Publication as(const char* key, const char* note) {
     return {key, Publication::Form::own, nullptr, note};
 }
 
-// Further facts of a row, in any order behind the fixed columns.
-struct Counts {
-    RowLine line;
-};
-struct Echoes {
-    RowLine line;
-};
-struct Kept {
-    const char* member;
-};
-
-constexpr Counts counts(const char* format) { return {{format, ANDROID_LOG_INFO}}; }
-constexpr Echoes echoes(const char* format) { return {{format, ANDROID_LOG_INFO}}; }
-constexpr Echoes debugs(const char* format) { return {{format, ANDROID_LOG_DEBUG}}; }
-constexpr Kept kept(const char* member) { return {member}; }
-
-constexpr void apply(CapabilityRow& row, const Counts& facts) { row.counts = facts.line; }
-constexpr void apply(CapabilityRow& row, const Echoes& facts) { row.echoes = facts.line; }
-constexpr void apply(CapabilityRow& row, const Kept& facts) { row.keeps = facts.member; }
+// Further facts of a row, in any order behind the fixed columns: functions that set one.
+constexpr auto counts(const char* format) {
+    return [=](CapabilityRow& row) { row.counts.format = format; };
+}
+constexpr auto echoes(const char* format, int priority = ANDROID_LOG_INFO) {
+    return [=](CapabilityRow& row) { row.echoes = {format, priority}; };
+}
+constexpr auto debugs(const char* format) { return echoes(format, ANDROID_LOG_DEBUG); }
+constexpr auto kept(const char* member) {
+    return [=](CapabilityRow& row) { row.keeps = member; };
+}
 
 using StaticEntries = Upto<EntryRow, 2>;
 using Publications = Upto<Publication, 2>;
@@ -111,15 +103,14 @@ constexpr CapabilityRow own(const char* getter, Feature feature, const StaticEnt
     row.entries = entries;
     row.minimum = minimum;
     row.publishes = publishes;
-    (apply(row, facts), ...);
+    (facts(row), ...);
     return row;
 }
 
 template <typename... Facts>
 constexpr CapabilityRow plain(const char* getter, Feature feature, const EntryRow& entry, uint8_t minimum,
                               const Publication& publication, const Facts&... facts) {
-    CapabilityRow row =
-        own(getter, feature, StaticEntries(entry), minimum, Publications(publication), facts...);
+    CapabilityRow row = own(getter, feature, entry, minimum, publication, facts...);
     row.plain = true;
     return row;
 }

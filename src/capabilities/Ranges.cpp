@@ -7,13 +7,8 @@
 #include "text/Log.h"
 #include "text/Parsers.h"
 #include "text/Text.h"
-#include "text/Vocabularies.h"
-
-#include <algorithm>
 
 namespace qz {
-
-using android::String8;
 
 namespace {
 

@@ -3,15 +3,10 @@
 
 #include "capabilities/Capability.h"
 #include "text/Checked.h"
-#include "text/Parsers.h"
-#include "text/Text.h"
-#include "text/Vocabularies.h"
 
 #include <algorithm>
 
 namespace qz {
-
-using android::String8;
 
 void CapabilitySteps::getQuickThumbnailSize(CCameraQzParam& camera) {
     const Capability<int32_t> size(camera.mExtParam, CAPABILITY("qz-quickthumbnail-size"), 1);

@@ -3,7 +3,6 @@
 
 #include "request/Entry.h"
 #include "text/Log.h"
-#include "text/Numbers.h"
 #include "text/Parsers.h"
 #include "text/Vocabularies.h"
 

@@ -47,6 +47,7 @@ struct Conversion {
     Kind kind;
     const Vocabulary* vocabulary = nullptr;
 };
+
 // Conditions under which a set parameter is left out.
 enum class Gate : uint8_t {
     none,
@@ -64,8 +65,7 @@ constexpr const char* kGateTexts[] = {
     "only while qz-exposure-mode is 'super-night', 'car', 'light', 'water' or 'star'",
     "only together with the other keys of its setter",
     "written only when the value differs from that of the request before",
-    "only for a client whose callback flag has 0x1, while qz-qzcamera-flag is not 'on' and property "
-    "camera.ignore.chat.facebeauty does not begin with 1",
+    "only for a client whose callback flag has 0x1, while qz-qzcamera-flag is not 'on' and property camera.ignore.chat.facebeauty does not begin with 1",
     "not read while qz-qzcamera-flag is 'on'",
     "only while qz-dual-primary-mode is 'secondary'",
     "left out when the tag of a step before it is missing",
@@ -87,12 +87,7 @@ struct Parameter {
     const char* keeps = nullptr;      // member of the translator that it sets
 
     constexpr const char* refused() const { return entries[0].refused; }
-    constexpr bool gated(Gate gate) const {
-        for (const Gate each : gates) {
-            if (each == gate) return true;
-        }
-        return false;
-    }
+    constexpr bool gated(Gate gate) const { return gates.has(gate); }
 };
 
 // True if the failure text of a plain row prints the key's text before the value.
@@ -113,74 +108,39 @@ constexpr bool soundTexts(const Parameter& row) {
 // The columns of parameters.inc.
 namespace parameter {
 
+using As = KeyRow::As;
+using Form = KeyRow::Form;
+
+// Keys.
 constexpr KeyRow text(const char* key, const char* note = nullptr) {
-    return {key, KeyRow::As::text, KeyRow::Form::word, 1, note};
+    return {key, As::text, Form::word, 1, note};
 }
 constexpr KeyRow integer(const char* key, const char* note = nullptr) {
-    return {key, KeyRow::As::integer, KeyRow::Form::number, 1, note};
+    return {key, As::integer, Form::number, 1, note};
+}
+constexpr KeyRow textAndInteger(const char* key, const char* note) {
+    return {key, As::textAndInteger, Form::number, 1, note};
+}
+constexpr KeyRow number(const char* key, const char* note) { return {key, As::text, Form::number, 1, note}; }
+constexpr KeyRow decimal(const char* key, const char* note) {
+    return {key, As::text, Form::decimal, 1, note};
+}
+constexpr KeyRow pair(const char* key, const char* note) { return {key, As::text, Form::pair, 2, note}; }
+constexpr KeyRow point(const char* key, const char* note) { return {key, As::text, Form::point, 2, note}; }
+constexpr KeyRow seconds(const char* key, const char* note) {
+    return {key, As::text, Form::seconds, 1, note};
+}
+constexpr KeyRow name(const char* key, const char* note) { return {key, As::text, Form::name, 1, note}; }
+constexpr KeyRow tuple(uint8_t numbers, const char* key, const char* note) {
+    return {key, As::text, Form::tuple, numbers, note};
 }
 constexpr KeyRow condition(KeyRow key) {
     key.condition = true;
     return key;
 }
-constexpr KeyRow textAndInteger(const char* key, const char* note) {
-    return {key, KeyRow::As::textAndInteger, KeyRow::Form::number, 1, note};
-}
-constexpr KeyRow number(const char* key, const char* note) {
-    return {key, KeyRow::As::text, KeyRow::Form::number, 1, note};
-}
-constexpr KeyRow decimal(const char* key, const char* note) {
-    return {key, KeyRow::As::text, KeyRow::Form::decimal, 1, note};
-}
-constexpr KeyRow pair(const char* key, const char* note) {
-    return {key, KeyRow::As::text, KeyRow::Form::pair, 2, note};
-}
-constexpr KeyRow point(const char* key, const char* note) {
-    return {key, KeyRow::As::text, KeyRow::Form::point, 2, note};
-}
-constexpr KeyRow tuple(uint8_t numbers, const char* key, const char* note) {
-    return {key, KeyRow::As::text, KeyRow::Form::tuple, numbers, note};
-}
-constexpr KeyRow seconds(const char* key, const char* note) {
-    return {key, KeyRow::As::text, KeyRow::Form::seconds, 1, note};
-}
-constexpr KeyRow name(const char* key, const char* note) {
-    return {key, KeyRow::As::text, KeyRow::Form::name, 1, note};
-}
-constexpr Conversion asRead{Conversion::Kind::number};
-constexpr Conversion autoNumber{Conversion::Kind::autoNumber};
 
-// Further facts of a row, in any order behind the fixed columns.
-struct Offered {
-    Upto<const char*, 2> keys;
-};
-struct Information {
-    const char* text;
-};
-struct Uses {
-    Upto<EntryRow, 2> entries;
-};
-struct Properties {
-    Upto<const char*, 2> names;
-};
-struct Keeps {
-    const char* member;
-};
 using Reads = Upto<KeyRow, 5>;
 using Writes = Upto<EntryRow, 5>;
-
-template <typename... Keys>
-constexpr Offered offered(Keys... keys) {
-    return {Upto<const char*, 2>(keys...)};
-}
-template <typename... Entries>
-constexpr Uses uses(const Entries&... entries) {
-    return {Upto<EntryRow, 2>(entries...)};
-}
-template <typename... Rows>
-constexpr Properties properties(const Rows&... rows) {
-    return {Upto<const char*, 2>(rows.name...)};
-}
 template <typename... Keys>
 constexpr Reads reads(const Keys&... keys) {
     return Reads(keys...);
@@ -189,32 +149,37 @@ template <typename... Entries>
 constexpr Writes writes(const Entries&... entries) {
     return Writes(entries...);
 }
-constexpr Information says(const char* information) { return {information}; }
-constexpr Keeps keeps(const char* member) { return {member}; }
 
-constexpr void apply(Parameter& row, const Offered& facts) { row.offers = facts.keys; }
-constexpr void apply(Parameter& row, const Information& facts) { row.information = facts.text; }
-constexpr void apply(Parameter& row, const Uses& facts) { row.uses = facts.entries; }
-constexpr void apply(Parameter& row, const Properties& facts) { row.properties = facts.names; }
-constexpr void apply(Parameter& row, const Keeps& facts) { row.keeps = facts.member; }
+constexpr Conversion asRead{Conversion::Kind::number};
+constexpr Conversion autoNumber{Conversion::Kind::autoNumber};
+
+// Further facts of a row, in any order behind the fixed columns: functions that set one.
+constexpr auto says(const char* information) {
+    return [=](Parameter& row) { row.information = information; };
+}
+constexpr auto keeps(const char* member) {
+    return [=](Parameter& row) { row.keeps = member; };
+}
+template <typename... Keys>
+constexpr auto offered(Keys... keys) {
+    return [=](Parameter& row) { row.offers = {keys...}; };
+}
+template <typename... Entries>
+constexpr auto uses(Entries... entries) {
+    return [=](Parameter& row) { row.uses = {entries...}; };
+}
+template <typename... Rows>
+constexpr auto properties(Rows... rows) {
+    return [=](Parameter& row) { row.properties = {rows.name...}; };
+}
+
+template <typename Fact>
+constexpr void apply(Parameter& row, const Fact& set) {
+    set(row);
+}
 constexpr void apply(Parameter& row, Gate gate) { row.gates.add(gate); }
 constexpr void apply(Parameter& row, const Vocabulary& words) { row.conversion = words; }
 constexpr void apply(Parameter& row, const Conversion& conversion) { row.conversion = conversion; }
-
-template <typename... Facts>
-constexpr Parameter plain(const char* setter, Feature feature, const KeyRow& key, EntryRow entry,
-                          const Conversion& conversion, const char* refused, const Facts&... facts) {
-    Parameter row;
-    row.setter = setter;
-    row.plain = true;
-    row.feature = feature;
-    row.keys = Reads(key);
-    entry.refused = refused;
-    row.entries = Writes(entry);
-    row.conversion = conversion;
-    (apply(row, facts), ...);
-    return row;
-}
 
 template <typename... Facts>
 constexpr Parameter own(const char* setter, Feature feature, const Reads& keys, const Writes& entries,
@@ -225,6 +190,15 @@ constexpr Parameter own(const char* setter, Feature feature, const Reads& keys, 
     row.keys = keys;
     row.entries = entries;
     (apply(row, facts), ...);
+    return row;
+}
+
+template <typename... Facts>
+constexpr Parameter plain(const char* setter, Feature feature, const KeyRow& key, EntryRow entry,
+                          const Conversion& conversion, const char* refused, const Facts&... facts) {
+    entry.refused = refused;
+    Parameter row = own(setter, feature, key, entry, conversion, facts...);
+    row.plain = true;
     return row;
 }
 

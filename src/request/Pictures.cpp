@@ -5,7 +5,6 @@
 #include "text/Log.h"
 #include "text/Numbers.h"
 #include "text/Parsers.h"
-#include "text/Vocabularies.h"
 
 #include <utils/String16.h>
 
