@@ -64,6 +64,7 @@ void parameterSet(const std::string& text) {
     android::CameraParameters2 copy(parameters);
     require(copy.flatten() == flattened, "a copy has the same order");
     qzcam::Problems problems("parameters");
+    parameters = android::CameraParameters2();  // a set that is unfolded may hold a key twice
     for (const auto& [key, value] : qzcam::parseParameters(text, problems).parameters) {
         parameters.set(key.c_str(), value.c_str());
         parameters.getInt(key.c_str());

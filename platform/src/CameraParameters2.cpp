@@ -1,5 +1,7 @@
 #include <camera/CameraParameters2.h>
 
+#include <android/log.h>
+
 #include <algorithm>
 #include <cerrno>
 #include <cstdint>
@@ -11,12 +13,14 @@
 namespace android {
 namespace {
 
+constexpr char kLogTag[] = "CameraParameters2";
+
 bool isPlain(std::string_view text) { return text.find_first_of("=;") == std::string_view::npos; }
 
 }  // namespace
 
 CameraParameters2::CameraParameters2(const CameraParameters2& other) {
-    for (const Item& item : other.mItems) put(item.key, item.value);
+    for (const Item& item : other.mItems) add(item.key, item.value);
 }
 
 CameraParameters2& CameraParameters2::operator=(CameraParameters2 other) noexcept {
@@ -25,21 +29,28 @@ CameraParameters2& CameraParameters2::operator=(CameraParameters2 other) noexcep
     return *this;
 }
 
-void CameraParameters2::put(std::string_view key, std::string_view value) {
-    const auto found = mByKey.find(key);
-    if (found == mByKey.end()) {
-        mItems.push_back({std::string(key), std::string(value)});
-        const auto item = std::prev(mItems.end());
-        mByKey.emplace(item->key, item);
-        return;
+void CameraParameters2::add(std::string_view key, std::string value) {
+    mItems.push_back({std::string(key), std::move(value)});
+    const auto item = std::prev(mItems.end());
+    mByKey.emplace(item->key, item);  // unless an earlier item has the key
+}
+
+void CameraParameters2::forget(Index::iterator found) {
+    const auto item = found->second;
+    mByKey.erase(found);  // first: its key is the item's
+    if (mItems.size() - 1 > mByKey.size()) {
+        const auto next = std::find_if(std::next(item), mItems.end(),
+                                       [item](const Item& other) { return other.key == item->key; });
+        if (next != mItems.end()) mByKey.emplace(next->key, next);
     }
-    found->second->value = value;
-    mItems.splice(mItems.end(), mItems, found->second);
+    mItems.erase(item);
 }
 
 void CameraParameters2::set(const char* key, const char* value) {
     if (key == nullptr || value == nullptr || !isPlain(key) || !isPlain(value)) return;
-    put(key, value);
+    std::string text = value;  // may be the old item's own
+    if (const auto found = mByKey.find(key); found != mByKey.end()) forget(found);
+    add(key, std::move(text));
 }
 
 void CameraParameters2::set(const char* key, int value) { set(key, std::to_string(value).c_str()); }
@@ -70,11 +81,25 @@ float CameraParameters2::getFloat(const char* key) const {
 
 void CameraParameters2::remove(const char* key) {
     if (key == nullptr) return;
-    const auto found = mByKey.find(key);
-    if (found == mByKey.end()) return;
-    const auto item = found->second;
-    mByKey.erase(found);  // first: its key is the item's
-    mItems.erase(item);
+    if (const auto found = mByKey.find(key); found != mByKey.end()) forget(found);
+}
+
+status_t CameraParameters2::compareSetOrder(const char* key1, const char* key2, int* order) const {
+    if (key1 == nullptr || key2 == nullptr || order == nullptr) {
+        __android_log_print(ANDROID_LOG_ERROR, kLogTag, "compareSetOrder: a pointer is null");
+        return BAD_VALUE;
+    }
+    const auto first = mByKey.find(key1);
+    const auto second = mByKey.find(key2);
+    if (first == mByKey.end() || second == mByKey.end()) {
+        __android_log_print(ANDROID_LOG_WARN, kLogTag, "compareSetOrder: '%s' is not set",
+                            first == mByKey.end() ? key1 : key2);
+        return NAME_NOT_FOUND;
+    }
+    const auto place = [this](Items::const_iterator item) { return std::distance(mItems.begin(), item); };
+    const auto distance = place(first->second) - place(second->second);
+    *order = distance == 0 ? 0 : (distance < 0 ? -1 : 1);
+    return OK;
 }
 
 String8 CameraParameters2::flatten() const {
@@ -89,14 +114,12 @@ String8 CameraParameters2::flatten() const {
 void CameraParameters2::unflatten(const String8& flattened) {
     mByKey.clear();
     mItems.clear();
-    std::string_view rest(flattened.c_str(), flattened.size());
-    while (!rest.empty()) {
-        const std::string_view piece = rest.substr(0, rest.find(';'));
-        rest.remove_prefix(std::min(rest.size(), piece.size() + 1));
-        const size_t equals = piece.find('=');
-        if (equals == std::string_view::npos) continue;
-        const std::string_view value = piece.substr(equals + 1);
-        if (isPlain(value)) put(piece.substr(0, equals), value);
+    const std::string_view text = flattened.c_str();  // a NUL byte ends it
+    size_t start = 0;
+    for (size_t equals = text.find('='); equals != std::string_view::npos; equals = text.find('=', start)) {
+        const size_t end = std::min(text.find(';', equals), text.size());
+        add(text.substr(start, equals - start), std::string(text.substr(equals + 1, end - equals - 1)));
+        start = std::min(end + 1, text.size());
     }
 }
 

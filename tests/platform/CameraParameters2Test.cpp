@@ -47,16 +47,64 @@ TEST(CameraParameters2, UnflattenReplacesTheSet) {
     const struct {
         const char* text;
         const char* flattened;
+        const char* key;
+        const char* value;  // null: absent
     } kRows[] = {
-        {"", ""},           {"a=1;b=2", "a=1;b=2"}, {"a=1;b=2;", "a=1;b=2"}, {"a=1;b=2;a=3", "b=2;a=3"},
-        {"a=;=b", "a=;=b"}, {"a;b=2", "b=2"},       {";;a=1;;", "a=1"},      {"a=1=2;b=3", "b=3"},
+        {"", "", "", nullptr},
+        {"a=1;b=2", "a=1;b=2", "b", "2"},
+        {"a=1;b=2;", "a=1;b=2", "old", nullptr},
+        {"a=;=b", "a=;=b", "", "b"},
+        {"a=1;b;c=2", "a=1;b;c=2", "b;c", "2"},  // the item without '=' belongs to the next key
+        {";;a=1;;", ";;a=1", ";;a", "1"},
+        {"a=1;b", "a=1", "b", nullptr},
+        {"a=1=2;b=3", "a=1=2;b=3", "a", "1=2"},
+        {"a=1;b=2;a=3", "a=1;b=2;a=3", "a", "1"},  // the first is found
     };
     CameraParameters2 parameters;
     parameters.set("old", "1");
     for (const auto& row : kRows) {
         parameters.unflatten(String8(row.text));
         EXPECT_STREQ(parameters.flatten().c_str(), row.flattened) << row.text;
+        EXPECT_STREQ(parameters.get(row.key), row.value) << row.text;
     }
+    parameters = String8("z=26", 2);  // converts by itself
+    EXPECT_STREQ(parameters.get("z"), "");
+}
+
+// What becomes of the second when the first changes.
+TEST(CameraParameters2, ARepeatedKeyIsTwoItems) {
+    CameraParameters2 parameters(String8("a=1;b=2;a=3;a=4"));
+    parameters.set("a", "5");
+    EXPECT_STREQ(parameters.flatten().c_str(), "b=2;a=3;a=4;a=5");
+    EXPECT_STREQ(parameters.get("a"), "3");
+    CameraParameters2 copy(parameters);
+    parameters.remove("a");
+    EXPECT_STREQ(parameters.get("a"), "4");
+    for (const char* left : {"b=2;a=4;a=5", "b=2;a=5", "b=2", "b=2"}) {
+        EXPECT_STREQ(parameters.flatten().c_str(), left);
+        parameters.remove("a");
+    }
+    EXPECT_EQ(parameters.get("a"), nullptr);
+    EXPECT_STREQ(copy.get("a"), "3") << "a copy has its own";
+}
+
+TEST(CameraParameters2, ComparesTheOrderOfSetting) {
+    const CameraParameters2 parameters(String8("a=1;b=2;c=3;a=4"));
+    const struct {
+        const char* first;
+        const char* second;
+        int status;
+        int order;  // 7: left alone
+    } kRows[] = {
+        {"a", "b", 0, -1}, {"c", "a", 0, 1}, {"b", "b", 0, 0},       {"b", "c", 0, -1},
+        {"a", "x", -2, 7}, {"", "a", -2, 7}, {nullptr, "a", -22, 7}, {"a", nullptr, -22, 7},
+    };
+    for (const auto& row : kRows) {
+        int order = 7;
+        EXPECT_EQ(parameters.compareSetOrder(row.first, row.second, &order), row.status);
+        EXPECT_EQ(order, row.order);
+    }
+    EXPECT_EQ(parameters.compareSetOrder("a", "b", nullptr), -22);
 }
 
 TEST(CameraParameters2, ReadsNumbersAs32Bits) {

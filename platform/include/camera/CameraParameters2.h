@@ -1,6 +1,7 @@
 // A set of text parameters that remembers in which order they were set.
 #pragma once
 
+#include <utils/Errors.h>
 #include <utils/String8.h>
 
 #include <list>
@@ -14,7 +15,8 @@ namespace android {
 class CameraParameters2 {
   public:
     CameraParameters2() = default;
-    explicit CameraParameters2(const String8& flattened) { unflatten(flattened); }
+    // Converts implicitly, as on the platform. NOLINTNEXTLINE(google-explicit-constructor)
+    CameraParameters2(const String8& flattened) { unflatten(flattened); }
     CameraParameters2(const CameraParameters2& other);
     CameraParameters2(CameraParameters2&& other) noexcept = default;
     CameraParameters2& operator=(CameraParameters2 other) noexcept;
@@ -38,9 +40,16 @@ class CameraParameters2 {
     void remove(const char* key);
     bool isEmpty() const { return mItems.empty(); }
 
-    // "key=value;key=value" in the order of setting. unflatten() replaces the whole set; pieces without '='
-    // or with two are passed over.
+    // Which of two keys was set later: `order` becomes -1 when the first one was set before the second, 1
+    // when after it, 0 for the same key. BAD_VALUE for a null pointer, NAME_NOT_FOUND for an absent key.
+    status_t compareSetOrder(const char* key1, const char* key2, int* order) const;
+
+    // "key=value;key=value" in the order of setting.
     String8 flatten() const;
+
+    // Replaces the whole set. A key runs to the next '=' and may hold ';'; its value runs to the next ';' and
+    // may hold '='; what follows the last '=' of all is no key. A repeated key stays twice and the first is
+    // found; once that is set or removed, the next.
     void unflatten(const String8& flattened);
 
   private:
@@ -50,10 +59,13 @@ class CameraParameters2 {
     };
     using Items = std::list<Item>;
 
-    void put(std::string_view key, std::string_view value);
+    using Index = std::unordered_map<std::string_view, Items::iterator>;
+
+    void add(std::string_view key, std::string value);
+    void forget(Index::iterator found);
 
     Items mItems;  // in the order of setting; items never move
-    std::unordered_map<std::string_view, Items::iterator> mByKey;  // keyed by the items' own keys
+    Index mByKey;  // the first item of each key, by that item's own text
 };
 
 }  // namespace android
