@@ -1,6 +1,7 @@
 #include <camera/VendorTagDescriptor.h>
 
 #include <android/log.h>
+#include <host/VendorTags.h>
 #include <system/camera_metadata.h>
 
 #include <algorithm>
@@ -37,32 +38,31 @@ int compareNames(const char* section, const char* name, const char* otherSection
 
 status_t VendorTagDescriptor::createDescriptorFromOps(const vendor_tag_ops_t* ops,
                                                       sp<VendorTagDescriptor>& descriptor) {
-    descriptor = nullptr;
     if (!isWhole(ops)) {
         __android_log_print(ANDROID_LOG_ERROR, kLogTag, "Vendor tag operations are missing");
         return BAD_VALUE;
     }
     const sp<VendorTagDescriptor> created = new VendorTagDescriptor;
     if (const status_t status = created->read(ops); status != OK) return status;
-    created->index();
     descriptor = created;
     return OK;
 }
 
 status_t VendorTagDescriptor::read(const vendor_tag_ops_t* ops) {
     const int count = ops->get_tag_count(ops);
-    if (count < 0) {
-        __android_log_print(ANDROID_LOG_ERROR, kLogTag, "Vendor tag count %d is negative", count);
+    if (count < 0 || count > qz::host::kMaxVendorTags) {
+        __android_log_print(ANDROID_LOG_ERROR, kLogTag, "Vendor tag count %d is not between 0 and %d", count,
+                            qz::host::kMaxVendorTags);
         return BAD_VALUE;
     }
-    std::vector<uint32_t> tags(static_cast<size_t>(count));
-    if (count > 0) ops->get_all_tags(ops, tags.data());
-    std::sort(tags.begin(), tags.end());
-    tags.erase(std::unique(tags.begin(), tags.end()), tags.end());
-    mTags.reserve(tags.size());
-    for (const uint32_t tag : tags) {
+    std::vector<uint32_t> listed(static_cast<size_t>(count));
+    if (count > 0) ops->get_all_tags(ops, listed.data());
+    mTags.reserve(listed.size());
+    for (const uint32_t tag : listed) {
         if (const status_t status = readTag(ops, tag); status != OK) return status;
     }
+    sortTags();
+    index(listed);
     return OK;
 }
 
@@ -71,23 +71,31 @@ status_t VendorTagDescriptor::readTag(const vendor_tag_ops_t* ops, uint32_t tag)
         __android_log_print(ANDROID_LOG_ERROR, kLogTag, "Tag %#x is not a vendor tag", tag);
         return BAD_VALUE;
     }
-    const char* const section = ops->get_section_name(ops, tag);
     const char* const name = ops->get_tag_name(ops, tag);
-    const int type = ops->get_tag_type(ops, tag);
-    if (section == nullptr || name == nullptr || type < 0 || type >= NUM_TYPES) {
-        __android_log_print(ANDROID_LOG_ERROR, kLogTag, "Tag %#x has section '%s', name '%s', type %d", tag,
-                            section != nullptr ? section : "(none)", name != nullptr ? name : "(none)", type);
+    const char* const section = name != nullptr ? ops->get_section_name(ops, tag) : nullptr;
+    const int type = section != nullptr ? ops->get_tag_type(ops, tag) : -1;
+    if (type < 0 || type >= NUM_TYPES) {
+        __android_log_print(ANDROID_LOG_ERROR, kLogTag, "Tag %#x has name '%s', section '%s', type %d", tag,
+                            name != nullptr ? name : "(none)", section != nullptr ? section : "(none)", type);
         return BAD_VALUE;
     }
     mTags.push_back({tag, type, String8(section), String8(name)});
     return OK;
 }
 
-void VendorTagDescriptor::index() {
-    mByNames.reserve(mTags.size());
-    for (const Tag& tag : mTags) {
-        mByNames.push_back(&tag);
-        mSections.add(tag.section);
+// Of a tag that is listed twice the later answers count.
+void VendorTagDescriptor::sortTags() {
+    std::stable_sort(mTags.begin(), mTags.end(), [](const Tag& a, const Tag& b) { return a.tag < b.tag; });
+    const auto last =
+        std::unique(mTags.rbegin(), mTags.rend(), [](const Tag& a, const Tag& b) { return a.tag == b.tag; });
+    mTags.erase(mTags.begin(), last.base());
+}
+
+void VendorTagDescriptor::index(const std::vector<uint32_t>& listed) {
+    mByNames.reserve(listed.size());
+    for (const uint32_t tag : listed) {
+        mByNames.push_back(find(tag));
+        mSections.add(mByNames.back()->section);
     }
     std::stable_sort(mByNames.begin(), mByNames.end(), [](const Tag* a, const Tag* b) {
         return compareNames(a->section.c_str(), a->name.c_str(), b->section.c_str(), b->name.c_str()) < 0;
@@ -108,7 +116,7 @@ sp<VendorTagDescriptor> VendorTagDescriptor::getGlobalVendorTagDescriptor() {
 
 void VendorTagDescriptor::clearGlobalVendorTagDescriptor() { setAsGlobalVendorTagDescriptor(nullptr); }
 
-int VendorTagDescriptor::getTagCount() const { return static_cast<int>(mTags.size()); }
+int VendorTagDescriptor::getTagCount() const { return mTags.empty() ? -1 : static_cast<int>(mTags.size()); }
 
 void VendorTagDescriptor::getTagArray(uint32_t* tags) const {
     std::transform(mTags.begin(), mTags.end(), tags, [](const Tag& tag) { return tag.tag; });
@@ -144,12 +152,12 @@ status_t VendorTagDescriptor::lookupTag(String8 name, String8 section, uint32_t*
     };
     const auto end = std::partition_point(mByNames.begin(), mByNames.end(),
                                           [&compare](const Tag* row) { return compare(row) <= 0; });
-    if (tag == nullptr || end == mByNames.begin() || compare(*(end - 1)) != 0) {
+    if (end == mByNames.begin() || compare(*(end - 1)) != 0) {
         __android_log_print(ANDROID_LOG_ERROR, kLogTag, "No vendor tag '%s' in section '%s'", name.c_str(),
                             section.c_str());
         return BAD_VALUE;
     }
-    *tag = (*(end - 1))->tag;
+    if (tag != nullptr) *tag = (*(end - 1))->tag;
     return OK;
 }
 

@@ -2,7 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <atomic>
+#include <string>
 #include <thread>
 
 #include "VendorTags.h"
@@ -20,14 +22,20 @@ TEST(VendorTagDescriptor, CreationRefusesBrokenTables) {
     const VendorTagOps sound({{0x80000000, "s", "n", TYPE_BYTE}});
     sp<VendorTagDescriptor> descriptor;
     ASSERT_EQ(VendorTagDescriptor::createDescriptorFromOps(&sound, descriptor), OK);
-    const auto expectRefused = [&descriptor](const vendor_tag_ops_t* ops, const char* why) {
+    const sp<VendorTagDescriptor> before = descriptor;
+    const auto expectRefused = [&](const vendor_tag_ops_t* ops, const char* why) {
+        const qz::test::ErrorLog log;
         EXPECT_EQ(VendorTagDescriptor::createDescriptorFromOps(ops, descriptor), BAD_VALUE) << why;
-        EXPECT_EQ(descriptor, nullptr) << why;
+        EXPECT_EQ(descriptor, before) << why;
+        EXPECT_EQ(qz::test::ErrorLog::lines(), (std::vector<std::string>{"VendorTagDescriptor"})) << why;
     };
     expectRefused(nullptr, "no operations");
-    VendorTagOps negative = sound;
-    negative.get_tag_count = [](const vendor_tag_ops_t* /*ops*/) { return -1; };
-    expectRefused(&negative, "negative count");
+    VendorTagOps liar = sound;
+    liar.get_all_tags = [](const vendor_tag_ops_t* /*ops*/, uint32_t* /*tags*/) { FAIL() << "asked"; };
+    liar.get_tag_count = [](const vendor_tag_ops_t* /*ops*/) { return -1; };
+    expectRefused(&liar, "negative count");
+    liar.get_tag_count = [](const vendor_tag_ops_t* /*ops*/) { return 65537; };
+    expectRefused(&liar, "count beyond all bounds");
     VendorTagOps partial = sound;
     partial.get_tag_type = nullptr;
     expectRefused(&partial, "a function is missing");
@@ -51,12 +59,13 @@ TEST(VendorTagDescriptor, FindsTagsBothWays) {
                                 {0x80000007, "a.section", "zoom", TYPE_INT32},
                                 {0x80010000, "b.section", "iso", TYPE_RATIONAL},
                                 {0x80010001, "b.section", "zoom", TYPE_FLOAT},
-                                {0xffffffff, "a.section", "zoom", TYPE_BYTE}});
+                                {0xffffffff, "a.section", "zoom", TYPE_BYTE},
+                                {0x80000008, "a.section", "zoom", TYPE_BYTE}});
         ASSERT_EQ(VendorTagDescriptor::createDescriptorFromOps(&ops, descriptor), OK);
     }
     std::vector<uint32_t> tags(static_cast<size_t>(descriptor->getTagCount()));
     descriptor->getTagArray(tags.data());
-    EXPECT_EQ(tags, (std::vector<uint32_t>{0x80000007, 0x80010000, 0x80010001, 0xffffffff}));
+    EXPECT_EQ(tags, (std::vector<uint32_t>{0x80000007, 0x80000008, 0x80010000, 0x80010001, 0xffffffff}));
     EXPECT_STREQ(descriptor->getSectionName(0x80010000), "b.section");
     EXPECT_STREQ(descriptor->getTagName(0x80010000), "iso");
     EXPECT_EQ(descriptor->getTagType(0x80010000), TYPE_RATIONAL);
@@ -77,7 +86,50 @@ TEST(VendorTagDescriptor, FindsTagsBothWays) {
     EXPECT_EQ(descriptor->lookupTag(String8("zoom"), String8("b.section"), &tag), OK);
     EXPECT_EQ(tag, 0x80010001U);
     EXPECT_EQ(descriptor->lookupTag(String8("zoom"), String8("a.section"), &tag), OK);
-    EXPECT_EQ(tag, 0xffffffffU) << "the highest of two alike";
+    EXPECT_EQ(tag, 0x80000008U) << "the last listed of three alike";
+    EXPECT_EQ(descriptor->lookupTag(String8("zoom"), String8("a.section"), nullptr), OK);
+}
+
+// A HAL whose answers depend on what it was asked before.
+TEST(VendorTagDescriptor, AsksForNameSectionAndTypeInTheHalsOrder) {
+    static std::string asked;
+    VendorTagOps ops({{0x80000002, "s", "b", TYPE_BYTE},
+                      {0x80000001, "s", "a", TYPE_BYTE},
+                      {0x80000002, "s", "b", TYPE_BYTE}});
+    ops.get_tag_name = [](const vendor_tag_ops_t* self, uint32_t tag) {
+        asked += " name" + std::to_string(tag & 0xf);
+        return VendorTagOps::of(self).row(tag).name;
+    };
+    ops.get_section_name = [](const vendor_tag_ops_t* self, uint32_t tag) {
+        asked += " section";
+        return VendorTagOps::of(self).row(tag).section;
+    };
+    ops.get_tag_type = [](const vendor_tag_ops_t* /*ops*/, uint32_t /*tag*/) {
+        asked += " type";
+        return static_cast<int>(std::count(asked.begin(), asked.end(), 'm'));  // 1, 2, 3
+    };
+    sp<VendorTagDescriptor> descriptor;
+    ASSERT_EQ(VendorTagDescriptor::createDescriptorFromOps(&ops, descriptor), OK);
+    EXPECT_EQ(asked, " name2 section type name1 section type name2 section type");
+    EXPECT_EQ(descriptor->getTagCount(), 2);
+    EXPECT_EQ(descriptor->getTagType(0x80000002), 3) << "the later answer counts";
+}
+
+TEST(VendorTagDescriptor, NoTagsAndAllThatThereMayBe) {
+    std::vector<qz::test::VendorTag> rows;
+    sp<VendorTagDescriptor> descriptor;
+    const VendorTagOps none(rows);
+    ASSERT_EQ(VendorTagDescriptor::createDescriptorFromOps(&none, descriptor), OK);
+    EXPECT_EQ(descriptor->getTagCount(), -1);
+    EXPECT_EQ(descriptor->getAllSectionNames()->size(), 0U);
+    for (uint32_t i = 0; i < 65536; ++i) rows.push_back({0x80000000 + i, "s", "n", TYPE_BYTE});
+    VendorTagOps all(rows);
+    const auto first = [](const vendor_tag_ops_t* /*ops*/, uint32_t /*tag*/) { return "text"; };
+    all.get_section_name = first;
+    all.get_tag_name = first;
+    all.get_tag_type = [](const vendor_tag_ops_t* /*ops*/, uint32_t /*tag*/) { return 0; };
+    ASSERT_EQ(VendorTagDescriptor::createDescriptorFromOps(&all, descriptor), OK);
+    EXPECT_EQ(descriptor->getTagCount(), 65536);
 }
 
 TEST(VendorTagDescriptor, TheGlobalOneMayBeReplacedWhileOthersReadIt) {

@@ -23,16 +23,17 @@ class VendorTagDescriptor : public LightRefBase<VendorTagDescriptor> {
     VendorTagDescriptor& operator=(const VendorTagDescriptor&) = delete;
     ~VendorTagDescriptor() = default;
 
-    // Reads all tags out of `ops`, which is not needed afterwards. BAD_VALUE, and `descriptor` cleared, when
-    // `ops` is null or lacks a function, the count is negative, or a tag lies below the vendor boundary,
-    // lacks a name or a section, or has a type that does not exist. A tag given twice counts once.
+    // Reads all tags out of `ops`, which is not needed afterwards: each one's name, section and type, in this
+    // order. BAD_VALUE and an error line, and `descriptor` left alone, when `ops` is null or lacks a
+    // function, the count is negative or above 65,536, or a tag lies below the vendor boundary, lacks a name
+    // or a section, or has a type that does not exist. A tag given twice counts once.
     static status_t createDescriptorFromOps(const vendor_tag_ops_t* ops, sp<VendorTagDescriptor>& descriptor);
 
     static status_t setAsGlobalVendorTagDescriptor(const sp<VendorTagDescriptor>& descriptor);
     static sp<VendorTagDescriptor> getGlobalVendorTagDescriptor();  // null when none is set
     static void clearGlobalVendorTagDescriptor();
 
-    int getTagCount() const;
+    int getTagCount() const;                 // -1 without tags
     void getTagArray(uint32_t* tags) const;  // room for getTagCount() tags; ascending
 
     const char* getSectionName(uint32_t tag) const;  // null when unknown
@@ -42,7 +43,8 @@ class VendorTagDescriptor : public LightRefBase<VendorTagDescriptor> {
     const SortedVector<String8>* getAllSectionNames() const;  // this object's own, never null
 
     // The tag of a name and its section, in that order. BAD_VALUE and an error line when there is none; `tag`
-    // is then left alone. Of several tags with both names alike the highest is found.
+    // (may be null) is then left alone. Of several tags with both names alike the one that the HAL lists last
+    // is found.
     status_t lookupTag(String8 name, String8 section, uint32_t* tag) const;
 
   private:
@@ -58,10 +60,11 @@ class VendorTagDescriptor : public LightRefBase<VendorTagDescriptor> {
     const Tag* find(uint32_t tag) const;
     status_t read(const vendor_tag_ops_t* ops);
     status_t readTag(const vendor_tag_ops_t* ops, uint32_t tag);
-    void index();
+    void sortTags();
+    void index(const std::vector<uint32_t>& listed);
 
     std::vector<Tag> mTags;            // ascending, each tag once
-    std::vector<const Tag*> mByNames;  // by section, then name, then tag
+    std::vector<const Tag*> mByNames;  // by section, then name, then place in the HAL's list
     SortedVector<String8> mSections;
 };
 

@@ -3,7 +3,7 @@
 #include "device/DumpScanner.h"
 
 #include <fmt/format.h>
-#include <host/StandardTags.h>
+#include <host/VendorTags.h>
 
 #include <algorithm>
 #include <set>
@@ -13,6 +13,7 @@ namespace qzcam {
 namespace {
 
 constexpr size_t kShownOfCutList = 16;
+constexpr size_t kMostVendorTags = qz::host::kMaxVendorTags;
 
 class DeviceBuilder {
   public:
@@ -31,6 +32,7 @@ class DeviceBuilder {
 
   private:
     void addVendorTag(const RawVendorTag& raw);
+    void leaveOut(const RawVendorTag& raw);
     void addEntry(const RawEntry& raw);
     std::optional<StaticEntry> readEntry(const RawEntry& raw, uint32_t tag, uint8_t type);
     bool readLine(const RawEntry::ValueLine& line, const RawEntry& raw, uint32_t tag, Values& values);
@@ -59,9 +61,17 @@ Device DeviceBuilder::build() {
 // only sees names, and the second one gets another number.
 void DeviceBuilder::addVendorTag(const RawVendorTag& raw) {
     Tag tag{raw.id, raw.type, std::string(raw.section), std::string(raw.name)};
+    if (mDevice.vendorTags.size() == kMostVendorTags) return leaveOut(raw);
     if (!mVendorNames.insert(tag.fullName()).second) return passOver("repeated vendor tags");
     if (!mVendorIds.insert(tag.id).second) tag.id = mFreeIds.next();
     mDevice.vendorTags.push_back(std::move(tag));
+}
+
+void DeviceBuilder::leaveOut(const RawVendorTag& raw) {
+    const std::string what = fmt::format("vendor tags beyond {}", kMostVendorTags);
+    if (mDevice.passedOver[what]++ > 0) return;
+    mProblems.add(raw.line, fmt::format("more than {} vendor tags: this one and those after it are left out",
+                                        kMostVendorTags));
 }
 
 // Old platforms print vendor entries without their names.
