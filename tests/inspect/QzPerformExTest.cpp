@@ -107,7 +107,14 @@ TEST_F(QzPerformExTest, PrintsWhatItsLevelSays) {
     requests.push_back(CameraMetadata());
     const android::sp<android::CaptureResult> result = new android::CaptureResult;
     result->mMetadata = mMetadata;
-    result->mResultExtras = {11, 12, 13, 14, 0x100000000, 15, 16};
+    android::CaptureResultExtras& extras = result->mResultExtras;
+    extras.requestId = 11;
+    extras.burstId = 12;
+    extras.afTriggerId = 13;
+    extras.precaptureTriggerId = 14;
+    extras.frameNumber = 0x100000000;
+    extras.partialResultCount = 15;
+    extras.errorStreamId = 16;
     choose("captag", "vendor.second");
     choose("ctrltag", "vendor.first");
     choose("stattag", "vendor.second");

@@ -9,6 +9,9 @@
 namespace android {
 
 struct CaptureResultExtras {
+    // Belongs to no request yet. Has a body, so that no compiler takes the structure for an aggregate.
+    CaptureResultExtras() {}  // NOLINT(modernize-use-equals-default)
+
     int32_t requestId = -1;  // negative: belongs to no request
     int32_t burstId = 0;     // place in a burst, from 0
     int32_t afTriggerId = 0;
