@@ -252,14 +252,19 @@ CameraMetadata deviceFrom(Input& input) {
     std::optional<CameraMetadata>& known = ofBuiltIn.at(choice);
     if (!none && !known) known = qzcam::staticCharacteristics(builtIn());
     CameraMetadata characteristics = none ? CameraMetadata() : *known;
-    characteristics.append(metadataFrom(input, capabilityTags()));
+    const CameraMetadata others = metadataFrom(input, capabilityTags());
+    const camera_metadata_t* const buffer = others.getAndLock();
+    camera_metadata_ro_entry_t entry{};
+    for (size_t i = 0; get_camera_metadata_ro_entry(buffer, i, &entry) == 0; ++i)
+        characteristics.update(entry);
+    others.unlock(buffer);
     return characteristics;
 }
 
 void requireSound(const CameraMetadata& metadata) {
     const camera_metadata_t* buffer = metadata.getAndLock();
-    require(buffer == nullptr ||
-                validate_camera_metadata_structure(buffer, get_camera_metadata_size(buffer)) == 0,
+    const size_t size = get_camera_metadata_size(buffer);
+    require(buffer == nullptr || validate_camera_metadata_structure(buffer, &size) == 0,
             "the structure is valid");
     std::set<uint32_t> tags;
     camera_metadata_ro_entry_t entry{};

@@ -31,16 +31,6 @@ void requireWhole(const qzcam::Device& device) {
     }
 }
 
-// With no more room than it needs: how far a buffer grew on the way is not the device's.
-android::CameraMetadata compact(const android::CameraMetadata& metadata) {
-    const camera_metadata_t* buffer = metadata.getAndLock();
-    android::CameraMetadata copy(allocate_camera_metadata(get_camera_metadata_entry_count(buffer),
-                                                          get_camera_metadata_data_count(buffer)));
-    metadata.unlock(buffer);
-    copy.append(metadata);
-    return copy;
-}
-
 std::string printed(const android::CameraMetadata& metadata) {
     const int file = memfd_create("dump", MFD_CLOEXEC);
     metadata.dump(file, 2, 4);
@@ -61,7 +51,7 @@ std::string printed(const qzcam::Device& device, const android::CameraMetadata& 
                 tag.section + '\n';
     }
     return text + "== Camera HAL device device@3.4/legacy/0 (v3.4) static information: ==\n" +
-           printed(compact(metadata));
+           printed(android::CameraMetadata(metadata));  // a copy has no more room than it needs
 }
 
 void requireReadAgain(const qzcam::Device& device) {

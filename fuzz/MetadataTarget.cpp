@@ -1,13 +1,12 @@
 // The host platform's metadata, step by step beside a plain list of entries that says what it should hold.
 #include "Devices.h"
-#include "Target.h"
+#include "FixedBuffer.h"
 
 #include <camera/CameraMetadata.h>
 
 #include <algorithm>
 #include <array>
 #include <iterator>
-#include <numeric>
 #include <utility>
 
 namespace qz::fuzz {
@@ -18,35 +17,6 @@ using android::CameraMetadata;
 using android::INVALID_OPERATION;
 using android::OK;
 using android::status_t;
-
-struct Entry {
-    uint32_t tag;
-    uint8_t type;
-    std::string bytes;  // whole elements
-};
-
-// In the order of insertion, each tag once.
-class Model {
-  public:
-    void update(const Entry& entry) {
-        const auto place = find(entry.tag);
-        if (place == entries.end()) {
-            entries.push_back(entry);
-        } else {
-            *place = entry;
-        }
-    }
-    void erase(uint32_t tag) {
-        const auto place = find(tag);
-        if (place != entries.end()) entries.erase(place);
-    }
-    std::vector<Entry>::iterator find(uint32_t tag) {
-        return std::find_if(entries.begin(), entries.end(),
-                            [tag](const Entry& entry) { return entry.tag == tag; });
-    }
-
-    std::vector<Entry> entries;
-};
 
 // As many tags of each type as there are lengths worth mixing, and tags that nobody knows.
 const std::vector<uint32_t>& someTags() {
@@ -78,19 +48,6 @@ status_t update(CameraMetadata& metadata, uint32_t tag, uint8_t type, const void
     return updates.at(type)(metadata, tag, data, bytes);
 }
 
-void requireEntry(const camera_metadata_ro_entry_t& entry, const Entry& expected,
-                  const camera_metadata_t* buffer) {
-    const size_t size = entry.count * camera_metadata_type_size[entry.type];
-    require(entry.tag == expected.tag && entry.type == expected.type && size == expected.bytes.size(),
-            "entries keep their places, types and counts");
-    require(std::equal(expected.bytes.begin(), expected.bytes.end(),
-                       reinterpret_cast<const char*>(entry.data.u8)),
-            "an entry has its own bytes");
-    const auto offset = reinterpret_cast<uintptr_t>(entry.data.u8) - reinterpret_cast<uintptr_t>(buffer);
-    require(offset + size <= get_camera_metadata_size(buffer), "data lie in the buffer");
-    require(size <= 4 || offset % 8 == 0, "data in the data area start on 8 bytes");
-}
-
 // One object under test and its model.
 struct Pair {
     CameraMetadata metadata;
@@ -98,9 +55,7 @@ struct Pair {
 
     void requireSame() const {
         const camera_metadata_t* buffer = metadata.getAndLock();
-        require(buffer == nullptr ||
-                    validate_camera_metadata_structure(buffer, get_camera_metadata_size(buffer)) == OK,
-                "the structure is valid");
+        require(buffer == nullptr ? model.entries.empty() : isSound(buffer), "the structure is valid");
         size_t dataSize = 0;
         for (size_t i = 0; i < model.entries.size(); ++i) {
             camera_metadata_ro_entry_t entry{};
@@ -109,7 +64,8 @@ struct Pair {
             requireEntry(entry, model.entries[i], buffer);
             dataSize += calculate_camera_metadata_entry_data_size(entry.type, entry.count);
         }
-        require(get_camera_metadata_data_count(buffer) == dataSize, "the data area has no gaps");
+        require(buffer == nullptr || get_camera_metadata_data_count(buffer) == dataSize,
+                "the data area has no gaps");
         metadata.unlock(buffer);
         require(metadata.entryCount() == model.entries.size() && metadata.isEmpty() == model.entries.empty(),
                 "no entry too many");
@@ -139,34 +95,50 @@ void updateText(Input& input, Pair& pair, bool locked) {
 }
 
 // Part of one entry into another of the same object.
-void updateFromItself(Input& input, Pair& pair, bool locked) {
+void updateFromItself(Input& input, Pair& pair) {
     if (pair.model.entries.empty()) return;
     const Entry source = input.oneOf(pair.model.entries);
-    const uint32_t tag = input.oneOf(someTags());
     const size_t element = camera_metadata_type_size[source.type];
-    const size_t count = source.bytes.size() / element;
-    const size_t first = input.below(count + 1);
-    const size_t some = input.below(count - first + 1);
     const auto found = std::as_const(pair.metadata).find(source.tag);
-    const bool refused = locked || get_camera_metadata_tag_type(tag) != source.type;
-    const status_t status =
-        update(pair.metadata, tag, source.type, found.data.u8 + first * element, some * element);
-    require(status == (refused ? INVALID_OPERATION : OK), "an object takes its own elements");
-    if (!refused) pair.model.update({tag, source.type, source.bytes.substr(first * element, some * element)});
+    const size_t first = input.below(found.count);
+    const size_t some = input.below(found.count - first + 1);
+    const status_t status = update(pair.metadata, input.oneOf(someTags()), source.type,
+                                   found.data.u8 + first * element, some * element);
+    require(status == INVALID_OPERATION, "an object does not take its own elements");
+}
+
+// The status of a change that needs a buffer. An object that is locked must not be locked again to look.
+status_t expectedOf(const Pair& pair, bool locked) {
+    if (locked) return INVALID_OPERATION;
+    const camera_metadata_t* const buffer = pair.metadata.getAndLock();
+    pair.metadata.unlock(buffer);
+    return buffer != nullptr ? OK : kRefused;
 }
 
 void eraseOne(Input& input, Pair& pair, bool locked) {
     const uint32_t tag = input.oneOf(someTags());
-    require(pair.metadata.erase(tag) == (locked ? INVALID_OPERATION : OK), "erasing is refused or done");
-    if (!locked) pair.model.erase(tag);
+    const status_t expected = expectedOf(pair, locked);
+    require(pair.metadata.erase(tag) == expected, "erasing is refused or done");
+    if (expected == OK) pair.model.erase(tag);
     require(pair.metadata.exists(tag) == (pair.model.find(tag) != pair.model.entries.end()), "gone is gone");
 }
 
+void sort(Pair& pair, bool locked) {
+    const status_t expected = expectedOf(pair, locked);
+    require(pair.metadata.sort() == expected, "sorting is refused or done");
+    if (expected == OK) pair.model.sort();
+}
+
 void append(Pair& to, const Pair& from, bool locked) {
-    require(to.metadata.append(from.metadata) == (locked ? INVALID_OPERATION : OK),
-            "appending is refused or done");
-    if (locked) return;
-    for (const Entry& entry : std::vector<Entry>(from.model.entries)) to.model.update(entry);
+    // More would say nothing new, and two objects appended to each other grow fast.
+    if (to.model.entries.size() + from.model.entries.size() > 500) return;
+    const status_t expected = locked ? INVALID_OPERATION : expectedOf(from, false);
+    require(to.metadata.append(from.metadata) == expected, "appending is refused or done");
+    if (expected == OK) to.model.append(from.model);
+}
+
+void appendItself(Pair& pair) {
+    require(pair.metadata.append(pair.metadata) != OK, "an object is not appended to itself");
 }
 
 void writeInPlace(Input& input, Pair& pair, bool locked) {
@@ -182,20 +154,29 @@ void writeInPlace(Input& input, Pair& pair, bool locked) {
     modelled->bytes[at] = static_cast<char>(entry.data.u8[at]);
 }
 
-void copyOrMove(size_t how, Pair& to, Pair& from) {
+void exchange(size_t how, Pair& to, Pair& from) {
     switch (how) {
         case 0:
             to = from;
             break;
         case 1:
-            to = Pair(from);
+            to.metadata = CameraMetadata(std::move(from.metadata));  // which copies
+            to.model = from.model;
             break;
         case 2:
-            to = std::move(from);
-            from = Pair();
+            to.metadata.acquire(from.metadata);
+            to.model = std::exchange(from.model, {});
             break;
+        case 3: {
+            const camera_metadata_t* const buffer = from.metadata.getAndLock();
+            to.metadata = buffer;
+            from.metadata.unlock(buffer);
+            to.model = from.model;
+            break;
+        }
         default:
-            std::swap(to, from);
+            to.metadata.swap(from.metadata);
+            std::swap(to.model, from.model);
     }
 }
 
@@ -206,17 +187,18 @@ void step(Input& input, Pair& pair, Pair& other) {
     const camera_metadata_t* const buffer = locked ? pair.metadata.getAndLock() : nullptr;
     if (choice < 7) updateOne(input, pair, locked);
     if (choice == 7) updateText(input, pair, locked);
-    if (choice == 8) updateFromItself(input, pair, locked);
-    if (choice == 9 || choice == 10) eraseOne(input, pair, locked);
+    if (choice == 8) updateFromItself(input, pair);
+    if (choice == 9) eraseOne(input, pair, locked);
+    if (choice == 10) sort(pair, locked);
     if (choice == 11) append(pair, other, locked);
-    if (choice == 12) append(pair, pair, locked);
+    if (choice == 12) appendItself(pair);
     if (choice == 13) writeInPlace(input, pair, locked);
     if (choice == 14) {
         pair.metadata.clear();
         if (!locked) pair.model.entries.clear();
     }
     if (locked) require(pair.metadata.unlock(buffer) == OK, "what was locked is unlocked");
-    if (choice == 15) copyOrMove(input.below(4), pair, other);
+    if (choice == 15) exchange(input.below(5), pair, other);
 }
 
 void playSteps(Input& input) {
@@ -229,90 +211,31 @@ void playSteps(Input& input) {
     }
 }
 
-size_t elementsOf(const Entry& entry) { return entry.bytes.size() / camera_metadata_type_size[entry.type]; }
-
-// The C functions on a buffer that does not grow, which do not look for a tag that is there already.
-class FixedBuffer {
-  public:
-    FixedBuffer(size_t entries, size_t data)
-        : mBuffer(allocate_camera_metadata(entries, data)), mEntries(entries), mData(data) {}
-    ~FixedBuffer() { free_camera_metadata(mBuffer); }
-    FixedBuffer(const FixedBuffer&) = delete;
-    FixedBuffer& operator=(const FixedBuffer&) = delete;
-
-    size_t count() const { return mModel.size(); }
-    uint32_t tagAt(size_t index) const { return mModel[index].tag; }
-
-    void add(const Entry& entry) {
-        const bool fits = count() < mEntries && used() + roomOf(entry) <= mData;
-        const int status =
-            add_camera_metadata_entry(mBuffer, entry.tag, entry.bytes.data(), elementsOf(entry));
-        require((status == OK) == fits, "an entry is added when there is room");
-        if (fits) mModel.push_back(entry);
-    }
-
-    void update(size_t index, const Entry& entry) {
-        const bool fits = index < count() && used() - roomOf(mModel[index]) + roomOf(entry) <= mData;
-        camera_metadata_entry_t updated{};
-        const int status =
-            update_camera_metadata_entry(mBuffer, index, entry.bytes.data(), elementsOf(entry), &updated);
-        require((status == OK) == fits, "an entry is updated when there is room");
-        require(!fits || (updated.index == index && updated.count == elementsOf(entry)), "and shown");
-        if (fits) mModel[index] = entry;
-    }
-
-    void erase(size_t index) {
-        const bool present = index < count();
-        require((delete_camera_metadata_entry(mBuffer, index) == OK) == present, "what is there is deleted");
-        if (present) mModel.erase(mModel.begin() + static_cast<std::ptrdiff_t>(index));
-    }
-
-    void becomeClone() { free_camera_metadata(std::exchange(mBuffer, clone_camera_metadata(mBuffer))); }
-
-    void requireSame() const {
-        require(validate_camera_metadata_structure(mBuffer, get_camera_metadata_size(mBuffer)) == OK,
-                "the structure is valid");
-        for (size_t i = 0; i < count(); ++i) {
-            camera_metadata_ro_entry_t view{};
-            require(get_camera_metadata_ro_entry(mBuffer, i, &view) == OK, "no entry is missing");
-            requireEntry(view, mModel[i], mBuffer);
-        }
-        require(get_camera_metadata_entry_count(mBuffer) == count(), "no entry too many");
-        require(get_camera_metadata_data_count(mBuffer) == used(), "the data area has no gaps");
-    }
-
-  private:
-    static size_t roomOf(const Entry& entry) {
-        return calculate_camera_metadata_entry_data_size(entry.type, elementsOf(entry));
-    }
-    size_t used() const {
-        return std::accumulate(mModel.begin(), mModel.end(), size_t{0},
-                               [](size_t sum, const Entry& entry) { return sum + roomOf(entry); });
-    }
-
-    camera_metadata_t* mBuffer;
-    const size_t mEntries;
-    const size_t mData;
-    std::vector<Entry> mModel;
-};
+// A tag that the buffer has at that index, or any.
+Entry entryFrom(Input& input, const FixedBuffer& buffer, size_t index, bool present) {
+    const uint32_t tag = present && index < buffer.count() ? buffer.tagAt(index) : input.oneOf(someTags());
+    const int type = std::max(get_camera_metadata_tag_type(tag), 0);
+    Entry entry{tag, static_cast<uint8_t>(type), input.bytes(40)};
+    entry.bytes.resize(elementsOf(entry) * camera_metadata_type_size[type]);
+    return entry;
+}
 
 void playFixed(Input& input) {
-    const size_t entries = input.below(12);
-    FixedBuffer buffer(entries, input.below(200));
+    FixedBuffer buffer(input.below(12), input.below(200));
     for (int steps = 0; steps < 100 && !input.atEnd(); ++steps) {
-        const size_t choice = input.below(4);
-        const size_t index = input.below(entries + 1);
-        // An update keeps the tag.
-        const uint32_t tag =
-            choice > 1 && index < buffer.count() ? buffer.tagAt(index) : input.oneOf(someTags());
-        const int type = get_camera_metadata_tag_type(tag);
-        if (type < 0) continue;
-        Entry entry{tag, static_cast<uint8_t>(type), input.bytes(40)};
-        entry.bytes.resize(elementsOf(entry) * camera_metadata_type_size[type]);
-        if (choice < 2) buffer.add(entry);
-        if (choice == 2) buffer.update(index, entry);
+        const size_t choice = input.below(8);
+        const size_t index = input.below(buffer.count() + 1);
+        if (choice < 3) {
+            const Entry entry = entryFrom(input, buffer, index, choice == 2);  // an update keeps the tag
+            const bool known = get_camera_metadata_tag_type(entry.tag) >= 0;
+            if (choice < 2 && known) buffer.add(entry);
+            if (choice == 2) buffer.update(index, entry);
+        }
         if (choice == 3) buffer.erase(index);
-        if (steps % 4 == 0) buffer.becomeClone();
+        if (choice == 4) buffer.sort();
+        if (choice == 5 && buffer.count() < 500) buffer.appendItself();
+        if (choice == 6) buffer.becomeCopy(input.below(2));
+        if (choice == 7) buffer.becomeLarger(input.below(12), input.below(200));
         buffer.requireSame();
     }
 }
@@ -326,7 +249,10 @@ void readForeign(Input& input) {
     auto* const bytes = reinterpret_cast<uint8_t*>(buffer);
     for (int changes = 0; changes < 40 && !input.atEnd(); ++changes)
         bytes[input.below(size)] = input.number();
-    if (validate_camera_metadata_structure(buffer, size) != OK) return free_camera_metadata(buffer);
+    if (validate_camera_metadata_structure(buffer, &size) != OK) {
+        require(allocate_copy_camera_metadata_checked(buffer, size) == nullptr, "no copy of broken bytes");
+        return free_camera_metadata(buffer);
+    }
     uint8_t sum = 0;
     camera_metadata_ro_entry_t entry{};
     for (size_t i = 0; get_camera_metadata_ro_entry(buffer, i, &entry) == OK; ++i) {

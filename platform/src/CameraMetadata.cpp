@@ -2,52 +2,62 @@
 
 #include <android/log.h>
 
-#include <algorithm>
 #include <utility>
 
 #include "MetadataBuffer.h"
 
+// A macro, so that the compiler checks formats against arguments.
+#define LOGE(...) __android_log_print(ANDROID_LOG_ERROR, "Camera2-Metadata", __VA_ARGS__)
+
 namespace android {
 namespace {
 
-constexpr char kLogTag[] = "CameraMetadata";
+using qz::host::kError;
 
-// A capacity that holds `needed` and, when it has to grow, grows often enough by doubling to make adding
-// cheap.
-size_t grownCapacity(size_t capacity, size_t needed, size_t least) {
-    return needed <= capacity ? capacity : std::max({needed, 2 * capacity, least});
+// A capacity that has to grow holds twice of what is needed: adding is cheap, and dumps show the same numbers
+// as on a device. SIZE_MAX, which is never there, when that is beyond all bounds.
+size_t grownCapacity(size_t capacity, size_t count, size_t extra) {
+    if (extra <= capacity - count) return capacity;
+    constexpr size_t kMost = qz::host::kMaxSize / 2;
+    return count <= kMost && extra <= kMost - count ? 2 * (count + extra) : SIZE_MAX;
+}
+
+bool isDeclaredAs(uint32_t tag, uint8_t type) {
+    const int declared = get_camera_metadata_tag_type(tag);
+    if (declared < 0) LOGE("update: unknown tag %#x", tag);
+    if (declared >= 0 && declared != type) {
+        LOGE("update: tag %#x is declared %s, not %s", tag, camera_metadata_type_names[declared],
+             type < NUM_TYPES ? camera_metadata_type_names[type] : "(no type)");
+    }
+    return declared == type;
 }
 
 }  // namespace
 
-CameraMetadata::CameraMetadata(camera_metadata_t* buffer) : mBuffer(buffer) {}
+CameraMetadata::CameraMetadata(size_t entryCapacity, size_t dataCapacity)
+    : mBuffer(allocate_camera_metadata(entryCapacity, dataCapacity)) {}
+
+CameraMetadata::CameraMetadata(camera_metadata_t* buffer) { acquire(buffer); }
 
 CameraMetadata::CameraMetadata(const CameraMetadata& other) : mBuffer(clone_camera_metadata(other.mBuffer)) {}
 
-CameraMetadata::CameraMetadata(CameraMetadata&& other) noexcept
-    : mBuffer(other.mLocked ? clone_camera_metadata(other.mBuffer) : std::exchange(other.mBuffer, nullptr)) {}
-
-CameraMetadata& CameraMetadata::operator=(const CameraMetadata& other) {
-    if (this != &other && !refuseLocked("assign")) replaceBuffer(clone_camera_metadata(other.mBuffer));
-    return *this;
-}
-
-CameraMetadata& CameraMetadata::operator=(CameraMetadata&& other) noexcept {
-    if (this == &other || refuseLocked("assign")) return *this;
-    CameraMetadata moved(std::move(other));
-    std::swap(mBuffer, moved.mBuffer);
-    return *this;
-}
-
 CameraMetadata::~CameraMetadata() { free_camera_metadata(mBuffer); }
 
+// The other assignment looks after the object itself: NOLINTNEXTLINE(bugprone-unhandled-self-assignment)
+CameraMetadata& CameraMetadata::operator=(const CameraMetadata& other) { return *this = other.mBuffer; }
+
+CameraMetadata& CameraMetadata::operator=(const camera_metadata_t* buffer) {
+    if (!refuseLocked("assign") && buffer != mBuffer) replaceBuffer(clone_camera_metadata(buffer));
+    return *this;
+}
+
 bool CameraMetadata::refuseLocked(const char* operation) const {
-    if (mLocked) __android_log_print(ANDROID_LOG_ERROR, kLogTag, "%s: the metadata is locked", operation);
+    if (mLocked) LOGE("%s: the metadata is locked", operation);
     return mLocked;
 }
 
 void CameraMetadata::replaceBuffer(camera_metadata_t* buffer) {
-    if (buffer != mBuffer) free_camera_metadata(std::exchange(mBuffer, buffer));
+    free_camera_metadata(std::exchange(mBuffer, buffer));
 }
 
 const camera_metadata_t* CameraMetadata::getAndLock() const {
@@ -57,18 +67,39 @@ const camera_metadata_t* CameraMetadata::getAndLock() const {
 
 status_t CameraMetadata::unlock(const camera_metadata_t* buffer) const {
     if (!mLocked) {
-        __android_log_print(ANDROID_LOG_ERROR, kLogTag, "unlock: the metadata is not locked");
+        LOGE("unlock: the metadata is not locked");
         return INVALID_OPERATION;
     }
     if (buffer != mBuffer) {
-        __android_log_print(ANDROID_LOG_ERROR, kLogTag, "unlock: not the buffer that was locked");
+        LOGE("unlock: not the buffer that was locked");
         return BAD_VALUE;
     }
     mLocked = false;
     return OK;
 }
 
-size_t CameraMetadata::entryCount() const { return get_camera_metadata_entry_count(mBuffer); }
+camera_metadata_t* CameraMetadata::release() {
+    return refuseLocked("release") ? nullptr : std::exchange(mBuffer, nullptr);
+}
+
+void CameraMetadata::acquire(camera_metadata_t* buffer) {
+    if (refuseLocked("acquire")) return;
+    if (buffer != nullptr && validate_camera_metadata_structure(buffer, nullptr) != OK) {
+        LOGE("acquire: the buffer is not sound");
+        free_camera_metadata(std::exchange(buffer, nullptr));
+    }
+    replaceBuffer(buffer);
+}
+
+void CameraMetadata::acquire(CameraMetadata& other) {
+    if (!refuseLocked("acquire")) acquire(other.release());
+}
+
+void CameraMetadata::swap(CameraMetadata& other) {
+    if (!refuseLocked("swap") && !other.refuseLocked("swap")) std::swap(mBuffer, other.mBuffer);
+}
+
+size_t CameraMetadata::entryCount() const { return mBuffer != nullptr ? mBuffer->entryCount : 0; }
 
 bool CameraMetadata::isEmpty() const { return entryCount() == 0; }
 
@@ -79,72 +110,72 @@ void CameraMetadata::clear() {
 status_t CameraMetadata::erase(uint32_t tag) {
     if (refuseLocked("erase")) return INVALID_OPERATION;
     camera_metadata_ro_entry_t entry = {};
-    if (find_camera_metadata_ro_entry(mBuffer, tag, &entry) != OK) return OK;
-    return delete_camera_metadata_entry(mBuffer, entry.index);
-}
-
-// The buffer itself when it has the room, otherwise a larger copy; null when there is no memory for one.
-camera_metadata_t* CameraMetadata::grown(size_t extraEntries, size_t extraData) const {
-    const size_t entries = get_camera_metadata_entry_capacity(mBuffer);
-    const size_t data = get_camera_metadata_data_capacity(mBuffer);
-    const size_t neededEntries = entryCount() + extraEntries;
-    const size_t neededData = get_camera_metadata_data_count(mBuffer) + extraData;
-    if (mBuffer != nullptr && neededEntries <= entries && neededData <= data) return mBuffer;
-    constexpr size_t kFirstEntries = 16;
-    constexpr size_t kFirstData = 256;
-    camera_metadata_t* larger = allocate_camera_metadata(grownCapacity(entries, neededEntries, kFirstEntries),
-                                                         grownCapacity(data, neededData, kFirstData));
-    if (larger == nullptr) larger = allocate_camera_metadata(neededEntries, neededData);
-    if (larger != nullptr && mBuffer != nullptr) qz::host::copyEntries(larger, mBuffer);
-    return larger;
-}
-
-status_t CameraMetadata::put(uint32_t tag, uint8_t type, const void* data, size_t count) {
-    const size_t size = calculate_camera_metadata_entry_data_size(type, count);
-    if (size == SIZE_MAX) return NO_MEMORY;
-    camera_metadata_ro_entry_t present = {};
-    const bool isPresent = find_camera_metadata_ro_entry(mBuffer, tag, &present) == OK;
-    const size_t oldSize =
-        isPresent ? calculate_camera_metadata_entry_data_size(present.type, present.count) : 0;
-    camera_metadata_t* const target = grown(isPresent ? 0 : 1, size - std::min(size, oldSize));
-    if (target == nullptr) return NO_MEMORY;
-    // The old buffer lives until the elements are copied: `data` may lie in it.
-    const status_t status = isPresent ? qz::host::updateEntry(target, present.index, type, data, count)
-                                      : qz::host::addEntry(target, tag, type, data, count);
-    replaceBuffer(target);
+    const status_t status = find_camera_metadata_ro_entry(mBuffer, tag, &entry);
+    if (status == NAME_NOT_FOUND) return OK;
+    if (status == OK) return delete_camera_metadata_entry(mBuffer, entry.index);
+    LOGE("erase: tag %#x: there is no buffer", tag);
     return status;
+}
+
+status_t CameraMetadata::sort() {
+    return refuseLocked("sort") ? INVALID_OPERATION : sort_camera_metadata(mBuffer);
+}
+
+// Makes room for so much more.
+status_t CameraMetadata::grow(size_t extraEntries, size_t extraData) {
+    const camera_metadata_t none = {};
+    const camera_metadata_t& now = mBuffer != nullptr ? *mBuffer : none;
+    const size_t entries = grownCapacity(now.entryCapacity, now.entryCount, extraEntries);
+    const size_t data = grownCapacity(now.dataCapacity, now.dataCount, extraData);
+    if (mBuffer != nullptr && entries == now.entryCapacity && data == now.dataCapacity) return OK;
+    camera_metadata_t* const larger = allocate_camera_metadata(entries, data);
+    if (larger == nullptr) {
+        LOGE("no memory for a larger buffer");
+        return NO_MEMORY;
+    }
+    if (mBuffer != nullptr) append_camera_metadata(larger, mBuffer);
+    replaceBuffer(larger);
+    return OK;
 }
 
 status_t CameraMetadata::append(const CameraMetadata& other) {
     if (refuseLocked("append")) return INVALID_OPERATION;
-    if (this == &other || other.isEmpty()) return OK;
-    camera_metadata_t* const target =
-        grown(other.entryCount(), get_camera_metadata_data_count(other.mBuffer));
-    if (target == nullptr) return NO_MEMORY;
-    replaceBuffer(target);
-    for (size_t i = 0; i < other.entryCount(); ++i) {
-        camera_metadata_ro_entry_t entry = {};
-        get_camera_metadata_ro_entry(other.mBuffer, i, &entry);
-        if (const status_t status = put(entry.tag, entry.type, entry.data.u8, entry.count); status != OK) {
-            return status;
-        }
+    if (other.mBuffer == nullptr) {
+        LOGE("append: the other object has no buffer");
+        return kError;
     }
-    return OK;
+    if (&other == this) {
+        LOGE("append: this is the object itself");
+        return INVALID_OPERATION;
+    }
+    const status_t status = grow(other.entryCount(), other.mBuffer->dataCount);
+    return status == OK ? append_camera_metadata(mBuffer, other.mBuffer) : status;
+}
+
+status_t CameraMetadata::put(uint32_t tag, uint8_t type, const void* data, size_t count) {
+    const size_t size = calculate_camera_metadata_entry_data_size(type, count);
+    if (const status_t status = grow(1, size); status != OK) return status;
+    camera_metadata_ro_entry_t present = {};
+    if (find_camera_metadata_ro_entry(mBuffer, tag, &present) != OK) {
+        return qz::host::addEntry(mBuffer, tag, type, data, count);
+    }
+    if (present.type != type) {  // of a time when the tag was declared otherwise
+        LOGE("update: the entry of tag %#x is %s", tag, camera_metadata_type_names[present.type]);
+        return INVALID_OPERATION;
+    }
+    return update_camera_metadata_entry(mBuffer, present.index, data, count, nullptr);
 }
 
 status_t CameraMetadata::updateChecked(uint32_t tag, uint8_t type, const void* data, size_t count) {
-    if (refuseLocked("update")) return INVALID_OPERATION;
-    const int declared = get_camera_metadata_tag_type(tag);
-    if (declared < 0) {
-        __android_log_print(ANDROID_LOG_ERROR, kLogTag, "update: unknown tag %#x", tag);
+    if (refuseLocked("update") || !isDeclaredAs(tag, type)) return INVALID_OPERATION;
+    if (qz::host::liesIn(mBuffer, data)) {
+        LOGE("update: the data for tag %#x lie in the object's own buffer", tag);
         return INVALID_OPERATION;
     }
-    if (declared != type) {
-        __android_log_print(ANDROID_LOG_ERROR, kLogTag, "update: tag %#x is declared %s, not %s", tag,
-                            camera_metadata_type_names[declared], camera_metadata_type_names[type]);
-        return INVALID_OPERATION;
+    if (data == nullptr && count > 0) {
+        LOGE("update: the data for tag %#x are null", tag);
+        return kError;
     }
-    if (data == nullptr && count > 0) return BAD_VALUE;
     return put(tag, type, data, count);
 }
 
@@ -174,6 +205,10 @@ status_t CameraMetadata::update(uint32_t tag, const camera_metadata_rational_t* 
 
 status_t CameraMetadata::update(uint32_t tag, const String8& text) {
     return updateChecked(tag, TYPE_BYTE, text.c_str(), text.size() + 1);
+}
+
+status_t CameraMetadata::update(const camera_metadata_ro_entry& entry) {
+    return updateChecked(entry.tag, entry.type, entry.data.u8, entry.count);
 }
 
 bool CameraMetadata::exists(uint32_t tag) const {

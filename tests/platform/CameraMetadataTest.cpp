@@ -2,7 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <array>
+#include <functional>
+#include <string>
 #include <utility>
 #include <vector>
 
@@ -19,6 +22,8 @@ namespace {
 
 constexpr uint32_t kVendorTag = 0x80010000;
 constexpr std::array<uint8_t, 3> kBytes = {1, 2, 3};
+constexpr const uint8_t* kNoBytes = nullptr;
+const std::vector<std::string> kOneLine = {"Camera2-Metadata"};
 
 // Random changes beside a plain list of entries: fuzz/MetadataTarget.cpp, which the test fuzz.metadata
 // replays.
@@ -32,8 +37,7 @@ TEST(CameraMetadata, UpdateRefusesUnknownTagsAndOtherTypes) {
     EXPECT_EQ(metadata.update(kVendorTag, String8("7")), INVALID_OPERATION);
     EXPECT_EQ(metadata.update(kVendorTag + 1, &number, 1), INVALID_OPERATION);
     EXPECT_EQ(metadata.update(ANDROID_CONTROL_MODE, &number, 1), INVALID_OPERATION);
-    EXPECT_EQ(metadata.update(ANDROID_CONTROL_END, kBytes.data(), 1), INVALID_OPERATION);
-    EXPECT_EQ(metadata.update(kVendorTag, static_cast<const int32_t*>(nullptr), 1), BAD_VALUE);
+    EXPECT_EQ(metadata.update(ANDROID_SYNC_END, kBytes.data(), 1), INVALID_OPERATION);
     EXPECT_EQ(metadata.update(kVendorTag, &number, SIZE_MAX / 2), NO_MEMORY);
     EXPECT_EQ(metadata.update(kVendorTag, &number, SIZE_MAX / 4 + 2), NO_MEMORY);  // times four wraps to four
     EXPECT_EQ(metadata.entryCount(), 1U);
@@ -43,8 +47,7 @@ TEST(CameraMetadata, UpdateRefusesUnknownTagsAndOtherTypes) {
 TEST(CameraMetadata, AnEmptyEntryIsPresentAndATextKeepsItsTerminator) {
     CameraMetadata metadata;
     EXPECT_EQ(metadata.find(ANDROID_JPEG_GPS_PROCESSING_METHOD).data.u8, nullptr);
-    EXPECT_EQ(metadata.update(ANDROID_JPEG_GPS_PROCESSING_METHOD, static_cast<const uint8_t*>(nullptr), 0),
-              OK);
+    EXPECT_EQ(metadata.update(ANDROID_JPEG_GPS_PROCESSING_METHOD, kNoBytes, 0), OK);
     EXPECT_TRUE(metadata.exists(ANDROID_JPEG_GPS_PROCESSING_METHOD));
     EXPECT_EQ(metadata.update(ANDROID_JPEG_GPS_PROCESSING_METHOD, String8("GPS fix")), OK);
     EXPECT_EQ(metadata.find(ANDROID_JPEG_GPS_PROCESSING_METHOD).count, 8U);
@@ -55,50 +58,156 @@ TEST(CameraMetadata, AnEmptyEntryIsPresentAndATextKeepsItsTerminator) {
 TEST(CameraMetadata, ALockedObjectRefusesEveryChange) {
     CameraMetadata metadata;
     ASSERT_EQ(metadata.update(ANDROID_CONTROL_MODE, kBytes.data(), 1), OK);
-    const CameraMetadata other(metadata);
-    const qz::test::ErrorLog log;
+    CameraMetadata other(metadata);
+    ASSERT_EQ(other.update(ANDROID_CONTROL_MODE, kBytes.data(), 3), OK);
+    const camera_metadata_ro_entry_t entry = std::as_const(other).find(ANDROID_CONTROL_MODE);
+    camera_metadata_t* const loose = allocate_camera_metadata(1, 0);
     const camera_metadata_t* const buffer = metadata.getAndLock();
-    EXPECT_EQ(metadata.update(ANDROID_CONTROL_MODE, kBytes.data(), 2), INVALID_OPERATION);
-    EXPECT_EQ(metadata.erase(ANDROID_CONTROL_MODE), INVALID_OPERATION);
-    EXPECT_EQ(metadata.append(other), INVALID_OPERATION);
-    metadata.clear();
-    metadata = CameraMetadata();
-    const CameraMetadata moved(std::move(metadata));
-    EXPECT_EQ(moved.find(ANDROID_CONTROL_MODE).count, 1U);
-    // Moved from, but it was locked: NOLINTNEXTLINE(clang-analyzer-cplusplus.Move,bugprone-use-after-move)
-    EXPECT_EQ(std::as_const(metadata).find(ANDROID_CONTROL_MODE).count, 1U);
-    EXPECT_NE(metadata.unlock(moved.getAndLock()), OK);
-    EXPECT_EQ(metadata.update(ANDROID_CONTROL_MODE, kBytes.data(), 2), INVALID_OPERATION) << "still locked";
-    EXPECT_EQ(qz::test::ErrorLog::lines().size(), 7U);
+    const struct {
+        const char* change;
+        std::function<bool()> isRefused;
+    } kRows[] = {
+        {"update", [&] { return metadata.update(ANDROID_CONTROL_MODE, kBytes.data(), 2) == -38; }},
+        {"update of a text", [&] { return metadata.update(ANDROID_CONTROL_MODE, String8("a")) == -38; }},
+        {"update by an entry", [&] { return metadata.update(entry) == -38; }},
+        {"erase", [&] { return metadata.erase(ANDROID_CONTROL_MODE) == -38; }},
+        {"append", [&] { return metadata.append(other) == -38; }},
+        {"sort", [&] { return metadata.sort() == -38; }},
+        {"clear", [&] { return metadata.clear(), true; }},
+        {"release", [&] { return metadata.release() == nullptr; }},
+        {"acquire a buffer", [&] { return metadata.acquire(loose), true; }},
+        {"acquire an object", [&] { return metadata.acquire(other), true; }},
+        {"swap", [&] { return metadata.swap(other), true; }},
+        {"swap the other way", [&] { return other.swap(metadata), true; }},
+        {"assign", [&] { return &(metadata = other) == &metadata; }},
+        {"assign a buffer", [&] { return &(metadata = loose) == &metadata; }},
+        {"assign itself", [&] { return &(metadata = *&metadata) == &metadata; }},
+        {"find to write", [&] { return metadata.find(ANDROID_CONTROL_MODE).data.u8 == nullptr; }},
+        {"unlock by another buffer", [&] { return metadata.unlock(loose) == BAD_VALUE; }},
+    };
+    for (const auto& row : kRows) {
+        const qz::test::ErrorLog log;
+        EXPECT_TRUE(row.isRefused()) << row.change;
+        EXPECT_EQ(qz::test::ErrorLog::lines(), kOneLine) << row.change;
+        EXPECT_EQ(metadata.getAndLock(), buffer) << row.change;
+        EXPECT_EQ(std::as_const(metadata).find(ANDROID_CONTROL_MODE).count, 1U) << row.change;
+        EXPECT_EQ(std::as_const(other).find(ANDROID_CONTROL_MODE).count, 3U) << row.change;
+    }
+    free_camera_metadata(loose);
+    EXPECT_EQ(CameraMetadata(metadata).erase(ANDROID_CONTROL_MODE), OK) << "a copy is not locked";
     EXPECT_EQ(metadata.unlock(buffer), OK);
-    EXPECT_NE(metadata.unlock(buffer), OK);
+    const qz::test::ErrorLog log;
+    EXPECT_EQ(metadata.unlock(buffer), INVALID_OPERATION) << "not locked any more";
+    EXPECT_EQ(qz::test::ErrorLog::lines(), kOneLine);
+    EXPECT_EQ(metadata.find(ANDROID_CONTROL_MODE).count, 1U);
     EXPECT_EQ(metadata.update(ANDROID_CONTROL_MODE, kBytes.data(), 2), OK);
 }
 
-// The elements come from the object's own buffer, which a change moves about or replaces.
-TEST(CameraMetadata, UpdatesFromItsOwnBuffer) {
-    constexpr std::array<int32_t, 6> kNumbers = {10, 20, 30, 40, 50, 60};
+// What a device refuses, and what would crash there.
+TEST(CameraMetadata, RefusalsHaveALine) {
+    const std::array<int32_t, 4> numbers = {10, 20, 30, 40};
     CameraMetadata metadata;
-    metadata.update(ANDROID_SCALER_CROP_REGION, kNumbers.data(), 4);
-    metadata.update(ANDROID_CONTROL_AE_REGIONS, kNumbers.data(), 6);
-    const auto copy = [&metadata](uint32_t to, uint32_t from, size_t first, size_t count) {
-        EXPECT_EQ(metadata.update(to, metadata.find(from).data.i32 + first, count), OK);
-        return std::vector<int32_t>(metadata.find(to).data.i32, metadata.find(to).data.i32 + count);
+    CameraMetadata none;
+    camera_metadata_ro_entry_t typeless = {};
+    typeless.tag = ANDROID_CONTROL_MODE;
+    typeless.type = NUM_TYPES;
+    ASSERT_EQ(metadata.update(ANDROID_SCALER_CROP_REGION, numbers.data(), 4), OK);
+    ASSERT_EQ(metadata.update(ANDROID_SENSOR_SENSITIVITY, numbers.data(), 1), OK);
+    const auto own = [&](uint32_t tag) { return std::as_const(metadata).find(tag).data.i32; };
+    const int32_t* const inEntry = own(ANDROID_SENSOR_SENSITIVITY);
+    const int32_t* const inData = own(ANDROID_SCALER_CROP_REGION);
+    const std::vector<std::pair<const char*, std::function<bool()>>> kRows = {
+        {"own data", [&] { return metadata.update(ANDROID_SCALER_CROP_REGION, inData + 1, 2) == -38; }},
+        {"own data, none", [&] { return metadata.update(ANDROID_SCALER_CROP_REGION, inData, 0) == -38; }},
+        {"own entry", [&] { return metadata.update(ANDROID_CONTROL_AE_REGIONS, inEntry, 1) == -38; }},
+        {"no type", [&] { return metadata.update(typeless) == -38; }},
+        {"null data", [&] { return metadata.update(ANDROID_CONTROL_MODE, kNoBytes, 1) == 1; }},
+        {"erase without a buffer", [&] { return none.erase(ANDROID_CONTROL_MODE) == 1; }},
+        {"append without a buffer", [&] { return metadata.append(none) == 1; }},
+        {"append itself", [&] { return metadata.append(metadata) == -38; }},
     };
-    using Numbers = std::vector<int32_t>;
-    EXPECT_EQ(copy(ANDROID_SCALER_CROP_REGION, ANDROID_CONTROL_AE_REGIONS, 1, 5),
-              (Numbers{20, 30, 40, 50, 60}));
-    EXPECT_EQ(copy(ANDROID_CONTROL_AE_REGIONS, ANDROID_SCALER_CROP_REGION, 2, 3), (Numbers{40, 50, 60}));
-    EXPECT_EQ(copy(ANDROID_CONTROL_AE_REGIONS, ANDROID_CONTROL_AE_REGIONS, 1, 1), (Numbers{50}));
-    for (uint32_t tag = ANDROID_SCALER_AVAILABLE_PROCESSED_SIZES; tag > ANDROID_SCALER_CROP_REGION; --tag) {
-        if (get_camera_metadata_tag_type(tag) != TYPE_INT32) continue;
-        for (size_t round = 0; round < 5; ++round) {  // grows in between
-            EXPECT_EQ(copy(tag, ANDROID_SCALER_CROP_REGION, round, 5 - round),
-                      Numbers(kNumbers.begin() + 1 + static_cast<int>(round), kNumbers.end()));
-        }
+    for (const auto& [what, isRefused] : kRows) {
+        const qz::test::ErrorLog log;
+        EXPECT_TRUE(isRefused()) << what;
+        EXPECT_EQ(qz::test::ErrorLog::lines(), kOneLine) << what;
+        EXPECT_EQ(metadata.entryCount(), 2U) << what;
+        EXPECT_EQ(metadata.find(ANDROID_SCALER_CROP_REGION).count, 4U) << what;
     }
-    EXPECT_EQ(metadata.append(metadata), OK);
-    EXPECT_EQ(metadata.find(ANDROID_SCALER_CROP_REGION).count, 5U);
+    const qz::test::ErrorLog log;
+    EXPECT_EQ(none.sort(), 1);
+    EXPECT_EQ(metadata.erase(ANDROID_CONTROL_MODE), OK) << "absent";
+    EXPECT_TRUE(qz::test::ErrorLog::lines().empty());
+}
+
+// An entry from before its tag was declared with another type keeps its type.
+TEST(CameraMetadata, AnEntryOfAFormerTypeIsNotUpdated) {
+    const int32_t number = 7;
+    CameraMetadata metadata;
+    {
+        const qz::test::GlobalVendorTags vendor({{kVendorTag, "com.ambrix.test", "iso", TYPE_INT32}});
+        ASSERT_EQ(metadata.update(kVendorTag, &number, 1), OK);
+    }
+    const qz::test::GlobalVendorTags vendor({{kVendorTag, "com.ambrix.test", "iso", TYPE_BYTE}});
+    const qz::test::ErrorLog log;
+    EXPECT_EQ(metadata.update(kVendorTag, kBytes.data(), 3), INVALID_OPERATION);
+    EXPECT_EQ(qz::test::ErrorLog::lines(), kOneLine);
+    EXPECT_EQ(*metadata.find(kVendorTag).data.i32, 7);
+}
+
+TEST(CameraMetadata, AppendAddsASecondEntryAndTheOlderIsFound) {
+    CameraMetadata metadata;
+    CameraMetadata other;
+    metadata.update(ANDROID_CONTROL_MODE, kBytes.data(), 1);
+    other.update(ANDROID_CONTROL_MODE, kBytes.data() + 1, 1);
+    other.update(ANDROID_CONTROL_AE_MODE, kBytes.data() + 2, 1);
+    EXPECT_EQ(metadata.append(other), OK);
+    EXPECT_EQ(metadata.entryCount(), 3U);
+    EXPECT_EQ(*metadata.find(ANDROID_CONTROL_MODE).data.u8, 1);
+    EXPECT_EQ(metadata.sort(), OK);
+    EXPECT_EQ(metadata.find(ANDROID_CONTROL_AE_MODE).index, 0U);
+    EXPECT_EQ(*metadata.find(ANDROID_CONTROL_MODE).data.u8, 1);
+    EXPECT_EQ(metadata.erase(ANDROID_CONTROL_MODE), OK);
+    EXPECT_EQ(*metadata.find(ANDROID_CONTROL_MODE).data.u8, 2);
+}
+
+TEST(CameraMetadata, BuffersChangeHands) {
+    CameraMetadata metadata(4, 100);
+    const auto capacities = [](const CameraMetadata& object) {
+        const camera_metadata_t* const buffer = object.getAndLock();
+        object.unlock(buffer);
+        return std::make_pair(get_camera_metadata_entry_capacity(buffer),
+                              get_camera_metadata_data_capacity(buffer));
+    };
+    EXPECT_EQ(capacities(metadata), std::make_pair(size_t{4}, size_t{100}));
+    for (uint32_t tag = ANDROID_CONTROL_AE_LOCK; metadata.entryCount() < 5; ++tag) {
+        if (get_camera_metadata_tag_type(tag) == TYPE_BYTE) metadata.update(tag, kBytes.data(), 3);
+    }
+    EXPECT_EQ(capacities(metadata), std::make_pair(size_t{10}, size_t{100})) << "twice of what is needed";
+
+    CameraMetadata moved(std::move(metadata));
+    // There is no move: NOLINTNEXTLINE(clang-analyzer-cplusplus.Move,bugprone-use-after-move)
+    EXPECT_EQ(metadata.entryCount(), 5U);
+    EXPECT_EQ(capacities(moved), std::make_pair(size_t{5}, size_t{0})) << "just what it needs";
+
+    camera_metadata_t* const buffer = moved.release();
+    EXPECT_EQ(get_camera_metadata_entry_count(buffer), 5U);
+    EXPECT_TRUE(moved.isEmpty());
+    moved = buffer;
+    EXPECT_NE(moved.release(), buffer) << "a copy";
+    moved.acquire(buffer);
+    metadata.clear();
+    metadata.swap(moved);
+    EXPECT_EQ(metadata.entryCount(), 5U);
+    EXPECT_TRUE(moved.isEmpty());
+    moved.acquire(metadata);
+    EXPECT_EQ(moved.release(), buffer);
+    EXPECT_TRUE(metadata.isEmpty());
+
+    auto* const broken = reinterpret_cast<uint32_t*>(buffer);
+    std::fill_n(broken, 4, 0xffffffff);
+    const qz::test::ErrorLog log;
+    EXPECT_TRUE(CameraMetadata(buffer).isEmpty());
+    EXPECT_EQ(qz::test::ErrorLog::lines(), kOneLine);
 }
 
 }  // namespace

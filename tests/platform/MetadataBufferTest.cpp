@@ -1,10 +1,13 @@
 #include <gtest/gtest.h>
 #include <system/camera_metadata.h>
 
+#include <array>
 #include <cstdio>
 #include <cstring>
+#include <functional>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "VendorTags.h"
@@ -36,29 +39,171 @@ TEST(MetadataBuffer, RefusesWhatItHasNoRoomForAndStaysAsItWas) {
     EXPECT_EQ(allocate_camera_metadata(SIZE_MAX, 0), nullptr);
     EXPECT_EQ(allocate_camera_metadata(SIZE_MAX / 16 + 2, 8), nullptr);  // times the entry size wraps
     EXPECT_EQ(allocate_camera_metadata(1, SIZE_MAX), nullptr);
-    EXPECT_EQ(calculate_camera_metadata_entry_data_size(TYPE_RATIONAL, SIZE_MAX / 8 + 2), SIZE_MAX);
-    EXPECT_EQ(calculate_camera_metadata_entry_data_size(NUM_TYPES, 1), SIZE_MAX);
-
     const Buffer buffer = makeBuffer(2, 24);
     const int32_t numbers[5] = {1, 2, 3, 4, 5};
     const float aperture = 1.8F;
-    ASSERT_EQ(add_camera_metadata_entry(buffer.get(), ANDROID_SCALER_CROP_REGION, numbers, 5), 0);
-    EXPECT_EQ(add_camera_metadata_entry(buffer.get(), ANDROID_CONTROL_AE_REGIONS, numbers, 2), -12);
-    EXPECT_EQ(update_camera_metadata_entry(buffer.get(), 0, numbers, 7, nullptr), -12);
-    EXPECT_EQ(update_camera_metadata_entry(buffer.get(), 0, numbers, SIZE_MAX / 4 + 2, nullptr), -12);
-    ASSERT_EQ(add_camera_metadata_entry(buffer.get(), ANDROID_LENS_APERTURE, &aperture, 1), 0);
-    EXPECT_EQ(add_camera_metadata_entry(buffer.get(), ANDROID_LENS_APERTURE, &aperture, 1), -12);
-    EXPECT_EQ(add_camera_metadata_entry(buffer.get(), ANDROID_LENS_END, &aperture, 1), -22);
-    EXPECT_EQ(delete_camera_metadata_entry(buffer.get(), 2), -2);
+    camera_metadata_t* const metadata = buffer.get();
+    ASSERT_EQ(add_camera_metadata_entry(metadata, ANDROID_SCALER_CROP_REGION, numbers, 5), 0);
+    EXPECT_EQ(add_camera_metadata_entry(metadata, ANDROID_CONTROL_AE_REGIONS, numbers, 2), 1);
+    EXPECT_EQ(update_camera_metadata_entry(metadata, 0, numbers, 7, nullptr), 1);
+    EXPECT_EQ(update_camera_metadata_entry(metadata, 0, numbers, SIZE_MAX / 4 + 2, nullptr), 1);
+    ASSERT_EQ(add_camera_metadata_entry(metadata, ANDROID_LENS_APERTURE, &aperture, 1), 0);
+    EXPECT_EQ(add_camera_metadata_entry(metadata, ANDROID_LENS_APERTURE, &aperture, 1), 1);
+    EXPECT_EQ(append_camera_metadata(metadata, metadata), 1);
+    EXPECT_EQ(copy_camera_metadata(metadata, 8, metadata), nullptr);
 
     camera_metadata_ro_entry_t entry = {};
-    EXPECT_NE(get_camera_metadata_ro_entry(buffer.get(), 2, &entry), 0);
-    EXPECT_EQ(find_camera_metadata_ro_entry(buffer.get(), ANDROID_CONTROL_MODE, &entry), -2);
-    ASSERT_EQ(find_camera_metadata_ro_entry(buffer.get(), ANDROID_SCALER_CROP_REGION, &entry), 0);
+    EXPECT_EQ(find_camera_metadata_ro_entry(metadata, ANDROID_CONTROL_MODE, &entry), -2);
+    ASSERT_EQ(find_camera_metadata_ro_entry(metadata, ANDROID_SCALER_CROP_REGION, &entry), 0);
     EXPECT_EQ(std::vector<int32_t>(entry.data.i32, entry.data.i32 + entry.count),
               (std::vector<int32_t>{1, 2, 3, 4, 5}));
-    EXPECT_EQ(update_camera_metadata_entry(buffer.get(), 0, numbers, 6 - 1, nullptr), 0)
-        << "the same size again";
+    EXPECT_EQ(update_camera_metadata_entry(metadata, 0, numbers, 6 - 1, nullptr), 0) << "the same size again";
+}
+
+// The status is 1 or another form of "no"; there is a line where a device would crash.
+TEST(MetadataBuffer, NullsAndWhatIsNotThere) {
+    const Buffer buffer = makeBuffer(2, 24);
+    camera_metadata_t* const sound = buffer.get();
+    add<uint8_t>(buffer, ANDROID_CONTROL_MODE, {1});
+    camera_metadata_entry_t entry = {};
+    camera_metadata_ro_entry_t view = {};
+    alignas(8) char memory[200] = {};
+    const auto isNull = [](const camera_metadata_t* made) { return made == nullptr ? 1 : 0; };
+    const struct {
+        const char* call;
+        std::function<size_t()> answer;
+        size_t expected;
+        size_t lines;
+    } kRows[] = {
+        {"entry count", [] { return get_camera_metadata_entry_count(nullptr); }, 0, 1},
+        {"entry capacity", [] { return get_camera_metadata_entry_capacity(nullptr); }, 0, 1},
+        {"data count", [] { return get_camera_metadata_data_count(nullptr); }, 0, 1},
+        {"data capacity", [] { return get_camera_metadata_data_capacity(nullptr); }, 0, 1},
+        {"size", [] { return get_camera_metadata_size(nullptr); }, 1, 0},
+        {"compact size", [] { return get_camera_metadata_compact_size(nullptr); }, 1, 0},
+        {"entry of null", [&] { return get_camera_metadata_entry(nullptr, 0, &entry); }, 1, 0},
+        {"entry to null", [&] { return get_camera_metadata_entry(sound, 0, nullptr); }, 1, 0},
+        {"entry beyond", [&] { return get_camera_metadata_ro_entry(sound, 1, &view); }, 1, 0},
+        {"find in null", [&] { return find_camera_metadata_ro_entry(nullptr, 0, &view); }, 1, 0},
+        {"add to null", [] { return add_camera_metadata_entry(nullptr, 0, nullptr, 0); }, 1, 0},
+        {"add null", [&] { return add_camera_metadata_entry(sound, 0x10000, nullptr, 1); }, 1, 0},
+        {"add unknown", [&] { return add_camera_metadata_entry(sound, 0x7fff0000, nullptr, 0); }, 1, 0},
+        {"update null", [] { return update_camera_metadata_entry(nullptr, 0, nullptr, 0, nullptr); }, 1, 0},
+        {"update by null", [&] { return update_camera_metadata_entry(sound, 0, nullptr, 1, nullptr); }, 1, 1},
+        {"update beyond", [&] { return update_camera_metadata_entry(sound, 1, "", 1, nullptr); }, 1, 0},
+        {"delete in null", [] { return delete_camera_metadata_entry(nullptr, 0); }, 1, 0},
+        {"delete beyond", [&] { return delete_camera_metadata_entry(sound, 1); }, 1, 0},
+        {"append null", [&] { return append_camera_metadata(sound, nullptr); }, 1, 0},
+        {"append to null", [&] { return append_camera_metadata(nullptr, sound); }, 1, 0},
+        {"sort null", [] { return sort_camera_metadata(nullptr); }, 1, 0},
+        {"validate null", [] { return validate_camera_metadata_structure(nullptr, nullptr); }, 1, 0},
+        {"clone null", [&] { return isNull(clone_camera_metadata(nullptr)); }, 1, 0},
+        {"copy null", [&] { return isNull(copy_camera_metadata(memory, 200, nullptr)); }, 1, 1},
+        {"copy to null", [&] { return isNull(copy_camera_metadata(nullptr, 200, sound)); }, 1, 0},
+        {"checked null", [&] { return isNull(allocate_copy_camera_metadata_checked(nullptr, 200)); }, 1, 0},
+        {"place at null", [&] { return isNull(place_camera_metadata(nullptr, 200, 1, 1)); }, 1, 0},
+        {"place askew", [&] { return isNull(place_camera_metadata(memory + 4, 196, 1, 1)); }, 1, 1},
+        {"place too much", [&] { return isNull(place_camera_metadata(memory, SIZE_MAX, SIZE_MAX, 1)); }, 1,
+         0},
+    };
+    for (const auto& row : kRows) {
+        const qz::test::ErrorLog log;
+        EXPECT_EQ(row.answer(), row.expected) << row.call;
+        EXPECT_EQ(qz::test::ErrorLog::lines(), std::vector<std::string>(row.lines, "camera_metadata"))
+            << row.call;
+    }
+    EXPECT_EQ(get_camera_metadata_entry_count(sound), 1U);
+}
+
+TEST(MetadataBuffer, Sizes) {
+    const struct {
+        uint8_t type;
+        size_t count;
+        size_t size;
+    } kRows[] = {
+        {TYPE_BYTE, 0, 0},     {TYPE_BYTE, 4, 0},
+        {TYPE_BYTE, 5, 8},     {TYPE_INT32, 1, 0},
+        {TYPE_INT32, 2, 8},    {TYPE_INT32, 3, 16},
+        {TYPE_RATIONAL, 1, 8}, {TYPE_RATIONAL, SIZE_MAX / 8 + 2, SIZE_MAX},
+        {NUM_TYPES, 100, 0},
+    };
+    for (const auto& row : kRows) {
+        EXPECT_EQ(calculate_camera_metadata_entry_data_size(row.type, row.count), row.size)
+            << int{row.type} << ' ' << row.count;
+    }
+    const size_t none = calculate_camera_metadata_size(0, 0);
+    EXPECT_EQ(calculate_camera_metadata_size(3, 1), none + 3 * 16 + 8);
+    EXPECT_EQ(calculate_camera_metadata_size(0, SIZE_MAX), SIZE_MAX);
+    EXPECT_EQ(get_camera_metadata_size(makeBuffer(3, 1).get()), none + 3 * 16 + 8);
+}
+
+// Equal contents are equal bytes, whatever was there before: between the elements of an entry and the next
+// multiple of 8, and behind those that fit into the entry.
+TEST(MetadataBuffer, PaddingIsZero) {
+    const uint8_t bytes[16] = {1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16};
+    for (const size_t count : {1U, 3U, 5U, 6U, 9U, 15U}) {
+        alignas(8) std::array<char, 200> memory = {};
+        memory.fill('x');
+        camera_metadata_t* const buffer = place_camera_metadata(memory.data(), memory.size(), 2, 32);
+        ASSERT_EQ(add_camera_metadata_entry(buffer, ANDROID_CONTROL_MODE, bytes, 16), 0);
+        ASSERT_EQ(update_camera_metadata_entry(buffer, 0, bytes, 5, nullptr), 0);
+        ASSERT_EQ(update_camera_metadata_entry(buffer, 0, bytes, 8, nullptr), 0);
+        camera_metadata_entry_t entry = {};
+        ASSERT_EQ(update_camera_metadata_entry(buffer, 0, bytes, count, &entry), 0);
+        for (size_t at = 0; at < (count <= 4 ? 4 : (count + 7) / 8 * 8); ++at) {
+            EXPECT_EQ(entry.data.u8[at], at < count ? bytes[at] : 0) << at << " of " << count;
+        }
+    }
+}
+
+TEST(MetadataBuffer, CopiesHaveJustTheRoomThatTheyNeed) {
+    const Buffer buffer = makeBuffer(9, 100);
+    add<int32_t>(buffer, ANDROID_SCALER_CROP_REGION, {1, 2, 3});
+    add<uint8_t>(buffer, ANDROID_CONTROL_MODE, {1});
+    const size_t compact = get_camera_metadata_compact_size(buffer.get());
+    EXPECT_EQ(compact, calculate_camera_metadata_size(2, 16));
+    std::vector<uint64_t> memory(compact / 8);
+    EXPECT_EQ(copy_camera_metadata(memory.data(), compact - 1, buffer.get()), nullptr);
+    const Buffer clone(clone_camera_metadata(buffer.get()), &free_camera_metadata);
+    const camera_metadata_t* const placed = copy_camera_metadata(memory.data(), compact, buffer.get());
+    for (const camera_metadata_t* copy : {placed, static_cast<const camera_metadata_t*>(clone.get())}) {
+        EXPECT_EQ(get_camera_metadata_entry_capacity(copy), 2U);
+        EXPECT_EQ(get_camera_metadata_data_capacity(copy), 16U);
+        EXPECT_EQ(dumpOf(copy, 2, 0), dumpOf(clone.get(), 2, 0));
+    }
+    const size_t size = get_camera_metadata_size(buffer.get());
+    const Buffer whole(allocate_copy_camera_metadata_checked(buffer.get(), size), &free_camera_metadata);
+    EXPECT_EQ(dumpOf(whole.get(), 2, 0), dumpOf(buffer.get(), 2, 0));
+    EXPECT_EQ(allocate_copy_camera_metadata_checked(buffer.get(), size - 1), nullptr);
+    EXPECT_EQ(allocate_copy_camera_metadata_checked(buffer.get(), 8), nullptr);
+}
+
+TEST(MetadataBuffer, AppendedEntriesKeepTheirElementsAndTheOrderIsKnown) {
+    const Buffer buffer = makeBuffer(4, 64);
+    const Buffer other = makeBuffer(2, 16);
+    const auto flags = [&buffer] {
+        const std::string text = dumpOf(buffer.get(), 0, 0);
+        return text.substr(text.find("Flags: "), 15);
+    };
+    add<int32_t>(other, ANDROID_SCALER_CROP_REGION, {5, 6});
+    add<uint8_t>(other, ANDROID_CONTROL_MODE, {2});
+    ASSERT_EQ(sort_camera_metadata(other.get()), 0);
+    ASSERT_EQ(append_camera_metadata(buffer.get(), other.get()), 0);
+    EXPECT_EQ(flags(), "Flags: 00000001") << "as the other's";
+    ASSERT_EQ(append_camera_metadata(buffer.get(), other.get()), 0);
+    EXPECT_EQ(flags(), "Flags: 00000000");
+    ASSERT_EQ(sort_camera_metadata(buffer.get()), 0);
+    EXPECT_EQ(dumpOf(buffer.get(), 1, 0),
+              "Dumping camera metadata array: 4 / 4 entries, 16 / 64 bytes of extra data.\n"
+              "  Version: 1, Flags: 00000001\n"
+              "  android.control.mode (1000f): byte[1]\n    [USE_SCENE_MODE ]\n"
+              "  android.control.mode (1000f): byte[1]\n    [USE_SCENE_MODE ]\n"
+              "  android.scaler.cropRegion (d0000): int32[2]\n    [5 6 ]\n"
+              "  android.scaler.cropRegion (d0000): int32[2]\n    [5 6 ]\n");
+    ASSERT_EQ(delete_camera_metadata_entry(buffer.get(), 0), 0);
+    EXPECT_EQ(flags(), "Flags: 00000001");
+    add<uint8_t>(buffer, ANDROID_CONTROL_MODE, {2});
+    EXPECT_EQ(flags(), "Flags: 00000000");
 }
 
 // Each byte of a sound buffer takes each value: what is still called sound must be readable and changeable to
@@ -69,9 +214,10 @@ TEST(MetadataBuffer, ValidationAcceptsOnlyWhatIsSafeToUse) {
     add<uint8_t>(buffer, ANDROID_CONTROL_MODE, {1});
     add<int64_t>(buffer, ANDROID_SENSOR_EXPOSURE_TIME, {4});
     const size_t size = get_camera_metadata_size(buffer.get());
-    EXPECT_EQ(validate_camera_metadata_structure(buffer.get(), size), 0);
-    EXPECT_NE(validate_camera_metadata_structure(buffer.get(), size - 1), 0);
-    EXPECT_NE(validate_camera_metadata_structure(nullptr, size), 0);
+    const size_t less = size - 1;
+    EXPECT_EQ(validate_camera_metadata_structure(buffer.get(), &size), 0);
+    EXPECT_EQ(validate_camera_metadata_structure(buffer.get(), nullptr), 0);
+    EXPECT_EQ(validate_camera_metadata_structure(buffer.get(), &less), 1);
     size_t refused = 0;
     for (size_t at = 0; at < size; ++at) {
         for (int value = 0; value < 256; ++value) {
@@ -79,17 +225,45 @@ TEST(MetadataBuffer, ValidationAcceptsOnlyWhatIsSafeToUse) {
             std::memcpy(memory.data(), buffer.get(), size);
             reinterpret_cast<uint8_t*>(memory.data())[at] = static_cast<uint8_t>(value);
             auto* const changed = reinterpret_cast<camera_metadata_t*>(memory.data());
-            if (validate_camera_metadata_structure(changed, size) != 0) {
+            if (validate_camera_metadata_structure(changed, &size) != 0) {
                 ++refused;
                 continue;
             }
             const Buffer copy(clone_camera_metadata(changed), &free_camera_metadata);
             while (delete_camera_metadata_entry(changed, 0) == 0) {
-                EXPECT_EQ(validate_camera_metadata_structure(changed, size), 0) << at << " = " << value;
+                EXPECT_EQ(validate_camera_metadata_structure(changed, &size), 0) << at << " = " << value;
             }
         }
     }
     EXPECT_GT(refused, size_t{2040});  // eight bytes' worth: at least the counts and the offsets
+}
+
+// A data area that starts among the entries would be overwritten by the next ones.
+TEST(MetadataBuffer, ValidationRefusesADataStartAmongTheEntriesAlsoWithoutEntries) {
+    const Buffer buffer = makeBuffer(3, 32);
+    auto* const words = reinterpret_cast<uint32_t*>(buffer.get());
+    constexpr size_t kDataStart = 5;
+    const uint32_t right = words[kDataStart];
+    for (uint32_t start = 0; start <= right; start += 8) {
+        words[kDataStart] = start;
+        EXPECT_EQ(validate_camera_metadata_structure(buffer.get(), nullptr), start < right ? 1 : 0) << start;
+    }
+    EXPECT_EQ(right, 32U + 3 * 16);
+}
+
+TEST(MetadataBuffer, ValidationRefusesAStandardEntryOfAnotherType) {
+    const Buffer buffer = makeBuffer(1, 0);
+    add<uint8_t>(buffer, ANDROID_CONTROL_MODE, {1});
+    auto* const tag = reinterpret_cast<uint32_t*>(buffer.get()) + 8;
+    ASSERT_EQ(*tag, static_cast<uint32_t>(ANDROID_CONTROL_MODE));
+    for (const auto& [other, status] :
+         std::vector<std::pair<uint32_t, int>>{{ANDROID_CONTROL_AE_MODE, 0},     // a byte as well
+                                               {ANDROID_SENSOR_SENSITIVITY, 1},  // an int32
+                                               {0x7fff0000, 1},                  // no tag
+                                               {0x80000000, 0}}) {  // its descriptor may come later
+        *tag = other;
+        EXPECT_EQ(validate_camera_metadata_structure(buffer.get(), nullptr), status) << std::hex << other;
+    }
 }
 
 // The text that people have from devices, entry for entry.

@@ -78,7 +78,7 @@ inline Declarations declare(const std::string& tags, const std::string& how) {
 inline Texts entriesOf(const android::CameraMetadata& request) {
     Texts entries;
     const camera_metadata_t* buffer = request.getAndLock();
-    for (size_t i = 0; i < get_camera_metadata_entry_count(buffer); ++i) {
+    for (size_t i = 0; i < request.entryCount(); ++i) {
         camera_metadata_ro_entry entry = {};
         get_camera_metadata_ro_entry(buffer, i, &entry);
         entries.push_back(get_camera_metadata_tag_name(entry.tag) + std::string("="));

@@ -2,15 +2,15 @@
 //
 // A buffer is one allocation that holds entries (a tag, an element type, a count and the elements) in the
 // order in which they were added. Up to 4 bytes of elements lie in the entry itself; longer ones lie in the
-// data area behind the entries, each from a multiple of 8 bytes on. A tag stands for one entry at most as
-// long as its owner looks before it adds (CameraMetadata does).
+// data area behind the entries, each from a multiple of 8 bytes on. A tag may have
+// several entries; the first one is found.
 //
 // An entry handed out points into the buffer: it is valid until the next change of the buffer. A buffer may
-// be read by several threads at a time; whoever changes it must be alone with it. No function reads a null
-// buffer: it counts as one without entries.
+// be read by several threads at a time; whoever changes it must be alone with it.
 //
-// Status: 0 is success; -2 a tag or index that is not there, -12 no room, -22 anything else that is refused.
-// A refused change leaves the buffer as it was.
+// Status: 0 is success; -2 a tag that is not there; 1 anything else that is refused: no room, an index out of
+// range, an unknown tag. A refused change leaves the buffer as it was. Whatever would crash on a device is
+// refused too, with an error line (log tag "camera_metadata").
 #ifndef QZ_HOST_SYSTEM_CAMERA_METADATA_H
 #define QZ_HOST_SYSTEM_CAMERA_METADATA_H
 
@@ -108,8 +108,22 @@ typedef struct camera_metadata camera_metadata_t;
 camera_metadata_t* allocate_camera_metadata(size_t entry_capacity, size_t data_capacity);
 void free_camera_metadata(camera_metadata_t* metadata);
 
-// A copy with the same capacities, the caller's to free; null for null or for lack of memory.
+// The same in the caller's own memory, 8-byte aligned, which is not to be freed as above; null when it is
+// too small. calculate_camera_metadata_size() says how many bytes it takes, SIZE_MAX when beyond 2 GiB.
+camera_metadata_t* place_camera_metadata(void* dst, size_t dst_size, size_t entry_capacity,
+                                         size_t data_capacity);
+size_t calculate_camera_metadata_size(size_t entry_capacity, size_t data_capacity);
+
+// Copies, with just the capacities that they need. A clone is the caller's to free, null for null or for lack
+// of memory. copy_camera_metadata() copies into the caller's own memory, as above; such a copy takes
+// get_camera_metadata_compact_size() bytes.
 camera_metadata_t* clone_camera_metadata(const camera_metadata_t* src);
+camera_metadata_t* copy_camera_metadata(void* dst, size_t dst_size, const camera_metadata_t* src);
+size_t get_camera_metadata_compact_size(const camera_metadata_t* metadata);
+
+// A copy of `src_size` bytes, byte for byte and the caller's to free, if they are a sound buffer (see
+// validate_camera_metadata_structure); otherwise null.
+camera_metadata_t* allocate_copy_camera_metadata_checked(const camera_metadata_t* src, size_t src_size);
 
 size_t get_camera_metadata_entry_count(const camera_metadata_t* metadata);
 size_t get_camera_metadata_entry_capacity(const camera_metadata_t* metadata);
@@ -117,8 +131,8 @@ size_t get_camera_metadata_data_count(const camera_metadata_t* metadata);     //
 size_t get_camera_metadata_data_capacity(const camera_metadata_t* metadata);  // bytes of the data area
 size_t get_camera_metadata_size(const camera_metadata_t* metadata);           // bytes of the whole buffer
 
-// Bytes of data area that `count` elements of `type` take: 0 when they fit in the entry. SIZE_MAX for a type
-// that does not exist or a count that no buffer can hold.
+// Bytes of data area that `count` elements of `type` take: 0 when they fit in the entry or the type does not
+// exist. SIZE_MAX for a count that no buffer can hold.
 size_t calculate_camera_metadata_entry_data_size(uint8_t type, size_t count);
 
 int get_camera_metadata_entry(camera_metadata_t* src, size_t index, camera_metadata_entry_t* entry);
@@ -142,10 +156,17 @@ int update_camera_metadata_entry(camera_metadata_t* dst, size_t index, const voi
 // Removes an entry; those behind it move up.
 int delete_camera_metadata_entry(camera_metadata_t* dst, size_t index);
 
-// Whether `size` bytes at `metadata` (8-byte aligned) are a buffer that the other functions can be trusted
-// with: every count within its capacity, every entry of an existing type, the data area tiled by its entries
-// without gap or overlap. 0 or -22; no byte outside is read. Says nothing about tags.
-int validate_camera_metadata_structure(const camera_metadata_t* metadata, size_t size);
+// Adds all entries of `src` behind those of `dst`, present tags included. All of them or none.
+int append_camera_metadata(camera_metadata_t* dst, const camera_metadata_t* src);
+
+// Puts the entries in the order of their tags; those of one tag keep their order.
+int sort_camera_metadata(camera_metadata_t* dst);
+
+// Whether `metadata` is a buffer that the other functions can be trusted with: 8-byte aligned, every count
+// within its capacity, every entry of an existing type, those of standard tags of the declared one, the data
+// area tiled by its entries without gap or overlap. `expected_size` is the number of bytes there, none of
+// which beyond is read; null when it is not known, and the buffer's own size is believed. 0 or 1.
+int validate_camera_metadata_structure(const camera_metadata_t* metadata, const size_t* expected_size);
 
 // Names and type of a tag: null and -1 when unknown. For a vendor tag the global vendor descriptor is asked;
 // the texts then live as long as that descriptor. The section of an unknown tag is known if its upper half
