@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <cinttypes>
 #include <string>
 
 #include "MetadataBuffer.h"
@@ -17,7 +16,7 @@ constexpr size_t kFewValues = 16;
 constexpr size_t kValuesPerLine[NUM_TYPES] = {16, 4, 8, 2, 4, 2};
 
 // A whole number, by its name if the tag names it.
-void appendNumber(std::string& out, uint32_t tag, int32_t value) {
+void appendNumber(std::string& out, uint32_t tag, int64_t value) {
     const char* const name = qz::host::nameOfValue(tag, value);
     out += name != nullptr ? name : std::to_string(value);
 }
@@ -31,7 +30,7 @@ void appendValue(std::string& out, const camera_metadata_ro_entry_t& entry, size
         case TYPE_FLOAT:
             return StringAppendF(&out, "%0.8f", static_cast<double>(entry.data.f[i]));
         case TYPE_INT64:
-            return StringAppendF(&out, "%" PRId64, entry.data.i64[i]);
+            return appendNumber(out, entry.tag, entry.data.i64[i]);
         case TYPE_DOUBLE:
             return StringAppendF(&out, "%0.8f", entry.data.d[i]);
         default:

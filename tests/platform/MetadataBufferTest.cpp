@@ -105,6 +105,7 @@ TEST(MetadataBuffer, NullsAndWhatIsNotThere) {
         {"place askew", [&] { return isNull(place_camera_metadata(memory + 4, 196, 1, 1)); }, 1, 1},
         {"place too much", [&] { return isNull(place_camera_metadata(memory, SIZE_MAX, SIZE_MAX, 1)); }, 1,
          0},
+        {"no room for a name", [&] { return camera_metadata_enum_snprint(0x1000f, 0, memory, 0) + 2; }, 1, 1},
     };
     for (const auto& row : kRows) {
         const qz::test::ErrorLog log;

@@ -5,6 +5,7 @@
 #include <camera/CameraMetadata.h>
 #include <camera/VendorTagDescriptor.h>
 
+#include <fmt/format.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -16,6 +17,7 @@
 namespace qzcam {
 namespace {
 
+using testing::Contains;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
@@ -129,10 +131,10 @@ TEST(DumpParser, ChoosesTheCameraInEverySpellingOfItsTitle) {
 TEST(DumpParser, CountsWhatItPassesOver) {
     const Parsed parsed(
         "== Service global info: ==\nNumber of camera devices: 2\n" +
-        entry("      android.automotive.location (1c0000): byte[1]\n        [INTERIOR ]\n"
+        entry("      android.newest.location (1c0000): byte[1]\n        [INTERIOR ]\n"
               "      org.codeaurora.x.y (80070000): int32[2]\n        [1 2 3 and more ]\n"
               "      unknownSection.unknownTag (80990000): unknown[3]\n"
-              "      android.request.availableCapabilities (c000c): byte[2]\n        [RAW STREAM_USE_CASE ]\n"
+              "      android.request.availableCapabilities (c000c): byte[2]\n        [RAW NEWEST_CASE_2 ]\n"
               "      android.control.maxRegions (1001c): byte[1]\n        [1 ]\n"
               "      android.jpeg.availableThumbnailSizes (70007): int32[18]\n        [0 1 2 3 ]\n        [4 "
               "5 6 7 ]\n"
@@ -146,6 +148,43 @@ TEST(DumpParser, CountsWhatItPassesOver) {
     EXPECT_EQ(parsed.device.cutLists, 1U);
     EXPECT_THAT(parsed.entries(), ElementsAre("android.jpeg.availableThumbnailSizes int32[16] "
                                               "0 1 2 3 4 5 6 7 8 9 10 11 12 13 14 15"));
+}
+
+// Tags and names that came after the platform whose headers this is built with; a newer platform may number
+// them otherwise.
+TEST(DumpParser, ReadsNewerPlatforms) {
+    const Parsed parsed(
+        entry("      android.control.zoomRatioRange (1002e): float[2]\n        [1.00000000 8.00000000 ]\n"
+              "      android.control.aeMode (10003): byte[1]\n        [ON_EXTERNAL_FLASH ]\n"
+              "      android.scaler.rotateAndCrop (d0011): byte[2]\n        [90 AUTO ]\n"
+              "      android.request.availableColorSpaceProfilesMap (c0015): int64[3]\n        [UNSPECIFIED "
+              "16 ]\n        [7 ]\n"
+              "      android.automotive.location (1c0000): byte[1]\n        [INTERIOR ]\n"));
+    EXPECT_THAT(parsed.problems.first(), IsEmpty());
+    EXPECT_THAT(parsed.entries(),
+                ElementsAre("android.control.zoomRatioRange float[2] 1 8",
+                            "android.control.aeMode byte[1] 5 (ON_EXTERNAL_FLASH)",
+                            "android.scaler.rotateAndCrop byte[2] 1 (90) 4 (AUTO)",
+                            "android.request.availableColorSpaceProfilesMap int64[3] -1 (UNSPECIFIED) 16 "
+                            "(BT2020_HLG) 7 (DISPLAY_P3)",
+                            "android.automotive.location byte[1] 0 (INTERIOR)"));
+    EXPECT_EQ(staticCharacteristics(parsed.device).entryCount(), 5U);
+}
+
+TEST(DumpParser, TakesAsManyVendorTagsAsThePlatform) {
+    std::string text = "== Vendor tags: ==\n\n  Dumping configured vendor tag descriptors: 65538 entries\n";
+    for (unsigned i = 0; i < 65538; ++i) {
+        text += fmt::format("    {:#x} (n{}) with type 0 (byte) defined in section s\n", 0x80000000U + i, i);
+    }
+    const Parsed parsed(text + entry("      android.control.mode (1000f): byte[1]\n        [AUTO ]\n"));
+    EXPECT_EQ(parsed.device.vendorTags.size(), 65536U);
+    EXPECT_THAT(
+        parsed.problems.first(),
+        ElementsAre("d:65540: more than 65536 vendor tags: this one and those after it are left out"));
+    EXPECT_THAT(parsed.device.passedOver, Contains(Pair("vendor tags beyond 65536", 2)));
+    installVendorTags(parsed.device);
+    EXPECT_EQ(android::VendorTagDescriptor::getGlobalVendorTagDescriptor()->getTagCount(), 65536);
+    android::VendorTagDescriptor::clearGlobalVendorTagDescriptor();
 }
 
 TEST(DumpParser, KeepsAllVendorGroupsAndTheirNumbersApart) {
@@ -270,8 +309,9 @@ TEST(TagNames, ResolvesShortNamesThatAreClear) {
         {"android.lens.info.availableApertures", ANDROID_LENS_INFO_AVAILABLE_APERTURES, nullptr},
         {"both", 0, "'both' may be a.b.both or c.d.both: expected one of these"},
         {"availableModes", 0,
-         "'availableModes' may be android.control.availableModes or android.shading.availableModes: expected "
-         "one of these"},
+         "'availableModes' may be android.control.availableModes or "
+         "android.distortionCorrection.availableModes or android.shading.availableModes: expected one of "
+         "these"},
         {"nothing", 0, "this device declares no tag 'nothing'"},
     };
     for (const auto& row : kRows) {

@@ -2,8 +2,8 @@
 //
 // A buffer is one allocation that holds entries (a tag, an element type, a count and the elements) in the
 // order in which they were added. Up to 4 bytes of elements lie in the entry itself; longer ones lie in the
-// data area behind the entries, each from a multiple of 8 bytes on. A tag may have
-// several entries; the first one is found.
+// data area behind the entries, each from a multiple of 8 bytes on. A tag may have several entries; the first
+// one is found.
 //
 // An entry handed out points into the buffer: it is valid until the next change of the buffer. A buffer may
 // be read by several threads at a time; whoever changes it must be alone with it.
@@ -72,7 +72,7 @@ typedef struct camera_metadata_ro_entry {
 
 // ANDROID_COLOR_CORRECTION = 0 ... ANDROID_DEPTH = 25. The upper half of a tag is its section.
 typedef enum camera_metadata_section {
-#define QZ_SECTION(section, name, count) section,
+#define QZ_SECTION(section, name, count, all) section,
 #include <system/camera_metadata_standard.inc>
     ANDROID_SECTION_COUNT,
     VENDOR_SECTION = 0x8000
@@ -80,13 +80,13 @@ typedef enum camera_metadata_section {
 
 // ANDROID_CONTROL_START = ANDROID_CONTROL << 16, and so on: the first tag a section has or would have.
 typedef enum camera_metadata_section_start {
-#define QZ_SECTION(section, name, count) section##_START = (section) << 16,
+#define QZ_SECTION(section, name, count, all) section##_START = (section) << 16,
 #include <system/camera_metadata_standard.inc>
 } camera_metadata_section_start_t;
 
 // ANDROID_CONTROL_END, and so on: the tag after a section's last one.
 typedef enum camera_metadata_section_end {
-#define QZ_SECTION(section, name, count) section##_END = ((section) << 16) + (count),
+#define QZ_SECTION(section, name, count, all) section##_END = ((section) << 16) + (count),
 #include <system/camera_metadata_standard.inc>
 } camera_metadata_section_end_t;
 
@@ -94,6 +94,12 @@ typedef enum camera_metadata_tag {
 #define QZ_TAG(tag, number, name, type) tag = (number),
 #include <system/camera_metadata_standard.inc>
 } camera_metadata_tag_t;
+
+// The values that have names: ANDROID_CONTROL_AE_MODE_ON = 1, and so on.
+enum {
+#define QZ_VALUE(tag, name, value) tag##_##name = (value),
+#include <system/camera_metadata_values.inc>
+};
 
 extern const char* const camera_metadata_section_names[ANDROID_SECTION_COUNT];
 extern const uint32_t camera_metadata_section_bounds[ANDROID_SECTION_COUNT][2];  // start, end (exclusive)
@@ -170,10 +176,14 @@ int validate_camera_metadata_structure(const camera_metadata_t* metadata, const 
 
 // Names and type of a tag: null and -1 when unknown. For a vendor tag the global vendor descriptor is asked;
 // the texts then live as long as that descriptor. The section of an unknown tag is known if its upper half
-// is.
+// is. Also known are the standard tags that newer platforms added, up to Android 14.
 const char* get_camera_metadata_section_name(uint32_t tag);
 const char* get_camera_metadata_tag_name(uint32_t tag);
 int get_camera_metadata_tag_type(uint32_t tag);
+
+// Writes the name of a tag's value ("ON"), cut to `size` bytes with its terminator. 0, or -1 and a text that
+// says so when there is none.
+int camera_metadata_enum_snprint(uint32_t tag, uint32_t value, char* dst, size_t size);
 
 // Writes the buffer to a file descriptor as text, each line indented by so many blanks (the entries by two
 // more, their values by four more). Verbosity 0: the entries' names, types and counts; 1: with at most 16

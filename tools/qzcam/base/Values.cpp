@@ -139,6 +139,7 @@ std::string elementText(const Values& values, size_t index) {
 const char* elementName(const Values& values, uint32_t tag, size_t index) {
     if (values.type == TYPE_BYTE) return qz::host::nameOfValue(tag, elementAt<uint8_t>(values, index));
     if (values.type == TYPE_INT32) return qz::host::nameOfValue(tag, elementAt<int32_t>(values, index));
+    if (values.type == TYPE_INT64) return qz::host::nameOfValue(tag, elementAt<int64_t>(values, index));
     return nullptr;
 }
 
@@ -161,10 +162,10 @@ std::string textIn(const Values& values, size_t step) {
 
 }  // namespace
 
+// Some values have numbers for names: 90 is the name of 1 in android.scaler.rotateAndCrop.
 bool appendElement(Values& values, uint32_t tag, std::string_view text) {
-    if (appendNumber(values, text)) return true;
     const auto named = qz::host::valueOfName(tag, text);
-    return named && appendNumber(values, fmt::to_string(*named));
+    return named ? appendNumber(values, fmt::to_string(*named)) : appendNumber(values, text);
 }
 
 std::string elementForm(uint8_t type) {

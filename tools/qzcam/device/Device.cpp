@@ -39,12 +39,8 @@ struct DeviceTags : vendor_tag_ops_t {
 
 TagNames::TagNames(const std::vector<Tag>& vendorTags) {
     for (const Tag& tag : vendorTags) add(tag);
-    for (size_t section = 0; section < ANDROID_SECTION_COUNT; ++section) {
-        const auto& bounds = camera_metadata_section_bounds[section];
-        for (uint32_t id = bounds[0]; id < bounds[1]; ++id) {
-            const auto* tag = qz::host::findStandardTag(id);
-            if (tag) add({id, tag->type, camera_metadata_section_names[section], tag->name});
-        }
+    for (const auto& tag : qz::host::StandardTags()) {
+        add({tag.tag, tag.type, get_camera_metadata_section_name(tag.tag), tag.name});
     }
 }
 
