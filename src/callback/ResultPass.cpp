@@ -16,15 +16,15 @@ using Function = void (*)(CameraQzCallBack&, const Result&);
 
 // The facts of a row that the pass needs; the others take no room in the library.
 struct Step {
-    const char* handler;
-    Function function;  // of its own; null for a plain row
+    const char* handler = nullptr;
+    Function function = nullptr;  // of its own; null for a plain row
     EntryRow entry;
-    int32_t message;
-    int32_t kind;
-    const char* line;
-    uint8_t tagLength;
-    bool optional;
-    bool professionalMode;
+    int32_t message = 0;
+    int32_t kind = 0;
+    const char* line = nullptr;
+    uint8_t tagLength = 0;
+    bool optional = false;
+    bool professionalMode = false;
 };
 
 constexpr Step stepOf(const ResultRow& row, Function function) {

@@ -39,8 +39,8 @@ struct CapabilityRow {
     const char* getter = nullptr;
     bool plain = false;  // nothing but this row; otherwise a function of the getter's name runs
     Feature feature = Feature::image;
-    Upto<EntryRow, 2> entries;  // static entries that are read; another count is as good as none
     uint8_t minimum = 0;        // the adapter reports an entry with fewer elements
+    Upto<EntryRow, 2> entries;  // static entries that are read; another count is as good as none
     Upto<Publication, 2> publishes;
     RowLine counts;               // line for a declared entry that is as good as none; of plain rows
     RowLine echoes;               // line that reads the published text back; of plain rows

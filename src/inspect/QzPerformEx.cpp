@@ -162,7 +162,7 @@ void QzPerformEx::dumpVendorTags() {
 // Entries are reached one by one through a lock only. The host may hold it, and unlocking what the host has
 // locked would end the host's lock: so the lock is that of a copy.
 void QzPerformEx::dumpCurrentTags(const CameraMetadata& metadata) {
-    const CameraMetadata copy(metadata);
+    const CameraMetadata copy(metadata);  // NOLINT(performance-unnecessary-copy-initialization)
     const camera_metadata_t* buffer = copy.getAndLock();
     const size_t count = metadata.entryCount();
     LOG(line::EntryCount, __func__, count);

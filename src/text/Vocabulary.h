@@ -33,8 +33,8 @@ struct Words {
 struct Vocabulary {
     // Text to number, for requests.
     Words words;
-    int whenNull;
-    int whenUnknown;
+    int whenNull = 0;
+    int whenUnknown = 0;
 
     // Number to text, for published lists; null names where there is no way back. The first word of a number
     // speaks for it. An unknown number is logged as unknownText, with the name toText, and gives the
