@@ -1,7 +1,7 @@
 #include "QzParametersEx.h"
 
-#include "camera/Peer.h"
 #include "support/Device.h"
+#include "support/Peer.h"
 #include "support/Rows.h"
 
 #include <gmock/gmock.h>

@@ -7,45 +7,29 @@
 #include "callback/Results.h"
 #include "support/Device.h"
 #include "support/Entries.h"
+#include "support/Peer.h"
 
 #include <gmock/gmock.h>
 
 #include <iomanip>
 #include <map>
+#include <set>
+#include <stdexcept>
 
-namespace qz {
+namespace qz::test {
 
-struct TestPeer {
-    static CameraQzCallBack* make(ExtCallBackInterface* host, CCameraQzParam* translator) {
-        return new CameraQzCallBack(host, translator);
+// Tags without their section.
+inline std::string shortName(const std::string& tag) { return tag.substr(tag.rfind('.') + 1); }
+
+// The entry of a row by its tag without the section.
+inline const EntryRow& entryRow(const std::string& name) {
+    for (const ResultRow& row : kResults) {
+        for (const EntryRow& entry : row.entries) {
+            if (shortName(entry.tag) == name) return entry;
+        }
     }
-    static void setProfessional(CCameraQzParam& p, bool on) { p.mProfessionalMode.set(on); }
-    // Focus motor, focus contrast, OTP result, LCD compensation.
-    static std::vector<int> stored(const CCameraQzParam& p) {
-        return {p.mFocusVcmValue.get(), p.mFocusContrastValue.get(), p.mOtpTestResult.get(),
-                p.mLcdCompensate.get()};
-    }
-    static int dualVerifyActive(const CameraQzCallBack& c) { return c.mDualVerifyActive; }
-
-    // Every handler, in order.
-    static std::vector<int> handle(CameraQzCallBack& c, const android::CameraMetadata& result) {
-        std::vector<int> statuses;
-        for (const ResultRow& row : kResults) statuses.push_back(runHandler(c, row.handler, result));
-        return statuses;
-    }
-};
-
-namespace test {
-
-// In the order in which the handlers ask for them, with their element types.
-inline constexpr char kTags[] =
-    "qz-zsl-mode:b target-coordinates-offset:i focusVcmValue:i qz-af-mmi-contrast-value:i qz-otp-check:i "
-    "dualSensorAbnormal:i qz-dual-camera-verification-mode:b qz-dual-camera-verification-result:i "
-    "mmiTestFeatureResult:i qz-mmi-camera-pdaf-verification-mode:b qz-dual-camera-pdaf-verification-result:i "
-    "hintUser:i qz-low-capture-state:i needLcdCompensate:b lightPaintingExposureTime:i "
-    "qz-exposure-mode-preview-state:b exposureTime:l isoState:i exposureStateHint:i qz_algo_mean_y:i "
-    "qz_laser_calibrate_result:i qz-lpd-params:i qz-dark-raider-capture:i qz-af-mmi-contrast-result-value:i "
-    "oisGryoOffsetCalibResult:i oisHallCalibResult:b oisHallCheckResult:i";
+    throw std::out_of_range(name);
+}
 
 // "100[65656565 05000000]": a message and the bytes of its block.
 inline std::string block(uint32_t type, const B& bytes) {
@@ -71,13 +55,13 @@ class Host : public ExtCallBackInterface {
     camera_metadata_ro_entry findResultEntry(const android::CameraMetadata& from, uint32_t tag) override {
         EXPECT_EQ(&from, &result);
         const std::string name(get_camera_metadata_tag_name(tag));
-        asked.push_back(std::string(get_camera_metadata_section_name(tag)) + '.' + name);
+        asked.insert(name);
         return entryOf(tag, entries[name]);
     }
 
     const android::CameraMetadata result{};
     std::map<std::string, Elements> entries;
-    std::vector<std::string> asked;
+    std::set<std::string> asked;
     status_t status = 0;
 
   private:
@@ -102,26 +86,29 @@ class Session {
     void play(const std::string& table) {
         for (const std::vector<std::string>& row : rowsOf(table)) {
             host->entries = entriesOf(row[0]);
-            EXPECT_THAT(TestPeer::handle(*callBack, host->result), testing::Each(0)) << row[0];
+            EXPECT_EQ(callBack->processQzCallBack(host->result), 0);
             std::string expected;
             for (size_t i = 1; i < row.size(); ++i) expected += row[i] + '\n';
             EXPECT_EQ(trace(), expected) << row[0];
         }
     }
-    [[nodiscard]] std::vector<int> stored() { return TestPeer::stored(camera.translator()); }
-    void professional() { TestPeer::setProfessional(camera.translator(), true); }
+    [[nodiscard]] TestPeer::Members members() { return TestPeer::members(*callBack, camera.translator()); }
+    void professional() { (camera.translator().*TestPeer::professional).set(true); }
 
     Camera camera;
     android::sp<Host> host{new Host};
     android::sp<CameraQzCallBack> callBack{CreateCameraQzCallBack(host.get(), &camera.translator())};
-    android::sp<CameraQzCallBack> orphan{TestPeer::make(nullptr, &camera.translator())};
+    android::sp<CameraQzCallBack> orphan{TestPeer::withoutHost(&camera.translator())};
 
   private:
     static Declarations declarations(const std::string& undeclared) {
         Declarations all;
-        for (const std::string& tag : split(kTags, ' ')) {
-            const std::string name = split(tag, ':')[0];
-            if (name != undeclared) all.emplace_back(capture(name), TYPE_BYTE);
+        for (const ResultRow& row : kResults) {
+            for (const EntryRow& entry : row.entries) {
+                const std::string name(entry.tag);
+                if (name.rfind("android.", 0) != 0 && shortName(name) != undeclared)
+                    all.emplace_back(name, entry.type);
+            }
         }
         return all;
     }
@@ -130,7 +117,7 @@ class Session {
         for (const std::string& entry : split(text, ' ')) {
             std::vector<std::string> sides = split(entry, '=');
             sides.resize(2);
-            char type = kTags[std::string(kTags).find(sides[0] + ':') + sides[0].size() + 1];
+            char type = "bifl"[entryRow(sides[0]).type];
             if (sides[1].find(':') == 1) {
                 type = sides[1][0];
                 sides[1].erase(0, 2);
@@ -141,5 +128,4 @@ class Session {
     }
 };
 
-}  // namespace test
-}  // namespace qz
+}  // namespace qz::test

@@ -1,20 +1,17 @@
 #include "CCameraQzParam.h"
 
-#include "camera/Peer.h"
 #include "support/Device.h"
+#include "support/Peer.h"
 #include "support/Rows.h"
 
 #include <cutils/properties.h>
 #include <gmock/gmock.h>
-
-#include <optional>
 
 namespace qz::test {
 namespace {
 
 using android::String8;
 using testing::ElementsAre;
-using testing::ElementsAreArray;
 
 std::vector<LogLine> error(const char* text) { return lineOf(ANDROID_LOG_ERROR, "CameraQzParam", text); }
 std::vector<LogLine> info(const std::string& text) { return lineOf(ANDROID_LOG_INFO, "CameraQzParam", text); }
@@ -24,9 +21,10 @@ TEST(CCameraQzParam, StartsEmpty) {
     EXPECT_EQ(CreateCameraQzParam(nullptr), nullptr);
     EXPECT_EQ(log.take(), error("CreateCameraQzParam: paramIntf is NULL!"));
     Camera camera;
-    EXPECT_EQ(TestPeer::state(camera.translator()),
-              std::make_tuple(-1, false, false, false, 0, 0, 0, 0, 0, 0, -1, 0, 0, false, 0, 0, 0, false,
-                              false, false, false, false, false, false, 0, 0, 0));
+    for (const auto& [name, value] : TestPeer::members(camera.translator())) {
+        const bool isUnset = name == "mBurstCapture" || name == "mFocusContrastValue";
+        EXPECT_EQ(value, isUnset ? -1 : 0) << name;
+    }
 }
 
 TEST(CCameraQzParam, AnswersWithoutAPass) {
@@ -132,94 +130,10 @@ TEST(CCameraQzParam, CustomizedZsl) {
     property_set("camera.ignore.qz.customized.zsl", "");
 }
 
-// Keys in the order of the pass: '#' marks an integer read, '>' a read that needs what stands before it, a
-// long-exposure mode, a declared tag or a flag.
-constexpr char kReads[] = R"(
-    iso contrast saturation brightness zsl-mode sharpness qz-face-ae-area metering-mode
-    burst-capture >#burst-capture #burst-delay-ms burst-stop-command #exp-bracketing-range #qz-face-orientation
-    qz-face-detection qz-smile-detection qz-blink-detection qz-face-beauty qz-face-meiwo
-    qz-image-post-process >key-qz-panorama >key-qz-2dpanorama #qz-omron-face-beauty-level qz-image-denoise
-    key-ambrix-scope qz-best-photo-mode qz-face-beauty-preview-only norvale-target-tracking target-coordinates
-    key-hdr-movie qz-capture-mirror-mode #qz-magnifier-step-value key-qz-panorama key-qz-2dpanorama
-    #key-qz-2dpanorama-tiny-width >#key-qz-2dpanorama-tiny-height #key-qz-2dpanorama-cap #key-qz-2dpanorama-index
-    qz-manual-focus-mode #qz-manual-focus-step-value #face-mirror-supported #face-mirror-point qz-effect
-    #key_exposure_time qz-dual-primary-mode
-
-    key-pdaf-verify scene-mode #zoom >#max-zoom key-dual-camera-verify qz-mmi-afc-mode qz-mmi-ois-vcm-calib-mode
-    #key-laser-calibration qz-big-aperture-mode #qz-set-aperture-value focus-areas metering-areas
-    post-process-picture-name fast-snapshot-mode recording-hint qz-exposure-mode >qz-exposure-try-ae
-    >qz-relayout-mode #rotation >#jpeg-thumbnail-width >#jpeg-thumbnail-height >#jpeg-quality
-    >#jpeg-thumbnail-quality #qz_ois_enable #qz_ois_magnetism_check #qz_mmi_enable #qz-mmi-ivp-pro
-    #qz_agingvcm_enable #qz_ois_running #qz_ois_check #qz_ois_degree_mode #qz-dual-flash-mode
-    #qz-dual-flash-current-index #qz-dual-flash-picture-index qz-af-mmi-control-mode
-    >#mmitest-lowlight-sensor-mode >#mmitest-lowlight-sensor-gain qz-exposure-compensation-value
-    qz-manual-iso-value qz-manual-exposure-value picture-size qz-refocus-mode
-    qz-qzcamera-flag >qz-face-beauty-preview-only qz-nice-food-mode qz-qzcamera-flag qz-capture-prepare
-    #qz-video-fps qz-focus-metering-separation #front_flash_level qz-manual-flash qz-sensor-wb
-    qz-sensor-exposure-time qz-sensor-iso qz-professional-mode #zy-level qz-raw-img-save-switch
-    qz-raw-img-path-name qz-exposure-hint-mode qz-dynamic-iso-range qz-af-equip-mmi-control-mode
-    qz-mmi-gamma-mode qz-mmi-raw-region qz-mmi-sub-raw-region qz-pro-focus-mode qz-makeup-effect qz-makeup-mode
-    qz-focus-assist-flash-mode key-dual-camera-hdc-calib #qz-dark-raider-mode-enable qz-color-mode
-    qz-dm-watermark-mode #qz_mmi_capture_dual_mode qz_ois_gryo_offset_calib qz_ois_hall_calib qz_ois_hall_check
-    qz_ois_set_gryo_gain qz_ois_save_gryo_gain sub-picture-size video-stabilization
-    qz-dual-primary-mode)";
-
-// Remembers what it is asked for.
-class RecordingHost : public QzParametersEx {
-  public:
-    using QzParametersEx::QzParametersEx;
-    const char* get(const char* key) override {
-        reads.emplace_back(key);
-        return QzParametersEx::get(key);
-    }
-    int getInt(const char* key) override {
-        reads.push_back(std::string("#") + key);
-        return QzParametersEx::getInt(key);
-    }
-    std::vector<std::string> reads;
-};
-
-TEST(RequestPass, ReadsKeysInItsOrder) {
-    std::vector<std::string> whenAbsent;
-    std::vector<std::string> whenSet;
-    android::CameraParameters2 parameters;
-    for (const Row& row : rowsOf(kReads)) {
-        if (row[0][0] != '>') whenAbsent.push_back(row[0]);
-        whenSet.push_back(row[0].substr(row[0].find_first_not_of('>')));
-        parameters.set(row[0].substr(row[0].find_first_not_of(">#")).c_str(), "1");
-    }
-    parameters.set("qz-exposure-mode", "star");
-    parameters.set("qz-qzcamera-flag", "off");
+TEST(CCameraQzParam, NeedsARequest) {
+    Camera camera;
     LogCapture log;
-    std::optional<VendorTags> tags;
-    tags.emplace(Declarations{{capture("lightPaintingMode"), TYPE_BYTE},
-                              {capture("oisHallCalib"), TYPE_BYTE},
-                              {capture("oisHallCheck"), TYPE_BYTE},
-                              {capture("oisSetGryoGain"), TYPE_FLOAT},
-                              // Refused, which stops nothing.
-                              {capture("iso"), TYPE_INT32},
-                              {capture("mmtest-lowlight-param"), TYPE_FLOAT},
-                              {capture("oisGryoOffsetCalib"), TYPE_INT32}});
-    const android::sp<RecordingHost> host = new RecordingHost(parameters, 0);
-    CCameraQzParam& translator = *host->mCameraQzParam;
-    translator.setCallBackFlag(1);
-    android::CameraMetadata request;
-    EXPECT_EQ(translator.paramToMetaData(&request), 0);
-    EXPECT_THAT(std::exchange(host->reads, {}), ElementsAreArray(whenSet));
-    EXPECT_EQ(std::get<0>(TestPeer::state(translator)), 1) << "burst-capture";
-
-    parameters.unflatten(String8());
-    tags.emplace(Declarations{{capture("iso"), TYPE_BYTE}, {capture("zsl-mode"), TYPE_BYTE}});
-    translator.setCallBackFlag(0);
-    request.clear();
-    EXPECT_EQ(translator.paramToMetaData(&request), 0);
-    EXPECT_THAT(std::exchange(host->reads, {}), ElementsAreArray(whenAbsent));
-    EXPECT_EQ(request.entryCount(), 0U);
-    EXPECT_EQ(std::get<0>(TestPeer::state(translator)), 1) << "burst-capture is kept";
-
-    log.take();
-    EXPECT_EQ(translator.paramToMetaData(nullptr), -22);
-    EXPECT_THAT(host->reads, testing::IsEmpty());
+    EXPECT_EQ(camera.translator().paramToMetaData(nullptr), -22);
     EXPECT_EQ(log.take(), error("paramToMetaData(84) Invalid metadata!"));
 }
 

@@ -1,114 +1,84 @@
-// A pass over static capabilities, with all that it asks for, publishes, keeps and says.
+// Getters on devices of a test's own, written as tables.
 #pragma once
 
 #include "capabilities/Capabilities.h"
 #include "capabilities/CapabilityPass.h"
-#include "support/Device.h"
-#include "support/Entries.h"
+#include "rows/RecordingHost.h"
+#include "support/Peer.h"
 
 #include <gmock/gmock.h>
 
-#include <map>
-#include <regex>
-
-namespace qz {
-
-struct TestPeer {
-    // Quick-thumbnail size, slow-JPEG threshold, inserted previews, video callback, its threshold, framework
-    // ZSL, video status, pre-shutter, [super-resolution sizes], [sub-sensor sizes].
-    static std::string stored(const CCameraQzParam& p) {
-        std::ostringstream text;
-        text << p.mMaxQuickThumbnailSize << ' ' << p.mSlowJpegModeThreshold << ' ' << p.mInsertPreviewCount
-             << ' ' << p.mVideoCallbackSupported << ' ' << int{p.mHighVideoCallbackThreshold} << ' '
-             << p.mFwkZslSupported << ' ' << p.mRequireVideoStatus << ' ' << p.mPreShutterSupported << " ["
-             << p.mSuperResPicSizes.c_str() << "] [" << p.mSubPicSizes.c_str() << "]";
-        return text.str();
-    }
-
-    // What each of the first `count` getters returns.
-    static std::vector<int32_t> statuses(CCameraQzParam& p, size_t count) {
-        std::vector<int32_t> all;
-        for (size_t i = 0; i < count; ++i) all.push_back(runGetter(p, kCapabilities[i].getter));
-        return all;
-    }
-};
-
-namespace test {
-
-inline constexpr char kNothingStored[] = "0 0 0 0 0 0 0 0 [] []";
-inline constexpr char kAlways[] = "qz_video_smooth_af_supported=true";  // of any device
+namespace qz::test {
 
 inline std::string fullName(const std::string& tag) {
     return tag.rfind("android.", 0) == 0 ? tag : capability(tag);
 }
 
-// The adapter, with static entries of the test's own and a record of what passes through.
-class RecordingHost : public QzParametersEx {
-  public:
-    explicit RecordingHost(android::CameraParameters2& parameters) : QzParametersEx(parameters, 0) {}
-
-    camera_metadata_ro_entry getStaticInfo(uint32_t tag, size_t minCount, size_t maxCount,
-                                           bool required) override {
-        std::ostringstream event;
-        event << get_camera_metadata_section_name(tag) << '.' << get_camera_metadata_tag_name(tag) << ' '
-              << minCount << ' ' << maxCount << ' ' << required;
-        events.push_back(event.str());
-        return entryOf(tag, entries[tag]);
+inline const EntryRow* findEntry(const std::string& tag) {
+    for (const CapabilityRow& row : kCapabilities) {
+        for (const EntryRow& entry : row.entries) {
+            if (entry.tag == tag) return &entry;
+        }
     }
-    void set(const char* key, const char* value) override {
-        events.push_back(std::string(key) + '=' + value);
-        storedWhenSet[key] = TestPeer::stored(*mCameraQzParam);
-        QzParametersEx::set(key, value);
-    }
-    const char* get(const char* key) override {
-        return answer != nullptr ? answer : QzParametersEx::get(key);
-    }
+    return nullptr;
+}
 
-    std::map<uint32_t, Elements> entries;
-    const char* answer = nullptr;  // to every get, when there is one
-    std::vector<std::string> events;
-    std::map<std::string, std::string> storedWhenSet;
-};
-
+// A device that declares all tags of capabilities.
 class Device {
-    LogCapture mLog;  // around the host's life
-    VendorTags mTags;
+    LogCapture mLog;
+    VendorTags mTags{declarations()};
 
   public:
-    explicit Device(const std::vector<std::string>& tags) : mTags(declarations(tags)) {}
-
-    void has(const std::string& tag, const Elements& elements) {
-        host->entries[tagOf(fullName(tag))] = elements;
+    // "tag=1,2" is a static entry, "key=text" a parameter.
+    void has(const std::string& what) {
+        const size_t end = what.find('=');
+        const std::string name = what.substr(0, end);
+        const EntryRow* entry = findEntry(fullName(name));
+        if (entry == nullptr) host->published[name] = what.substr(end + 1);
+        if (entry != nullptr)
+            host->statics[entry->tag] = elementsOf("bifl"[entry->type], what.substr(end + 1));
     }
-
-    // The log of one pass, "#" for source lines.
-    std::string publish() {
+    // The log of one getter, or of the pass without a name, as text.
+    std::string run(const char* getter = nullptr) {
         mLog.take();
-        EXPECT_EQ(host->mCameraQzParam->metaDataToParam(), 0);
-        return std::regex_replace(textOf(mLog.take(), "CameraQzParam"), std::regex(R"(\(\d+\))"), "(#)");
+        EXPECT_EQ(getter != nullptr ? runGetter(*camera, getter) : camera->metaDataToParam(), 0);
+        return textOf(mLog.take(), "CameraQzParam");
     }
-    // Without what any device says and publishes.
-    std::string publishAlone() {
-        const std::regex always(
-            "I (Enter .*|supportedExtScene.count = 0|Video smooth af supported = true)\n");
-        std::string log = std::regex_replace(publish(), always, "");
-        parameters.remove("qz_video_smooth_af_supported");
-        return log;
-    }
+    [[nodiscard]] std::map<std::string, std::string> published() const { return host->published; }
+    [[nodiscard]] TestPeer::Members members() const { return TestPeer::members(*camera); }
 
-    [[nodiscard]] std::string published() const { return parameters.flatten().c_str(); }
-    [[nodiscard]] std::string stored() const { return TestPeer::stored(*host->mCameraQzParam); }
-
-    android::CameraParameters2 parameters;
-    android::sp<RecordingHost> host{new RecordingHost(parameters)};
+    android::sp<RecordingHost> host{new RecordingHost};
+    android::sp<CCameraQzParam> camera{CreateCameraQzParam(host.get())};
 
   private:
-    static Declarations declarations(const std::vector<std::string>& tags) {
-        Declarations all = {{capability("anyOther"), TYPE_BYTE}};
-        for (const std::string& tag : tags) all.emplace_back(capability(tag), TYPE_BYTE);
+    static Declarations declarations() {
+        Declarations all;
+        for (const CapabilityRow& row : kCapabilities) {
+            for (const EntryRow& entry : row.entries) {
+                if (isVendor(entry)) all.emplace_back(entry.tag, entry.type);
+            }
+        }
         return all;
     }
 };
 
-}  // namespace test
-}  // namespace qz
+// Rows of "getter|what the device has|key=text;key=text|member: value|log line|...".
+inline void play(const std::string& table) {
+    for (std::vector<std::string> row : rowsOf(table)) {
+        SCOPED_TRACE(row[0] + " " + row[1]);
+        row.resize(std::max<size_t>(row.size(), 4));
+        Device device;
+        for (const std::string& what : split(row[1], ' ')) device.has(what);
+        const TestPeer::Members before = device.members();
+        std::string log;
+        for (size_t i = 4; i < row.size(); ++i) log += row[i] + '\n';
+        EXPECT_EQ(device.run(row[0].c_str()), log);
+        std::map<std::string, std::string> published;
+        for (const std::string& one : split(row[2], ';'))
+            published[one.substr(0, one.find('='))] = one.substr(one.find('=') + 1);
+        EXPECT_EQ(device.published(), published);
+        EXPECT_EQ(changesOf(before, device.members()), row[3]);
+    }
+}
+
+}  // namespace qz::test

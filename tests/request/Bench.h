@@ -2,9 +2,10 @@
 // and what comes out are texts, so that a case is a line.
 #pragma once
 
-#include "Peer.h"
+#include "request/RequestPass.h"
 #include "support/Device.h"
 #include "support/Log.h"
+#include "support/Peer.h"
 
 #include <cutils/properties.h>
 #include <gtest/gtest.h>
@@ -13,6 +14,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <map>
+#include <memory>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -132,9 +134,11 @@ class Bench {
         if (!mArray.empty()) camera.info.update(tagOf(kArray), mArray.data(), mArray.size());
         android::CameraMetadata request;
         const camera_metadata_t* locked = mRequest == "locked" ? request.getAndLock() : nullptr;
-        auto before = TestPeer::state(translator());
+        const TestPeer::Members before = TestPeer::members(translator());
         mLog.take();
-        const status_t status = TestPeer::call(translator(), setter, mRequest == "none" ? nullptr : &request);
+        const status_t status = setter == "paramToMetaData"
+                                    ? translator().paramToMetaData(&request)
+                                    : runSetter(translator(), setter.c_str(), &request);
         if (mRequest == "locked") request.unlock(locked);
         Texts parts = entriesOf(request);
         parts.insert(parts.begin(), status != 0 ? std::to_string(status) : "");
@@ -142,10 +146,7 @@ class Bench {
             if (line.tag != "CameraQzParam" && line.tag != "QzParametersEx") continue;
             parts.push_back(std::string(1, "??VDIWEF"[line.priority]) + " " + line.text);
         }
-        changes.clear();
-        for (const auto& [name, value] : TestPeer::state(translator())) {
-            if (before[name] != value) changes = join({changes, name + ": " + std::to_string(value)});
-        }
+        changes = changesOf(before, TestPeer::members(translator()));
         return join(parts);
     }
 
@@ -156,8 +157,8 @@ class Bench {
 
     void setWorld(const std::string& what, const std::string& text) {
         const auto number = static_cast<uint32_t>(strtoul(text.c_str(), nullptr, 0));
-        if (what == "@lightPainting") TestPeer::setLightPainting(translator(), static_cast<uint8_t>(number));
-        if (what == "@ownCamera") TestPeer::setQzCamera(translator(), number != 0);
+        if (what == "@lightPainting") translator().*TestPeer::lightPainting = static_cast<uint8_t>(number);
+        if (what == "@ownCamera") translator().*TestPeer::isQzCamera = number != 0;
         if (what == "@flag") translator().setCallBackFlag(number);
         if (what == "@client") translator().setClientName(android::String16(text.c_str()));
         if (what == "@request") mRequest = text;
@@ -181,5 +182,38 @@ class Bench {
     Camera camera;
     std::string changes;  // "member: value" for each change of state by the last call
 };
+
+// Plays a script. A line without an arrow names a setter and its tags, and begins with a new camera. A step
+// is "what is set, how the tags are declared -> what comes of the call, and what it changes"; what it comes
+// to may go on behind "|" in the next line. "~" is the setter's name; "$word text" lets $word stand for the
+// text.
+inline void play(const std::string& script) {
+    std::map<std::string, std::string> words;
+    std::unique_ptr<Bench> bench;
+    std::string tags;
+    for (const std::string& line : linesOf(script)) {
+        const size_t arrow = line.find(" ->");
+        const size_t space = std::min(line.find(' '), line.size());
+        if (line[0] == '$') {
+            words[line.substr(0, space)] = line.substr(space + 1);
+        } else if (arrow == std::string::npos) {
+            words["~"] = line.substr(0, space);
+            tags = line.substr(space);
+            bench.reset();  // one at a time
+            bench = std::make_unique<Bench>();
+        } else {
+            std::string expected = line.substr(std::min(arrow + 4, line.size()));
+            for (const auto& [word, text] : words) {
+                for (size_t at = 0; (at = expected.find(word)) != std::string::npos;) {
+                    expected.replace(at, word.size(), text);
+                }
+            }
+            const size_t how = line.rfind(' ', arrow - 1) + 1;
+            bench->set(line.substr(0, how == 0 ? 0 : how - 1));
+            const std::string outcome = bench->call(words["~"], declare(tags, line.substr(how, arrow - how)));
+            EXPECT_EQ(join({outcome, bench->changes}), expected) << words["~"] << ": " << line;
+        }
+    }
+}
 
 }  // namespace qz::test

@@ -1,43 +1,8 @@
 // The setters that deviate from the pattern: gates, stored state, several keys or entries, arithmetic.
 #include "Bench.h"
 
-#include <memory>
-
 namespace qz::test {
 namespace {
-
-// Plays a script. A line without an arrow names a setter and its tags, and begins with a new camera. A step
-// is "what is set, how the tags are declared -> what comes of the call, and what it changes"; what it comes
-// to may go on behind "|" in the next line. "~" is the setter's name; "$word text" lets $word stand for the
-// text.
-void play(const std::string& script) {
-    std::map<std::string, std::string> words;
-    std::unique_ptr<Bench> bench;
-    std::string tags;
-    for (const std::string& line : linesOf(script)) {
-        const size_t arrow = line.find(" ->");
-        const size_t space = std::min(line.find(' '), line.size());
-        if (line[0] == '$') {
-            words[line.substr(0, space)] = line.substr(space + 1);
-        } else if (arrow == std::string::npos) {
-            words["~"] = line.substr(0, space);
-            tags = line.substr(space);
-            bench.reset();  // one at a time
-            bench = std::make_unique<Bench>();
-        } else {
-            std::string expected = line.substr(std::min(arrow + 4, line.size()));
-            for (const auto& [word, text] : words) {
-                for (size_t at = 0; (at = expected.find(word)) != std::string::npos;) {
-                    expected.replace(at, word.size(), text);
-                }
-            }
-            const size_t how = line.rfind(' ', arrow - 1) + 1;
-            bench->set(line.substr(0, how == 0 ? 0 : how - 1));
-            const std::string outcome = bench->call(words["~"], declare(tags, line.substr(how, arrow - how)));
-            EXPECT_EQ(join({outcome, bench->changes}), expected) << words["~"] << ": " << line;
-        }
-    }
-}
 
 // Four members follow their keys even without a tag, the rest what is written. The 2D-panorama mode is
 // written on a change only, and the 255 of an unknown word never equals its flag.
@@ -393,40 +358,6 @@ TEST(Pass, LaterSettersMeetWhatEarlierOnesLeft) {
               "lightPaintingTryAe=1 | videoStabilizationMode=0");
     bench.set("qz-qzcamera-flag=on;qz-exposure-mode");
     EXPECT_EQ(entries(), "faceBeautyMode=0 | faceBeautyLevel=2 | manualFocusValue=9");
-}
-
-// Counts what it is asked for.
-class Asked : public QzParametersEx {
-  public:
-    using QzParametersEx::QzParametersEx;
-    const char* get(const char* /*key*/) override { return ++count, nullptr; }
-    int getInt(const char* /*key*/) override { return ++count, -1; }
-
-    int count = 0;
-};
-
-TEST(Pass, WithoutARequestNoSetterAsksForAnything) {
-    const LogCapture log;
-    android::CameraParameters2 parameters;
-    const android::sp<Asked> asked = new Asked(parameters, 0);
-    for (const std::string& name : TestPeer::setters()) {
-        TestPeer::call(*asked->mCameraQzParam, name, nullptr);
-        EXPECT_EQ(asked->count, 0) << name;
-    }
-}
-
-TEST(Pass, WithoutARequestEachSetterSaysSoAndKeepsItsState) {
-    Bench bench;
-    for (const std::string& name : TestPeer::setters()) {
-        for (const char* state :
-             {"@request=none;@ownCamera=1;@lightPainting=5", "@ownCamera=0;@lightPainting=0"}) {
-            bench.set(state);
-            const std::string enter = name == "setZslMode" ? "E Enter setZslMode(512)" : "";
-            EXPECT_EQ(bench.call(name, {}), join({"-22", enter, "E " + name + ": metaData is NULL!"}));
-            EXPECT_EQ(bench.changes, "") << name;
-        }
-    }
-    EXPECT_EQ(TestPeer::setters().size(), 111U);
 }
 
 }  // namespace

@@ -3,9 +3,12 @@
 
 #include "RecordingHost.h"
 #include "capabilities/CapabilityPass.h"
+#include "rows/Lines.h"
 #include "support/Lines.h"
 
 #include <gtest/gtest.h>
+
+#include <regex>
 
 namespace qz::test {
 namespace {
@@ -74,6 +77,17 @@ TEST(CapabilityRow, ReadsItsEntriesAndPublishesItsKeys) {
     }
 }
 
+// A function writes the line of its getter that prints a count.
+RowLine countLineOf(const CapabilityRow& row) {
+    if (row.plain) return row.counts;
+    for (const qz::LogLine& line : kLines) {
+        if (line.function == std::string(row.getter) &&
+            std::string(line.format).find("%zu") != std::string::npos)
+            return {line.format, line.priority};
+    }
+    return {};
+}
+
 TEST(CapabilityRow, PublishesNothingFromACountThatItDoesNotAllow) {
     for (const CapabilityRow& row : kCapabilities) {
         if (row.entries.empty()) continue;
@@ -85,12 +99,15 @@ TEST(CapabilityRow, PublishesNothingFromACountThatItDoesNotAllow) {
             trial.run();
             if (row.entries[0].allows(count)) continue;
             EXPECT_EQ(publishedBy(*trial.host), std::set<std::string>());
-            if (!row.plain) continue;
+            // That of the count is the last.
+            const RowLine stated = countLineOf(row);
             const std::vector<LogLine> lines = log.take("CameraQzParam");
-            ASSERT_EQ(lines.size(), row.counts.format == nullptr ? 0U : 1U);
+            ASSERT_EQ(lines.empty(), stated.format == nullptr);
             if (lines.empty()) continue;
-            EXPECT_TRUE(isPrintedAs(row.counts.format, lines[0].text)) << lines[0].text;
-            EXPECT_EQ(lines[0].priority, row.counts.priority);
+            const std::string counted =
+                std::regex_replace(stated.format, std::regex("%zu"), std::to_string(count));
+            EXPECT_TRUE(isPrintedAs(counted.c_str(), lines.back().text)) << lines.back().text;
+            EXPECT_EQ(lines.back().priority, stated.priority);
         }
     }
 }
@@ -128,14 +145,37 @@ TEST(CapabilityRow, ReadsTheTextBackForItsLine) {
         SCOPED_TRACE(row.getter);
         Trial trial(row);
         trial.give(row.entries[0].least);
+        trial.host->parameters[row.publishes[0].key] = "as read";
         LogCapture log;
         trial.run();
         const std::vector<LogLine> lines = log.take("CameraQzParam");
         ASSERT_FALSE(lines.empty());
         EXPECT_TRUE(isPrintedAs(row.echoes.format, lines.back().text)) << lines.back().text;
         EXPECT_EQ(lines.back().priority, row.echoes.priority);
-        EXPECT_NE(lines.back().text.find(trial.host->published[row.publishes[0].key]), std::string::npos);
+        EXPECT_NE(lines.back().text.find("as read"), std::string::npos);
     }
+}
+
+TEST(CapabilityPass, AsksAndPublishesInTheOrderOfItsRows) {
+    Declarations tags;
+    std::map<std::string, size_t> places;  // of tags and keys
+    const android::sp<RecordingHost> host(new RecordingHost);
+    for (size_t i = 0; i < kCapabilityCount; ++i) {
+        for (const EntryRow& entry : kCapabilities[i].entries) {
+            if (isVendor(entry)) tags.emplace_back(entry.tag, entry.type);
+            host->statics[entry.tag] = someElements(entry, std::max<size_t>(entry.least, 1));
+            places[entry.tag] = i;
+        }
+        for (const Publication& publication : kCapabilities[i].publishes) places[publication.key] = i;
+    }
+    host->parameters["scene-mode-values"] = "auto";
+    const VendorTags device(tags);
+    EXPECT_EQ(CreateCameraQzParam(host.get())->metaDataToParam(), android::OK);
+    std::vector<size_t> order;
+    for (const std::string& event : host->events) order.push_back(places.at(event));
+    EXPECT_TRUE(std::is_sorted(order.begin(), order.end()));
+    EXPECT_EQ(std::set<std::string>(host->events.begin(), host->events.end()).size(), places.size());
+    EXPECT_EQ(host->limits, (std::set<std::pair<size_t, bool>>{{0, true}}));
 }
 
 }  // namespace

@@ -30,8 +30,12 @@ class RecordingHost : public ExtParamInterface {
   public:
     using Metadata = android::CameraMetadata;
 
-    void set(const char* key, const char* value) override { published[key] = value; }
+    void set(const char* key, const char* value) override {
+        events.emplace_back(key);
+        published[key] = value;
+    }
     const char* get(const char* key) override {
+        events.emplace_back(key);
         askedAsText.insert(key);
         const auto found = parameters.find(key);
         if (found != parameters.end()) return found->second.c_str();
@@ -39,12 +43,16 @@ class RecordingHost : public ExtParamInterface {
         return own == published.end() ? nullptr : own->second.c_str();
     }
     int getInt(const char* key) override {
+        events.emplace_back(key);
         askedAsInteger.insert(key);
         const auto found = parameters.find(key);
         return found == parameters.end() ? -1 : std::atoi(found->second.c_str());
     }
-    camera_metadata_ro_entry getStaticInfo(uint32_t tag, size_t minCount, size_t, bool) override {
+    camera_metadata_ro_entry getStaticInfo(uint32_t tag, size_t minCount, size_t maxCount,
+                                           bool required) override {
+        events.push_back(nameOf(tag));
         minimums[nameOf(tag)] = minCount;
+        limits.insert({maxCount, required});
         return entryOf(tag, statics[nameOf(tag)]);
     }
     status_t update(Metadata*, uint32_t tag, const uint8_t*, size_t count) override {
@@ -78,9 +86,11 @@ class RecordingHost : public ExtParamInterface {
 
     std::set<std::string> askedAsText;
     std::set<std::string> askedAsInteger;
-    std::map<std::string, size_t> minimums;  // of static entries, by tag
+    std::map<std::string, size_t> minimums;    // of static entries, by tag
+    std::set<std::pair<size_t, bool>> limits;  // largest count of static entries, and if they are required
     std::map<std::string, std::string> published;
     std::vector<Written> written;
+    std::vector<std::string> events;  // keys and static entries as they are asked for, keys as they are set
 
   private:
     status_t record(uint32_t tag, uint8_t type, size_t count) {

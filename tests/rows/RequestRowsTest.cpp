@@ -1,10 +1,10 @@
 // Every row of the request pass, and every function behind one, does what its row states and nothing else.
 #include "request/Parameters.h"
 
-#include "Peer.h"
 #include "RecordingHost.h"
 #include "request/RequestPass.h"
 #include "support/Lines.h"
+#include "support/Peer.h"
 
 #include <cutils/properties.h>
 #include <gtest/gtest.h>
@@ -55,7 +55,7 @@ class Trial {
         for (const char* property : row.properties) property_set(property, "0");
         if (std::string(row.setter) == "resetVideoStabilization") property_set(row.properties[0], "1");
         for (const EntryRow& entry : row.uses) host->statics[entry.tag] = someElements(entry, 2);
-        openGates();
+        openLightPainting(true);
     }
     ~Trial() {
         for (const char* property : mRow.properties) property_set(property, "");
@@ -63,13 +63,14 @@ class Trial {
     Trial(const Trial&) = delete;
     Trial& operator=(const Trial&) = delete;
 
-    void openGates() { TestPeer::setLightPainting(*mCamera, 1); }
-    void closeLightPainting() { TestPeer::setLightPainting(*mCamera, 0); }
+    void openLightPainting(bool open) { mCamera.get()->*TestPeer::lightPainting = open ? 1 : 0; }
 
     status_t run() {
         android::CameraMetadata request;
-        return runSetter(*mCamera, mRow.setter, &request);
+        return run(&request);
     }
+    status_t run(android::CameraMetadata* request) { return runSetter(*mCamera, mRow.setter, request); }
+    TestPeer::Members members() const { return TestPeer::members(*mCamera); }
 
     // Runs it with each combination of samples, all keys advancing together.
     void runAll() {
@@ -220,7 +221,7 @@ TEST(RequestRow, AsksNothingWhileItsGateIsClosed) {
         if (!row.gated(Gate::lightPainting)) continue;
         SCOPED_TRACE(row.setter);
         Trial trial(row);
-        trial.closeLightPainting();
+        trial.openLightPainting(false);
         trial.runAll();
         EXPECT_EQ(trial.host->asked(), std::set<std::string>());
     }
@@ -240,6 +241,69 @@ TEST(RequestRow, PrintsItsInformationLineBeforeTheUpdate) {
         EXPECT_EQ(lines[0].priority, ANDROID_LOG_INFO);
         EXPECT_TRUE(isPrintedAs(row.refused(), lines[1].text)) << lines[1].text;
     }
+}
+
+TEST(RequestRow, RefusesToRunWithoutARequest) {
+    for (const Parameter& row : kParameters) {
+        if (row.entries.empty()) continue;
+        SCOPED_TRACE(row.setter);
+        Trial trial(row);
+        const TestPeer::Members before = trial.members();
+        LogCapture log;
+        EXPECT_EQ(trial.run(nullptr), android::BAD_VALUE);
+        EXPECT_EQ(
+            log.take("CameraQzParam").back(),
+            (LogLine{ANDROID_LOG_ERROR, "CameraQzParam", row.setter + std::string(": metaData is NULL!")}));
+        EXPECT_EQ(changesOf(before, trial.members()), "");
+        EXPECT_EQ(trial.host->events, Texts());
+    }
+}
+
+bool reads(const Parameter& row, const std::string& name) {
+    const auto isKey = [&](const KeyRow& key) { return key.name == name; };
+    const auto isTag = [&](const EntryRow& entry) { return entry.tag == name; };
+    return std::any_of(row.keys.begin(), row.keys.end(), isKey) ||
+           std::any_of(row.uses.begin(), row.uses.end(), isTag);
+}
+
+// Row by row: the first key, or any key of a function that always runs, and then only keys of the same row.
+void expectReadsInOrder(const Texts& keys, bool lightPainting) {
+    const Parameter* row = nullptr;
+    const Parameter* next = kParameters;
+    for (const std::string& key : keys) {
+        while (next != std::end(kParameters) && !lightPainting && next->gated(Gate::lightPainting)) ++next;
+        const bool begins =
+            next != std::end(kParameters) && (next->free ? reads(*next, key) : next->keys[0].name == key);
+        if (begins) row = next++;
+        ASSERT_TRUE(row != nullptr && reads(*row, key)) << key << " behind " << (next - kParameters);
+    }
+    EXPECT_EQ(next, std::end(kParameters));
+}
+
+TEST(RequestPass, ReadsTheKeysOfItsRowsInOrder) {
+    Declarations tags;
+    for (const Parameter& row : kParameters) {
+        for (const EntryRow& entry : row.entries) {
+            if (isVendor(entry) && !isLookedUpInVain(entry)) tags.emplace_back(entry.tag, TYPE_FLOAT);
+        }
+    }
+    std::sort(tags.begin(), tags.end());
+    tags.erase(std::unique(tags.begin(), tags.end()), tags.end());
+    const VendorTags device(tags);
+    const android::sp<RecordingHost> host(new RecordingHost);
+    const android::sp<CCameraQzParam> camera = CreateCameraQzParam(host.get());
+    android::CameraMetadata request;
+    EXPECT_EQ(camera->paramToMetaData(&request), android::OK);
+    expectReadsInOrder(std::exchange(host->events, {}), false);
+
+    for (const Parameter& row : kParameters) {
+        for (const KeyRow& key : row.keys) host->parameters[key.name] = "1";
+        for (const EntryRow& entry : row.entries) host->refused.insert(entry.tag);  // which ends nothing
+    }
+    host->parameters["qz-exposure-mode"] = "star";
+    host->refused.erase(capture("lightPaintingMode"));
+    EXPECT_EQ(camera->paramToMetaData(&request), android::OK);
+    expectReadsInOrder(host->events, true);
 }
 
 }  // namespace

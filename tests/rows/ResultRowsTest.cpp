@@ -1,10 +1,10 @@
 // Every row of the result pass, and every function behind one, does what its row states and nothing else.
 #include "callback/Results.h"
 
-#include "Peer.h"
 #include "RecordingHost.h"
 #include "callback/ResultPass.h"
 #include "support/Lines.h"
+#include "support/Peer.h"
 
 #include <gmock/gmock.h>
 
@@ -54,7 +54,7 @@ class Trial {
   public:
     explicit Trial(const ResultRow& row, const std::string& missing = "")
         : mRow(row), mTags(declarations(row, missing)), host(new ResultHost) {
-        TestPeer::setProfessional(camera.translator(), true);
+        (camera.translator().*TestPeer::professional).set(true);
         mCallBack = CreateCameraQzCallBack(host.get(), &camera.translator());
     }
 
@@ -74,7 +74,7 @@ class Trial {
         EXPECT_EQ(runHandler(*mCallBack, mRow.handler, android::CameraMetadata()), android::OK);
         return host->sent;
     }
-    std::map<std::string, int> members() { return TestPeer::members(*mCallBack, camera.translator()); }
+    TestPeer::Members members() { return TestPeer::members(*mCallBack, camera.translator()); }
 
     Camera camera;
 
@@ -167,7 +167,7 @@ TEST(ResultRow, LooksNoFurtherThanItsGateLets) {
             trial.run();
             EXPECT_THAT(trial.host->asked, ElementsAre(row.entries[0].tag));
         } else if (row.gates.has(ResultGate::professionalMode)) {
-            TestPeer::setProfessional(trial.camera.translator(), false);
+            (trial.camera.translator().*TestPeer::professional).set(false);
             EXPECT_THAT(trial.run(), IsEmpty());
             EXPECT_THAT(trial.host->asked, IsEmpty());
         }
@@ -237,6 +237,42 @@ TEST(ResultRow, PrintsItsInformationLineBeforeTheMessage) {
         EXPECT_TRUE(isPrintedAs(row.line, lines[0].text)) << lines[0].text;
         EXPECT_EQ(lines[0].priority, ANDROID_LOG_INFO);
     }
+}
+
+TEST(ResultPass, AsksInTheOrderOfItsRows) {
+    std::vector<std::string> stated;
+    Declarations tags;
+    const android::sp<ResultHost> host(new ResultHost);
+    for (const ResultRow& row : kResults) {
+        for (const EntryRow& entry : row.entries) {
+            stated.emplace_back(entry.tag);
+            if (isVendor(entry)) tags.emplace_back(entry.tag, entry.type);
+            host->entries[entry.tag] = someElements(entry, entry.least);
+        }
+    }
+    host->entries[capture("exposureStateHint")] = I{0};
+    const VendorTags device(tags);
+    Camera camera;
+    (camera.translator().*TestPeer::professional).set(true);
+    const auto callBack = CreateCameraQzCallBack(host.get(), &camera.translator());
+    EXPECT_EQ(callBack->processQzCallBack(android::CameraMetadata()), android::OK);
+    EXPECT_EQ(host->asked, stated);
+}
+
+TEST(ResultPass, ReportsAMissingHostForEachRow) {
+    Camera camera;
+    (camera.translator().*TestPeer::professional).set(true);
+    const android::sp<CameraQzCallBack> callBack = TestPeer::withoutHost(&camera.translator());
+    std::vector<LogLine> stated;
+    for (const ResultRow& row : kResults) {
+        const std::string line = row.handler + std::string(": mExtCallBackIntf is NULL!");
+        stated.push_back({ANDROID_LOG_ERROR, "CameraQzCallBack", line});
+        EXPECT_EQ(runHandler(*callBack, row.handler, android::CameraMetadata()), android::BAD_VALUE);
+    }
+    EXPECT_EQ(runHandler(*callBack, "processAll", android::CameraMetadata()), android::NAME_NOT_FOUND);
+    LogCapture log;
+    EXPECT_EQ(callBack->processQzCallBack(android::CameraMetadata()), android::OK);
+    EXPECT_EQ(log.take(), stated);
 }
 
 }  // namespace
