@@ -1,6 +1,22 @@
 # What another project needs to build against the library on a Linux host: library, headers, host platform, package.
 include(CMakePackageConfigHelpers)
 
+# The build tree is laid out like an installed copy, so that objects find each other the same way in both and are
+# installed as they are. CMake would otherwise rewrite their RUNPATH, and reserve the room with empty elements: each of
+# them is the current folder of whoever starts the program.
+file(RELATIVE_PATH QZ_LIBRARIES_FROM_PROGRAMS ${CMAKE_INSTALL_FULL_BINDIR} ${CMAKE_INSTALL_FULL_LIBDIR})
+string(REGEX REPLACE "/$" "" QZ_LIBRARIES_FROM_PROGRAMS ${QZ_LIBRARIES_FROM_PROGRAMS})
+set_target_properties(qzcamera qzcamera_platform PROPERTIES
+    BUILD_WITH_INSTALL_RPATH ON
+    INSTALL_RPATH "$ORIGIN"
+    LIBRARY_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/${CMAKE_INSTALL_LIBDIR})
+if(TARGET qzcam)
+    set_target_properties(qzcam PROPERTIES
+        BUILD_WITH_INSTALL_RPATH ON
+        INSTALL_RPATH "$ORIGIN/${QZ_LIBRARIES_FROM_PROGRAMS}"
+        RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/${CMAKE_INSTALL_BINDIR})
+endif()
+
 set(QZ_PACKAGE_DIR ${CMAKE_INSTALL_LIBDIR}/cmake/qzcamera)
 install(TARGETS qzcamera qzcamera_platform EXPORT qzcameraTargets)
 if(TARGET qzcam)

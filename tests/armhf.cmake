@@ -4,6 +4,6 @@ if(QZ_BUILD_TOOLS)
     foreach(session ${sessions})
         get_filename_component(name ${session} NAME_WE)
         add_test(NAME armhf.same.${name} COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/armhf/same ${session}
-            ${QZ_NATIVE_BUILD}/tools/qzcam/qzcam ${CMAKE_CROSSCOMPILING_EMULATOR} $<TARGET_FILE:qzcam>)
+            ${QZ_NATIVE_BUILD}/bin/qzcam ${CMAKE_CROSSCOMPILING_EMULATOR} $<TARGET_FILE:qzcam>)
     endforeach()
 endif()

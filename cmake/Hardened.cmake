@@ -1,0 +1,30 @@
+# Protection of what is installed against faults that an attacker could use: a buffer that is written past its end, a
+# pointer to a function that is overwritten. An Android tree has its own flags for the same.
+option(QZ_HARDEN "Protect what is installed against overwritten memory" ON)
+
+include(CheckPIESupported)
+check_pie_supported(LANGUAGES CXX)
+
+# Fortified calls would hide from a sanitizer what they replace, and without optimisation there are none.
+set(QZ_HARDENED $<AND:$<BOOL:${QZ_HARDEN}>,$<NOT:$<BOOL:${QZ_SANITIZE}>>,$<CONFIG:Release,RelWithDebInfo,MinSizeRel>>)
+
+# Landing pads for indirect calls and jumps. Debian's startup files have no marks for the loader. The mark for the
+# shadow stack is set by hand, since these files return as they were called; the mark for landing pads cannot be set,
+# since they have none.
+if(CMAKE_SYSTEM_PROCESSOR MATCHES "^(x86_64|AMD64|i[3-6]86)$")
+    set(QZ_CET -fcf-protection=full)
+    set(QZ_CET_MARK LINKER:-z,shstk)
+endif()
+
+foreach(target qzcamera_objects qzcamera qzcamera_platform qzcam_device qzcam_lib qzcam)
+    if(TARGET ${target})
+        target_compile_options(${target} PRIVATE
+            "$<${QZ_HARDENED}:-fstack-protector-strong;-U_FORTIFY_SOURCE;-D_FORTIFY_SOURCE=2;${QZ_CET}>")
+    endif()
+endforeach()
+foreach(target qzcamera qzcamera_platform qzcam)
+    if(TARGET ${target})
+        target_link_options(${target} PRIVATE
+            "$<${QZ_HARDENED}:LINKER:-z,relro,-z,now;LINKER:-z,noexecstack;${QZ_CET_MARK}>")
+    endif()
+endforeach()
