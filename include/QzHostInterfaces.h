@@ -7,6 +7,12 @@
 // slot.
 #pragma once
 
+#if __cplusplus < 201703L
+#error "The headers of qzcamera need C++17 or later: compile with -std=c++17"
+// Ends the compilation, before errors that have the same cause.
+#include <C++17>
+#endif
+
 #include <camera/CameraMetadata.h>
 #include <system/camera_metadata.h>
 #include <utils/Errors.h>

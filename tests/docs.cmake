@@ -1,6 +1,7 @@
 # What the documents show is what the program prints.
 if(NOT CMAKE_CROSSCOMPILING)
-    add_test(NAME docs.readme COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/readme/check $<TARGET_FILE_DIR:qzcam> README.md)
+    add_test(NAME docs.readme COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/readme/check
+        --without "Installing it" $<TARGET_FILE_DIR:qzcam> README.md)
 endif()
 string(JOIN " " emulated ${CMAKE_CROSSCOMPILING_EMULATOR} $<TARGET_FILE:qzcam>)
 add_test(NAME docs.reference COMMAND sh -c

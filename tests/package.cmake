@@ -12,10 +12,6 @@ add_test(NAME package.symbols COMMAND ${symbols} -DREADELF=${CMAKE_READELF}
     "-DOBJECTS=$<TARGET_OBJECTS:qzcamera_objects>" ${symbols_script})
 add_custom_command(TARGET renew_abi COMMAND ${symbols} -DRENEW=ON ${symbols_script} VERBATIM)
 
-find_program(QZ_BPFMT bpfmt REQUIRED)
-add_test(NAME package.blueprint COMMAND ${CMAKE_COMMAND} -DSOURCE=${PROJECT_SOURCE_DIR} -DBPFMT=${QZ_BPFMT}
-    -P ${CMAKE_CURRENT_SOURCE_DIR}/android/check.cmake)
-
 # The binary interface is on record as read from g++'s debug information on one kind of machine; clang++ describes
 # constructors and destructors otherwise.
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_SYSTEM_PROCESSOR STREQUAL "x86_64"
@@ -31,18 +27,43 @@ else()
     message(STATUS "No test package.abi: it takes a build by g++ for x86_64 with debug information.")
 endif()
 
-# An installed copy serves another project, which finds it either way.
+# Objects of the build tree: what is installed, and the programs that are not.
+set(package ${CMAKE_CURRENT_SOURCE_DIR}/package)
+foreach(folder ${CMAKE_INSTALL_LIBDIR} ${CMAKE_INSTALL_BINDIR} tests fuzz)
+    list(APPEND folders ${PROJECT_BINARY_DIR}/${folder})
+endforeach()
+add_test(NAME package.runpath COMMAND ${package}/runpath ${folders})
+
 if(CMAKE_CROSSCOMPILING)
     message(STATUS "No tests of an installed copy: another project would have to cross-compile too.")
+    string(REGEX REPLACE "readelf$" "" cross "${CMAKE_READELF}")
+    add_test(NAME package.hardened COMMAND ${CMAKE_COMMAND} -E env CROSS=${cross}
+        ${package}/hardened $<TARGET_FILE:qzcamera> $<TARGET_FILE:qzcamera_platform>)
     include(armhf.cmake)
     return()
 endif()
-find_package(PkgConfig REQUIRED)
-foreach(step install find_package pkg-config)
-    add_test(NAME package.${step} COMMAND ${CMAKE_COMMAND} -DSTEP=${step} -DBUILD=${PROJECT_BINARY_DIR}
-        -DSOURCE=${CMAKE_CURRENT_SOURCE_DIR}/consumer -DWORK=${CMAKE_CURRENT_BINARY_DIR}/consumer
-        -DCXX=${CMAKE_CXX_COMPILER} -DPKG_CONFIG=${PKG_CONFIG_EXECUTABLE} -DLIBDIR=${CMAKE_INSTALL_LIBDIR}
-        -DVERSION=${PROJECT_VERSION} -P ${CMAKE_CURRENT_SOURCE_DIR}/consumer/check.cmake)
-endforeach()
-set_tests_properties(package.install PROPERTIES FIXTURES_SETUP installed)
-set_tests_properties(package.find_package package.pkg-config PROPERTIES FIXTURES_REQUIRED installed)
+
+find_program(QZ_BPFMT bpfmt REQUIRED)
+add_test(NAME package.blueprint COMMAND ${CMAKE_COMMAND} -DSOURCE=${PROJECT_SOURCE_DIR} -DBPFMT=${QZ_BPFMT}
+    -P ${CMAKE_CURRENT_SOURCE_DIR}/android/check.cmake)
+
+# What ./run and the README's commands do is done once, beside the tree that they know.
+if(NOT PROJECT_BINARY_DIR STREQUAL "${PROJECT_SOURCE_DIR}/build/dev")
+    return()
+endif()
+add_test(NAME package.run COMMAND ${package}/run-twice ${PROJECT_VERSION})
+set_tests_properties(package.run PROPERTIES RUN_SERIAL ON)
+
+# The README installs a release and builds another project against it, from nothing; the other tests look into that.
+set(installed ${PROJECT_SOURCE_DIR}/build/installed)
+add_test(NAME package.readme COMMAND sh -c "rm -rf build/installed build/consumer &&
+    tests/readme/check --only 'Installing it' $<TARGET_FILE_DIR:qzcam> README.md"
+    WORKING_DIRECTORY ${PROJECT_SOURCE_DIR})
+set_tests_properties(package.readme PROPERTIES FIXTURES_SETUP installed TIMEOUT 3600 COST 1000)
+add_test(NAME package.installed-hardened COMMAND ${package}/hardened ${installed}/lib/libqzcamera.so
+    ${installed}/lib/libqzcamera_platform.so ${installed}/bin/qzcam)
+add_test(NAME package.installed-runpath COMMAND ${package}/runpath ${installed})
+add_test(NAME package.installed-headers COMMAND ${package}/pkg-config ${installed} ${PROJECT_VERSION}
+    ${CMAKE_CXX_COMPILER})
+set_tests_properties(package.installed-hardened package.installed-runpath package.installed-headers PROPERTIES
+    FIXTURES_REQUIRED installed)

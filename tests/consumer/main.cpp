@@ -2,12 +2,44 @@
 #include <CameraQzSendCmd.h>
 #include <QzParametersEx.h>
 #include <QzPerformEx.h>
+#include <android/log.h>
+#include <camera/VendorTagDescriptor.h>
 #include <cstdio>
 
 using android::CameraMetadata;
 using android::sp;
+using android::VendorTagDescriptor;
 
-// The host's side of the road to the application.
+// The HAL: four vendor tags of the many that the library can use. Their numbers are the HAL's choice.
+struct Tag {
+    const char* section;
+    const char* name;
+    int type;
+};
+constexpr uint32_t kIsoValues = 0x80000000, kIso = 0x80000001, kFocusMotor = 0x80000002,
+                   kAbnormal = 0x80000003;
+constexpr Tag kTags[] = {{"com.ambrix.device.capabilities", "supported_iso_values", TYPE_BYTE},
+                         {"com.ambrix.capture.metadata", "iso", TYPE_BYTE},
+                         {"com.ambrix.capture.metadata", "focusVcmValue", TYPE_INT32},
+                         {"com.ambrix.capture.metadata", "dualSensorAbnormal", TYPE_INT32}};
+
+sp<VendorTagDescriptor> vendorTags() {
+    vendor_tag_ops_t ops{};
+    ops.get_tag_count = [](const vendor_tag_ops_t*) { return 4; };
+    ops.get_all_tags = [](const vendor_tag_ops_t*, uint32_t* tags) {
+        for (uint32_t tag = kIsoValues; tag <= kAbnormal; ++tag) *tags++ = tag;
+    };
+    ops.get_section_name = [](const vendor_tag_ops_t*, uint32_t tag) {
+        return kTags[tag - kIsoValues].section;
+    };
+    ops.get_tag_name = [](const vendor_tag_ops_t*, uint32_t tag) { return kTags[tag - kIsoValues].name; };
+    ops.get_tag_type = [](const vendor_tag_ops_t*, uint32_t tag) { return kTags[tag - kIsoValues].type; };
+    sp<VendorTagDescriptor> descriptor;
+    VendorTagDescriptor::createDescriptorFromOps(&ops, descriptor);
+    return descriptor;
+}
+
+// The way back to the application.
 class Service : public qz::ExtCallBackInterface {
   public:
     android::status_t notifyCallback(int32_t msgType, int32_t ext1, int32_t ext2) override {
@@ -22,8 +54,16 @@ class Service : public qz::ExtCallBackInterface {
 };
 
 int main() {
+    // The log has a line for each tag that this HAL does not declare.
+    __android_log_set_minimum_priority(ANDROID_LOG_FATAL);
+
+    // Once for each process.
+    VendorTagDescriptor::setAsGlobalVendorTagDescriptor(vendorTags());
+
     android::CameraParameters2 parameters;  // the application's
     CameraMetadata characteristics;         // the HAL's
+    const uint8_t isoValues[] = {0, 2, 7};
+    characteristics.update(kIsoValues, isoValues, 3);
     Service service;
 
     // Opening a camera.
@@ -35,13 +75,22 @@ int main() {
     sp<qz::CameraQzSendCmd> commands = qz::CreateCameraQzSendCmd(translator.get());
     sp<qz::QzPerformEx> inspection = new qz::QzPerformEx(0);
     inspection->setInfo(&characteristics);
+    std::printf("iso-mode-values: %s\n", parameters.get("iso-mode-values"));
 
-    // Every request, every result, every command.
+    // Every request.
     CameraMetadata request;
     parameters.set("iso", "1600");
     const android::status_t status = translator->paramToMetaData(&request);
-    results->processQzCallBack(request);
-    results->callbackSmartMode(1);
-    std::printf("%s, request %d, focus motor at %d\n", parameters.flatten().c_str(), status,
-                commands->sendCommand(qz::CMD_GET_FOCUS_VCM_VALUE, 0, 0));
+    const camera_metadata_entry_t iso = request.find(kIso);
+    std::printf("request: status %d, iso %d\n", status, iso.count == 1 ? iso.data.u8[0] : -1);
+
+    // Every result.
+    CameraMetadata result;
+    const int32_t position = 318, abnormal = 2;
+    result.update(kFocusMotor, &position, 1);
+    result.update(kAbnormal, &abnormal, 1);
+    results->processQzCallBack(result);
+
+    // Every command.
+    std::printf("focus motor: %d\n", commands->sendCommand(qz::CMD_GET_FOCUS_VCM_VALUE, 0, 0));
 }
