@@ -68,16 +68,7 @@ TEST(Step, ValuesComeBackToNothing) {
     takeBurstCapture
         burst-capture=3 + -> mBurstCapture: 3
         burst-capture=0 + -> mBurstCapture: 0
-        burst-capture=-1 + -> mBurstCapture: -1
-    setFaceBeautyForChat faceBeautyMode:b faceBeautyLevel:i
-        @flag=1;qz-face-beauty-preview-only=on ++ -> faceBeautyMode=1 | faceBeautyLevel=7
-            | I ~(), open face beauty for chatting, mode: on, call back flag: 0x1
-        @flag=0 ++ ->
-    resetVideoStabilization
-        video-stabilization=true;@client=com.snapchat.android + -> videoStabilizationMode=0
-            | I ~(), ignore 'com.snapchat.android' 'com.snapchat.android' video stabilization by prop.
-            | I ~(), force close video stabilization.
-        @client= + ->)");
+        burst-capture=-1 + -> mBurstCapture: -1)");
 }
 
 TEST(Step, TwoEntriesStopAtTheFirstFailure) {
@@ -212,26 +203,6 @@ TEST(Step, ReadingOfTexts) {
     for (const char* text : {"abc", ""}) {
         bench.set("qz-exposure-compensation-value", text);
         EXPECT_EQ(bench.call("setQzExposureCompValue", {}), "E getInt setQzExposureCompValue failed ");
-    }
-}
-
-// A text, its microseconds and its fraction of a second.
-TEST(Step, SensorExposureTimes) {
-    const Texts words = wordsOf(R"(
-        auto 0 0/1               Auto 0 0/1            1/4000 250 1/4000     1/0 0 1/0
-        2 2000000 2/1            -3/2 -1500000 -3/2    1.5/2 500000 1/2      4000 -294967296 4000/1
-        5000/1 705032704 5000/1  33554432/-1 -2147483648 33554432/-1         9999999999 -1000000 2147483647/1
-        b/3 0 0/3                b.5 0 5/10
-        0.5 500000 5/10          1.25 1250000 125/100  0.125 125000 0/1      3. 3000000 0/1
-        0.0000019 1 0/1          1.5s 1500000 15/10    5000.5 2147483647 50005/10
-        -5000.5 -2147483648 -49995/10                  300000000.25 2147483647 -64771047/100)");
-    Bench bench;
-    for (size_t i = 0; i < words.size(); i += 3) {
-        bench.set("qz-sensor-exposure-time", words[i]);
-        EXPECT_EQ(
-            bench.call("setSensorExposureTime", declare("sensorExposureTime:i proExposureTime:r", "++")),
-            "sensorExposureTime=" + words[i + 1] + " | proExposureTime=" + words[i + 2])
-            << words[i];
     }
 }
 
