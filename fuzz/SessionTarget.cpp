@@ -9,10 +9,8 @@
 #include "cli/Cli.h"
 #include "device/BuiltIn.h"
 #include "device/DumpParser.h"
-#include "facts/Probe.h"
-#include "facts/Survey.h"
 #include "host/LogCapture.h"
-#include "verdict/Check.h"
+#include "verdict/CheckReport.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -164,13 +162,10 @@ void diff(Words words) {
             "the exit status tells of differences");
 }
 
-// The survey of the library takes longer than all else, and is always the same.
 void check(std::string_view dump) {
-    static qzcam::Probe probe;
-    static const qzcam::Survey survey = qzcam::surveyLibrary(probe, qzcam::Depth::Tags);
     qzcam::Problems problems("dump");
     const qzcam::Device device = qzcam::parseDump(dump, "dump", "", problems);
-    const qzcam::DeviceCheck found = qzcam::checkDevice(device, probe, survey);
+    const qzcam::DeviceCheck found = qzcam::checkDevice(device);
     requireLines(qzcam::checkText(device, found, false));
     const auto json = nlohmann::json::parse(qzcam::checkJson(device, found), nullptr, false);
     require(json.is_object() && json["failed"] == found.failed(), "it is JSON");

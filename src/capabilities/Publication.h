@@ -20,7 +20,10 @@ struct Publication {
         number,   // the first int32
         numbers,  // all int32: "30,60"
         text,     // the bytes up to their terminator, or all of them without one
-        own,      // by the row's function
+        first,    // by the row's function, from the first element
+        range,    // likewise, from two numbers of which the second is not lower
+        sizes,    // likewise, from widths and heights in turn; an unpaired last element is dropped
+        own,      // likewise, in a form of its own
     };
 
     const char* key = nullptr;
@@ -66,8 +69,17 @@ constexpr Publication words(const char* key, const Vocabulary& vocabulary) {
 constexpr Publication number(const char* key) { return {key, Publication::Form::number}; }
 constexpr Publication numbers(const char* key) { return {key, Publication::Form::numbers}; }
 constexpr Publication text(const char* key) { return {key, Publication::Form::text}; }
-constexpr Publication as(const char* key, const char* note) {
-    return {key, Publication::Form::own, nullptr, note};
+constexpr Publication as(const char* key, const char* note, Publication::Form form = Publication::Form::own) {
+    return {key, form, nullptr, note};
+}
+constexpr Publication first(const char* key, const char* note) {
+    return as(key, note, Publication::Form::first);
+}
+constexpr Publication range(const char* key, const char* note) {
+    return as(key, note, Publication::Form::range);
+}
+constexpr Publication sizes(const char* key, const char* note) {
+    return as(key, note, Publication::Form::sizes);
 }
 
 // Further facts of a row, in any order behind the fixed columns: functions that set one.

@@ -1,9 +1,9 @@
 // Which buffers are skipped for a round, by their size and format.
 #include "QzName2Tag.h"
 #include "QzPerformEx.h"
+#include "inspect/SizeLists.h"
 #include "tags/EntryView.h"
 #include "tags/TagLabels.h"
-#include "tags/TagNames.h"
 #include "text/Checked.h"
 
 #include <system/graphics.h>
@@ -26,8 +26,8 @@ bool QzPerformEx::skipRoundBuffer(int32_t width, int32_t height, int32_t format)
         return true;
     }
     const QzName2Tag* names = QzName2Tag::getInstance();
-    for (const char* list : {CAPABILITY("qzSubSensorJpegSize"), CAPABILITY("superResolutionPictureSize")}) {
-        const uint32_t tag = names->vendorTagFromName(list);
+    for (const EntryRow& list : kSizeLists) {
+        const uint32_t tag = names->vendorTagFromName(list.tag);
         if (names->validTag(tag) == 1 && isCustomizedSize(width, height, tag)) return true;
     }
     return false;

@@ -15,24 +15,28 @@ struct EntryRow {
     uint8_t type = NUM_TYPES;   // TYPE_BYTE ...
     uint8_t least = 1;          // number of elements; `most` 0: no upper limit
     uint8_t most = 1;
+    bool onlyEnds = false;          // of the counts from `least` to `most` only these two
     const char* refused = nullptr;  // failure text of an entry that is written
 
     // True for a count that the library uses.
-    constexpr bool allows(size_t count) const { return count >= least && (most == 0 || count <= most); }
+    constexpr bool allows(size_t count) const {
+        if (onlyEnds) return count == least || count == most;
+        return count >= least && (most == 0 || count <= most);
+    }
 };
 
 constexpr EntryRow byte(const char* tag, const char* refused = nullptr) {
-    return {tag, TYPE_BYTE, 1, 1, refused};
+    return {tag, TYPE_BYTE, 1, 1, false, refused};
 }
 constexpr EntryRow int32(const char* tag, const char* refused = nullptr) {
-    return {tag, TYPE_INT32, 1, 1, refused};
+    return {tag, TYPE_INT32, 1, 1, false, refused};
 }
-constexpr EntryRow int64(const char* tag) { return {tag, TYPE_INT64, 1, 1, nullptr}; }
+constexpr EntryRow int64(const char* tag) { return {tag, TYPE_INT64, 1, 1, false, nullptr}; }
 constexpr EntryRow float32(const char* tag, const char* refused = nullptr) {
-    return {tag, TYPE_FLOAT, 1, 1, refused};
+    return {tag, TYPE_FLOAT, 1, 1, false, refused};
 }
 constexpr EntryRow rational(const char* tag, const char* refused = nullptr) {
-    return {tag, TYPE_RATIONAL, 1, 1, refused};
+    return {tag, TYPE_RATIONAL, 1, 1, false, refused};
 }
 
 constexpr EntryRow counting(EntryRow entry, uint8_t least, uint8_t most) {
@@ -44,6 +48,11 @@ constexpr EntryRow exactly(uint8_t count, EntryRow entry) { return counting(entr
 constexpr EntryRow atLeast(uint8_t count, EntryRow entry) { return counting(entry, count, 0); }
 constexpr EntryRow between(uint8_t least, uint8_t most, EntryRow entry) {
     return counting(entry, least, most);
+}
+constexpr EntryRow either(uint8_t count, uint8_t other, EntryRow entry) {
+    entry = counting(entry, count, other);
+    entry.onlyEnds = true;
+    return entry;
 }
 
 }  // namespace qz

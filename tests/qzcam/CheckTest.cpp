@@ -3,8 +3,7 @@
 #include "Tool.h"
 #include "device/BuiltIn.h"
 #include "device/DumpParser.h"
-#include "facts/Features.h"
-#include "facts/Survey.h"
+#include "facts/Tags.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -21,7 +20,6 @@ using testing::ElementsAre;
 using testing::EndsWith;
 using testing::HasSubstr;
 using testing::Not;
-using testing::UnorderedElementsAre;
 
 // The built-in device with another entry, or with another type for a tag.
 std::string capability(const std::string& name, const std::string& entry, const std::string& values) {
@@ -95,12 +93,15 @@ TEST(Check, TellsWhatIsWrongWithATag) {
          V::Malformed, "mmiTestFeatureSupported", "without terminator"},
         {"an area of three", capability("qzSubActiveArraySize", "int32[3]", "0 0 9"), V::Malformed,
          "qzSubActiveArraySize", "2 or 4"},
+        {"a range that its buffer cannot hold",
+         capability("qz-sensor-iso-range", "int32[2]", "-2147483648 2147483647"), V::Malformed,
+         "qz-sensor-iso-range", "the library logs an error: getSensorISORange(), snprintf_s failed!"},
         {"a flag of seven", capability("burstModeSupported", "byte[1]", "7"), V::Doubtful,
          "burstModeSupported", "a flag of 7"},
         {"two values for one", capability("burstCountSupported", "int32[2]", "7 8"), V::Doubtful,
          "burstCountSupported", "only the first is read"},
         {"no values", capability("exposureLevelRange", "int32[0]", ""), V::NoEntry, "exposureLevelRange",
-         "this camera's entry is without values"},
+         "this camera's entry has no values"},
         {"an entry of another type than its tag", capability("qz-sensor-iso-range", "byte[2]", "50 200"),
          V::Malformed, "qz-sensor-iso-range",
          "entry is byte[2], tag declares int32: read as empty (line 255)"},
@@ -119,12 +120,10 @@ TEST(Check, TellsWhatIsWrongWithATag) {
         {"a single gain", capability("oisDefaultGryoGain", "float[1]", "0.5"), V::Fine, "oisDefaultGryoGain",
          ""},
     };
-    Probe probe;
-    const Survey survey = surveyLibrary(probe, Depth::Tags);
     for (const Case& row : cases) {
         SCOPED_TRACE(row.what);
         Problems problems("d");
-        const DeviceCheck check = checkDevice(parseDump(row.dump, "d", "", problems), probe, survey);
+        const DeviceCheck check = checkDevice(parseDump(row.dump, "d", "", problems));
         EXPECT_EQ(check.failed(), row.verdict == V::Mistyped || row.verdict == V::Malformed);
         if (row.verdict == V::Fine) {
             EXPECT_EQ(check.count(V::Fine) + 1, check.tags.size());  // and the name without a section
@@ -134,8 +133,8 @@ TEST(Check, TellsWhatIsWrongWithATag) {
             return endsWith(tag.tag, row.tag) && tag.verdict == row.verdict;
         };
         const auto found = std::find_if(check.tags.begin(), check.tags.end(), isIt);
-        ASSERT_NE(found, check.tags.end()) << check.tags.front().tag << ": " << check.tags.front().what;
-        EXPECT_THAT(found->what, HasSubstr(row.says));
+        ASSERT_NE(found, check.tags.end()) << check.tags.front().tag << ": " << check.tags.front().problem;
+        EXPECT_THAT(found->problem, HasSubstr(row.says));
         EXPECT_TRUE(found == check.tags.begin() || !check.failed()) << "the worst comes first";
     }
 }
@@ -167,32 +166,25 @@ TEST(Check, PutsTheWorstFeaturesAndTagsFirst) {
     EXPECT_EQ(features[2], "image");
 }
 
-TEST(Check, NamesTheParametersThatAnEntryIsReadFor) {
-    Probe probe;
-    const Survey survey = surveyLibrary(probe, Depth::Tags);
-    const auto readFor = [&](const std::string& tag) {
-        const auto found = std::find_if(survey.capabilities.begin(), survey.capabilities.end(),
-                                        [&](const CapabilityFact& fact) { return fact.tag == tag; });
-        return found == survey.capabilities.end() ? std::vector<std::string>() : found->forKeys;
+TEST(Check, NamesWhatATagIsFor) {
+    const auto namesOf = [](Use use, const std::string& tag) {
+        const auto& facts = tagFacts();
+        const auto found = std::find_if(facts.begin(), facts.end(), [&](const TagFact& fact) {
+            return fact.use == use && endsWith(fact.entry.tag, "." + tag);
+        });
+        return found == facts.end() ? std::vector<std::string>{"none"} : found->names;
     };
-    EXPECT_THAT(readFor("com.ambrix.device.capabilities.qzSubActiveArraySize"),
-                ElementsAre("qz-dual-primary-mode"));
-    EXPECT_THAT(readFor("android.scaler.availableMaxDigitalZoom"),
-                UnorderedElementsAre("qz-dual-primary-mode", "max-zoom", "zoom"));
-}
-
-TEST(Features, AreToldByTheWordsOfATag) {
-    const std::vector<std::pair<const char*, const char*>> rows{
-        {"com.ambrix.capture.metadata.oisHallCalib", "stabilisation"},
-        {"com.ambrix.device.capabilities.denoiseSupported", "image"},
-        {"mmiOisVcmCalibMode", "factory tests"},
-        {"dualFlashMode", "flash"},
-        {"dualSensorMode", "two sensors"},
-        {"sensorIso", "professional"},
-        {"panorama2DHeight", "panorama"},
-        {"hdrMovieMode", "video"},
-    };
-    for (const auto& [tag, name] : rows) EXPECT_STREQ(featureName(featureOf(tag)), name) << tag;
+    EXPECT_THAT(namesOf(Use::Capability, "qzSubActiveArraySize"),
+                ElementsAre("qz-dual-primary-mode", "zoom"));
+    EXPECT_THAT(namesOf(Use::Capability, "availableMaxDigitalZoom"),
+                ElementsAre("zoom", "max-zoom", "qz-dual-primary-mode"));
+    EXPECT_THAT(namesOf(Use::Capability, "superResolutionPictureSize"),
+                ElementsAre("super-resolution-picture-size-values"));
+    EXPECT_THAT(namesOf(Use::Request, "manualFocusValue"),
+                ElementsAre("qz-magnifier-step-value", "qz-manual-focus-step-value"));
+    EXPECT_THAT(namesOf(Use::Request, "qz-jpeg-quality"), ElementsAre("jpeg-quality"));
+    EXPECT_THAT(namesOf(Use::Request, "qz-picture-height"), ElementsAre("picture-size"));
+    EXPECT_THAT(namesOf(Use::Result, "hintUser"), ElementsAre("smart-mode"));
 }
 
 TEST_F(RunTool, CheckShowsTheWorstFirstAndTellsItByItsStatus) {

@@ -2,16 +2,16 @@
 
 #include "base/Text.h"
 #include "base/WriteAll.h"
+#include "cli/CheckCommand.h"
 #include "cli/Diff.h"
 #include "cli/Explain.h"
 #include "cli/Manual.h"
+#include "cli/Params.h"
 #include "cli/Run.h"
 #include "cli/Shell.h"
-#include "facts/Reference.h"
 #include "facts/Vocabulary.h"
 #include "output/JUnit.h"
 #include "session/SessionHelp.h"
-#include "verdict/Check.h"
 
 #include <fmt/format.h>
 
@@ -153,15 +153,15 @@ void addCheck(CLI::App& app, Action& action) {
 
 void addParams(CLI::App& app, Action& action) {
     const auto options = onChosen(app, action, params);
-    app.add_option("KEY", options->key,
-                   "A parameter, published key, message, command number, property or tag; default: all");
+    app.add_option("NAME", options->name,
+                   "A key, setter, getter, handler, message, command number, property, vocabulary or tag; "
+                   "default: all");
     const auto json = app.add_flag("--json", options->json, "Print JSON");
     app.add_flag("--markdown", options->markdown, "Print Markdown: docs/reference.md")->excludes(json);
     app.footer(
-        "What an application may set and what it may read: values and the numbers that they become, "
-        "entries,\n"
-        "conditions. The library itself is asked, with every word that it knows.\n"
-        "\nExit status: 0 fine, 2 wrong usage, or there is no such key.");
+        "What an application may set and read, what results bring, and every line of the log: the rows of\n"
+        "the library, in the order in which it works.\n"
+        "\nExit status: 0 fine, 2 wrong usage, or there is no such name.");
 }
 
 void addExplain(CLI::App& app, Action& action) {

@@ -2,14 +2,17 @@
 
 #include "base/Text.h"
 #include "cli/Queries.h"
-#include "facts/Reference.h"
+#include "facts/Lookup.h"
 #include "facts/Vocabulary.h"
 #include "host/EventWords.h"
 #include "host/Messages.h"
 #include "session/Session.h"
 
+#include <command/Commands.h>
 #include <fmt/format.h>
 #include <host/StandardTags.h>
+#include <request/Parameters.h>
+#include <text/Properties.h>
 
 #include <algorithm>
 #include <utility>
@@ -111,25 +114,27 @@ void Completion::addValue(const std::string& key, const std::string& value) {
     if (!value.empty()) mValues[key].insert(value);
 }
 
-void Completion::learn(const Reference& reference) {
-    for (const ParameterDoc& parameter : reference.parameters) {
-        addKey(parameter.key);
-        for (const Mapping& word : parameter.words) addValue(parameter.key, word.from);
+void Completion::learnRows() {
+    for (const std::string& key : readKeys()) addKey(key);
+    for (const qz::Parameter& row : qz::kParameters) {
+        const qz::Vocabulary* words = row.conversion.vocabulary;
+        if (words == nullptr) continue;
+        for (const qz::KeyRow& key : row.keys) {
+            if (key.form != qz::KeyRow::Form::word) continue;
+            for (const qz::Word& word : words->words) addValue(key.name, word.text);
+        }
     }
-    for (const PublishedDoc& published : reference.published) {
-        if (!published.key.empty()) mKeyNames.insert(published.key);
-    }
-    for (const CommandDoc& command : reference.commands)
-        mCommandNumbers.insert(std::to_string(command.number));
-    for (const PropertyDoc& property : reference.properties) mProperties.insert(property.name);
+    for (const std::string& key : publishedKeys()) mKeyNames.insert(key);
+    for (const qz::CommandRow& command : qz::kCommands) mCommandNumbers.insert(std::to_string(command.code));
+    for (const qz::PropertyRow& row : qz::kProperties) mProperties.insert(row.property.name);
 }
 
 void Completion::learn(const Event& event) {
-    if (const auto* published = std::get_if<PublishEvent>(&event)) learnRows(published->rows);
-    if (const auto* parameters = std::get_if<ParamsEvent>(&event)) learnRows(parameters->rows);
+    if (const auto* published = std::get_if<PublishEvent>(&event)) learnLists(published->rows);
+    if (const auto* parameters = std::get_if<ParamsEvent>(&event)) learnLists(parameters->rows);
 }
 
-void Completion::learnRows(const std::vector<ParamRow>& rows) {
+void Completion::learnLists(const std::vector<ParamRow>& rows) {
     constexpr std::string_view kList = "-values";
     for (const ParamRow& row : rows) {
         mKeyNames.insert(row.key);

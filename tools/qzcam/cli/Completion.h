@@ -14,8 +14,6 @@
 
 namespace qzcam {
 
-struct Reference;
-
 struct Suggestions {
     size_t begin = 0;                // of what they stand for, in the line; they begin with that text
     std::vector<std::string> texts;  // sorted
@@ -34,8 +32,8 @@ class Completion {
     // `more`: commands beside those of the session language.
     Completion(const Device& device, const std::vector<CommandForm>& more);
 
-    // What the library knows of keys, their words and properties.
-    void learn(const Reference& reference);
+    // Adds the keys, words, commands and properties of the library.
+    void learnRows();
 
     // Keys that are published, and the values that published lists give for others.
     void learn(const Event& event);
@@ -56,7 +54,7 @@ class Completion {
     Names valuesOf(const std::string& key) const;
     void addKey(const std::string& key);
     void addValue(const std::string& key, const std::string& value);
-    void learnRows(const std::vector<ParamRow>& rows);
+    void learnLists(const std::vector<ParamRow>& rows);
 
     TagNames mTagNames;
     Names mShortTags;

@@ -6,7 +6,6 @@
 #include "cli/Run.h"
 #include "device/ParameterText.h"
 #include "device/Properties.h"
-#include "facts/Reference.h"
 #include "facts/Vocabulary.h"
 #include "output/Printer.h"
 #include "session/Assignment.h"
@@ -96,7 +95,7 @@ Shell::Shell(const Device& device, const LogFilter& log, bool atTerminal)
       mSource(atTerminal ? "prompt" : "standard input") {
     mPrinter.device(device);
     if (!atTerminal) return;
-    mCompletion.learn(wholeReference());
+    mCompletion.learnRows();
     fmt::print("'help' lists the commands, Tab completes, Ctrl-D leaves. Begin with 'open 0'.\n");
     mEditor = std::make_unique<LineEditor>(
         isatty(STDOUT_FILENO) == 1 ? stdout : stderr, "qzcam> ",

@@ -1,6 +1,6 @@
 #include "session/Assignment.h"
 
-#include "facts/LibraryTags.h"
+#include "facts/Tags.h"
 #include "session/Expectations.h"
 
 #include <fmt/format.h>

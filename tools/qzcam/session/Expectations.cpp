@@ -1,7 +1,7 @@
 #include "session/Expectations.h"
 
 #include "cli/Queries.h"
-#include "facts/LibraryTags.h"
+#include "facts/Tags.h"
 #include "facts/Vocabulary.h"
 #include "host/EventWords.h"
 

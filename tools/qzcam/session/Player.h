@@ -3,7 +3,6 @@
 
 #include "base/Text.h"
 #include "device/Device.h"
-#include "facts/CapabilityNames.h"
 #include "host/Camera.h"
 #include "host/Events.h"
 #include "session/Expectations.h"
@@ -98,7 +97,6 @@ class Player {
     EventSink mSink;
     TagNames mNames;
     android::CameraMetadata mCharacteristics;
-    std::optional<CapabilityNames> mCapabilities;  // once publishing needs them
     VerdictFinder mVerdicts;
     std::vector<Parameter> mInitial;
     std::unique_ptr<Camera> mCamera;

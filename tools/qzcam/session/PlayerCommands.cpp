@@ -1,6 +1,8 @@
 // The commands that the player carries out, one function each.
 #include "cli/Queries.h"
 #include "device/Properties.h"
+#include "facts/Lookup.h"
+#include "facts/Tags.h"
 #include "facts/Vocabulary.h"
 #include "host/LogCapture.h"
 #include "session/Assignment.h"
@@ -163,7 +165,6 @@ Change Player::changeOf(const std::string& key, const std::string& value, const 
 }
 
 void Player::publish(const Command&) {
-    if (!mCapabilities) mCapabilities = lookUpCapabilityNames();
     const Texts before = parameterTexts();
     mCamera->adapter().takePublished();
     status("publish", mCamera->translator().metaDataToParam());
@@ -180,7 +181,7 @@ void Player::addRows(PublishEvent& event, const Texts& before) {
         mOwnKeys.erase(key);
         const char* value = mCamera->parameters().get(key.c_str());
         ParamRow row{key, value ? value : "", {}, Change::None};
-        if (mCapabilities->unconditional.count(key) == 0) row.capability = mNames.nameOf(capability);
+        if (!isUnconditional(key)) row.capability = mNames.nameOf(capability);
         const Change change = changeOf(row.key, row.value, before);
         if (mPublished || change == Change::Changed) row.change = change;
         event.rows.push_back(std::move(row));
@@ -188,7 +189,7 @@ void Player::addRows(PublishEvent& event, const Texts& before) {
 }
 
 void Player::addCapabilitiesWithoutRow(PublishEvent& event) {
-    for (const std::string& name : mCapabilities->all) {
+    for (const std::string& name : capabilityNames()) {
         const Tag* tag = mNames.find(name);
         const bool hasRow = std::any_of(event.rows.begin(), event.rows.end(),
                                         [&](const ParamRow& row) { return row.capability == name; });

@@ -1,9 +1,9 @@
 #include "session/SessionHelp.h"
 
 #include "cli/Queries.h"
-#include "facts/Reference.h"
 #include "host/EventWords.h"
 
+#include <command/Commands.h>
 #include <fmt/format.h>
 
 namespace qzcam {
@@ -40,8 +40,8 @@ std::string questionTable() {
 
 std::string codeTable() {
     std::string table;
-    for (const CommandDoc& command : commandDocs())
-        table += row(fmt::to_string(command.number), command.what);
+    for (const qz::CommandRow& command : qz::kCommands)
+        table += row(fmt::to_string(command.code), command.answer);
     return table;
 }
 

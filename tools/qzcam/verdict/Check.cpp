@@ -1,177 +1,76 @@
 #include "verdict/Check.h"
 
-#include "base/Input.h"
-#include "base/WriteAll.h"
-#include "facts/Features.h"
-#include "facts/Survey.h"
-#include "output/Printer.h"
+#include "device/VendorTagsInPlace.h"
+#include "facts/Tags.h"
+#include "host/Camera.h"
+#include "host/LogCapture.h"
 #include "verdict/EntryCheck.h"
 
 #include <QzName2Tag.h>
-#include <android/log.h>
 #include <fmt/format.h>
+#include <rows/Line.h>
 #include <utils/Errors.h>
 
 #include <algorithm>
 #include <array>
-#include <cstdio>
+#include <iterator>
 #include <map>
-#include <optional>
+#include <set>
 #include <tuple>
 
 namespace qzcam {
 
 namespace {
 
-constexpr const char* kRequest = "request";
-constexpr const char* kCapability = "capability";
-constexpr const char* kResult = "result";
-constexpr const char* kInspection = "inspection";
+// The device's vendor tags by the names under which the library finds them.
+using DeclaredTags = std::map<std::string, const Tag*>;
 
-// The device as the library's resolver sees it.
-class DeclaredTags {
-  public:
-    DeclaredTags(const Device& device, const std::vector<std::string>& names) {
-        const auto before = android::VendorTagDescriptor::getGlobalVendorTagDescriptor();
-        const LogListener silence([](const LogEvent&) {});
-        installVendorTags(device);
-        std::map<uint32_t, const Tag*> byId;
-        for (const Tag& tag : device.vendorTags) byId.emplace(tag.id, &tag);
-        const qz::QzName2Tag* resolver = qz::QzName2Tag::getInstance();
-        for (const std::string& name : names) {
-            const auto found = byId.find(resolver->vendorTagFromName(name.c_str()));
-            if (found != byId.end()) mTags.emplace(name, found->second);
-        }
-        android::VendorTagDescriptor::setAsGlobalVendorTagDescriptor(before);
+DeclaredTags declaredTags(const Device& device) {
+    const LogListener silence([](const LogEvent&) {});
+    std::map<uint32_t, const Tag*> byId;
+    for (const Tag& tag : device.vendorTags) byId.emplace(tag.id, &tag);
+    DeclaredTags tags;
+    for (const TagFact& fact : tagFacts()) {
+        if (!isVendorTag(fact.entry.tag)) continue;
+        const auto found = byId.find(qz::QzName2Tag::getInstance()->vendorTagFromName(fact.entry.tag));
+        if (found != byId.end()) tags.emplace(fact.entry.tag, found->second);
     }
-
-    const Tag* find(const std::string& name) const {
-        const auto found = mTags.find(name);
-        return found == mTags.end() ? nullptr : found->second;
-    }
-    bool isUsed(const Tag& tag) const {
-        return std::any_of(mTags.begin(), mTags.end(),
-                           [&](const auto& row) { return row.second->id == tag.id; });
-    }
-
-  private:
-    std::map<std::string, const Tag*> mTags;
-};
-
-void addOnce(std::vector<std::string>& list, const std::string& text) {
-    if (!text.empty() && std::find(list.begin(), list.end(), text) == list.end()) list.push_back(text);
+    return tags;
 }
 
-// What the library does with a tag, before a device is looked at.
-struct Wanted {
-    TagCheck row;
-    std::optional<uint8_t> type;
-    std::set<size_t> counts;                // that are written
-    const CapabilityFact* entry = nullptr;  // how its static entry is read
-};
-
-void takeCapability(Wanted& wanted, const CapabilityFact& fact) {
-    for (const std::string& key : fact.forKeys) addOnce(wanted.row.keys, key);
-    for (const std::string& key : fact.keys) addOnce(wanted.row.keys, key);
-    wanted.row.counts = fact.counts.toText();
-    wanted.entry = &fact;
-    if (fact.typeSeen) wanted.type = fact.type;
-}
-
-class WantedTags {
-  public:
-    explicit WantedTags(const Survey& survey) : mSurvey(survey) {
-        addRequests();
-        addCapabilities();
-        addResults();
-        addInspection();
-        for (const std::string& name : survey.names) {
-            if (mSeen.count(name) == 0) at(kRequest, name);
-        }
-    }
-
-    std::vector<Wanted>& rows() { return mRows; }
-
-  private:
-    // Null for a tag that is not a vendor's.
-    Wanted* at(const char* use, const std::string& tag);
-    void addWritten(const std::string& key, const std::vector<Written>& written);
-    void addRequests();
-    void addCapabilities();
-    void addResults();
-    void addInspection();
-
-    const Survey& mSurvey;
-    std::vector<Wanted> mRows;
-    std::set<std::string> mSeen;
-};
-
-Wanted* WantedTags::at(const char* use, const std::string& tag) {
-    if (!mSurvey.isVendor(tag)) return nullptr;
-    mSeen.insert(tag);
-    const auto found = std::find_if(mRows.begin(), mRows.end(), [&](const Wanted& wanted) {
-        return wanted.row.use == use && wanted.row.tag == tag;
+// The first error line of the getter that reads an entry, by the entry's tag. The adapter's own lines are
+// about counts.
+std::map<std::string, std::string> complaints(const Device& device) {
+    Trace trace;
+    const LogListener listener([&](const LogEvent& line) {
+        if (line.tag == qz::kTranslatorLog) addLogLine(trace, line);
     });
-    if (found != mRows.end()) return &*found;
-    Wanted& wanted = mRows.emplace_back();
-    wanted.row.tag = tag;
-    wanted.row.feature = featureOf(tag);
-    wanted.row.use = use;
-    return &wanted;
-}
-
-void WantedTags::addWritten(const std::string& key, const std::vector<Written>& written) {
-    for (const Written& row : written) {
-        Wanted* wanted = at(kRequest, row.tag);
-        if (wanted == nullptr) continue;
-        addOnce(wanted->row.keys, key);
-        wanted->type = row.values.type;
-        wanted->counts.insert(row.values.count);
-        const bool oneCount = wanted->counts.size() == 1;
-        wanted->row.counts = oneCount ? std::to_string(row.values.count) : "any";
+    const android::CameraMetadata characteristics = staticCharacteristics(device);
+    Camera camera(0, characteristics, [](Message&&) {});
+    camera.adapter().watch(&trace);
+    camera.translator().metaDataToParam();
+    camera.adapter().watch(nullptr);
+    std::map<std::string, std::string> texts;
+    std::string tag;
+    for (const TraceStep& step : trace) {
+        if (step.kind == TraceStep::Kind::Static) tag = step.name;
+        if (step.kind == TraceStep::Kind::Failure) texts.emplace(tag, step.name);
     }
-}
-
-void WantedTags::addRequests() {
-    for (const ParameterFact& parameter : mSurvey.parameters) {
-        for (const Outcome& outcome : parameter.outcomes) addWritten(parameter.key, outcome.written);
-    }
-    for (const ClientFact& client : mSurvey.clients) addWritten(client.key, client.written);
-}
-
-void WantedTags::addCapabilities() {
-    for (const CapabilityFact& fact : mSurvey.capabilities) {
-        Wanted* wanted = at(kCapability, fact.tag);
-        if (wanted != nullptr) takeCapability(*wanted, fact);
-    }
-}
-
-void WantedTags::addResults() {
-    for (const ResultFact& fact : mSurvey.results) {
-        Wanted* wanted = at(kResult, fact.tag);
-        if (wanted == nullptr) continue;
-        for (const Message& message : fact.messages) addOnce(wanted->row.keys, message.name);
-        wanted->row.counts = fact.counts.good.empty() ? "" : fact.counts.toText();
-        if (fact.typeSeen) wanted->type = fact.type;
-    }
-}
-
-void WantedTags::addInspection() {
-    for (const SizeListFact& fact : mSurvey.sizeLists) {
-        Wanted* wanted = at(kInspection, fact.tag);
-        if (wanted != nullptr && fact.typeSeen) wanted->type = fact.type;
-    }
+    return texts;
 }
 
 using VerdictCounts = std::array<size_t, kVerdicts>;
 
 // Features by how many of their tags are as bad as can be, tags by how bad they are.
 void sortWorstFirst(std::vector<TagCheck>& tags) {
-    std::array<VerdictCounts, kFeatures> counts{};
-    for (const TagCheck& tag : tags) ++counts[tag.feature][static_cast<size_t>(tag.verdict)];
+    std::array<VerdictCounts, qz::kFeatureCount> counts{};
+    const auto countsOf = [&](qz::Feature feature) -> VerdictCounts& {
+        return counts[static_cast<size_t>(feature)];
+    };
+    for (const TagCheck& tag : tags) ++countsOf(tag.feature)[static_cast<size_t>(tag.verdict)];
     for (VerdictCounts& each : counts) each.back() = 0;  // fine ones make nothing worse
     std::stable_sort(tags.begin(), tags.end(), [&](const TagCheck& a, const TagCheck& b) {
-        if (counts[a.feature] != counts[b.feature]) return counts[a.feature] > counts[b.feature];
+        if (countsOf(a.feature) != countsOf(b.feature)) return countsOf(a.feature) > countsOf(b.feature);
         return std::tie(a.feature, a.verdict) < std::tie(b.feature, b.verdict);
     });
 }
@@ -183,116 +82,137 @@ const Entry* entryOf(const std::vector<Entry>& entries, uint32_t tag) {
     return found == entries.end() ? nullptr : &*found;
 }
 
-std::string consequence(const Wanted& wanted) {
-    return wanted.entry == nullptr ? std::string() : unpublished(wanted.entry->keys);
-}
-
 class DeviceChecker {
   public:
-    DeviceChecker(const Device& device, Probe& probe, const Survey& survey)
-        : mDevice(device), mProbe(probe), mSurvey(survey), mDeclared(device, survey.names) {}
+    explicit DeviceChecker(const Device& device)
+        : mDevice(device),
+          mInPlace(device),
+          mDeclared(declaredTags(device)),
+          mComplaints(complaints(device)),
+          mNames(device.vendorTags) {}
 
-    DeviceCheck run();
+    DeviceCheck run() const;
 
   private:
-    void judge(Wanted& wanted);
-    void addStandardEntries(std::vector<TagCheck>& tags);
-    void judgeEntry(Wanted& wanted, const Tag& tag);
-    EntryFinding findingOf(const CapabilityFact& fact, const Tag& tag);
+    TagCheck checkVendorTag(const TagFact& fact) const;
+    EntryFinding findingOf(const TagFact& fact, const Tag& tag) const;
+    EntryFinding judged(const TagFact& fact, const StaticEntry& entry) const;
+    void addStandardEntry(std::vector<TagCheck>& tags, const TagFact& fact) const;
     std::vector<std::string> unused() const;
+    bool isUsed(const Tag& tag) const;
 
     const Device& mDevice;
-    Probe& mProbe;
-    const Survey& mSurvey;
-    DeclaredTags mDeclared;
+    const VendorTagsInPlace mInPlace;
+    const DeclaredTags mDeclared;
+    const std::map<std::string, std::string> mComplaints;
+    const TagNames mNames;
 };
 
-DeviceCheck DeviceChecker::run() {
+TagCheck blank(const TagFact& fact) {
+    TagCheck check;
+    check.tag = fact.entry.tag;
+    check.feature = fact.feature;
+    check.use = nameOf(fact.use);
+    check.names = fact.names;
+    check.expected = fact.entry;
+    return check;
+}
+
+void take(TagCheck& check, EntryFinding finding) {
+    check.verdict = finding.verdict;
+    check.problem = std::move(finding.problem);
+}
+
+EntryFinding missing(const TagFact& fact) {
+    if (!lacksSection(fact.entry.tag)) return {TagVerdict::Missing, {}};
+    return {TagVerdict::Missing, "looked up without a section, so that hardly any device can declare it"};
+}
+
+EntryFinding mistyped(const TagFact& fact) {
+    const bool isWritten = fact.use == Use::Request;
+    return {TagVerdict::Mistyped, isWritten ? fmt::format("the update fails ({})", android::INVALID_OPERATION)
+                                            : "read as empty" + unpublished(fact)};
+}
+
+DeviceCheck DeviceChecker::run() const {
     DeviceCheck check;
-    WantedTags wanted(mSurvey);
-    for (Wanted& row : wanted.rows()) {
-        judge(row);
-        check.tags.push_back(std::move(row.row));
+    for (const TagFact& fact : tagFacts()) {
+        if (isVendorTag(fact.entry.tag)) {
+            check.tags.push_back(checkVendorTag(fact));
+        } else if (fact.use == Use::Capability) {
+            addStandardEntry(check.tags, fact);
+        }
     }
-    addStandardEntries(check.tags);
     sortWorstFirst(check.tags);
     check.unused = unused();
     return check;
 }
 
-void DeviceChecker::judge(Wanted& wanted) {
-    TagCheck& row = wanted.row;
-    if (wanted.type) row.expected = camera_metadata_type_names[*wanted.type];
-    const Tag* tag = mDeclared.find(row.tag);
-    if (tag == nullptr) {
-        row.verdict = TagVerdict::Missing;
-        if (mSurvey.withoutSection.count(row.tag) != 0) {
-            row.what = "asked for without a section, so that hardly any device can declare it";
-        }
-        return;
+TagCheck DeviceChecker::checkVendorTag(const TagFact& fact) const {
+    TagCheck check = blank(fact);
+    const auto found = mDeclared.find(check.tag);
+    if (found == mDeclared.end()) {
+        take(check, missing(fact));
+        return check;
     }
-    row.declared = camera_metadata_type_names[tag->type];
-    if (wanted.type && tag->type != *wanted.type) {
-        row.verdict = TagVerdict::Mistyped;
-        row.what = row.use == kRequest ? fmt::format("the update fails ({})", android::INVALID_OPERATION)
-                                       : "read as empty" + consequence(wanted);
-        return;
+    const Tag& tag = *found->second;
+    check.declared = camera_metadata_type_names[tag.type];
+    if (tag.type != fact.entry.type) {
+        take(check, mistyped(fact));
+    } else if (fact.use == Use::Capability) {
+        take(check, findingOf(fact, tag));
     }
-    if (wanted.entry != nullptr) judgeEntry(wanted, *tag);
+    return check;
 }
 
 // Standard tags are declared everywhere, and most devices have their entries: listed are those that cannot be
 // read.
-void DeviceChecker::addStandardEntries(std::vector<TagCheck>& tags) {
-    const TagNames names(mDevice.vendorTags);
-    for (const CapabilityFact& fact : mSurvey.capabilities) {
-        const Tag* tag = mSurvey.isVendor(fact.tag) ? nullptr : names.find(fact.tag);
-        if (tag == nullptr) continue;
-        Wanted wanted;
-        wanted.row.tag = fact.tag;
-        wanted.row.feature = featureOf(fact.tag);
-        wanted.row.use = kCapability;
-        wanted.row.declared = wanted.row.expected = camera_metadata_type_names[tag->type];
-        takeCapability(wanted, fact);
-        judgeEntry(wanted, *tag);
-        if (wanted.row.verdict == TagVerdict::Malformed) tags.push_back(std::move(wanted.row));
-    }
+void DeviceChecker::addStandardEntry(std::vector<TagCheck>& tags, const TagFact& fact) const {
+    const Tag* tag = mNames.find(fact.entry.tag);
+    if (tag == nullptr) return;
+    TagCheck check = blank(fact);
+    check.declared = camera_metadata_type_names[tag->type];
+    take(check, findingOf(fact, *tag));
+    if (check.verdict == TagVerdict::Malformed) tags.push_back(std::move(check));
 }
 
-void DeviceChecker::judgeEntry(Wanted& wanted, const Tag& tag) {
-    EntryFinding finding = findingOf(*wanted.entry, tag);
-    wanted.row.verdict = finding.verdict;
-    wanted.row.what = std::move(finding.what);
-}
-
-EntryFinding DeviceChecker::findingOf(const CapabilityFact& fact, const Tag& tag) {
+EntryFinding DeviceChecker::findingOf(const TagFact& fact, const Tag& tag) const {
     if (const StaticEntry* entry = entryOf(mDevice.entries, tag.id)) {
-        if (entry->values.count > 0) return checkEntry(mProbe, fact, entry->values, entry->cut);
-        return {TagVerdict::NoEntry, "this camera's entry is without values"};
+        if (entry->values.count > 0) return judged(fact, *entry);
+        return {TagVerdict::NoEntry, "this camera's entry has no values"};
     }
     const MistypedEntry* mistyped = entryOf(mDevice.mistyped, tag.id);
     if (mistyped == nullptr) return {TagVerdict::NoEntry, "this camera has no entry"};
     return {TagVerdict::Malformed,
             fmt::format("entry is {}, tag declares {}: read as empty (line {}){}", mistyped->form,
-                        camera_metadata_type_names[tag.type], mistyped->line, unpublished(fact.keys))};
+                        camera_metadata_type_names[tag.type], mistyped->line, unpublished(fact))};
 }
 
-// Where the library's own tags stand, a misspelt one may stand too.
+// What the row does not tell, the getter does.
+EntryFinding DeviceChecker::judged(const TagFact& fact, const StaticEntry& entry) const {
+    EntryFinding finding = checkEntry(fact, entry);
+    const auto complaint = mComplaints.find(fact.entry.tag);
+    if (finding.verdict != TagVerdict::Fine || complaint == mComplaints.end()) return finding;
+    return {TagVerdict::Malformed, "the library logs an error: " + complaint->second};
+}
+
+// Tags beside the library's own, in the same sections: one of them may be misspelt.
 std::vector<std::string> DeviceChecker::unused() const {
     std::set<std::string> sections;
-    for (const std::string& name : mSurvey.names) {
-        if (mSurvey.withoutSection.count(name) == 0) sections.insert(name.substr(0, name.rfind('.')));
+    for (const TagFact& fact : tagFacts()) {
+        const std::string name = fact.entry.tag;
+        if (isVendorTag(name) && !lacksSection(name)) sections.insert(name.substr(0, name.rfind('.')));
     }
     std::vector<std::string> names;
     for (const Tag& tag : mDevice.vendorTags) {
-        if (sections.count(tag.section) != 0 && !mDeclared.isUsed(tag)) names.push_back(tag.fullName());
+        if (sections.count(tag.section) != 0 && !isUsed(tag)) names.push_back(tag.fullName());
     }
     return names;
 }
 
-std::string otherCamerasText(const Device& device) {
-    if (device.otherCameras.empty()) return {};
-    return fmt::format("  other cameras: {}; --camera chooses one\n", fmt::join(device.otherCameras, ", "));
+bool DeviceChecker::isUsed(const Tag& tag) const {
+    return std::any_of(mDeclared.begin(), mDeclared.end(),
+                       [&](const auto& row) { return row.second->id == tag.id; });
 }
 
 }  // namespace
@@ -310,7 +230,7 @@ size_t DeviceCheck::count(TagVerdict verdict) const {
 
 bool DeviceCheck::failed() const { return count(TagVerdict::Mistyped) + count(TagVerdict::Malformed) > 0; }
 
-const char* FeatureCheck::name() const { return featureName(begin->feature); }
+const char* FeatureCheck::name() const { return qz::kFeatureNames[static_cast<size_t>(begin->feature)]; }
 
 size_t FeatureCheck::count(TagVerdict verdict) const {
     const auto isOne = [&](const TagCheck& row) { return row.verdict == verdict; };
@@ -327,30 +247,6 @@ std::vector<FeatureCheck> byFeature(const DeviceCheck& check) {
     return features;
 }
 
-DeviceCheck checkDevice(const Device& device, Probe& probe, const Survey& survey) {
-    return DeviceChecker(device, probe, survey).run();
-}
-
-DeviceCheck checkDevice(const Device& device) {
-    Probe probe;
-    const Survey survey = surveyLibrary(probe, Depth::Tags);
-    return checkDevice(device, probe, survey);
-}
-
-ExitStatus check(const CheckOptions& options) {
-    const auto input = readDevice(options.device, options.camera);
-    if (!input) return kBadInput;
-    const DeviceCheck result = checkDevice(input->device);
-    const bool colour = wantsColour(stdout);
-    std::string text;
-    if (options.json) {
-        text = checkJson(input->device, result);
-    } else {
-        Printer(stdout, colour, ANDROID_LOG_SILENT).device(input->device);
-        text = otherCamerasText(input->device) + "\n" + checkText(input->device, result, colour);
-    }
-    if (!writeAll(stdout, text) || !input->whole) return kBadInput;
-    return result.failed() ? kExpectationFailed : kFine;
-}
+DeviceCheck checkDevice(const Device& device) { return DeviceChecker(device).run(); }
 
 }  // namespace qzcam

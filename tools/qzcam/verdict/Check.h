@@ -1,9 +1,11 @@
-// `qzcam check`: a device held against the library. Which tags the library wants, and how, comes from a
-// survey of it; what the device has, from its dump.
+// A device compared with the rows: which of the library's tags it declares, with which element types, and
+// which static entries its readers can use.
 #pragma once
 
-#include "cli/Cli.h"
 #include "device/Device.h"
+
+#include <rows/Entry.h>
+#include <rows/Feature.h>
 
 #include <cstddef>
 #include <string>
@@ -11,14 +13,11 @@
 
 namespace qzcam {
 
-struct Survey;
-class Probe;
-
 // Worst first.
 enum class TagVerdict {
     Mistyped,   // declared with another element type than the library's
     Malformed,  // right type, but the entry's count or values make no sense to its reader
-    Doubtful,   // the reader takes it, though hardly as it was meant
+    Doubtful,   // the reader takes it, but probably not as it was meant
     Missing,    // not declared
     NoEntry,    // declared, but this camera has no such static entry
     Fine,
@@ -28,15 +27,14 @@ const char* nameOf(TagVerdict verdict);
 
 struct TagCheck {
     std::string tag;
-    size_t feature = 0;
+    qz::Feature feature = qz::Feature::image;
     std::string use;  // "request", "capability", "result" or "inspection"
     std::vector<std::string>
-        keys;  // parameters that write it or are published from it; messages that it brings
+        names;  // parameters that write it, keys published from it, messages that it brings
     TagVerdict verdict = TagVerdict::Fine;
-    std::string declared;  // element type, empty when it is missing
-    std::string expected;  // likewise, empty when the library cannot use it
-    std::string counts;    // numbers of elements that the library writes or takes
-    std::string what;      // is wrong
+    std::string declared;  // element type, empty for a missing tag
+    qz::EntryRow expected;
+    std::string problem;
 };
 
 struct DeviceCheck {
@@ -59,18 +57,5 @@ struct FeatureCheck {
 std::vector<FeatureCheck> byFeature(const DeviceCheck& check);
 
 DeviceCheck checkDevice(const Device& device);
-DeviceCheck checkDevice(const Device& device, Probe& probe, const Survey& survey);
-
-// Goes behind Printer::device().
-std::string checkText(const Device& device, const DeviceCheck& check, bool colour);
-std::string checkJson(const Device& device, const DeviceCheck& check);
-
-struct CheckOptions {
-    std::string device;
-    std::string camera;
-    bool json = false;
-};
-
-ExitStatus check(const CheckOptions& options);
 
 }  // namespace qzcam

@@ -1,7 +1,7 @@
-// What a check found, for people and for programs.
-#include "verdict/Check.h"
+#include "verdict/CheckReport.h"
 
 #include "base/Text.h"
+#include "facts/RowTexts.h"
 
 #include <fmt/format.h>
 #include <nlohmann/json.hpp>
@@ -38,6 +38,8 @@ class Report {
     bool mColour;
     std::string mText;
 };
+
+const char* typeOf(const qz::EntryRow& entry) { return camera_metadata_type_names[entry.type]; }
 
 const char* styleOf(TagVerdict verdict) {
     if (verdict == TagVerdict::Mistyped || verdict == TagVerdict::Malformed) return "31";
@@ -84,28 +86,29 @@ void Report::addFeature(const FeatureCheck& feature) {
 }
 
 void Report::addRow(const TagCheck& row) {
-    const bool named = std::all_of(row.keys.begin(), row.keys.end(), [&](const std::string& key) {
-        return row.what.find(key) != std::string::npos;  // "is not published"
+    const bool named = std::all_of(row.names.begin(), row.names.end(), [&](const std::string& name) {
+        return row.problem.find(name) != std::string::npos;  // "is not published"
     });
-    const std::string forKeys = named ? "" : styled("2", fmt::format("  for {}", fmt::join(row.keys, ", ")));
+    const std::string names = named ? "" : styled("2", fmt::format("  for {}", fmt::join(row.names, ", ")));
     mText += fmt::format("  {}  {:<10}  {}",
                          styled(styleOf(row.verdict), fmt::format("{:<9}", nameOf(row.verdict))), row.use,
                          row.tag);
     mText += row.verdict == TagVerdict::Missing ? "" : "\n                         ";
-    mText += words(row) + forKeys + "\n";
+    mText += words(row) + names + "\n";
 }
 
 std::string Report::words(const TagCheck& row) const {
     switch (row.verdict) {
         case TagVerdict::Mistyped:
-            return fmt::format("declared {}, expected {}: {}", row.declared, row.expected, row.what);
+            return fmt::format("declared {}, expected {}: {}", row.declared, typeOf(row.expected),
+                               row.problem);
         case TagVerdict::NoEntry:
-            return fmt::format("{}, but {}", row.declared, row.what);
+            return fmt::format("{}, but {}", row.declared, row.problem);
         case TagVerdict::Missing:
-            return (row.expected.empty() ? "" : fmt::format(" ({})", row.expected)) +
-                   (row.what.empty() ? "" : ": " + row.what);
+            return fmt::format(" ({}){}", typeOf(row.expected),
+                               row.problem.empty() ? "" : ": " + row.problem);
         default:
-            return row.what;
+            return row.problem;
     }
 }
 
@@ -135,20 +138,21 @@ const char* jsonWord(TagVerdict verdict) {
 }
 
 // One number, or which ones in words.
-nlohmann::ordered_json countsJson(std::string_view counts) {
-    constexpr std::string_view exactly = "exactly ";
-    const auto number = parseInteger(startsWith(counts, exactly) ? counts.substr(exactly.size()) : counts);
-    return number ? nlohmann::ordered_json(*number) : nlohmann::ordered_json(counts);
+nlohmann::ordered_json countsJson(const qz::EntryRow& entry) {
+    if (entry.least == entry.most) return entry.least;
+    return countText(entry);
 }
 
 nlohmann::ordered_json tagJson(const TagCheck& row) {
-    nlohmann::ordered_json json{
-        {"tag", row.tag},      {"use", row.use},      {"verdict", jsonWord(row.verdict)},
-        {"declared", nullptr}, {"expected", nullptr}, {"counts", countsJson(row.counts)},
-        {"for", row.keys}};
+    nlohmann::ordered_json json{{"tag", row.tag},
+                                {"use", row.use},
+                                {"verdict", jsonWord(row.verdict)},
+                                {"declared", nullptr},
+                                {"expected", typeOf(row.expected)},
+                                {"counts", countsJson(row.expected)},
+                                {"for", row.names}};
     if (!row.declared.empty()) json["declared"] = row.declared;
-    if (!row.expected.empty()) json["expected"] = row.expected;
-    if (!row.what.empty()) json["what"] = row.what;
+    if (!row.problem.empty()) json["what"] = row.problem;
     return json;
 }
 

@@ -1,5 +1,6 @@
 #include "verdict/CompleteDevice.h"
 
+#include "device/VendorTagsInPlace.h"
 #include "host/Camera.h"
 #include "host/LogCapture.h"
 
@@ -10,17 +11,6 @@ namespace qzcam {
 namespace {
 
 using android::VendorTagDescriptor;
-
-class VendorTagsInPlace {
-  public:
-    VendorTagsInPlace() : mBefore(VendorTagDescriptor::getGlobalVendorTagDescriptor()) {}
-    ~VendorTagsInPlace() { VendorTagDescriptor::setAsGlobalVendorTagDescriptor(mBefore); }
-    VendorTagsInPlace(const VendorTagsInPlace&) = delete;
-    VendorTagsInPlace& operator=(const VendorTagsInPlace&) = delete;
-
-  private:
-    android::sp<VendorTagDescriptor> mBefore;
-};
 
 void replaceAll(android::CameraParameters2& parameters, const Texts& texts) {
     parameters = android::CameraParameters2();

@@ -1,21 +1,19 @@
-// Whether the static entry of a capability makes sense to the getter that reads it. The getter is asked: it
-// runs on the entry, and on copies of it with one element changed.
+// A static entry compared with the row of the getter that reads it.
 #pragma once
 
-#include "facts/Survey.h"
+#include "facts/Tags.h"
 #include "verdict/Check.h"
 
 namespace qzcam {
 
 struct EntryFinding {
     TagVerdict verdict = TagVerdict::Fine;
-    std::string what;
+    std::string problem;
 };
 
-// What becomes of the keys of a capability that the library does not take: ": KEY is not published".
-std::string unpublished(const std::vector<std::string>& keys);
+// Says that the keys of an entry which the library ignores are not published: ": KEY is not published".
+std::string unpublished(const TagFact& fact);
 
-// `cut`: the dump may not show the whole list.
-EntryFinding checkEntry(Probe& probe, const CapabilityFact& fact, const Values& values, bool cut);
+EntryFinding checkEntry(const TagFact& fact, const StaticEntry& entry);
 
 }  // namespace qzcam

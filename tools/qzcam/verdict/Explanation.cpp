@@ -1,6 +1,6 @@
 #include "verdict/Explanation.h"
 
-#include "facts/KeyWords.h"
+#include "facts/Lookup.h"
 #include "host/LogCapture.h"
 #include "verdict/KeyValue.h"
 #include "verdict/RowSteps.h"

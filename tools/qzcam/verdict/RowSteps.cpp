@@ -43,28 +43,4 @@ RowSteps stepsByRow(const Trace& trace) {
     return steps;
 }
 
-std::vector<const qz::Parameter*> rowsOf(const std::string& key) {
-    std::vector<const qz::Parameter*> rows;
-    for (const qz::Parameter& row : kParameters) {
-        if (keyIn(row, key) != nullptr) rows.push_back(&row);
-    }
-    return rows;
-}
-
-const qz::KeyRow* keyIn(const qz::Parameter& row, const std::string& key) {
-    const auto found = std::find_if(row.keys.begin(), row.keys.end(),
-                                    [&](const qz::KeyRow& each) { return key == each.name; });
-    return found == row.keys.end() ? nullptr : found;
-}
-
-// As many keys as entries: one for each. Otherwise each key decides about all entries.
-bool ownsEntry(const qz::Parameter& row, const qz::KeyRow& key, size_t index) {
-    if (key.condition) return false;
-    std::vector<const qz::KeyRow*> own;
-    for (const qz::KeyRow& each : row.keys) {
-        if (!each.condition) own.push_back(&each);
-    }
-    return own.size() != row.entries.count || own[index] == &key;
-}
-
 }  // namespace qzcam

@@ -1,8 +1,7 @@
 #include "verdict/Verdicts.h"
 
 #include "base/Text.h"
-#include "facts/KeyWords.h"
-#include "facts/Reference.h"
+#include "facts/Lookup.h"
 #include "verdict/KeyValue.h"
 #include "verdict/RowSteps.h"
 
@@ -89,7 +88,7 @@ VerdictRow Request::verdictOn(const std::string& key) const {
     const auto rows = rowsOf(key);
     if (rows.empty()) {
         verdict.verdict = Verdict::Unread;
-        verdict.reason = noteOn(key);
+        verdict.reason = noteOnHostKey(key);
         const auto similar = similarKeys(key);
         if (verdict.reason.empty() && !similar.empty())
             verdict.reason = fmt::format("perhaps {} is meant", fmt::join(similar, " or "));

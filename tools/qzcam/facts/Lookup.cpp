@@ -1,0 +1,149 @@
+#include "facts/Lookup.h"
+
+#include <capabilities/Capabilities.h>
+#include <request/Parameters.h>
+#include <text/Vocabularies.h>
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <cctype>
+#include <iterator>
+#include <utility>
+
+namespace qzcam {
+
+namespace {
+
+// Words that say little about a key.
+const std::set<std::string>& idleWords() {
+    static const std::set<std::string> words{
+        "qz",  "key", "mode", "value", "values", "set",   "supported", "range", "modes", "list",
+        "max", "min", "size", "sizes", "is",     "start", "end",       "step",  "level", "default"};
+    return words;
+}
+
+std::set<std::string> tellingWords(const std::string& key) {
+    std::set<std::string> words;
+    std::string word;
+    for (const char c : key + "-") {
+        if (std::isalnum(static_cast<unsigned char>(c)) != 0) {
+            word += c;
+        } else {
+            const std::string whole = std::exchange(word, {});
+            if (!whole.empty() && idleWords().count(whole) == 0) words.insert(whole);
+        }
+    }
+    return words;
+}
+
+double likeness(const std::set<std::string>& a, const std::set<std::string>& b) {
+    if (a.empty() || b.empty()) return 0;
+    const auto shared =
+        std::count_if(a.begin(), a.end(), [&](const auto& word) { return b.count(word) != 0; });
+    return static_cast<double>(2 * shared) / static_cast<double>(a.size() + b.size());
+}
+
+}  // namespace
+
+std::vector<const qz::Parameter*> rowsOf(const std::string& key) {
+    std::vector<const qz::Parameter*> rows;
+    for (const qz::Parameter& row : qz::kParameters) {
+        if (keyIn(row, key) != nullptr) rows.push_back(&row);
+    }
+    return rows;
+}
+
+const qz::KeyRow* keyIn(const qz::Parameter& row, const std::string& key) {
+    const auto found = std::find_if(row.keys.begin(), row.keys.end(),
+                                    [&](const qz::KeyRow& each) { return key == each.name; });
+    return found == row.keys.end() ? nullptr : found;
+}
+
+// As many keys as entries: one for each. Otherwise each key decides about all entries.
+bool ownsEntry(const qz::Parameter& row, const qz::KeyRow& key, size_t index) {
+    if (key.condition) return false;
+    std::vector<const qz::KeyRow*> own;
+    for (const qz::KeyRow& each : row.keys) {
+        if (!each.condition) own.push_back(&each);
+    }
+    return own.size() != row.entries.count || own[index] == &key;
+}
+
+const qz::CapabilityRow* findPublisher(std::string_view key) {
+    for (const qz::CapabilityRow& row : qz::kCapabilities) {
+        for (const qz::Publication& publication : row.publishes) {
+            if (key == publication.key) return &row;
+        }
+    }
+    return nullptr;
+}
+
+bool isUnconditional(std::string_view key) {
+    const qz::CapabilityRow* row = findPublisher(key);
+    return row != nullptr && row->entries.empty();
+}
+
+const char* wordFor(const qz::Vocabulary& vocabulary, int number) {
+    const auto* found = std::find_if(vocabulary.published.begin(), vocabulary.published.end(),
+                                     [&](const qz::Word& word) { return word.number == number; });
+    return found == vocabulary.published.end() ? nullptr : found->text;
+}
+
+const char* nameOf(const qz::Vocabulary& vocabulary) {
+    const auto* found =
+        std::find_if(std::begin(qz::kVocabularies), std::end(qz::kVocabularies),
+                     [&](const qz::NamedVocabulary& named) { return named.vocabulary == &vocabulary; });
+    return found == std::end(qz::kVocabularies) ? nullptr : found->toNumber;
+}
+
+const std::vector<HostKey>& hostKeys() {
+    static const std::vector<HostKey> keys{
+        {"camera_sound_state", "setShutterMute", "0 silences the shutter sound"},
+        {"qz-image-post-process", "modifySupportedPictureSize",
+         "'off' empties super-resolution-picture-size-values, any other word fills it"},
+        {"qz-otp-check", "modifyOTPtestResult", "set to the number of the last result's entry"},
+    };
+    return keys;
+}
+
+std::string noteOnHostKey(const std::string& key) {
+    for (const HostKey& row : hostKeys()) {
+        if (key == row.key)
+            return fmt::format("no entry carries it; used by {}: {}", row.function, row.effect);
+    }
+    return {};
+}
+
+std::set<std::string> readKeys() {
+    std::set<std::string> keys{"camera_sound_state"};
+    for (const qz::Parameter& row : qz::kParameters) {
+        for (const qz::KeyRow& key : row.keys) keys.insert(key.name);
+    }
+    return keys;
+}
+
+std::set<std::string> publishedKeys() {
+    std::set<std::string> keys{"qz-otp-check"};
+    for (const qz::CapabilityRow& row : qz::kCapabilities) {
+        for (const qz::Publication& publication : row.publishes) keys.insert(publication.key);
+    }
+    return keys;
+}
+
+std::vector<std::string> similarKeys(const std::string& key) {
+    constexpr double kAlike = 0.5;
+    constexpr size_t kMost = 4;
+    const auto words = tellingWords(key);
+    std::vector<std::pair<double, std::string>> found;
+    for (const std::string& other : readKeys()) {
+        const double alike = likeness(words, tellingWords(other));
+        if (alike >= kAlike) found.emplace_back(-alike, other);
+    }
+    std::stable_sort(found.begin(), found.end());
+    std::vector<std::string> keys;
+    for (size_t i = 0; i < std::min(found.size(), kMost); ++i) keys.push_back(found[i].second);
+    return keys;
+}
+
+}  // namespace qzcam

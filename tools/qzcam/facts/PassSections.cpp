@@ -1,0 +1,192 @@
+// The sections of the three passes: parameters, capabilities and results, in the orders of the library.
+#include "facts/Lookup.h"
+#include "facts/ReferenceSections.h"
+#include "facts/RowTexts.h"
+
+#include <callback/Results.h>
+#include <capabilities/Capabilities.h>
+#include <fmt/format.h>
+#include <request/Parameters.h>
+
+namespace qzcam {
+
+namespace {
+
+using Style = Column::Style;
+
+const char* textOf(qz::Feature feature) { return qz::kFeatureNames[static_cast<size_t>(feature)]; }
+
+const qz::Vocabulary* wordsOf(const qz::Parameter& row) { return row.conversion.vocabulary; }
+
+std::vector<Value> conversionOf(const qz::Parameter& row) {
+    using Kind = qz::Conversion::Kind;
+    if (wordsOf(row) != nullptr) return textIf(nameOf(*wordsOf(row)));
+    if (row.conversion.kind == Kind::number) return {text("as read")};
+    if (row.conversion.kind == Kind::autoNumber) return {text("decimal")};
+    return {};
+}
+
+std::vector<Value> wordsIn(const qz::Parameter& row) {
+    return wordsOf(row) != nullptr ? wordsToNumbers(*wordsOf(row)) : std::vector<Value>();
+}
+
+std::vector<Value> otherwise(const qz::Parameter& row) {
+    if (wordsOf(row) == nullptr || row.entries.empty()) return {};
+    const std::string number = numberIn(row.entries[0].type, wordsOf(row)->whenUnknown);
+    return {text(number.c_str())};
+}
+
+std::vector<Value> refusals(const qz::Parameter& row) {
+    std::vector<Value> values;
+    for (const qz::EntryRow& entry : row.entries) values.push_back(text(entry.refused));
+    return values;
+}
+
+template <typename Gates, typename Texts>
+std::vector<Value> gateTexts(const Gates& gates, const Texts& all) {
+    std::vector<Value> values;
+    for (const auto gate : gates) values.push_back(text(all[static_cast<size_t>(gate)]));
+    return values;
+}
+
+Doc docOf(const qz::Parameter& row) {
+    Doc doc;
+    for (const qz::KeyRow& key : row.keys) doc.names.emplace_back(key.name);
+    doc.heading = fmt::format("{}: {}", fmt::join(doc.names, ", "),
+                              row.keys.count == 1 ? "a parameter" : "parameters of one setter");
+    doc.names.emplace_back(row.setter);
+    std::vector<Value> keys;
+    for (const qz::KeyRow& key : row.keys) keys.push_back(keyValue(key));
+    for (const qz::EntryRow& entry : row.entries) addTagNames(doc.names, entry.tag);
+    doc.cells = {{text(row.setter)},
+                 keys,
+                 conversionOf(row),
+                 wordsIn(row),
+                 otherwise(row),
+                 entryValues(row.entries),
+                 gateTexts(row.gates, qz::kGateTexts),
+                 refusals(row),
+                 textIf(row.information),
+                 texts(row.offers),
+                 entryValues(row.uses),
+                 texts(row.properties),
+                 textIf(row.keeps),
+                 {text(textOf(row.feature))}};
+    return doc;
+}
+
+Value publicationValue(const qz::Publication& publication) {
+    constexpr const char* forms[] = {"'true' or 'false'", "", "number", "numbers", "text", "", "", "", ""};
+    std::string form = forms[static_cast<size_t>(publication.form)];
+    if (publication.vocabulary != nullptr) form = publication.vocabulary->toText;
+    if (publication.note != nullptr) form = publication.note;
+    return {{"key", publication.key}, {"form", form}};
+}
+
+std::vector<Value> publishedWords(const qz::CapabilityRow& row) {
+    for (const qz::Publication& publication : row.publishes) {
+        if (publication.vocabulary != nullptr) return numbersToWords(*publication.vocabulary);
+    }
+    return {};
+}
+
+Doc docOf(const qz::CapabilityRow& row) {
+    Doc doc;
+    std::vector<Value> publications;
+    for (const qz::Publication& publication : row.publishes) {
+        doc.names.emplace_back(publication.key);
+        publications.push_back(publicationValue(publication));
+    }
+    doc.heading = doc.names.empty() ? fmt::format("{}: a capability", row.getter)
+                                    : fmt::format("{}: published by the library", fmt::join(doc.names, ", "));
+    doc.names.emplace_back(row.getter);
+    for (const qz::EntryRow& entry : row.entries) addTagNames(doc.names, entry.tag);
+    const std::string minimum = fmt::to_string(row.minimum);
+    doc.cells = {
+        {text(row.getter)},         entryValues(row.entries),  {text(minimum.c_str())},   publications,
+        publishedWords(row),        textIf(row.counts.format), textIf(row.echoes.format), textIf(row.keeps),
+        {text(textOf(row.feature))}};
+    return doc;
+}
+
+Doc docOf(const qz::ResultRow& row) {
+    Doc doc;
+    doc.heading = fmt::format("{}: a result handler", row.handler);
+    doc.names.emplace_back(row.handler);
+    for (const qz::EntryRow& entry : row.entries) addTagNames(doc.names, entry.tag);
+    const qz::MessageRow* message = qz::findMessage(row.message, row.kind);
+    doc.cells = {{text(row.handler)},
+                 entryValues(row.entries),
+                 message != nullptr ? textIf(message->name) : std::vector<Value>(),
+                 gateTexts(row.gates, qz::kResultGateTexts),
+                 textIf(row.line),
+                 texts(row.members),
+                 {text(textOf(row.feature))}};
+    return doc;
+}
+
+template <typename Rows>
+std::vector<Doc> docsOf(const Rows& rows) {
+    std::vector<Doc> docs;
+    for (const auto& row : rows) docs.push_back(docOf(row));
+    return docs;
+}
+
+}  // namespace
+
+Section parameterSection() {
+    return {
+        "Parameters",
+        "What an application sets, in the order of the request pass. A word becomes its number; an unknown word is mostly "
+        "-1, which a byte holds as 255. For a key that is read as an integer, -1 counts as absent.",
+        "parameters",
+        {{"Setter", "setter", "setter", Style::Code, false},
+         {"Key", "key", "keys", Style::Code},
+         {"Value", "value", "value", Style::Text, false},
+         {"Words", "words", "words", Style::Words, true, false},
+         {"Other words", "any other", "otherwise", Style::Text, false, false},
+         {"Entry of the request", "entry", "entries", Style::Code},
+         {"Condition", "condition", "conditions"},
+         {"Failure text", "failure", "failures", Style::Code},
+         {"Information line", "line", "information", Style::Code, false},
+         {"Offered by", "offered by", "offeredBy", Style::Code},
+         {"Static entry used", "uses", "uses", Style::Code},
+         {"Property used", "property", "properties", Style::Code},
+         {"Kept as", "kept as", "keeps", Style::Code, false},
+         {"Feature", "feature", "feature", Style::Text, false}},
+        docsOf(qz::kParameters)};
+}
+
+Section capabilitySection() {
+    return {
+        "Capabilities",
+        "What the library publishes, in the order of its pass. An entry with any other number of elements is as good as "
+        "none. The adapter reports an entry with fewer elements than the minimum.",
+        "published",
+        {{"Getter", "getter", "getter", Style::Code, false},
+         {"Static entry", "entry", "entries", Style::Code},
+         {"Minimum", "minimum", "minimum", Style::Number, false},
+         {"Published key", "key", "keys", Style::Code},
+         {"Words", "words", "words", Style::Words, true, false},
+         {"Count line", "count line", "countLine", Style::Code, false},
+         {"Echo line", "echo line", "echoLine", Style::Code, false},
+         {"Kept as", "kept as", "keeps", Style::Code, false},
+         {"Feature", "feature", "feature", Style::Text, false}},
+        docsOf(qz::kCapabilities)};
+}
+
+Section resultSection() {
+    return {"Results",
+            "What the library looks for in a result, in the order of the dispatcher.",
+            "results",
+            {{"Handler", "handler", "handler", Style::Code, false},
+             {"Entry of the result", "entry", "entries", Style::Code},
+             {"Message", "message", "message", Style::Code, false},
+             {"Condition", "condition", "conditions"},
+             {"Line", "line", "line", Style::Code, false},
+             {"Kept as", "kept as", "keeps", Style::Code},
+             {"Feature", "feature", "feature", Style::Text, false}},
+            docsOf(qz::kResults)};
+}
+
+}  // namespace qzcam

@@ -1,0 +1,42 @@
+// The tags that the library looks up, by the rows that name them.
+#pragma once
+
+#include "device/Device.h"
+
+#include <capabilities/Publication.h>
+#include <rows/Entry.h>
+#include <rows/Feature.h>
+
+#include <string>
+#include <vector>
+
+namespace qzcam {
+
+enum class Use { Request, Capability, Result, Inspection };
+const char* nameOf(Use use);
+
+struct TagFact {
+    Use use = Use::Request;
+    qz::EntryRow entry;
+    qz::Feature feature = qz::Feature::image;
+    std::vector<std::string>
+        names;  // parameters that write it, keys published from it, messages that it brings
+    const qz::CapabilityRow* capability = nullptr;  // whose getter reads it
+    const qz::Publication* publication = nullptr;   // of that getter, from this entry
+};
+
+// In the order of the passes. A tag has one fact a use.
+const std::vector<TagFact>& tagFacts();
+
+// Vendor tags of the capability pass, in its order.
+std::vector<std::string> capabilityNames();
+
+bool isVendorTag(const std::string& name);
+
+// A name that the library looks up without a section.
+bool lacksSection(const std::string& name);
+
+// All vendor tags of the library as if a device declared them. Their numbers mean nothing.
+const TagNames& libraryTags();
+
+}  // namespace qzcam
