@@ -43,7 +43,8 @@ CameraMetadata::CameraMetadata(const CameraMetadata& other) : mBuffer(clone_came
 
 CameraMetadata::~CameraMetadata() { free_camera_metadata(mBuffer); }
 
-// The other assignment looks after the object itself: NOLINTNEXTLINE(bugprone-unhandled-self-assignment)
+// The other assignment looks after the object itself.
+// NOLINTNEXTLINE(bugprone-unhandled-self-assignment,cert-oop54-cpp)
 CameraMetadata& CameraMetadata::operator=(const CameraMetadata& other) { return *this = other.mBuffer; }
 
 CameraMetadata& CameraMetadata::operator=(const camera_metadata_t* buffer) {
