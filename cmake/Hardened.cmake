@@ -16,7 +16,7 @@ if(CMAKE_SYSTEM_PROCESSOR MATCHES "^(x86_64|AMD64|i[3-6]86)$")
     set(QZ_CET_MARK LINKER:-z,shstk)
 endif()
 
-foreach(target qzcamera_objects qzcamera qzcamera_platform qzcam_device qzcam_lib qzcam)
+foreach(target qzcamera_objects qzcamera qzcamera_platform qzcam_device qzcam_reference qzcam_lib qzcam)
     if(TARGET ${target})
         target_compile_options(${target} PRIVATE
             "$<${QZ_HARDENED}:-fstack-protector-strong;-U_FORTIFY_SOURCE;-D_FORTIFY_SOURCE=2;${QZ_CET}>")
