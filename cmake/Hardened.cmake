@@ -6,7 +6,11 @@ include(CheckPIESupported)
 check_pie_supported(LANGUAGES CXX)
 
 # Fortified calls would hide from a sanitizer what they replace, and without optimisation there are none.
-set(QZ_HARDENED $<AND:$<BOOL:${QZ_HARDEN}>,$<NOT:$<BOOL:${QZ_SANITIZE}>>,$<CONFIG:Release,RelWithDebInfo,MinSizeRel>>)
+if(QZ_HARDEN AND NOT QZ_SANITIZE)
+    set(QZ_HARDENED $<CONFIG:Release,RelWithDebInfo,MinSizeRel>)
+else()
+    set(QZ_HARDENED 0)
+endif()
 
 # Landing pads for indirect calls and jumps. Debian's startup files have no marks for the loader. The mark for the
 # shadow stack is set by hand, since these files return as they were called; the mark for landing pads cannot be set,
