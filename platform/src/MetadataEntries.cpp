@@ -55,7 +55,7 @@ bool fits(uint8_t type, size_t count, size_t room) {
 // The bytes between an element's end and the next multiple of 8 are kept zero, so that equal contents are
 // equal bytes.
 void copyElements(uint8_t* dst, const void* data, size_t size, size_t room) {
-    if (size > 0) std::memmove(dst, data, size);
+    if (size > 0 && data != nullptr) std::memmove(dst, data, size);
     std::memset(dst + size, 0, room - size);
 }
 

@@ -12,10 +12,10 @@ namespace {
 
 // The steps that are switches, and their lines.
 struct Switch {
-    const char* key;
+    const char* key = nullptr;
     TagName tag;
-    const char* information;
-    const char* refused;
+    const char* information = nullptr;
+    const char* refused = nullptr;
 };
 constexpr Switch kSwitches[] = {
     {"qz_ois_gryo_offset_calib", CAPTURE("oisGryoOffsetCalib"), line::GyroOffsetCalib::format,
