@@ -193,7 +193,9 @@ TEST(CameraMetadata, BuffersChangeHands) {
     EXPECT_EQ(get_camera_metadata_entry_count(buffer), 5U);
     EXPECT_TRUE(moved.isEmpty());
     moved = buffer;
-    EXPECT_NE(moved.release(), buffer) << "a copy";
+    camera_metadata_t* const copy = moved.release();
+    EXPECT_NE(copy, buffer);
+    free_camera_metadata(copy);
     moved.acquire(buffer);
     metadata.clear();
     metadata.swap(moved);
