@@ -1,9 +1,11 @@
-// The translator of one camera: application parameters into requests, static capabilities into parameters.
+// SPDX-License-Identifier: Apache-2.0
+// The translator of one camera: it writes application parameters into requests, and publishes static
+// capabilities as parameters.
 //
-// QzParametersEx creates and owns it. The host reaches it through QzParametersEx::mCameraQzParam and calls
+// QzParametersEx creates and owns it. The host reaches it through QzParametersEx::mCameraQzParam. It calls
 // passes and queries on its parameter thread, serialised with every other use of that camera's parameters.
-// State that passes leave here lives until the next pass finds its key or capability again; the
-// light-painting mode and the camera application's flag go with their keys.
+// A member that a pass sets keeps its value until a later pass finds its key or capability again. The
+// light-painting mode and the camera application's flag are also cleared when their key is removed.
 #pragma once
 
 #include "QzHostInterfaces.h"
@@ -16,8 +18,8 @@
 
 namespace qz {
 
-// A number that one thread writes and another reads without a lock. Relaxed order: a reader may see it late,
-// never torn; on the target a plain load or store.
+// A number that one thread writes and another reads without a lock. The order is relaxed: a reader may see a
+// value late, but never a torn one. On the target it is a plain load or store.
 template <typename T>
 class RelaxedAtomic {
   public:
@@ -33,52 +35,55 @@ class RelaxedAtomic {
 
 class CCameraQzParam : public virtual android::RefBase {
   public:
-    // Writes every parameter that the application has set and the device declares a tag for into one request.
-    // Returns 0, or -22 for a null request; a parameter that cannot be written is logged and passed over.
+    // Writes every parameter that the application has set, and whose tag the device declares, into one
+    // request. Returns 0, or -22 for a null request. A parameter that cannot be written is logged and
+    // skipped.
     QZ_API status_t paramToMetaData(android::CameraMetadata* metaData);
 
-    // Publishes the device's static capabilities as "...-supported", "...-values" and range parameters. May
-    // run again; a capability that is empty then keeps the key of the last run. Always 0.
+    // Publishes the device's static capabilities as "...-supported", "...-values" and range parameters. It
+    // may run again: a capability that has become empty keeps the value of the last run. Always returns 0.
     QZ_API int32_t metaDataToParam();
 
-    // What the host alone knows of the client. The package name decides which applications record without
-    // video stabilisation; bit 0 of the flag word lets chat applications have face beauty.
+    // Set facts about the client that only the host knows. The package name decides which applications record
+    // without video stabilisation. Bit 0 of the flags allows face beauty for chat applications.
     QZ_API void setClientName(const android::String16& packageName);
     QZ_API void setCallBackFlag(uint32_t flag);
 
-    // Whether "scene-mode" `extScene` is one of the extended ones.
+    // Returns true if the value `extScene` of "scene-mode" is an extended scene mode.
     QZ_API bool isExtSceneMode(const char* extScene) const;
 
-    // Keys and sizes behind super resolution: its switch, where its sizes are listed, and the published
-    // sizes. Keys given out here and below are constants of the library, valid for ever.
+    // Returns the key that switches super resolution, the key that lists its sizes, and the published sizes.
+    // Keys returned here and below are constants of the library and stay valid.
     QZ_API void getSupportedSuperResPicSizes(const char*& switchKey, const char*& listKey,
                                              android::String8& sizes) const;
 
-    // The keys of post-processing in general: which one the application sets, and which one marks its camera.
+    // Returns the key that an application sets for post-processing, and the key that marks the vendor's
+    // camera application.
     QZ_API void getQzPostKey(const char*& postKey, const char*& flagKey) const;
 
-    // The last OTP test result as text, and the key that it is published under; publishes it, too.
+    // Publishes the last OTP test result, and returns its text and its key.
     QZ_API void getOTPtestResult(const char*& key, android::String8& value);
 
-    // Whether a size in pixels is among the published sizes. "200x1500" is found inside "1200x1500".
+    // Return true if the published sizes contain a size in pixels. "200x1500" is found inside "1200x1500".
     QZ_API bool isSuperResolution(int width, int height) const;
     QZ_API bool isSubSensorResolution(int width, int height) const;
 
-    // The recording state, on devices whose capabilities ask for it; false on all others.
+    // Keep the recording state on devices whose capabilities ask for it. It is false on all others.
     QZ_API void qzUpdateRecordingState(bool recording);
     QZ_API bool qzIsRecording() const;
 
-    // Whether the last request that changed the 2D panorama switched it on.
+    // Returns true if the last request that changed the 2D panorama switched it on.
     QZ_API bool getPanorama2DMode() const;
 
-    // Whether the next capture takes long: professional mode with over a second, or any light-painting mode.
+    // Returns true if the next capture takes long: in professional mode with more than a second of exposure,
+    // or in any light-painting mode.
     QZ_API bool checkLongExpoMode();
 
-    // Whether the vendor's camera application wants its own zero-shutter-lag: outside professional mode,
-    // unless property "camera.ignore.qz.customized.zsl" begins with '1'.
+    // Returns true if the vendor's camera application uses its own zero shutter lag: outside professional
+    // mode, unless the property "camera.ignore.qz.customized.zsl" begins with '1'.
     QZ_API bool needQzCustomizedZsl();
 
-    // Whether the host should open the shutter early for the vendor's camera application.
+    // Returns true if the host should open the shutter early for the vendor's camera application.
     QZ_API bool qzNeedPreShutter();
 
   private:
@@ -120,14 +125,15 @@ class CCameraQzParam : public virtual android::RefBase {
     bool mRequireVideoStatus = false;    // capability is exactly 1
     bool mRecording = false;             // qzUpdateRecordingState()
     bool mPreShutterSupported = false;   // capability is exactly 1
-    bool mPreShutterDone = false;        // written by no pass: answers as if always false
+    bool mPreShutterDone = false;        // no pass writes it: always false
     bool mPanorama2DMode = false;        // last requested 2D-panorama mode
     int mMaxQuickThumbnailSize = 0;      // capability as read
     int64_t mSlowJpegModeThreshold = 0;  // capability as read
     android::String16 mClientName;       // setClientName()
 };
 
-// Null, after an error line, for a null interface, which must outlive the translator.
+// Creates a translator. Logs an error and returns null for a null interface. The interface must outlive the
+// translator.
 QZ_API android::sp<CCameraQzParam> CreateCameraQzParam(ExtParamInterface* paramIntf);
 
 }  // namespace qz

@@ -1,10 +1,11 @@
-// Vendor entries of capture results, turned into messages to the application.
+// SPDX-License-Identifier: Apache-2.0
+// Turns vendor entries of capture results into messages to the application.
 //
-// The host creates one for each camera and hands it every result's metadata, one at a time, on its result
-// thread. Each handler looks up its entry through the host's ExtCallBackInterface. Some remember what they
-// sent last and stay silent until it changes; the others send with every result that holds their entry. No
-// locks: fields belong to the result thread, and the few translator members written here are atomics
-// (CCameraQzParam.h says which).
+// The host creates one for each camera and passes it the metadata of every result, one at a time, on its
+// result thread. Each handler looks up its entry through the host's ExtCallBackInterface. Some handlers
+// remember the last value they sent and send only a changed one. The others send with every result that holds
+// their entry. There are no locks: the members belong to the result thread, and the translator members that
+// are written here are atomics (see CCameraQzParam.h).
 #pragma once
 
 #include "CCameraQzParam.h"
@@ -14,13 +15,13 @@ namespace qz {
 
 class CameraQzCallBack : public virtual android::RefBase {
   public:
-    // Runs every handler over one result, in a fixed order. Always 0.
+    // Runs every handler over one result, in a fixed order. Always returns 0.
     QZ_API status_t processQzCallBack(const android::CameraMetadata& result);
 
-    // Messages that the host may also send itself, on whichever thread its interface takes them.
-    // MSG_SMART_MODE with the low 8 bits of the mode; mode 0 sends nothing.
+    // Messages that the host may also send itself, on any thread on which its interface accepts them.
+    // Sends MSG_SMART_MODE with the low 8 bits of the mode. Mode 0 sends nothing.
     QZ_API void callbackSmartMode(int mode);
-    // MSG_HDC_CALIB_RESULT and MSG_FOV_CALIB_RESULT. The host's status; -22 without a host.
+    // Send MSG_HDC_CALIB_RESULT and MSG_FOV_CALIB_RESULT. Return the host's status, or -22 without a host.
     QZ_API status_t callbackHDCCalibResult(int result);
     QZ_API status_t callbackFovCalibResult(int result);
 
@@ -37,7 +38,7 @@ class CameraQzCallBack : public virtual android::RefBase {
     ExtCallBackInterface* mExtCallBackIntf;  // not owned
     CCameraQzParam* mQzParam;                // not owned
 
-    // What the last results brought, so that it is not sent twice.
+    // Values of the last results, so that an unchanged value is not sent twice.
     int32_t mTargetCoordX = 0;
     int32_t mTargetCoordY = 0;
     int32_t mDualAbnormal = 0;
@@ -53,7 +54,8 @@ class CameraQzCallBack : public virtual android::RefBase {
     int32_t mMmiFocusValue = -1;
 };
 
-// Null, after an error line, when an argument is null. Both must outlive the object.
+// Creates a result processor. Logs an error and returns null if an argument is null. Both arguments must
+// outlive the object.
 QZ_API android::sp<CameraQzCallBack> CreateCameraQzCallBack(ExtCallBackInterface* callBackIntf,
                                                             CCameraQzParam* qzParam);
 

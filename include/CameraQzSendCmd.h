@@ -1,7 +1,8 @@
-// Vendor command codes of the application's sendCommand: reading focus values that capture results brought.
+// SPDX-License-Identifier: Apache-2.0
+// Vendor commands of the application's sendCommand: they read focus values of the last capture results.
 //
-// The host creates one for each camera and passes on every command that it does not handle itself, on
-// whichever thread it handles commands.
+// The host creates one for each camera and forwards every command that it does not handle itself, on the
+// thread on which it handles commands.
 #pragma once
 
 #include "CCameraQzParam.h"
@@ -15,11 +16,11 @@ enum VendorCommand : int32_t {
 
 class CameraQzSendCmd : public virtual android::RefBase {
   public:
-    // Answers a command; the arguments of the two known ones are ignored. One call at a time.
-    //   CMD_GET_FOCUS_VCM_VALUE       the position itself, 0 before the first result
-    //   CMD_GET_FOCUS_CONTRAST_VALUE  the contrast (30 bits) once it is fresh; -1 when none
-    //                                 came in three seconds, for which the call blocks
-    //   any other                     -22
+    // Answers a command. The arguments of the two known commands are ignored. One call at a time. Returns
+    //   CMD_GET_FOCUS_VCM_VALUE       the motor position, 0 before the first result
+    //   CMD_GET_FOCUS_CONTRAST_VALUE  the next new contrast (30 bits); -1 if none arrives within three
+    //                                 seconds; the call blocks until then
+    //   any other command             -22
     QZ_API status_t sendCommand(int32_t cmd, int32_t arg1, int32_t arg2);
 
   private:
@@ -35,7 +36,8 @@ class CameraQzSendCmd : public virtual android::RefBase {
     int32_t mContrastCount = 0;  // rolling counter (-2 to 1) of the last contrast value handed out
 };
 
-// Null, after an error line, for a null translator. The translator must outlive the object.
+// Creates a command sender. Logs an error and returns null for a null translator. The translator must outlive
+// the object.
 QZ_API android::sp<CameraQzSendCmd> CreateCameraQzSendCmd(CCameraQzParam* qzParam);
 
 }  // namespace qz

@@ -1,7 +1,7 @@
-// The adapter: the host's parameters, static characteristics and requests as the translator sees them.
+// SPDX-License-Identifier: Apache-2.0
+// The adapter: it gives the translator access to the host's parameters, static characteristics and requests.
 //
-// The host creates one for each opened camera, over its live parameter set, and holds it through a strong
-// pointer:
+// The host creates one for each opened camera, over its live parameter set, and holds it by a strong pointer:
 //
 //     sp<QzParametersEx> ex = new QzParametersEx(parameters, cameraId);
 //     ex->mInfo = &staticCharacteristics;
@@ -42,15 +42,15 @@ class QZ_API QzParametersEx : public ExtParamInterface {
                     size_t count) override;
     status_t update(android::CameraMetadata* metadata, uint32_t tag, const android::String8& value) override;
 
-    // Slot 11, behind those of the interface: removes a key from the parameter set. Null is ignored.
+    // Removes a key from the parameter set. Null is ignored. It takes slot 11, after those of the interface.
     virtual void remove(const char* key);
 
-    // mShutterMute = "camera_sound_state" is exactly 0; an absent key means not muted.
+    // Sets mShutterMute to true if "camera_sound_state" is exactly 0. An absent key means not muted.
     void setShutterMute(android::CameraParameters2& params);
 
-    // Shows the super-resolution sizes under "super-resolution-picture-size-values": none while
-    // "qz-image-post-process" is "off", those of the capability pass with any other text; without that key,
-    // and for camera 1 (front), it is left alone.
+    // Sets "super-resolution-picture-size-values": to the empty text if "qz-image-post-process" is "off", and
+    // to the sizes of the capability pass for any other text. Without that key, and for camera 1 (front), it
+    // does nothing.
     void modifySupportedPictureSize(android::CameraParameters2& params);
 
     // Sets "qz-otp-check" to the last OTP test result.
@@ -63,7 +63,7 @@ class QZ_API QzParametersEx : public ExtParamInterface {
     android::CameraParameters2& mParameters;
 
   public:
-    // Static characteristics: the host's, assigned before the first pass.
+    // The host's static characteristics. The host assigns them before the first pass.
     const android::CameraMetadata* mInfo = nullptr;
 
   private:

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include <camera/CameraMetadata.h>
 
 #include <android/log.h>
@@ -14,8 +15,8 @@ namespace {
 
 using qz::host::kError;
 
-// A capacity that has to grow holds twice of what is needed: adding is cheap, and dumps show the same numbers
-// as on a device. SIZE_MAX, which is never there, when that is beyond all bounds.
+// Returns twice the needed capacity: appending is cheap, and dumps show the same numbers as on a device.
+// Returns SIZE_MAX, which cannot be allocated, if that is too large.
 size_t grownCapacity(size_t capacity, size_t count, size_t extra) {
     if (extra <= capacity - count) return capacity;
     constexpr size_t kMost = qz::host::kMaxSize / 2;
@@ -43,7 +44,7 @@ CameraMetadata::CameraMetadata(const CameraMetadata& other) : mBuffer(clone_came
 
 CameraMetadata::~CameraMetadata() { free_camera_metadata(mBuffer); }
 
-// The other assignment looks after the object itself.
+// The other assignment handles self-assignment.
 // NOLINTNEXTLINE(bugprone-unhandled-self-assignment,cert-oop54-cpp)
 CameraMetadata& CameraMetadata::operator=(const CameraMetadata& other) { return *this = other.mBuffer; }
 
@@ -122,7 +123,7 @@ status_t CameraMetadata::sort() {
     return refuseLocked("sort") ? INVALID_OPERATION : sort_camera_metadata(mBuffer);
 }
 
-// Makes room for so much more.
+// Makes room for more entries and data.
 status_t CameraMetadata::grow(size_t extraEntries, size_t extraData) {
     const camera_metadata_t none = {};
     const camera_metadata_t& now = mBuffer != nullptr ? *mBuffer : none;
@@ -160,7 +161,7 @@ status_t CameraMetadata::put(uint32_t tag, uint8_t type, const void* data, size_
     if (find_camera_metadata_ro_entry(mBuffer, tag, &present) != OK) {
         return qz::host::addEntry(mBuffer, tag, type, data, count);
     }
-    if (present.type != type) {  // of a time when the tag was declared otherwise
+    if (present.type != type) {  // from a time when the tag was declared with another type
         LOGE("update: the entry of tag %#x is %s", tag, camera_metadata_type_names[present.type]);
         return INVALID_OPERATION;
     }

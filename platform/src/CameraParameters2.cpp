@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include <camera/CameraParameters2.h>
 
 #include <android/log.h>
@@ -37,7 +38,7 @@ void CameraParameters2::add(std::string_view key, std::string value) {
 
 void CameraParameters2::forget(Index::iterator found) {
     const auto item = found->second;
-    mByKey.erase(found);  // first: its key is the item's
+    mByKey.erase(found);  // comes first: the key belongs to the item
     if (mItems.size() - 1 > mByKey.size()) {
         const auto next = std::find_if(std::next(item), mItems.end(),
                                        [item](const Item& other) { return other.key == item->key; });
@@ -48,7 +49,7 @@ void CameraParameters2::forget(Index::iterator found) {
 
 void CameraParameters2::set(const char* key, const char* value) {
     if (key == nullptr || value == nullptr || !isPlain(key) || !isPlain(value)) return;
-    std::string text = value;  // may be the old item's own
+    std::string text = value;  // `value` may belong to the old item
     if (const auto found = mByKey.find(key); found != mByKey.end()) forget(found);
     add(key, std::move(text));
 }
@@ -56,7 +57,7 @@ void CameraParameters2::set(const char* key, const char* value) {
 void CameraParameters2::set(const char* key, int value) { set(key, std::to_string(value).c_str()); }
 
 void CameraParameters2::setFloat(const char* key, float value) {
-    char text[16];  // "-1.17549e-38" is as long as it gets
+    char text[16];  // "-1.17549e-38" is the longest text
     std::snprintf(text, sizeof text, "%g", static_cast<double>(value));
     set(key, text);
 }
@@ -70,7 +71,7 @@ const char* CameraParameters2::get(const char* key) const {
 int CameraParameters2::getInt(const char* key) const {
     const char* const text = get(key);
     if (text == nullptr) return -1;
-    // Where long has 64 bits its own limits saturate a second time to those of 32 bits.
+    // Where `long` has 64 bits, strtol saturates at 64 bits, and this saturates at 32 bits.
     return static_cast<int>(std::clamp<int64_t>(std::strtol(text, nullptr, 0), INT32_MIN, INT32_MAX));
 }
 

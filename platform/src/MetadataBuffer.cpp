@@ -1,4 +1,5 @@
-// Whole buffers: how they are made, copied, joined and checked. Their entries are in MetadataEntries.cpp.
+// SPDX-License-Identifier: Apache-2.0
+// Creates, copies, joins and checks whole buffers. MetadataEntries.cpp works on their entries.
 #include "MetadataBuffer.h"
 
 #include <android/log.h>
@@ -36,7 +37,7 @@ size_t read(const camera_metadata_t* metadata, uint32_t camera_metadata::*member
     return 0;
 }
 
-// The entries just appended: their elements lie behind the data that were there before.
+// The elements of the appended entries are stored after the earlier data.
 void shiftData(BufferEntry* first, size_t count, uint32_t offset) {
     std::for_each(first, first + count, [offset](BufferEntry& entry) {
         if (dataSizeOf(entry) > 0) entry.content.offset += offset;
@@ -178,7 +179,7 @@ size_t get_camera_metadata_data_capacity(const camera_metadata_t* metadata) {
     return read(metadata, &camera_metadata::dataCapacity, __func__);
 }
 
-// These two have a status where others have a size.
+// These two functions return a status where others return a size.
 size_t get_camera_metadata_size(const camera_metadata_t* metadata) {
     return metadata != nullptr ? metadata->size : size_t{kError};
 }

@@ -1,4 +1,6 @@
+// SPDX-License-Identifier: Apache-2.0
 #include <android-base/stringprintf.h>
+#include <camera/VendorTagDescriptor.h>
 #include <host/StandardTags.h>
 #include <unistd.h>
 
@@ -8,6 +10,7 @@
 
 #include "MetadataBuffer.h"
 
+using android::VendorTagDescriptor;
 using android::base::StringAppendF;
 
 namespace {
@@ -15,7 +18,7 @@ namespace {
 constexpr size_t kFewValues = 16;
 constexpr size_t kValuesPerLine[NUM_TYPES] = {16, 4, 8, 2, 4, 2};
 
-// A whole number, by its name if the tag names it.
+// Prints an integer, or its name if the tag has a name for it.
 void appendNumber(std::string& out, uint32_t tag, int64_t value) {
     const char* const name = qz::host::nameOfValue(tag, value);
     out += name != nullptr ? name : std::to_string(value);
@@ -51,14 +54,27 @@ void appendValues(std::string& out, const camera_metadata_ro_entry_t& entry, siz
     }
 }
 
+// Appends "section.tag". The texts of a vendor tag belong to its descriptor, which another thread may
+// replace.
+void appendName(std::string& out, uint32_t tag) {
+    const auto vendor = VendorTagDescriptor::getGlobalVendorTagDescriptor();
+    const bool isStandard = tag < CAMERA_METADATA_VENDOR_TAG_BOUNDARY;
+    const char* section = nullptr;
+    const char* name = nullptr;
+    if (isStandard || vendor != nullptr) {
+        section = isStandard ? get_camera_metadata_section_name(tag) : vendor->getSectionName(tag);
+        name = isStandard ? get_camera_metadata_tag_name(tag) : vendor->getTagName(tag);
+    }
+    out += section != nullptr ? section : "unknownSection";
+    out += '.';
+    out += name != nullptr ? name : "unknownTag";
+}
+
 void appendEntry(std::string& out, const camera_metadata_ro_entry_t& entry, int verbosity,
                  size_t indentation) {
-    const char* const section = get_camera_metadata_section_name(entry.tag);
-    const char* const name = get_camera_metadata_tag_name(entry.tag);
     out.append(indentation, ' ');
-    StringAppendF(&out, "%s.%s (%05x): %s[%zu]\n", section != nullptr ? section : "unknownSection",
-                  name != nullptr ? name : "unknownTag", entry.tag, camera_metadata_type_names[entry.type],
-                  entry.count);
+    appendName(out, entry.tag);
+    StringAppendF(&out, " (%05x): %s[%zu]\n", entry.tag, camera_metadata_type_names[entry.type], entry.count);
     if (verbosity <= 0) return;
     appendValues(out, entry, verbosity == 1 ? std::min(entry.count, kFewValues) : entry.count,
                  indentation + 2);

@@ -1,4 +1,5 @@
-// The entries of one buffer.
+// SPDX-License-Identifier: Apache-2.0
+// Finds and changes the entries of one buffer.
 #include "MetadataBuffer.h"
 
 #include <utils/Errors.h>
@@ -52,14 +53,14 @@ bool fits(uint8_t type, size_t count, size_t room) {
     return size != SIZE_MAX && size <= room;
 }
 
-// The bytes between an element's end and the next multiple of 8 are kept zero, so that equal contents are
+// The bytes between the end of the elements and the next multiple of 8 are zero, so that equal contents have
 // equal bytes.
 void copyElements(uint8_t* dst, const void* data, size_t size, size_t room) {
     if (size > 0 && data != nullptr) std::memmove(dst, data, size);
     std::memset(dst + size, 0, room - size);
 }
 
-// Stores new elements, those of the data area at its end.
+// Stores new elements, in the entry itself or at the end of the data area.
 void storeContent(camera_metadata_t* metadata, BufferEntry& entry, const void* data, size_t count) {
     entry.count = static_cast<uint32_t>(count);
     const size_t size = count * camera_metadata_type_size[entry.type];
@@ -89,7 +90,7 @@ void dropData(camera_metadata_t* metadata, const BufferEntry& entry) {
 
 void replaceContent(camera_metadata_t* metadata, BufferEntry& entry, const void* data, size_t count) {
     std::vector<uint8_t> copy;
-    if (liesIn(metadata, data)) {  // closing the gap would move the elements away
+    if (liesIn(metadata, data)) {  // closing the gap would move these elements
         const auto* const bytes = static_cast<const uint8_t*>(data);
         copy.assign(bytes, bytes + count * camera_metadata_type_size[entry.type]);
         data = copy.data();
@@ -98,7 +99,7 @@ void replaceContent(camera_metadata_t* metadata, BufferEntry& entry, const void*
     storeContent(metadata, entry, data, count);
 }
 
-// Elements that take as much room as the old ones stay where those are.
+// Elements of the same size as the old ones are stored in the same place.
 void changeContent(camera_metadata_t* metadata, BufferEntry& entry, const void* data, size_t count) {
     const size_t room = calculate_camera_metadata_entry_data_size(entry.type, count);
     if (room == 0 || room != dataSizeOf(entry)) return replaceContent(metadata, entry, data, count);

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include <android-base/properties.h>
 #include <cutils/properties.h>
 #include <utils/Errors.h>
@@ -10,7 +11,7 @@
 
 namespace {
 
-// On a host libbase keeps the properties in a map of the process without a lock of its own.
+// On a host libbase keeps the properties in a map of the process, which has no lock.
 std::mutex& propertiesMutex() {
     static std::mutex mutex;
     return mutex;
@@ -18,8 +19,7 @@ std::mutex& propertiesMutex() {
 
 std::string readProperty(const char* key) {
     static const std::string unset;
-    thread_local std::string
-        name;  // kept, so that a name too long for the string itself is allocated once a thread
+    thread_local std::string name;  // static, so that a long name is allocated only once in each thread
     name = key;
     const std::lock_guard<std::mutex> lock(propertiesMutex());
     return android::base::GetProperty(name, unset);

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include <host/StandardTags.h>
 
 #include <camera/VendorTagDescriptor.h>
@@ -63,7 +64,7 @@ constexpr NamedValue kNamedValues[] = {
 #include <system/camera_metadata_values.inc>
 };
 
-// Where each section's rows begin in kTags; one more for the end.
+// Index of each section's first row in kTags; one more for the end.
 constexpr auto kFirstRows = [] {
     std::array<size_t, kSectionCount + 1> rows = {};
     for (size_t section = 0; section < kSectionCount; ++section) {

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include <camera/VendorTagDescriptor.h>
 
 #include <android/log.h>
@@ -20,7 +21,7 @@ struct Global {
 };
 
 Global& global() {
-    static auto* const instance = new Global;  // never destroyed: threads may ask until the process ends
+    static auto* const instance = new Global;  // never destroyed: threads may use it until the process ends
     return *instance;
 }
 
@@ -83,7 +84,7 @@ status_t VendorTagDescriptor::readTag(const vendor_tag_ops_t* ops, uint32_t tag)
     return OK;
 }
 
-// Of a tag that is listed twice the later answers count.
+// If a tag is listed twice, the later one counts.
 void VendorTagDescriptor::sortTags() {
     std::stable_sort(mTags.begin(), mTags.end(), [](const Tag& a, const Tag& b) { return a.tag < b.tag; });
     const auto last =
@@ -103,7 +104,7 @@ void VendorTagDescriptor::index(const std::vector<uint32_t>& listed) {
 }
 
 status_t VendorTagDescriptor::setAsGlobalVendorTagDescriptor(const sp<VendorTagDescriptor>& descriptor) {
-    sp<VendorTagDescriptor> replaced = descriptor;  // outlives the lock: the last one is destroyed without it
+    sp<VendorTagDescriptor> replaced = descriptor;  // destroys an old descriptor after the lock is released
     const std::lock_guard<std::mutex> lock(global().mutex);
     std::swap(replaced, global().descriptor);
     return OK;

@@ -1,7 +1,8 @@
-// ThreadSanitizer does not follow fences, and the platform's LightRefBase orders an object's last release
-// before its destruction with one: each object released by several threads would be reported. Read by the
-// sanitizer's start-up code, called by nobody otherwise. Weak, because it gets into a program by several
-// ways, and visible, because the sanitizer is a library of its own.
+// SPDX-License-Identifier: Apache-2.0
+// Suppresses a false report. ThreadSanitizer does not understand fences, and the platform's LightRefBase uses
+// one to order an object's last release before its destruction: each object that several threads release
+// would be reported. Only the start-up code of the sanitizer calls this function. It is weak, because a
+// program may contain it more than once, and visible, because the sanitizer is a separate library.
 
 // NOLINTBEGIN(bugprone-reserved-identifier,cert-dcl37-c,cert-dcl51-cpp)
 extern "C" const char* __tsan_default_suppressions();

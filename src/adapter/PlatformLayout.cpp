@@ -1,6 +1,7 @@
-// What is laid out in memory between the library and a host that was compiled elsewhere. A platform header
-// that says otherwise ends the build here, not a camera session. The slots of the virtual functions are
-// compared by a test, since no constant expression can tell them.
+// SPDX-License-Identifier: Apache-2.0
+// Checks the memory layout that the library shares with hosts compiled elsewhere. A platform header with
+// another layout stops the build here, instead of a camera session later. A test compares the slots of the
+// virtual functions, since no constant expression can.
 #include "QzHostInterfaces.h"
 
 #include <camera/CameraMetadata.h>
@@ -22,11 +23,11 @@ static_assert(offsetof(Entry, data) == offsetof(Entry, count) + sizeof(size_t));
 static_assert(sizeof(Entry) == (sizeof(void*) == 4 ? 20 : 32));
 static_assert(std::is_trivially_copyable_v<Entry>);
 
-// Written and read as arrays of elements, without a gap.
+// Elements are written and read as arrays, without a gap.
 static_assert(sizeof(camera_metadata_rational) == 8 && offsetof(camera_metadata_rational, denominator) == 4);
 static_assert(sizeof(float) == 4 && sizeof(double) == 8 && sizeof(int) == 4);
 
-// A status and a message code cross as plain integers.
+// A status and a message code are passed as plain integers.
 static_assert(sizeof(status_t) == 4 && android::OK == 0 && android::BAD_VALUE == -22);
 
 }  // namespace

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "QzParametersEx.h"
 
 #include "tags/TagLabels.h"
@@ -27,7 +28,7 @@ camera_metadata_ro_entry checkedEntry(const CameraMetadata& info, uint32_t tag, 
         const TagLabel label(tag);
         LOG(line::NoStaticEntry, label.section(), label.name(), tag);
     } else if (entry.count < minCount || (maxCount != 0 && entry.count > maxCount)) {
-        // An absent entry that is not required but has a minimum is reported here too.
+        // An absent entry that is not required but has a minimum is logged here too.
         const TagLabel label(tag);
         LOG(line::MalformedEntry, label.section(), label.name(), tag, minCount, maxCount, entry.count);
     }

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "CameraQzCallBack.h"
 
 #include "callback/ResultPass.h"
@@ -25,7 +26,7 @@ CameraQzCallBack::CameraQzCallBack(ExtCallBackInterface* callBackIntf, CCameraQz
 
 CameraQzCallBack::~CameraQzCallBack() { LOG(line::CallBack, __func__); }
 
-// Four bytes of 101, the low byte of the mode, three zeros.
+// The block is four bytes of 101, the low byte of the mode, and three zeros.
 void CameraQzCallBack::callbackSmartMode(int mode) {
     constexpr size_t blockSize = 8;
     constexpr size_t modeAt = 4;

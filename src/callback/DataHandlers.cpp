@@ -1,4 +1,5 @@
-// The handlers of data blocks: several numbers, or a driver's bytes.
+// SPDX-License-Identifier: Apache-2.0
+// Handlers that send data blocks: several numbers, or a driver's bytes.
 #include "callback/ResultSteps.h"
 
 #include "text/Checked.h"
@@ -14,7 +15,8 @@ using Entry = camera_metadata_ro_entry;
 
 uint32_t size32(size_t bytes) { return static_cast<uint32_t>(bytes); }
 
-// An int32 that names the calibration, then the entry's bytes. Empty when they cannot be copied.
+// Returns an int32 that names the calibration, followed by the entry's bytes. The block is empty if they
+// cannot be copied.
 std::vector<uint8_t> oisBlock(int32_t kind, const void* data, size_t bytes, const char* caller) {
     std::vector<uint8_t> block(sizeof(kind) + bytes);
     const bool copied =
@@ -23,15 +25,15 @@ std::vector<uint8_t> oisBlock(int32_t kind, const void* data, size_t bytes, cons
     return copied ? block : std::vector<uint8_t>();
 }
 
-// The int32 of a hall-calibration blob at a place; 0 where the blob is too short for it.
+// Returns the int32 at an offset of a hall-calibration blob, or 0 if the blob is too short.
 int32_t wordAt(const Entry& blob, size_t offset, size_t shortest) {
     int32_t word = 0;
     if (blob.count >= shortest) memcpy(&word, blob.data.u8 + offset, sizeof(word));
     return word;
 }
 
-// Logs the named fields of a hall-calibration blob: the result in bytes 0-3, the driver's name from byte 4 up
-// to its terminator, ad_offset_y in the last four bytes.
+// Logs the named fields of a hall-calibration blob: the result in bytes 0 to 3, the driver's name from byte 4
+// up to its terminator, and ad_offset_y in the last four bytes.
 void logHallBlob(const Entry& blob, const char* caller) {
     constexpr size_t word = sizeof(int32_t);
     const char* name = blob.count > word ? reinterpret_cast<const char*>(blob.data.u8 + word) : "";

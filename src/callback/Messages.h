@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The messages to the application as a table: kMessages.
 #pragma once
 
@@ -9,14 +10,14 @@ namespace qz {
 
 struct MessageRow {
     enum class Form : uint8_t {
-        notification,  // two numbers; the second one, or both, may mean nothing
+        notification,  // two numbers; the second one, or both, may be unused
         numbers,       // a block of int32, all of them named
-        openNumbers,   // the same, and any number of unnamed ones behind them
-        ownBlock,      // a block that is not int32 throughout
+        openNumbers,   // the same, followed by any number of unnamed ones
+        ownBlock,      // a block that does not consist of int32 only
     };
 
     int32_t code = 0;
-    int32_t kind = 0;  // first number of messages that share a code, before the named ones; otherwise 0
+    int32_t kind = 0;  // first number of messages that share a code; otherwise 0
     const char* constant = nullptr;
     const char* name = nullptr;
     Form form = Form::notification;
@@ -31,7 +32,7 @@ inline constexpr MessageRow kMessages[] = {
 #undef MESSAGE
 };
 
-// Null for a message that has no row.
+// Returns null for a message that has no row.
 constexpr const MessageRow* findMessage(int32_t code, int32_t kind) {
     for (const MessageRow& row : kMessages) {
         if (row.code == code && row.kind == kind) return &row;

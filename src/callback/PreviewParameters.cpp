@@ -1,4 +1,6 @@
-// What professional mode shows over its preview: exposure time, ISO and an exposure hint, in one block.
+// SPDX-License-Identifier: Apache-2.0
+// Values that professional mode shows over its preview: exposure time, ISO and an exposure hint, in one
+// block.
 #include "callback/ResultSteps.h"
 
 #include "tags/TagNames.h"
@@ -11,7 +13,7 @@ namespace qz {
 
 namespace {
 
-// Standard ISO steps: each for the raw numbers above the step before, up to its own upper end.
+// Standard ISO steps. A step covers the raw values above the step before it, up to its own upper limit.
 struct IsoStep {
     int32_t upper;
     int32_t iso;
@@ -39,7 +41,7 @@ int32_t hintFromBrightness(int32_t mean) {
 
 void ResultSteps::processPreviewParameters(CameraQzCallBack& callBack, const Result& result) {
     ExtCallBackInterface* host = callBack.mExtCallBackIntf;
-    int32_t block[3];  // exposure time, ISO, hint: -1 until filled
+    int32_t block[3];  // exposure time, ISO, hint: -1 until it is set
     if (!succeeded<line::BlockNotCleared>(memset_s(block, sizeof(block), 0xFF, sizeof(block)), __func__))
         return;
     const int time = profGetExposureTime(host, result, &block[0]);
@@ -64,7 +66,7 @@ int profGetIsoState(ExtCallBackInterface* host, const Result& result, int32_t* i
     return 1;
 }
 
-// The scene's own hint first; without one, the mean brightness decides.
+// The hint of the scene takes precedence. Without one, the mean brightness decides.
 int profGetExposureHint(ExtCallBackInterface* host, const Result& result, int32_t* expoHint) {
     if (expoHint == nullptr) {
         LOG_TEXT(line::NoExpoHint);

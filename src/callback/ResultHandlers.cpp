@@ -1,4 +1,5 @@
-// The handlers of single values: when each has something new to tell.
+// SPDX-License-Identifier: Apache-2.0
+// Handlers that send single values, and the conditions under which a value is new.
 #include "callback/ResultSteps.h"
 
 #include "tags/TagNames.h"
@@ -48,7 +49,7 @@ void ResultSteps::processOtpcheckResult(CameraQzCallBack& callBack, const Result
     callBack.mQzParam->mOtpTestResult.set(static_cast<uint8_t>(result.numbers()[0]));
 }
 
-// An abnormal state is repeated with every result; the return to normal is told once.
+// An abnormal state is sent with every result. The return to normal is sent once.
 void ResultSteps::processDualAbnormal(CameraQzCallBack& callBack, const Result& result) {
     const int32_t abnormal = result.numbers()[0];
     if (abnormal == 0 && callBack.mDualAbnormal == 0) return;
@@ -56,7 +57,7 @@ void ResultSteps::processDualAbnormal(CameraQzCallBack& callBack, const Result& 
     callBack.mExtCallBackIntf->notifyCallback(MSG_DUAL_ABNORMAL, abnormal, 0);
 }
 
-// The index of the last result outlives the verification, so that the next one does not send it again.
+// The index of the last result is kept after the verification, so that the next one does not send it again.
 void ResultSteps::processDualCameraVerify(CameraQzCallBack& callBack, const Result& result) {
     if (result.bytes()[0] != 1) {
         callBack.mDualVerifyActive = 0;
@@ -86,7 +87,7 @@ void ResultSteps::processMMIFeatureTest(CameraQzCallBack& callBack, const Result
     callBack.mMmiTestRequest = request;
 }
 
-// Sent once while the verification mode stays 1; any other mode arms it again.
+// The result is sent once while the verification mode stays 1. Any other mode allows it again.
 void ResultSteps::processMMICameraPdafVerify(CameraQzCallBack& callBack, const Result& result) {
     const uint8_t mode = result.bytes()[0];
     LOG(line::PdafVerificationMode, __func__, mode);

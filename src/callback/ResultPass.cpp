@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "callback/ResultPass.h"
 
 #include "callback/ResultSteps.h"
@@ -14,10 +15,10 @@ namespace {
 using android::CameraMetadata;
 using Function = void (*)(CameraQzCallBack&, const Result&);
 
-// The facts of a row that the pass needs; the others take no room in the library.
+// The facts of a row that the pass needs. The library does not store the others.
 struct Step {
     const char* handler = nullptr;
-    Function function = nullptr;  // of its own; null for a plain row
+    Function function = nullptr;  // null for a plain row
     EntryRow entry;
     int32_t message = 0;
     int32_t kind = 0;
@@ -49,7 +50,7 @@ constexpr Step kSteps[] = {
 #undef OWN
 };
 
-// True for an entry that the row allows.
+// Returns true for an entry that the row allows. Logs another count.
 bool isUsable(const Step& step, const camera_metadata_ro_entry& entry) {
     if (entry.count == 0 || entry.type != step.entry.type) return false;
     if (step.entry.allows(entry.count)) return true;

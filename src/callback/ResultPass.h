@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The result pass, step by step.
 #pragma once
 
@@ -5,10 +6,10 @@
 
 namespace qz {
 
-// False, after an error line in the caller's name, without a host interface.
+// Returns true if there is a host interface. Otherwise logs an error under the caller's name.
 bool hasHost(const ExtCallBackInterface* host, const char* caller);
 
-// Runs one handler by its name. Returns its status; -2 (NAME_NOT_FOUND) for a name that no row has.
+// Runs one handler by its name. Returns its status, or -2 (NAME_NOT_FOUND) if no row has the name.
 status_t runHandler(CameraQzCallBack& callBack, const char* handler, const android::CameraMetadata& result);
 
 }  // namespace qz

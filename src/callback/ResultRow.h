@@ -1,5 +1,6 @@
-// The row of one result handler: every fact of its way from a result entry to the application. results.inc
-// holds the rows.
+// SPDX-License-Identifier: Apache-2.0
+// The row of one result handler: every fact about the result entry, its conditions and its message.
+// results.inc contains the rows.
 #pragma once
 
 #include "QzHostInterfaces.h"
@@ -10,13 +11,13 @@
 
 namespace qz {
 
-// Conditions under which an entry that has arrived is not told.
+// Conditions under which a received entry is not sent.
 enum class ResultGate : uint8_t {
-    onChange,          // the values are those that were told last
-    zeroOnce,          // 0 was told last, and it is 0 again
+    onChange,          // the values are those that were sent last
+    zeroOnce,          // 0 was sent last, and it is 0 again
     notZero,           // the value is 0
     modeIsOne,         // the first entry, a mode, is not 1
-    onceAMode,         // the result was told since the mode became 1
+    onceAMode,         // the result was sent since the mode became 1
     professionalMode,  // the last request with "qz-professional-mode" did not switch it on
 };
 
@@ -32,16 +33,16 @@ constexpr const char* kResultGateTexts[] = {
 struct ResultRow {
     const char* handler = nullptr;
     Feature feature = Feature::image;
-    bool plain = false;     // nothing but this row; otherwise a function of the handler's name runs
-    bool optional = false;  // the function runs whatever the result has
+    bool plain = false;     // the row alone is enough; otherwise a function of the handler's name runs
+    bool optional = false;  // the function runs whatever the result contains
     Upto<EntryRow, 4> entries{};
-    int32_t message = 0;         // code; 0: none
-    int32_t kind = 0;            // first number of messages that share a code
-    const char* line = nullptr;  // a plain row's information line; otherwise the error line for another count
-    Upto<const char*, 3> members{};  // that it sets
+    int32_t message = 0;             // code; 0: none
+    int32_t kind = 0;                // first number of messages that share a code
+    const char* line = nullptr;      // plain rows: information line; otherwise error line for another count
+    Upto<const char*, 3> members{};  // members that it sets
     Upto<ResultGate, 2> gates{};
 
-    // Facts of results.inc, each of which gives the row again.
+    // Facts of results.inc. Each function returns the row.
     constexpr ResultRow& reads(Upto<EntryRow, 4> all) { return entries = all, *this; }
     constexpr ResultRow& looksFor(Upto<EntryRow, 4> all) { return optional = true, reads(all); }
     constexpr ResultRow& sends(int32_t code, int32_t first = 0) {

@@ -1,4 +1,5 @@
-// The functions of the rows that are more than a row. Each is the algorithm of one handler.
+// SPDX-License-Identifier: Apache-2.0
+// The functions of the rows that need one. Each is the algorithm of one handler.
 #pragma once
 
 #include "CameraQzCallBack.h"
@@ -9,8 +10,7 @@
 
 namespace qz {
 
-// A capture result as a handler gets it: the first entry of the handler's row is there, with its type and
-// count.
+// A capture result for a handler. The first entry of the handler's row is present, with its type and count.
 struct Result {
     const android::CameraMetadata& metadata;
     camera_metadata_ro_entry entry;
@@ -19,10 +19,10 @@ struct Result {
     const int32_t* numbers() const { return entry.data.i32; }
 };
 
-// A further entry of a result.
+// Returns a further entry of a result.
 EntryView<int32_t> findNumbers(ExtCallBackInterface* host, const Result& result, TagName tagName);
 
-// A friend of the processor and of the translator, whose state the functions read and leave.
+// A friend of the processor and of the translator: the functions read and write their members.
 struct ResultSteps {
 #define PLAIN(...)
 #define OWN(handler, ...) static void handler(CameraQzCallBack& callBack, const Result& result);
@@ -34,7 +34,7 @@ struct ResultSteps {
 // Parts of handlers.
 void callbackTargetTracking(ExtCallBackInterface* host, const int32_t* targetCoord);  // x, y
 
-// Of the preview-parameter block: 1 filled, 0 not.
+// Fill one number of the preview-parameter block. Return 1 if it was set, otherwise 0.
 int profGetExposureTime(ExtCallBackInterface* host, const Result& result,
                         int32_t* exposureTime);  // microseconds
 int profGetIsoState(ExtCallBackInterface* host, const Result& result, int32_t* iso);

@@ -1,4 +1,5 @@
-// The rows of all result handlers as a table: kResults, in the order of the dispatcher.
+// SPDX-License-Identifier: Apache-2.0
+// Table of all result handlers in the order of the dispatcher: kResults.
 #pragma once
 
 #include "callback/Messages.h"
@@ -16,7 +17,7 @@ inline constexpr ResultRow kResults[] = {
 
 constexpr size_t kResultCount = sizeof(kResults) / sizeof(kResults[0]);
 
-// Null for a name that no row has.
+// Returns null if no row has the name.
 constexpr const ResultRow* findResult(const char* handler) {
     for (const ResultRow& row : kResults) {
         if (sameText(row.handler, handler)) return &row;
@@ -24,7 +25,7 @@ constexpr const ResultRow* findResult(const char* handler) {
     return nullptr;
 }
 
-// Each handler has one row, its lines take the handler and a number, and its message is one of the table.
+// Each handler has one row, its lines take the handler and a number, and its message is in the table.
 constexpr bool sound(const ResultRow& row) {
     if (findResult(row.handler) != &row) return false;
     if (row.line != nullptr && !converts(row.line, "sd")) return false;

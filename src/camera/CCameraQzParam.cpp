@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "CCameraQzParam.h"
 
 #include "text/BoundedMemory.h"
@@ -17,7 +18,7 @@ using android::String8;
 
 constexpr char kPostProcessKey[] = "qz-image-post-process";
 
-// A search for the text, not for an item of the list.
+// Searches for the text, not for an item of the list.
 bool holdsSize(const String8& sizes, int width, int height) {
     char size[32];
     snprintf_s(size, sizeof(size), sizeof(size), "%dx%d", width, height);
@@ -110,7 +111,7 @@ bool CCameraQzParam::needQzCustomizedZsl() {
         LOG(line::NoExtParam, __func__);
         return false;
     }
-    // An unknown word counts as professional: better no customised zero-shutter-lag than a wrong one.
+    // An unknown word counts as professional mode: no customised zero shutter lag is better than a wrong one.
     const auto professional = static_cast<uint8_t>(numberOf(kOnOff, mExtParam->get("qz-professional-mode")));
     LOG(line::CustomizedZsl, mIsQzCamera ? "true" : "false", professional);
     return mIsQzCamera && professional == 0;

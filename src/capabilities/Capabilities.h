@@ -1,4 +1,5 @@
-// The rows of all capabilities as a table: kCapabilities, in the order of the pass.
+// SPDX-License-Identifier: Apache-2.0
+// Table of all capabilities in the order of the pass: kCapabilities.
 #pragma once
 
 #include "capabilities/Publication.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "capabilities/CapabilityPass.h"
 
 #include "capabilities/Capabilities.h"
@@ -14,10 +15,10 @@ namespace {
 using Function = void (*)(CCameraQzParam&);
 using Form = Publication::Form;
 
-// The facts of a row that the pass needs; the others take no room in the library.
+// The facts of a row that the pass needs. The library does not store the others.
 struct Step {
     const char* getter = nullptr;
-    Function function = nullptr;  // of its own; null for a plain row
+    Function function = nullptr;  // null for a plain row
     const char* tag = nullptr;
     const char* key = nullptr;
     const Vocabulary* words = nullptr;
@@ -25,7 +26,7 @@ struct Step {
     const char* echoes = nullptr;
     uint8_t tagLength = 0;
     uint8_t minimum = 0;
-    uint8_t exactly = 0;  // 0: any count but none
+    uint8_t exactly = 0;  // 0: any count except 0
     uint8_t echoPriority = 0;
     Form form = Form::own;
     bool countsName = false;
@@ -106,7 +107,7 @@ void publish(const Step& step, ExtParamInterface* host, EntryView<int32_t> numbe
     publishNumber(host, step.key, numbers[0]);
 }
 
-// An entry of another type than the row's counts as empty.
+// An entry of another type than the row states counts as empty.
 template <typename T>
 void publishUsable(const Step& step, ExtParamInterface* host, EntryView<T> elements) {
     const size_t count = elements.count();

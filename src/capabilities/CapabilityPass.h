@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The capability pass, step by step.
 #pragma once
 
@@ -5,7 +6,7 @@
 
 namespace qz {
 
-// Runs one getter by its name. Returns 0; -2 (NAME_NOT_FOUND) for a name that no row has.
+// Runs one getter by its name. Returns 0, or -2 (NAME_NOT_FOUND) if no row has the name.
 int32_t runGetter(CCameraQzParam& camera, const char* getter);
 
 }  // namespace qz

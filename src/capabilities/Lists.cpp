@@ -1,4 +1,5 @@
-// Lists of modes, numbers and sizes that are more than a row.
+// SPDX-License-Identifier: Apache-2.0
+// Lists of modes, numbers and sizes that need a function.
 #include "capabilities/CapabilitySteps.h"
 
 #include "capabilities/Capability.h"
@@ -10,8 +11,8 @@ namespace qz {
 
 using android::String8;
 
-// Adds the extended modes to the scene modes that the host has published. The first is appended without a
-// separator, and a comma follows each unless it is the entry's last element: applications know these texts.
+// Adds the extended modes to the scene modes that the host has published. The first mode is appended without
+// a separator, and a comma follows each mode except the entry's last element: applications rely on this form.
 void CapabilitySteps::getSupportedExtScene(CCameraQzParam& camera) {
     const Capability<uint8_t> scenes(camera.mExtParam, ANDROID_CONTROL_AVAILABLE_SCENE_MODES, 0);
     if (scenes.lacks()) LOG(line::ExtSceneCount, scenes.count());
@@ -32,7 +33,7 @@ void CapabilitySteps::getSupportedExtScene(CCameraQzParam& camera) {
     camera.mExtParam->set("scene-mode-values", modes.c_str());
 }
 
-// Published for any number but 0; the sizes ask for exactly 1.
+// The flag is published as true for any number except 0. The sizes require exactly 1.
 void CapabilitySteps::getSupportedSuperPictureSizes(CCameraQzParam& camera) {
     const Capability<uint8_t> flag(camera.mExtParam, CAPABILITY("super_resolution_supported"), 1);
     if (flag.lacks()) LOG(line::SuperResolutionCount, flag.count());
@@ -74,7 +75,7 @@ void CapabilitySteps::getFrontFlashLevels(CCameraQzParam& camera) {
     publishNumbers(camera.mExtParam, "front_flash_supports", levels);
 }
 
-// The one list with a comma behind its last element too.
+// The only list with a comma after its last element.
 void CapabilitySteps::getSensorBinningSizes(CCameraQzParam& camera) {
     const Capability<int32_t> sizes(camera.mExtParam, CAPABILITY("qz-sensor-binning-sizes-supported"), 0);
     if (sizes.lacks()) LOG(line::BinningSizesCount, sizes.count());
@@ -85,7 +86,7 @@ void CapabilitySteps::getSensorBinningSizes(CCameraQzParam& camera) {
     LOG(line::BinningSizes, published(camera.mExtParam, "qz-sensor-binning-sizes-supported"));
 }
 
-// An entry without a whole pair publishes, and keeps, the empty text.
+// An entry without a complete pair publishes and stores the empty text.
 void CapabilitySteps::getSubSupportedPictureSizes(CCameraQzParam& camera) {
     const Capability<int32_t> sizes(camera.mExtParam, CAPABILITY("qzSubSensorJpegSize"), 0);
     if (sizes.lacks()) LOG(line::SubPictureSizesCount, sizes.count());

@@ -1,5 +1,6 @@
-// The row of one capability: every fact of its way from a static entry to the application. capabilities.inc
-// holds the rows.
+// SPDX-License-Identifier: Apache-2.0
+// The row of one capability: every fact about its static entry and about the published keys. capabilities.inc
+// contains the rows.
 #pragma once
 
 #include "rows/Entry.h"
@@ -12,18 +13,18 @@
 
 namespace qz {
 
-// A key that is published, and the form of its text.
+// A published key, and the form of its text.
 struct Publication {
     enum class Form : uint8_t {
-        flag,     // "true" for any first byte but 0, otherwise "false"
-        words,    // each byte by its word: "auto,100,200"
+        flag,     // "true" if the first byte is not 0, otherwise "false"
+        words,    // the word of each byte: "auto,100,200"
         number,   // the first int32
         numbers,  // all int32: "30,60"
-        text,     // the bytes up to their terminator, or all of them without one
-        first,    // by the row's function, from the first element
-        range,    // likewise, from two numbers of which the second is not lower
-        sizes,    // likewise, from widths and heights in turn; an unpaired last element is dropped
-        own,      // likewise, in a form of its own
+        text,     // the bytes up to their terminator, or all bytes if there is none
+        first,    // converted by the row's function, from the first element
+        range,    // converted likewise, from two numbers; the second is not lower
+        sizes,    // converted likewise, from alternating widths and heights; an unpaired last one is dropped
+        own,      // converted likewise, in a form of its own
     };
 
     const char* key = nullptr;
@@ -40,18 +41,18 @@ struct RowLine {
 
 struct CapabilityRow {
     const char* getter = nullptr;
-    bool plain = false;  // nothing but this row; otherwise a function of the getter's name runs
+    bool plain = false;  // the row alone is enough; otherwise a function of the getter's name runs
     Feature feature = Feature::image;
-    uint8_t minimum = 0;        // the adapter reports an entry with fewer elements
-    Upto<EntryRow, 2> entries;  // static entries that are read; another count is as good as none
+    uint8_t minimum = 0;        // the adapter logs an entry with fewer elements
+    Upto<EntryRow, 2> entries;  // static entries that are read; another count counts as none
     Upto<Publication, 2> publishes;
-    RowLine counts;               // line for a declared entry that is as good as none; of plain rows
-    RowLine echoes;               // line that reads the published text back; of plain rows
+    RowLine counts;               // plain rows: line for a declared entry that counts as none
+    RowLine echoes;               // plain rows: line with the published text, read back
     const char* keeps = nullptr;  // member of the translator that it sets
 };
 
-// The texts of a plain row take what they are printed with: the count, or the published text, and the
-// getter's name before it if two are asked for.
+// Checks the formats of a plain row: they take the count or the published text, and before it the getter's
+// name if they have two conversions.
 constexpr bool soundTexts(const CapabilityRow& row) {
     const char* count = row.counts.format;
     const char* echo = row.echoes.format;
@@ -82,7 +83,7 @@ constexpr Publication sizes(const char* key, const char* note) {
     return as(key, note, Publication::Form::sizes);
 }
 
-// Further facts of a row, in any order behind the fixed columns: functions that set one.
+// Further facts of a row, in any order after the fixed columns: functions that set one.
 constexpr auto counts(const char* format) {
     return [=](CapabilityRow& row) { row.counts.format = format; };
 }

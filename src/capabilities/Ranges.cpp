@@ -1,5 +1,6 @@
-// Ranges of two numbers. Any other count is as good as none. A text that its buffer cannot hold is cut to the
-// empty text, and published all the same.
+// SPDX-License-Identifier: Apache-2.0
+// Ranges of two numbers. Any other count counts as none. If the buffer cannot hold the text, the empty text
+// is published.
 #include "capabilities/CapabilitySteps.h"
 
 #include "capabilities/Capability.h"
@@ -17,7 +18,7 @@ class Range : public Capability<int32_t> {
     Range(ExtParamInterface* params, TagName tagName) : Capability(params, tagName, 2) { exactly(2); }
 };
 
-// Applications have room for 19 characters.
+// Applications have a buffer for 19 characters.
 void publishRange(ExtParamInterface* params, const char* key, const Text& range, const char* getter) {
     constexpr size_t most = 19;
     const bool fits = range.size() <= most;
@@ -27,7 +28,7 @@ void publishRange(ExtParamInterface* params, const char* key, const Text& range,
 
 }  // namespace
 
-// Unlike its neighbours it keeps the first 19 characters of a text that is too long.
+// Unlike the other ranges, this one publishes the first 19 characters of a text that is too long.
 void CapabilitySteps::getHdcAvailabeJpegSize(CCameraQzParam& camera) {
     LOG_TEXT(line::EnterHdcJpegSize);
     const Range size(camera.mExtParam, CAPABILITY("qzHdcAvailableJpegSize"));

@@ -1,4 +1,6 @@
-// Single values that are more than a row: kept for the other passes, or published in a form of their own.
+// SPDX-License-Identifier: Apache-2.0
+// Single values that need a function: they are stored for the other passes, or published in a form of their
+// own.
 #include "capabilities/CapabilitySteps.h"
 
 #include "capabilities/Capability.h"
@@ -16,7 +18,7 @@ void CapabilitySteps::getQuickThumbnailSize(CCameraQzParam& camera) {
     LOG(line::QuickThumbnailSize, camera.mMaxQuickThumbnailSize);
 }
 
-// A device that declares the threshold and has none gets 0.
+// If the device declares the threshold but has no entry, it is 0.
 void CapabilitySteps::getSlowJpegModeThreshold(CCameraQzParam& camera) {
     const Capability<int64_t> threshold(camera.mExtParam, CAPABILITY("qz-slow-jpeg-mode-threshold"), 1);
     if (threshold.declared()) camera.mSlowJpegModeThreshold = 0;
@@ -33,7 +35,7 @@ void CapabilitySteps::getLcdCompensateSupported(CCameraQzParam& camera) {
         camera.mExtParam->set("lcd-compensate-supported-values", "off,auto");
 }
 
-// Published for any number but 0; the member asks for exactly 1.
+// The flag is published as true for any number except 0. The member requires exactly 1.
 void CapabilitySteps::getVideoCallbackSupported(CCameraQzParam& camera) {
     const Capability<uint8_t> callback(camera.mExtParam, CAPABILITY("videoCallbackSupported"), 1);
     if (callback.lacks()) LOG(line::VideoCallbackCount, callback.count());
@@ -53,7 +55,7 @@ void CapabilitySteps::getHighVideoCallbackThreshold(CCameraQzParam& camera) {
     camera.mHighVideoCallbackThreshold = threshold[0];
 }
 
-// The one count line at error level.
+// The only count line at error level.
 void CapabilitySteps::getQzExposureCompStep(CCameraQzParam& camera) {
     const Capability<float> step(camera.mExtParam, CAPABILITY("qzExposureCompensationStep"), 1);
     if (step.lacks()) LOG(line::ExposureCompStepCount, step.count());
@@ -72,13 +74,13 @@ void CapabilitySteps::getInsertPreviewCount(CCameraQzParam& camera) {
     LOG(line::InsertPreview, camera.mInsertPreviewCount);
 }
 
-// No capability stands behind this one: every device of this library has it.
+// No capability belongs to this key: every device of this library supports it.
 void CapabilitySteps::getVideoSmoothAfSupported(CCameraQzParam& camera) {
     camera.mExtParam->set("qz_video_smooth_af_supported", "true");
     LOG(line::VideoSmoothAf, published(camera.mExtParam, "qz_video_smooth_af_supported"));
 }
 
-// Published for any number but 0; the member asks for exactly 1.
+// The flag is published as true for any number except 0. The member requires exactly 1.
 void CapabilitySteps::getFrameworkZslSupported(CCameraQzParam& camera) {
     const Capability<uint8_t> zsl(camera.mExtParam, CAPABILITY("qzFwkZslSupported"), 0);
     if (zsl.lacks()) LOG(line::FrameworkZslCount, zsl.count());

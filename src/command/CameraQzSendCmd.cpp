@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "CameraQzSendCmd.h"
 
 #include "text/Log.h"
@@ -27,8 +28,8 @@ android::sp<CameraQzSendCmd> CreateCameraQzSendCmd(CCameraQzParam* qzParam) {
     return new CameraQzSendCmd(qzParam);
 }
 
-// The counter starts at 0, which is no mark for "none": a first value whose counter is 0 waits for the next
-// one.
+// The counter starts at 0, and 0 is also a valid counter: if the first value has counter 0, the call waits
+// for the next value.
 CameraQzSendCmd::CameraQzSendCmd(CCameraQzParam* qzParam) : mQzParam(qzParam) {
     LOG(line::CommandSender, __func__);
 }

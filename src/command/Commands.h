@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The commands as a table: kCommands.
 #pragma once
 
@@ -9,7 +10,7 @@ namespace qz {
 struct CommandRow {
     int32_t code;
     const char* constant;
-    const char* entry;  // of results
+    const char* entry;  // result entry
     const char* answer;
 };
 

@@ -1,4 +1,5 @@
-// Which buffers are skipped for a round, by their size and format.
+// SPDX-License-Identifier: Apache-2.0
+// Skipping of buffers for one round, by their size and format.
 #include "QzName2Tag.h"
 #include "QzPerformEx.h"
 #include "inspect/SizeLists.h"
@@ -17,7 +18,7 @@ constexpr int32_t kPanoramaHeight = 2448;
 
 }  // namespace
 
-// The format counts for the panorama only: a listed size is skipped in any.
+// The format matters for the panorama only: a listed size is skipped in any format.
 bool QzPerformEx::skipRoundBuffer(int32_t width, int32_t height, int32_t format) {
     const bool shown = logLevel() != 0;
     if (shown) LOG(line::BufferSize, __func__, width, height, static_cast<uint32_t>(format));
@@ -33,7 +34,7 @@ bool QzPerformEx::skipRoundBuffer(int32_t width, int32_t height, int32_t format)
     return false;
 }
 
-// A size that is found is told at every level, 0 too.
+// A size that is found is logged at every level, level 0 included.
 bool QzPerformEx::isCustomizedSize(int32_t width, int32_t height, uint32_t tag) {
     const bool shown = logLevel() != 0;
     if (shown) LOG(line::Entered, __func__);

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "QzPerformEx.h"
 
 #include "QzName2Tag.h"
@@ -18,16 +19,16 @@ namespace {
 
 using android::CameraMetadata;
 
-// What each level adds.
+// Inspection levels, by what they add.
 constexpr uint32_t kShowRequestKind = 1;
 constexpr uint32_t kShowChosenTags = 2;
 constexpr uint32_t kShowResults = 3;
 constexpr uint32_t kDumpStaticInfo = 4;
 constexpr uint32_t kDumpRequests =
-    5;  // a level behind the static info: it is shown once, requests with every frame
+    5;  // one level above the static info, which is logged once: requests come with every frame
 
-// The tag that a property chooses, vendor names before standard ones, or INVALID_TAG. No tag has a name of
-// fewer than ten characters.
+// Returns the tag that a property chooses, or INVALID_TAG. Vendor names are tried before standard ones. No
+// tag has a name of fewer than ten characters.
 uint32_t chosenTag(const Property& property) {
     constexpr size_t shortestName = 10;
     const auto name = valueOf(property);
@@ -37,7 +38,7 @@ uint32_t chosenTag(const Property& property) {
     return names->validTag(tag) != 0 ? tag : names->androidTagFromName(name.data());
 }
 
-// What the log prints for a name that is missing.
+// Text for a missing name in the log.
 constexpr char kNull[] = "(null)";
 
 void showTag(const char* caller, uint32_t tag) {
@@ -45,15 +46,15 @@ void showTag(const char* caller, uint32_t tag) {
     LOG(line::ShownTag, caller, tag, label.section(), label.name());
 }
 
-// The name of an element type in failure lines, with the blank behind it.
+// Returns the name of an element type for failure lines, followed by a blank.
 const char* typeLabel(uint8_t type) {
     constexpr const char* labels[] = {"TYPE_BYTE ",  "TYPE_INT32 ",  "TYPE_FLOAT ",
                                       "TYPE_INT64 ", "TYPE_DOUBLE ", "TYPE_RATIONAL "};
     return type < NUM_TYPES ? labels[type] : "";
 }
 
-// Floating-point numbers go without decimals, and an int64 with a blank behind it: scripts that read these
-// lines know.
+// Floating-point numbers are printed without decimals, and an int64 is followed by a blank: scripts that read
+// these lines expect it.
 int formatElement(char* text, size_t size, const camera_metadata_ro_entry& entry, size_t i) {
     switch (entry.type) {
         case TYPE_BYTE:
@@ -159,8 +160,8 @@ void QzPerformEx::dumpVendorTags() {
     }
 }
 
-// Entries are reached one by one through a lock only. The host may hold it, and unlocking what the host has
-// locked would end the host's lock: so the lock is that of a copy.
+// Entries can be read one by one only from locked metadata. The host may hold the lock, and unlocking would
+// end the host's lock. So a copy is locked.
 void QzPerformEx::dumpCurrentTags(const CameraMetadata& metadata) {
     const CameraMetadata copy(metadata);  // NOLINT(performance-unnecessary-copy-initialization)
     const camera_metadata_t* buffer = copy.getAndLock();

@@ -1,5 +1,5 @@
-// The static entries that list sizes of buffers which are skipped for a round, in the order of the
-// inspection.
+// SPDX-License-Identifier: Apache-2.0
+// The static entries that list the sizes of skipped buffers, in the order in which they are searched.
 #pragma once
 
 #include "rows/Entry.h"

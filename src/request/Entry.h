@@ -1,4 +1,5 @@
-// The steps of a setter that is more than a row, named in the order in which they happen:
+// SPDX-License-Identifier: Apache-2.0
+// The steps of a setter with a function, in the order in which they are called:
 //
 //     ByteEntry mode(set);
 //     mode.as(kOnOff);
@@ -6,8 +7,8 @@
 //     mode.tag(CAPTURE("allFocusMode"));
 //     return WRITE(mode, line::AllFocuseModeRefused, mode.text, mode.value);
 //
-// A null request, an absent key or an undeclared tag ends the setter there: the steps that follow do nothing,
-// and nothing is written.
+// A null request, an absent key or an undeclared tag ends the setter: the following steps do nothing, and
+// nothing is written.
 #pragma once
 
 #include "QzHostInterfaces.h"
@@ -22,25 +23,25 @@
 
 namespace qz {
 
-// Writes the line of a setter that was called without a request. Returns its status, -22.
+// Logs that a setter was called without a request. Returns -22.
 status_t refuseNull(const char* setter);
 
-// The state that is the same for every element type: source and destination of the entry, and how far the
-// setter got.
+// The state that does not depend on the element type: source and destination of the entry, and the progress
+// of the setter.
 class EntryState {
   public:
     explicit EntryState(const Setting& set);
 
     bool open() const { return mOpen; }        // nothing has ended the setter so far
-    bool written() const { return mWritten; }  // the pipeline took the entry
+    bool written() const { return mWritten; }  // the pipeline accepted the entry
     bool refused() const { return mOpen && mStatus != android::OK; }
-    status_t status() const { return mStatus; }  // what the setter returns
+    status_t status() const { return mStatus; }  // return value of the setter
 
     const char* const setter;
     const char* text;  // value of the key; null for an integer key
 
   protected:
-    // Each of these ends the setter if there is nothing to go on with.
+    // Each of these functions ends the setter if its input is missing.
     void readText(const char* key);
     void readNumber(const char* key);
     void resolve(TagName tagName);
@@ -62,16 +63,16 @@ class Entry : public EntryState {
 
     using EntryState::EntryState;
 
-    // A further entry of the same setter, which has got as far as the other one.
+    // Creates a further entry of the same setter, with the progress of the other entry.
     explicit Entry(const EntryState& other) : EntryState(other) { mWritten = false; }
 
-    // Ends the setter silently unless `condition` holds.
+    // Ends the setter without a log line unless `condition` is true.
     Entry& when(bool condition) {
         mOpen = mOpen && condition;
         return *this;
     }
 
-    // Takes the number of the row's first key, of which a byte entry takes the low eight bits.
+    // Takes the number of the row's first key. A byte entry takes the low eight bits.
     Entry& number() {
         value = static_cast<T>(mNumber);
         return *this;
@@ -83,19 +84,19 @@ class Entry : public EntryState {
         return *this;
     }
 
-    // Reads an integer, of which a byte entry takes the low eight bits. -1 counts as absent.
+    // Reads an integer. A byte entry takes the low eight bits. -1 counts as absent.
     Entry& intKey(const char* keyName) {
         readNumber(keyName);
         return number();
     }
 
-    // Turns the text into the value, through a vocabulary: an unknown word's -1 becomes the byte 255.
+    // Converts the text to the value by a vocabulary. The -1 of an unknown word becomes the byte 255.
     Entry& as(const Vocabulary& vocabulary) {
         if (mOpen) value = static_cast<T>(numberOf(vocabulary, text));
         return *this;
     }
 
-    // Resolves the vendor tag by its full name.
+    // Looks up the vendor tag by its full name.
     Entry& tag(TagName tagName) {
         resolve(tagName);
         return *this;
@@ -106,9 +107,9 @@ class Entry : public EntryState {
         return *this;
     }
 
-    // Writes the value when the setter got this far. False when the pipeline refused it.
+    // Writes the value unless the setter has ended. Returns false if the pipeline refused it.
     bool write() {
-        // A copy: the member's address would keep the entry out of registers.
+        // The copy lets the compiler keep the entry in registers: no address of the member is taken.
         const Value elements = value;
         if constexpr (N == 1) {
             return write(&elements, 1);
@@ -131,8 +132,8 @@ using IntEntry = Entry<int32_t>;
 using FloatEntry = Entry<float>;
 using RationalEntry = Entry<camera_metadata_rational>;
 
-// Writes an entry and gives the setter's status. A refusal is logged as `line`, whose format takes the
-// setter's name first, then the arguments given here, and the status last.
+// Writes an entry and returns the setter's status. A refused update is logged as `line`. Its format takes the
+// setter's name, then the arguments given here, then the status.
 #define WRITE(entry, line, ...)                                                                         \
     ((entry).write() ? static_cast<void>(0) : LOG(line, (entry).setter, __VA_ARGS__, (entry).status()), \
      (entry).status())

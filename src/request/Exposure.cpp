@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Exposure: times, compensation, ISO, light painting and professional mode.
 #include "request/RequestSteps.h"
 
@@ -11,7 +12,7 @@
 
 namespace qz {
 
-// The key holds microseconds.
+// The value of the key is in microseconds.
 status_t RequestSteps::setExposureTime(const Setting& set) {
     IntEntry microseconds(set);
     microseconds.number().tag(CAPTURE("qz-exposure-time"));
@@ -21,7 +22,7 @@ status_t RequestSteps::setExposureTime(const Setting& set) {
 }
 
 // The written mode is the gate of setExposureTryAe, setRelayoutMode, setJpegThumbnailSize and setJpegQuality.
-// It closes when the key goes, and stays as it was when the mode cannot be written.
+// It closes when the key is removed, and stays unchanged when the mode cannot be written.
 status_t RequestSteps::setExposureMode(const Setting& set) {
     ByteEntry mode(set);
     const bool request = mode.open();
@@ -33,7 +34,7 @@ status_t RequestSteps::setExposureMode(const Setting& set) {
     return mode.status();
 }
 
-// The information line follows a successful update, and goes without the function's name.
+// The information line comes after a successful update and does not contain the function's name.
 status_t RequestSteps::setQzExposureCompValue(const Setting& set) {
     FloatEntry value(set);
     const char* end = nullptr;
@@ -49,7 +50,7 @@ status_t RequestSteps::setQzExposureCompValue(const Setting& set) {
     return value.status();
 }
 
-// Two entries carry the time, in microseconds and as a fraction. Only when both are written is it remembered.
+// Two entries hold the time, in microseconds and as a fraction. It is remembered only if both are written.
 status_t RequestSteps::setSensorExposureTime(const Setting& set) {
     IntEntry microseconds(set);
     RationalEntry seconds(microseconds);
@@ -76,7 +77,7 @@ status_t RequestSteps::setProfessionalMode(const Setting& set) {
     return WRITE(mode, line::ProfessionalModeRefused, mode.text, mode.value);
 }
 
-// "100,3200"; any one character separates the two.
+// Parses "100,3200". Any one character separates the numbers.
 status_t RequestSteps::setDynamicIsoRange(const Setting& set) {
     Entry<int32_t, 2> range(set);
     const char* end = nullptr;

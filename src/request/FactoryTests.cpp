@@ -1,4 +1,5 @@
-// Factory tests that are more than a switch.
+// SPDX-License-Identifier: Apache-2.0
+// Factory tests that need more than a switch.
 #include "request/RequestSteps.h"
 
 #include "request/Entry.h"
@@ -8,7 +9,7 @@
 
 namespace qz {
 
-// Written on every pass of a device that declares the tag: an absent key contributes its -1.
+// The entry is written in every pass if the device declares the tag. An absent key contributes its -1.
 status_t RequestSteps::setMMILowLightSensor(const Setting& set) {
     Entry<int32_t, 2> param(set);
     param.tag(CAPTURE("mmtest-lowlight-param"));
@@ -19,8 +20,8 @@ status_t RequestSteps::setMMILowLightSensor(const Setting& set) {
     return WRITE(param, line::MMILowLightSensorRefused, mode, gain);
 }
 
-// Regions are written whatever the text: what does not parse stays 0, so that a test station sees its mistake
-// in the image instead of the region of the shot before.
+// Regions are written for any text. Numbers that cannot be parsed are 0, so that a test station sees its
+// mistake in the image instead of the region of the previous shot.
 status_t RequestSteps::setMmiRawRegion(const Setting& set) {
     Entry<int32_t, 4> region(set);
     region.tag(CAPTURE("qz-mmi-raw-region"));

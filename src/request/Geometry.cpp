@@ -1,4 +1,5 @@
-// Places and sizes in the image: zoom and crop, areas, regions, coordinates.
+// SPDX-License-Identifier: Apache-2.0
+// Positions and sizes in the image: zoom and crop, areas, regions, coordinates.
 #include "request/RequestSteps.h"
 
 #include "request/Entry.h"
@@ -21,7 +22,8 @@ struct Size {
     int32_t height;
 };
 
-// The secondary sensor's active array: left, top, width, height on some devices, width and height on others.
+// Reads the secondary sensor's active array: left, top, width, height on some devices, width and height on
+// others.
 bool subActiveArraySize(ExtParamInterface* params, Size* size) {
     const uint32_t tag = vendorTagOf(CAPABILITY("qzSubActiveArraySize"));
     if (tag == kNoTag) return false;
@@ -47,7 +49,7 @@ status_t RequestSteps::setMirrorPoint(const Setting& set) {
     return WRITE(point, line::MirrorPointRefused, static_cast<uint32_t>(point.value));
 }
 
-// Zoom index 0 is ratio 1, the highest index the device's maximum. Single precision at every step.
+// Zoom index 0 is ratio 1. The highest index is the device's maximum. Every step has single precision.
 status_t RequestSteps::setZoom(const Setting& set) {
     IntEntry zoom(set);
     zoom.number();
@@ -70,7 +72,7 @@ status_t RequestSteps::setZoom(const Setting& set) {
     return WRITE(ratio, line::ZoomRefused, static_cast<double>(ratio.value));
 }
 
-// "(left,top,right,bottom,weight)" for each area, of which the last one is written.
+// The text has a "(left,top,right,bottom,weight)" for each area. The last area is written.
 status_t RequestSteps::setFocusAreas(const Setting& set) {
     Entry<int32_t, 5> area(set);
     area.when(parseIntTuples(area.text, area.value.data(), area.value.size()) == android::OK);
@@ -87,8 +89,8 @@ status_t RequestSteps::setMeteringAreas(const Setting& set) {
                  area.value[3]);
 }
 
-// The crop that zooms the secondary sensor when it streams alone. The highest zoom index is taken to be 99
-// whatever "max-zoom" says, unlike in setZoom: the secondary sensor's steps are fixed.
+// Crops the image of the secondary sensor when it streams alone. The highest zoom index is always 99,
+// whatever "max-zoom" says: unlike in setZoom, the steps of the secondary sensor are fixed.
 status_t RequestSteps::resetSubCropRegion(const Setting& set) {
     constexpr int secondary = 2;
     constexpr float highestZoomIndex = 99.0F;

@@ -1,4 +1,5 @@
-// Modes: of the vendor's own camera application, of capture, panorama, two sensors and video.
+// SPDX-License-Identifier: Apache-2.0
+// Modes of the vendor's camera application, of capture, panorama, two sensors and video.
 #include "request/RequestSteps.h"
 
 #include "request/Entry.h"
@@ -30,7 +31,7 @@ uint8_t debugDualPrimary(uint8_t requested) {
 
 using android::String8;
 
-// Applications that record steadier without the pipeline's stabilisation.
+// Applications whose videos are steadier without the pipeline's stabilisation.
 constexpr const char* kUnstabilisedApps[] = {"com.snapchat.android", "com.instagram.android"};
 
 const char* unstabilisedApp(const char* packageName) {
@@ -51,7 +52,7 @@ status_t RequestSteps::setZslMode(const Setting& set) {
 }
 
 status_t RequestSteps::readFaceAeArea(const Setting& set) {
-    // Read and left: no entry carries it, but hosts may count on seeing the key asked for.
+    // The key is read and not used. No entry holds it, but hosts may rely on the read.
     static_cast<void>(set.host->get("qz-face-ae-area"));
     return android::OK;
 }
@@ -62,7 +63,7 @@ status_t RequestSteps::takeBurstCapture(const Setting& set) {
     return android::OK;
 }
 
-// Panorama frames are stitched unprocessed: either panorama mode turns post-processing off.
+// Panorama frames are stitched unprocessed. So both panorama modes turn post-processing off.
 status_t RequestSteps::setImageProcessMode(const Setting& set) {
     ByteEntry process(set);
     process.as(kOnOff);
@@ -74,7 +75,8 @@ status_t RequestSteps::setImageProcessMode(const Setting& set) {
     return WRITE(process, line::ImageProcessModeRefused, process.text, process.value);
 }
 
-// Written only when the mode changes. Any number but 0, an unknown word's 255 too, counts as on.
+// The entry is written only when the mode changes. Any number except 0 counts as on, also the 255 of an
+// unknown word.
 status_t RequestSteps::setpanorama2DMode(const Setting& set) {
     ByteEntry panorama(set);
     panorama.as(kOnOff);
@@ -84,8 +86,8 @@ status_t RequestSteps::setpanorama2DMode(const Setting& set) {
     return WRITE(panorama, line::Panorama2DModeRefused, panorama.text, panorama.value);
 }
 
-// The height's name has no section, so that a device resolves it by chance at most and the height stays
-// unwritten: the pipeline takes the width alone.
+// The name of the height tag has no section, so that normally no device declares it and the height is not
+// written. The pipeline needs only the width.
 status_t RequestSteps::setpanorama2DTinySize(const Setting& set) {
     IntEntry width(set);
     width.number();
@@ -99,7 +101,7 @@ status_t RequestSteps::setpanorama2DTinySize(const Setting& set) {
     return WRITE(height, line::Panorama2DHeightRefused, height.value);
 }
 
-// Engineers override the application's choice by "camera.debug.mode".
+// The property "camera.debug.mode" lets engineers override the application's choice.
 status_t RequestSteps::setDualPrimaryMode(const Setting& set) {
     ByteEntry mode(set);
     mode.as(kDualPrimary);
@@ -130,8 +132,8 @@ status_t RequestSteps::setAllFocuseMode(const Setting& set) {
     return WRITE(mode, line::AllFocuseModeRefused, mode.text, mode.value);
 }
 
-// Beauty for chat applications; the vendor's own camera application manages beauty itself. Any word but "off"
-// opens it.
+// Face beauty for chat applications. The vendor's camera application controls beauty itself. Any word except
+// "off" switches it on.
 status_t RequestSteps::setFaceBeautyForChat(const Setting& set) {
     constexpr uint32_t chatBeauty = 1;
     constexpr int32_t chatBeautyLevel = 7;
@@ -158,7 +160,8 @@ status_t RequestSteps::setFaceBeautyForChat(const Setting& set) {
     return WRITE(level, line::ChatBeautyLevelRefused, level.value);
 }
 
-// Unlike most stored state, this one goes when its key goes: the next client may be another application.
+// Unlike most stored state, this flag is cleared when its key is absent: the next client may be another
+// application.
 status_t RequestSteps::setQzcameraFlag(const Setting& set) {
     ByteEntry flag(set);
     if (flag.open()) set.camera.mIsQzCamera = false;
@@ -176,8 +179,9 @@ status_t RequestSteps::setQzVideoFPS(const Setting& set) {
     return fps.status();
 }
 
-// Forces stabilisation off for all applications but the vendor's own camera, or for those of the table, under
-// two properties; the table's rule is on unless switched off. Whatever the request held is overridden.
+// Turns stabilisation off for all applications except the vendor's camera application, or for those of the
+// table, as two properties say. The rule of the table applies unless its property turns it off. The value in
+// the request is overwritten.
 status_t RequestSteps::resetVideoStabilization(const Setting& set) {
     ByteEntry mode(set);
     if (numberOf(kTrueFalse, mode.text) != 1) return android::OK;

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Calibration of the optical image stabilisation.
 #include "request/RequestSteps.h"
 
@@ -10,7 +11,7 @@ namespace qz {
 
 namespace {
 
-// The steps that are switches, and their lines.
+// Calibration steps that are switches, with their lines.
 struct Switch {
     const char* key = nullptr;
     TagName tag;
@@ -32,14 +33,14 @@ constexpr bool soundSwitches() {
 }
 static_assert(soundSwitches(), "texts take the setter, the value and the status");
 
-// Reads the key of a step. False if nobody asked for the step.
+// Reads the key of a step. Returns false if the step is not requested.
 bool read(const char* key, Setting& set) {
     set.text = set.host->get(key);
     return set.text != nullptr;
 }
 
-// Each step returns true if the ones behind it may run: its tag is declared, or nobody asked for it. A
-// refused update shows in the log only; the calibration tool reads its outcome from the results.
+// Each step returns true if the following steps may run: its tag is declared, or the step is not requested. A
+// refused update is only logged, because the calibration tool reads the outcome from the results.
 bool flip(const Switch& what, Setting set) {
     if (!read(what.key, set)) return true;
     ByteEntry calib(set);
@@ -53,7 +54,7 @@ bool flip(const Switch& what, Setting set) {
 
 double wide(float value) { return static_cast<double>(value); }
 
-// A gain that does not parse is as good as none.
+// A gain that cannot be parsed counts as none.
 bool setGyroGain(Setting set) {
     if (!read("qz_ois_set_gryo_gain", set)) return true;
     Entry<float, 2> gain(set);
@@ -67,7 +68,7 @@ bool setGyroGain(Setting set) {
     return true;
 }
 
-// Reports in the words of setGyroGain, with four numbers.
+// Uses the log line of setGyroGain, with four numbers.
 void saveGyroGain(Setting set) {
     if (!read("qz_ois_save_gryo_gain", set)) return;
     Entry<float, 4> gain(set);
@@ -84,8 +85,8 @@ void saveGyroGain(Setting set) {
 
 }  // namespace
 
-// The five steps of a calibration. A tag that the device lacks ends the call there; a refused update does
-// not, and is not returned either.
+// Runs the five steps of a calibration. An undeclared tag ends the call. A refused update does not, and its
+// status is not returned.
 status_t RequestSteps::setOisOTParam(const Setting& set) {
     if (set.metaData == nullptr) return refuseNull(set.setter);
     for (const Switch& each : kSwitches) {

@@ -1,4 +1,6 @@
-// The row of one application parameter: every fact of its way into a request. parameters.inc holds the rows.
+// SPDX-License-Identifier: Apache-2.0
+// The row of one application parameter: every fact about its keys, its value and its entries. parameters.inc
+// contains the rows.
 #pragma once
 
 #include "rows/Entry.h"
@@ -10,18 +12,30 @@
 
 namespace qz {
 
-// A key, how it is read, and the form of its text. -1 counts as absent where a key is read as an integer.
+// A key, the way it is read, and the form of its text. If a key is read as an integer, -1 counts as absent.
 struct KeyRow {
     enum class As : uint8_t { text, integer, textAndInteger };
     enum class Form : uint8_t {
-        word,     // of the row's vocabulary
+        word,     // a word of the row's vocabulary
         number,   // 1600
         decimal,  // 0.5
-        pair,     // 4000x3000, any one character between
+        pair,     // 4000x3000, any one character between the numbers
         point,    // 12,34
         tuple,    // (1,2,3), with `numbers` numbers
         seconds,  // 1/4000, 0.5, 2
         name,     // any text
+    };
+
+    // Limits of a device, or of the platform, that the row's published keys do not state. The library writes
+    // any value.
+    enum class Limit : uint8_t {
+        none,
+        activeArray,     // coordinates within the pixels of the sensor
+        subActiveArray,  // likewise, of the secondary sensor
+        zoomSteps,       // from 0 to max-zoom
+        percent,         // from 1 to 100
+        pictureSizes,    // JPEG sizes of the device
+        thumbnailSizes,  // sizes of its thumbnails
     };
 
     const char* name = nullptr;
@@ -29,16 +43,28 @@ struct KeyRow {
     Form form = Form::word;
     uint8_t numbers = 1;
     const char* note = nullptr;  // for the reference: units, meaning
-    bool condition = false;      // decides about the entries of the row's other keys and has none of its own
+    bool condition = false;      // only decides about the entries of the row's other keys
+    Limit limit = Limit::none;
+    uint8_t times = 1;  // the number is multiplied by this before it is written
 };
 
-// How the value of the key becomes the value of the entry.
+constexpr const char* kLimitTexts[] = {
+    "",
+    "android.sensor.info.activeArraySize",
+    "com.ambrix.device.capabilities.qzSubActiveArraySize",
+    "max-zoom",
+    "1 to 100",
+    "android.scaler.availableStreamConfigurations",
+    "android.jpeg.availableThumbnailSizes",
+};
+
+// Conversion from the value of the key to the value of the entry.
 struct Conversion {
     enum class Kind : uint8_t {
         number,      // the number as read
-        autoNumber,  // a decimal text; "auto" and any other word are 0
-        words,       // by a vocabulary
-        own,         // by the row's function
+        autoNumber,  // a decimal text; "auto" and any other word give 0
+        words,       // converted by a vocabulary
+        own,         // converted by the row's function
     };
 
     constexpr Conversion(Kind way) : kind(way) {}
@@ -48,16 +74,16 @@ struct Conversion {
     const Vocabulary* vocabulary = nullptr;
 };
 
-// Conditions under which a set parameter is left out.
+// Conditions under which a parameter that is set is not written.
 enum class Gate : uint8_t {
     none,
     lightPainting,  // the written light-painting mode is 0
     allKeys,        // another key of the row is absent
-    onChange,       // the value is the one of the request before
-    chatClient,     // the client is no chat application, or is the vendor's own camera application
-    otherClient,    // the client is the vendor's own camera application
-    secondary,      // the value is not the one that the row asks for
-    stepsBefore,    // a step before it of the same setter ended the setter
+    onChange,       // the value is the same as in the previous request
+    chatClient,     // the client is not a chat application, or is the vendor's camera application
+    otherClient,    // the client is the vendor's camera application
+    secondary,      // the value is not the one that the row requires
+    stepsBefore,    // an earlier step of the same setter has ended the setter
 };
 
 constexpr const char* kGateTexts[] = {
@@ -73,15 +99,15 @@ constexpr const char* kGateTexts[] = {
 
 struct Parameter {
     const char* setter = nullptr;
-    bool plain = false;  // nothing but this row; otherwise a function of the setter's name runs
+    bool plain = false;  // the row alone is enough; otherwise a function of the setter's name runs
     bool free = false;   // the function always runs and reads the keys itself
     Feature feature = Feature::image;
     Upto<KeyRow, 5> keys;
     Upto<EntryRow, 5> entries;  // written, in this order
     Conversion conversion = Conversion::Kind::own;
-    const char* information = nullptr;  // line before the update; of plain rows only
+    const char* information = nullptr;  // plain rows: line before the update
     Upto<Gate, 2> gates;
-    Upto<const char*, 2> offers;      // published keys that tell what a device offers for it
+    Upto<const char*, 2> offers;      // published keys that list the values of a device
     Upto<EntryRow, 2> uses;           // static entries that its function reads
     Upto<const char*, 2> properties;  // system properties that its function reads
     const char* keeps = nullptr;      // member of the translator that it sets
@@ -90,11 +116,11 @@ struct Parameter {
     constexpr bool gated(Gate gate) const { return gates.has(gate); }
 };
 
-// True if the failure text of a plain row prints the key's text before the value.
+// Returns true if the failure text of a plain row prints the key's text before the value.
 constexpr bool printsText(const char* format) { return conversion(format, 1) == 's'; }
 
-// The texts of a plain row take what they are printed with: setter, perhaps the text, value, status; for the
-// information line setter, value, perhaps the text.
+// Checks the formats of a plain row. The failure text takes setter, possibly the text, value and status. The
+// information line takes setter, value, and possibly the text.
 constexpr bool soundTexts(const Parameter& row) {
     if (!row.plain) return true;
     const bool readsText = row.keys[0].as == KeyRow::As::text;
@@ -110,6 +136,7 @@ namespace parameter {
 
 using As = KeyRow::As;
 using Form = KeyRow::Form;
+using Limit = KeyRow::Limit;
 
 // Keys.
 constexpr KeyRow text(const char* key, const char* note = nullptr) {
@@ -138,6 +165,14 @@ constexpr KeyRow condition(KeyRow key) {
     key.condition = true;
     return key;
 }
+constexpr KeyRow within(Limit limit, KeyRow key) {
+    key.limit = limit;
+    return key;
+}
+constexpr KeyRow times(uint8_t factor, KeyRow key) {
+    key.times = factor;
+    return key;
+}
 
 using Reads = Upto<KeyRow, 5>;
 using Writes = Upto<EntryRow, 5>;
@@ -153,7 +188,7 @@ constexpr Writes writes(const Entries&... entries) {
 constexpr Conversion asRead{Conversion::Kind::number};
 constexpr Conversion autoNumber{Conversion::Kind::autoNumber};
 
-// Further facts of a row, in any order behind the fixed columns: functions that set one.
+// Further facts of a row, in any order after the fixed columns: functions that set one.
 constexpr auto says(const char* information) {
     return [=](Parameter& row) { row.information = information; };
 }

@@ -1,4 +1,5 @@
-// The rows of all parameters as a table: kParameters, in the order of the pass.
+// SPDX-License-Identifier: Apache-2.0
+// Table of all parameters in the order of the pass: kParameters.
 #pragma once
 
 #include "request/Parameter.h"
@@ -27,7 +28,7 @@ using parameter::kParameters;
 
 constexpr size_t kParameterCount = sizeof(kParameters) / sizeof(kParameters[0]);
 
-// Returns the place of a row in the pass; kParameterCount for a name that no row has.
+// Returns the index of a row in the pass, or kParameterCount if no row has the name.
 constexpr size_t placeOf(const char* setter) {
     size_t place = 0;
     while (place < kParameterCount && !sameText(kParameters[place].setter, setter)) ++place;

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Picture files: sizes, qualities and names.
 #include "request/RequestSteps.h"
 
@@ -46,7 +47,7 @@ status_t RequestSteps::setJpegThumbnailSize(const Setting& set) {
     return WRITE(size, line::JpegThumbnailSizeRefused, width.value, height.value);
 }
 
-// The thumbnail's quality follows only a written picture quality.
+// The quality of the thumbnail is written only after that of the picture.
 status_t RequestSteps::setJpegQuality(const Setting& set) {
     ByteEntry quality(set);
     quality.number();
@@ -60,7 +61,7 @@ status_t RequestSteps::setJpegQuality(const Setting& set) {
     return WRITE(thumbnail, line::JpegThumbnailQualityRefused, thumbnail.value);
 }
 
-// "4000x3000"; any one character separates the two.
+// Parses "4000x3000". Any one character separates the numbers.
 status_t RequestSteps::setPictureSize(const Setting& set) {
     IntEntry width(set);
     IntEntry height(width);
@@ -94,7 +95,7 @@ status_t RequestSteps::setRawImgPathName(const Setting& set) {
     return path.status();
 }
 
-// Written whatever the text: what does not parse stays 0.
+// The entry is written for any text. Numbers that cannot be parsed are 0.
 status_t RequestSteps::setSubPictureSize(const Setting& set) {
     Entry<int32_t, 2> size(set);
     size.tag(CAPTURE("qz-sub-sensor-cap-resolution"));

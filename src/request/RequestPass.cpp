@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "request/RequestPass.h"
 
 #include "request/Entry.h"
@@ -17,19 +18,19 @@ namespace {
 using android::CameraMetadata;
 using Function = status_t (*)(const Setting&);
 
-// The facts of a row that the pass needs; the others take no room in the library.
+// The facts of a row that the pass needs. The library does not store the others.
 struct Step {
     enum class Reads : uint8_t { text, number, none, gatedText, gatedNumber };
 
     const char* setter = nullptr;
-    Function function = nullptr;  // of its own; null for a plain row
+    Function function = nullptr;  // null for a plain row
     const char* key = nullptr;
     const char* tag = nullptr;
     const Vocabulary* words = nullptr;
     const char* refused = nullptr;
     const char* information = nullptr;
     uint8_t tagLength = 0;
-    Reads reads = Reads::none;  // how the pass reads the key; none if the function reads its keys itself
+    Reads reads = Reads::none;  // way to read the key; none if the function reads its keys itself
     bool isByte = false;
     bool printsText = false;
     bool informsText = false;
@@ -78,7 +79,7 @@ constexpr std::array<Step, kParameterCount> steps() {
 }
 constexpr std::array<Step, kParameterCount> kSteps = steps();
 
-// "auto" is 0 to the pipeline, and so is any other word.
+// "auto" is 0 for the pipeline, and so is any other word.
 int autoOrNumber(const char* text) { return strcmp(text, "auto") == 0 ? 0 : parseInt32(text); }
 
 int convert(const Step& step, const char* text, int number) {
@@ -124,7 +125,7 @@ struct RequestPass {
         return gate == Gate::lightPainting ? camera.mLightPaintingMode == 0 : camera.mIsQzCamera;
     }
 
-    // Goes on where a key is set. Out of line: most keys are not, and the loop is short without it.
+    // Continues with a key that is set. It is not inlined: most keys are not set, and the loop stays short.
     [[gnu::noinline]] static status_t apply(const Step& step, CCameraQzParam& camera,
                                             CameraMetadata* metaData, const char* text, int number) {
         const Setting set{camera, camera.mExtParam, metaData, step.setter, text, number};
@@ -141,7 +142,7 @@ struct RequestPass {
         return number != -1 ? apply(step, camera, metaData, nullptr, number) : android::OK;
     }
 
-    // The frequent cases first: a pass with few keys set does little else than this.
+    // The frequent cases come first: a pass with few keys set does little else.
     static status_t run(const Step& step, CCameraQzParam& camera, CameraMetadata* metaData) {
         if (step.reads == Step::Reads::text) return applyText(step, camera, metaData);
         if (step.reads == Step::Reads::number) return applyNumber(step, camera, metaData);

@@ -1,4 +1,5 @@
-// A metadata entry as rows state it: its tag, element type and number of elements.
+// SPDX-License-Identifier: Apache-2.0
+// A metadata entry in a row: its tag, element type and number of elements.
 #pragma once
 
 #include "tags/TagNames.h"
@@ -15,10 +16,10 @@ struct EntryRow {
     uint8_t type = NUM_TYPES;   // TYPE_BYTE ...
     uint8_t least = 1;          // number of elements; `most` 0: no upper limit
     uint8_t most = 1;
-    bool onlyEnds = false;          // of the counts from `least` to `most` only these two
+    bool onlyEnds = false;          // only `least` and `most` are valid, no count between them
     const char* refused = nullptr;  // failure text of an entry that is written
 
-    // True for a count that the library uses.
+    // Returns true for a count that the library uses.
     constexpr bool allows(size_t count) const {
         if (onlyEnds) return count == least || count == most;
         return count >= least && (most == 0 || count <= most);

@@ -1,4 +1,5 @@
-// The groups of a camera's features, in the order in which reports list them.
+// SPDX-License-Identifier: Apache-2.0
+// Groups of camera features, in the order in which reports list them.
 #pragma once
 
 #include <cstddef>

@@ -1,4 +1,5 @@
-// Log formats of rows, checked by the compiler against the arguments that they are printed with.
+// SPDX-License-Identifier: Apache-2.0
+// Log formats of rows. The compiler checks them against the arguments that they are printed with.
 #pragma once
 
 #include <cstddef>
@@ -20,8 +21,8 @@ constexpr bool isOneOf(char c, const char* characters) {
     return false;
 }
 
-// Returns conversion `index` of a format as one letter: s, d, u, x, f; z for %zu, l for %lld. '\0' behind the
-// last one.
+// Returns conversion `index` of a format as one letter: s, d, u, x, f; z for %zu, l for %lld. Returns '\0'
+// after the last one.
 constexpr char conversion(const char* format, size_t index) {
     for (const char* at = format; *at != '\0'; ++at) {
         if (*at != '%') continue;
@@ -37,8 +38,8 @@ constexpr char conversion(const char* format, size_t index) {
     return '\0';
 }
 
-// True if the conversions of the format are just these: "sud" for "%s(), failed to update iso: %u, return:
-// %d".
+// Returns true if the format has exactly these conversions: "sud" for "%s(), failed to update iso: %u,
+// return: %d".
 constexpr bool converts(const char* format, const char* kinds) {
     size_t i = 0;
     for (; kinds[i] != '\0'; ++i) {
@@ -47,7 +48,7 @@ constexpr bool converts(const char* format, const char* kinds) {
     return conversion(format, i) == '\0';
 }
 
-// The same with %u allowed for %d, since both print an int.
+// Does the same, but accepts %u in place of %d, since both print an int.
 constexpr bool convertsInts(const char* format, const char* kinds) {
     size_t i = 0;
     for (; kinds[i] != '\0'; ++i) {

@@ -1,17 +1,18 @@
-// Every line that the library can write to the log, but for those that rows state themselves. Folders list
-// theirs in a lines.inc, one LINE a line:
+// SPDX-License-Identifier: Apache-2.0
+// Every line that the library can write to the log, except the lines that rows contain. Each folder lists its
+// lines in a lines.inc, one LINE on each line:
 //
 //     LINE(MaxZoomIsZero, "setZoom", ERROR, "%s(), KEY_MAX_ZOOM = 0, error!")
 //
-// name of the line, function that writes it ("" for several), level, format. Here each becomes a type for LOG
-// (text/Log.h); rows/Lines.h has them as a table, together with those of the rows.
+// The columns are: name of the line, function that writes it ("" for several), level, format. Here each line
+// becomes a type for LOG (text/Log.h). rows/Lines.h has all lines as a table, those of the rows included.
 #pragma once
 
 #include <android/log.h>
 
 namespace qz {
 
-// Log tags, one a class.
+// Log tags, one for each class.
 constexpr char kTranslatorLog[] = "CameraQzParam";
 constexpr char kAdapterLog[] = "QzParametersEx";
 constexpr char kTagLog[] = "QzName2Tag";

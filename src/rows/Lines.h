@@ -1,4 +1,5 @@
-// Every line that the library can write to the log, as a table for readers of logs: kLines.
+// SPDX-License-Identifier: Apache-2.0
+// Table of all lines that the library can write to the log, for readers of logs: kLines.
 #pragma once
 
 #include "callback/Results.h"
@@ -13,7 +14,7 @@ namespace qz {
 
 struct LogLine {
     const char* logTag = nullptr;
-    const char* function = nullptr;  // that writes it; "" for several
+    const char* function = nullptr;  // function that writes it; "" for several
     int priority = 0;
     const char* format = nullptr;
 };
@@ -24,7 +25,7 @@ inline constexpr LogLine kListedLines[] = {
 #undef LINE
 };
 
-// Hands each line to `take`: those of the folders' lists, then those of the rows.
+// Calls `take` with each line: the lines of the folders' lists first, then the lines of the rows.
 template <typename Take>
 constexpr void forEachLine(Take take) {
     const auto add = [&take](const char* logTag, const char* function, int priority, const char* format) {

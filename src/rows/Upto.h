@@ -1,4 +1,5 @@
-// A short list in a row: at most N items, known to the compiler, as in {"a", "b"}.
+// SPDX-License-Identifier: Apache-2.0
+// A short list in a row: at most N items, known at compile time, as in {"a", "b"}.
 #pragma once
 
 #include <cstddef>

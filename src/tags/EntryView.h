@@ -1,5 +1,6 @@
-// A typed view of a metadata entry, within the entry's own bytes: elements of another type than the expected
-// one count as none, whatever a vendor's HAL has declared.
+// SPDX-License-Identifier: Apache-2.0
+// A typed view of a metadata entry that never reads outside the entry's own bytes. An entry whose elements
+// have another type than the expected one counts as empty, whatever the vendor's HAL has declared.
 #pragma once
 
 #include <system/camera_metadata.h>
@@ -37,7 +38,7 @@ class EntryView {
   public:
     EntryView() = default;
     explicit EntryView(const camera_metadata_ro_entry& entry) {
-        // The other fields of an absent entry are not to be relied on.
+        // The other fields of an absent entry are undefined.
         if (entry.count == 0 || entry.type != ElementType<T>::code) return;
         mData = ElementType<T>::data(entry);
         mCount = entry.count;

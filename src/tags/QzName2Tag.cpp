@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "tags/VendorTag.h"
 
 #include "text/Log.h"
@@ -18,7 +19,7 @@ using android::sp;
 using android::String8;
 using android::VendorTagDescriptor;
 
-constexpr char kCaller[] = "vendorTagFromName";  // in whose words every lookup of a vendor tag reports
+constexpr char kCaller[] = "vendorTagFromName";  // every vendor tag lookup logs under this name
 
 QzName2Tag* create() noexcept {
     auto* instance = new (std::nothrow) QzName2Tag;
@@ -26,7 +27,7 @@ QzName2Tag* create() noexcept {
     return instance;
 }
 
-// Made when the library is loaded, so that it is there before any caller, and kept until the process ends.
+// Created when the library is loaded, so that it exists before any caller, and kept until the process ends.
 QzName2Tag* const sInstance = create();
 
 size_t wordAt(const char* text) {
@@ -35,8 +36,8 @@ size_t wordAt(const char* text) {
     return word;
 }
 
-// From the end, where sections differ more often than where they begin, and by words: the C library of a
-// 32-bit ARM machine may take five times as many instructions for memcmp().
+// Compares from the end, since sections differ there more often than at the beginning. Compares word by word:
+// memcmp() in the C library of a 32-bit ARM machine may take five times as many instructions.
 bool sameBytes(const char* a, const char* b, size_t count) {
     constexpr size_t step = sizeof(size_t);
     if (count < step) return memcmp(a, b, count) == 0;
@@ -47,20 +48,20 @@ bool sameBytes(const char* a, const char* b, size_t count) {
     return wordAt(a) == wordAt(b);
 }
 
-// No separator is asked for behind the section: "sectionXtag" is in it too.
+// The separator after the section is not checked: "sectionXtag" belongs to the section too.
 bool beginsWith(std::string_view name, std::string_view section) {
     return section.size() <= name.size() && sameBytes(name.data(), section.data(), section.size());
 }
 
-// Where the name would stand among the sections, which are in the order of their bytes.
+// Returns the place at which the name would be inserted. The sections are sorted by their bytes.
 const String8* placeOf(std::string_view name, const String8* first, const String8* end) {
     return std::upper_bound(first, end, name.data(), [](const char* text, const String8& section) {
         return strcmp(text, section.c_str()) < 0;
     });
 }
 
-// The longest section that begins the name, or null: of those that do, it stands last before the name's own
-// place, which is searched where there are many.
+// Returns the longest section that the name begins with, or null. It is the last such section before the
+// place at which the name would be inserted. A descriptor with many sections is searched for that place.
 const String8* sectionOf(std::string_view name, const SortedVector<String8>& sections, size_t* length) {
     constexpr size_t few = 4;
     const String8* const first = sections.array();
@@ -74,7 +75,7 @@ const String8* sectionOf(std::string_view name, const SortedVector<String8>& sec
     return nullptr;
 }
 
-// The same of the platform's own sections, which stand in the order of their numbers.
+// Does the same for the platform's own sections, which are sorted by their numbers.
 size_t standardSectionOf(std::string_view name) {
     size_t found = ANDROID_SECTION_COUNT;
     size_t length = 0;
@@ -88,7 +89,7 @@ size_t standardSectionOf(std::string_view name) {
     return found;
 }
 
-// The name of the tag stands behind the section and one separating character, which is not looked at.
+// Returns the part after the section and one separating character, which is not checked.
 constexpr size_t tagStart(size_t sectionLength) { return sectionLength + 1; }
 
 }  // namespace

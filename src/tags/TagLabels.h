@@ -1,4 +1,5 @@
-// The section and the name of a tag for log lines, with a text that stands for an unknown one.
+// SPDX-License-Identifier: Apache-2.0
+// Section and name of a tag for log lines, with a text for an unknown one.
 #pragma once
 
 #include <camera/VendorTagDescriptor.h>
@@ -10,9 +11,9 @@ namespace qz {
 
 inline const char* textOr(const char* text, const char* unknown) { return text != nullptr ? text : unknown; }
 
-// Make one only for a line that is logged: it asks for the process's descriptor. Another thread may replace
-// the descriptor at any time, and the texts of a vendor tag end with the descriptor that owns them. So a
-// label holds that descriptor as long as its texts are used, and takes both of them from it.
+// Create one only for a line that is logged: it gets the process's descriptor. Another thread may replace
+// that descriptor at any time, and the texts of a vendor tag are freed with the descriptor that owns them. So
+// a label takes both texts from one descriptor and holds it as long as the texts are used.
 class TagLabel {
   public:
     explicit TagLabel(uint32_t tag, const char* unknown = "<unknown>") {

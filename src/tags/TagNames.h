@@ -1,4 +1,5 @@
-// The vendor's two sections, spelled once. Macros, because only literals join without a copy at run time.
+// SPDX-License-Identifier: Apache-2.0
+// The vendor's two sections. They are macros, because only literals can be joined without a copy at run time.
 #pragma once
 
 #include <cstddef>
@@ -9,7 +10,7 @@
 
 namespace qz {
 
-// A tag's full name. The compiler takes the length of a literal, so that no lookup counts it.
+// Full name of a tag. The length of a literal is computed at compile time, so that no lookup has to count it.
 struct TagName {
     template <size_t N>
     constexpr TagName(const char (&literal)[N]) : text(literal, N - 1) {}

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Vendor tag lookup.
 #pragma once
 
@@ -10,8 +11,8 @@ namespace qz {
 
 constexpr uint32_t kNoTag = QzName2Tag::INVALID_TAG;
 
-// Returns the number of a vendor tag by its full name; kNoTag if the device does not declare it. The name has
-// a terminator.
+// Returns the number of a vendor tag by its full name, or kNoTag if the device does not declare it. The name
+// must be terminated by NUL.
 uint32_t findVendorTag(std::string_view name);
 
 inline uint32_t vendorTagOf(TagName name) { return findVendorTag(name.text); }

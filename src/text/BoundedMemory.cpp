@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "text/BoundedMemory.h"
 
 #include <cerrno>
@@ -25,7 +26,7 @@ int snprintf_s(char* dest, size_t destSize, size_t count, const char* format, ..
     if (dest == nullptr || destSize == 0 || format == nullptr) return -1;
     va_list arguments;
     va_start(arguments, format);
-    // NOLINTNEXTLINE(clang-analyzer-valist.Uninitialized): va_start() stands above
+    // NOLINTNEXTLINE(clang-analyzer-valist.Uninitialized): va_start() is called above
     const int length = vsnprintf(dest, destSize, format, arguments);
     va_end(arguments);
 

@@ -1,4 +1,5 @@
-// Bounded memory functions whose failures are logged, as a line that takes the caller's name.
+// SPDX-License-Identifier: Apache-2.0
+// Logs failures of bounded memory functions, by a line that takes the caller's name.
 //
 //     if (!succeeded<line::BlockNotCleared>(memset_s(block, sizeof(block), 0xFF, sizeof(block)), __func__))
 //     return;

@@ -1,4 +1,5 @@
-// The Android log. LOG writes a line of a lines.inc; a macro, so that the compiler checks the arguments
+// SPDX-License-Identifier: Apache-2.0
+// The Android log. LOG writes a line of a lines.inc. It is a macro, so that the compiler checks the arguments
 // against the format.
 #pragma once
 

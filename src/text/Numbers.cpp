@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "text/Numbers.h"
 
 #include <algorithm>
@@ -15,18 +16,19 @@ constexpr int64_t kMax = std::numeric_limits<int32_t>::max();
 
 constexpr uint32_t kDigits = 10;
 
-// Of any other character something that is no digit.
+// Returns a value of 10 or more for a non-digit.
 uint32_t digitOf(char c) { return static_cast<uint32_t>(c) - '0'; }
 
-// Of an exponent, or of 0x.
+// Returns true for the letter of an exponent or of 0x.
 bool isMark(char c) { return (c | 0x20) == 'e' || (c | 0x20) == 'x'; }
 
-// The numbers that most texts hold: a few digits, perhaps a point, a few more, and no mark behind them.
-// Whole number and power of ten fit into a T, so that their quotient is the nearest T. The standard functions
-// find the same in ten times as many instructions, and a request may hold a dozen such numbers.
+// Reads the usual numbers: a few digits, perhaps a decimal point and a few more digits, and no exponent. The
+// digits as an integer and the power of ten are exact in a T, so that their quotient is the nearest T. The
+// standard functions give the same result with ten times as many instructions, and a request may hold a dozen
+// such numbers.
 template <typename T>
 bool parseShort(const char* text, const char** end, T* number) {
-    constexpr uint32_t most = 1 << 24;  // up to which float has every whole number
+    constexpr uint32_t most = 1 << 24;  // float represents every integer up to this one
     uint32_t whole = 0;
     uint32_t scale = 1;
     const char* at = text;

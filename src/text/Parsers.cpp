@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "text/Parsers.h"
 
 #include "text/BoundedMemory.h"
@@ -82,7 +83,8 @@ void parseExposureRational(const char* text, camera_metadata_rational* out) {
 }
 
 void microSecondToSecond(int32_t us, char* buf, size_t size) {
-    // Negative times go the way of the fractions; they are no times, and read so.
+    // A negative time is invalid. Its text is a fraction with a negative denominator, which shows the
+    // mistake.
     const bool fraction = us != 0 && us < kMicrosecondsPerSecond;
     Text text;
     if (fraction) {

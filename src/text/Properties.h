@@ -1,4 +1,5 @@
-// System properties. properties.inc holds them.
+// SPDX-License-Identifier: Apache-2.0
+// System properties; properties.inc lists them.
 #pragma once
 
 #include <cutils/properties.h>
@@ -9,7 +10,7 @@ namespace qz {
 
 struct Property {
     const char* name;
-    const char* unset;  // what counts while the property is not set
+    const char* unset;  // value while the property is not set
 };
 
 namespace property {
@@ -34,7 +35,7 @@ inline constexpr PropertyRow kProperties[] = {
 
 std::array<char, PROPERTY_VALUE_MAX> valueOf(const Property& property);
 
-// True if the value begins with '1'; what follows does not count.
+// Returns true if the value begins with '1', whatever follows.
 bool isOn(const Property& property);
 
 }  // namespace qz

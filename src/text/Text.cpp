@@ -1,10 +1,11 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "text/Text.h"
 
 #include <charconv>
 
 namespace qz {
 
-// NOLINTNEXTLINE(cppcoreguidelines-pro-type-member-init): what stands behind the terminator is never read
+// NOLINTNEXTLINE(cppcoreguidelines-pro-type-member-init): bytes after the terminator are never read
 Decimal::Decimal(int32_t number) {
     char* const end = std::to_chars(mText, mText + sizeof(mText) - 1, number).ptr;
     *end = '\0';

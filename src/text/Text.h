@@ -1,4 +1,5 @@
-// Numbers and lists as text, without a format to interpret and, as a rule, without memory to ask for.
+// SPDX-License-Identifier: Apache-2.0
+// Numbers and lists as text, without a format to interpret and usually without an allocation.
 #pragma once
 
 #include <cstddef>
@@ -21,7 +22,7 @@ class Decimal {
     size_t mLength;
 };
 
-// A text under construction. As long as it is short, and nearly all are, it takes no memory but its own.
+// A text under construction. A short text, as nearly all are, is kept inside the object.
 class Text {
   public:
     Text() {  // NOLINT(cppcoreguidelines-pro-type-member-init): the rest is never read

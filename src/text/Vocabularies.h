@@ -1,4 +1,5 @@
-// Every vocabulary: what an application may say, and what the pipeline hears.
+// SPDX-License-Identifier: Apache-2.0
+// Every vocabulary: the words of applications and the numbers of the pipeline.
 #pragma once
 
 #include "text/Vocabulary.h"
@@ -7,7 +8,7 @@ namespace qz {
 
 // clang-format off
 
-// ISO. The two directions differ on purpose: requests know "50" and "1250", published lists do not.
+// ISO. The two directions differ on purpose: requests accept "50" and "1250", published lists never contain them.
 inline constexpr Word kIsoWords[] = {
     {"auto", 0}, {"50", 1},   {"100", 2},  {"200", 3},  {"400", 4},
     {"800", 5},  {"1250", 6}, {"1600", 7}, {"3200", 8}, {"6400", 9},
@@ -19,7 +20,7 @@ inline constexpr Word kPublishedIsoWords[] = {
 inline constexpr Vocabulary kIso{kIsoWords, 0, -1,
     "isoModeEnumToString", kPublishedIsoWords, "%s: Unknown iso mode enum: %u", "unknown"};
 
-// Contrast and saturation: five steps, the middle one when nothing is said.
+// Contrast and saturation: five steps. An absent text means the middle one.
 inline constexpr Word kPercentTo200Words[] = {
     {"0", 0},   {"50", 1},  {"100", 2}, {"150", 3}, {"200", 4},
 };
@@ -52,7 +53,7 @@ inline constexpr Word kSharpnessWords[] = {
 inline constexpr Vocabulary kSharpness{kSharpnessWords, 0, -1,
     "sharpnessModeEnumToString", kSharpnessWords, "%s: Unknown sharpness mode enum: %u", "unknown"};
 
-// Metering: spot when nothing is said.
+// Metering. An absent text means spot.
 inline constexpr Word kMeteringWords[] = {
     {"matrix", 0},          {"average", 1},         {"center-weighted", 2}, {"spot", 3},
 };
@@ -67,7 +68,7 @@ inline constexpr Word kMakeUpWords[] = {
 inline constexpr Vocabulary kMakeUp{kMakeUpWords, 0, -1,
     "makeUpEffectModeEnumToString", kMakeUpWords, "%s: Unknown make up effect enum: %u", "unknown"};
 
-// Colour effects. Applications may ask for more of them than devices publish: only the first ones have a way back.
+// Colour effects. Applications may ask for more effects than devices publish: only the first ones convert back to a word.
 inline constexpr Word kEffectWords[] = {
     {"none", 0},                   {"zy-rixi", 2},                {"zy-fugu", 3},                {"zy-valencia", 4},
     {"zy-laodianying", 5},         {"zy-lianghong", 6},           {"zy-yunduan", 7},             {"zy-earlybird", 8},
@@ -83,14 +84,14 @@ inline constexpr Words kPublishedEffectWords{kEffectWords, 19};
 inline constexpr Vocabulary kColorEffect{kEffectWords, 0, -1,
     "colorEffectModeEnumToString", kPublishedEffectWords, "%s: Unknown color effect enum: %u", "unknown"};
 
-// Which sensor leads. Number 0 reads "primary", and no word gives 1.
+// Leading sensor. Number 0 converts to "primary", and no word gives 1.
 inline constexpr Word kDualPrimaryWords[] = {
     {"primary", 0},   {"default", 0},   {"secondary", 2}, {"dual", 3},
 };
 inline constexpr Vocabulary kDualPrimary{kDualPrimaryWords, 0, -1,
     "dualPrimaryEnumToString", kDualPrimaryWords, "%s: Unknown dual primary mode enum: %u", "unknown"};
 
-// Light painting. An unknown word falls back to the default, unlike most: a long exposure must be asked for clearly.
+// Light painting. Unlike in most vocabularies an unknown word gives the default: a long exposure must be asked for exactly.
 inline constexpr Word kExposureWords[] = {
     {"default", 0},     {"super-night", 1}, {"car", 2},         {"light", 3},       {"water", 4},       {"star", 5},
 };
@@ -102,14 +103,14 @@ inline constexpr Vocabulary kExposure{kExposureWords, 0, 0,
 inline constexpr Vocabulary kRelayout{kRelayoutWords, 0, 0,
     "relayoutModeEnumToString", kRelayoutWords, "%s: Unknown relayout mode enum: %u", "unknown"};
 
-// Autofocus test: a switch, and the positions of the equipment stations.
+// Autofocus test: a switch, and the positions of the test stations.
 inline constexpr Word kMmiAfTestWords[] = {
     {"off", 0},                   {"on", 1},                    {"mmi_equip_9300_far", 2},    {"mmi_equip_9300_near", 3},
     {"mmi_equip_9302_far", 4},    {"mmi_equip_9302_near", 5},   {"mmi_equip_9302_middle", 6},
 };
 inline constexpr Vocabulary kMmiAfTest{kMmiAfTestWords, 0, -1};
 
-// Shutter times in seconds. Reports an unknown number in the words of the exposure modes.
+// Shutter times in seconds. An unknown number is logged with the text of the exposure modes.
 inline constexpr Word kShutterWords[] = {
     {"auto", 0},    {"1/30000", 1}, {"1/20000", 2}, {"1/10000", 3}, {"1/4000", 4},  {"1/2000", 5},  {"1/1333", 6},
     {"1/1000", 7},  {"1/200", 8},   {"1/100", 9},   {"1/66", 10},   {"1/50", 11},   {"1/40", 12},   {"1/30", 13},
@@ -137,7 +138,7 @@ inline constexpr Word kColorModeWords[] = {
 inline constexpr Vocabulary kColorMode{kColorModeWords, 0, 0,
     "colorModeEnumToString", kColorModeWords, "%s: Unknown color mode enum: %u", "unknown"};
 
-// Scene modes beyond the platform's own. 35 stands for all others; published lists leave those out without a word.
+// Scene modes beyond the platform's own. 35 stands for all others; published lists omit those without a log line.
 inline constexpr Word kExtSceneWords[] = {
     {"qzauto", 33}, {"hdr", 34},
 };
@@ -145,7 +146,7 @@ constexpr int kOtherScene = 35;
 inline constexpr Vocabulary kExtScene{kExtSceneWords, kOtherScene, kOtherScene,
     "extSceneModeEnumToString", kExtSceneWords};
 
-// All of them, with the names of their text-to-number direction.
+// All vocabularies, with the names of their text-to-number direction.
 inline constexpr NamedVocabulary kVocabularies[] = {
     {"isoModeStringToEnum",              &kIso},
     {"contrastModeStringToEnum",         &kContrast},

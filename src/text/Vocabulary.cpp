@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "text/Vocabulary.h"
 
 #include "text/Log.h"
@@ -15,7 +16,7 @@ int numberOf(const Vocabulary& vocabulary, const char* text) {
 }
 
 const char* findWord(const Vocabulary& vocabulary, uint8_t number) {
-    // Most tables count from 0. Pays 1 percent of the instructions of a capability pass.
+    // Most tables count from 0. This saves 1 percent of the instructions of a capability pass.
     const Words& words = vocabulary.published;
     if (number < words.count && words.first[number].number == number) return words.first[number].text;
     for (const Word& word : words) {

@@ -1,7 +1,10 @@
-// A vocabulary: the words of the application and the numbers of the pipeline. Vocabularies.h has all of them.
+// SPDX-License-Identifier: Apache-2.0
+// A vocabulary: the words of the application and the numbers of the pipeline. Vocabularies.h contains all of
+// them.
 //
-// Words compare exactly. A setter stores the number in the entry's element type, so that -1 for an unknown
-// word becomes 255 in a byte. An absent text (null) is no error: each vocabulary has a number for it.
+// Words are compared exactly. A setter stores the number in the entry's element type, so that -1 for an
+// unknown word becomes 255 in a byte. An absent text (null) is not an error: each vocabulary has a number for
+// it.
 #pragma once
 
 #include "rows/Format.h"
@@ -31,22 +34,21 @@ struct Words {
 };
 
 struct Vocabulary {
-    // Text to number, for requests.
+    // Text-to-number direction, for requests.
     Words words;
     int whenNull = 0;
     int whenUnknown = 0;
 
-    // Number to text, for published lists; null names where there is no way back. The first word of a number
-    // speaks for it. An unknown number is logged as unknownText, with the name toText, and gives the
-    // fallback.
+    // Number-to-text direction, for published lists. The names are null where it does not exist. A number
+    // converts to its first word. An unknown number is logged with unknownText and the name toText, and gives
+    // the fallback.
     const char* toText = nullptr;
     Words published = {};
     const char* unknownText = nullptr;
     const char* fallback = nullptr;
 };
 
-// The name of the text-to-number direction appears in no log line, so that the library itself does without
-// it.
+// No log line contains the name of the text-to-number direction, so the library does not store it.
 struct NamedVocabulary {
     const char* toNumber;
     const Vocabulary* vocabulary;
@@ -54,7 +56,7 @@ struct NamedVocabulary {
 
 int numberOf(const Vocabulary& vocabulary, const char* text);
 
-// Returns null, without a log line, for a number that no word has.
+// Returns null, without a log line, for a number that has no word.
 const char* findWord(const Vocabulary& vocabulary, uint8_t number);
 
 const char* wordOf(const Vocabulary& vocabulary, uint8_t number);

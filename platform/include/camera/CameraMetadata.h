@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // A metadata buffer that grows as needed.
 #pragma once
 
@@ -10,62 +11,64 @@
 
 namespace android {
 
-// Owns one buffer of <system/camera_metadata.h>, made at the first update at the latest. One thread at a
-// time; several may read while none changes it. Entries found point into the buffer and are valid until the
-// next change. An error is a line under the log tag "Camera2-Metadata".
+// Owns one buffer of <system/camera_metadata.h>, created by the first update at the latest. Only one thread
+// may change it, and none may read it meanwhile. Several threads may read it. An entry that find() returns
+// points into the buffer and is valid until the next change. Errors are logged with the tag
+// "Camera2-Metadata".
 //
-// Whoever wants the raw buffer locks the object: until it is unlocked every change is refused, so that the
-// raw pointer stays good. The lock is a flag against mistakes, not a mutex.
+// The raw buffer is only available from a locked object. Until it is unlocked every change is refused, so
+// that the raw pointer stays valid. The lock is a flag that detects mistakes, not a mutex.
 //
-// Operations return OK, INVALID_OPERATION when the object is locked, or else the status of the function of
-// <system/camera_metadata.h> that refuses. Failures change nothing.
+// Operations return OK, INVALID_OPERATION if the object is locked, or the status of the function of
+// <system/camera_metadata.h> that failed. A failed operation changes nothing.
 class CameraMetadata {
   public:
     CameraMetadata() = default;
     explicit CameraMetadata(size_t entryCapacity, size_t dataCapacity = 10);
-    CameraMetadata(camera_metadata_t* buffer);    // as acquire(). NOLINT(google-explicit-constructor)
+    CameraMetadata(camera_metadata_t* buffer);    // like acquire(). NOLINT(google-explicit-constructor)
     CameraMetadata(const CameraMetadata& other);  // the copy is not locked
     ~CameraMetadata();
 
-    // Copies, with just the capacities needed; refused when this object is locked, also for itself. There is
-    // no move: the source of std::move() keeps its entries.
+    // Copies, with the smallest capacities. A locked object refuses it, also for itself. There is no move:
+    // the source of std::move() keeps its entries.
     CameraMetadata& operator=(const CameraMetadata& other);
     CameraMetadata& operator=(const camera_metadata_t* buffer);
 
-    // The buffer, null as long as there is none. Give the same pointer back to unlock(); any other leaves the
-    // object locked and logs an error.
+    // getAndLock() returns the buffer, or null if there is none. Pass the same pointer to unlock(). Any other
+    // pointer leaves the object locked and logs an error.
     const camera_metadata_t* getAndLock() const;
     status_t unlock(const camera_metadata_t* buffer) const;
 
-    // Gives the buffer away; the caller frees it, and this object has none. Null when locked.
+    // Gives the buffer to the caller, who frees it. This object then has none. Returns null if locked.
     camera_metadata_t* release();
 
-    // Takes a buffer over, or another object's, in place of its own. When locked it stays the caller's. A
-    // buffer that is not sound (validate_camera_metadata_structure) is freed with an error.
+    // Take ownership of a buffer, or of another object's buffer, and free the own one. If this object is
+    // locked, the caller keeps the buffer. A buffer that validate_camera_metadata_structure() rejects is
+    // freed, and an error is logged.
     void acquire(camera_metadata_t* buffer);
     void acquire(CameraMetadata& other);
 
-    // Exchanges the buffers, unless one of the two is locked.
+    // Exchanges the buffers, unless one of the objects is locked.
     void swap(CameraMetadata& other);
 
     size_t entryCount() const;
     bool isEmpty() const;
     void clear();
 
-    // OK also when there is no such tag; 1 when there is no buffer.
+    // Returns OK also if the tag is absent, and 1 if there is no buffer.
     status_t erase(uint32_t tag);
 
-    // Puts the entries in the order of their tags. 1 when there is no buffer.
+    // Sorts the entries by tag. Returns 1 if there is no buffer.
     status_t sort();
 
-    // Adds every entry of the other behind the own ones. A tag present in both then has two entries, and the
-    // older is found. Refused are an object without a buffer (1) and the object itself (INVALID_OPERATION).
+    // Appends every entry of the other object. A tag present in both then has two entries, and find() returns
+    // the older one. An object without a buffer (1) and the object itself (INVALID_OPERATION) are refused.
     status_t append(const CameraMetadata& other);
 
-    // `count` elements are copied; none is allowed and makes an entry that is present and empty. A present
-    // entry keeps its place. INVALID_OPERATION: the tag is unknown or declared with another type, `data` lies
-    // in this object's own buffer, or the object is locked; 1: `data` is null but `count` is not 0;
-    // NO_MEMORY: also for a count that no buffer can hold.
+    // Copy `count` elements. With count 0 the entry is present and empty. A present entry keeps its place.
+    // Return INVALID_OPERATION if the tag is unknown or declared with another type, `data` points into this
+    // object's own buffer, or the object is locked; 1 if `data` is null and `count` is not 0; NO_MEMORY also
+    // for a count that no buffer can hold.
     status_t update(uint32_t tag, const uint8_t* data, size_t count);
     status_t update(uint32_t tag, const int32_t* data, size_t count);
     status_t update(uint32_t tag, const float* data, size_t count);
@@ -77,12 +80,12 @@ class CameraMetadata {
 
     bool exists(uint32_t tag) const;
 
-    // The first entry of the tag; absent: count 0 and null data. The writable form finds nothing in a locked
-    // object.
+    // Return the first entry of the tag; if it is absent, an entry with count 0 and null data. The writable
+    // form finds nothing in a locked object.
     camera_metadata_entry_t find(uint32_t tag);
     camera_metadata_ro_entry_t find(uint32_t tag) const;
 
-    // As dump_indented_camera_metadata().
+    // Like dump_indented_camera_metadata().
     void dump(int fd, int verbosity = 1, int indentation = 0) const;
 
   private:

@@ -1,4 +1,5 @@
-// A set of text parameters that remembers in which order they were set.
+// SPDX-License-Identifier: Apache-2.0
+// A set of text parameters that remembers the order in which they were set.
 #pragma once
 
 #include <utils/Errors.h>
@@ -11,7 +12,7 @@
 
 namespace android {
 
-// One thread at a time; several may read while none changes it.
+// Only one thread may change it, and none may read it meanwhile. Several threads may read it.
 class CameraParameters2 {
   public:
     CameraParameters2() = default;
@@ -22,34 +23,34 @@ class CameraParameters2 {
     CameraParameters2& operator=(CameraParameters2 other) noexcept;
     ~CameraParameters2() = default;
 
-    // A present key moves to the end. A key or value that is null or holds '=' or ';' is refused: nothing
-    // changes.
+    // Set a value. A present key moves to the end. A key or value that is null or contains '=' or ';' is
+    // refused and changes nothing.
     void set(const char* key, const char* value);
     void set(const char* key, int value);         // decimal
-    void setFloat(const char* key, float value);  // as "%g": six digits
+    void setFloat(const char* key, float value);  // printed with "%g": six digits
 
-    // Null when absent. The text is valid until the next change of that key.
+    // Returns null if the key is absent. The text is valid until the next change of that key.
     const char* get(const char* key) const;
 
-    // -1 when absent; otherwise the number the text starts with (decimal, 0x hexadecimal, 0 octal), 0 when it
-    // starts with none. Saturates at 32 bits.
+    // Returns -1 if the key is absent. Otherwise returns the number at the start of the text (decimal,
+    // 0x hexadecimal, 0 octal), or 0 without a number. Saturates at 32 bits.
     int getInt(const char* key) const;
 
-    float getFloat(const char* key) const;  // -1 when absent, 0 without a number
+    float getFloat(const char* key) const;  // -1 if the key is absent, 0 without a number
 
     void remove(const char* key);
     bool isEmpty() const { return mItems.empty(); }
 
-    // Which of two keys was set later: `order` becomes -1 when the first one was set before the second, 1
-    // when after it, 0 for the same key. BAD_VALUE for a null pointer, NAME_NOT_FOUND for an absent key.
+    // Compares the order of two keys. `order` becomes -1 if the first one was set before the second, 1 if
+    // after it, 0 for the same key. Returns BAD_VALUE for a null pointer, NAME_NOT_FOUND for an absent key.
     status_t compareSetOrder(const char* key1, const char* key2, int* order) const;
 
-    // "key=value;key=value" in the order of setting.
+    // Returns "key=value;key=value" in the order of setting.
     String8 flatten() const;
 
-    // Replaces the whole set. A key runs to the next '=' and may hold ';'; its value runs to the next ';' and
-    // may hold '='; what follows the last '=' of all is no key. A repeated key stays twice and the first is
-    // found; once that is set or removed, the next.
+    // Replaces the whole set. A key ends at the next '=' and may contain ';'. Its value ends at the next ';'
+    // and may contain '='. A text without '=' at the end is ignored. A repeated key is kept twice, and get()
+    // returns the first one. When that one is set or removed, get() returns the next one.
     void unflatten(const String8& flattened);
 
   private:

@@ -1,4 +1,5 @@
-// What the camera service gets back for one capture request.
+// SPDX-License-Identifier: Apache-2.0
+// The result of one capture request.
 #pragma once
 
 #include <camera/CameraMetadata.h>
@@ -17,7 +18,7 @@ struct CaptureResultExtras {
     int32_t afTriggerId = 0;
     int32_t precaptureTriggerId = 0;
     int64_t frameNumber = 0;
-    int32_t partialResultCount = 0;  // which part of the result this is
+    int32_t partialResultCount = 0;  // part of the result
     int32_t errorStreamId = -1;      // negative: no stream failed
 
     bool isValid() const { return requestId >= 0; }

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The vendor tags of a HAL, by tag and by name.
 #pragma once
 
@@ -13,20 +14,19 @@
 
 namespace android {
 
-// Made once from a HAL's functions and never changed after, so that any thread may read it. The texts it
-// gives out are its own copies and live as long as it does. The process has one such object that everybody
-// asks (the "global" one); it is set by whoever starts the camera service and may be replaced or cleared at
-// any time.
+// The descriptor is created from a HAL's functions and never changes, so that any thread may read it. Its
+// texts are its own copies and live as long as the object. The process has one "global" descriptor for all
+// lookups. The camera service sets it at its start, and it may be replaced or cleared at any time.
 class VendorTagDescriptor : public LightRefBase<VendorTagDescriptor> {
   public:
     VendorTagDescriptor(const VendorTagDescriptor&) = delete;
     VendorTagDescriptor& operator=(const VendorTagDescriptor&) = delete;
     ~VendorTagDescriptor() = default;
 
-    // Reads all tags out of `ops`, which is not needed afterwards: each one's name, section and type, in this
-    // order. BAD_VALUE and an error line, and `descriptor` left alone, when `ops` is null or lacks a
-    // function, the count is negative or above 65,536, or a tag lies below the vendor boundary, lacks a name
-    // or a section, or has a type that does not exist. A tag given twice counts once.
+    // Reads all tags from `ops`, which is not needed afterwards: the name, section and type of each tag, in
+    // this order. Logs an error, returns BAD_VALUE and leaves `descriptor` unchanged if `ops` is null or
+    // lacks a function, if the count is negative or above 65,536, or if a tag is below the vendor boundary,
+    // has no name or section, or has an unknown type. A tag that is listed twice counts once.
     static status_t createDescriptorFromOps(const vendor_tag_ops_t* ops, sp<VendorTagDescriptor>& descriptor);
 
     static status_t setAsGlobalVendorTagDescriptor(const sp<VendorTagDescriptor>& descriptor);
@@ -40,11 +40,11 @@ class VendorTagDescriptor : public LightRefBase<VendorTagDescriptor> {
     const char* getTagName(uint32_t tag) const;      // null when unknown
     int getTagType(uint32_t tag) const;              // -1 when unknown
 
-    const SortedVector<String8>* getAllSectionNames() const;  // this object's own, never null
+    const SortedVector<String8>* getAllSectionNames() const;  // owned by this object, never null
 
-    // The tag of a name and its section, in that order. BAD_VALUE and an error line when there is none; `tag`
-    // (may be null) is then left alone. Of several tags with both names alike the one that the HAL lists last
-    // is found.
+    // Finds a tag by its name and section. Logs an error and returns BAD_VALUE if there is none; `tag` (may
+    // be null) is then unchanged. If several tags have the same name and section, it finds the one that the
+    // HAL lists last.
     status_t lookupTag(String8 name, String8 section, uint32_t* tag) const;
 
   private:

@@ -1,7 +1,8 @@
-// The standard tags and their named values as tables to search: what a reader of dumps needs beside the names
-// that <system/camera_metadata.h> gives. They hold all up to Android 14, so that dumps of newer platforms can
-// be read; the constants in the headers end with Android 7.1. All results live as long as the program; all
-// functions may be called on any thread.
+// SPDX-License-Identifier: Apache-2.0
+// Standard tags and their named values as tables to search, for readers of dumps: they find tags by name. The
+// tables contain all tags up to Android 14, so that dumps of newer platforms can be read. The constants in
+// the headers end with Android 7.1. All results live as long as the program. Any thread may call any
+// function.
 #pragma once
 
 #include <cstdint>
@@ -16,18 +17,18 @@ struct StandardTag {
     const char* name;  // without its section: "aeMode"
 };
 
-// All of them, ascending by number: for (const StandardTag& tag : StandardTags()) ...
+// All standard tags, sorted by number: for (const StandardTag& tag : StandardTags()) ...
 class StandardTags {
   public:
     const StandardTag* begin() const;
     const StandardTag* end() const;
 };
 
-// Null when there is no such standard tag.
+// Returns null if there is no such standard tag.
 const StandardTag* findStandardTag(uint32_t tag);
 const StandardTag* findStandardTag(std::string_view section, std::string_view name);
 
-// The name of a tag's value ("OFF"), null when that value has none; and the way back.
+// Convert between a tag's value and its name ("OFF"). The name is null if the value has none.
 const char* nameOfValue(uint32_t tag, int64_t value);
 std::optional<int32_t> valueOfName(uint32_t tag, std::string_view name);
 

@@ -1,10 +1,11 @@
-// A bound on what a HAL may claim.
+// SPDX-License-Identifier: Apache-2.0
+// A limit for the number of vendor tags.
 #pragma once
 
 namespace qz::host {
 
-// So many vendor tags a descriptor takes at most; a count above it is taken for a lie. The host platform's
-// own bound: a device believes the HAL, and may run out of memory.
+// Largest number of vendor tags in a descriptor. A larger count is refused as an error of the HAL. Only the
+// host platform has this limit: a device accepts any count and may run out of memory.
 constexpr int kMaxVendorTags = 65536;
 
 }  // namespace qz::host

@@ -1,4 +1,5 @@
-// Sizes of a system property, terminator included, as <cutils/properties.h> wants them.
+// SPDX-License-Identifier: Apache-2.0
+// Sizes of a system property, terminator included, for <cutils/properties.h>.
 #ifndef QZ_HOST_SYS_SYSTEM_PROPERTIES_H
 #define QZ_HOST_SYS_SYSTEM_PROPERTIES_H
 

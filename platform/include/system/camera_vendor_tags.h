@@ -1,11 +1,12 @@
-// How a camera HAL tells which tags it has beyond the standard ones.
+// SPDX-License-Identifier: Apache-2.0
+// The functions by which a camera HAL lists its vendor tags.
 #ifndef QZ_HOST_SYSTEM_CAMERA_VENDOR_TAGS_H
 #define QZ_HOST_SYSTEM_CAMERA_VENDOR_TAGS_H
 
 // This header serves C as well. NOLINTBEGIN(modernize-use-using, modernize-deprecated-headers)
 #include <stdint.h>
 
-// Vendor tags are this and above.
+// The first vendor tag.
 #define CAMERA_METADATA_VENDOR_TAG_BOUNDARY 0x80000000u
 
 #ifdef __cplusplus
@@ -14,7 +15,7 @@ extern "C" {
 
 typedef struct vendor_tag_ops vendor_tag_ops_t;
 
-// Filled in by the HAL. Each function is handed the table itself; texts belong to the HAL.
+// The HAL fills in this table. Each function receives the table itself. The HAL owns the texts.
 struct vendor_tag_ops {
     int (*get_tag_count)(const vendor_tag_ops_t* ops);
     void (*get_all_tags)(const vendor_tag_ops_t* ops, uint32_t* tags);  // room for get_tag_count() tags
