@@ -1,6 +1,11 @@
-# Turns a file into a source that holds it:
-#     cmake -DINPUT=FILE -DOUTPUT=FILE.cpp -DFUNCTION=name -P EmbedFile.cmake
-file(READ "${INPUT}" hex HEX)
+# SPDX-License-Identifier: Apache-2.0
+# Turns a file, or several one after the other, into a source that holds them:
+#     cmake "-DINPUT=FILE;FILE..." -DOUTPUT=FILE.cpp -DFUNCTION=name -P EmbedFile.cmake
+set(hex "")
+foreach(file ${INPUT})
+    file(READ "${file}" part HEX)
+    string(APPEND hex "${part}")
+endforeach()
 string(REGEX REPLACE "(................................)" "\\1\n" hex "${hex}")
 string(REGEX REPLACE "([0-9a-f][0-9a-f])" "0x\\1," bytes "${hex}")
 file(WRITE "${OUTPUT}" "#include \"device/BuiltIn.h\"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "base/Output.h"
 
 #include "base/WriteAll.h"
@@ -6,7 +7,7 @@
 
 namespace qzcam {
 
-// A reader that goes away (`| head`) is no error; writing simply ends.
+// A reader that closes the pipe (`| head`) is not an error; writing ends.
 void Output::line(const std::string& text) {
     if (mError != 0) return;
     const std::string whole = text + "\n";

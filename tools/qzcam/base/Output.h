@@ -1,4 +1,5 @@
-// Where the events of a played session go, in whichever form.
+// SPDX-License-Identifier: Apache-2.0
+// Output of the events of a played session, in any form.
 #pragma once
 
 #include "device/Device.h"
@@ -19,10 +20,10 @@ class Output {
     virtual void device(const Device& device) = 0;
     virtual void print(const Event& event) = 0;
 
-    // Whether everything could be written, apart from a reader who went away.
+    // Returns true if everything could be written. A closed pipe is not an error.
     virtual bool flush();
 
-    // Likewise, with a message when not.
+    // Does the same, and prints a message for an error.
     bool finish();
 
   protected:

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "base/Text.h"
 
 #include <fmt/format.h>
@@ -16,7 +17,8 @@ constexpr std::string_view kBlanks = " \t\r\n\v\f";
 constexpr size_t kMostProblems = 20;
 constexpr size_t kExcerpt = 60;
 
-// Valid UTF-8 that still must not reach a terminal: it is no character, or steers how others are shown.
+// Valid UTF-8 that must not reach a terminal: non-characters, and characters that change the display of
+// others.
 bool isHidden(uint32_t code) {
     constexpr std::array<std::pair<uint32_t, uint32_t>, 7> kHidden{
         {{0xd800, 0xdfff},    // surrogates
@@ -30,7 +32,7 @@ bool isHidden(uint32_t code) {
                        [code](const auto& range) { return code >= range.first && code <= range.second; });
 }
 
-// The bytes of the UTF-8 character that the text begins with; 0 if it is none, or would not print.
+// Returns the number of bytes of the text's first UTF-8 character, or 0 if it is invalid or not printable.
 size_t printable(std::string_view text) {
     const auto at = [&](size_t i) { return i < text.size() ? static_cast<unsigned char>(text[i]) : 0U; };
     const unsigned first = at(0);
@@ -95,6 +97,10 @@ std::string_view takeWord(std::string_view& text) {
 
 std::string counted(size_t count, std::string_view what) {
     return fmt::format("{} {}{}", count, what, count == 1 ? "" : "s");
+}
+
+std::string counted(size_t count, std::string_view one, std::string_view many) {
+    return fmt::format("{} {}", count, count == 1 ? one : many);
 }
 
 std::string visible(std::string_view text) {

@@ -1,4 +1,5 @@
-// Small text tools, and the complaints that reading a file gives rise to.
+// SPDX-License-Identifier: Apache-2.0
+// Small text tools, and the problems found in an input file.
 #pragma once
 
 #include <cstddef>
@@ -16,29 +17,30 @@ bool startsWith(std::string_view text, std::string_view start);
 bool endsWith(std::string_view text, std::string_view end);
 std::vector<std::string_view> split(std::string_view text, char separator);
 
-// The first word, which is taken off the text; empty at the end.
+// Removes the first word from the text and returns it; empty at the end.
 std::string_view takeWord(std::string_view& text);
 
 // "1 value", "2 values"
 std::string counted(size_t count, std::string_view what);
+std::string counted(size_t count, std::string_view one, std::string_view many);
 
-// The text as a terminal, a log or XML can take it: a byte that does not print, or is not UTF-8, becomes
-// \xNN. A visible text stays as it is.
+// Returns the text in a form that is safe for a terminal, a log or XML: a byte that is not printable or not
+// UTF-8 becomes \xNN. A visible text is unchanged.
 std::string visible(std::string_view text);
 
-// The beginning of a text, visible, with "..." for a rest.
+// Returns the beginning of a text, visible, with "..." for the rest.
 std::string cut(std::string_view text, size_t most);
 
-// A quoted line in a message, visible and not too long.
+// Quotes a line for a message, visible and not too long.
 std::string excerpt(std::string_view text);
 
 // Prints a message to standard error, visible.
 void complain(std::string_view text);
 
-// Whether a C string of the text would end before it does.
+// Returns true if the text contains a NUL byte, so that a C string of it would end early.
 bool holdsNul(std::string_view text);
 
-// The whole text as a number: decimal, or hexadecimal behind 0x.
+// Parses the whole text as a number: decimal, or hexadecimal after 0x.
 std::optional<int64_t> parseInteger(std::string_view text);
 
 // "4000x3000"
@@ -48,24 +50,24 @@ struct Size {
 };
 std::optional<Size> parseSize(std::string_view text);
 
-// Reads a text from `"` to the next one off the input; \" and \\ stand for themselves without the backslash.
-// Nothing, and the input as it was, when it does not end.
+// Reads a quoted text from the input and removes it. \" and \\ mean a quote and a backslash. Returns nothing
+// and leaves the input unchanged if the closing quote is missing.
 std::optional<std::string> takeQuoted(std::string_view& text);
 
 // Walks over the lines of a text, without their ends ("\n" or "\r\n").
 class Lines {
   public:
-    explicit Lines(std::string_view text) : mRest(text) {}
+    explicit Lines(std::string_view text, size_t firstLine = 1) : mRest(text), mNumber(firstLine - 1) {}
     bool next(std::string_view& line);
-    size_t number() const { return mNumber; }  // of the line that next() gave last, from 1
+    size_t number() const { return mNumber; }  // number of the last line that next() returned
+    std::string_view rest() const { return mRest; }
 
   private:
     std::string_view mRest;
-    size_t mNumber = 0;
+    size_t mNumber;
 };
 
-// What is wrong with an input file, line by line. Of a file that is broken all over only the first complaints
-// are kept.
+// Problems of an input file, with their lines. Only the first problems of a file are kept.
 class Problems {
   public:
     explicit Problems(std::string file) : mFile(std::move(file)) {}

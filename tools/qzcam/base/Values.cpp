@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "base/Values.h"
 
 #include "base/Text.h"
@@ -143,10 +144,12 @@ const char* elementName(const Values& values, uint32_t tag, size_t index) {
     return nullptr;
 }
 
+std::string orEmpty(const char* text) { return text == nullptr ? std::string() : text; }
+
 bool isPrintable(uint8_t byte) { return byte >= ' ' && byte <= '~'; }
 
-// The text in a byte entry, of 8-bit or little-endian 16-bit characters with or without terminator. Entries
-// that only happen to print are too short to be taken for a text, mostly.
+// Returns the text in a byte entry, of 8-bit or little-endian 16-bit characters, with or without terminator.
+// A short entry does not count as a text, since it may be printable by chance.
 std::string textIn(const Values& values, size_t step) {
     std::string text;
     const size_t end = values.bytes.size();
@@ -194,12 +197,19 @@ std::optional<Values> parseValues(uint8_t type, uint32_t tag, std::string_view l
     return values;
 }
 
-std::string toText(const Values& values, uint32_t tag) {
+void appendPlaceholder(Values& values) {
+    values.bytes.resize(values.bytes.size() + camera_metadata_type_size[values.type], UINT8_MAX);
+    ++values.count;
+}
+
+std::string toText(const Values& values, uint32_t tag, const std::vector<UnknownWord>& words) {
     std::string text;
+    auto word = words.begin();
     for (size_t i = 0; i < values.count && i < kMostShown; ++i) {
-        const char* name = elementName(values, tag, i);
-        text += fmt::format("{}{}{}", i == 0 ? "" : " ", elementText(values, i),
-                            name ? fmt::format(" ({})", name) : "");
+        const bool isUnknown = word != words.end() && word->index == i;
+        const std::string name = isUnknown ? (word++)->word : orEmpty(elementName(values, tag, i));
+        text += fmt::format("{}{}{}", i == 0 ? "" : " ", isUnknown ? "?" : elementText(values, i),
+                            name.empty() ? "" : fmt::format(" ({})", name));
     }
     if (values.count > kMostShown) text += fmt::format(" ... {} more", values.count - kMostShown);
     if (values.type == TYPE_BYTE) {

@@ -1,4 +1,5 @@
-// Writing a whole text at once.
+// SPDX-License-Identifier: Apache-2.0
+// Writes a whole text at once.
 #pragma once
 
 #include <cstdio>
@@ -6,7 +7,7 @@
 
 namespace qzcam {
 
-// False, and a message, when it could not be written. A reader that goes away (`| head`) is no error.
+// Prints a message and returns false if the text cannot be written. A closed pipe (`| head`) is not an error.
 bool writeAll(std::FILE* out, const std::string& text);
 
 // The message.

@@ -1,40 +1,84 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "cli/CheckCommand.h"
 
-#include "base/Input.h"
 #include "base/WriteAll.h"
+#include "cli/DeviceInput.h"
+#include "device/BuiltIn.h"
 #include "output/Printer.h"
+#include "verdict/CamerasReport.h"
 #include "verdict/CheckReport.h"
+#include "viewer/Page.h"
 
 #include <android/log.h>
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <cstdio>
+#include <string>
+#include <utility>
+#include <vector>
 
 namespace qzcam {
 
 namespace {
+
+constexpr const char* kAllCameras = "all";
 
 std::string otherCamerasText(const Device& device) {
     if (device.otherCameras.empty()) return {};
     return fmt::format("  other cameras: {}; --camera chooses one\n", fmt::join(device.otherCameras, ", "));
 }
 
-}  // namespace
-
-ExitStatus check(const CheckOptions& options) {
-    const auto input = readDevice(options.device, options.camera);
-    if (!input) return kBadInput;
-    const DeviceCheck result = checkDevice(input->device);
+ExitStatus checkOne(const CheckOptions& options, const DeviceInput& input) {
+    const DeviceCheck result = checkDevice(input.device);
     const bool colour = wantsColour(stdout);
     std::string text;
     if (options.json) {
-        text = checkJson(input->device, result);
+        text = checkJson(input.device, result);
     } else {
-        Printer(stdout, colour, ANDROID_LOG_SILENT).device(input->device);
-        text = otherCamerasText(input->device) + "\n" + checkText(input->device, result, colour);
+        Printer printer(stdout, colour, ANDROID_LOG_SILENT);
+        printer.setVerbose(options.verbose);
+        printer.device(input.device);
+        text = otherCamerasText(input.device) + "\n" + checkText(input.device, result, colour);
     }
-    if (!writeAll(stdout, text) || !input->whole) return kBadInput;
-    return result.failed() ? kExpectationFailed : kFine;
+    const bool drawn = finishPage(options.html, fmt::format("qzcam check: {}", input.device.file),
+                                  {{"check", checkJson(input.device, result)}, rowData()});
+    if (!writeAll(stdout, text) || !drawn || (options.strict && !input.whole)) return kBadInput;
+    return result.failed() || !input.device.faults.empty() ? kExpectationFailed : kFine;
+}
+
+ExitStatus checkAll(const CheckOptions& options, const DeviceInput& first) {
+    bool isWhole = first.whole;
+    std::vector<CheckedCamera> cameras;
+    cameras.push_back({first.device, checkDevice(first.device)});
+    for (const std::string& other : first.device.otherCameras) {
+        OtherCamera camera = otherCamera(first, other);
+        isWhole = isWhole && camera.whole;
+        DeviceCheck result = checkDevice(camera.device);
+        cameras.push_back({std::move(camera.device), std::move(result)});
+    }
+    const bool failed = std::any_of(cameras.begin(), cameras.end(), [](const CheckedCamera& camera) {
+        return camera.check.failed() || !camera.device.faults.empty();
+    });
+    const std::string text = options.json ? camerasJson(cameras) : camerasText(cameras, wantsColour(stdout));
+    const bool drawn = finishPage(options.html, fmt::format("qzcam check: {}", first.device.file),
+                                  {{"cameras", camerasJson(cameras)}, rowData()});
+    if (!writeAll(stdout, text) || !drawn || (options.strict && !isWhole)) return kBadInput;
+    return failed ? kExpectationFailed : kFine;
+}
+
+}  // namespace
+
+ExitStatus check(const CheckOptions& options) {
+    if (const auto wrong = beginPage(options.html, {options.device})) return *wrong;
+    const bool wantsAll = options.camera.empty() || options.camera == kAllCameras;
+    const auto dump = readOr(options.device, "built-in device", builtInDevice());
+    if (!dump) return kBadInput;
+    tellWhatIsUsed(*dump, false);
+    const auto input = readDevice(*dump, wantsAll ? std::string() : options.camera, Wants::VendorTags);
+    if (!input) return kBadInput;
+    const bool isTable = options.camera == kAllCameras || (wantsAll && !input->device.otherCameras.empty());
+    return isTable ? checkAll(options, *input) : checkOne(options, *input);
 }
 
 }  // namespace qzcam

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // `qzcam check`
 #pragma once
 
@@ -10,7 +11,10 @@ namespace qzcam {
 struct CheckOptions {
     std::string device;
     std::string camera;
+    std::string html;  // the file of a page; empty: none
     bool json = false;
+    bool verbose = false;
+    bool strict = false;
 };
 
 ExitStatus check(const CheckOptions& options);

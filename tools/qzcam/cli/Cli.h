@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The command line.
 #pragma once
 
@@ -16,7 +17,7 @@ enum ExitStatus : int {
     kBadInput = 3,
 };
 
-// What the command line asks for.
+// The action that the command line selects.
 using Action = std::function<ExitStatus()>;
 
 int runTool(int argc, const char* const* argv);

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "cli/Completion.h"
 
 #include "base/Text.h"
@@ -15,6 +16,7 @@
 #include <text/Properties.h>
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 namespace qzcam {
@@ -52,7 +54,7 @@ Names queryNames() {
     return names;
 }
 
-// The words of a command's form, one for each argument; the last ones may come again and again.
+// Returns the words of a command's form, one for each argument. The last ones may repeat.
 class Slots {
   public:
     explicit Slots(std::string_view arguments) {
@@ -85,9 +87,9 @@ class Slots {
 
 struct Completion::Place {
     std::vector<std::string> before;  // the words before, the command first
-    std::string slot;                 // what the command's form says
-    size_t begin;                     // of the word
-    std::string_view typed;           // of the word
+    std::string slot;                 // argument in the command's form
+    size_t begin;                     // start of the word
+    std::string_view typed;           // typed part of the word
 
     const std::string& command() const { return before.front(); }
 };
@@ -111,7 +113,26 @@ void Completion::addKey(const std::string& key) {
 
 void Completion::addValue(const std::string& key, const std::string& value) {
     addKey(key);
-    if (!value.empty()) mValues[key].insert(value);
+    Ordered& values = mValues[key];
+    const bool isNew = std::find(values.begin(), values.end(), value) == values.end();
+    if (!value.empty() && isNew) values.push_back(value);
+}
+
+// A value that is in no vocabulary, such as a number, keeps the order of the device.
+void Completion::learnOffers(const Offers& offers) {
+    for (auto& [key, values] : mValues) {
+        const Ordered listed = listedValues(offers, key);
+        const auto isOffered = [&listed = listed](const std::string& value) {
+            return std::find(listed.begin(), listed.end(), value) != listed.end();
+        };
+        const auto others = std::stable_partition(values.begin(), values.end(), isOffered);
+        Ordered more;
+        std::copy_if(listed.begin(), listed.end(), std::back_inserter(more),
+                     [&, &values = values](const auto& value) {
+                         return std::find(values.begin(), others, value) == others;
+                     });
+        values.insert(others, more.begin(), more.end());
+    }
 }
 
 void Completion::learnRows() {
@@ -162,6 +183,9 @@ Suggestions Completion::in(const Place& place) const {
     if (place.slot == "KEY=VALUE;KEY=VALUE") return parameterPairs(place);
     if (place.slot == "NAME=VALUES") return tagAssignment(place);
     if (place.slot == "VALUES") return tagValues(place.before.back(), place.begin, place.typed);
+    const bool isScene = place.slot == "ARGUMENT" && place.before.back() == "ext-scene";
+    if (isScene) return valuesOf("scene-mode", place.begin, place.typed, " ");
+    if (place.slot == "VALUE") return valuesOf(place.before.back(), place.begin, place.typed, " ");
     return among(namesFor(place), place.begin, place.typed, " ");
 }
 
@@ -175,10 +199,8 @@ Completion::Names Completion::namesFor(const Place& place) const {
     }
     if (slot == "COMMAND") return mCommands;
     if (slot == "KEY") return mKeyNames;
-    if (slot == "VALUE") return valuesOf(place.before.back());
     if (slot == "NAME") return place.command() == "setprop" ? mProperties : tags(place.typed);
     if (slot == "WHAT") return queryNames();
-    if (slot == "ARGUMENT" && place.before.back() == "ext-scene") return valuesOf("scene-mode");
     if (slot == "FORMAT") return wordsIn(pixelFormatNames());
     if (slot == "LEVEL" && place.command() != "inspect") return wordsIn(kLogLevels);
     if (slot == "VERDICT") return wordsIn(verdictWords());
@@ -188,9 +210,15 @@ Completion::Names Completion::namesFor(const Place& place) const {
     return {};
 }
 
-Completion::Names Completion::valuesOf(const std::string& key) const {
+Suggestions Completion::valuesOf(const std::string& key, size_t begin, std::string_view typed,
+                                 const char* after) const {
+    Suggestions suggestions{begin, {}, after};
     const auto found = mValues.find(key);
-    return found == mValues.end() ? Names() : found->second;
+    if (found == mValues.end()) return suggestions;
+    for (const std::string& value : found->second) {
+        if (startsWith(value, typed) && visible(value) == value) suggestions.texts.push_back(value);
+    }
+    return suggestions;
 }
 
 Suggestions Completion::parameterPairs(const Place& place) const {
@@ -199,7 +227,7 @@ Suggestions Completion::parameterPairs(const Place& place) const {
     const size_t equals = typed.find('=');
     if (equals != std::string_view::npos) {
         const std::string key(typed.substr(0, equals));
-        return among(valuesOf(key), place.begin + pair + equals + 1, typed.substr(equals + 1), "");
+        return valuesOf(key, place.begin + pair + equals + 1, typed.substr(equals + 1), "");
     }
     Names keys;
     for (const auto& [key, values] : mValues) keys.insert(key);
@@ -226,7 +254,7 @@ Suggestions Completion::tagValues(const std::string& tag, size_t begin, std::str
     return among(names, begin + last, typed.substr(last), "");
 }
 
-// A device's own names are used without their section; whoever begins to type one is shown whole names.
+// Names of a device are completed without their section, and with it once the user begins to type a section.
 Completion::Names Completion::tags(std::string_view typed) const {
     Names names = mShortTags;
     if (!typed.empty()) names.insert(mFullTags.begin(), mFullTags.end());

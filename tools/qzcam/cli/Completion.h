@@ -1,9 +1,11 @@
-// What a line of the session language can go on with: commands, parameter keys and their values, tags and
-// theirs. What may stand where is read off the forms that the commands' table gives.
+// SPDX-License-Identifier: Apache-2.0
+// Completion of a line of the session language: commands, parameter keys and their values, tags and their
+// values. The forms in the table of commands state which words are allowed where.
 #pragma once
 
 #include "device/Device.h"
 #include "host/Events.h"
+#include "verdict/Offers.h"
 
 #include <cstddef>
 #include <map>
@@ -15,12 +17,12 @@
 namespace qzcam {
 
 struct Suggestions {
-    size_t begin = 0;                // of what they stand for, in the line; they begin with that text
-    std::vector<std::string> texts;  // sorted
-    const char* after = "";          // what follows the only one
+    size_t begin = 0;  // start of the completed text in the line; the candidates begin with that text
+    std::vector<std::string> texts;  // sorted, or in the order of a vocabulary
+    const char* after = "";          // text after the only candidate
 };
 
-// What a command takes, as its help shows it.
+// Arguments of a command, in the form of its help.
 struct CommandForm {
     std::string name;
     std::string arguments;
@@ -34,6 +36,9 @@ class Completion {
 
     // Adds the keys, words, commands and properties of the library.
     void learnRows();
+
+    // Puts the values that lists of the device offer for a parameter before all others.
+    void learnOffers(const Offers& offers);
 
     // Keys that are published, and the values that published lists give for others.
     void learn(const Event& event);
@@ -51,7 +56,8 @@ class Completion {
     Suggestions tagAssignment(const Place& place) const;
     Suggestions tagValues(const std::string& tag, size_t begin, std::string_view typed) const;
     Names tags(std::string_view typed) const;
-    Names valuesOf(const std::string& key) const;
+    Suggestions valuesOf(const std::string& key, size_t begin, std::string_view typed,
+                         const char* after) const;
     void addKey(const std::string& key);
     void addValue(const std::string& key, const std::string& value);
     void learnLists(const std::vector<ParamRow>& rows);
@@ -61,8 +67,9 @@ class Completion {
     Names mFullTags;
     std::map<std::string, std::string> mForms;  // commands and their arguments
     Names mCommands;
-    std::map<std::string, Names> mValues;  // of the keys that the application sets
-    Names mKeyNames;                       // these, and those that are published
+    using Ordered = std::vector<std::string>;
+    std::map<std::string, Ordered> mValues;  // by the keys that the application sets
+    Names mKeyNames;                         // these, and those that are published
     Names mCommandNumbers;
     Names mProperties;
 };

@@ -1,16 +1,20 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "cli/Diff.h"
 
-#include "base/Input.h"
 #include "base/WriteAll.h"
+#include "cli/DeviceInput.h"
 #include "cli/Difference.h"
 #include "device/BuiltIn.h"
-#include "device/DumpScanner.h"
+#include "device/Report.h"
+#include "viewer/Page.h"
 
 #include <fmt/format.h>
 
 #include <cstdio>
 #include <optional>
+#include <string>
 #include <utility>
+#include <vector>
 
 namespace qzcam {
 
@@ -18,23 +22,26 @@ namespace {
 
 const char* nameOf(InputKind kind) { return kind == InputKind::Dump ? "a dump" : "a session"; }
 
-std::optional<Session> readSession(const Input& input) {
+std::optional<Session> readSession(const InputText& input) {
     Problems problems(input.name);
     Session session = parseSession(input.text, input.name, problems);
     return report(problems) ? std::optional(std::move(session)) : std::nullopt;
 }
 
 std::optional<Session> readSession(const std::string& path) {
-    const auto input = readOr(path, "built-in session", builtInSession());
+    const auto input = readOr(path, "built-in session", builtInSession(), TextKind::Session);
     return input ? readSession(*input) : std::nullopt;
 }
 
-ExitStatus tell(const DiffReport& report, bool json, bool whole) {
-    if (!writeAll(stdout, json ? diffJson(report) : diffText(report)) || !whole) return kBadInput;
+ExitStatus tell(const DiffReport& report, const DiffOptions& options, bool whole) {
+    const bool drawn = finishPage(options.html, fmt::format("qzcam diff: {} and {}", report.a, report.b),
+                                  {{"diff", diffJson(report)}});
+    const std::string text = options.json ? diffJson(report) : diffText(report);
+    if (!writeAll(stdout, text) || !drawn || !whole) return kBadInput;
     return report.empty() ? kFine : kExpectationFailed;
 }
 
-ExitStatus diffDevices(const DiffOptions& options, const Input& a, const std::optional<Input>& b) {
+ExitStatus diffDevices(const DiffOptions& options, const InputText& a, const std::optional<InputText>& b) {
     const size_t comma = options.cameras.find(',');
     const std::string cameraA = options.cameras.substr(0, comma);
     const std::string cameraB = comma == std::string::npos ? cameraA : options.cameras.substr(comma + 1);
@@ -43,25 +50,22 @@ ExitStatus diffDevices(const DiffOptions& options, const Input& a, const std::op
     const auto session = readSession(options.session);
     if (!deviceA || !deviceB || !session) return kBadInput;
     return tell(compare(portraitOf(deviceA->device, *session), portraitOf(deviceB->device, *session)),
-                options.json, deviceA->whole && deviceB->whole);
+                options, !options.strict || (deviceA->whole && deviceB->whole));
 }
 
-ExitStatus diffSessions(const DiffOptions& options, const Input& a, const std::optional<Input>& b) {
+ExitStatus diffSessions(const DiffOptions& options, const InputText& a, const std::optional<InputText>& b) {
     const auto device = readDevice(options.device, options.cameras);
     const auto sessionA = readSession(a);
     const auto sessionB = b ? readSession(*b) : readSession(std::string());
     if (!device || !sessionA || !sessionB) return kBadInput;
     return tell(compare(portraitOf(*sessionA, device->device), portraitOf(*sessionB, device->device)),
-                options.json, device->whole);
+                options, !options.strict || device->whole);
 }
 
 }  // namespace
 
 InputKind kindOf(std::string_view text) {
-    if (isUtf16(text)) return InputKind::Dump;  // whose reader says so
-    Problems ignored("");
-    const RawDump dump = scanDump(text, "", ignored);
-    if (!dump.cameras.empty() || dump.hasVendorTags || !dump.entries.empty()) return InputKind::Dump;
+    if (readDump(text).isDump) return InputKind::Dump;
     Lines lines(text);
     for (std::string_view line; lines.next(line);) {
         const std::string_view word = takeWord(line);
@@ -75,7 +79,9 @@ InputKind kindOf(std::string_view text) {
 }
 
 ExitStatus diff(const DiffOptions& options) {
-    if (!areReadOnce({options.a, options.b, options.session, options.device})) return kUsage;
+    const std::vector<std::string> inputs{options.a, options.b, options.session, options.device};
+    if (const auto wrong = beginPage(options.html, inputs)) return *wrong;
+    if (!areReadOnce(inputs)) return kUsage;
     const auto a = readFile(options.a);
     const auto b = options.b.empty() ? std::nullopt : readFile(options.b);
     if (!a || (!b && !options.b.empty())) return kBadInput;

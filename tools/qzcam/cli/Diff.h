@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // `qzcam diff`: two devices, or two sessions, side by side.
 #pragma once
 
@@ -8,18 +9,20 @@
 
 namespace qzcam {
 
-// What A and B are, in words.
+// Words for the kinds of A and B.
 constexpr const char* kDevices = "devices";
 constexpr const char* kSessions = "sessions";
 
 struct DiffOptions {
     std::string a;        // "-": standard input
     std::string b;        // likewise; empty: what is built in
-    std::string as;       // empty: their content tells
-    std::string session;  // what is played on two devices; empty: the built-in one
-    std::string device;   // what two sessions are played on; likewise
+    std::string as;       // empty: determined by their content
+    std::string session;  // session for two devices; empty: the built-in one
+    std::string device;   // device for two sessions; empty: the built-in one
     std::string cameras;  // "ID" or "ID,ID"
+    std::string html;     // the file of a page; empty: none
     bool json = false;
+    bool strict = false;
 };
 
 ExitStatus diff(const DiffOptions& options);

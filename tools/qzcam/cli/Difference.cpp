@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "cli/Difference.h"
 
 #include "device/Properties.h"
@@ -23,7 +24,7 @@ Session sessionOf(std::string_view text) {
     return parseSession(text, "qzcam", problems);
 }
 
-// Notes what a session comes to.
+// Records the result of a session.
 class Observer {
   public:
     void hear(const Event& event) {
@@ -72,6 +73,8 @@ Comparison compareFacts(std::string title, const Facts& a, const Facts& b) {
             comparison.differences.push_back({name, fact, std::nullopt});
         } else if (!isSame(fact, other->second)) {
             comparison.differences.push_back({name, fact, other->second});
+        } else {
+            comparison.alike.emplace(name, fact);
         }
     }
     for (const auto& [name, fact] : b) {

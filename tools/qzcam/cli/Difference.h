@@ -1,4 +1,5 @@
-// What is different between two devices, or between what two sessions do with one.
+// SPDX-License-Identifier: Apache-2.0
+// Differences between two devices, or between the results of two sessions on one device.
 #pragma once
 
 #include "base/Values.h"
@@ -21,7 +22,7 @@ struct Fact {
 using Facts = std::map<std::string, Fact>;
 
 struct Request {
-    size_t line;  // of the session
+    size_t line;  // line of the session
     Facts entries;
 };
 
@@ -37,7 +38,7 @@ struct Portrait {
 // The device, what it publishes, and the requests of the session.
 Portrait portraitOf(const Device& device, const Session& session);
 
-// What the session leaves as parameters, and its requests.
+// Returns the parameters at the end of the session, and its requests.
 Portrait portraitOf(const Session& session, const Device& device);
 
 struct Difference {
@@ -50,6 +51,7 @@ struct Comparison {
     std::string title;
     size_t compared;  // names of either side
     std::vector<Difference> differences;
+    Facts alike = {};
 };
 
 struct RequestComparison {

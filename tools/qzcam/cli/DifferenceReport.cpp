@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Differences for people and for programs.
 #include "cli/Difference.h"
 #include "output/JsonPrinter.h"
@@ -30,7 +31,7 @@ size_t partingOf(const List& a, const List& b) {
     return static_cast<size_t>(std::mismatch(a.begin(), a.begin() + shorter, b.begin()).first - a.begin());
 }
 
-// A long list from where it parts from the other one: what texts of entries show may be the same until there.
+// Prints a long list from its first difference on: before it, the texts of both entries may be the same.
 std::string fromParting(const Values& values, const Values& other) {
     const size_t size = values.count == 0 ? 0 : values.bytes.size() / values.count;
     const size_t index = size == 0 ? 0 : partingOf(values.bytes, other.bytes) / size;
@@ -55,7 +56,7 @@ std::string shownOf(const std::optional<Fact>& fact, const std::optional<Fact>& 
         std::string text = fromParting(*fact->values, *other->values);
         if (!text.empty()) return text;
     }
-    return visible(fromParting(textOf(fact), textOf(other)));  // which may part a character
+    return visible(fromParting(textOf(fact), textOf(other)));  // this may cut a character
 }
 
 template <typename Text>
@@ -99,7 +100,7 @@ bool isSame(const Difference& one, const Difference& other) {
     return one.name == other.name && textOf(one.a) == textOf(other.a) && textOf(one.b) == textOf(other.b);
 }
 
-// What differs as it did in the request before is only counted.
+// A difference that the previous request also had is only counted.
 std::string requestSection(const Comparison& request, const std::vector<Difference>& before) {
     std::vector<Difference> news;
     for (const Difference& row : request.differences) {
@@ -127,6 +128,13 @@ Json jsonOf(const Comparison& comparison) {
     return list;
 }
 
+Json jsonOf(const Facts& alike) {
+    Json list = Json::array();
+    for (const auto& [name, fact] : alike)
+        list.push_back({{"name", name}, {"value", jsonOf(std::optional(fact))}});
+    return list;
+}
+
 Json lineJson(const std::optional<size_t>& line) { return line ? Json(*line) : Json(nullptr); }
 
 }  // namespace
@@ -148,7 +156,8 @@ std::string diffJson(const DiffReport& report) {
     for (const RequestComparison& request : report.requests) {
         requests.push_back({{"lineA", lineJson(request.lineA)},
                             {"lineB", lineJson(request.lineB)},
-                            {"entries", jsonOf(request.entries)}});
+                            {"entries", jsonOf(request.entries)},
+                            {"alike", jsonOf(request.entries.alike)}});
     }
     const Json json{{"format", "qzcam-diff"},
                     {"version", 1},
@@ -157,7 +166,11 @@ std::string diffJson(const DiffReport& report) {
                     {"tags", jsonOf(report.tags)},
                     {"capabilities", jsonOf(report.capabilities)},
                     {"parameters", jsonOf(report.parameters)},
-                    {"requests", std::move(requests)}};
+                    {"requests", std::move(requests)},
+                    {"alike",
+                     {{"tags", jsonOf(report.tags.alike)},
+                      {"capabilities", jsonOf(report.capabilities.alike)},
+                      {"parameters", jsonOf(report.parameters.alike)}}}};
     return json.dump(2, ' ', true, Json::error_handler_t::replace) + "\n";
 }
 

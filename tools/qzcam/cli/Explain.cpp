@@ -1,8 +1,8 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "cli/Explain.h"
 
-#include "base/Input.h"
 #include "base/WriteAll.h"
-#include "device/ParameterText.h"
+#include "cli/DeviceInput.h"
 #include "device/Properties.h"
 #include "host/EventWords.h"
 #include "verdict/Explanation.h"
@@ -21,7 +21,7 @@ std::string verdictText(const VerdictRow& row) {
     std::string text = verdictMeaning(row.verdict);
     if (!row.reason.empty()) text += ": " + visible(row.reason);
     for (const VerdictEntry& entry : row.entries) {
-        if (entry.verdict != Verdict::Written) continue;
+        if (entry.verdict != Verdict::Written) continue;  // verdict about the entry, not about the parameter
         text += fmt::format("\n      {}  {}  {}", entry.name, typeAndCount(entry.values),
                             toText(entry.values, entry.tag));
     }
@@ -45,7 +45,7 @@ std::string readText(const Explanation& found) {
 }
 
 std::string targetText(const Explanation& found) {
-    if (found.targets.empty()) return "  no value of it writes an entry of its own\n";
+    if (found.targets.empty()) return "  no value writes an entry of its own\n";
     std::string text = "  goes into\n";
     for (const auto& target : found.targets) {
         const std::string declared = target.declared.empty()
@@ -57,7 +57,9 @@ std::string targetText(const Explanation& found) {
     return text;
 }
 
-// What keeps all values from being written stands above, once.
+bool isSilent(Verdict verdict) { return verdict == Verdict::Written || verdict == Verdict::Fallback; }
+
+// A reason that applies to all values is printed once, above them.
 std::string valuesText(const Explanation& found) {
     if (found.values.empty()) return {};
     std::string text = found.hasVocabulary ? "  values\n" : "  values, for example\n";
@@ -71,10 +73,9 @@ std::string valuesText(const Explanation& found) {
     }
     for (const auto& value : values) {
         const Verdict verdict = value.verdict.verdict;
-        const bool written = verdict == Verdict::Written || verdict == Verdict::Fallback;
-        text +=
-            fmt::format("    {:<{}}  {:<{}}{}\n", value.value, width, value.becomes, written ? 0 : becomes,
-                        written ? "" : fmt::format("  {}", verdictMeaning(verdict)));
+        text += fmt::format("    {:<{}}  {:<{}}{}\n", value.value, width, value.becomes,
+                            isSilent(verdict) ? 0 : becomes,
+                            isSilent(verdict) ? "" : fmt::format("  {}", verdictMeaning(verdict)));
     }
     if (!found.company.empty() && !found.given) {
         text += fmt::format("    tried with {}\n", flattened(found.company));
@@ -83,8 +84,10 @@ std::string valuesText(const Explanation& found) {
 }
 
 std::string choicesText(const Explanation& found) {
-    if (found.choices.empty()) return "  this device publishes no list of values for it\n";
-    std::string text = "  this device publishes\n";
+    std::string limits;
+    for (const Offer& offer : found.limits) limits += fmt::format("  limit: {}\n", visible(toText(offer)));
+    if (found.choices.empty()) return limits + "  this device publishes no list of values for it\n";
+    std::string text = limits + "  this device publishes\n";
     for (const ParamRow& row : found.choices) {
         text += fmt::format("    {}={}  from {}\n", visible(row.key), visible(row.value),
                             visible(row.capability));
@@ -104,22 +107,20 @@ std::string explanationText(const Explanation& found, const Device& device) {
 ExitStatus explain(const ExplainOptions& options) {
     if (!areReadOnce({options.device, options.properties, options.parameters})) return kUsage;
     const PropertiesInPlace restored;
-    const auto device = readDevice(options.device, options.camera);
-    const auto parameters = readParameters(options.parameters);
-    if (!device || !parameters || !applyProperties(options.properties)) return kBadInput;
+    const auto setup = readSetup({options.device, options.camera, options.properties, options.parameters});
+    if (!setup) return kBadInput;
     Texts given;
-    for (const auto& [key, value] : *parameters) given[key] = value;
+    for (const auto& [key, value] : setup->parameters) given[key] = value;
 
-    Explainer explainer(device->device);
+    Explainer explainer(setup->input.device);
     const auto found = explainer.explain(options.key, given);
     if (!found) {
-        const auto similar = explainer.similarKeys(options.key);
-        complain(fmt::format("qzcam: no setter reads '{}'{}{}", options.key,
-                             similar.empty() ? "" : "; perhaps ", fmt::join(similar, ", ")));
+        complain(fmt::format("qzcam: no setter reads '{}'{}", options.key, whyUnread(options.key)));
         return kUsage;
     }
-    if (!writeAll(stdout, explanationText(*found, device->device)) || !device->whole) return kBadInput;
-    return kFine;
+    if (!writeAll(stdout, explanationText(*found, setup->input.device)) || (options.strict && !setup->whole))
+        return kBadInput;
+    return options.strict && found->given && isUnfit(found->given->verdict) ? kExpectationFailed : kFine;
 }
 
 }  // namespace qzcam

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // `qzcam explain`.
 #pragma once
 
@@ -13,6 +14,7 @@ struct ExplainOptions {
     std::string camera;
     std::string properties;
     std::string parameters;
+    bool strict = false;
 };
 
 ExitStatus explain(const ExplainOptions& options);

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "cli/LineEditor.h"
 
 #include "base/Text.h"
@@ -30,11 +31,12 @@ size_t widthOf(std::FILE* terminal) {
 }
 
 std::string commonStart(const std::vector<std::string>& texts) {
-    // Sorted texts have in common what the first and the last have.
-    const std::string& first = texts.front();
-    const std::string& last = texts.back();
-    const auto end = std::mismatch(first.begin(), first.end(), last.begin(), last.end()).first;
-    return {first.begin(), end};
+    std::string common = texts.front();
+    for (const std::string& text : texts) {
+        const auto end = std::mismatch(common.begin(), common.end(), text.begin(), text.end()).first;
+        common.erase(end, common.end());
+    }
+    return common;
 }
 
 std::string columns(const std::vector<std::string>& texts, size_t width) {
@@ -98,8 +100,8 @@ LineEditor& LineEditor::of(editline* edit) {
     return *static_cast<LineEditor*>(self);
 }
 
-// The keys that send signals are keys like any other while a line is typed: what they are to do with the line
-// is not left to chance. At all other times Ctrl-C does nothing.
+// While a line is typed, the keys that send signals are normal keys, so that their effect on the line is
+// defined. At all other times Ctrl-C does nothing.
 void LineEditor::bindKeys() {
     el_set(
         mEdit, EL_ADDFN, "qzcam-complete", "Complete the word",
@@ -164,7 +166,7 @@ void LineEditor::show(const Suggestions& suggestions) {
     std::fflush(mOut);
 }
 
-// Kept at once, so that nothing is lost with a terminal that closes.
+// Stored at once, so that nothing is lost when the terminal is closed.
 void LineEditor::remember(const std::string& line) {
     if (line.empty()) return;
     HistEvent event{};

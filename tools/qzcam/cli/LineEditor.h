@@ -1,4 +1,5 @@
-// A line of text from a terminal, with the editing, history and completion that people expect of one.
+// SPDX-License-Identifier: Apache-2.0
+// Reads a line of text from a terminal, with editing, history and completion.
 #pragma once
 
 #include "cli/Completion.h"
@@ -18,8 +19,8 @@ class LineEditor {
   public:
     using Complete = std::function<Suggestions(const std::string& line)>;
 
-    // Reads standard input, writes the line to `out`. The history lives in a file; when it cannot be kept
-    // there, it ends with the editor.
+    // Reads standard input and writes the line to `out`. The history is stored in a file. If that fails, it
+    // is lost at the end of the editor.
     LineEditor(std::FILE* out, std::string prompt, Complete complete, std::string historyFile);
     ~LineEditor();
     LineEditor(const LineEditor&) = delete;
@@ -41,7 +42,7 @@ class LineEditor {
     Complete mComplete;
     std::string mHistoryFile;
     history* mHistory;
-    void (*mInterrupt)(int);  // as it was: while the editor lives, Ctrl-C ends at most a line
+    void (*mInterrupt)(int);  // earlier handler: during the editor's lifetime Ctrl-C ends at most a line
     editline* mEdit;
     bool mDropped = false;
 };

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "cli/Manual.h"
 
 #include "base/Text.h"
@@ -12,6 +13,7 @@
 
 #include <cctype>
 #include <cstdio>
+#include <memory>
 #include <string_view>
 #include <vector>
 
@@ -105,7 +107,7 @@ std::string withoutSessionHelp(std::string text) {
     const std::string help = sessionHelp();
     const size_t place = text.find(help);
     if (place != std::string::npos) {
-        text.replace(place, help.size(), "SESSION COMMANDS, below, lists what a session is made of.\n");
+        text.replace(place, help.size(), "See SESSION COMMANDS below for the commands of a session.\n");
     }
     return text;
 }
@@ -130,6 +132,59 @@ std::string sessionSections() {
     return roff + ".SH ENTRIES AND VALUES\n" + paragraphs(valueHelp(), true);
 }
 
+struct Example {
+    const char* text;
+    const char* command;
+};
+
+constexpr const char* kSessionIntroduction =
+    "A session is a text that says what an application, a camera service and a camera pipeline do, a command "
+    "a line. Expectations among its commands make it a test.\n";
+
+constexpr Example kExamples[] = {
+    {"Which of the library's tags does a phone declare, and with the right types?",
+     "adb shell dumpsys media.camera > phone.txt\nqzcam check --device phone.txt"},
+    {"Why does a parameter not reach the HAL?", "qzcam explain zsl-mode --device phone.txt"},
+    {"Is a value one that the device offers?",
+     "qzcam explain iso --params iso=50 --device phone.txt --strict"},
+    {"Play a session as a test, with a report for a build server.",
+     "qzcam run --strict --junit report.xml --device phone.txt session.qzs"},
+    {"Does the request of a phone have what the library would send?",
+     "qzcam compare bugreport.zip session.qzs"},
+    {"Write what the phone did as a session, and play it.",
+     "qzcam record bugreport.zip -o recorded.qzs\nqzcam run recorded.qzs --device bugreport.zip"},
+    {"Try it at a prompt.", "qzcam shell --device phone.txt"},
+};
+
+constexpr Example kSessionExamples[] = {
+    {"One parameter on its way, there and back.",
+     "open 0\nset iso=1600\nrequest\nexpect-entry iso 7\nexpect-verdict iso written\n"
+     "result focusVcmValue=318\nsendcommand 202\nexpect-status 318"},
+};
+
+template <size_t N>
+std::string examples(const Example (&all)[N]) {
+    constexpr std::string_view kHeading = ".SH EXAMPLES\n";
+    std::string roff(kHeading);
+    for (const Example& example : all) {
+        const char* paragraph = roff.size() == kHeading.size() ? "" : ".PP\n";
+        roff += fmt::format("{}{}\n.PP\n.nf\n.RS\n", paragraph, escaped(example.text));
+        Lines lines(example.command);
+        for (std::string_view line; lines.next(line);) roff += escaped(line) + "\n";
+        roff += ".RE\n.fi\n";
+    }
+    return roff;
+}
+
+std::string closingSections(const char* otherPage) {
+    std::string roff = examples(kExamples) + ".SH FILES\n";
+    roff += item("$XDG_STATE_HOME/qzcam/history", "",
+                 "Lines typed at the shell's prompt; ~/.local/state/qzcam/history without the variable.");
+    roff += item("PREFIX/share/doc/qzcamera/schema/", "", "JSON Schema of everything that --json prints.");
+    return roff + fmt::format(".SH SEE ALSO\n.BR {} ,\n.BR adb (1),\n.BR logcat (1)\n",
+                              std::string(otherPage).replace(std::string(otherPage).find('('), 1, " ("));
+}
+
 std::vector<const CLI::App*> shownCommands(const CLI::App& app) {
     return app.get_subcommands([](const CLI::App* command) { return !command->get_group().empty(); });
 }
@@ -150,13 +205,26 @@ std::string manualPage(const CLI::App& app) {
     roff += ".fi\n.SH DESCRIPTION\n" + paragraphs(app.get_description() + "\n" + app.get_footer(), true);
     roff += ".SH OPTIONS\n" + options(app) + ".SH COMMANDS\n";
     for (const CLI::App* command : shownCommands(app)) roff += commandSection(*command);
-    return roff + sessionSections();
+    return roff + sessionSections() + closingSections("qzcam\\-session(5)");
+}
+
+std::string sessionPage() {
+    std::string roff = fmt::format(".TH QZCAM\\-SESSION 5 \"{}\" \"qzcam {}\" \"File Formats\"\n", QZCAM_DATE,
+                                   QZCAM_VERSION);
+    roff += ".SH NAME\nqzcam\\-session \\- sessions that qzcam plays\n.SH DESCRIPTION\n" +
+            paragraphs(kSessionIntroduction, true);
+    return roff + sessionSections() + examples(kSessionExamples) + ".SH SEE ALSO\n.BR qzcam (1)\n";
 }
 
 void addManual(CLI::App& app, Action& action) {
     app.group("");  // for the build, not for users
-    app.callback([&app, &action] {
-        action = [&app] { return writeAll(stdout, manualPage(*app.get_parent())) ? kFine : kBadInput; };
+    auto isSession = std::make_shared<bool>(false);
+    app.add_flag("--session", *isSession, "Print the page of the session language");
+    app.callback([&app, &action, isSession] {
+        action = [&app, isSession] {
+            const std::string page = *isSession ? sessionPage() : manualPage(*app.get_parent());
+            return writeAll(stdout, page) ? kFine : kBadInput;
+        };
     });
 }
 

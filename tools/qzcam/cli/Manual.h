@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The manual page, made of the texts that `--help` shows.
 #pragma once
 
@@ -6,6 +7,9 @@
 #include <string>
 
 namespace qzcam {
+
+// The session language as a page of its own.
+std::string sessionPage();
 
 void addManual(CLI::App& app, Action& action);
 

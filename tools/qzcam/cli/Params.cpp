@@ -1,8 +1,13 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "cli/Params.h"
 
 #include "base/Text.h"
 #include "base/WriteAll.h"
+#include "cli/DeviceInput.h"
+#include "facts/Hints.h"
 #include "facts/Reference.h"
+#include "facts/StandardKeys.h"
+#include "verdict/DeviceSection.h"
 
 #include <fmt/format.h>
 
@@ -19,22 +24,32 @@ std::string textOf(const Reference& reference, const ParamsOptions& options) {
 }
 
 void complainOf(const std::string& name) {
-    const auto similar = similarNames(wholeReference(), name);
+    auto similar = nearest(name, allNames(wholeReference()));
+    if (similar.empty()) similar = similarNames(wholeReference(), name);
+    if (similar.empty()) similar = likelyKeys(name);
     complain(fmt::format(
-        "qzcam: the library has no parameter, message, command, property, tag or other name '{}'{}{}", name,
-        similar.empty() ? "" : "; there is ", fmt::join(similar, ", ")));
+        "qzcam: the library has no parameter, message, command, property, tag or other name '{}'{}", name,
+        findStandardKey(name) != nullptr ? "; it is a standard key, which the platform handles"
+                                         : perhaps(similar)));
 }
 
 }  // namespace
 
 ExitStatus params(const ParamsOptions& options) {
     const Reference& whole = wholeReference();
-    const Reference reference = options.name.empty() ? whole : only(whole, options.name);
+    Reference reference = options.name.empty() ? whole : only(whole, options.name);
     if (isEmpty(reference)) {
         complainOf(options.name);
         return kUsage;
     }
-    return writeAll(stdout, textOf(reference, options)) ? kFine : kBadInput;
+    bool good = true;
+    if (!options.device.empty() || !options.camera.empty()) {
+        const auto input = readDevice(options.device, options.camera);
+        if (!input) return kBadInput;
+        reference.push_back(deviceSection(input->device, reference));
+        good = input->whole;
+    }
+    return writeAll(stdout, textOf(reference, options)) && good ? kFine : kBadInput;
 }
 
 }  // namespace qzcam

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "cli/Queries.h"
 
 #include "facts/Vocabulary.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Questions that a host asks the translator.
 #pragma once
 
@@ -20,7 +21,7 @@ struct QuerySpec {
 
 const std::vector<QuerySpec>& querySpecs();
 
-// What a command whose first `words` words are a query should say instead; empty when it is right.
+// Returns the expected form for a command whose first `words` words are a query; empty if it is correct.
 std::string wrongWithQuery(const Command& command, size_t words);
 
 // The answer to a command's query; its words have been checked.

@@ -1,16 +1,20 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "cli/Run.h"
 
-#include "base/Input.h"
+#include "base/OutputFile.h"
+#include "cli/DeviceInput.h"
 #include "device/BuiltIn.h"
-#include "device/ParameterText.h"
 #include "device/Properties.h"
 #include "output/JUnit.h"
 #include "output/JsonPrinter.h"
 #include "output/Monitor.h"
+#include "output/Perfetto.h"
 #include "output/Printer.h"
 #include "session/Assignment.h"
 #include "session/Player.h"
 #include "session/Session.h"
+#include "viewer/EventPage.h"
+#include "viewer/Page.h"
 
 #include <fmt/format.h>
 
@@ -31,7 +35,9 @@ LogFilter filterOf(const std::string& text, const char* otherwise = LogFilter::k
 std::unique_ptr<Output> outputFor(const RunOptions& options) {
     if (options.json) return std::make_unique<JsonPrinter>(stdout, filterOf(options.log, "verbose"));
     if (options.monitor) return std::make_unique<Monitor>(stdout);
-    return std::make_unique<Printer>(stdout, wantsColour(stdout), filterOf(options.log));
+    auto printer = std::make_unique<Printer>(stdout, wantsColour(stdout), filterOf(options.log));
+    printer->setVerbose(options.verbose);
+    return printer;
 }
 
 std::vector<std::string> inputsOf(const RunOptions& options) {
@@ -40,7 +46,7 @@ std::vector<std::string> inputsOf(const RunOptions& options) {
     return paths;
 }
 
-// A session as it was read, and what is wrong with it. One with problems is not played.
+// A session and its problems. A session with problems is not played.
 struct Script {
     Session session;
     Problems problems;
@@ -51,8 +57,8 @@ constexpr const char* kBuiltIn = "built-in session";
 Script readScript(const std::string& path) {
     const std::string name = path.empty() ? kBuiltIn : inputName(path);
     Script script{{name, {}}, Problems(name)};
-    const auto text =
-        path.empty() ? Input{name, std::string(builtInSession())} : readFile(path, script.problems);
+    const auto text = path.empty() ? readOr(path, kBuiltIn, builtInSession())
+                                   : readFile(path, script.problems, TextKind::Session);
     if (text) script.session = parseSession(text->text, name, script.problems);
     return script;
 }
@@ -65,14 +71,14 @@ std::vector<Script> readScripts(const std::vector<std::string>& paths) {
     return scripts;
 }
 
-// A session that somebody wrote for this run means what it says; the built-in one plays on others as far as
-// it goes.
+// A given session must fit the device. The built-in session is played on any device, without the parts that
+// do not fit.
 bool isGuest(const RunOptions& options) { return options.sessions.empty() && !options.device.empty(); }
 
-void checkScripts(const Device& device, std::vector<Script>& scripts) {
-    const TagNames names(device.vendorTags);
+void checkScripts(const DeviceInput& input, std::vector<Script>& scripts) {
+    const TagNames names(input.device.vendorTags);
     for (Script& script : scripts) {
-        checkAgainstDevice(script.session, names, script.problems);
+        checkAgainstDevice(script.session, names, script.problems, input.cameras.get());
     }
 }
 
@@ -84,28 +90,57 @@ bool reportAll(const std::vector<Script>& scripts) {
 
 class Runner {
   public:
-    Runner(const Device& device, const RunOptions& options, std::vector<Parameter> parameters)
-        : mDevice(device),
+    Runner(const DeviceInput& input, const RunOptions& options, std::vector<Parameter> parameters)
+        : mDevice(input.device),
+          mCameras(input.cameras),
           mOptions(options),
           mParameters(std::move(parameters)),
-          mOutput(outputFor(options)) {}
+          mOutput(outputFor(options)),
+          mPage(options.html.empty() ? nullptr : std::make_unique<EventPage>()) {}
 
-    // Whether all expectations were met.
+    // Returns true if all expectations were met.
     bool playAll(const std::vector<Script>& scripts);
 
-    // False, and a message, when something cannot be written.
+    // Prints a message and returns false if a file cannot be written.
     bool finish();
 
   private:
     bool play(const Session& session);
     void refuse(const Script& script);
+    void begin(const Session& session);
+    void record(const Event& event);
+    void note(const char* text);
 
     const Device& mDevice;
+    std::shared_ptr<Cameras> mCameras;
     const RunOptions& mOptions;
     std::vector<Parameter> mParameters;
     std::unique_ptr<Output> mOutput;
+    std::unique_ptr<EventPage> mPage;
     JUnit mJUnit;
+    Perfetto mPerfetto;
 };
+
+void Runner::begin(const Session& session) {
+    mJUnit.beginSession(session.file);
+    mPerfetto.device(mDevice);
+    mPerfetto.add(SessionEvent{session.file});
+    if (!mPage) return;
+    mPage->device(mDevice);
+    mPage->print(SessionEvent{session.file});
+}
+
+// For the files beside the output.
+void Runner::record(const Event& event) {
+    mJUnit.add(event);
+    if (!mOptions.perfetto.empty()) mPerfetto.add(event);
+    if (mPage) mPage->print(event);
+}
+
+void Runner::note(const char* text) {
+    mOutput->print(NoteEvent{text});
+    if (mPage) mPage->print(NoteEvent{text});
+}
 
 bool Runner::playAll(const std::vector<Script>& scripts) {
     bool met = true;
@@ -119,14 +154,14 @@ bool Runner::playAll(const std::vector<Script>& scripts) {
     return met;
 }
 
-// Programs hear of it where they hear of everything; people have the messages.
+// Programs read the error in the event stream; people see the message.
 void Runner::refuse(const Script& script) {
-    mJUnit.beginSession(script.session.file);
+    begin(script.session);
     if (mOptions.json) mOutput->device(mDevice);
     if (mOptions.json) mOutput->print(SessionEvent{script.session.file});
     for (const std::string& problem : script.problems.first()) {
         if (mOptions.json) mOutput->print(ErrorEvent{problem});
-        mJUnit.add(ErrorEvent{problem});
+        record(ErrorEvent{problem});
     }
 }
 
@@ -137,28 +172,30 @@ bool expectsSomething(const Session& session) {
 
 bool Runner::play(const Session& session) {
     const PropertiesInPlace restored;
-    mJUnit.beginSession(session.file);
+    begin(session);
     Player player(mDevice, [&](const Event& event) {
         mOutput->print(event);
-        mJUnit.add(event);
+        record(event);
     });
     player.setParameters(mParameters);
+    if (mOptions.strict) player.beStrict();
+    player.setCameras(mCameras);
     mOutput->device(mDevice);
     mOutput->print(SessionEvent{session.file});
     if (!isGuest(mOptions)) {
         const bool met = player.play(session);
-        if (!expectsSomething(session)) mOutput->print(NoteEvent{"no expectations: nothing was tested"});
+        if (!expectsSomething(session)) note("no expectations: nothing was tested");
         return met;
     }
-    mOutput->print(
-        NoteEvent{"expectations are left out: the built-in session has them for the built-in device"});
-    player.playAsGuest(session);
-    return true;
+    note("expectations are skipped: those of the built-in session are for the built-in device");
+    return player.playAsGuest(session);
 }
 
 bool Runner::finish() {
     const bool shown = mOutput->finish();
-    return JUnitFile(mOptions.junit).finish(mJUnit) && shown;
+    const bool traced = mOptions.perfetto.empty() || writeFile(mOptions.perfetto, mPerfetto.finish());
+    const bool drawn = !mPage || writeFile(mOptions.html, mPage->finish(mDevice));
+    return JUnitFile(mOptions.junit).finish(mJUnit) && drawn && traced && shown;
 }
 
 ExitStatus playNothing(const std::vector<Script>& scripts, const std::string& junit) {
@@ -171,29 +208,33 @@ ExitStatus playNothing(const std::vector<Script>& scripts, const std::string& ju
     return kBadInput;
 }
 
+bool isInput(const std::string& file, const char* option, const RunOptions& options) {
+    if (!isOneOf(file, inputsOf(options))) return false;
+    complain(fmt::format("qzcam: {} is an input: expected another file for {}", file, option));
+    return true;
+}
+
 }  // namespace
 
 ExitStatus run(const RunOptions& options) {
-    const JUnitFile junit(options.junit);
-    if (junit.isOneOf(inputsOf(options))) {
-        complain(fmt::format("qzcam: {} is an input: expected another file for --junit", options.junit));
+    if (isInput(options.junit, "--junit", options) || isInput(options.perfetto, "--perfetto", options)) {
         return kUsage;
     }
-    if (!junit.begin()) return kBadInput;
+    if (!options.perfetto.empty() && !canWriteFile(options.perfetto)) return kBadInput;
+    if (const auto wrong = beginPage(options.html, inputsOf(options))) return *wrong;
+    if (!JUnitFile(options.junit).begin()) return kBadInput;
     if (!areReadOnce(inputsOf(options))) return kUsage;
     const PropertiesInPlace restored;
-    const auto device = readDevice(options.device, options.camera);
+    auto setup = readSetup({options.device, options.camera, options.properties, options.parameters});
     auto scripts = readScripts(options.sessions);
-    if (device && !isGuest(options)) checkScripts(device->device, scripts);
+    if (setup && !isGuest(options)) checkScripts(setup->input, scripts);
     const bool good = reportAll(scripts);
-    auto parameters = readParameters(options.parameters);
-    if (!device || !parameters || !applyProperties(options.properties))
-        return playNothing(scripts, options.junit);
+    if (!setup) return playNothing(scripts, options.junit);
 
-    Runner runner(device->device, options, std::move(*parameters));
+    Runner runner(setup->input, options, std::move(setup->parameters));
     const bool met = runner.playAll(scripts);
-    // Of a broken dump what could be read is used.
-    if (!runner.finish() || !good || !device->whole) return kBadInput;
+    // The readable part of a broken dump is used.
+    if (!runner.finish() || !good || (options.strict && !setup->whole)) return kBadInput;
     return met ? kFine : kExpectationFailed;
 }
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // `qzcam run`.
 #pragma once
 
@@ -17,7 +18,11 @@ struct RunOptions {
     std::string parameters;  // set after each `open`: themselves, or a file of them
     std::string log;         // a LogFilter's; empty: warnings in a text, every line in JSON
     std::string junit;       // the file; empty: none
+    std::string perfetto;    // the file; empty: none
+    std::string html;        // likewise
     bool json = false;
+    bool verbose = false;  // name what of the dump is not used
+    bool strict = false;   // values must be offered, and inputs whole
     bool monitor = false;
 };
 

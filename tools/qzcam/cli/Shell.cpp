@@ -1,11 +1,14 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "cli/Shell.h"
 
-#include "base/Input.h"
 #include "cli/Completion.h"
+#include "cli/DeviceInput.h"
 #include "cli/LineEditor.h"
+#include "cli/Pager.h"
 #include "cli/Run.h"
-#include "device/ParameterText.h"
+#include "cli/ShellCommands.h"
 #include "device/Properties.h"
+#include "device/VendorTagsInPlace.h"
 #include "facts/Vocabulary.h"
 #include "output/Printer.h"
 #include "session/Assignment.h"
@@ -16,7 +19,6 @@
 #include <unistd.h>
 
 #include <algorithm>
-#include <array>
 #include <cstdio>
 #include <cstdlib>
 #include <memory>
@@ -28,17 +30,6 @@
 namespace qzcam {
 
 namespace {
-
-struct ShellCommand {
-    const char* name;
-    const char* arguments;
-    const char* help;
-};
-
-// Beside the session language.
-constexpr std::array<ShellCommand, 3> kShellCommands{{{"help", "[COMMAND]", "list the commands, or show one"},
-                                                      {"quit", "", "leave, as Ctrl-D does"},
-                                                      {"exit", "", "likewise"}}};
 
 constexpr size_t kLongestLine = size_t{1} << 20U;
 
@@ -52,9 +43,15 @@ std::optional<std::string> plainLine() {
     return c == EOF && line.empty() ? std::nullopt : std::optional(std::move(line));
 }
 
+std::vector<std::string> shellWords() {
+    std::vector<std::string> words;
+    for (const ShellCommand& command : shellCommands()) words.emplace_back(command.name);
+    return words;
+}
+
 class Shell {
   public:
-    Shell(const Device& device, const LogFilter& log, bool atTerminal);
+    Shell(const DeviceInput& input, const RunOptions& options, const LogFilter& log, bool atTerminal);
 
     void setParameters(std::vector<Parameter> parameters) { mPlayer.setParameters(std::move(parameters)); }
     void talk();
@@ -64,15 +61,19 @@ class Shell {
     std::optional<std::string> nextLine();
     bool take(const std::string& line);  // false to leave
     void play(const std::string& line);
-    void help(std::string_view command);
+    std::vector<std::string> onThisDevice(std::vector<std::string> words) const;
+    void answer(const std::vector<std::string>& words);
     void hear(const Event& event);
     void complain(const Problems& problems);
 
+    std::string mDevice;  // as the command line names it
+    std::string mCamera;
     bool mAtTerminal;
     Printer mPrinter;
     Completion mCompletion;
     Player mPlayer;
-    SessionReader mReader{"'help'"};
+    std::shared_ptr<Cameras> mCameras;
+    SessionReader mReader{"'help'", shellWords()};
     std::string mSource;
     std::unique_ptr<LineEditor> mEditor;
     size_t mLine = 0;
@@ -82,20 +83,27 @@ class Shell {
 
 std::vector<CommandForm> shellForms() {
     std::vector<CommandForm> forms;
-    forms.reserve(kShellCommands.size());
-    for (const ShellCommand& command : kShellCommands) forms.push_back({command.name, command.arguments});
+    for (const ShellCommand& command : shellCommands()) {
+        const bool isNamed = std::string_view(command.name) == "help";
+        forms.push_back({command.name, isNamed ? "[COMMAND]" : command.arguments});
+    }
     return forms;
 }
 
-Shell::Shell(const Device& device, const LogFilter& log, bool atTerminal)
-    : mAtTerminal(atTerminal),
+Shell::Shell(const DeviceInput& input, const RunOptions& options, const LogFilter& log, bool atTerminal)
+    : mDevice(options.device),
+      mCamera(options.camera),
+      mAtTerminal(atTerminal),
       mPrinter(stdout, wantsColour(stdout), log),
-      mCompletion(device, shellForms()),
-      mPlayer(device, [this](const Event& event) { hear(event); }),
+      mCompletion(input.device, shellForms()),
+      mPlayer(input.device, [this](const Event& event) { hear(event); }),
+      mCameras(input.cameras),
       mSource(atTerminal ? "prompt" : "standard input") {
-    mPrinter.device(device);
+    mPlayer.setCameras(mCameras);
+    mPrinter.device(input.device);
     if (!atTerminal) return;
     mCompletion.learnRows();
+    mCompletion.learnOffers(mPlayer.offers());
     fmt::print("'help' lists the commands, Tab completes, Ctrl-D leaves. Begin with 'open 0'.\n");
     mEditor = std::make_unique<LineEditor>(
         isatty(STDOUT_FILENO) == 1 ? stdout : stderr, "qzcam> ",
@@ -116,15 +124,20 @@ std::optional<std::string> Shell::nextLine() {
 bool Shell::take(const std::string& line) {
     if (line.size() > kLongestLine) {
         Problems problems(mSource);
-        problems.add(mLine, fmt::format("expected an end of the line within {} MiB", kLongestLine >> 20U));
+        problems.add(mLine,
+                     fmt::format("the line is too long: expected at most {} MiB", kLongestLine >> 20U));
         complain(problems);
         return false;
     }
     std::string_view rest = line;
     const std::string_view word = takeWord(rest);
     if (word == "quit" || word == "exit") return false;
+    const auto words = wordsOf(line);
     if (word == "help") {
-        help(trimmed(rest));
+        mPrinter.flush();
+        qzcam::show(helpOn(std::string(trimmed(rest))));
+    } else if (toolCommand(words) != nullptr) {
+        answer(words);
     } else {
         play(line);
     }
@@ -136,7 +149,7 @@ void Shell::play(const std::string& line) {
     auto command = mReader.line(mLine, line, problems);
     if (command) {
         const Session piece{mSource, {*command}};
-        checkAgainstDevice(piece, mPlayer.names(), problems);
+        checkAgainstDevice(piece, mPlayer.names(), problems, mCameras.get());
         if (problems.empty()) mPlayer.playPiece(piece);
     }
     complain(problems);
@@ -149,24 +162,47 @@ void Shell::complain(const Problems& problems) {
     report(problems);
 }
 
-void Shell::help(std::string_view command) {
-    const auto& syntaxes = commandSpecs();
-    const auto syntax = std::find_if(syntaxes.begin(), syntaxes.end(),
-                                     [&](const CommandSpec& each) { return each.name == command; });
-    if (syntax != syntaxes.end()) {
-        fmt::print("{}", commandHelp(*syntax));
-        const bool asks = syntax->id == CommandId::Query || syntax->id == CommandId::ExpectQuery;
-        if (asks) fmt::print("\n{}", questionTable());
-        if (syntax->id == CommandId::SendCommand) fmt::print("\n{}", codeTable());
+// The device of the shell, and the parameters as they are set now, unless the line says otherwise.
+std::vector<std::string> Shell::onThisDevice(std::vector<std::string> words) const {
+    const auto says = [&](std::string_view option) {
+        return std::any_of(words.begin(), words.end(),
+                           [&](const std::string& word) { return startsWith(word, option); });
+    };
+    const bool takesInput = words[0] == "trace" || words[0] == "compare" || words[0] == "record";
+    const bool isShow = words[0] == "show";
+    if (!takesInput && !isShow && !mDevice.empty() && !says("--device")) {
+        words.insert(words.end(), {"--device", mDevice});
+        if (!mCamera.empty() && !says("--camera")) words.insert(words.end(), {"--camera", mCamera});
+    }
+    const bool hasInput = words.size() > 1 && !startsWith(words[1], "-");
+    if (isShow && !hasInput && !mDevice.empty()) words.insert(words.begin() + 1, mDevice);
+    const std::string set = mPlayer.flattened();
+    if (words[0] == "explain" && !set.empty() && !says("--params"))
+        words.insert(words.end(), {"--params", set});
+    return words;
+}
+
+// A command of the tool like any other, which leaves the vendor tags and the properties as they are.
+void Shell::answer(const std::vector<std::string>& words) {
+    const VendorTagsInPlace tags;
+    const PropertiesInPlace properties;
+    const std::vector<std::string> line = onThisDevice(words);
+    std::vector<const char*> argv{"qzcam"};
+    for (const std::string& word : line) argv.push_back(word.c_str());
+    mPrinter.flush();
+    const auto run = [&] {
+        mWrong = runTool(static_cast<int>(argv.size()), argv.data()) > kExpectationFailed || mWrong;
+    };
+    if (hasPager()) {
+        qzcam::show(outputOf(run));
     } else {
-        if (!command.empty()) fmt::print("There is no command {}.\n\n", excerpt(command));
-        fmt::print("{}\n{}", sessionHelp(), shellHelp());
+        run();
     }
 }
 
 void Shell::hear(const Event& event) {
     mCompletion.learn(event);
-    // Who types a command, sees it; and who leaves knows that the camera is closed.
+    // The echo of a typed command and the closing of the camera at the end are not printed.
     const bool isEcho = mAtTerminal && std::holds_alternative<CommandEvent>(event);
     const bool isFarewell = mAtTerminal && mLeaving && !std::holds_alternative<SummaryEvent>(event);
     if (!isEcho && !isFarewell) mPrinter.print(event);
@@ -185,7 +221,7 @@ ExitStatus Shell::end() {
 
 std::string shellHelp() {
     std::string help = "At the prompt also:\n";
-    for (const ShellCommand& command : kShellCommands) {
+    for (const ShellCommand& command : shellCommands()) {
         help +=
             fmt::format("  {:<37} {}\n", fmt::format("{} {}", command.name, command.arguments), command.help);
     }
@@ -196,16 +232,15 @@ ExitStatus shell(const RunOptions& options) {
     const std::string commands = "-";
     if (!areReadOnce({commands, options.device, options.properties, options.parameters})) return kUsage;
     const PropertiesInPlace restored;
-    const auto device = readDevice(options.device, options.camera);
-    auto parameters = readParameters(options.parameters);
-    if (!device || !parameters || !applyProperties(options.properties)) return kBadInput;
+    auto setup = readSetup({options.device, options.camera, options.properties, options.parameters});
+    if (!setup) return kBadInput;
     const bool atTerminal = isatty(STDIN_FILENO) == 1;
     const std::string filter = options.log.empty() ? LogFilter::kDefault : options.log;
-    Shell session(device->device, *LogFilter::parse(filter), atTerminal);
-    session.setParameters(std::move(*parameters));
+    Shell session(setup->input, options, *LogFilter::parse(filter), atTerminal);
+    session.setParameters(std::move(setup->parameters));
     session.talk();
     const ExitStatus status = session.end();
-    return device->whole || atTerminal ? status : kBadInput;
+    return options.strict && !setup->whole && !atTerminal ? kBadInput : status;
 }
 
 }  // namespace qzcam

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // `qzcam shell`: the session language at a prompt.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "cli/Cli.h"
 
 #include <android/log.h>
@@ -8,8 +9,8 @@
 
 namespace {
 
-// The library logs a line while it is loaded, before there is anybody to listen. Of the program's own code
-// only what stands in this section runs before that; sanitizers are not ready for it yet.
+// The library logs a line while it is loaded, before the program can capture it. Of the program's own code
+// only this section runs before that; sanitizers are not ready at that time.
 __attribute__((no_sanitize("address", "thread", "undefined"))) void beSilentWhileLoading(int, char**,
                                                                                          char**) {
     __android_log_set_logger([](const __android_logger_data*, const char*) {});

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Prints docs/reference.md, for the build's target renew_reference.
 #include "facts/Reference.h"
 

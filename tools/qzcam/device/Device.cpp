@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "device/Device.h"
 
 #include <camera/VendorTagDescriptor.h>
@@ -5,6 +6,7 @@
 #include <host/StandardTags.h>
 
 #include <algorithm>
+#include <set>
 
 namespace qzcam {
 
@@ -13,7 +15,7 @@ namespace {
 using android::sp;
 using android::VendorTagDescriptor;
 
-// The device as its camera HAL would hand out its tags. Lives during the creation of the descriptor only.
+// The device's vendor tags as a camera HAL provides them. It exists only while the descriptor is created.
 struct DeviceTags : vendor_tag_ops_t {
     explicit DeviceTags(const Device& device) : vendor_tag_ops_t() {
         get_tag_count = [](const vendor_tag_ops_t* ops) { return static_cast<int>(self(ops).byId.size()); };
@@ -82,6 +84,12 @@ std::vector<std::string> TagNames::fullNames() const {
     names.reserve(mByFullName.size());
     for (const auto& [name, tag] : mByFullName) names.push_back(name);
     return names;
+}
+
+std::vector<std::string> TagNames::allNames() const {
+    std::set<std::string> names;
+    for (const auto& [name, tag] : mByFullName) names.insert({name, tag.name});
+    return {names.begin(), names.end()};
 }
 
 uint32_t FreeTagIds::next() {

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // A device as a dump describes it: its vendor tags and the static characteristics of one of its cameras.
 //
 // Everything is kept by name. Numbers of vendor tags differ from device to device and from one boot to the
@@ -6,6 +7,7 @@
 
 #include "base/Text.h"
 #include "base/Values.h"
+#include "device/Findings.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -41,13 +43,16 @@ class TagNames {
     // it.
     std::variant<const Tag*, std::string> resolve(const std::string& name) const;
 
-    // Whether there is such a tag, or several.
+    // Returns true if there are one or more such tags.
     bool knows(const std::string& name) const;
 
     // "section.name", or the number of a tag that has none.
     std::string nameOf(uint32_t id) const;
 
     std::vector<std::string> fullNames() const;
+
+    // With and without their sections.
+    std::vector<std::string> allNames() const;
 
   private:
     void add(const Tag& tag);
@@ -60,7 +65,8 @@ class TagNames {
 struct StaticEntry {
     uint32_t tag = 0;
     Values values;
-    bool cut = false;  // the dump shows its first elements only
+    bool cut = false;                  // the dump shows its first elements only
+    std::vector<UnknownWord> words{};  // words without a known number
 };
 
 // An entry whose element type is not its tag's, or none at all. The metadata buffer cannot hold it, so that
@@ -74,17 +80,20 @@ struct MistypedEntry {
 struct Device {
     std::string file;
     std::string camera;                     // "device@3.4/legacy/0", or "0"
-    std::vector<std::string> otherCameras;  // of the dump
+    std::vector<std::string> otherCameras;  // other cameras of the dump
     bool hasVendorTags = false;
+    bool hasVendorSection = true;  // otherwise the tags are those that entries of the camera name
     std::vector<Tag> vendorTags;
     std::vector<StaticEntry> entries;
     std::vector<MistypedEntry> mistyped;
-    size_t cutLists = 0;                       // entries of which the dump shows only the first 16 elements
-    std::map<std::string, size_t> passedOver;  // what of the dump is not used, and how often
+    size_t cutLists = 0;             // entries of which the dump shows only the first 16 elements
+    std::vector<Left> left;          // parts of the dump that are not used
+    std::vector<Fault> faults;       // faults of the camera's HAL
+    std::vector<std::string> notes;  // conclusions that the dump does not state
 };
 
-// Numbers for vendor tags that need one of their own: the lowest that nobody has. The highest of all counts
-// as "no tag", and going on from the highest in use would arrive there.
+// Numbers for vendor tags without a unique one: the lowest unused numbers. The highest possible number means
+// "no tag", so counting up from the highest used number could reach it.
 class FreeTagIds {
   public:
     template <typename Tags>

@@ -1,171 +1,262 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "device/DumpParser.h"
 
-#include "device/DumpScanner.h"
+#include "device/BlockChoice.h"
 
 #include <fmt/format.h>
 #include <host/VendorTags.h>
 
 #include <algorithm>
+#include <memory>
+#include <optional>
 #include <set>
+#include <unordered_map>
+#include <utility>
 
 namespace qzcam {
 
 namespace {
 
-constexpr size_t kShownOfCutList = 16;
 constexpr size_t kMostVendorTags = qz::host::kMaxVendorTags;
+constexpr size_t kLongestName = 100;
 
 class DeviceBuilder {
   public:
-    DeviceBuilder(const RawDump& dump, Problems& problems)
-        : mDump(dump), mProblems(problems), mFreeIds(dump.vendorTags) {
-        mDevice.camera = dump.camera;
-        mDevice.hasVendorTags = dump.hasVendorTags;
-        mDevice.passedOver = dump.passedOver;
-        std::set<std::string_view> seen{dump.camera};  // a dump may name a camera in several titles
-        for (const std::string_view camera : dump.cameras) {
-            if (seen.insert(camera).second) mDevice.otherCameras.emplace_back(camera);
-        }
-    }
+    DeviceBuilder(const Report& report, const ReportedCamera* camera, Problems& problems)
+        : mReport(report), mCamera(camera), mProblems(problems) {}
 
     Device build();
 
   private:
-    void addVendorTag(const RawVendorTag& raw);
-    void leaveOut(const RawVendorTag& raw);
-    void addEntry(const RawEntry& raw);
-    std::optional<StaticEntry> readEntry(const RawEntry& raw, uint32_t tag, uint8_t type);
-    bool readLine(const RawEntry::ValueLine& line, const RawEntry& raw, uint32_t tag, Values& values);
-    bool readElement(std::string_view text, size_t line, uint32_t tag, Values& values);
-    bool takeElement(std::string_view& rest, std::string_view& element, uint8_t type);
-    const Tag* tagOf(const RawEntry& raw, const TagNames& names) const;
-    void passOver(const char* what) { ++mDevice.passedOver[what]; }
+    void describe();
+    void addVendorTags();
+    void addVendorTag(const VendorTag& tag);
+    void giveNumbers();
+    void leaveOtherBlocks(const VendorBlock* chosen);
+    void leaveTagsFrom(const std::vector<VendorTag>& tags, size_t index);
+    void addEntry(const MetadataArray& array, const ArrayEntry& entry);
+    void addUsable(const MetadataArray& array, const ArrayEntry& entry, const Tag& tag);
+    void addUnreadable(const MetadataArray& array, const ArrayEntry& entry, const EntryValues& read);
+    bool isWhole(const MetadataArray& array) const;
+    const Tag* tagOf(const ArrayEntry& entry) const;
+    void leave(Left::Kind kind, const ArrayEntry& entry);
+    void leave(Left::Kind kind, size_t line, std::string name);
 
-    const RawDump& mDump;
+    const Report& mReport;
+    const ReportedCamera* mCamera;
     Problems& mProblems;
     Device mDevice;
-    std::set<std::string> mVendorNames;
-    std::set<uint32_t> mVendorIds;
-    FreeTagIds mFreeIds;
+    std::unordered_map<std::string, size_t> mVendorNames;  // places in the device's tags
+    std::optional<bool> mWhole;                            // the array is, in this text
+    std::set<uint32_t> mSeen;                              // tags of entries
     std::unique_ptr<TagNames> mNames;
 };
 
 Device DeviceBuilder::build() {
-    for (const RawVendorTag& raw : mDump.vendorTags) addVendorTag(raw);
+    mDevice.left = mReport.left;
+    describe();
+    addVendorTags();
     mNames = std::make_unique<TagNames>(mDevice.vendorTags);
-    for (const RawEntry& raw : mDump.entries) addEntry(raw);
+    const MetadataArray* array = mCamera == nullptr ? nullptr : staticOf(mReport, *mCamera);
+    if (array != nullptr) {
+        for (const ArrayEntry& entry : array->entries) addEntry(*array, entry);
+    }
+    std::stable_sort(mDevice.left.begin(), mDevice.left.end(),
+                     [](const Left& a, const Left& b) { return a.line < b.line; });
     return std::move(mDevice);
 }
 
-// Each vendor's HAL numbers its own tags, so that two groups of one dump may use a number twice; the library
-// only sees names, and the second one gets another number.
-void DeviceBuilder::addVendorTag(const RawVendorTag& raw) {
-    Tag tag{raw.id, raw.type, std::string(raw.section), std::string(raw.name)};
-    if (mDevice.vendorTags.size() == kMostVendorTags) return leaveOut(raw);
-    if (!mVendorNames.insert(tag.fullName()).second) return passOver("repeated vendor tags");
-    if (!mVendorIds.insert(tag.id).second) tag.id = mFreeIds.next();
-    mDevice.vendorTags.push_back(std::move(tag));
+void DeviceBuilder::describe() {
+    if (mCamera != nullptr) mDevice.camera = mCamera->name;
+    for (const ReportedCamera& camera : mReport.cameras) {
+        if (camera.hasStatic && &camera != mCamera) mDevice.otherCameras.emplace_back(camera.name);
+    }
+    mDevice.hasVendorSection = mReport.hasVendorSection;
 }
 
-void DeviceBuilder::leaveOut(const RawVendorTag& raw) {
-    const std::string what = fmt::format("vendor tags beyond {}", kMostVendorTags);
-    if (mDevice.passedOver[what]++ > 0) return;
-    mProblems.add(raw.line, fmt::format("more than {} vendor tags: this one and those after it are left out",
-                                        kMostVendorTags));
+void DeviceBuilder::addVendorTags() {
+    const BlockChoice choice = chooseBlock(mReport, mCamera);
+    if (!choice.note.empty()) mDevice.notes.push_back(choice.note);
+    leaveOtherBlocks(choice.block);
+    const bool isInferred = choice.block == nullptr && !mReport.hasVendorSection && mCamera != nullptr;
+    const std::vector<VendorTag> inferred =
+        isInferred ? tagsOfEntries(mReport, *mCamera) : std::vector<VendorTag>();
+    const std::vector<VendorTag>& tags = choice.block == nullptr ? inferred : choice.block->tags;
+    for (size_t i = 0; i < tags.size(); ++i) {
+        if (mDevice.vendorTags.size() == kMostVendorTags) {
+            leaveTagsFrom(tags, i);
+            break;
+        }
+        addVendorTag(tags[i]);
+    }
+    giveNumbers();
+    mDevice.hasVendorTags = !mDevice.vendorTags.empty();
+    if (isInferred) {
+        mDevice.notes.push_back(
+            fmt::format("no vendor tag section in this text: {} known from entries, others not",
+                        counted(inferred.size(), "vendor tag")));
+    }
+}
+
+// A name finds the tag that the HAL lists last.
+void DeviceBuilder::addVendorTag(const VendorTag& raw) {
+    Tag tag{raw.id, raw.type, std::string(raw.section), std::string(raw.name)};
+    const auto [place, isNew] = mVendorNames.emplace(tag.fullName(), mDevice.vendorTags.size());
+    if (isNew) {
+        mDevice.vendorTags.push_back(std::move(tag));
+        return;
+    }
+    leave(Left::Kind::RepeatedTag, raw.line, cut(place->first, kLongestName));
+    mDevice.vendorTags[place->second] = std::move(tag);
+}
+
+// If tags share a number, all but the first get another one: the library only sees names.
+void DeviceBuilder::giveNumbers() {
+    std::unordered_set<uint32_t> taken;
+    std::vector<Tag*> without;
+    for (Tag& tag : mDevice.vendorTags) {
+        if (!taken.insert(tag.id).second) without.push_back(&tag);
+    }
+    if (without.empty()) return;
+    FreeTagIds freeIds(mDevice.vendorTags);
+    for (Tag* tag : without) tag->id = freeIds.next();
+}
+
+void DeviceBuilder::leaveOtherBlocks(const VendorBlock* chosen) {
+    for (const VendorBlock& block : mReport.vendorBlocks) {
+        const bool isChosen = &block == chosen;
+        if (!isChosen && !block.tags.empty()) {
+            const std::string id = block.vendorId ? fmt::format("vendor id {}, ", *block.vendorId) : "";
+            leave(Left::Kind::OtherBlock, block.line, id + counted(block.tags.size(), "tag"));
+        }
+    }
+    const auto [first, last] = chosen == nullptr || chosen->tags.empty()
+                                   ? std::pair<size_t, size_t>(1, 0)
+                                   : std::pair(chosen->line, chosen->tags.back().line);
+    for (const Fault& fault : mReport.faults) {
+        if (fault.line >= first && fault.line <= last) mDevice.faults.push_back(fault);
+    }
+}
+
+void DeviceBuilder::leaveTagsFrom(const std::vector<VendorTag>& tags, size_t index) {
+    leave(Left::Kind::TooManyTags, tags[index].line, cut(tags[index].name, kLongestName));
+    mDevice.left.back().lastLine = tags.back().line;
+    mDevice.left.back().count = tags.size() - index;
+    mProblems.add(
+        tags[index].line,
+        fmt::format("more than {} vendor tags: this one and those after it are left out", kMostVendorTags));
 }
 
 // Old platforms print vendor entries without their names.
-const Tag* DeviceBuilder::tagOf(const RawEntry& raw, const TagNames& names) const {
-    if (raw.name == "unknownSection.unknownTag") return names.find(names.nameOf(raw.id));
-    return names.find(std::string(raw.name));
+const Tag* DeviceBuilder::tagOf(const ArrayEntry& entry) const {
+    if (entry.name == "unknownSection.unknownTag") return mNames->find(mNames->nameOf(entry.id));
+    return mNames->find(std::string(entry.name));
 }
 
-void DeviceBuilder::addEntry(const RawEntry& raw) {
-    const Tag* tag = tagOf(raw, *mNames);
-    if (!tag) return passOver("entries of unknown tags");
-    if (raw.type != camera_metadata_type_names[tag->type]) {
-        mDevice.mistyped.push_back({tag->id, raw.line, fmt::format("{}[{}]", raw.type, raw.count)});
-        return passOver("entries of another type than their tag's");
+void DeviceBuilder::addEntry(const MetadataArray& array, const ArrayEntry& entry) {
+    const Tag* tag = tagOf(entry);
+    if (tag == nullptr) return leave(Left::Kind::UnknownTag, entry);
+    if (entry.type != camera_metadata_type_names[tag->type]) {
+        mDevice.mistyped.push_back({tag->id, entry.line, fmt::format("{}[{}]", entry.type, entry.count)});
+        return leave(Left::Kind::Mistyped, entry);
     }
-    auto entry = raw.broken ? std::nullopt : readEntry(raw, tag->id, tag->type);
-    if (entry) mDevice.entries.push_back(std::move(*entry));
+    if (mSeen.count(tag->id) != 0) return leave(Left::Kind::RepeatedEntry, entry);
+    addUsable(array, entry, *tag);
 }
 
-std::optional<StaticEntry> DeviceBuilder::readEntry(const RawEntry& raw, uint32_t tag, uint8_t type) {
-    StaticEntry entry{tag, {type, 0, {}}};
-    Values& values = entry.values;
-    for (const auto& line : raw.values) {
-        if (!readLine(line, raw, tag, values)) return std::nullopt;
+void DeviceBuilder::addUsable(const MetadataArray& array, const ArrayEntry& entry, const Tag& tag) {
+    EntryValues read = readValues(entry);
+    if (!read.wrong.empty()) return addUnreadable(array, entry, read);
+    mSeen.insert(tag.id);
+    if (!read.words.empty()) leave(Left::Kind::UnknownWord, entry);
+    for (const UnknownWord& word : read.words) {
+        mDevice.left.back().name += fmt::format(" {}", cut(word.word, kLongestName));
     }
-    if (values.count == raw.count) return entry;
-    if (values.count != kShownOfCutList) {
-        mProblems.add(raw.line, fmt::format("expected {} of {}, not {}", counted(raw.count, "value"),
-                                            raw.name, values.count));
-        return std::nullopt;
-    }
-    ++mDevice.cutLists;
-    entry.cut = true;
-    return entry;
+    if (read.cut) ++mDevice.cutLists;
+    mDevice.entries.push_back({tag.id, std::move(read.values), read.cut, std::move(read.words)});
 }
 
-bool DeviceBuilder::readLine(const RawEntry::ValueLine& line, const RawEntry& raw, uint32_t tag,
-                             Values& values) {
-    std::string_view rest = line.text;
-    std::string_view element;
-    while (!trimmed(rest).empty()) {
-        if (values.count == raw.count) {
-            mProblems.add(line.line,
-                          fmt::format("expected {} of {}, not more", counted(raw.count, "value"), raw.name));
-            return false;
-        }
-        if (!takeElement(rest, element, values.type)) {
-            mProblems.add(line.line, fmt::format("expected '(n / d)', not {}", excerpt(rest)));
-            return false;
-        }
-        if (!readElement(element, line.line, tag, values)) return false;
+// An entry that is complete in the text, and still has fewer or more values than it says, is a fault of the
+// HAL.
+void DeviceBuilder::addUnreadable(const MetadataArray& array, const ArrayEntry& entry,
+                                  const EntryValues& read) {
+    if (!mWhole) mWhole = isWhole(array);
+    if (!read.wrongLength || !*mWhole) {
+        mProblems.add(read.wrongLine, read.wrong);
+        return leave(Left::Kind::Damaged, entry);
     }
-    return true;
+    leave(Left::Kind::Damaged, entry);
+    const bool isEmpty = entry.values.empty();
+    mDevice.faults.push_back({Fault::Kind::LengthAgainstType, entry.line, 0,
+                              fmt::format("{} is {}[{}], but has {}", entry.name, entry.type, entry.count,
+                                          isEmpty ? "no values" : counted(read.values.count, "value")),
+                              isEmpty ? "its data lies outside the metadata: readers find no entry"
+                                      : "readers take as many as it says: the entry is left out"});
 }
 
-// The next word; of rationals what stands in the next parentheses.
-bool DeviceBuilder::takeElement(std::string_view& rest, std::string_view& element, uint8_t type) {
-    if (type != TYPE_RATIONAL) {
-        element = takeWord(rest);
-        return true;
-    }
-    rest = trimmed(rest);
-    const size_t end = rest.find(')');
-    if (rest.front() != '(' || end == std::string_view::npos) return false;
-    element = rest.substr(1, end - 1);
-    rest.remove_prefix(end + 1);
-    return true;
+bool DeviceBuilder::isWhole(const MetadataArray& array) const {
+    if (array.announced != array.entries.size()) return false;
+    const size_t last = array.entries.back().valuesLine;
+    return std::none_of(mReport.left.begin(), mReport.left.end(), [&](const Left& left) {
+        return left.kind == Left::Kind::GarbledLine && left.line > array.line && left.line <= last;
+    });
 }
 
-bool DeviceBuilder::readElement(std::string_view text, size_t line, uint32_t tag, Values& values) {
-    if (appendElement(values, tag, text)) return true;
-    const bool isName =
-        text.find_first_not_of("ABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789_") == std::string_view::npos &&
-        text.find_first_not_of("0123456789") != std::string_view::npos;
-    if (isName) {  // of a newer platform, which alone knows its number
-        passOver("entries with unknown value names");
-    } else {
-        mProblems.add(line, fmt::format("expected {}, not {}", elementForm(values.type), excerpt(text)));
-    }
-    return false;
+void DeviceBuilder::leave(Left::Kind kind, const ArrayEntry& entry) {
+    leave(kind, entry.line,
+          fmt::format("{} ({:x}) {}[{}]", cut(entry.name, kLongestName), entry.id,
+                      cut(entry.type, kLongestName), entry.count));
+}
+
+void DeviceBuilder::leave(Left::Kind kind, size_t line, std::string name) {
+    Left left;
+    left.kind = kind;
+    left.line = line;
+    left.lastLine = line;
+    left.name = std::move(name);
+    mDevice.left.push_back(std::move(left));
+}
+
+std::vector<std::string_view> describedCameras(const Report& report) {
+    std::vector<std::string_view> names;
+    for (const ReportedCamera& camera : report.cameras) names.push_back(camera.name);
+    return names;
 }
 
 }  // namespace
 
-Device parseDump(std::string_view text, std::string_view file, std::string_view camera, Problems& problems) {
-    const RawDump dump = scanDump(text, camera, problems);
-    if (isUtf16(text)) {
-        problems.add(0, "it is in UTF-16, as PowerShell's '>' writes it: save it as UTF-8");
-    } else if (dump.camera.empty() && camera.empty()) {
+Device deviceOf(const Report& report, const ReportedCamera* camera, Problems& problems) {
+    return DeviceBuilder(report, camera, problems).build();
+}
+
+Device deviceOf(const Report& report, std::string_view camera, Problems& problems) {
+    const ReportedCamera* found = findCamera(report, camera);
+    if (report.cameras.empty()) {
         problems.add(0, "no camera in it: expected '== Camera HAL device ... static information: =='");
-    } else if (dump.camera.empty()) {
-        problems.add(0, fmt::format("no camera '{}': expected {}", camera, fmt::join(dump.cameras, " or ")));
+    } else if (found == nullptr) {
+        problems.add(0, fmt::format("no camera '{}': expected {}", camera,
+                                    fmt::join(describedCameras(report), " or ")));
     }
-    Device device = DeviceBuilder(dump, problems).build();
+    return deviceOf(report, found, problems);
+}
+
+void addDamage(const Report& report, Problems& problems) {
+    for (const ReportedLine& error : report.errors) problems.add(error.line, error.text);
+    for (const Cut& cut : report.cuts) problems.add(cut.line, cut.text);
+    for (const Cut& difference : report.differences) problems.add(difference.line, difference.text);
+    for (const Left& left : report.left) {
+        if (left.kind != Left::Kind::GarbledLine) continue;
+        const std::string more =
+            left.count > 1 ? fmt::format(", and {} more", counted(left.count - 1, "line")) : "";
+        problems.add(left.line,
+                     fmt::format("expected an entry, its values or a vendor tag, not {}{}", left.name, more));
+    }
+}
+
+Device parseDump(std::string_view text, std::string_view file, std::string_view camera, Problems& problems) {
+    const Report report = readDump(text);
+    addDamage(report, problems);
+    Device device = deviceOf(report, camera, problems);
     device.file = file;
     return device;
 }

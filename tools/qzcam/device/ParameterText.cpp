@@ -1,15 +1,12 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "device/ParameterText.h"
 
-#include "base/Input.h"
+#include "device/DumpLines.h"
 
 #include <fmt/format.h>
 
 #include <algorithm>
 #include <cctype>
-#include <cstdio>
-#include <filesystem>
-#include <system_error>
-#include <utility>
 
 namespace qzcam {
 
@@ -19,19 +16,12 @@ namespace {
 // line end is cut off too, and the next parameter follows at once.
 constexpr size_t kLongestLine = 254;
 
-// What keys are made of; a path or another notation is none.
-bool isKey(std::string_view text) {
-    return !text.empty() && std::all_of(text.begin(), text.end(), [](unsigned char c) {
-        return std::isalnum(c) != 0 || c == '-' || c == '_' || c == '.';
-    });
-}
-
 void addFlattened(std::string_view line, size_t number, ParameterText& text, Problems& problems) {
     for (const std::string_view pair : split(line, ';')) {
         const size_t equals = pair.find('=');
         if (trimmed(pair).empty()) continue;
         const std::string_view key = trimmed(pair.substr(0, equals));
-        if (equals == std::string_view::npos || !isKey(key)) {
+        if (equals == std::string_view::npos || !isParameterKey(key)) {
             problems.add(number, fmt::format("expected 'key=value;key=value', not {}", excerpt(pair)));
         } else {
             text.parameters.push_back({std::string(key), std::string(pair.substr(equals + 1))});
@@ -54,51 +44,56 @@ bool isHeading(std::string_view line) {
     return line.front() != '\t' && line.front() != ' ' && endsWith(line, ":");
 }
 
-void addDumped(std::string_view line, size_t number, ParameterText& text, Problems& problems) {
-    for (; line.size() >= kLongestLine; line.remove_prefix(kLongestLine)) text.cutLines.push_back(number);
-    const size_t colon = endOfKey(line);
-    if (colon == std::string_view::npos) return;
-    const std::string_view key = trimmed(line.substr(0, colon));
-    if (isHeading(line) || !isKey(key)) {
-        return problems.add(number, fmt::format("expected 'key: value', not {}", excerpt(line)));
+void addPiece(std::string_view piece, size_t number, ParameterText& text, Problems& problems) {
+    const size_t colon = endOfKey(piece);
+    const std::string_view key = trimmed(piece.substr(0, colon));
+    if (colon == std::string_view::npos || isHeading(piece) || !isParameterKey(key)) {
+        return problems.add(number, fmt::format("expected 'key: value', not {}", excerpt(piece)));
     }
-    const size_t value = std::min(colon + 2, line.size());
-    text.parameters.push_back({std::string(key), std::string(line.substr(value))});
+    const size_t value = std::min(colon + 2, piece.size());
+    text.parameters.push_back({std::string(key), std::string(piece.substr(value))});
+}
+
+// Lines of the camera service around its parameters.
+bool isFrame(std::string_view line) {
+    const std::string_view body = trimmed(line);
+    return startsWith(body, "Camera1 API shim is using") || startsWith(body, "CameraParameters::dump") ||
+           startsWith(body, "==");
 }
 
 }  // namespace
 
-ParameterText parseParameters(std::string_view text, Problems& problems) {
+// Each begins with a tab, by which those can be told apart that a cut has run together.
+void addDumpedParameters(std::string_view line, size_t number, ParameterText& text, Problems& problems) {
+    for (size_t tab = line.find('\t', 1); tab != std::string_view::npos; tab = line.find('\t', 1)) {
+        const bool isCut = tab >= kLongestLine;
+        if (isCut) text.cutLines.push_back(number);
+        if (!isCut && !trimmed(line.substr(0, tab)).empty()) {
+            addPiece(line.substr(0, tab), number, text, problems);
+        }
+        line.remove_prefix(tab);
+    }
+    const size_t cuts = line.size() / kLongestLine;
+    text.cutLines.insert(text.cutLines.end(), cuts, number);
+    line.remove_prefix(cuts * kLongestLine);
+    const bool isRest = cuts > 0 && endOfKey(line) == std::string_view::npos;
+    if (!isRest && !trimmed(line).empty()) addPiece(line, number, text, problems);
+}
+
+ParameterText parseParameters(std::string_view text, Problems& problems, size_t firstLine) {
     ParameterText found;
-    Lines lines(text);
+    Lines lines(text, firstLine);
     for (std::string_view line; lines.next(line);) {
-        if (trimmed(line).empty()) continue;
+        if (trimmed(line).empty() || isFrame(line)) continue;
         if (holdsNul(line)) {
             problems.add(lines.number(), fmt::format("{} contains a NUL byte", excerpt(line)));
         } else if (isDumped(line)) {
-            addDumped(line, lines.number(), found, problems);
+            addDumpedParameters(line, lines.number(), found, problems);
         } else {
             addFlattened(line, lines.number(), found, problems);
         }
     }
     return found;
-}
-
-std::optional<std::vector<Parameter>> readParameters(const std::string& textOrFile) {
-    if (textOrFile.empty()) return std::vector<Parameter>{};
-    std::error_code ignored;
-    const bool isFile = textOrFile == "-" || std::filesystem::exists(textOrFile, ignored) ||
-                        textOrFile.find('=') == std::string::npos;
-    const auto input = isFile ? readFile(textOrFile) : Input{"--params", textOrFile};
-    if (!input) return std::nullopt;
-    Problems problems(input->name);
-    ParameterText text = parseParameters(input->text, problems);
-    if (!report(problems)) return std::nullopt;
-    for (const size_t line : text.cutLines) {
-        complain(fmt::format("{}:{}: left out: the dump has cut it at {} characters", input->name, line,
-                             kLongestLine));
-    }
-    return std::move(text.parameters);
 }
 
 }  // namespace qzcam

@@ -1,10 +1,10 @@
+// SPDX-License-Identifier: Apache-2.0
 // Parameters as people have them: flattened, or from a camera service's dump.
 #pragma once
 
 #include "base/Text.h"
 #include "host/Camera.h"
 
-#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -16,11 +16,10 @@ struct ParameterText {
     std::vector<size_t> cutLines;  // left out: their values are not all there
 };
 
-// "key=value;key=value", or lines "<tab>key: value".
-ParameterText parseParameters(std::string_view text, Problems& problems);
+// "key=value;key=value", or lines "<tab>key: value". What is neither is a problem, and the rest is read.
+ParameterText parseParameters(std::string_view text, Problems& problems, size_t firstLine = 1);
 
-// A file's, or those that the option itself holds; no option, none. Nothing, and a message, when they cannot
-// be read.
-std::optional<std::vector<Parameter>> readParameters(const std::string& textOrFile);
+// Adds the parameters of one line "<tab>key: value", on which several have run together if one was cut.
+void addDumpedParameters(std::string_view line, size_t number, ParameterText& text, Problems& problems);
 
 }  // namespace qzcam

@@ -1,7 +1,9 @@
+// SPDX-License-Identifier: Apache-2.0
 // System properties of a device, from what `getprop` prints or from a build.prop.
 #pragma once
 
 #include "base/Text.h"
+#include "input/Parts.h"
 
 #include <map>
 #include <string>
@@ -11,8 +13,14 @@
 
 namespace qzcam {
 
+using Properties = std::vector<std::pair<std::string, std::string>>;
+
 // "[name]: [value]", the value over several lines if need be, or "name=value"; '#' comments and blank lines.
-std::vector<std::pair<std::string, std::string>> parseProperties(std::string_view text, Problems& problems);
+// A line that is neither is a problem, and the rest is read.
+Properties parseProperties(std::string_view text, Problems& problems, size_t firstLine = 1);
+
+// Those of the parts that hold properties.
+Properties propertiesOf(const std::vector<Part>& parts, Problems& problems);
 
 // Sets one of this process. False for a name or value that no device would take either.
 bool setProperty(const std::string& name, const std::string& value);

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Keeps the process's vendor tags, and puts them back at the end of the scope.
 #pragma once
 

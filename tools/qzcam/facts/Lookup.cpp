@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "facts/Lookup.h"
 
 #include <capabilities/Capabilities.h>
@@ -7,44 +8,9 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <cctype>
 #include <iterator>
-#include <utility>
 
 namespace qzcam {
-
-namespace {
-
-// Words that say little about a key.
-const std::set<std::string>& idleWords() {
-    static const std::set<std::string> words{
-        "qz",  "key", "mode", "value", "values", "set",   "supported", "range", "modes", "list",
-        "max", "min", "size", "sizes", "is",     "start", "end",       "step",  "level", "default"};
-    return words;
-}
-
-std::set<std::string> tellingWords(const std::string& key) {
-    std::set<std::string> words;
-    std::string word;
-    for (const char c : key + "-") {
-        if (std::isalnum(static_cast<unsigned char>(c)) != 0) {
-            word += c;
-        } else {
-            const std::string whole = std::exchange(word, {});
-            if (!whole.empty() && idleWords().count(whole) == 0) words.insert(whole);
-        }
-    }
-    return words;
-}
-
-double likeness(const std::set<std::string>& a, const std::set<std::string>& b) {
-    if (a.empty() || b.empty()) return 0;
-    const auto shared =
-        std::count_if(a.begin(), a.end(), [&](const auto& word) { return b.count(word) != 0; });
-    return static_cast<double>(2 * shared) / static_cast<double>(a.size() + b.size());
-}
-
-}  // namespace
 
 std::vector<const qz::Parameter*> rowsOf(const std::string& key) {
     std::vector<const qz::Parameter*> rows;
@@ -128,21 +94,6 @@ std::set<std::string> publishedKeys() {
     for (const qz::CapabilityRow& row : qz::kCapabilities) {
         for (const qz::Publication& publication : row.publishes) keys.insert(publication.key);
     }
-    return keys;
-}
-
-std::vector<std::string> similarKeys(const std::string& key) {
-    constexpr double kAlike = 0.5;
-    constexpr size_t kMost = 4;
-    const auto words = tellingWords(key);
-    std::vector<std::pair<double, std::string>> found;
-    for (const std::string& other : readKeys()) {
-        const double alike = likeness(words, tellingWords(other));
-        if (alike >= kAlike) found.emplace_back(-alike, other);
-    }
-    std::stable_sort(found.begin(), found.end());
-    std::vector<std::string> keys;
-    for (size_t i = 0; i < std::min(found.size(), kMost); ++i) keys.push_back(found[i].second);
     return keys;
 }
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Rows by the names that applications and reports use.
 #pragma once
 
@@ -47,8 +48,5 @@ std::string noteOnHostKey(const std::string& key);
 // All keys that the library reads or publishes.
 std::set<std::string> readKeys();
 std::set<std::string> publishedKeys();
-
-// Keys with about the same words as this one, the most alike first: "qz-sensor-wb" for "qz-sensor-wb-value".
-std::vector<std::string> similarKeys(const std::string& key);
 
 }  // namespace qzcam

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The sections beside the passes.
 #include "facts/Lookup.h"
 #include "facts/ReferenceSections.h"
@@ -29,7 +30,7 @@ std::vector<Value> sendersOf(const qz::MessageRow& message) {
 
 Doc docOf(const qz::MessageRow& row) {
     constexpr const char* forms[] = {"notification", "data block of numbers",
-                                     "data block of numbers, and more of them behind the named ones",
+                                     "data block of numbers; unnamed ones may follow the named ones",
                                      "data block of its own form"};
     const std::string code = hex(row.code);
     Doc doc{fmt::format("{}: a message, code {}", row.name, code), {row.name, row.constant, code}, {}};
@@ -99,18 +100,17 @@ std::vector<Doc> docsOf(const Rows& rows) {
 }  // namespace
 
 Section messageSection() {
-    return {
-        "Messages",
-        "What the library tells the application. Messages of one code are told apart by their first number.",
-        "messages",
-        {{"Constant", "constant", "constant", Style::Code, false},
-         {"Code", "code", "code", Style::Number, false},
-         {"First number", "first number", "kind", Style::Number, false},
-         {"Name", "name", "name", Style::Text, false},
-         {"Carried by", "carried by", "carriedBy", Style::Text, false},
-         {"Content", "content", "fields"},
-         {"Handler", "handler", "handlers", Style::Code}},
-        docsOf(qz::kMessages)};
+    return {"Messages",
+            "Messages to the application. The first number distinguishes messages with the same code.",
+            "messages",
+            {{"Constant", "constant", "constant", Style::Code, false},
+             {"Code", "code", "code", Style::Number, false},
+             {"First number", "first number", "kind", Style::Number, false},
+             {"Name", "name", "name", Style::Text, false},
+             {"Carried by", "carried by", "carriedBy", Style::Text, false},
+             {"Content", "content", "fields"},
+             {"Handler", "handler", "handlers", Style::Code}},
+            docsOf(qz::kMessages)};
 }
 
 Section vocabularySection() {
@@ -142,7 +142,7 @@ Section commandSection() {
 
 Section propertySection() {
     return {"System properties",
-            "The library reads a property each time that it matters.",
+            "The library reads a property each time it needs it.",
             "properties",
             {{"Property", "property", "name", Style::Code, false},
              {"While unset", "while unset", "whenUnset", Style::Code, false},

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The sections of the three passes: parameters, capabilities and results, in the orders of the library.
 #include "facts/Lookup.h"
 #include "facts/ReferenceSections.h"
@@ -49,6 +50,18 @@ std::vector<Value> gateTexts(const Gates& gates, const Texts& all) {
     return values;
 }
 
+// Published keys, and limits of the keys.
+std::vector<Value> offersOf(const qz::Parameter& row) {
+    std::vector<Value> values = texts(row.offers);
+    const char* last = nullptr;
+    for (const qz::KeyRow& key : row.keys) {
+        const char* limit = qz::kLimitTexts[static_cast<size_t>(key.limit)];
+        if (key.limit != qz::KeyRow::Limit::none && limit != last) values.push_back(text(limit));
+        last = limit;
+    }
+    return values;
+}
+
 Doc docOf(const qz::Parameter& row) {
     Doc doc;
     for (const qz::KeyRow& key : row.keys) doc.names.emplace_back(key.name);
@@ -67,7 +80,7 @@ Doc docOf(const qz::Parameter& row) {
                  gateTexts(row.gates, qz::kGateTexts),
                  refusals(row),
                  textIf(row.information),
-                 texts(row.offers),
+                 offersOf(row),
                  entryValues(row.uses),
                  texts(row.properties),
                  textIf(row.keeps),
@@ -137,8 +150,8 @@ std::vector<Doc> docsOf(const Rows& rows) {
 Section parameterSection() {
     return {
         "Parameters",
-        "What an application sets, in the order of the request pass. A word becomes its number; an unknown word is mostly "
-        "-1, which a byte holds as 255. For a key that is read as an integer, -1 counts as absent.",
+        "Parameters that an application sets, in the order of the request pass. A word is converted to a number; an "
+        "unknown word usually gives -1, which a byte holds as 255. If a key is read as an integer, -1 counts as absent.",
         "parameters",
         {{"Setter", "setter", "setter", Style::Code, false},
          {"Key", "key", "keys", Style::Code},
@@ -160,8 +173,8 @@ Section parameterSection() {
 Section capabilitySection() {
     return {
         "Capabilities",
-        "What the library publishes, in the order of its pass. An entry with any other number of elements is as good as "
-        "none. The adapter reports an entry with fewer elements than the minimum.",
+        "Parameters that the library publishes, in the order of its pass. An entry with any other number of elements "
+        "counts as none. The adapter logs an entry with fewer elements than the minimum.",
         "published",
         {{"Getter", "getter", "getter", Style::Code, false},
          {"Static entry", "entry", "entries", Style::Code},
@@ -177,7 +190,7 @@ Section capabilitySection() {
 
 Section resultSection() {
     return {"Results",
-            "What the library looks for in a result, in the order of the dispatcher.",
+            "Entries that the library looks up in a result, in the order of the dispatcher.",
             "results",
             {{"Handler", "handler", "handler", Style::Code, false},
              {"Entry of the result", "entry", "entries", Style::Code},

@@ -1,9 +1,11 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "facts/Reference.h"
 
 #include "facts/ReferenceSections.h"
 
 #include <algorithm>
 #include <iterator>
+#include <set>
 
 namespace qzcam {
 
@@ -36,6 +38,14 @@ Reference only(const Reference& reference, const std::string& name) {
 bool isEmpty(const Reference& reference) {
     return std::all_of(reference.begin(), reference.end(),
                        [](const Section& section) { return section.docs.empty(); });
+}
+
+std::vector<std::string> allNames(const Reference& reference) {
+    std::set<std::string> names;
+    for (const Section& section : reference) {
+        for (const Doc& doc : section.docs) names.insert(doc.names.begin(), doc.names.end());
+    }
+    return {names.begin(), names.end()};
 }
 
 std::vector<std::string> similarNames(const Reference& reference, const std::string& name) {

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The reference: every row of the library as texts, in sections, for any form of printing.
 #pragma once
 
@@ -7,21 +8,21 @@
 namespace qzcam {
 
 // A value in one or more parts: an entry is its tag and its form.
-struct Part {
+struct NamedText {
     const char* name = nullptr;  // for programs
     std::string text;
 };
-using Value = std::vector<Part>;
+using Value = std::vector<NamedText>;
 
 struct Column {
     enum class Style {
         Text,
         Code,    // the first part is a name of the code
         Number,  // decimal or hexadecimal
-        Words,   // what is said, and what it becomes
+        Words,   // a word, and its number
     };
-    const char* title;  // of a table
-    const char* label;  // of a line
+    const char* title;  // heading in a table
+    const char* label;  // label of a line
     const char* json;
     Style style = Style::Text;
     bool isList = true;
@@ -30,7 +31,7 @@ struct Column {
 
 struct Doc {
     std::string heading;
-    std::vector<std::string> names;         // that it is found by, the first ones for lists of similar names
+    std::vector<std::string> names;         // names for searches; the first ones are listed as similar names
     std::vector<std::vector<Value>> cells;  // by the columns of its section
 };
 
@@ -49,6 +50,9 @@ const Reference& wholeReference();
 // The parts that `name` names: a key, setter, getter, handler, message, command, property, vocabulary or tag.
 Reference only(const Reference& reference, const std::string& name);
 bool isEmpty(const Reference& reference);
+std::vector<std::string> allNames(const Reference& reference);
+
+// Names that have this one in them.
 std::vector<std::string> similarNames(const Reference& reference, const std::string& name);
 
 std::string referenceMarkdown(const Reference& reference);

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The reference for programs.
 #include "base/Text.h"
 #include "facts/Reference.h"
@@ -15,7 +16,7 @@ Json jsonOf(const Value& value, Column::Style style) {
     if (style == Column::Style::Number) return *parseInteger(first);
     if (value.size() == 1) return first;
     Json object = Json::object();
-    for (const Part& part : value) object[part.name] = part.text;
+    for (const NamedText& part : value) object[part.name] = part.text;
     return object;
 }
 

@@ -1,4 +1,5 @@
-// The reference as tables, a row of the library a line: docs/reference.md.
+// SPDX-License-Identifier: Apache-2.0
+// The reference as tables with one line for each row of the library: docs/reference.md.
 #include "facts/Reference.h"
 
 #include <fmt/format.h>
@@ -74,7 +75,7 @@ std::string tableOf(const Section& section) {
 
 std::string referenceMarkdown(const Reference& reference) {
     std::string text =
-        "# Reference\n\nWhat the library reads, writes, publishes, sends and logs, from its own rows.\nThis file is the "
+        "# Reference\n\nEverything that the library reads, writes, publishes, sends and logs, from its own rows.\nThis file is the "
         "output of `qzcam params --markdown`, and a test compares the two.\n";
     for (const Section& section : reference) {
         if (section.docs.empty()) continue;

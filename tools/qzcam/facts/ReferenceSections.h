@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The sections of the reference, each from the rows of one kind.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The reference for a terminal: in full, and a line each.
 #include "facts/Reference.h"
 
@@ -76,7 +77,7 @@ std::string referenceIndex(const Reference& reference) {
             text += fmt::format("  {:<40} {}\n", names, summaryOf(section, doc));
         }
     }
-    return text + "\n'qzcam params NAME' says more.\n";
+    return text + "\n'qzcam params NAME' shows the details.\n";
 }
 
 }  // namespace qzcam

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "facts/RowTexts.h"
 
 #include "facts/Lookup.h"
@@ -10,7 +11,7 @@ namespace qzcam {
 
 namespace {
 
-// The form of a key's text, where its note does not tell.
+// Returns the form of a key's text, unless its note states it.
 std::string formText(const qz::KeyRow& key) {
     using Form = qz::KeyRow::Form;
     if (key.note != nullptr) return key.note;
@@ -55,7 +56,7 @@ std::vector<Value> wordsToNumbers(const qz::Vocabulary& vocabulary) {
     return values;
 }
 
-// The first word of a number speaks for it.
+// A number converts to its first word.
 std::vector<Value> numbersToWords(const qz::Vocabulary& vocabulary) {
     std::vector<Value> values;
     for (const qz::Word& word : vocabulary.published) {

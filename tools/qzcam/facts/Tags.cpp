@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "facts/Tags.h"
 
 #include "base/Text.h"
@@ -9,6 +10,7 @@
 #include <request/Parameters.h>
 
 #include <algorithm>
+#include <unordered_map>
 
 namespace qzcam {
 
@@ -75,7 +77,7 @@ void TagFacts::addUsed(const qz::Parameter& row) {
     }
 }
 
-// A getter with as many keys as entries publishes a key an entry.
+// A getter with as many keys as entries publishes one key for each entry.
 void TagFacts::add(const qz::CapabilityRow& row) {
     const bool inPairs = row.entries.count > 1 && row.publishes.count == row.entries.count;
     for (size_t i = 0; i < row.entries.count; ++i) {
@@ -111,6 +113,10 @@ std::vector<Tag> declaredTags() {
     return tags;
 }
 
+constexpr const char* kNoFeature = "other";
+
+const char* nameOf(qz::Feature feature) { return qz::kFeatureNames[static_cast<size_t>(feature)]; }
+
 }  // namespace
 
 const char* nameOf(Use use) {
@@ -134,6 +140,23 @@ std::vector<std::string> capabilityNames() {
 bool isVendorTag(const std::string& name) { return !startsWith(name, "android."); }
 
 bool lacksSection(const std::string& name) { return name.find('.') == std::string::npos; }
+
+const char* featureOfTag(const std::string& fullName) {
+    static const std::unordered_map<std::string, const char*> features = [] {
+        std::unordered_map<std::string, const char*> all;
+        for (const TagFact& fact : tagFacts()) all.emplace(fact.entry.tag, nameOf(fact.feature));
+        return all;
+    }();
+    const auto found = features.find(fullName);
+    return found == features.end() ? kNoFeature : found->second;
+}
+
+const char* featureOfKey(const std::string& key) {
+    const auto rows = rowsOf(key);
+    if (!rows.empty()) return nameOf(rows.front()->feature);
+    const qz::CapabilityRow* publisher = findPublisher(key);
+    return publisher == nullptr ? kNoFeature : nameOf(publisher->feature);
+}
 
 const TagNames& libraryTags() {
     static const TagNames names(declaredTags());

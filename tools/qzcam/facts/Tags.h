@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The tags that the library looks up, by the rows that name them.
 #pragma once
 
@@ -21,11 +22,11 @@ struct TagFact {
     qz::Feature feature = qz::Feature::image;
     std::vector<std::string>
         names;  // parameters that write it, keys published from it, messages that it brings
-    const qz::CapabilityRow* capability = nullptr;  // whose getter reads it
-    const qz::Publication* publication = nullptr;   // of that getter, from this entry
+    const qz::CapabilityRow* capability = nullptr;  // row whose getter reads it
+    const qz::Publication* publication = nullptr;   // keys that the getter publishes from this entry
 };
 
-// In the order of the passes. A tag has one fact a use.
+// Facts in the order of the passes. A tag has one fact for each use.
 const std::vector<TagFact>& tagFacts();
 
 // Vendor tags of the capability pass, in its order.
@@ -36,7 +37,11 @@ bool isVendorTag(const std::string& name);
 // A name that the library looks up without a section.
 bool lacksSection(const std::string& name);
 
-// All vendor tags of the library as if a device declared them. Their numbers mean nothing.
+// Feature of a tag or of a key, "other" for one that no row names.
+const char* featureOfTag(const std::string& fullName);
+const char* featureOfKey(const std::string& key);
+
+// All vendor tags of the library, as if a device declared them, with arbitrary numbers.
 const TagNames& libraryTags();
 
 }  // namespace qzcam

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Words of the session language that stand for numbers or kinds.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "host/Camera.h"
 
 #include "base/Text.h"
@@ -114,7 +115,7 @@ Camera::Camera(int32_t id, const android::CameraMetadata& characteristics, Messa
     mInspector->setInfo(&characteristics);
 }
 
-// The flattened text is the platform's only way to list a parameter set; neither keys nor values hold its
+// The platform lists a parameter set only as a flattened text. Neither keys nor values contain its
 // separators.
 std::vector<Parameter> allParameters(const android::CameraParameters2& parameters) {
     std::vector<Parameter> all;

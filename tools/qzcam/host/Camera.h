@@ -1,5 +1,6 @@
-// One opened camera: everything that a camera service makes of the library for it, with the tool in the place
-// of the service.
+// SPDX-License-Identifier: Apache-2.0
+// One opened camera with all objects of the library that a camera service creates for it. The tool takes the
+// place of the service.
 #pragma once
 
 #include "host/Messages.h"
@@ -50,10 +51,10 @@ class WatchedParameters : public qz::QzParametersEx {
     qz::status_t update(android::CameraMetadata* metadata, uint32_t tag,
                         const android::String8& value) override;
 
-    // What was published since the last call.
+    // Returns the parameters published since the last call.
     std::vector<Published> takePublished();
 
-    // Writes the steps of what follows into `trace`, until it is null.
+    // Records the following steps in `trace`, until it is set to null.
     void watch(Trace* trace) { mTrace = trace; }
 
     // All updates from now on get this status, whatever type their tag has, and none reaches its request.

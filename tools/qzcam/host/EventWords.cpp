@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "host/EventWords.h"
 
 #include <algorithm>
@@ -14,17 +15,20 @@ struct VerdictName {
     const char* help;
 };
 
-constexpr std::array<VerdictName, 9> kVerdicts{
+constexpr std::array<VerdictName, 11> kVerdicts{
     {{Verdict::Written, "written", "written", "its entries have its value"},
-     {Verdict::Fallback, "fallback", "fallback written",
-      "its text is not understood, and written as any such"},
-     {Verdict::Skipped, "skipped", "skipped", "its text is not understood, and nothing written"},
+     {Verdict::NotOffered, "not-offered", "not offered",
+      "its entries have its value, but the device offers other values"},
+     {Verdict::Overflows, "overflows", "overflows", "the number does not fit; its entries have another one"},
+     {Verdict::Fallback, "fallback", "fallback written", "not recognised; the fallback value is written"},
+     {Verdict::Skipped, "skipped", "skipped", "not recognised; nothing is written"},
      {Verdict::Overridden, "overridden", "overridden", "another parameter decides the value of its entry"},
      {Verdict::Undeclared, "undeclared", "tag not declared", "the device has no such tag"},
      {Verdict::WrongType, "wrong-type", "wrong type", "the device refused the update"},
-     {Verdict::GateClosed, "gate-closed", "gate closed", "something else keeps it from being looked at"},
-     {Verdict::NoEntry, "no-entry", "no entry", "it is read, but this value goes into no entry"},
-     {Verdict::Unread, "unread", "read by no setter", "the library does not know it"}}};
+     {Verdict::GateClosed, "gate-closed", "gate closed",
+      "a condition is not met, so the library does not use it"},
+     {Verdict::NoEntry, "no-entry", "no entry", "the library reads it, but writes no entry for this value"},
+     {Verdict::Unread, "unread", "read by no setter", "no setter reads it"}}};
 
 struct ChangeName {
     Change change;
@@ -45,6 +49,8 @@ const char* verdictWord(Verdict verdict) { return nameOf(verdict).word; }
 
 const char* verdictMeaning(Verdict verdict) { return nameOf(verdict).meaning; }
 
+bool isUnfit(Verdict verdict) { return verdict == Verdict::NotOffered || verdict == Verdict::Overflows; }
+
 std::vector<std::pair<const char*, const char*>> verdictHelp() {
     std::vector<std::pair<const char*, const char*>> rows;
     rows.reserve(kVerdicts.size());
@@ -63,6 +69,17 @@ std::string verdictWords() {
     std::string words;
     for (const VerdictName& name : kVerdicts) words.append(words.empty() ? "" : ", ").append(name.word);
     return words;
+}
+
+const char* ownerWord(KeyOwner owner) {
+    constexpr const char* words[] = {"none", "platform", "published"};
+    return words[static_cast<size_t>(owner)];
+}
+
+const char* meaningOf(KeyOwner owner) {
+    constexpr const char* meanings[] = {"", "it is a standard key, which the platform handles",
+                                        "the library publishes it and does not read it"};
+    return meanings[static_cast<size_t>(owner)];
 }
 
 const char* changeWord(Change change) {

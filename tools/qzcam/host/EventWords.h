@@ -1,4 +1,5 @@
-// The words for what events tell, as the session language and JSON have them.
+// SPDX-License-Identifier: Apache-2.0
+// The words for events in the session language and in JSON.
 #pragma once
 
 #include "host/Events.h"
@@ -16,6 +17,12 @@ std::vector<std::pair<const char*, const char*>> verdictHelp();  // all words, a
 std::optional<Verdict> findVerdict(std::string_view word);
 std::string verdictWords();
 const char* verdictMeaning(Verdict verdict);  // for people
+
+// Written, but not a value that the device offers, or not the number that was meant.
+bool isUnfit(Verdict verdict);
+
+const char* ownerWord(KeyOwner owner);
+const char* meaningOf(KeyOwner owner);
 
 const char* changeWord(Change change);
 std::optional<Change> findChange(std::string_view word);

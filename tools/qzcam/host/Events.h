@@ -1,4 +1,5 @@
-// What happens while a session is played, for whoever shows or keeps it.
+// SPDX-License-Identifier: Apache-2.0
+// Events of a played session, for printers and recorders.
 #pragma once
 
 #include "base/Values.h"
@@ -8,6 +9,7 @@
 #include <cstdint>
 #include <functional>
 #include <map>
+#include <optional>
 #include <string>
 #include <variant>
 #include <vector>
@@ -15,13 +17,14 @@
 namespace qzcam {
 
 using Texts = std::map<std::string, std::string>;  // parameters by their keys
+using SetLines = std::map<std::string, size_t>;    // lines of a session that set parameters, by their keys
 
 // A session begins.
 struct SessionEvent {
     std::string file;
 };
 
-// A command begins; what follows is its doing.
+// A command begins. The following events are its effects.
 struct CommandEvent {
     size_t line;  // 0: the player's own doing at the end of a session
     std::string text;
@@ -34,8 +37,9 @@ struct EntryRow {
     std::string name;
     Values values;
     Change change = Change::None;
-    Values before;  // of one that changed
-    Texts from;     // the parameters that made it, in a request
+    Values before;        // earlier values of a changed entry
+    Texts from;           // the parameters that made it, in a request
+    SetLines lines = {};  // lines that set these parameters
 };
 
 // The entries of a request, compared with those of the camera's request before.
@@ -43,16 +47,18 @@ struct RequestEvent {
     std::vector<EntryRow> entries;
 };
 
-// What became of a parameter that the application set.
+// The verdict about a parameter that the application set.
 enum class Verdict {
     Written,
-    Fallback,    // written as any text is that the library does not understand
-    Skipped,     // not understood, and nothing written
-    Overridden,  // by another parameter
+    NotOffered,  // written, but the device offers other values
+    Overflows,   // written, but as another number than the application's
+    Fallback,    // not recognised; the fallback value is written
+    Skipped,     // not recognised; nothing is written
+    Overridden,  // overridden by another parameter
     Undeclared,  // the device has no such tag
     WrongType,   // the device refused the update
-    GateClosed,  // something else keeps it from being looked at or written
-    NoEntry,     // read, but no entry carries it
+    GateClosed,  // a condition of its row is not met
+    NoEntry,     // read, but not written to an entry
     Unread,
 };
 
@@ -64,13 +70,38 @@ struct VerdictEntry {
     Values values;  // written, or what would have been
 };
 
+// Values that a device offers for a parameter.
+struct Offer {
+    enum class Kind { List, Range, Switch };
+    Kind kind = Kind::List;
+    std::string source;               // published keys, or a static entry
+    std::vector<std::string> values;  // a list in the device's order, or the two ends of a range
+    std::vector<double> low, high;    // limits of a range, or of the coordinates x and y
+    bool whole = true;                // the dump shows all of a list
+};
+
+// A number of the application that does not fit, and the one that is written for it.
+struct Overflow {
+    std::string number;
+    std::string written;
+    std::string type;  // type that is too small
+};
+
+// Keys that need no setter of the library.
+enum class KeyOwner { None, Platform, Published };
+
 struct VerdictRow {
     std::string key;
     std::string value;
     Verdict verdict;
     std::string reason;
     std::vector<VerdictEntry> entries;
-    bool repeated = false;  // as for the request before
+    bool repeated = false;            // as for the request before
+    std::optional<Offer> offer = {};  // offer that does not contain the value
+    std::optional<Overflow> overflow = {};
+    KeyOwner owner = KeyOwner::None;        // owner of a key that no setter reads
+    std::vector<std::string> perhaps = {};  // possible keys for an unknown one
+    size_t line = 0;                        // line of the session that sets it; 0: none
 };
 
 struct VerdictsEvent {
@@ -86,7 +117,7 @@ struct ResultEvent {
 struct ParamRow {
     std::string key;
     std::string value;
-    std::string capability;  // where it comes from; empty: from none
+    std::string capability;  // its static entry; empty: none
     Change change = Change::None;
 };
 
@@ -94,12 +125,12 @@ struct ParamsEvent {
     std::vector<ParamRow> rows;
 };
 
-// What became of the capabilities that publishing looks for.
+// Results of publishing, for each capability.
 struct PublishEvent {
     std::vector<ParamRow> rows;
     std::vector<std::string> undeclared;  // the device has no such tag
     std::vector<std::string> absent;      // a tag, but no static entry or an empty one
-    std::vector<std::string> silent;      // an entry that no parameter came of
+    std::vector<std::string> silent;      // an entry without a published parameter
 };
 
 struct CallbackEvent {

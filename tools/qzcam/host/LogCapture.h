@@ -1,4 +1,5 @@
-// The platform log, taken over: lines go to whoever listens on the thread that writes them.
+// SPDX-License-Identifier: Apache-2.0
+// Captures the platform log: a line goes to the listener of the thread that writes it.
 #pragma once
 
 #include "host/Events.h"
@@ -7,8 +8,8 @@
 
 namespace qzcam {
 
-// Listens to the lines of this thread, of every priority, as long as it lives. The innermost one hears them;
-// lines of threads that nobody listens to go to standard error as usual.
+// Receives the lines of this thread, of every priority, during its lifetime. The innermost listener receives
+// them. Lines of threads without a listener go to standard error as usual.
 class LogListener {
   public:
     using Hear = std::function<void(const LogEvent&)>;

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "host/LogFilter.h"
 
 #include "base/Text.h"
@@ -34,16 +35,12 @@ bool LogFilter::add(std::string_view rule) {
     return true;
 }
 
-namespace {
-
-// The platform calls each name that a device does not declare an error; to the library that is an answer, and
-// verdicts and publishing list those names. The library calls some lines errors that only say where it is.
-int levelOf(const LogEvent& line) {
+// The platform logs each name that a device does not declare as an error. For the library that is a normal
+// answer, and verdicts and publishing list those names. Some error lines of the library only name a function.
+int LogFilter::levelOf(const LogEvent& line) {
     const bool isTrace = line.tag == "VendorTagDescriptor" || startsWith(line.text, "Enter ");
     return isTrace ? std::min<int>(line.priority, ANDROID_LOG_DEBUG) : line.priority;
 }
-
-}  // namespace
 
 bool LogFilter::shows(const LogEvent& line) const {
     const auto named = mByTag.find(line.tag);

@@ -1,4 +1,5 @@
-// Which log lines are shown: as the platform's own tools have it, by tag and level.
+// SPDX-License-Identifier: Apache-2.0
+// Filter for log lines by tag and level, as in the platform's own tools.
 #pragma once
 
 #include "host/Events.h"
@@ -12,14 +13,17 @@ namespace qzcam {
 
 class LogFilter {
   public:
-    // Lines of this level and above, of any tag.
+    // Shows lines of this level and above, of any tag.
     LogFilter(int lowest) : mLowest(lowest) {}  // NOLINT(google-explicit-constructor): a level is a filter
 
     // A level, or "TAG:LEVEL TAG:LEVEL *:LEVEL". Tags that are not named keep the level of `*`, or the
-    // default. Nothing when it is neither.
+    // default. Returns nothing if the text is neither.
     static std::optional<LogFilter> parse(std::string_view text);
 
     bool shows(const LogEvent& line) const;
+
+    // The level that a line counts as for `*`.
+    static int levelOf(const LogEvent& line);
 
     static constexpr const char* kDefault = "warning";
 

@@ -1,71 +1,26 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "host/Messages.h"
 
 #include "base/Text.h"
 
-#include <QzHostInterfaces.h>
+#include <callback/Messages.h>
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <array>
 #include <cstring>
+#include <iterator>
 
 namespace qzcam {
 
 namespace {
 
 using Fields = std::vector<Message::Field>;
-
-// Numbers by their names; null for one that says nothing. What comes behind the named ones is listed.
-struct Form {
-    int32_t code;
-    int32_t kind;  // the first number of messages that share a code; 0: the code is enough
-    const char* name;
-    std::array<const char*, 4> numbers;
-    void (*decode)(const Message& message, Fields& fields);  // for blocks that are not int32 throughout
-};
-
-void decodeSmartMode(const Message& message, Fields& fields);
-void decodeHallCalibration(const Message& message, Fields& fields);
-
-using qz::MessageType;
-
-constexpr std::array<Form, 18> kForms{{
-    {MessageType::MSG_SMART_MODE, 0, "smart-mode", {}, decodeSmartMode},
-    {MessageType::MSG_TARGET_TRACKING, 0, "target-tracking", {"x", "y"}, nullptr},
-    {MessageType::MSG_DUAL_CAMERA_VERIFY_RESULT,
-     0,
-     "dual-camera-verify-result",
-     {"result", "index"},
-     nullptr},
-    {MessageType::MSG_DUAL_ABNORMAL, 0, "dual-abnormal", {"value"}, nullptr},
-    {MessageType::MSG_EXPOSURE_MESURE, 0, "exposure-mesure", {"seconds"}, nullptr},
-    {MessageType::MSG_EXPOSURE_MODE_PREVIEW_STATE, 0, "exposure-mode-preview-state", {}, nullptr},
-    {MessageType::MSG_MMI_PDAF_VERIFY_RESULT, 0, "mmi-pdaf-verify-result", {"result"}, nullptr},
-    {MessageType::MSG_PREVIEW_PARAMETERS,
-     0,
-     "preview-parameters",
-     {"exposure-time-us", "iso", "hint"},
-     nullptr},
-    {MessageType::MSG_LASER_CALIBRATION_RESULT, 0, "laser-calibration-result", {"result"}, nullptr},
-    {MessageType::MSG_HDC_CALIB_RESULT, 0, "hdc-calib-result", {"result"}, nullptr},
-    {MessageType::MSG_FOV_CALIB_RESULT, 0, "fov-calib-result", {"result"}, nullptr},
-    {MessageType::MSG_DARK_RAIDER_CAPTURE, 0, "dark-raider-capture", {"state"}, nullptr},
-    {MessageType::MSG_MMI_FOCUS_TEST, 0, "mmi-focus-test", {}, nullptr},
-    {MessageType::MSG_MMI_FEATURE_TEST_RESULT, 0, "mmi-feature-test-result", {"result", "request"}, nullptr},
-    {MessageType::MSG_OIS_CALIB_RESULT,
-     qz::OIS_GYRO_OFFSET,
-     "ois-gyro-offset",
-     {nullptr, "result", "x", "y"},
-     nullptr},
-    {MessageType::MSG_OIS_CALIB_RESULT, qz::OIS_HALL_CALIB, "ois-hall-calib", {}, decodeHallCalibration},
-    {MessageType::MSG_OIS_CALIB_RESULT, qz::OIS_HALL_CHECK, "ois-hall-check", {nullptr, "result"}, nullptr},
-    {MessageType::MSG_LPD_PARAMETERS, 0, "lpd-parameters", {}, nullptr},
-}};
+using qz::MessageRow;
 
 // Codes are bits, the highest one included.
-uint32_t code(const Form& form) { return static_cast<uint32_t>(form.code); }
+uint32_t codeOf(const MessageRow& row) { return static_cast<uint32_t>(row.code); }
 
-// Blocks of a wrong size are shown as far as they go.
+// A block of a wrong size is shown as far as possible.
 std::optional<int32_t> int32At(const Message& message, size_t offset) {
     int32_t number = 0;
     if (message.bytes.size() < offset + sizeof(number)) return std::nullopt;
@@ -98,36 +53,41 @@ void decodeHallCalibration(const Message& message, Fields& fields) {
     }
 }
 
-const Form* formOf(const Message& message) {
-    const auto fits = [&](const Form& form) {
-        const bool kindFits = form.kind == 0 || (!message.numbers.empty() && message.numbers[0] == form.kind);
-        return code(form) == message.code && kindFits;
+// The number that is the first of those that the row names.
+size_t firstNamed(const MessageRow& row) { return row.kind == 0 ? 0 : 1; }
+
+const MessageRow* rowOf(const Message& message) {
+    const auto fits = [&](const MessageRow& row) {
+        const bool kindFits = row.kind == 0 || (!message.numbers.empty() && message.numbers[0] == row.kind);
+        return codeOf(row) == message.code && kindFits;
     };
-    const auto found = std::find_if(kForms.begin(), kForms.end(), fits);
-    return found == kForms.end() ? nullptr : &*found;
+    const auto found = std::find_if(std::begin(qz::kMessages), std::end(qz::kMessages), fits);
+    return found == std::end(qz::kMessages) ? nullptr : found;
 }
 
-// A notification always has two numbers, of which some messages use fewer.
-bool isSpare(const Message& message, const Form& form, size_t index) {
-    const bool unnamed = index >= form.numbers.size() || form.numbers[index] == nullptr;
-    return unnamed && !message.isData && message.numbers[index] == 0;
-}
-
-void nameNumbers(const Form& form, Message& message) {
-    for (size_t i = form.kind == 0 ? 0 : 1; i < message.numbers.size(); ++i) {
-        if (isSpare(message, form, i)) continue;
-        const char* name = i < form.numbers.size() ? form.numbers[i] : nullptr;
-        message.fields.push_back({name ? name : "", fmt::to_string(message.numbers[i])});
+// Every number by its name. A notification has two numbers even if its message needs fewer: an unnamed 0 is
+// left out.
+void nameNumbers(const MessageRow& row, Message& message) {
+    for (size_t i = firstNamed(row); i < message.numbers.size(); ++i) {
+        const size_t place = i - firstNamed(row);
+        const bool isNamed = place < row.numbers.count;
+        if (!isNamed && !message.isData && message.numbers[i] == 0) continue;
+        message.fields.push_back({isNamed ? row.numbers[place] : "", fmt::to_string(message.numbers[i])});
     }
 }
 
+void decodeBlock(const MessageRow& row, Message& message) {
+    if (row.code == qz::MSG_SMART_MODE) return decodeSmartMode(message, message.fields);
+    decodeHallCalibration(message, message.fields);
+}
+
 Message decoded(Message message) {
-    const Form* form = formOf(message);
-    message.name = form ? form->name : "unknown message";
-    if (form && form->decode) {
-        form->decode(message, message.fields);
+    const MessageRow* row = rowOf(message);
+    message.name = row ? row->name : "unknown message";
+    if (row && row->form == MessageRow::Form::ownBlock) {
+        decodeBlock(*row, message);
     } else {
-        nameNumbers(form ? *form : Form{}, message);
+        nameNumbers(row ? *row : MessageRow{}, message);
     }
     return message;
 }
@@ -154,8 +114,8 @@ Message dataBlock(int32_t code, const void* data, size_t size) {
 }
 
 std::optional<uint32_t> findMessageCode(std::string_view word) {
-    for (const Form& form : kForms) {
-        if (word == form.name) return code(form);
+    for (const MessageRow& row : qz::kMessages) {
+        if (word == row.name) return codeOf(row);
     }
     const auto number = parseInteger(word);
     const bool fits = number && *number >= 0 && *number <= UINT32_MAX;
@@ -164,7 +124,7 @@ std::optional<uint32_t> findMessageCode(std::string_view word) {
 
 std::string messageNames() {
     std::string names;
-    for (const Form& form : kForms) names.append(names.empty() ? "" : ", ").append(form.name);
+    for (const MessageRow& row : qz::kMessages) names.append(names.empty() ? "" : ", ").append(row.name);
     return names;
 }
 

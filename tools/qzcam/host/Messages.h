@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The messages that reach the application, decoded for reading.
 #pragma once
 
@@ -20,7 +21,7 @@ struct Message {
     std::string name;              // "preview-parameters"
     std::vector<Field> fields;     // the content, decoded
     std::vector<int32_t> numbers;  // the content as it came: two numbers, or the whole int32 of a block
-    std::vector<uint8_t> bytes;    // of a block
+    std::vector<uint8_t> bytes;    // bytes of a block
 };
 
 Message notification(int32_t code, int32_t ext1, int32_t ext2);

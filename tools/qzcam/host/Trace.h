@@ -1,5 +1,6 @@
-// What a request pass of the library does with its host, step by step. Steps are the only evidence of what
-// became of a parameter: reads, entries written or refused, names that the device does not declare.
+// SPDX-License-Identifier: Apache-2.0
+// The steps of a request pass: reads, entries written or refused, names that the device does not declare. A
+// verdict about a parameter relies only on these steps.
 #pragma once
 
 #include "base/Values.h"
@@ -14,17 +15,17 @@ namespace qzcam {
 
 struct TraceStep {
     enum class Kind {
-        Read,     // of a parameter
-        Static,   // of a static entry
+        Read,     // a parameter is read
+        Static,   // a static entry is read
         Missing,  // a tag name that the device does not declare
-        Update,   // of the request
+        Update,   // the request is updated
         Failure,  // an error that the library logged
     };
     Kind kind;
     std::string name;        // key, full name of a tag, text of the log line
-    bool asInteger = false;  // of a read
-    bool present = false;    // of a read or a static entry
-    Values values = {};      // of an update
+    bool asInteger = false;  // for a read
+    bool present = false;    // for a read or a static entry
+    Values values = {};      // for an update
     int32_t status = 0;      // likewise
 
     bool operator==(const TraceStep& other) const {
@@ -40,8 +41,5 @@ void addLogLine(Trace& trace, const LogEvent& line);
 
 // The name of a tag that the resolver, or the platform under it, says it could not find; empty otherwise.
 std::string missingName(const LogEvent& line);
-
-// Which steps of `trace` are not in `other`: the ones between the longest common subsequence of both.
-std::vector<size_t> stepsNotIn(const Trace& trace, const Trace& other);
 
 }  // namespace qzcam

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Expectations as JUnit XML, which continuous integration reads: a suite for each session, a case for each
 // expectation and for each error that keeps a session from being played.
 #pragma once
@@ -27,21 +28,17 @@ class JUnit {
     std::vector<Suite> mSuites;
 };
 
-// The file of a run. From its beginning to its end it holds a report that says "not finished", so that a
-// report from before never passes for one of this run, however the run ends.
+// The report file of a run. During the run it holds a report that says "not finished", so that an old report
+// is never mistaken for one of this run, however the run ends.
 class JUnitFile {
   public:
-    explicit JUnitFile(const std::string& path);  // empty: none
-
-    bool isOneOf(const std::vector<std::string>& inputs) const;
+    explicit JUnitFile(std::string path) : mPath(std::move(path)) {}  // empty: none
 
     // False, and a message, when the file cannot be written.
     bool begin() const;
     bool finish(const JUnit& report) const;
 
   private:
-    bool cannotWrite(int error) const;
-
     std::string mPath;
 };
 

@@ -1,6 +1,9 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "output/JsonPrinter.h"
 
+#include "device/FindingsJson.h"
 #include "facts/Vocabulary.h"
+#include "host/Causes.h"
 #include "host/EventWords.h"
 
 #include <fmt/format.h>
@@ -9,6 +12,7 @@
 #include <nlohmann/json.hpp>
 #include <string>
 #include <type_traits>
+#include <utility>
 #include <variant>
 
 namespace qzcam {
@@ -59,6 +63,7 @@ Json jsonOf(const EntryRow& row) {
               {"change", changeWord(row.change)}};
     if (row.change == Change::Changed) json["before"] = jsonOf(row.before);
     if (!row.from.empty()) json["from"] = row.from;
+    if (!row.lines.empty()) json["lines"] = row.lines;
     return json;
 }
 
@@ -79,7 +84,16 @@ Json jsonOf(const VerdictEntry& entry) {
 
 Json jsonOf(const VerdictRow& row) {
     Json json{{"key", row.key}, {"value", row.value}, {"verdict", verdictWord(row.verdict)}};
+    if (row.line != 0) json["line"] = row.line;
     if (!row.reason.empty()) json["reason"] = row.reason;
+    if (row.overflow) {
+        json["overflow"] = {{"number", row.overflow->number},
+                            {"written", row.overflow->written},
+                            {"type", row.overflow->type}};
+    }
+    if (row.offer) json["offered"] = jsonOf(*row.offer);
+    if (row.owner != KeyOwner::None) json["owner"] = ownerWord(row.owner);
+    if (!row.perhaps.empty()) json["perhaps"] = row.perhaps;
     json["entries"] = listOf(row.entries);
     return json;
 }
@@ -123,14 +137,18 @@ Json jsonOf(const CallbackEvent& event) {
         {"event", "callback"},  {"kind", message.isData ? "data" : "notify"}, {"code", message.code},
         {"name", message.name}, {"fields", listOf(message.fields)},           {"numbers", message.numbers}};
     if (message.isData) json["bytes"] = message.bytes;
+    json["from"] = resultEntriesOf(message);
     return json;
 }
 
 Json jsonOf(const LogEvent& event) {
-    return {{"event", "log"},
-            {"level", std::string(1, logLetter(event.priority))},
-            {"tag", event.tag},
-            {"text", event.text}};
+    Json json{{"event", "log"},
+              {"level", std::string(1, logLetter(event.priority))},
+              {"tag", event.tag},
+              {"text", event.text}};
+    const int level = LogFilter::levelOf(event);
+    if (level != event.priority) json["countsAs"] = std::string(1, logLetter(level));
+    return json;
 }
 
 Json jsonOf(const StatusEvent& event) {
@@ -155,7 +173,45 @@ Json jsonOf(const SummaryEvent& event) {
     return {{"event", "summary"}, {"met", event.met}, {"failed", event.failed}};
 }
 
+// The static entries that areas and crops refer to.
+struct SensorEntry {
+    const char* member;
+    const char* tag;
+};
+
+constexpr SensorEntry kSensorEntries[] = {
+    {"activeArray", "android.sensor.info.activeArraySize"},
+    {"pixelArray", "android.sensor.info.pixelArraySize"},
+    {"maxDigitalZoom", "android.scaler.availableMaxDigitalZoom"},
+    {"subActiveArray", "com.ambrix.device.capabilities.qzSubActiveArraySize"},
+};
+
+Json sensorJson(const Device& device) {
+    const TagNames names(device.vendorTags);
+    Json json = Json::object();
+    for (const auto& [member, tag] : kSensorEntries) {
+        const Tag* found = names.find(tag);
+        if (found == nullptr) continue;
+        for (const StaticEntry& entry : device.entries) {
+            if (entry.tag == found->id) json[member] = jsonOf(entry.values);
+        }
+    }
+    return json;
+}
+
 }  // namespace
+
+nlohmann::ordered_json jsonOf(const Offer& offer) {
+    Json json{{"by", offer.source}};
+    if (offer.kind == Offer::Kind::Range) {
+        json["from"] = offer.values[0];
+        json["to"] = offer.values[1];
+    } else {
+        json["values"] = offer.values;
+    }
+    if (!offer.whole) json["cut"] = true;
+    return json;
+}
 
 nlohmann::ordered_json jsonOf(const Values& values) {
     switch (values.type) {
@@ -176,8 +232,8 @@ nlohmann::ordered_json jsonOf(const Values& values) {
     }
 }
 
-// Texts come from dumps and drivers: bytes that are no UTF-8 are replaced, and all but ASCII is escaped, as
-// some terminals take control characters from beyond it.
+// Texts come from dumps and drivers. Bytes that are not UTF-8 are replaced, and everything except ASCII is
+// escaped, since some terminals accept control characters beyond it.
 void JsonPrinter::write(const Json& object) {
     line(object.dump(-1, ' ', true, Json::error_handler_t::replace));
 }
@@ -185,12 +241,16 @@ void JsonPrinter::write(const Json& object) {
 void JsonPrinter::device(const Device& device) {
     if (!mStarted) write({{"format", "qzcam-events"}, {"version", kVersion}});
     mStarted = true;
-    write({{"event", "device"},
-           {"file", device.file},
-           {"camera", device.camera},
-           {"vendorTags", device.vendorTags.size()},
-           {"staticEntries", device.entries.size()},
-           {"cutLists", device.cutLists}});
+    Json json{{"event", "device"},
+              {"file", device.file},
+              {"camera", device.camera},
+              {"vendorTags", device.vendorTags.size()},
+              {"staticEntries", device.entries.size()},
+              {"cutLists", device.cutLists}};
+    Json sensor = sensorJson(device);
+    if (!sensor.empty()) json["sensor"] = std::move(sensor);
+    addFindings(json, device);
+    write(json);
 }
 
 void JsonPrinter::print(const Event& event) {

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Events for programs: one JSON object a line.
 //
 // The first line says {"format": "qzcam-events", "version": N}. Within a version members may be added, and
@@ -28,6 +29,8 @@ class JsonPrinter : public Output {
     LogFilter mFilter;
     bool mStarted = false;
 };
+
+nlohmann::ordered_json jsonOf(const Offer& offer);
 
 // The elements of an entry; a rational as [numerator, denominator].
 nlohmann::ordered_json jsonOf(const Values& values);

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "output/Monitor.h"
 
 #include "host/VisibleEvent.h"
@@ -28,8 +29,8 @@ void Monitor::print(const Event& raw) {
     if (const auto* request = std::get_if<RequestEvent>(&event)) showAll(*request, true);
     if (const auto* result = std::get_if<ResultEvent>(&event)) showAll(*result, false);
     if (const auto* expectation = std::get_if<ExpectationEvent>(&event); expectation && !expectation->met) {
-        line(fmt::format("{:>4}  FAILED {}: expected {}, but there is {}", expectation->line,
-                         expectation->text, expectation->expected, expectation->actual));
+        line(fmt::format("{:>4}  FAILED {}: expected {}, found {}", expectation->line, expectation->text,
+                         expectation->expected, expectation->actual));
     }
     if (const auto* summary = std::get_if<SummaryEvent>(&event)) {
         line(fmt::format("{} met, {} failed", counted(summary->met, "expectation"), summary->failed));

@@ -1,5 +1,6 @@
-// Only what changed, one entry a line, requests and results in columns of their own: the form in which the
-// platform's tag monitor is read.
+// SPDX-License-Identifier: Apache-2.0
+// Prints only changes, one entry on each line, with a column for requests and one for results, like the
+// platform's tag monitor.
 #pragma once
 
 #include "base/Output.h"
@@ -16,7 +17,7 @@ class Monitor : public Output {
   private:
     void show(const EntryRow& row, bool isRequest);
 
-    size_t mLine = 0;  // of the session
+    size_t mLine = 0;  // line of the session
 };
 
 }  // namespace qzcam

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "output/Printer.h"
 
 #include "facts/Vocabulary.h"
@@ -113,13 +114,14 @@ bool Printer::flush() {
 void Printer::device(const Device& device) {
     line(styled(kBold, fmt::format("{}, camera {}", device.file, device.camera)));
     line(fmt::format("  {} vendor tags, {} static entries", device.vendorTags.size(), device.entries.size()));
-    std::string rest;
-    for (const auto& [what, count] : device.passedOver) {
-        rest += fmt::format("{}{} ({})", rest.empty() ? "" : ", ", what, count);
+    const std::string left = summaryOf(device.left);
+    if (!left.empty()) line(fmt::format("  not used: {}", left));
+    for (const Left& each : device.left) {
+        if (mVerbose) line("    " + visible(textOf(each)));
     }
-    if (!rest.empty()) line(fmt::format("  passed over: {}", rest));
+    for (const std::string& note : device.notes) line("  " + visible(note));
     if (device.cutLists > 0) {
-        line(fmt::format("  cut: {} lists, of which the dump shows 16 values only", device.cutLists));
+        line(fmt::format("  cut: the dump shows only the first 16 values of {} lists", device.cutLists));
     }
 }
 
@@ -163,19 +165,24 @@ std::string Printer::originOf(const EntryRow& row) const {
     return "  " + styled(kDim, origin);
 }
 
-// All that went well is a number; of the rest those are shown that are new.
+// Written parameters are only counted. Of the others, new ones are shown.
 void Printer::show(const VerdictsEvent& event) {
     if (event.rows.empty()) return;
     std::map<Verdict, size_t> counts;
-    for (const VerdictRow& row : event.rows) ++counts[row.verdict];
+    for (const VerdictRow& row : event.rows) {
+        if (row.owner == KeyOwner::None) ++counts[row.verdict];
+    }
     std::string sum;
     for (const auto& [verdict, count] : counts) {
         sum += fmt::format("{}{} {}", sum.empty() ? "" : ", ", count, verdictMeaning(verdict));
     }
-    line(styled(kDim, fmt::format("      parameters: {}", sum)));
+    if (!sum.empty()) line(styled(kDim, fmt::format("      parameters: {}", sum)));
+    showOwned(event, KeyOwner::Platform, "a standard key", "standard keys", "the platform handles");
+    showOwned(event, KeyOwner::Published, "a key", "keys", "the library publishes and does not read");
     std::vector<VerdictRow> shown;
-    std::copy_if(event.rows.begin(), event.rows.end(), std::back_inserter(shown),
-                 [](const VerdictRow& row) { return row.verdict != Verdict::Written && !row.repeated; });
+    std::copy_if(event.rows.begin(), event.rows.end(), std::back_inserter(shown), [](const VerdictRow& row) {
+        return row.verdict != Verdict::Written && !row.repeated && row.owner == KeyOwner::None;
+    });
     const auto parameter = [](const VerdictRow& row) { return assignment(row.key, row.value); };
     const size_t width = std::min(kWidestValue, widest(shown, parameter));
     for (const VerdictRow& row : shown) {
@@ -185,6 +192,21 @@ void Printer::show(const VerdictsEvent& event) {
     }
 }
 
+// Prints one line for all keys of another owner.
+void Printer::showOwned(const VerdictsEvent& event, KeyOwner owner, const char* one, const char* several,
+                        const char* why) {
+    size_t count = 0;
+    bool isNew = false;
+    for (const VerdictRow& row : event.rows) {
+        if (row.owner != owner) continue;
+        ++count;
+        isNew = isNew || !row.repeated;
+    }
+    if (!isNew) return;
+    const std::string what = count == 1 ? one : fmt::format("{} {}", count, several);
+    line(styled(kDim, fmt::format("        {} that {}", what, why)));
+}
+
 void Printer::show(const ParamsEvent& event) {
     if (event.rows.empty()) return line("        no parameters");
     showRows(event.rows);
@@ -192,7 +214,7 @@ void Printer::show(const ParamsEvent& event) {
 
 void Printer::show(const PublishEvent& event) {
     showRows(event.rows);
-    showNames("present, but no parameter of their own:", event.silent);
+    showNames("present, but without a parameter of their own:", event.silent);
     showNames("declared, but without values:", event.absent);
     showNames("not declared by this device:", event.undeclared);
 }
@@ -252,7 +274,7 @@ void Printer::endRepeats() {
     mLastLog = {0, {}, {}};
 }
 
-// Success is what one expects of all but commands, whose status is their answer.
+// Success is not printed, except for commands, whose status is their answer.
 void Printer::show(const StatusEvent& event) {
     if (event.isAnswer) {
         return line(fmt::format("      = {} returned {} ({:#x})", event.of, event.status,
@@ -271,7 +293,7 @@ void Printer::show(const ExpectationEvent& event) {
     if (event.met) {
         return line(styled(kDim, fmt::format("{:>4}> {}  ", event.line, event.text)) + styled(kGreen, "ok"));
     }
-    line(styled(kRed, fmt::format("{}:{}: FAILED {}: expected {}, but there is {}", event.file, event.line,
+    line(styled(kRed, fmt::format("{}:{}: FAILED {}: expected {}, found {}", event.file, event.line,
                                   event.text, event.expected, event.actual)));
 }
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Events as text for reading.
 #pragma once
 
@@ -16,6 +17,9 @@ class Printer : public Output {
     Printer(std::FILE* out, bool colour, LogFilter filter)
         : Output(out), mColour(colour), mFilter(std::move(filter)) {}
 
+    // Lists also what of a device's dump is not used, line by line.
+    void setVerbose(bool verbose) { mVerbose = verbose; }
+
     void device(const Device& device) override;
     void print(const Event& event) override;
     bool flush() override;
@@ -24,7 +28,7 @@ class Printer : public Output {
     void show(const CommandEvent& event);
     void show(const RequestEvent& event);
     void show(const VerdictsEvent& event);
-    void show(const ResultEvent&) {}  // the command says it all
+    void show(const ResultEvent&) {}  // the command line is enough
     void show(const ParamsEvent& event);
     void show(const PublishEvent& event);
     void show(const CallbackEvent& event);
@@ -39,18 +43,21 @@ class Printer : public Output {
   private:
     void showRows(const std::vector<ParamRow>& rows);
     void showNames(const char* title, const std::vector<std::string>& names);
+    void showOwned(const VerdictsEvent& event, KeyOwner owner, const char* one, const char* several,
+                   const char* why);
     void endRepeats();
     std::string styled(const char* style, const std::string& text) const;
     std::string marked(Change change, const std::string& text) const;
     std::string originOf(const EntryRow& row) const;
 
     bool mColour;
+    bool mVerbose = false;
     LogFilter mFilter;
     LogEvent mLastLog{0, {}, {}};
-    size_t mRepeats = 0;  // of mLastLog
+    size_t mRepeats = 0;  // repetitions of mLastLog
 };
 
-// Whether to colour what goes to `out`: a terminal only, and not when the user says no.
+// Returns true if the output to `out` is coloured: only on a terminal, and unless the user switches it off.
 bool wantsColour(std::FILE* out);
 
 }  // namespace qzcam

@@ -1,11 +1,14 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "session/Assignment.h"
 
+#include "facts/Hints.h"
 #include "facts/Tags.h"
 #include "session/Expectations.h"
 
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <memory>
 #include <utility>
 #include <vector>
 
@@ -13,13 +16,74 @@ namespace qzcam {
 
 namespace {
 
-// A name with its section is meant, whatever it names; the standard sections are the same on all devices.
+// A name with its section is accepted for any tag. The standard sections are the same on all devices.
 bool isWholeVendorName(const std::string& name) {
     return name.find('.') != std::string::npos && !startsWith(name, "android.");
 }
 
 bool mayBeDeclaredElsewhere(const std::string& name) {
     return isWholeVendorName(name) || libraryTags().knows(name);
+}
+
+class DeviceComparison {
+  public:
+    DeviceComparison(const TagNames& names, Problems& problems, Cameras* cameras)
+        : mNames(&names), mProblems(problems), mCameras(cameras) {}
+
+    void check(const Command& command);
+
+  private:
+    void open(const Command& command);
+    void check(const Command& command, const std::string& name, const std::string& list);
+
+    const TagNames* mNames;
+    Problems& mProblems;
+    Cameras* mCameras;
+    std::unique_ptr<TagNames> mOpened;
+};
+
+void DeviceComparison::check(const Command& command) {
+    switch (command.syntax->id) {
+        case CommandId::Open:
+            return open(command);
+        case CommandId::Result:
+            for (const Word& word : command.words) {
+                const size_t equals = word.raw.find('=');
+                check(command, word.raw.substr(0, equals), word.raw.substr(equals + 1));
+            }
+            return;
+        case CommandId::ExpectEntry:
+            return check(command, command.word(0), rawFrom(command, 1, ","));
+        case CommandId::ExpectNoEntry:
+        case CommandId::ExpectChange:
+            // A name that no tag has never has an entry, so that such an expectation would always be met.
+            return check(command, command.word(0), "");
+        default:
+            return;
+    }
+}
+
+void DeviceComparison::open(const Command& command) {
+    if (mCameras == nullptr) return;
+    const auto number = static_cast<int>(*parseInteger(command.word(0)));
+    if (const Device* device = mCameras->find(number)) {
+        mOpened = std::make_unique<TagNames>(device->vendorTags);
+        mNames = mOpened.get();
+        return;
+    }
+    mProblems.add(command.line, fmt::format("no camera {} in the dump: expected {}", number,
+                                            fmt::join(mCameras->numbers(), " or ")));
+}
+
+void DeviceComparison::check(const Command& command, const std::string& name, const std::string& list) {
+    if (!mNames->knows(name)) {
+        if (mayBeDeclaredElsewhere(name)) return;
+        mProblems.add(command.line, fmt::format("unknown tag {}{}", excerpt(name),
+                                                perhaps(nearest(name, mNames->allNames()))));
+        return;
+    }
+    const auto entry = parseAssignment(*mNames, name, list);
+    if (const auto* wrong = std::get_if<std::string>(&entry)) mProblems.add(command.line, *wrong);
 }
 
 }  // namespace
@@ -42,29 +106,9 @@ std::variant<StaticEntry, std::string> parseAssignment(const TagNames& names, co
     return parseAssignment(names, assignment.substr(0, equals), assignment.substr(equals + 1));
 }
 
-void checkAgainstDevice(const Session& session, const TagNames& names, Problems& problems) {
-    const auto check = [&](const Command& command, const std::string& name, const std::string& list) {
-        if (!names.knows(name)) {
-            if (!mayBeDeclaredElsewhere(name)) problems.add(command.line, "unknown tag " + excerpt(name));
-            return;
-        }
-        const auto entry = parseAssignment(names, name, list);
-        if (const auto* wrong = std::get_if<std::string>(&entry)) problems.add(command.line, *wrong);
-    };
-    for (const Command& command : session.commands) {
-        if (command.syntax->id == CommandId::Result) {
-            for (const Word& word : command.words) {
-                const size_t equals = word.raw.find('=');
-                check(command, word.raw.substr(0, equals), word.raw.substr(equals + 1));
-            }
-        } else if (command.syntax->id == CommandId::ExpectEntry) {
-            check(command, command.word(0), rawFrom(command, 1, ","));
-        } else if (command.syntax->id == CommandId::ExpectNoEntry ||
-                   command.syntax->id == CommandId::ExpectChange) {
-            // Of a name that no tag has there is never an entry: a slip of the pen would always be met.
-            check(command, command.word(0), "");
-        }
-    }
+void checkAgainstDevice(const Session& session, const TagNames& names, Problems& problems, Cameras* cameras) {
+    DeviceComparison comparison(names, problems, cameras);
+    for (const Command& command : session.commands) comparison.check(command);
 }
 
 }  // namespace qzcam

@@ -1,6 +1,8 @@
+// SPDX-License-Identifier: Apache-2.0
 // "NAME=VALUES" of a session, for a tag of the device.
 #pragma once
 
+#include "device/Cameras.h"
 #include "device/Device.h"
 #include "session/Session.h"
 
@@ -9,14 +11,18 @@
 
 namespace qzcam {
 
-// The tag, and the values as its type wants them; otherwise what is wrong.
+// Returns the tag and the values in its type, or a description of the problem.
 std::variant<StaticEntry, std::string> parseAssignment(const TagNames& names, const std::string& name,
                                                        const std::string& list);
 std::variant<StaticEntry, std::string> parseAssignment(const TagNames& names, const std::string& assignment);
 
-// What a session asks of a device: tags that it brings or expects must exist and take the values given. A tag
-// that this device does not declare, but the library looks for, is no slip of the pen: what becomes of it
-// shows when the session is played.
-void checkAgainstDevice(const Session& session, const TagNames& names, Problems& problems);
+// Checks a session against a device: the tags that it uses must exist and accept the given values. A tag that
+// this device does not declare, but the library looks up, is not a typing error: playing the session shows
+// the effect.
+//
+// With `cameras`, commands are checked against the camera that is opened before them, and every camera that
+// is opened must exist.
+void checkAgainstDevice(const Session& session, const TagNames& names, Problems& problems,
+                        Cameras* cameras = nullptr);
 
 }  // namespace qzcam

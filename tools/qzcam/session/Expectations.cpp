@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "session/Expectations.h"
 
 #include "cli/Queries.h"
@@ -37,7 +38,7 @@ const EntryRow* findRow(const Command& command, const PlayState& state) {
     return found == state.entries.end() ? nullptr : &*found;
 }
 
-// A tag without an entry is something else than no tag.
+// A tag without an entry differs from an undeclared tag.
 std::string nothingOf(const Command& command, const PlayState& state) {
     const auto tag = state.names.resolve(command.word(0));
     const auto* wrong = std::get_if<std::string>(&tag);
@@ -90,7 +91,7 @@ bool hasNumbers(const Message& message, const Command& command) {
     std::vector<int32_t> numbers;
     const std::string list = rawFrom(command, 1, ",");
     for (const std::string_view text : split(list, ',')) {
-        numbers.push_back(static_cast<int32_t>(*parseInteger(text)));  // of at most 32 bits
+        numbers.push_back(static_cast<int32_t>(*parseInteger(text)));  // has at most 32 bits
     }
     if (!message.isData && numbers.size() < message.numbers.size()) numbers.resize(message.numbers.size());
     return numbers == message.numbers;

@@ -1,4 +1,5 @@
-// Expectations of a session against what has come of its commands.
+// SPDX-License-Identifier: Apache-2.0
+// Compares the expectations of a session with the results of its commands.
 #pragma once
 
 #include "device/Device.h"
@@ -13,7 +14,7 @@
 
 namespace qzcam {
 
-// What the last command that was not an expectation brought about.
+// Results of the last command that was not an expectation.
 struct Step {
     std::optional<int32_t> status;
     std::optional<bool> skipped;
@@ -24,7 +25,7 @@ struct Step {
 struct PlayState {
     const TagNames& names;
     Camera* camera = nullptr;
-    std::vector<EntryRow> entries = {};     // of the last request
+    std::vector<EntryRow> entries = {};     // entries of the last request
     std::vector<VerdictRow> verdicts = {};  // likewise
     PublishEvent published = {};            // the last time
     Step step = {};

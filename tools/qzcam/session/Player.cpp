@@ -1,9 +1,14 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "session/Player.h"
 
+#include "host/EventWords.h"
 #include "host/LogCapture.h"
 #include "session/Assignment.h"
 
 #include <camera/VendorTagDescriptor.h>
+#include <fmt/format.h>
+
+#include <fmt/format.h>
 
 #include <algorithm>
 #include <array>
@@ -11,16 +16,46 @@
 
 namespace qzcam {
 
-Player::Player(const Device& device, EventSink sink)
-    : mSink(std::move(sink)),
-      mNames(device.vendorTags),
-      mVerdicts(device, mNames, mCharacteristics),
-      mState{mNames} {
-    installVendorTags(device);
-    mCharacteristics = staticCharacteristics(device);
+namespace {
+
+// Removes addresses of this process, "CCameraQzParam(0x562a7f7d04f0)": they are useless to a reader, and
+// without them the same session always prints the same lines.
+LogEvent withoutAddress(LogEvent line) {
+    std::string& text = line.text;
+    const size_t begin = text.find("(0x");
+    if (begin == std::string::npos || text.find(' ') < begin) return line;
+    const size_t end = text.find_first_not_of("0123456789abcdef", begin + 3);
+    if (end != std::string::npos && text[end] == ')') text.replace(begin, end - begin, "(0x...");
+    return line;
+}
+
+}  // namespace
+
+Player::Player(const Device& device, EventSink sink) : mSink(std::move(sink)), mNames({}), mState{mNames} {
+    use(device);
 }
 
 Player::~Player() { android::VendorTagDescriptor::clearGlobalVendorTagDescriptor(); }
+
+void Player::use(const Device& device) {
+    mDevice = &device;
+    mNames = TagNames(device.vendorTags);
+    installVendorTags(device);
+    mCharacteristics = staticCharacteristics(device);
+    mVerdicts.emplace(device, mNames, mCharacteristics);
+}
+
+void Player::chooseDevice(int number) {
+    if (!mCameras) return;
+    const Device* device = mCameras->find(number);
+    if (device == nullptr) {
+        mSink(NoteEvent{fmt::format("no camera {} in the dump: {} is used", number, mDevice->camera)});
+    } else if (device->camera != mDevice->camera) {
+        mSink(NoteEvent{fmt::format("camera {} is {}: {}", number, device->camera,
+                                    counted(device->entries.size(), "static entry", "static entries"))});
+        use(*device);
+    }
+}
 
 bool Player::play(const Session& session) {
     playPiece(session);
@@ -33,14 +68,15 @@ bool Player::end() {
     return mFailed == 0;
 }
 
-void Player::playAsGuest(const Session& session) {
+bool Player::playAsGuest(const Session& session) {
     mExpectations = false;
     mBackgroundCommands = takesAllResults(session);
     playPiece(session);
     finish();
+    return mFailed == 0;
 }
 
-// A command in the background may wait for one that cannot come.
+// A command in the background may wait for a result that never arrives.
 bool Player::takesAllResults(const Session& session) const {
     const auto takes = [this](const Word& word) {
         return std::holds_alternative<StaticEntry>(parseAssignment(mNames, word.raw));
@@ -53,13 +89,43 @@ bool Player::takesAllResults(const Session& session) const {
 
 void Player::playPiece(const Session& piece) {
     const LogListener listener([this](const LogEvent& line) { hear(line); });
-    for (const Command& command : piece.commands) {
+    for (size_t i = 0; i < piece.commands.size(); ++i) {
+        const Command& command = piece.commands[i];
         if (!isPlayed(command)) continue;
         if (isExpectation(command.syntax->id)) {
             examineExpectation(piece, command);
         } else {
             execute(command);
         }
+        if (mStrict && command.syntax->id == CommandId::Request) examineVerdicts(piece, i);
+    }
+}
+
+namespace {
+
+// True if one of the expectations behind the request is that verdict.
+bool expectsVerdict(const Session& session, size_t request, const VerdictRow& row) {
+    for (size_t i = request + 1; i < session.commands.size(); ++i) {
+        const Command& command = session.commands[i];
+        if (!isExpectation(command.syntax->id)) return false;
+        const bool isIt = command.syntax->id == CommandId::ExpectVerdict && command.word(0) == row.key &&
+                          command.word(1) == verdictWord(row.verdict);
+        if (isIt) return true;
+    }
+    return false;
+}
+
+}  // namespace
+
+void Player::examineVerdicts(const Session& session, size_t request) {
+    const Command& command = session.commands[request];
+    for (const VerdictRow& row : mState.verdicts) {
+        if (row.repeated || !isUnfit(row.verdict)) continue;
+        if (mExpectations && expectsVerdict(session, request, row)) continue;
+        ++mFailed;
+        mSink(ExpectationEvent{
+            session.file, command.line, "strict " + row.key, false, "a value that is offered and fits",
+            fmt::format("{} ({}: {})", excerpt(row.value), verdictWord(row.verdict), row.reason)});
     }
 }
 
@@ -95,7 +161,7 @@ void Player::begin(size_t line, const std::string& text) {
     mSink(CommandEvent{line, text});
 }
 
-// A camera that is closed at the end says so in the log, as one that is replaced does.
+// A camera that is closed at the end logs it, like a camera that is replaced.
 void Player::finish() {
     const LogListener listener([this](const LogEvent& line) { hear(line); });
     if (mBackground.valid()) {
@@ -110,8 +176,8 @@ void Player::finish() {
 }
 
 void Player::hear(const LogEvent& line) {
-    mState.step.log.push_back(line);
-    mSink(line);
+    mState.step.log.push_back(withoutAddress(line));
+    mSink(mState.step.log.back());
 }
 
 }  // namespace qzcam

@@ -1,7 +1,9 @@
-// Plays a session: carries out its commands on the library and tells what comes of them as events.
+// SPDX-License-Identifier: Apache-2.0
+// Plays a session: runs its commands on the library and reports the results as events.
 #pragma once
 
 #include "base/Text.h"
+#include "device/Cameras.h"
 #include "device/Device.h"
 #include "host/Camera.h"
 #include "host/Events.h"
@@ -32,22 +34,33 @@ class Player {
     Player(const Player&) = delete;
     Player& operator=(const Player&) = delete;
 
+    // From now on `open N` opens camera N of these; otherwise the one device, whatever the number.
+    void setCameras(std::shared_ptr<Cameras> cameras) { mCameras = std::move(cameras); }
+
     const TagNames& names() const { return mNames; }
+    const Offers& offers() const { return mVerdicts->offers(); }
+
+    // All parameters as they are now, "key=value;key=value"; empty without a camera.
+    std::string flattened() const;
 
     // Parameters that the application sets right after each `open`.
     void setParameters(std::vector<Parameter> parameters) { mInitial = std::move(parameters); }
 
-    // False when an expectation was not met.
+    // Parameters that the device does not offer, or whose number does not fit, count as failed expectations,
+    // but for those that the session expects to be so.
+    void beStrict() { mStrict = true; }
+
+    // Returns false if an expectation was not met.
     bool play(const Session& session);
 
-    // The same piece by piece: what one piece leaves behind is there for the next, until the end closes the
-    // camera and sums up.
+    // Play a session in parts: each part continues with the state of the part before it. The end closes the
+    // camera and prints the summary.
     void playPiece(const Session& piece);
     bool end();
 
-    // A session written for another device: expectations are left out, and so is what this device has no tags
-    // for.
-    void playAsGuest(const Session& session);
+    // Plays a session written for another device: skips expectations, and commands for tags that this device
+    // does not declare.
+    bool playAsGuest(const Session& session);
 
   private:
     struct BackgroundCommand {
@@ -57,9 +70,12 @@ class Player {
     };
 
     void examineExpectation(const Session& session, const Command& command);
+    void examineVerdicts(const Session& session, size_t request);
     bool takesAllResults(const Session& session) const;
     bool isPlayed(const Command& command) const;
     void execute(const Command& command);
+    void use(const Device& device);
+    void chooseDevice(int number);
     void begin(size_t line, const std::string& text);
     void finish();
 
@@ -85,8 +101,9 @@ class Player {
     void hear(const LogEvent& line);
     void status(const std::string& of, int32_t value, bool isAnswer = false);
     void property(const std::string& name, const std::string& value);
-    void setParameter(const std::string& key, const std::string& value);
+    void setParameter(const std::string& key, const std::string& value, size_t line);
     VerdictsEvent judge(const Trace& trace);
+    void addOrigin(EntryRow& entry, const std::vector<VerdictRow>& verdicts) const;
     void addResultEntry(android::CameraMetadata& result, const std::string& assignment);
     std::vector<EntryRow> entriesOf(const android::CameraMetadata& metadata) const;
     Texts parameterTexts() const;
@@ -97,16 +114,20 @@ class Player {
     EventSink mSink;
     TagNames mNames;
     android::CameraMetadata mCharacteristics;
-    VerdictFinder mVerdicts;
+    std::optional<VerdictFinder> mVerdicts;
+    const Device* mDevice = nullptr;
+    std::shared_ptr<Cameras> mCameras;
     std::vector<Parameter> mInitial;
     std::unique_ptr<Camera> mCamera;
-    std::set<std::string> mOwnKeys;  // what the application set, and no publishing after it
-    Circumstances mCircumstances;    // of the next request
+    std::set<std::string> mOwnKeys;  // keys that the application set, not overwritten by publishing
+    SetLines mSetLines;              // lines of the session that set parameters
+    Circumstances mCircumstances;    // circumstances of the next request
     std::vector<EntryRow> mResult;   // the last one's
     std::future<BackgroundCommand> mBackground;
     PlayState mState;
     bool mPublished = false;  // by this camera
     int64_t mFrame = 0;
+    bool mStrict = false;
     bool mExpectations = true;        // are examined
     bool mBackgroundCommands = true;  // are played
     size_t mMet = 0;

@@ -1,4 +1,5 @@
-// The commands that the player carries out, one function each.
+// SPDX-License-Identifier: Apache-2.0
+// The commands of the player, one function for each.
 #include "cli/Queries.h"
 #include "device/Properties.h"
 #include "facts/Lookup.h"
@@ -26,7 +27,7 @@ auto findTag(Rows& rows, uint32_t tag) {
     return std::find_if(rows.begin(), rows.end(), [&](const EntryRow& row) { return row.tag == tag; });
 }
 
-// Marks what is new or changed since `before`, and adds what is gone.
+// Marks entries that are new or changed since `before`, and adds those that are gone.
 void markChanges(std::vector<EntryRow>& entries, const std::vector<EntryRow>& before) {
     std::vector<EntryRow> gone;
     for (const EntryRow& old : before) {
@@ -74,6 +75,7 @@ void Player::setProp(const Command& command) { property(command.word(0), command
 void Player::open(const Command& command) {
     mState.camera = nullptr;
     mCamera.reset();
+    chooseDevice(numberOf(command.word(0)));
     mCamera =
         std::make_unique<Camera>(numberOf(command.word(0)), mCharacteristics, [this](const Message& message) {
             mState.step.messages.push_back(message);
@@ -88,7 +90,8 @@ void Player::open(const Command& command) {
     mResult.clear();
     mCircumstances = {};
     mCircumstances.camera = numberOf(command.word(0));
-    for (const auto& [key, value] : mInitial) setParameter(key, value);
+    mSetLines.clear();
+    for (const auto& [key, value] : mInitial) setParameter(key, value, 0);
 }
 
 void Player::client(const Command& command) {
@@ -109,15 +112,16 @@ void Player::set(const Command& command) {
     for (const std::string_view pair : split(command.word(0), ';')) {
         const size_t equals = pair.find('=');
         if (equals == std::string_view::npos) continue;
-        setParameter(std::string(pair.substr(0, equals)), std::string(pair.substr(equals + 1)));
+        setParameter(std::string(pair.substr(0, equals)), std::string(pair.substr(equals + 1)), command.line);
     }
 }
 
-void Player::setParameter(const std::string& key, const std::string& value) {
+void Player::setParameter(const std::string& key, const std::string& value, size_t line) {
     mCamera->parameters().set(key.c_str(), value.c_str());
     const char* now = mCamera->parameters().get(key.c_str());
     if (now && value == now) {
         mOwnKeys.insert(key);
+        mSetLines[key] = line;
     } else {
         mSink(NoteEvent{fmt::format("the parameter set refused {}", excerpt(key + "=" + value))});
     }
@@ -136,7 +140,7 @@ void Player::params(const Command&) {
     mSink(event);
 }
 
-// What a service does with the adapter before it hands the parameters to the application.
+// Does what a service does with the adapter before it passes the parameters to the application.
 void Player::refresh(const Command&) {
     const Texts before = parameterTexts();
     mCamera->adapter().setShutterMute(mCamera->parameters());
@@ -148,6 +152,12 @@ void Player::refresh(const Command&) {
         if (change != Change::None) event.rows.push_back({key, value, {}, change});
     }
     mSink(event);
+}
+
+std::string Player::flattened() const {
+    if (!mCamera) return {};
+    const android::String8 text = mCamera->parameters().flatten();
+    return {text.c_str(), text.length()};
 }
 
 Texts Player::parameterTexts() const {
@@ -220,7 +230,7 @@ void Player::request(const Command& command) {
     mCamera->inspector().checkRequest(requests, command.words.empty() || command.word(0) == "repeating");
     RequestEvent event{entriesOf(metadata)};
     const VerdictsEvent verdicts = judge(trace);
-    for (EntryRow& entry : event.entries) entry.from = originOf(entry, verdicts.rows);
+    for (EntryRow& entry : event.entries) addOrigin(entry, verdicts.rows);
     markChanges(event.entries, mState.entries);
     mState.entries = event.entries;
     mState.verdicts = verdicts.rows;
@@ -228,11 +238,21 @@ void Player::request(const Command& command) {
     mSink(verdicts);
 }
 
+void Player::addOrigin(EntryRow& entry, const std::vector<VerdictRow>& verdicts) const {
+    entry.from = originOf(entry, verdicts);
+    for (const auto& [key, value] : entry.from) {
+        const auto line = mSetLines.find(key);
+        if (line != mSetLines.end() && line->second != 0) entry.lines.insert(*line);
+    }
+}
+
 VerdictsEvent Player::judge(const Trace& trace) {
     const Texts parameters = parameterTexts();
     VerdictsEvent event{
-        mVerdicts.find(trace, {mOwnKeys.begin(), mOwnKeys.end()}, parameters, mCircumstances)};
+        mVerdicts->find(trace, {mOwnKeys.begin(), mOwnKeys.end()}, parameters, mCircumstances)};
     for (VerdictRow& row : event.rows) {
+        const auto line = mSetLines.find(row.key);
+        if (line != mSetLines.end()) row.line = line->second;
         row.repeated =
             std::any_of(mState.verdicts.begin(), mState.verdicts.end(), [&](const VerdictRow& before) {
                 return before.key == row.key && before.value == row.value && before.verdict == row.verdict;

@@ -1,4 +1,7 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "session/Session.h"
+
+#include "facts/Hints.h"
 
 #include <fmt/format.h>
 
@@ -11,7 +14,8 @@ namespace {
 
 constexpr std::string_view kBlanks = " \t";
 
-// Adds the next word. A quote may begin anywhere in it: name="a b". False when a quote does not end.
+// Adds the next word. A quote may begin anywhere in it: name="a b". Returns false if the closing quote is
+// missing.
 bool takeWord(std::string_view& rest, std::vector<Word>& words) {
     const std::string_view start = rest;
     Word word;
@@ -30,7 +34,7 @@ bool takeWord(std::string_view& rest, std::vector<Word>& words) {
     return true;
 }
 
-// A '#' begins a comment where a word could begin; within one it is a character like any other.
+// A '#' begins a comment at the beginning of a word. Inside a word it is a normal character.
 bool splitWords(std::string_view& line, std::vector<Word>& words) {
     std::string_view rest = line;
     for (;;) {
@@ -69,8 +73,7 @@ std::optional<Command> SessionReader::line(size_t number, std::string_view text,
     if (words.empty()) return std::nullopt;
     const CommandSpec* syntax = findSpec(words[0].text);
     if (!syntax) {
-        problems.add(number, fmt::format("unknown command {}: expected one of those that {} lists",
-                                         excerpt(words[0].text), mHelp));
+        problems.add(number, unknown(words[0].text));
         return std::nullopt;
     }
     words.erase(words.begin());
@@ -87,15 +90,22 @@ std::string SessionReader::wrongWith(const Command& command) {
         const std::string form = fmt::format("{} {}", syntax.name, syntax.arguments);
         const bool isSplit = syntax.mostWords > 0 && command.words.size() > syntax.mostWords;
         return fmt::format("expected '{}', not {}{}", trimmed(form), excerpt(command.text),
-                           isSplit ? "; a text with blanks stands in \"quotes\"" : "");
+                           isSplit ? "; put a text with blanks in \"quotes\"" : "");
     }
     const std::string expected = syntax.check ? syntax.check(command) : std::string();
     if (!expected.empty()) return fmt::format("expected {}, not {}", expected, excerpt(command.text));
     return wrongPlace(command);
 }
 
-// One command at a time is the library's rule for its command handler, and a camera must not go while one
-// runs.
+std::string SessionReader::unknown(const std::string& word) const {
+    std::vector<std::string> words = mMore;
+    for (const CommandSpec& syntax : commandSpecs()) words.emplace_back(syntax.name);
+    const std::string meant = nearestOne(word, words);
+    return fmt::format("unknown command {}: {}expected one of those that {} lists", excerpt(word),
+                       meant.empty() ? "" : fmt::format("perhaps '{}' is meant; ", meant), mHelp);
+}
+
+// The library allows one command at a time, and a camera must not be closed while one runs.
 std::string SessionReader::wrongPlace(const Command& command) {
     const CommandId id = command.syntax->id;
     if (needsCamera(id) && !mOpen) return fmt::format("expected 'open' before '{}'", command.syntax->name);

@@ -1,4 +1,5 @@
-// The session language: what an application, a host and a pipeline do with a camera, a command a line.
+// SPDX-License-Identifier: Apache-2.0
+// The session language: actions of an application, a host and a pipeline, one command on each line.
 #pragma once
 
 #include "base/Text.h"
@@ -7,6 +8,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace qzcam {
@@ -63,7 +65,7 @@ struct Command {
 };
 
 struct CommandSpec {
-    // What the arguments should be, when they are something else; empty when they are right.
+    // Returns the expected form of the arguments if they are wrong; empty if they are right.
     using Check = std::string (*)(const Command&);
 
     CommandId id;
@@ -87,7 +89,9 @@ struct Session {
 class SessionReader {
   public:
     // `help`: where to find the commands, for messages.
-    explicit SessionReader(const char* help = "'qzcam run --help'") : mHelp(help) {}
+    // `more`: words that may be meant beside the commands.
+    explicit SessionReader(const char* help = "'qzcam run --help'", std::vector<std::string> more = {})
+        : mHelp(help), mMore(std::move(more)) {}
 
     // The line's command; nothing for a line without one, or with a problem, after which the next line may
     // follow.
@@ -96,8 +100,10 @@ class SessionReader {
   private:
     std::string wrongWith(const Command& command);
     std::string wrongPlace(const Command& command);
+    std::string unknown(const std::string& word) const;
 
     const char* mHelp;
+    std::vector<std::string> mMore;
     bool mOpen = false;
     bool mInBackground = false;
 };

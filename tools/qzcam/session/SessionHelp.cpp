@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "session/SessionHelp.h"
 
 #include "cli/Queries.h"
@@ -45,7 +46,7 @@ std::string codeTable() {
     return table;
 }
 
-const char* verdictRules() { return "Verdicts on a parameter after a request, for 'expect-verdict':\n"; }
+const char* verdictRules() { return "Verdicts about a parameter after a request, for 'expect-verdict':\n"; }
 
 std::string verdictTable() {
     std::string table;
@@ -54,14 +55,14 @@ std::string verdictTable() {
 }
 
 const char* valueHelp() {
-    return "Names of entries may leave out their section where that is clear. Values are separated by "
-           "commas: numbers\n"
-           "(also 0x...), n/d, names of a standard tag's values; of byte entries also \"text\" and u\"text\" "
-           "(16 bits).\n";
+    return "The section of an entry's name may be omitted if the name stays unambiguous. Commas separate "
+           "values:\n"
+           "numbers (also 0x...), n/d, names of a standard tag's values; for byte entries also \"text\" and\n"
+           "u\"text\" (16 bits).\n";
 }
 
 const char* sessionRules() {
-    return "Session commands, one a line, '#' begins a comment, \"quotes\" keep blanks:\n";
+    return "Session commands, one on each line; '#' begins a comment, \"quotes\" keep blanks:\n";
 }
 
 const char* questionRules() { return "Questions for 'query' and 'expect-query':\n"; }

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The session language as text: for `--help`, for `help` at the shell's prompt and for the manual page.
 #pragma once
 
@@ -13,12 +14,12 @@ const char* sessionRules();
 std::string commandTable();
 const char* questionRules();
 std::string questionTable();
-std::string codeTable();  // of `sendcommand`
+std::string codeTable();  // codes of `sendcommand`
 const char* verdictRules();
 std::string verdictTable();
 const char* valueHelp();
 
-// One command's form and what it does, as a line.
+// Returns the form and the help of one command as a line.
 std::string commandHelp(const CommandSpec& syntax);
 
 }  // namespace qzcam

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "verdict/Check.h"
 
 #include "device/VendorTagsInPlace.h"
@@ -125,7 +126,7 @@ void take(TagCheck& check, EntryFinding finding) {
 
 EntryFinding missing(const TagFact& fact) {
     if (!lacksSection(fact.entry.tag)) return {TagVerdict::Missing, {}};
-    return {TagVerdict::Missing, "looked up without a section, so that hardly any device can declare it"};
+    return {TagVerdict::Missing, "looked up without a section: almost no device can declare it"};
 }
 
 EntryFinding mistyped(const TagFact& fact) {
@@ -161,6 +162,7 @@ TagCheck DeviceChecker::checkVendorTag(const TagFact& fact) const {
         take(check, mistyped(fact));
     } else if (fact.use == Use::Capability) {
         take(check, findingOf(fact, tag));
+        if (const StaticEntry* entry = entryOf(mDevice.entries, tag.id)) check.values = entry->values;
     }
     return check;
 }
@@ -188,7 +190,7 @@ EntryFinding DeviceChecker::findingOf(const TagFact& fact, const Tag& tag) const
                         camera_metadata_type_names[tag.type], mistyped->line, unpublished(fact))};
 }
 
-// What the row does not tell, the getter does.
+// Checks an entry against its row, then against the error lines of its getter.
 EntryFinding DeviceChecker::judged(const TagFact& fact, const StaticEntry& entry) const {
     EntryFinding finding = checkEntry(fact, entry);
     const auto complaint = mComplaints.find(fact.entry.tag);

@@ -1,5 +1,6 @@
-// A device compared with the rows: which of the library's tags it declares, with which element types, and
-// which static entries its readers can use.
+// SPDX-License-Identifier: Apache-2.0
+// Compares a device with the rows: the library's tags that it declares, their element types, and the static
+// entries that the library can use.
 #pragma once
 
 #include "device/Device.h"
@@ -8,6 +9,7 @@
 #include <rows/Feature.h>
 
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -16,8 +18,8 @@ namespace qzcam {
 // Worst first.
 enum class TagVerdict {
     Mistyped,   // declared with another element type than the library's
-    Malformed,  // right type, but the entry's count or values make no sense to its reader
-    Doubtful,   // the reader takes it, but probably not as it was meant
+    Malformed,  // right type, but the library cannot use the entry's count or values
+    Doubtful,   // the library accepts it, but probably not in the intended sense
     Missing,    // not declared
     NoEntry,    // declared, but this camera has no such static entry
     Fine,
@@ -35,6 +37,7 @@ struct TagCheck {
     std::string declared;  // element type, empty for a missing tag
     qz::EntryRow expected;
     std::string problem;
+    std::optional<Values> values = std::nullopt;  // values of its static entry
 };
 
 struct DeviceCheck {

@@ -1,7 +1,10 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "verdict/CheckReport.h"
 
 #include "base/Text.h"
+#include "device/FindingsJson.h"
 #include "facts/RowTexts.h"
+#include "output/JsonPrinter.h"
 
 #include <fmt/format.h>
 #include <nlohmann/json.hpp>
@@ -17,9 +20,9 @@ constexpr std::array<TagVerdict, kVerdicts> kAll{TagVerdict::Mistyped, TagVerdic
                                                  TagVerdict::Doubtful, TagVerdict::Missing,
                                                  TagVerdict::NoEntry,  TagVerdict::Fine};
 
-class Report {
+class CheckText {
   public:
-    Report(const DeviceCheck& check, bool colour) : mCheck(check), mColour(colour) {}
+    CheckText(const DeviceCheck& check, bool colour) : mCheck(check), mColour(colour) {}
 
     std::string text(const Device& device);
 
@@ -27,7 +30,6 @@ class Report {
     void addSummary();
     void addFeature(const FeatureCheck& feature);
     void addRow(const TagCheck& row);
-    std::string words(const TagCheck& row) const;
     void addUnused();
     void addVerdict(const Device& device);
     std::string styled(const char* style, const std::string& text) const {
@@ -41,12 +43,7 @@ class Report {
 
 const char* typeOf(const qz::EntryRow& entry) { return camera_metadata_type_names[entry.type]; }
 
-const char* styleOf(TagVerdict verdict) {
-    if (verdict == TagVerdict::Mistyped || verdict == TagVerdict::Malformed) return "31";
-    return verdict == TagVerdict::Fine ? "32" : verdict == TagVerdict::Doubtful ? "33" : "2";
-}
-
-std::string Report::text(const Device& device) {
+std::string CheckText::text(const Device& device) {
     addSummary();
     const bool hasAny = mCheck.count(TagVerdict::Missing) < mCheck.tags.size();
     for (const FeatureCheck& feature : byFeature(mCheck)) {
@@ -57,7 +54,7 @@ std::string Report::text(const Device& device) {
     return std::move(mText);
 }
 
-void Report::addSummary() {
+void CheckText::addSummary() {
     mText += fmt::format("{:<19}{:>9}", "", "looked up");
     for (const TagVerdict verdict : kAll) mText += fmt::format("{:>11}", nameOf(verdict));
     mText += "\n";
@@ -72,8 +69,8 @@ void Report::addSummary() {
     }
 }
 
-// What is wrong, tag by tag; what is missing altogether needs no list.
-void Report::addFeature(const FeatureCheck& feature) {
+// Lists the wrong tags. A feature without any of its tags needs no list.
+void CheckText::addFeature(const FeatureCheck& feature) {
     if (feature.count(TagVerdict::Fine) == feature.size()) return;
     mText += "\n" + styled("1", feature.name()) + "\n";
     if (feature.count(TagVerdict::Missing) == feature.size()) {
@@ -85,7 +82,7 @@ void Report::addFeature(const FeatureCheck& feature) {
     }
 }
 
-void Report::addRow(const TagCheck& row) {
+void CheckText::addRow(const TagCheck& row) {
     const bool named = std::all_of(row.names.begin(), row.names.end(), [&](const std::string& name) {
         return row.problem.find(name) != std::string::npos;  // "is not published"
     });
@@ -94,47 +91,33 @@ void Report::addRow(const TagCheck& row) {
                          styled(styleOf(row.verdict), fmt::format("{:<9}", nameOf(row.verdict))), row.use,
                          row.tag);
     mText += row.verdict == TagVerdict::Missing ? "" : "\n                         ";
-    mText += words(row) + names + "\n";
+    mText += wordsOf(row) + names + "\n";
 }
 
-std::string Report::words(const TagCheck& row) const {
-    switch (row.verdict) {
-        case TagVerdict::Mistyped:
-            return fmt::format("declared {}, expected {}: {}", row.declared, typeOf(row.expected),
-                               row.problem);
-        case TagVerdict::NoEntry:
-            return fmt::format("{}, but {}", row.declared, row.problem);
-        case TagVerdict::Missing:
-            return fmt::format(" ({}){}", typeOf(row.expected),
-                               row.problem.empty() ? "" : ": " + row.problem);
-        default:
-            return row.problem;
-    }
-}
-
-void Report::addUnused() {
+void CheckText::addUnused() {
     if (mCheck.unused.empty()) return;
-    mText += "\n" + styled("1", "declared beside them, but never looked up") + "\n";
+    mText += "\n" + styled("1", "declared by the device, but never looked up") + "\n";
     for (const std::string& name : mCheck.unused) mText += fmt::format("  {}\n", name);
 }
 
-void Report::addVerdict(const Device& device) {
+void CheckText::addVerdict(const Device& device) {
     const size_t mistyped = mCheck.count(TagVerdict::Mistyped);
     const size_t malformed = mCheck.count(TagVerdict::Malformed);
     const size_t missing = mCheck.count(TagVerdict::Missing);
+    if (!device.hasVendorSection) {
+        mText +=
+            "\nNo vendor tag section in this text: which tags the device declares beside these is not known.\n";
+    }
     if (mCheck.failed()) {
         mText += fmt::format("\n{} mistyped, {} malformed, {} missing\n", mistyped, malformed, missing);
     } else if (missing == mCheck.tags.size()) {
+        if (!device.hasVendorSection) return;
         mText += device.hasVendorTags ? "\nThis device declares none of the library's vendor tags.\n"
-                                      : "\nThis device has no vendor tags at all.\n";
+                                      : "\nThis device has no vendor tags.\n";
     } else {
         mText += missing == 0 ? "\nAll fine.\n"
                               : fmt::format("\nNothing is mistyped or malformed; {} missing.\n", missing);
     }
-}
-
-const char* jsonWord(TagVerdict verdict) {
-    return verdict == TagVerdict::NoEntry ? "noEntry" : nameOf(verdict);
 }
 
 // One number, or which ones in words.
@@ -153,22 +136,42 @@ nlohmann::ordered_json tagJson(const TagCheck& row) {
                                 {"for", row.names}};
     if (!row.declared.empty()) json["declared"] = row.declared;
     if (!row.problem.empty()) json["what"] = row.problem;
+    if (row.values) json["values"] = jsonOf(*row.values);
     return json;
 }
 
 }  // namespace
 
-std::string checkText(const Device& device, const DeviceCheck& check, bool colour) {
-    return Report(check, colour).text(device);
+const char* jsonWord(TagVerdict verdict) {
+    return verdict == TagVerdict::NoEntry ? "noEntry" : nameOf(verdict);
 }
 
-std::string checkJson(const Device& device, const DeviceCheck& check) {
-    nlohmann::ordered_json json{{"format", "qzcam-check"},
-                                {"version", 1},
-                                {"device", device.file},
-                                {"camera", device.camera},
-                                {"otherCameras", device.otherCameras},
-                                {"failed", check.failed()}};
+const char* styleOf(TagVerdict verdict) {
+    if (verdict == TagVerdict::Mistyped || verdict == TagVerdict::Malformed) return "31";
+    return verdict == TagVerdict::Fine ? "32" : verdict == TagVerdict::Doubtful ? "33" : "2";
+}
+
+std::string wordsOf(const TagCheck& row) {
+    switch (row.verdict) {
+        case TagVerdict::Mistyped:
+            return fmt::format("declared {}, expected {}: {}", row.declared, typeOf(row.expected),
+                               row.problem);
+        case TagVerdict::NoEntry:
+            return fmt::format("{}, but {}", row.declared, row.problem);
+        case TagVerdict::Missing:
+            return fmt::format(" ({}){}", typeOf(row.expected),
+                               row.problem.empty() ? "" : ": " + row.problem);
+        default:
+            return row.problem;
+    }
+}
+
+std::string checkText(const Device& device, const DeviceCheck& check, bool colour) {
+    return CheckText(check, colour).text(device);
+}
+
+nlohmann::ordered_json checkMembers(const Device& device, const DeviceCheck& check) {
+    nlohmann::ordered_json json{{"camera", device.camera}, {"failed", check.failed()}};
     for (const TagVerdict verdict : kAll) json["counts"][jsonWord(verdict)] = check.count(verdict);
     json["features"] = nlohmann::ordered_json::array();
     for (const FeatureCheck& feature : byFeature(check)) {
@@ -177,7 +180,18 @@ std::string checkJson(const Device& device, const DeviceCheck& check) {
         json["features"].push_back({{"feature", feature.name()}, {"tags", std::move(tags)}});
     }
     json["unused"] = check.unused;
-    // Names come out of files; what is no text in them must not stop the report.
+    addFindings(json, device);
+    return json;
+}
+
+std::string checkJson(const Device& device, const DeviceCheck& check) {
+    nlohmann::ordered_json json{{"format", "qzcam-check"},
+                                {"version", 1},
+                                {"device", device.file},
+                                {"camera", device.camera},
+                                {"otherCameras", device.otherCameras}};
+    json.update(checkMembers(device, check));
+    // Names come from files. Invalid bytes in them must not stop the report.
     return json.dump(2, ' ', true, nlohmann::ordered_json::error_handler_t::replace) + "\n";
 }
 

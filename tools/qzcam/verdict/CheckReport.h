@@ -1,7 +1,10 @@
-// What a check found, for people and for programs.
+// SPDX-License-Identifier: Apache-2.0
+// Findings of a check, for people and for programs.
 #pragma once
 
 #include "verdict/Check.h"
+
+#include <nlohmann/json_fwd.hpp>
 
 #include <string>
 
@@ -10,5 +13,16 @@ namespace qzcam {
 // Goes behind Printer::device().
 std::string checkText(const Device& device, const DeviceCheck& check, bool colour);
 std::string checkJson(const Device& device, const DeviceCheck& check);
+
+// "noEntry"
+const char* jsonWord(TagVerdict verdict);
+// The members of checkJson() that are about one camera.
+nlohmann::ordered_json checkMembers(const Device& device, const DeviceCheck& check);
+
+// The words of a finding without its tag: "declared int32, expected byte: the update fails".
+std::string wordsOf(const TagCheck& row);
+
+// The terminal's style of a verdict.
+const char* styleOf(TagVerdict verdict);
 
 }  // namespace qzcam

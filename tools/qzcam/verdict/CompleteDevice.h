@@ -1,6 +1,7 @@
-// A device for comparison: the real one, completed by every tag of the rows that it lacks, and taking every
-// update. A step that the library takes there and not on the real device is the device's doing; a step that
-// it does not take even there is the library's.
+// SPDX-License-Identifier: Apache-2.0
+// A device for comparison: the real device, with all missing tags of the rows added, which accepts every
+// update. If the library takes a step there and not on the real device, the reason is the device. If it does
+// not take the step even there, the reason is the library.
 #pragma once
 
 #include "device/Device.h"
@@ -15,7 +16,7 @@
 
 namespace qzcam {
 
-// Whatever decides about a request beside its parameters.
+// State that influences a request beside its parameters.
 struct Circumstances {
     int32_t camera = 0;
     uint32_t callbackFlag = 0;
@@ -28,8 +29,8 @@ class CompleteDevice {
     // Both must outlive it.
     CompleteDevice(const Device& device, const android::CameraMetadata& characteristics);
 
-    // Returns the steps of one request on a camera of its own. For that time the vendor tags of the process
-    // are others, and nobody else hears this thread's log.
+    // Returns the steps of one request on a separate camera. During the call the process has other vendor
+    // tags, and this thread's log is captured.
     Trace request(const Texts& parameters, const Circumstances& circumstances) const;
 
   private:

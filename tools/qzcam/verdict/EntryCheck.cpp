@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "verdict/EntryCheck.h"
 
 #include "base/Text.h"
@@ -74,12 +75,12 @@ Finding unpairedSize(const Values& entry) {
     if (entry.count % 2 == 0) return std::nullopt;
     return malformed(entry.count == 1
                          ? "1 value: published as an empty text"
-                         : fmt::format("{}: the last one is left over and not read", values(entry.count)));
+                         : fmt::format("{}: the last one is unpaired and not read", values(entry.count)));
 }
 
 Finding unreadValues(const Values& entry) {
     if (entry.count == 1) return std::nullopt;
-    return doubtful(fmt::format("{}, of which only the first is read", values(entry.count)));
+    return doubtful(fmt::format("{}: only the first is read", values(entry.count)));
 }
 
 Finding oddFlag(const Values& entry) {

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // A static entry compared with the row of the getter that reads it.
 #pragma once
 

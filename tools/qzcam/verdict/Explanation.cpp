@@ -1,6 +1,9 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "verdict/Explanation.h"
 
+#include "facts/Hints.h"
 #include "facts/Lookup.h"
+#include "host/EventWords.h"
 #include "host/LogCapture.h"
 #include "verdict/KeyValue.h"
 #include "verdict/RowSteps.h"
@@ -67,6 +70,13 @@ std::vector<std::string> conditionsOf(const std::vector<const Row*>& rows, const
 
 }  // namespace
 
+std::string whyUnread(const std::string& key) {
+    const KeyOwner owner = ownerOf(key);
+    if (owner != KeyOwner::None) return fmt::format("; {}", meaningOf(owner));
+    const std::string note = noteOnHostKey(key);
+    return note.empty() ? perhaps(likelyKeys(key)) : "; " + note;
+}
+
 Explainer::Explainer(const Device& device)
     : mNames(device.vendorTags), mVerdicts(device, mNames, mCharacteristics) {
     installVendorTags(device);
@@ -91,6 +101,7 @@ std::optional<Explanation> Explainer::explain(const std::string& key, const Text
     addValues(found, *rows.front());
     addTargets(found);
     addChoices(found, rows);
+    addLimits(found, *rows.front());
     if (const auto value = given.find(key); value != given.end()) {
         found.company = given;
         found.given = verdictOn(found, value->second);
@@ -154,6 +165,15 @@ void Explainer::addChoices(Explanation& found, const std::vector<const Row*>& ro
     }
 }
 
-std::vector<std::string> Explainer::similarKeys(const std::string& key) { return qzcam::similarKeys(key); }
+void Explainer::addLimits(Explanation& found, const Row& row) const {
+    const qz::KeyRow& key = *keyIn(row, found.key);
+    if (key.limit == qz::KeyRow::Limit::none) return;
+    for (Offer& offer : mVerdicts.offers().of(row, key, found.company)) {
+        const bool isPublished = std::any_of(row.offers.begin(), row.offers.end(), [&](const char* each) {
+            return startsWith(offer.source, each);
+        });
+        if (!isPublished) found.limits.push_back(std::move(offer));
+    }
+}
 
 }  // namespace qzcam

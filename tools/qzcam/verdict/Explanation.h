@@ -1,5 +1,6 @@
-// The way of one parameter on one device: which setters read it, what its values become, where they go, and
-// what keeps them from getting there.
+// SPDX-License-Identifier: Apache-2.0
+// Explains one parameter on one device: its setters, the numbers of its values, its tags, and the reasons why
+// a value is not written.
 #pragma once
 
 #include "device/Device.h"
@@ -38,8 +39,12 @@ struct Explanation {
     std::optional<Value> otherwise;   // any other text
     Texts company;                    // other parameters that it was tried with
     std::vector<ParamRow> choices;    // published parameters that are called like it
-    std::optional<VerdictRow> given;  // of the value that was asked about
+    std::vector<Offer> limits;        // limits of its row
+    std::optional<VerdictRow> given;  // verdict about the given value
 };
+
+// The end of a message on a key that no setter reads: who has it, or which keys may be meant.
+std::string whyUnread(const std::string& key);
 
 class Explainer {
   public:
@@ -52,12 +57,10 @@ class Explainer {
     // `given`: parameters that the application has set. Nothing when no setter reads the key.
     std::optional<Explanation> explain(const std::string& key, const Texts& given);
 
-    // Keys that are read and called alike.
-    std::vector<std::string> similarKeys(const std::string& key);
-
   private:
     void addValues(Explanation& found, const qz::Parameter& row);
     void addTargets(Explanation& found);
+    void addLimits(Explanation& found, const qz::Parameter& row) const;
     void addChoices(Explanation& found, const std::vector<const qz::Parameter*>& rows) const;
     VerdictRow verdictOn(const Explanation& found, const std::string& value);
 

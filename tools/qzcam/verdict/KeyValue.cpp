@@ -1,6 +1,8 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "verdict/KeyValue.h"
 
 #include "base/Text.h"
+#include "facts/Hints.h"
 
 #include <camera/CameraParameters2.h>
 #include <fmt/format.h>
@@ -41,7 +43,7 @@ bool isFraction(const char* at) { return skipNumber(at) && skip(at, '/') && skip
 
 bool isWhole(const char* at, int base) { return skipNumber(at, base) && *at == '\0'; }
 
-// True if the library's parser for the form takes the text for what it says.
+// Returns true if the library's parser for the form reads the text correctly.
 bool hasForm(Form form, const std::string& value) {
     const char* text = value.c_str();
     switch (form) {
@@ -96,12 +98,13 @@ std::vector<std::string> wordsOf(const qz::Parameter& row, const qz::KeyRow& key
 std::string misunderstanding(const qz::Parameter& row, const qz::KeyRow& key, const std::string& value) {
     if (key.as == qz::KeyRow::As::integer) {
         if (isWhole(value.c_str(), 0)) return {};
-        return fmt::format("{} is no number; read as {}", excerpt(value), asInteger(value));
+        return fmt::format("{} is not a number; it is read as {}", excerpt(value), asInteger(value));
     }
     const auto words = wordsOf(row, key);
     const bool isWord = std::find(words.begin(), words.end(), value) != words.end();
     const bool known = key.form == Form::word ? words.empty() || isWord : hasForm(key.form, value);
-    return known ? "" : fmt::format("{} is read as any unknown text", excerpt(value));
+    if (known) return {};
+    return fmt::format("{} is not recognised{}", excerpt(value), perhaps(nearest(value, words)));
 }
 
 std::vector<std::string> examplesOf(const qz::Parameter& row, const qz::KeyRow& key) {

@@ -1,4 +1,5 @@
-// The text of a parameter, held against the form that its row states.
+// SPDX-License-Identifier: Apache-2.0
+// Compares the text of a parameter with the form that its row states.
 #pragma once
 
 #include <request/Parameter.h>
@@ -8,14 +9,14 @@
 
 namespace qzcam {
 
-// Returns the reason why the library does not take the text for what it says; empty for a text that it
-// understands. Such a text may be written all the same, as the number that stands for unknown texts.
+// Returns the reason why the library does not read the text correctly; empty for a valid text. An invalid
+// text may still be written, as the number for unknown texts.
 std::string misunderstanding(const qz::Parameter& row, const qz::KeyRow& key, const std::string& value);
 
 // The words of the key's vocabulary; empty for a key of another form.
 std::vector<std::string> wordsOf(const qz::Parameter& row, const qz::KeyRow& key);
 
-// Values that show what becomes of a key of any form.
+// Returns sample values for a key of any form.
 std::vector<std::string> examplesOf(const qz::Parameter& row, const qz::KeyRow& key);
 
 // Returns the number of a word as the library finds it.

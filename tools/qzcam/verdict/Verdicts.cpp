@@ -1,8 +1,13 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "verdict/Verdicts.h"
 
 #include "base/Text.h"
+#include "facts/Hints.h"
 #include "facts/Lookup.h"
+#include "facts/StandardKeys.h"
+#include "host/EventWords.h"
 #include "verdict/KeyValue.h"
+#include "verdict/Numbers.h"
 #include "verdict/RowSteps.h"
 
 #include <fmt/format.h>
@@ -20,7 +25,7 @@ namespace {
 using Kind = TraceStep::Kind;
 using Row = qz::Parameter;
 
-// The verdict that says most about a parameter of several entries.
+// Returns the most important verdict of a parameter with several entries.
 constexpr std::array<Verdict, 4> kWorstFirst{Verdict::WrongType, Verdict::Undeclared, Verdict::Overridden,
                                              Verdict::GateClosed};
 
@@ -44,11 +49,13 @@ bool holdsNumber(const Values& values, int32_t number) {
     return values.type == TYPE_INT32 && std::memcmp(values.bytes.data(), &number, sizeof(number)) == 0;
 }
 
-// One request: what its rows did on the device, and what they would have done on a complete one.
+// One request: the steps of its rows on the device and on a complete one.
 class Request {
   public:
-    Request(const TagNames& names, const Texts& parameters, RowSteps actual, RowSteps complete)
+    Request(const TagNames& names, const Offers& offers, const Texts& parameters, RowSteps actual,
+            RowSteps complete)
         : mNames(names),
+          mOffers(offers),
           mParameters(parameters),
           mActual(std::move(actual)),
           mComplete(std::move(complete)) {}
@@ -66,12 +73,16 @@ class Request {
     std::string decidedBy(const Row& row, const std::string& value) const;
     std::string whyNotReached(const Row& row, size_t index) const;
     void sumUp(VerdictRow& verdict) const;
+    bool sumUpEntries(VerdictRow& verdict) const;
+    bool isAnotherValue(VerdictRow& verdict, const Row& row, const qz::KeyRow& key) const;
+    void holdAgainstDevice(VerdictRow& verdict, const Row& row, const qz::KeyRow& key) const;
     void explainUnread(VerdictRow& verdict, const Row& row) const;
     void explainNoEntry(VerdictRow& verdict, const Row& row, const qz::KeyRow& key) const;
     bool lacksSomething(VerdictRow& verdict, const Row& row) const;
     bool isSet(const char* key) const { return mParameters.count(key) != 0; }
 
     const TagNames& mNames;
+    const Offers& mOffers;
     const Texts& mParameters;
     RowSteps mActual;
     RowSteps mComplete;
@@ -83,15 +94,25 @@ const Trace& Request::stepsOf(const RowSteps& steps, const Row& row) {
     return found == steps.end() ? none : found->second;
 }
 
+void explainUnknown(VerdictRow& verdict) {
+    verdict.verdict = Verdict::Unread;
+    verdict.reason = noteOnHostKey(verdict.key);
+    if (!verdict.reason.empty()) return;
+    verdict.owner = ownerOf(verdict.key);
+    if (verdict.owner != KeyOwner::None) {
+        verdict.reason = meaningOf(verdict.owner);
+        return;
+    }
+    verdict.perhaps = likelyKeys(verdict.key);
+    if (!verdict.perhaps.empty())
+        verdict.reason = fmt::format("perhaps {} is meant", fmt::join(verdict.perhaps, " or "));
+}
+
 VerdictRow Request::verdictOn(const std::string& key) const {
     VerdictRow verdict{key, mParameters.at(key), Verdict::Written, {}, {}};
     const auto rows = rowsOf(key);
     if (rows.empty()) {
-        verdict.verdict = Verdict::Unread;
-        verdict.reason = noteOnHostKey(key);
-        const auto similar = similarKeys(key);
-        if (verdict.reason.empty() && !similar.empty())
-            verdict.reason = fmt::format("perhaps {} is meant", fmt::join(similar, " or "));
+        explainUnknown(verdict);
         return verdict;
     }
     for (const Row* row : rows) addEntries(verdict, *row);
@@ -156,42 +177,65 @@ std::string Request::overriddenBy(const Row& row, const std::string& tag) const 
 // The reason why the device did not get as far as an entry that a complete device would have.
 std::string Request::whyNotReached(const Row& row, size_t index) const {
     if (firstOf(actual(row), Kind::Read) == nullptr && row.gated(qz::Gate::lightPainting)) {
-        return "only looked at when qz-exposure-mode has taken effect";
+        return "used only when qz-exposure-mode has taken effect";
     }
     for (size_t i = 0; i < index; ++i) {
         const char* before = row.entries[i].tag;
         if (mNames.find(before) == nullptr)
-            return fmt::format("{}, which comes before it, is not declared", before);
+            return fmt::format("the tag before it, {}, is not declared", before);
     }
-    return "the setter ended before";
+    return "an earlier step ended the setter";
 }
 
 void Request::sumUp(VerdictRow& verdict) const {
+    if (sumUpEntries(verdict)) return;
+    for (const Row* row : rowsOf(verdict.key)) {
+        const qz::KeyRow& key = *keyIn(*row, verdict.key);
+        if (key.condition || complete(*row).empty()) continue;
+        if (isAnotherValue(verdict, *row, key)) return;
+        holdAgainstDevice(verdict, *row, key);
+        if (verdict.verdict != Verdict::Written) return;
+    }
+}
+
+// False if each entry has been written for this parameter.
+bool Request::sumUpEntries(VerdictRow& verdict) const {
     for (const Verdict worst : kWorstFirst) {
         const auto found = std::find_if(verdict.entries.begin(), verdict.entries.end(),
                                         [&](const VerdictEntry& each) { return each.verdict == worst; });
         if (found == verdict.entries.end()) continue;
         verdict.verdict = worst;
         verdict.reason = found->reason;
-        return;
+        return true;
     }
-    for (const Row* row : rowsOf(verdict.key)) {
-        const qz::KeyRow& key = *keyIn(*row, verdict.key);
-        if (key.condition || complete(*row).empty()) continue;
-        verdict.reason = misunderstanding(*row, key, verdict.value);
-        if (!verdict.reason.empty()) {
-            verdict.verdict = Verdict::Fallback;
-            return;
-        }
-        verdict.reason = decidedBy(*row, verdict.value);
-        if (!verdict.reason.empty()) {
-            verdict.verdict = Verdict::Overridden;
-            return;
-        }
+    return false;
+}
+
+bool Request::isAnotherValue(VerdictRow& verdict, const Row& row, const qz::KeyRow& key) const {
+    verdict.reason = misunderstanding(row, key, verdict.value);
+    if (!verdict.reason.empty()) {
+        verdict.verdict = Verdict::Fallback;
+        return true;
+    }
+    verdict.reason = decidedBy(row, verdict.value);
+    if (!verdict.reason.empty()) verdict.verdict = Verdict::Overridden;
+    return !verdict.reason.empty();
+}
+
+void Request::holdAgainstDevice(VerdictRow& verdict, const Row& row, const qz::KeyRow& key) const {
+    verdict.overflow = overflowOf(row, key, verdict.value, verdict.entries);
+    verdict.offer = mOffers.excluding(row, key, mParameters);
+    if (verdict.overflow) {
+        verdict.verdict = Verdict::Overflows;
+        verdict.reason = fmt::format("{} does not fit into {}: {}", verdict.overflow->number,
+                                     verdict.overflow->type, verdict.overflow->written);
+    } else if (verdict.offer) {
+        verdict.verdict = Verdict::NotOffered;
+        verdict.reason = toText(*verdict.offer);
     }
 }
 
-// A word that became another number than its own: a condition of the row has decided.
+// Explains a word that has another number than its own: a condition of the row has decided.
 std::string Request::decidedBy(const Row& row, const std::string& value) const {
     if (row.plain || row.conversion.vocabulary == nullptr || row.entries.count != 1) return {};
     if (startsWith(row.entries[0].tag, "android.")) return {};  // a word that switches something else
@@ -209,7 +253,7 @@ std::string Request::decidedBy(const Row& row, const std::string& value) const {
 
 void Request::explainUnread(VerdictRow& verdict, const Row& row) const {
     verdict.verdict = Verdict::GateClosed;
-    verdict.reason = "only looked at under other conditions";
+    verdict.reason = "used only under other conditions";
     if (!row.gates.empty()) verdict.reason = textOf(row.gates[0]);
     for (const qz::KeyRow& key : row.keys) {
         if (key.name == verdict.key) return;
@@ -230,15 +274,13 @@ void Request::explainNoEntry(VerdictRow& verdict, const Row& row, const qz::KeyR
     } else if (row.entries.empty()) {
         verdict.reason = note;
     } else if (row.gated(qz::Gate::onChange)) {
-        verdict.reason = "written on a change only, and it is as it was";
+        verdict.reason = "written only on a change, and the value is unchanged";
     } else if (!misread.empty() || (key.form != qz::KeyRow::Form::word && failure == nullptr)) {
         verdict.verdict = Verdict::Skipped;
         verdict.reason =
-            failure != nullptr ? failure->name : fmt::format("{} is not understood", excerpt(verdict.value));
+            failure != nullptr ? failure->name : fmt::format("{} is not recognised", excerpt(verdict.value));
     } else {
-        verdict.reason = failure != nullptr ? failure->name
-                         : note.empty()     ? "no value of it writes one now"
-                                            : note;
+        verdict.reason = failure != nullptr ? failure->name : note.empty() ? "no value writes one now" : note;
     }
 }
 
@@ -261,12 +303,22 @@ bool Request::lacksSomething(VerdictRow& verdict, const Row& row) const {
 
 }  // namespace
 
+const Offers& VerdictFinder::offers() const {
+    if (!mOffers) mOffers.emplace(mDevice, mCharacteristics);
+    return *mOffers;
+}
+
+KeyOwner ownerOf(const std::string& key) {
+    if (findStandardKey(key) != nullptr) return KeyOwner::Platform;
+    return findPublisher(key) != nullptr ? KeyOwner::Published : KeyOwner::None;
+}
+
 std::vector<VerdictRow> VerdictFinder::find(const Trace& actual, const std::vector<std::string>& keys,
                                             const Texts& parameters,
                                             const Circumstances& circumstances) const {
     std::vector<VerdictRow> rows;
     if (keys.empty()) return rows;
-    const Request request(mNames, parameters, stepsByRow(actual),
+    const Request request(mNames, offers(), parameters, stepsByRow(actual),
                           stepsByRow(mComplete.request(parameters, circumstances)));
     rows.reserve(keys.size());
     for (const std::string& key : keys) rows.push_back(request.verdictOn(key));

@@ -1,0 +1,135 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "cli/Compare.h"
+
+#include "base/WriteAll.h"
+#include "cli/DeviceInput.h"
+#include "compare/ComparisonReport.h"
+#include "device/FoundParameters.h"
+#include "device/Properties.h"
+#include "input/Input.h"
+#include "input/Parts.h"
+#include "session/Player.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <optional>
+#include <utility>
+
+namespace qzcam {
+
+namespace {
+
+std::string arrayName(const MetadataArray& array) {
+    return array.previousSession ? nameOf(array) + " of a session before" : nameOf(array);
+}
+
+std::vector<std::string> namesOf(const std::vector<const MetadataArray*>& arrays) {
+    std::vector<std::string> names;
+    for (const MetadataArray* array : arrays) names.push_back(arrayName(*array));
+    return names;
+}
+
+const MetadataArray* choose(const std::vector<const MetadataArray*>& arrays, const CompareOptions& options) {
+    if (arrays.empty()) {
+        complain(
+            fmt::format("{}: expected a dump with the request or the result of an open camera, and there "
+                        "is none; 'dumpsys media.camera' while the application runs has them",
+                        inputName(options.input)));
+        return nullptr;
+    }
+    if (options.array.empty()) return arrays.front();
+    const auto found = std::find_if(arrays.begin(), arrays.end(), [&](const MetadataArray* array) {
+        return arrayName(*array) == options.array;
+    });
+    if (found != arrays.end()) return *found;
+    complain(fmt::format("qzcam: {} has no array {}: expected {}", inputName(options.input),
+                         excerpt(options.array), fmt::join(namesOf(arrays), ", ")));
+    return nullptr;
+}
+
+// The session and the parameters that are played, and their name.
+struct Script {
+    Session session;
+    std::vector<Parameter> parameters;
+    std::string name;
+};
+
+std::optional<Script> sessionScript(const CompareOptions& options, std::vector<Parameter> parameters) {
+    Problems problems(inputName(options.session));
+    const auto text = readFile(options.session, problems);
+    Script script{
+        {inputName(options.session), {}}, std::move(parameters), "session " + inputName(options.session)};
+    if (text) script.session = parseSession(text->text, text->name, problems);
+    return report(problems) ? std::optional(std::move(script)) : std::nullopt;
+}
+
+// A request with the parameters of the option, or with the best ones that the input has.
+std::optional<Script> parameterScript(const CompareOptions& options, const InputText& input,
+                                      std::vector<Parameter> parameters) {
+    Problems none("");
+    Script script{parseSession("open 0\nrequest\n", "parameters", none), std::move(parameters),
+                  "parameters of --params"};
+    if (!options.parameters.empty()) return script;
+    const auto all = findParameters(partsOf(input.text));
+    const FoundParameters* const found = bestOf(all);
+    if (!found || found->source == FoundParameters::Source::Defaults) {
+        complain(fmt::format("{}: expected parameters of the application in it, or a SESSION, or --params",
+                             input.name));
+        return std::nullopt;
+    }
+    script.parameters = found->text.parameters;
+    script.name = fmt::format("{} of {} (line {}){}", counted(script.parameters.size(), "parameter"),
+                              input.name, found->line,
+                              found->text.cutLines.empty() ? "" : ", cut by the log: others may be missing");
+    return script;
+}
+
+LibrarySide play(const Device& device, const Script& script) {
+    LibrarySide side;
+    Player player(device, [&](const Event& event) {
+        if (const auto* request = std::get_if<RequestEvent>(&event)) side.request = request->entries;
+        if (const auto* verdicts = std::get_if<VerdictsEvent>(&event)) side.verdicts = verdicts->rows;
+        if (const auto* result = std::get_if<ResultEvent>(&event)) {
+            side.result = result->entries;
+            side.hasResult = true;
+        }
+    });
+    player.setParameters(script.parameters);
+    player.playAsGuest(script.session);
+    return side;
+}
+
+}  // namespace
+
+ExitStatus compare(const CompareOptions& options) {
+    if (!areReadOnce({options.input, options.session, options.properties, options.parameters})) return kUsage;
+    const PropertiesInPlace restored;
+    const auto text = readFile(options.input);
+    auto setup =
+        text ? readSetup(*text, {options.input, options.camera, options.properties, options.parameters})
+             : std::nullopt;
+    if (!setup) return kBadInput;
+    const DeviceInput* const device = &setup->input;
+    const ReportedCamera* camera = findCamera(*device->report, device->device.camera);
+    const auto arrays = comparableArrays(*device->report, camera != nullptr ? camera->id : "");
+    const MetadataArray* array = choose(arrays, options);
+    if (array == nullptr) return arrays.empty() ? kBadInput : kUsage;
+    const auto script = options.session.empty()
+                            ? parameterScript(options, *text, std::move(setup->parameters))
+                            : sessionScript(options, std::move(setup->parameters));
+    if (!script) return kBadInput;
+
+    const ArrayComparison comparison = compareArray(*array, device->device, play(device->device, *script));
+    ComparedSides sides{text->name, device->device.camera, arrayName(*array), array->line, script->name, {}};
+    for (std::string& name : namesOf(arrays)) {
+        if (name != sides.array) sides.otherArrays.push_back(std::move(name));
+    }
+    const std::string output =
+        options.json ? comparisonJson(sides, comparison) : comparisonText(sides, comparison);
+    if (!writeAll(stdout, output)) return kBadInput;
+    return comparison.differs() ? kExpectationFailed : kFine;
+}
+
+}  // namespace qzcam

@@ -1,0 +1,246 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "cli/DeviceInput.h"
+
+#include "device/BuiltIn.h"
+#include "device/DumpParser.h"
+#include "device/FoundParameters.h"
+#include "device/Properties.h"
+#include "input/LogPrefix.h"
+#include "input/Parts.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <system_error>
+#include <utility>
+
+namespace qzcam {
+
+namespace {
+
+using Kind = Part::Kind;
+
+const Part* largest(const std::vector<Part>& parts, Kind kind) {
+    const Part* found = nullptr;
+    for (const Part& part : parts) {
+        if (part.kind == kind && (!found || part.text.size() > found->text.size())) found = &part;
+    }
+    return found;
+}
+
+bool holds(const std::vector<Part>& parts, Kind kind) { return largest(parts, kind) != nullptr; }
+
+std::string whyNoDump(const std::vector<Part>& parts) {
+    if (isReport(parts)) {
+        return "no media.camera in this report: expected one of the full kind, or the text of "
+               "'adb shell dumpsys media.camera'";
+    }
+    constexpr const char* kExpected = "expected a dump of the camera service, or a bugreport";
+    if (holds(parts, Kind::Log)) return fmt::format("no camera in it, it is a log: {}", kExpected);
+    if (holds(parts, Kind::Properties)) {
+        return fmt::format("no camera in it, it is a list of properties: {}; --getprop takes properties",
+                           kExpected);
+    }
+    return {};
+}
+
+// The text of a dump, and the number of its first line.
+struct DumpText {
+    std::string_view text;
+    size_t firstLine = 1;
+};
+
+DumpText dumpIn(const std::vector<Part>& parts, const InputText& input, std::string& unwrapped,
+                Problems& problems) {
+    if (const Part* const dump = largest(parts, Kind::Dump)) {
+        if (!dump->fault.empty()) {
+            problems.add(dump->faultLine, fmt::format("the camera dump is cut: {}", cut(dump->fault, 100)));
+        }
+        return {dump->text, dump->firstLine};
+    }
+    const Part* const log = largest(parts, Kind::Log);
+    if (auto logged = log ? dumpInLog(log->text) : std::nullopt) {
+        unwrapped = std::move(*logged);
+        return {unwrapped, log->firstLine};
+    }
+    if (isReport(parts)) return {};
+    return {input.text, 1};
+}
+
+Properties readProperties(const std::string& path, Problems& problems) {
+    const auto input = readFile(path, problems);
+    if (!input) return {};
+    const auto parts = partsOf(input->text);
+    const bool isPure = !isReport(parts) && !holds(parts, Kind::Dump) && !holds(parts, Kind::Log);
+    if (isPure) return parseProperties(input->text, problems);
+    Properties found = propertiesOf(parts, problems);
+    if (found.empty()) problems.add(0, "no properties in it: expected lines '[name]: [value]' or name=value");
+    return found;
+}
+
+// False when there is nothing of them to work with.
+bool setProperties(const SetupPaths& paths, const InputText& device, bool& whole) {
+    const bool isGiven = !paths.properties.empty();
+    Problems problems(isGiven ? inputName(paths.properties) : device.name);
+    const Properties properties =
+        isGiven ? readProperties(paths.properties, problems) : propertiesOf(partsOf(device.text), problems);
+    // Read-only properties of a device may be longer than the library's interface to them; none that matters
+    // here is.
+    for (const auto& [name, value] : properties) setProperty(name, value);
+    const bool good = report(problems);
+    whole = whole && good;
+    return good || !properties.empty() || !isGiven;
+}
+
+// Parameters that the option itself holds, or a file of nothing else.
+ParameterText plainParameters(const InputText& input, Problems& problems) {
+    return parseParameters(input.text, problems);
+}
+
+std::optional<ParameterText> takeFound(const InputText& input, const std::vector<FoundParameters>& found,
+                                       Problems& problems) {
+    const FoundParameters* const best = bestOf(found);
+    if (!best) {
+        problems.add(0,
+                     "no parameters in it: expected 'key=value;key=value', a dump of them, or a log of them");
+        return std::nullopt;
+    }
+    const std::string more = found.size() == 1 ? "" : fmt::format(", of {} sets in it", found.size());
+    complain(fmt::format("{}:{}: {} used: {}{}", input.name, best->line,
+                         counted(best->text.parameters.size(), "parameter"), best->what, more));
+    return best->text;
+}
+
+std::optional<ParameterText> parametersOf(const InputText& input, Problems& problems) {
+    const auto parts = partsOf(input.text);
+    const auto found = findParameters(parts);
+    const bool isPlain =
+        found.empty() && !isReport(parts) && !holds(parts, Kind::Dump) && !holds(parts, Kind::Log);
+    return isPlain ? plainParameters(input, problems) : takeFound(input, found, problems);
+}
+
+bool isFile(const std::string& textOrFile) {
+    std::error_code ignored;
+    return textOrFile == "-" || textOrFile.find('=') == std::string::npos ||
+           std::filesystem::exists(textOrFile, ignored);
+}
+
+void tellCuts(const InputText& input, const ParameterText& text) {
+    for (const size_t line : text.cutLines) {
+        complain(fmt::format(
+            "{}:{}: one parameter left out: its line is cut, and the rest of its value is missing",
+            input.name, line));
+    }
+}
+
+std::optional<std::vector<Parameter>> readParameters(const std::string& textOrFile, bool& whole) {
+    if (textOrFile.empty()) return std::vector<Parameter>{};
+    const bool isTyped = !isFile(textOrFile);
+    const auto input = isTyped ? textInput("--params", textOrFile) : readFile(textOrFile);
+    if (!input) return std::nullopt;
+    Problems problems(input->name);
+    auto text = parametersOf(*input, problems);
+    const bool good = report(problems);
+    whole = whole && good;
+    if (!text || (!good && (isTyped || text->parameters.empty()))) return std::nullopt;
+    tellCuts(*input, *text);
+    return std::move(text->parameters);
+}
+
+void complainOf(const Fault& fault, const std::string& file) {
+    complain(fmt::format("{}:{}: {}: {}", file, fault.line, fault.text, fault.consequence));
+}
+
+DeviceInput deviceOfText(const InputText& text, size_t firstLine, const std::string& camera,
+                         Problems& problems) {
+    DeviceInput input;
+    input.text = text;
+    input.report = std::make_shared<Report>(readDump(text.text, firstLine));
+    addDamage(*input.report, problems);
+    input.device = deviceOf(*input.report, camera, problems);
+    input.device.file = text.name;
+    auto cameras = std::make_shared<Cameras>(input.report, text.name);
+    if (camera.empty() && !cameras->numbers().empty()) input.cameras = std::move(cameras);
+    input.whole = report(problems) && text.cuts.empty();
+    for (const Fault& fault : input.device.faults) complainOf(fault, text.name);
+    return input;
+}
+
+}  // namespace
+
+OtherCamera otherCamera(const DeviceInput& input, const std::string& camera) {
+    Problems problems(input.device.file);
+    OtherCamera other{deviceOf(*input.report, camera, problems), false};
+    other.device.file = input.device.file;
+    other.whole = report(problems);
+    for (const Fault& fault : other.device.faults) {
+        const auto& known = input.device.faults;
+        const bool isKnown = std::any_of(known.begin(), known.end(),
+                                         [&](const Fault& each) { return each.line == fault.line; });
+        if (!isKnown) complainOf(fault, input.device.file);
+    }
+    return other;
+}
+
+std::optional<DeviceInput> readDevice(const InputText& file, const std::string& camera, Wants wants) {
+    Problems problems(file.name);
+    const auto parts = partsOf(file.text);
+    std::string unwrapped;
+    const DumpText dump = dumpIn(parts, file, unwrapped, problems);
+    const std::string why = largest(parts, Kind::Dump) || !unwrapped.empty() ? "" : whyNoDump(parts);
+    if (!why.empty()) {
+        problems.add(0, why);
+        report(problems);
+        return std::nullopt;
+    }
+    InputText text = file;
+    text.text = dump.text;
+    if (!unwrapped.empty()) {
+        text = textInput(file.name, std::move(unwrapped));
+        text.cuts = file.cuts;
+    }
+    DeviceInput input = deviceOfText(text, dump.firstLine, camera, problems);
+    const bool hasTags = wants == Wants::VendorTags && camera.empty() && input.device.hasVendorTags;
+    return input.device.camera.empty() && !hasTags ? std::nullopt : std::optional(std::move(input));
+}
+
+std::optional<DeviceInput> readDevice(const std::string& path, const std::string& camera, Wants wants) {
+    const auto dump = readOr(path, "built-in device", builtInDevice());
+    if (!dump) return std::nullopt;
+    tellWhatIsUsed(*dump, false);
+    auto input = readDevice(*dump, camera, wants);
+    if (input && path.empty()) input->cameras = nullptr;  // sessions may call the built-in one by any number
+    return input;
+}
+
+void tellWhatIsUsed(const InputText& input, bool properties) {
+    const auto parts = partsOf(input.text);
+    const Part* const dump = largest(parts, Kind::Dump);
+    const Part* const list = properties ? largest(parts, Kind::Properties) : nullptr;
+    if (!dump || (!isReport(parts) && !list)) return;
+    std::string text = fmt::format("{}: the camera dump from line {}", input.name, dump->firstLine);
+    if (list) text += fmt::format(", the properties from line {}", list->firstLine);
+    complain(text);
+}
+
+std::optional<Setup> readSetup(const SetupPaths& paths) {
+    const auto input = readOr(paths.device, "built-in device", builtInDevice());
+    return input ? readSetup(*input, paths) : std::nullopt;
+}
+
+std::optional<Setup> readSetup(const InputText& input, const SetupPaths& paths) {
+    tellWhatIsUsed(input, paths.properties.empty());
+    auto device = readDevice(input, paths.camera);
+    Setup setup;
+    setup.whole = device && device->whole;
+    auto parameters = readParameters(paths.parameters, setup.whole);
+    if (!setProperties(paths, input, setup.whole) || !device || !parameters) return std::nullopt;
+    setup.input = std::move(*device);
+    if (paths.device.empty())
+        setup.input.cameras = nullptr;  // sessions may open the built-in one by any number
+    setup.parameters = std::move(*parameters);
+    return setup;
+}
+
+}  // namespace qzcam

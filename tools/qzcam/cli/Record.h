@@ -1,0 +1,19 @@
+// SPDX-License-Identifier: Apache-2.0
+// `qzcam record`: writes what a phone did as a session.
+#pragma once
+
+#include "cli/Cli.h"
+
+#include <string>
+
+namespace qzcam {
+
+struct RecordOptions {
+    std::string input;
+    std::string output;  // "-": standard output
+    std::string camera;
+};
+
+ExitStatus record(const RecordOptions& options);
+
+}  // namespace qzcam

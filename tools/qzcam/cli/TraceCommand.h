@@ -1,0 +1,23 @@
+// SPDX-License-Identifier: Apache-2.0
+// Tells what a phone did: `qzcam trace`.
+#pragma once
+
+#include "cli/Cli.h"
+#include "trace/Filter.h"
+
+#include <string>
+#include <vector>
+
+namespace qzcam {
+
+struct TraceOptions {
+    std::vector<std::string> inputs;
+    TraceFilter filter;
+    std::string html;      // the file of a page; empty: none
+    std::string perfetto;  // likewise
+    bool json = false;
+};
+
+ExitStatus trace(const TraceOptions& options);
+
+}  // namespace qzcam

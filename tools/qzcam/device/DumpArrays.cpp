@@ -1,0 +1,266 @@
+// SPDX-License-Identifier: Apache-2.0
+// Metadata arrays and vendor tags of a dump.
+#include "device/DumpLines.h"
+#include "device/DumpReader.h"
+
+#include <fmt/format.h>
+#include <system/camera_metadata.h>
+
+#include <algorithm>
+#include <array>
+
+namespace qzcam {
+
+namespace {
+
+struct Heading {
+    std::string_view text;
+    Place place;
+};
+
+// In the order in which they are compared with the start of a line.
+constexpr std::array<Heading, 8> kHeadings{{{"Latest received frame", Place::LatestFrame},
+                                            {"Latest captured frame", Place::CapturedFrame},
+                                            {"Latest ZSL capture request", Place::ZslRequest},
+                                            {"Last request sent", Place::LastRequest},
+                                            {"Preview request", Place::PreviewRequest},
+                                            {"Recording request", Place::RecordingRequest},
+                                            {"Capture request", Place::CaptureRequest},
+                                            {"HAL Request TEMPLATE_", Place::Template}}};
+
+constexpr std::string_view kPhysicalFrame = " for physical camera ";
+constexpr std::string_view kPhysicalStatic = "Physical camera ";
+
+std::string_view withoutColon(std::string_view heading) {
+    if (endsWith(heading, ":")) heading.remove_suffix(1);
+    return heading;
+}
+
+// Fewer or more items than announced; empty if they are as many.
+std::string difference(const std::string& list, size_t read, const std::optional<size_t>& announced,
+                       std::string_view items) {
+    if (!announced || read == *announced) return {};
+    return fmt::format("{} has {} of {} {}", list, read, *announced, items);
+}
+
+std::string titleOf(const MetadataArray& array) {
+    const std::string of = array.camera.empty() ? "" : fmt::format(" of camera {}", cut(array.camera, 40));
+    return fmt::format("the array '{}'{}", nameOf(array), of);
+}
+
+bool isElementType(std::string_view name) {
+    const auto* const end = camera_metadata_type_names + NUM_TYPES;
+    return std::find(camera_metadata_type_names, end, name) != end;
+}
+
+}  // namespace
+
+// "Dumping camera metadata array: 138 / 140 entries, 20 / 640 bytes of extra data."
+void DumpReader::openArray() {
+    const bool isPlace = mRegion == Region::Camera || mRegion == Region::Client || mRegion == Region::Other;
+    const Region outer = isPlace ? mRegion : mRegion == Region::Array ? mOuter : Region::Client;
+    const std::string_view heading = mHeading;
+    enter(Region::Array);
+    mOuter = outer;
+    mHeading = heading;
+    mArrayIndent = mIndent;
+    mInEntry = false;
+    MetadataArray array;
+    array.line = mNumber;
+    array.camera = mCamera;
+    array.previousSession = mPrevious;
+    std::string_view rest = withoutBlanks(mBody.substr(mBody.find(':') + 1));
+    if (const auto count = takeDecimal(rest)) array.announced = *count;
+    setPlace(array);
+    mHeading = {};
+    mReport.arrays.push_back(std::move(array));
+}
+
+void DumpReader::setPlace(MetadataArray& array) {
+    const std::string_view heading = withoutColon(mHeading);
+    const auto* const known = std::find_if(kHeadings.begin(), kHeadings.end(), [&](const Heading& each) {
+        return startsWith(heading, each.text);
+    });
+    if (mOuter == Region::Camera && startsWith(heading, kPhysicalStatic)) {
+        std::string_view id = heading.substr(kPhysicalStatic.size());
+        array.place = Place::PhysicalStatic;
+        array.physicalCamera = takeWord(id);
+    } else if (known != kHeadings.end()) {
+        array.place = known->place;
+        std::string_view rest = heading.substr(known->text.size());
+        if (known->place == Place::Template) array.detail = rest;
+        if (startsWith(rest, kPhysicalFrame)) array.physicalCamera = rest.substr(kPhysicalFrame.size());
+    } else if (const bool isFirst = mOuter == Region::Camera && !mStaticSeen; isFirst) {
+        array.place = Place::Static;
+        mStaticSeen = true;
+    } else {
+        array.detail = heading;
+    }
+}
+
+void DumpReader::closeArray(bool early) {
+    const MetadataArray& array = mReport.arrays.back();
+    mRegion = mOuter;
+    const std::string text = difference(titleOf(array), array.entries.size(), array.announced, "entries");
+    if (text.empty()) return;
+    if (early && array.entries.size() < *array.announced) {
+        cutAt(mNumber, "the dump ends here: " + text);
+    } else {
+        mReport.differences.push_back({array.line, text});
+    }
+}
+
+void DumpReader::arrayLine() {
+    MetadataArray& array = mReport.arrays.back();
+    if (mBody.front() == '[') return valueLine();
+    if (auto entry = parseEntry(mBody)) {
+        entry->line = mNumber;
+        mEntryIndent = mIndent;
+        mInEntry = true;
+        mEntryGarbled = false;
+        array.entries.push_back(*entry);
+        return;
+    }
+    if (startsWith(mBody, "Version:")) return;
+    if (!isStillArray()) {
+        leave();
+        mHeading = {};
+        return takeInRegion();
+    }
+    // A line that stands where values do is one of them, and the entry is short of it.
+    if (mInEntry && mIndent > mEntryIndent && !isComplete(array.entries.back())) {
+        mEntryGarbled = true;
+        valueLine();
+    } else {
+        mInEntry = false;
+    }
+    leaveUnused(Left::Kind::GarbledLine, excerpt(mBody));
+}
+
+void DumpReader::valueLine() {
+    if (!mInEntry) return leaveUnused(Left::Kind::GarbledLine, excerpt(mBody));
+    ArrayEntry& entry = mReport.arrays.back().entries.back();
+    if (entry.values.empty()) {
+        entry.values = mBody;
+        entry.valuesLine = mNumber;
+        return;
+    }
+    const auto size = static_cast<size_t>(mBody.data() + mBody.size() - entry.values.data());
+    entry.values = mText.substr(static_cast<size_t>(entry.values.data() - mText.data()), size);
+}
+
+bool DumpReader::isComplete(const ArrayEntry& entry) const {
+    return !mEntryGarbled && !entry.values.empty() && readValues(entry).wrong.empty();
+}
+
+// If a text has lost its indentation, only the next line tells.
+bool DumpReader::isStillArray() const {
+    if (mIndent > mArrayIndent) return true;
+    const MetadataArray& array = mReport.arrays.back();
+    if (!array.announced || array.entries.size() >= *array.announced) return false;
+    Lines lines(mText.substr(offset() + mLine.size()));
+    for (std::string_view line; lines.next(line);) {
+        line = withoutBlanks(line);
+        if (!line.empty()) return line.front() == '[' || parseEntry(line).has_value();
+    }
+    return false;
+}
+
+// An entry whose array has lost its head, or one that strayed into a list of other things.
+bool DumpReader::strayEntry() {
+    if (mBody.back() != ']') return false;
+    const auto entry = parseEntry(mBody);
+    if (!entry || !isElementType(entry->type)) return false;
+    const bool isPlace = mRegion == Region::Camera || mRegion == Region::Client || mRegion == Region::Other;
+    if (!isPlace) {
+        leaveUnused(Left::Kind::GarbledLine, excerpt(mBody));
+        return true;
+    }
+    openArray();
+    MetadataArray& array = mReport.arrays.back();
+    array.announced.reset();
+    mReport.differences.push_back({mNumber, fmt::format("{} begins without its head", titleOf(array))});
+    mArrayIndent = std::max<size_t>(mIndent, 1) - 1;
+    arrayLine();
+    return true;
+}
+
+void DumpReader::openVendor() {
+    enter(Region::Vendor);
+    mCamera = {};
+    mReport.hasVendorSection = true;
+}
+
+// "Dumping vendor tag descriptors for vendor with id 3571857947"
+void DumpReader::openVendorBlock() {
+    if (mRegion != Region::Vendor) openVendor();
+    closeBlock(false);
+    VendorBlock& block = mReport.vendorBlocks.emplace_back();
+    block.line = mNumber;
+    std::string_view id = withoutBlanks(mBody.substr(mBody.rfind(" id ") + 4));
+    if (const auto number = takeDecimal(id)) block.vendorId = *number;
+    mBlockOpen = true;
+}
+
+// "Dumping configured vendor tag descriptors: 217 entries"
+void DumpReader::openTagList() {
+    if (mRegion != Region::Vendor) openVendor();
+    const bool isNamed = mBlockOpen && mReport.vendorBlocks.back().tags.empty() &&
+                         !mReport.vendorBlocks.back().announced && mReport.vendorBlocks.back().vendorId;
+    if (!isNamed) {
+        closeBlock(false);
+        mReport.vendorBlocks.emplace_back().line = mNumber;
+    }
+    mBlockOpen = true;
+    VendorBlock& block = mReport.vendorBlocks.back();
+    std::string_view count = withoutBlanks(mBody.substr(mBody.find(':') + 1));
+    if (const auto number = takeDecimal(count)) block.announced = *number;
+    constexpr size_t kShortestTag = 40;
+    block.tags.reserve(std::min(block.announced.value_or(0), (mText.size() - offset()) / kShortestTag));
+}
+
+void DumpReader::closeVendor(bool early) {
+    closeBlock(early);
+    mRegion = Region::Other;
+}
+
+void DumpReader::closeBlock(bool early) {
+    if (!mBlockOpen) return;
+    mBlockOpen = false;
+    const VendorBlock& block = mReport.vendorBlocks.back();
+    const std::string text =
+        difference("the list of vendor tags", block.tags.size() + mLeftOfBlock, block.announced, "tags");
+    mLeftOfBlock = 0;
+    if (text.empty()) return;
+    if (early && block.tags.size() < *block.announced) {
+        cutAt(mNumber, "the dump ends here: " + text);
+    } else {
+        mReport.differences.push_back({block.line, text});
+    }
+}
+
+void DumpReader::vendorLine() {
+    const bool isTag =
+        startsWith(mBody, "0x") || mBody.find(" defined in section ") != std::string_view::npos;
+    if (!isTag) return;
+    auto line = parseVendorTag(mBody);
+    if (!line || line->tag.id < CAMERA_METADATA_VENDOR_TAG_BOUNDARY) {
+        return leaveUnused(Left::Kind::GarbledLine, excerpt(mBody));
+    }
+    if (line->type >= NUM_TYPES) {
+        ++mLeftOfBlock;
+        return leaveUnused(Left::Kind::UnknownType,
+                           fmt::format("{}.{} (type {})", line->tag.section, line->tag.name, line->type));
+    }
+    const char* type = camera_metadata_type_names[line->type];
+    if (line->typeName != type) {
+        mReport.differences.push_back({mNumber, fmt::format("type {} of {} is {}, not {}", line->type,
+                                                            line->tag.name, type, excerpt(line->typeName))});
+    }
+    if (!mBlockOpen) mReport.vendorBlocks.emplace_back().line = mNumber;
+    mBlockOpen = true;
+    line->tag.line = mNumber;
+    mReport.vendorBlocks.back().tags.push_back(line->tag);
+}
+
+}  // namespace qzcam

@@ -1,0 +1,247 @@
+// SPDX-License-Identifier: Apache-2.0
+// Reads the parts of a dump about the service and its cameras, other than metadata.
+#include "device/DumpLines.h"
+#include "device/DumpReader.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+
+namespace qzcam {
+
+namespace {
+
+// Returns the text behind the start of a line; nothing for another line.
+std::optional<std::string_view> behind(std::string_view body, std::string_view start) {
+    if (!startsWith(body, start)) return std::nullopt;
+    return withoutBlanks(body.substr(start.size()));
+}
+
+std::string_view facingNamed(std::string_view word) {
+    if (word == "Back" || word == "BACK") return "back";
+    if (word == "Front" || word == "FRONT") return "front";
+    return word == "External" || word == "EXTERNAL" ? "external" : std::string_view();
+}
+
+// "03-05 10:11:12 : CONNECT ..."
+bool isEvent(std::string_view body) {
+    return body.size() > 17 && body[2] == '-' && body[5] == ' ' && body[8] == ':' &&
+           body.substr(14, 3) == " : ";
+}
+
+}  // namespace
+
+// Devices have a few cameras, broken texts may have millions.
+bool DumpReader::hasRoomFor(std::string_view name) {
+    constexpr size_t kMostCameras = 256;
+    const bool isKnown =
+        std::any_of(mReport.cameras.begin(), mReport.cameras.end(),
+                    [&](const ReportedCamera& each) { return each.id == name || each.id == idOf(name); });
+    if (isKnown || mReport.cameras.size() < kMostCameras) return true;
+    enter(Region::Other);
+    mCamera = {};
+    leaveUnused(Left::Kind::Section, cut(name, 60));
+    return false;
+}
+
+ReportedCamera& DumpReader::camera(std::string_view id) {
+    auto found = std::find_if(mReport.cameras.begin(), mReport.cameras.end(),
+                              [&](const ReportedCamera& each) { return each.id == id; });
+    if (found != mReport.cameras.end()) return *found;
+    ReportedCamera camera;
+    camera.id = id;
+    camera.name = id;
+    camera.line = mNumber;
+    return mReport.cameras.emplace_back(camera);
+}
+
+// The dynamic part of a camera comes before its static section.
+void DumpReader::openCamera(std::string_view name, std::string_view version) {
+    if (!hasRoomFor(name)) return;
+    enter(Region::Camera);
+    ReportedCamera* named = &camera(idOf(name));
+    if (named->hasStatic && named->name != name) {
+        named = &mReport.cameras.emplace_back();
+        named->id = name;  // another camera has the short one
+    }
+    mCamera = named->id;
+    mStaticSeen = false;
+    if (named->hasStatic) {
+        mReport.differences.push_back(
+            {mNumber,
+             fmt::format("camera {} is described again: the first description counts", cut(name, 60))});
+        return;
+    }
+    named->name = name;
+    named->provider = mProvider;
+    named->version = version;
+    named->line = mNumber;
+    named->hasStatic = true;
+}
+
+void DumpReader::openDynamic(std::string_view id) {
+    if (!hasRoomFor(id)) return;
+    enter(Region::Client);
+    mCamera = id;
+    if (!mPrevious) camera(id);
+}
+
+// "legacy/0 (v2.4, remote) static info: 2 devices"
+void DumpReader::openProvider(std::string_view title) {
+    enter(Region::Other);
+    Provider provider;
+    provider.line = mNumber;
+    if (const auto name = takeUntil(title, " (v")) {
+        provider.name = *name;
+        provider.version = takeUntil(title, ") static info: ").value_or("");
+        if (const auto count = takeDecimal(title)) provider.announced = *count;
+    } else {
+        provider.name = title;
+    }
+    mProvider = provider.name;
+    mCamera = {};
+    mReport.providers.push_back(provider);
+}
+
+void DumpReader::cameraLine() {
+    mHeading = mBody;
+    ReportedCamera& at = camera(mCamera);
+    if (const auto facing = behind(mBody, "Facing:")) {
+        if (at.facing.empty()) at.facing = facingNamed(*facing);
+    } else if (auto orientation = behind(mBody, "Orientation:")) {
+        if (const auto degrees = takeDecimal(*orientation); degrees && *degrees <= 360) {
+            at.orientation = static_cast<int>(*degrees);
+        }
+    } else if (const auto version = behind(mBody, "Device version:")) {
+        at.version = *version;
+    }
+}
+
+void DumpReader::clientLine() {
+    mHeading = mBody;
+    const auto package = behind(mBody, "Client package:");
+    if (package && !mPrevious && !mCamera.empty()) camera(mCamera).client = *package;
+    openLine();
+}
+
+// "Device 0 is open. Client instance dump:", since 12 behind a time.
+bool DumpReader::openLine() {
+    if (mBody.find(" is open. Client instance dump:") == std::string_view::npos) return false;
+    if (mRegion != Region::Client) enter(Region::Client);
+    mHeading = {};
+    if (!mPrevious && !mCamera.empty()) camera(mCamera).isOpen = true;
+    return true;
+}
+
+void DumpReader::globalLine() {
+    if (auto device = parseApiDevice(mBody)) {
+        device->line = mNumber;
+        mReport.apiMap.push_back(*device);
+        mReport.isDump = true;
+    } else if (startsWith(mBody, "(Camera ID: ")) {
+        mReport.clients.push_back({mNumber, mBody});
+    } else if (startsWith(mBody, "Camera module HAL API version:")) {
+        mReport.isDump = true;
+    } else if (auto count = behind(mBody, "Number of camera devices:")) {
+        mAnnouncedCameras =
+            static_cast<size_t>(std::min<uint64_t>(takeDecimal(*count).value_or(0), SIZE_MAX));
+        mReport.isDump = true;
+    }
+    mHeading = mBody;
+}
+
+void DumpReader::eventLine() {
+    if (isEvent(mBody)) mReport.events.push_back({mNumber, mBody});
+}
+
+void DumpReader::openShim() {
+    const Region outer = mRegion == Region::Camera ? Region::Camera : Region::Client;
+    enter(Region::Shim);
+    mOuter = outer;
+    ShimParameters& shim = mReport.shimParameters.emplace_back();
+    shim.camera = mCamera;
+    shim.line = mNumber;
+    shim.previousSession = mPrevious;
+}
+
+void DumpReader::shimLine() {
+    ShimParameters& shim = mReport.shimParameters.back();
+    constexpr std::string_view kSize = "mMap.size = ";
+    if (const size_t size = mBody.find(kSize); size != std::string_view::npos && !shim.announced) {
+        std::string_view count = mBody.substr(size + kSize.size());
+        if (const auto number = takeDecimal(count)) shim.announced = *number;
+        return;
+    }
+    if (!isShimLine()) {
+        enter(mOuter);
+        return takeInRegion();
+    }
+    std::string_view rest = mLine.substr(mIndent);
+    for (size_t tab = rest.find('\t'); tab != std::string_view::npos; tab = rest.find('\t')) {
+        addShimParameter(rest.substr(0, tab), true);
+        rest.remove_prefix(tab + 1);
+    }
+    constexpr size_t kLongestLine = 254;  // with its tabulator
+    addShimParameter(rest, rest.size() + 1 >= kLongestLine);
+}
+
+// A tabulator begins each parameter, unless it was lost on the way.
+bool DumpReader::isShimLine() const {
+    const ShimParameters& shim = mReport.shimParameters.back();
+    const bool isMarked = mIndent > 0 && mLine[mIndent - 1] == '\t';
+    const bool isFull = shim.announced && shim.parameters.size() >= *shim.announced;
+    const size_t colon = mBody.find(':');
+    return (isMarked || !isFull) && isParameterKey(mBody.substr(0, colon)) && colon != std::string_view::npos;
+}
+
+void DumpReader::addShimParameter(std::string_view text, bool cut) {
+    const size_t colon = text.find(':');
+    const std::string_view key = text.substr(0, colon);
+    if (colon == std::string_view::npos || !isParameterKey(key))
+        return leaveUnused(Left::Kind::GarbledLine, excerpt(text));
+    ShimParameter parameter;
+    parameter.line = mNumber;
+    parameter.key = key;
+    parameter.value = text.substr(std::min(colon + 2, text.size()));
+    parameter.cut = cut;
+    mReport.shimParameters.back().parameters.push_back(parameter);
+}
+
+// Takes facing, orientation and level from the static characteristics of a camera.
+void DumpReader::finishCameras() {
+    for (const MetadataArray& array : mReport.arrays) {
+        if (array.place == Place::PhysicalStatic)
+            addPhysicalId(array.camera, std::string(array.physicalCamera));
+        if (array.place != Place::Static || array.camera.empty()) continue;
+        for (const ArrayEntry& entry : array.entries) finishCamera(camera(array.camera), entry);
+    }
+}
+
+void DumpReader::finishCamera(ReportedCamera& at, const ArrayEntry& entry) {
+    const auto word = [&] {
+        std::string_view values = entry.values.empty() ? std::string_view() : entry.values.substr(1);
+        return takeWord(values);
+    };
+    if (entry.name == "android.lens.facing") {
+        if (const auto facing = facingNamed(word()); !facing.empty()) at.facing = facing;
+    } else if (entry.name == "android.info.supportedHardwareLevel") {
+        if (at.level.empty()) at.level = word();
+    } else if (entry.name == "android.logicalMultiCamera.physicalIds") {
+        std::string id;
+        for (const uint8_t byte : readValues(entry).values.bytes) {
+            if (byte != 0) {
+                id += static_cast<char>(byte);
+            } else if (!id.empty()) {
+                addPhysicalId(at.id, std::exchange(id, {}));
+            }
+        }
+    }
+}
+
+void DumpReader::addPhysicalId(std::string_view of, std::string id) {
+    if (of.empty()) return;
+    auto& ids = camera(of).physicalIds;
+    if (std::find(ids.begin(), ids.end(), id) == ids.end()) ids.push_back(std::move(id));
+}
+
+}  // namespace qzcam

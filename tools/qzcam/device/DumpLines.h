@@ -1,0 +1,58 @@
+// SPDX-License-Identifier: Apache-2.0
+// Single lines of a camera dump: entries, vendor tags, titles.
+#pragma once
+
+#include "device/Report.h"
+
+#include <cstdint>
+#include <optional>
+#include <string_view>
+
+namespace qzcam {
+
+// The text without blanks around it. Faster than trimmed(), for texts of many megabytes.
+std::string_view withoutBlanks(std::string_view line);
+
+// Takes the text up to `end` and `end` itself off the text. Nothing, and the text as it was, without `end`.
+std::optional<std::string_view> takeUntil(std::string_view& text, std::string_view end);
+
+// A decimal number at the start of the text, which is taken off it.
+std::optional<uint64_t> takeDecimal(std::string_view& text);
+
+// "name (tag): type[count]" with a hexadecimal tag.
+std::optional<ArrayEntry> parseEntry(std::string_view body);
+
+// "0x80000000 (iso) with type 0 (byte) defined in section com.ambrix.capture.metadata". `typeName` is the
+// word in brackets.
+struct VendorTagLine {
+    VendorTag tag;
+    uint64_t type = 0;
+    std::string_view typeName;
+};
+std::optional<VendorTagLine> parseVendorTag(std::string_view body);
+
+// `Device 4 maps to "8"`
+std::optional<ApiDevice> parseApiDevice(std::string_view body);
+
+// "== Title: ==" without its frame.
+std::string_view titleOf(std::string_view body);
+
+// The camera that a title names, in the spellings of old and new platforms: "Camera HAL device
+// device@3.4/legacy/0 (v3.4) static information", "Camera device 0 static information", "Camera 0
+// information".
+struct CameraTitle {
+    std::string_view name;
+    std::string_view version;  // "3.4", or empty
+};
+std::optional<CameraTitle> cameraOfTitle(std::string_view title);
+
+// The name behind the last slash.
+std::string_view idOf(std::string_view name);
+
+// Returns true for a text of printable ASCII that is not empty.
+bool isPlain(std::string_view text);
+
+// Returns true for the characters of keys. A path or another notation has others.
+bool isParameterKey(std::string_view text);
+
+}  // namespace qzcam

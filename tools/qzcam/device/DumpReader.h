@@ -1,0 +1,107 @@
+// SPDX-License-Identifier: Apache-2.0
+// Reads a camera dump line by line into a report. Sections are found by their titles, in the spellings of all
+// versions, and end where something else begins.
+#pragma once
+
+#include "base/Text.h"
+#include "device/Report.h"
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace qzcam {
+
+class DumpReader {
+  public:
+    DumpReader(std::string_view text, size_t firstLine) : mText(text), mFirstLine(firstLine) {}
+
+    Report read();
+
+  private:
+    enum class Region { Other, Events, Camera, Client, Array, Vendor, Shim, Monitor, HalText };
+
+    void take();
+    void takeInRegion();
+    void end();
+
+    bool title();
+    bool framedTitle();
+    bool moduleTitle();
+    bool mark();
+    bool listTitle();
+    bool errorLine();
+    bool endsHalText() const;
+    void enter(Region region);
+    void leave();
+
+    void openCamera(std::string_view name, std::string_view version);
+    bool hasRoomFor(std::string_view name);
+    void openDynamic(std::string_view id);
+    void openProvider(std::string_view title);
+    void cameraLine();
+    void clientLine();
+    bool openLine();
+    void globalLine();
+    void eventLine();
+
+    void openArray();
+    void setPlace(MetadataArray& array);
+    void closeArray(bool early);
+    void arrayLine();
+    void valueLine();
+    bool isComplete(const ArrayEntry& entry) const;
+    bool isStillArray() const;
+    bool strayEntry();
+
+    void openVendor();
+    void openVendorBlock();
+    void openTagList();
+    void closeVendor(bool early);
+    void closeBlock(bool early);
+    void vendorLine();
+
+    void openShim();
+    void shimLine();
+    bool isShimLine() const;
+    void addShimParameter(std::string_view text, bool cut);
+
+    void openText(std::vector<TextBlock>& blocks);
+    void closeText();
+
+    void leaveUnused(Left::Kind kind, std::string name);
+    void finishCameras();
+    void finishCamera(ReportedCamera& at, const ArrayEntry& entry);
+    void addPhysicalId(std::string_view of, std::string id);
+    void cutAt(size_t line, std::string text);
+    ReportedCamera& camera(std::string_view id);
+    size_t offset() const { return static_cast<size_t>(mLine.data() - mText.data()); }
+
+    std::string_view mText;
+    size_t mFirstLine;
+    Report mReport;
+    Region mRegion = Region::Other;
+    Region mOuter = Region::Other;  // around an array
+    size_t mNumber = 0;
+    std::string_view mLine;
+    std::string_view mBody;     // without blanks around it
+    std::string_view mHeading;  // the line before, which may name an array
+    std::string_view mCamera;   // id of the camera at hand
+    std::string_view mProvider;
+    size_t mIndent = 0;
+    size_t mArrayIndent = 0;
+    size_t mEntryIndent = 0;
+    bool mStaticSeen = false;  // static section of the camera at hand
+    bool mBlockOpen = false;   // the last vendor block
+    size_t mLeftOfBlock = 0;
+    bool mEntryGarbled = false;  // one of its value lines is
+    bool mInEntry = false;       // value lines belong to the last entry of the array
+    bool mPrevious = false;      // within sessions that were closed before
+    bool mEnded = false;         // the service's time was over
+    bool mStartedService = false;
+    size_t mAnnouncedCameras = 0;
+    size_t mModuleCameras = 0;  // "Camera N information"
+    std::vector<TextBlock>* mTexts = nullptr;
+};
+
+}  // namespace qzcam

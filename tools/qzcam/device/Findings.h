@@ -1,0 +1,61 @@
+// SPDX-License-Identifier: Apache-2.0
+// Faults of a dump and its unused parts, each with its line.
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <vector>
+
+namespace qzcam {
+
+// A fault of the HAL that the text shows. It has a consequence on the device too.
+struct Fault {
+    enum class Kind { NameOfTwoTypes, NumberOfTwoNames, LengthAgainstType };
+    Kind kind = Kind::NameOfTwoTypes;
+    size_t line = 0;
+    size_t otherLine = 0;  // line of the first of two; otherwise 0
+    std::string text;
+    std::string consequence;
+};
+
+// The text ends before its time.
+struct Cut {
+    size_t line = 0;
+    std::string text;  // "the array of static characteristics ends with 12 of 140 entries"
+};
+
+// Part of the text that is not used. Many lines of a kind that follow one another are one item.
+struct Left {
+    enum class Kind {
+        UnknownTag,     // an entry whose tag neither the tables nor the vendor tags have
+        UnknownType,    // an entry or vendor tag of a type that does not exist
+        Mistyped,       // an entry of another type than its tag's
+        Damaged,        // an entry whose values are not all there, or not its type's
+        UnknownWord,    // an entry that is used but for words that no table knows
+        RepeatedEntry,  // a second entry of one tag in an array
+        RepeatedTag,    // a vendor tag that was declared before
+        TooManyTags,    // beyond what a descriptor takes
+        GarbledLine,    // not what its place wants
+        StrayArray,     // an array without a camera
+        Section,        // a section of another kind
+        HalText,        // free text of the HAL
+        OtherBlock,     // vendor tags of another provider than the camera's
+    };
+    Kind kind = Kind::GarbledLine;
+    size_t line = 0;
+    size_t lastLine = 0;
+    size_t count = 1;
+    std::string name;  // name of the entry or tag, or the beginning of the line
+};
+
+// "unknownTag", for programs; "entries of unknown tags", for people.
+const char* nameOf(Left::Kind kind);
+const char* textOf(Left::Kind kind);
+
+// "entries of unknown tags (3), garbled lines (1)"; empty for nothing.
+std::string summaryOf(const std::vector<Left>& left);
+
+// "line 12: entries of unknown tags: android.newest.location (1c0000) byte[1]"
+std::string textOf(const Left& left);
+
+}  // namespace qzcam

@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "device/FindingsJson.h"
+
+#include "base/Text.h"
+
+#include <nlohmann/json.hpp>
+
+namespace qzcam {
+
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+Json jsonOf(const Left& left) {
+    return {{"kind", nameOf(left.kind)},
+            {"line", left.line},
+            {"lastLine", left.lastLine},
+            {"count", left.count},
+            {"name", visible(left.name)}};
+}
+
+const char* nameOf(Fault::Kind kind) {
+    switch (kind) {
+        case Fault::Kind::NameOfTwoTypes:
+            return "nameOfTwoTypes";
+        case Fault::Kind::NumberOfTwoNames:
+            return "numberOfTwoNames";
+        default:
+            return "lengthAgainstType";
+    }
+}
+
+Json jsonOf(const Fault& fault) {
+    return {{"kind", nameOf(fault.kind)},
+            {"line", fault.line},
+            {"what", visible(fault.text)},
+            {"consequence", visible(fault.consequence)}};
+}
+
+template <typename Items>
+Json listOf(const Items& items) {
+    Json list = Json::array();
+    for (const auto& item : items) list.push_back(jsonOf(item));
+    return list;
+}
+
+}  // namespace
+
+void addFindings(Json& json, const Device& device) {
+    if (!device.left.empty()) json["left"] = listOf(device.left);
+    if (!device.faults.empty()) json["faults"] = listOf(device.faults);
+    for (const std::string& note : device.notes) json["notes"].push_back(visible(note));
+}
+
+}  // namespace qzcam

@@ -1,0 +1,92 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "device/VendorFaults.h"
+
+#include "base/Text.h"
+
+#include <fmt/format.h>
+#include <system/camera_metadata.h>
+
+#include <algorithm>
+#include <functional>
+
+namespace qzcam {
+
+namespace {
+
+// A tag of a block and a number that equal tags share. Devices have few tags, broken texts may have millions:
+// sorting numbers is faster than a map of names.
+struct Key {
+    uint64_t key;
+    uint32_t index;
+
+    bool operator<(const Key& other) const {
+        return key != other.key ? key < other.key : index < other.index;
+    }
+};
+
+template <typename KeyOf>
+std::vector<Key> sortedBy(const std::vector<VendorTag>& tags, KeyOf keyOf) {
+    std::vector<Key> keys;
+    keys.reserve(tags.size());
+    for (const VendorTag& tag : tags) keys.push_back({keyOf(tag), static_cast<uint32_t>(keys.size())});
+    if (!std::is_sorted(keys.begin(), keys.end())) std::sort(keys.begin(), keys.end());
+    return keys;
+}
+
+bool sameName(const VendorTag& a, const VendorTag& b) { return a.name == b.name && a.section == b.section; }
+
+std::string fullName(const VendorTag& tag) { return fmt::format("{}.{}", tag.section, tag.name); }
+
+const char* typeOf(const VendorTag& tag) { return camera_metadata_type_names[tag.type]; }
+
+// Compares each tag with the one before it that shares its key.
+template <typename Compare>
+void comparePairs(const std::vector<VendorTag>& tags, const std::vector<Key>& keys, Compare compare) {
+    for (size_t i = 1; i < keys.size(); ++i) {
+        if (keys[i].key == keys[i - 1].key) compare(tags[keys[i - 1].index], tags[keys[i].index]);
+    }
+}
+
+void findNamesOfTwoTypes(const VendorBlock& block, std::vector<Fault>& faults) {
+    const auto hashOf = [](const VendorTag& tag) -> uint64_t {
+        const std::hash<std::string_view> hash;
+        return hash(tag.name) * 31 + hash(tag.section);
+    };
+    comparePairs(
+        block.tags, sortedBy(block.tags, hashOf), [&](const VendorTag& first, const VendorTag& second) {
+            if (!sameName(first, second) || first.type == second.type) return;
+            faults.push_back(
+                {Fault::Kind::NameOfTwoTypes, second.line, first.line,
+                 fmt::format("{} is declared twice, as {} in line {} and as {}", fullName(second),
+                             typeOf(first), first.line, typeOf(second)),
+                 fmt::format(
+                     "the name finds the tag that the HAL lists last, here {:#x} ({}); entries of {:#x} "
+                     "are not found by it",
+                     second.id, typeOf(second), first.id)});
+        });
+}
+
+void findNumbersOfTwoNames(const VendorBlock& block, std::vector<Fault>& faults) {
+    const auto numberOf = [](const VendorTag& tag) -> uint64_t { return tag.id; };
+    comparePairs(block.tags, sortedBy(block.tags, numberOf),
+                 [&](const VendorTag& first, const VendorTag& second) {
+                     if (sameName(first, second)) return;
+                     faults.push_back({Fault::Kind::NumberOfTwoNames, second.line, first.line,
+                                       fmt::format("{} has the number {:#x} of {} in line {}",
+                                                   fullName(second), second.id, fullName(first), first.line),
+                                       "an entry of one is read as an entry of the other"});
+                 });
+}
+
+}  // namespace
+
+void findVendorFaults(Report& report) {
+    for (const VendorBlock& block : report.vendorBlocks) {
+        findNamesOfTwoTypes(block, report.faults);
+        findNumbersOfTwoNames(block, report.faults);
+    }
+    std::stable_sort(report.faults.begin(), report.faults.end(),
+                     [](const Fault& a, const Fault& b) { return a.line < b.line; });
+}
+
+}  // namespace qzcam

@@ -1,0 +1,86 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "input/Input.h"
+
+#include "input/Encoding.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <utility>
+
+namespace qzcam {
+
+namespace {
+
+// Text in UTF-8, as it was written. Otherwise the text says what is wrong.
+std::string clean(Content& content, TextKind kind) {
+    const Encoding encoding = encodingOf(content.bytes.view());
+    if (encoding != Encoding::Utf8) content.steps.emplace_back(nameOf(encoding));
+    content.bytes = decoded(std::move(content.bytes), encoding);
+    if (isBinary(content.bytes.view()))
+        return "it is no text: expected a dump, a bugreport, a log or the like";
+    for (std::string& step : normalise(content.bytes, kind)) content.steps.push_back(std::move(step));
+    return {};
+}
+
+InputText inputTextOf(Content content) {
+    const auto storage = std::make_shared<const Memory>(std::move(content.bytes));
+    return {std::move(content.name), storage->view(), std::move(content.cuts), std::move(content.steps),
+            storage};
+}
+
+}  // namespace
+
+bool areReadOnce(const std::vector<std::string>& paths) {
+    if (std::count(paths.begin(), paths.end(), "-") <= 1) return true;
+    complain("qzcam: only one of the inputs can be '-': standard input is read once");
+    return false;
+}
+
+std::string inputName(const std::string& path) { return path == "-" ? "standard input" : visible(path); }
+
+std::optional<InputText> readContent(Content content, Problems& problems, TextKind kind,
+                                     const UnpackLimits& limits) {
+    std::string wrong = unpack(content, limits);
+    if (wrong.empty()) wrong = clean(content, kind);
+    if (wrong.empty()) return inputTextOf(std::move(content));
+    problems.add(0, wrong);
+    return std::nullopt;
+}
+
+std::optional<InputText> readFile(const std::string& path, Problems& problems, TextKind kind,
+                                  const InputLimits& limits) {
+    Content content{inputName(path), Memory(), {}, {}};
+    const std::string wrong = readBytes(content.bytes, path, limits);
+    if (!wrong.empty()) {
+        problems.add(0, wrong);
+        return std::nullopt;
+    }
+    UnpackLimits unpackLimits;
+    unpackLimits.bytes = limits.bytes;
+    return readContent(std::move(content), problems, kind, unpackLimits);
+}
+
+std::optional<InputText> readFile(const std::string& path, TextKind kind) {
+    Problems problems(inputName(path));
+    auto input = readFile(path, problems, kind);
+    report(problems);
+    if (!input) return std::nullopt;
+    for (const std::string& cut : input->cuts) complain(fmt::format("{}: {}", input->name, cut));
+    return input;
+}
+
+std::optional<InputText> readOr(const std::string& path, const char* builtInName, std::string_view builtIn,
+                                TextKind kind) {
+    if (!path.empty()) return readFile(path, kind);
+    return InputText{builtInName, builtIn, {}, {}, nullptr};
+}
+
+bool report(const Problems& problems) {
+    for (const std::string& problem : problems.first()) complain(problem);
+    const size_t more = problems.count() - problems.first().size();
+    if (more > 0) complain(fmt::format("... and {} more", more));
+    return problems.empty();
+}
+
+}  // namespace qzcam

@@ -1,0 +1,301 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "input/Parts.h"
+
+#include "base/Text.h"
+#include "input/Lines.h"
+
+#include <algorithm>
+#include <array>
+#include <iterator>
+#include <utility>
+
+namespace qzcam {
+
+namespace {
+
+using Kind = Part::Kind;
+
+// Walks over lines and knows where each begins.
+class LineWalk {
+  public:
+    explicit LineWalk(std::string_view text, size_t firstLine = 1) : mText(text), mNumber(firstLine) {}
+
+    bool next(std::string_view& line) {
+        mStart = mEnd;
+        if (mStart >= mText.size()) return false;
+        mNumber += mStart == 0 ? 0 : 1;
+        const size_t end = std::min(mText.find('\n', mStart), mText.size());
+        line = mText.substr(mStart, end - mStart);
+        mEnd = std::min(end + 1, mText.size());
+        return true;
+    }
+    std::string_view following() const {
+        return mText.substr(mEnd, std::min(mText.find('\n', mEnd), mText.size()) - mEnd);
+    }
+    size_t start() const { return mStart; }
+    size_t end() const { return mEnd; }
+    size_t number() const { return mNumber; }
+
+  private:
+    std::string_view mText;
+    size_t mStart = 0;
+    size_t mEnd = 0;
+    size_t mNumber;
+};
+
+// Parts of a text, each from where it begins up to the next one.
+class PartList {
+  public:
+    PartList(std::string_view text, size_t firstLine) : mText(text) { mCurrent.firstLine = firstLine; }
+
+    Part& current() { return mCurrent; }
+
+    void begin(Kind kind, std::string_view title, size_t offset, size_t line) {
+        close(offset);
+        mCurrent = {kind, std::string(title), line, {}, {}, 0};
+    }
+    std::vector<Part> finish() {
+        close(mText.size());
+        return std::move(mParts);
+    }
+
+  private:
+    void close(size_t offset) {
+        mCurrent.text = mText.substr(mStart, offset - mStart);
+        mStart = offset;
+        if (!mCurrent.text.empty()) mParts.push_back(std::move(mCurrent));
+    }
+
+    std::string_view mText;
+    size_t mStart = 0;
+    Part mCurrent;
+    std::vector<Part> mParts;
+};
+
+// "------ SYSTEM LOG (logcat -v threadtime) ------" without its frame; empty for other lines.
+std::string_view sectionOf(std::string_view line) {
+    constexpr std::string_view kFrame = "------";
+    if (line.size() < 16 || !startsWith(line, "------ ") || !endsWith(line, " ------")) return {};
+    return trimmed(line.substr(kFrame.size(), line.size() - 2 * kFrame.size()));
+}
+
+bool isDuration(std::string_view section) {
+    return section.find("s was the duration of '") != std::string_view::npos;
+}
+
+// Titles are in capitals, unlike what a driver may print between hyphens.
+std::string_view titleOf(std::string_view section) {
+    const std::string_view title = trimmed(section.substr(0, section.find(" (")));
+    const bool isTitle =
+        std::none_of(title.begin(), title.end(), [](char c) { return c >= 'a' && c <= 'z'; });
+    return isTitle ? title : std::string_view();
+}
+
+Kind kindOfSection(std::string_view title) {
+    constexpr std::array<std::string_view, 3> kLogs{"SYSTEM LOG", "MAIN LOG", "LAST LOGCAT"};
+    if (title == "SYSTEM PROPERTIES") return Kind::Properties;
+    return std::find(kLogs.begin(), kLogs.end(), title) == kLogs.end() ? Kind::Other : Kind::Log;
+}
+
+bool isSeparator(std::string_view line) {
+    constexpr size_t kShortest = 40;  // 79 are printed
+    return line.size() >= kShortest && line.find_first_not_of('-') == std::string_view::npos;
+}
+
+// "DUMP OF SERVICE HIGH media.camera:"
+std::string_view serviceOf(std::string_view line) {
+    if (!startsWith(line, "DUMP OF SERVICE ") || !endsWith(line, ":")) return {};
+    line.remove_suffix(1);
+    return line.substr(line.rfind(' ') + 1);
+}
+
+// "--------- 0.412s was the duration of dumpsys media.camera, ending at: ..."
+bool isFooterOf(std::string_view line, std::string_view service) {
+    constexpr std::string_view kMiddle = "s was the duration of dumpsys ";
+    const size_t middle = line.find(kMiddle);
+    if (!startsWith(line, "--------- ") || middle == std::string_view::npos) return false;
+    line.remove_prefix(middle + kMiddle.size());
+    return line.substr(0, line.find(',')) == service;
+}
+
+bool isTimeout(std::string_view line) {
+    return startsWith(line, "*** SERVICE ") && endsWith(line, "EXPIRED ***");
+}
+
+bool isStopped(std::string_view line) {
+    return startsWith(line, "*** ") && (line.find(" timed out") != std::string_view::npos ||
+                                        line.find(" failed: ") != std::string_view::npos);
+}
+
+// Cuts at the frames of sections and services. What stands outside of them has no title yet.
+class FrameCutter {
+  public:
+    explicit FrameCutter(std::string_view text) : mWalk(text), mParts(text, 1) {}
+
+    std::vector<Part> cut();
+
+  private:
+    void line(std::string_view line);
+    void framed(std::string_view line);
+    void service(std::string_view line);
+    void begin(Kind kind, std::string_view title) {
+        mParts.begin(kind, title, mWalk.start(), mWalk.number());
+    }
+    void beginBehind(Kind kind, std::string_view title) {
+        mParts.begin(kind, title, mWalk.end(), mWalk.number() + 1);
+    }
+    void fault(std::string_view text);
+    void leaveService(std::string_view fault);
+
+    LineWalk mWalk;
+    PartList mParts;
+    std::string mSection;
+    std::string mService;
+    bool mSeparated = true;  // the line before is a separator, or there is none
+};
+
+std::vector<Part> FrameCutter::cut() {
+    for (std::string_view text; mWalk.next(text);) {
+        const char first = text.empty() ? '\0' : text.front();
+        if (first == '-') {
+            framed(text);
+        } else if (first == '*' || first == 'D' || first == 'E') {
+            line(text);
+        }
+        mSeparated = first == '-' && isSeparator(text);
+    }
+    leaveService("the text ends within the dump");
+    return mParts.finish();
+}
+
+void FrameCutter::line(std::string_view line) {
+    if (mSeparated && !serviceOf(line).empty()) return service(line);
+    const bool inDump = mParts.current().kind == Kind::Dump;
+    if (!mService.empty() && isTimeout(line)) {
+        fault(line);
+        begin(Kind::Other, mService);
+    } else if (inDump && startsWith(line, "Error dumping service")) {
+        fault(line);
+    } else if (mService.empty() && !mSection.empty() && isStopped(line)) {
+        fault(line);
+    }
+}
+
+void FrameCutter::fault(std::string_view text) {
+    mParts.current().fault = text;
+    mParts.current().faultLine = mWalk.number();
+}
+
+void FrameCutter::leaveService(std::string_view fault) {
+    Part& part = mParts.current();
+    if (part.kind == Kind::Dump && part.fault.empty()) {
+        part.fault = fault;
+        part.faultLine = mWalk.number();
+    }
+    mService.clear();
+}
+
+void FrameCutter::framed(std::string_view line) {
+    const std::string_view section = sectionOf(line);
+    if (!mService.empty() && isFooterOf(line, mService)) {
+        mService.clear();
+        begin(Kind::Other, mSection);
+    } else if (isSeparator(line) && !serviceOf(mWalk.following()).empty()) {
+        leaveService("the dump ends without its last line");
+        begin(Kind::Other, serviceOf(mWalk.following()));
+    } else if (!section.empty() && isDuration(section)) {
+        leaveService("the dump ends without its last line");
+        begin(Kind::Other, mSection);
+        mSection.clear();
+        beginBehind(Kind::Other, {});
+    } else if (!section.empty() && !titleOf(section).empty()) {
+        leaveService("the dump ends without its last line");
+        mSection = titleOf(section);
+        begin(Kind::Other, mSection);
+        beginBehind(kindOfSection(mSection), mSection);
+    }
+}
+
+void FrameCutter::service(std::string_view line) {
+    mService = serviceOf(line);
+    if (mService == "media.camera") beginBehind(Kind::Dump, mService);
+}
+
+// Cuts a text without frames where its kind of lines changes.
+class LooseCutter {
+  public:
+    explicit LooseCutter(const Part& part)
+        : mWalk(part.text, part.firstLine), mParts(part.text, part.firstLine) {}
+
+    std::vector<Part> cut();
+
+  private:
+    Kind kindFrom(std::string_view line);
+    Kind kindOfBeginning(std::string_view line) const;
+
+    LineWalk mWalk;
+    PartList mParts;
+    Kind mKind = Kind::Other;
+};
+
+std::vector<Part> LooseCutter::cut() {
+    for (std::string_view line; mWalk.next(line);) {
+        if (line.empty()) continue;
+        const Kind kind = kindFrom(line);
+        if (kind == mKind) continue;
+        mKind = kind;
+        mParts.begin(kind, {}, mWalk.start(), mWalk.number());
+        if (startsWith(line, "Can't find service") || startsWith(line, "Error dumping service")) {
+            mParts.current().fault = line;
+            mParts.current().faultLine = mWalk.number();
+        }
+    }
+    return mParts.finish();
+}
+
+Kind LooseCutter::kindFrom(std::string_view line) {
+    const bool indented = line.front() == ' ' || line.front() == '\t';
+    if (!indented && isPromptLine(line)) return Kind::Other;
+    if (mKind == Kind::Other) return kindOfBeginning(line);
+    if (isLogBeginning(line)) return Kind::Log;
+    if (mKind == Kind::Dump) {
+        return isPropertyLine(line) && isPropertyLine(mWalk.following()) ? Kind::Properties : mKind;
+    }
+    if (mKind == Kind::Log) return startsWith(line, "== Service global info") ? Kind::Dump : mKind;
+    if (isDumpHeading(line)) return Kind::Dump;
+    if (mKind == Kind::Properties && isLogLine(line)) return Kind::Log;
+    return mKind;
+}
+
+Kind LooseCutter::kindOfBeginning(std::string_view line) const {
+    if (isLogBeginning(line) || isLogLine(line)) return Kind::Log;
+    if (isDumpHeading(line)) return Kind::Dump;
+    if (isPropertyLine(line) || isBuildPropertyLine(line)) return Kind::Properties;
+    return isParameterLine(line) ? Kind::Parameters : Kind::Other;
+}
+
+bool isHeader(std::string_view text) { return startsWith(text, "====") && text.find("== dumpstate: ") < 400; }
+
+}  // namespace
+
+std::vector<Part> partsOf(std::string_view text) {
+    std::vector<Part> parts;
+    for (Part& part : FrameCutter(text).cut()) {
+        const bool loose = part.kind == Kind::Other && part.title.empty();
+        if (loose && isHeader(part.text)) part.kind = Kind::Header;
+        if (loose && part.kind == Kind::Other) {
+            auto pieces = LooseCutter(part).cut();
+            std::move(pieces.begin(), pieces.end(), std::back_inserter(parts));
+        } else {
+            parts.push_back(std::move(part));
+        }
+    }
+    return parts;
+}
+
+bool isReport(const std::vector<Part>& parts) {
+    return std::any_of(parts.begin(), parts.end(),
+                       [](const Part& part) { return part.kind == Kind::Header || !part.title.empty(); });
+}
+
+}  // namespace qzcam

@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: Apache-2.0
+// Tells people at a terminal's standard error what is being read, once that takes more than a second. Prints
+// nothing elsewhere.
+#pragma once
+
+#include <chrono>
+#include <cstddef>
+#include <string>
+
+namespace qzcam {
+
+class Progress {
+  public:
+    explicit Progress(std::string what);  // "reading report.zip"
+    ~Progress();                          // takes the line away
+    Progress(const Progress&) = delete;
+    Progress& operator=(const Progress&) = delete;
+
+    // May be called often. `total` is 0 if it is not known.
+    void reached(size_t bytes, size_t total = 0);
+
+  private:
+    using Clock = std::chrono::steady_clock;
+
+    void show(size_t bytes, size_t total);
+
+    std::string mWhat;
+    bool mAtTerminal;
+    bool mShown = false;
+    Clock::time_point mNext;
+};
+
+}  // namespace qzcam

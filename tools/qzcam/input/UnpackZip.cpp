@@ -1,0 +1,238 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "input/Progress.h"
+#include "input/Unpack.h"
+
+#include "base/Text.h"
+
+#include <archive.h>
+#include <archive_entry.h>
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <array>
+#include <memory>
+#include <optional>
+#include <utility>
+
+namespace qzcam {
+
+namespace {
+
+constexpr size_t kStart = 1000;  // enough for the name of the main entry
+
+struct Entry {
+    std::string name;
+    size_t size = 0;
+    std::string start;  // its first bytes
+};
+
+// A zip's entries, one after the other. By its directory if it has one; otherwise, of a zip that was cut, as
+// they stand.
+class Zip {
+  public:
+    Zip(std::string_view bytes, bool hasDirectory)
+        : mArchive(archive_read_new(), archive_read_free), mRest(bytes) {
+        mOpen = (hasDirectory ? openWhole() : openCut()) == ARCHIVE_OK;
+    }
+
+    // False at the end, and when the rest cannot be read.
+    bool next() {
+        if (!mOpen) return false;
+        const int status = archive_read_next_header(mArchive.get(), &mEntry);
+        mDamaged = status != ARCHIVE_OK && status != ARCHIVE_EOF && status != ARCHIVE_WARN;
+        return status == ARCHIVE_OK || status == ARCHIVE_WARN;
+    }
+    bool isDamaged() const { return mDamaged || !mOpen; }
+
+    std::string name() const {
+        const char* const name = archive_entry_pathname(mEntry);
+        return name ? name : "";
+    }
+    bool isFile() const { return archive_entry_filetype(mEntry) == AE_IFREG; }
+    bool isEncrypted() const { return archive_entry_is_encrypted(mEntry) != 0; }
+    size_t size() const { return static_cast<size_t>(std::max<la_int64_t>(archive_entry_size(mEntry), 0)); }
+
+    // The next bytes of the entry, empty at its end. False if the data is damaged.
+    bool read(std::string_view& bytes) {
+        const void* block = nullptr;
+        size_t size = 0;
+        la_int64_t offset = 0;
+        int status = ARCHIVE_OK;
+        while (status == ARCHIVE_OK && size == 0) {  // a block may hold nothing yet
+            status = archive_read_data_block(mArchive.get(), &block, &size, &offset);
+        }
+        bytes = {static_cast<const char*>(block), status == ARCHIVE_EOF ? 0 : size};
+        return status == ARCHIVE_OK || status == ARCHIVE_EOF;
+    }
+    std::string error() const {
+        const char* const text = archive_error_string(mArchive.get());
+        return text ? text : "no reason given";
+    }
+
+  private:
+    int openWhole() {
+        archive_read_support_format_zip_seekable(mArchive.get());
+        return archive_read_open_memory(mArchive.get(), mRest.data(), mRest.size());
+    }
+    int openCut() {
+        archive_read_support_format_zip_streamable(mArchive.get());
+        return archive_read_open(mArchive.get(), this, nullptr, takeBlock, nullptr);
+    }
+
+    // The block in which the data ends is lost with what it unpacks to, so that blocks are small.
+    static la_ssize_t takeBlock(archive*, void* zip, const void** block) {
+        constexpr size_t kBlock = 128;
+        std::string_view& rest = static_cast<Zip*>(zip)->mRest;
+        const size_t size = std::min(rest.size(), kBlock);
+        *block = rest.data();
+        rest.remove_prefix(size);
+        return static_cast<la_ssize_t>(size);
+    }
+
+    std::unique_ptr<archive, int (*)(archive*)> mArchive;
+    std::string_view mRest;
+    archive_entry* mEntry = nullptr;
+    bool mOpen = false;
+    bool mDamaged = false;
+};
+
+bool isTop(std::string_view name) { return name.find('/') == std::string_view::npos; }
+
+std::string_view extensionOf(std::string_view name) {
+    const size_t dot = name.rfind('.');
+    return dot == std::string_view::npos || name.find('/', dot) != std::string_view::npos ? std::string_view()
+                                                                                          : name.substr(dot);
+}
+
+bool namesMainEntry(std::string_view name) {
+    return name == "main_entry.txt" || name == "main-entry.txt";  // the second one in a description only
+}
+
+// The report itself, before texts, before what may hold one, before anything else.
+int rankOf(const Entry& entry, std::string_view mainEntry) {
+    constexpr std::array<std::string_view, 5> kTexts{".txt", ".log", ".dump", ".dumpsys", ""};
+    constexpr std::array<std::string_view, 5> kSmall{"version.txt", "dumpstate_log.txt", "title.txt",
+                                                     "description.txt", "dumpstate_board.txt"};
+    const std::string_view extension = extensionOf(entry.name);
+    const auto isOne = [](const auto& all, std::string_view one) {
+        return std::find(all.begin(), all.end(), one) != all.end();
+    };
+    if (entry.name == mainEntry) return 6;
+    if (startsWith(entry.name, "__MACOSX/") || namesMainEntry(entry.name)) return 0;
+    if (isOne(kSmall, entry.name)) return 1;
+    if (startsWith(entry.start, "====")) return isTop(entry.name) ? 5 : 4;
+    if (isOne(kTexts, extension)) return isTop(entry.name) ? 3 : 2;
+    return extension == ".zip" || extension == ".gz" ? 2 : 1;
+}
+
+// A zip as far as its entries' names go.
+struct Listing {
+    std::vector<Entry> entries;
+    std::string mainEntry;  // as the report names it
+    bool damaged = false;
+    bool encrypted = false;
+    std::string wrong;
+};
+
+// Sizes that the entry's own header does not know are counted; that unpacks it.
+std::string readStart(Zip& zip, Entry& entry, bool hasDirectory, size_t packed, const UnpackLimits& limits) {
+    const bool wantsStart = isTop(entry.name) || extensionOf(entry.name) == ".txt";
+    if (hasDirectory && !wantsStart) return {};
+    std::string_view bytes;
+    bool more = zip.read(bytes);
+    entry.start = bytes.substr(0, kStart);
+    for (size_t all = 0; !hasDirectory && more && !bytes.empty(); more = zip.read(bytes)) {
+        all += bytes.size();
+        entry.size = std::max(entry.size, all);
+        std::string wrong = wrongSize(all, packed, limits);
+        if (!wrong.empty()) return wrong;
+    }
+    return {};
+}
+
+Listing list(std::string_view bytes, bool hasDirectory, const UnpackLimits& limits) {
+    Listing listing;
+    Zip zip(bytes, hasDirectory);
+    while (listing.wrong.empty() && listing.entries.size() < limits.entries && zip.next()) {
+        if (!zip.isFile()) continue;
+        listing.encrypted = listing.encrypted || zip.isEncrypted();
+        Entry entry{zip.name(), zip.size(), {}};
+        listing.wrong = readStart(zip, entry, hasDirectory, bytes.size(), limits);
+        if (namesMainEntry(entry.name)) listing.mainEntry = trimmed(entry.start);
+        listing.entries.push_back(std::move(entry));
+    }
+    listing.damaged = zip.isDamaged();
+    return listing;
+}
+
+const Entry* chosenOf(const Listing& listing) {
+    const auto isWorse = [&](const Entry& a, const Entry& b) {
+        return std::pair(rankOf(a, listing.mainEntry), a.size) <
+               std::pair(rankOf(b, listing.mainEntry), b.size);
+    };
+    const auto found = std::max_element(listing.entries.begin(), listing.entries.end(), isWorse);
+    const bool any =
+        found != listing.entries.end() && found->size > 0 && rankOf(*found, listing.mainEntry) > 0;
+    return any ? &*found : nullptr;
+}
+
+// Reads the entry into the content. Otherwise the text says what is wrong.
+std::string extract(std::string_view packed, bool hasDirectory, const Entry& entry, Content& content,
+                    const UnpackLimits& limits) {
+    Zip zip(packed, hasDirectory);
+    while (zip.next() && zip.name() != entry.name) {
+    }
+    Progress progress("unpacking " + content.name);
+    content.bytes = Memory(std::min(entry.size, limits.freeBytes) + 1);
+    std::string_view bytes;
+    bool good = zip.read(bytes);
+    for (; good && !bytes.empty(); good = zip.read(bytes)) {
+        content.bytes.append(bytes);
+        progress.reached(content.bytes.size(), entry.size);
+        std::string wrong = wrongSize(content.bytes.size(), packed.size(), limits);
+        if (!wrong.empty()) return wrong;
+    }
+    if (good) return {};
+    if (content.bytes.size() == 0) return fmt::format("it cannot be unpacked: {}", zip.error());
+    content.cuts.push_back(
+        fmt::format("the zip's data is damaged ({}): what precedes it is read", zip.error()));
+    return {};
+}
+
+std::string nothingIn(const Listing& listing) {
+    if (!listing.wrong.empty()) return listing.wrong;
+    if (listing.damaged) return "the zip is damaged: no entry of it can be read";
+    return "the zip holds no text: expected that of 'adb bugreport', or a dump";
+}
+
+void tellAboutMain(const Listing& listing, const Entry& chosen, Content& content) {
+    if (listing.mainEntry.empty() || listing.mainEntry == chosen.name) return;
+    content.cuts.push_back(fmt::format("main_entry.txt names {}, which the zip does not hold: {} is read",
+                                       excerpt(listing.mainEntry), excerpt(chosen.name)));
+}
+
+}  // namespace
+
+std::string unpackZip(Content& content, const UnpackLimits& limits) {
+    const Memory packed = std::move(content.bytes);
+    content.bytes = Memory();
+    content.steps.emplace_back("zip");
+    bool hasDirectory = true;
+    Listing listing = list(packed.view(), hasDirectory, limits);
+    if (listing.entries.empty() && listing.damaged) {
+        hasDirectory = false;
+        listing = list(packed.view(), hasDirectory, limits);
+        content.cuts.emplace_back(
+            "the zip is cut: it has no directory at its end; what there is of it is read");
+    }
+    const Entry* const chosen = listing.wrong.empty() ? chosenOf(listing) : nullptr;
+    if (!chosen) return nothingIn(listing);
+    tellAboutMain(listing, *chosen, content);
+    content.name += ": " + visible(chosen->name);
+    std::string wrong = extract(packed.view(), hasDirectory, *chosen, content, limits);
+    if (wrong.empty() || !hasDirectory || content.bytes.size() > 0) return wrong;
+    // Smaller steps get out what stands before the damage.
+    return extract(packed.view(), false, *chosen, content, limits);
+}
+
+}  // namespace qzcam

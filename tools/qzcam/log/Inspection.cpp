@@ -1,0 +1,239 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "log/Inspection.h"
+
+#include "base/Text.h"
+#include "facts/Tags.h"
+
+#include <rows/Line.h>
+
+#include <algorithm>
+
+namespace qzcam {
+
+namespace {
+
+using Of = Inspected::Of;
+using Kind = Inspected::Kind;
+
+constexpr size_t kMostElements = 4096;
+
+Of ofUse(Use use) {
+    switch (use) {
+        case Use::Request:
+            return Of::Request;
+        case Use::Result:
+            return Of::Result;
+        default:
+            return Of::Static;
+    }
+}
+
+// Where the library itself has the tag.
+const std::set<Of>& usesOf(const std::string& tag) {
+    static const std::map<std::string, std::set<Of>> uses = [] {
+        std::map<std::string, std::set<Of>> all;
+        for (const TagFact& fact : tagFacts()) all[fact.entry.tag].insert(ofUse(fact.use));
+        return all;
+    }();
+    static const std::set<Of> none;
+    const auto found = uses.find(tag);
+    return found == uses.end() ? none : found->second;
+}
+
+// The place in the log says where a chosen tag was looked for. Lines may be missing, so that it counts only
+// where the rows do not contradict, and alone only on a thread that does nothing else.
+Of agree(Of byPlace, const std::string& tag, const std::set<Of>& seenOnThread) {
+    const std::set<Of>& uses = usesOf(tag);
+    if (uses.empty()) return seenOnThread.size() == 1 ? byPlace : Of::Unknown;
+    if (uses.count(byPlace) == 0) return Of::Unknown;
+    return uses.size() == 1 || seenOnThread.size() == 1 ? byPlace : Of::Unknown;
+}
+
+// The entries tell by themselves whose they are: the static ones have a section of their own.
+Of ofEntries(const Inspected& inspected, Of byPlace, const std::set<Of>& seenOnThread) {
+    for (const auto& each : inspected.tags) {
+        const std::set<Of>& uses = usesOf(each.second);
+        if (uses.size() == 1 && *uses.begin() == Of::Static) return Of::Static;
+        if (!uses.empty() && uses.count(Of::Static) == 0) return Of::Request;
+    }
+    return seenOnThread.size() == 1 ? byPlace : Of::Unknown;
+}
+
+std::string fullName(const LibraryLine& line, size_t section) {
+    return line.text(section) + "." + line.text(section + 1);
+}
+
+uint32_t tagNumber(const LibraryLine& line, size_t index) {
+    return static_cast<uint32_t>(line.number(index).value_or(0));
+}
+
+}  // namespace
+
+bool Inspected::isWhole() const {
+    if (kind == Kind::VendorTags || kind == Kind::Entries) return announced == tags.size();
+    return announced == elements.size() && std::count(elements.begin(), elements.end(), "?") == 0;
+}
+
+Inspected& InspectionReader::open(const LogLine& log, Thread& thread, Inspected::Kind kind) {
+    close(thread);
+    thread.open.emplace();
+    thread.open->kind = kind;
+    thread.open->log = log;
+    thread.open->lastLine = log.line;
+    return *thread.open;
+}
+
+Inspected& InspectionReader::openChosen(const LogLine& log, Thread& thread, uint32_t id) {
+    Inspected& inspected = open(log, thread, Kind::ChosenTag);
+    inspected.id = id;
+    const auto name = mNames.find({log.pid, id});
+    if (name != mNames.end()) inspected.tag = name->second;
+    return inspected;
+}
+
+void InspectionReader::close(Thread& thread, bool beforeResult) {
+    closeResult(thread);
+    if (!thread.open) return;
+    Inspected inspected = std::move(*thread.open);
+    thread.open.reset();
+    Of place = beforeResult ? Of::Result : thread.opener;
+    if (inspected.kind == Kind::Entries) inspected.of = ofEntries(inspected, place, thread.seen);
+    if (inspected.kind == Kind::VendorTags) inspected.of = Of::Static;
+    if (inspected.kind == Kind::ChosenTag) {
+        // Behind a request and before a result: of which of them the tags' uses must tell.
+        const bool isEither = beforeResult && thread.isFirst && thread.opener == Of::Request;
+        if (isEither && usesOf(inspected.tag).count(Of::Result) == 0) place = Of::Request;
+        inspected.of = agree(place, inspected.tag, thread.seen);
+    }
+    if (inspected.of == Of::Request && thread.isFirst) inspected.requestKind = thread.requestKind;
+    thread.isFirst = false;
+    if (beforeResult && inspected.of == Of::Result) {
+        thread.result = std::move(inspected);
+    } else {
+        mTake(inspected);
+    }
+}
+
+void InspectionReader::closeResult(Thread& thread) {
+    if (!thread.result) return;
+    const Inspected inspected = std::move(*thread.result);
+    thread.result.reset();
+    mTake(inspected);
+}
+
+bool InspectionReader::feedOpener(const LogLine& log, const LibraryLine& line, Thread& thread) {
+    const bool isStatic = line.is(qz::line::StaticInfo::format) && line.function == "setInfo";
+    const bool isRequest = line.is(qz::line::RequestKind::format);
+    if (!isStatic && !isRequest) return false;
+    close(thread);
+    thread.opener = isStatic ? Of::Static : Of::Request;
+    thread.seen.insert(thread.opener);
+    thread.isFirst = true;
+    thread.requestKind = isRequest ? line.text(0) : "";
+    if (isStatic) return false;  // nothing is found yet
+    Inspected request;
+    request.log = log;
+    request.lastLine = log.line;
+    request.of = Of::Request;
+    request.requestKind = thread.requestKind;
+    mTake(request);
+    return true;
+}
+
+bool InspectionReader::feedElement(const LogLine& log, const LibraryLine& line, Thread& thread) {
+    const auto part = line.number(0);
+    const auto count = line.number(1);
+    if (!part || !count || *part < 1 || *part > *count || static_cast<size_t>(*count) > kMostElements)
+        return false;
+    const uint32_t id = tagNumber(line, 3);
+    const auto place = static_cast<size_t>(*part) - 1;
+    const bool goesOn = thread.open && thread.open->kind == Kind::ChosenTag && thread.open->id == id &&
+                        thread.open->elements.size() <= place && !thread.open->isAbsent;
+    Inspected& inspected = goesOn ? *thread.open : openChosen(log, thread, id);
+    inspected.announced = static_cast<size_t>(*count);
+    inspected.elements.resize(place, "?");
+    const std::string text = line.text(4);
+    const size_t comma = text.find(", value: ");
+    inspected.type = text.substr(0, comma);
+    inspected.elements.emplace_back(
+        comma == std::string::npos ? "?" : trimmed(std::string_view(text).substr(comma + 9)));
+    inspected.lastLine = log.line;
+    return true;
+}
+
+bool InspectionReader::feedChosen(const LogLine& log, const LibraryLine& line, Thread& thread) {
+    if (line.is(qz::line::ShownTag::format) && line.function == "getTagInfo") {
+        mNames[{log.pid, tagNumber(line, 0)}] = fullName(line, 1);
+        openChosen(log, thread, tagNumber(line, 0));
+        return true;
+    }
+    if (line.is(qz::line::Element::format)) return feedElement(log, line, thread);
+    if (!line.is(qz::line::TagMissing::format) && !line.is(qz::line::TagEmpty::format)) return false;
+    const uint32_t id = tagNumber(line, 0);
+    const bool goesOn = thread.open && thread.open->kind == Kind::ChosenTag && thread.open->id == id &&
+                        thread.open->elements.empty();
+    Inspected& inspected = goesOn ? *thread.open : openChosen(log, thread, id);
+    inspected.isAbsent = true;
+    inspected.lastLine = log.line;
+    return true;
+}
+
+// A result's line comes behind that of its chosen tag, and is printed as two: the second has the frame.
+bool InspectionReader::feedResult(const LogLine& log, const LibraryLine& line, Thread& thread) {
+    if (!line.is(qz::line::ResultIdentity::format)) return false;
+    thread.seen.insert(Of::Result);
+    if (line.part == 0) {
+        close(thread, true);
+        thread.isFirst = false;
+        return true;
+    }
+    const auto frame = line.number(0);
+    if (thread.result) thread.result->frame = frame;
+    if (!thread.result) close(thread);  // the line between them is missing
+    closeResult(thread);
+    Inspected result;
+    result.kind = Kind::Frame;
+    result.of = Of::Result;
+    result.log = log;
+    result.lastLine = log.line;
+    result.frame = frame;
+    mTake(result);
+    return true;
+}
+
+bool InspectionReader::feedList(const LogLine& log, const LibraryLine& line, Thread& thread) {
+    const bool isCount = line.is(qz::line::VendorTagCount::format) || line.is(qz::line::EntryCount::format);
+    const bool isVendor = line.is(qz::line::VendorTagCount::format) || line.is(qz::line::VendorTag::format);
+    const bool isShown = line.is(qz::line::ShownTag::format);
+    if (!isCount && !isVendor && !isShown) return false;
+    const Kind kind = isVendor ? Kind::VendorTags : Kind::Entries;
+    if (isVendor) {
+        if (thread.opener != Of::Static) thread.isFirst = false;
+        thread.opener = Of::Static;
+        thread.seen.insert(Of::Static);
+    }
+    const bool goesOn = !isCount && thread.open && thread.open->kind == kind;
+    Inspected& inspected = goesOn ? *thread.open : open(log, thread, kind);
+    inspected.lastLine = log.line;
+    if (isCount) {
+        const auto count = line.number(0);
+        if (count && *count >= 0) inspected.announced = static_cast<size_t>(*count);
+        return true;
+    }
+    inspected.tags.emplace_back(tagNumber(line, 0), fullName(line, 1));
+    mNames[{log.pid, tagNumber(line, 0)}] = fullName(line, 1);
+    return true;
+}
+
+bool InspectionReader::feed(const LogLine& log, const LibraryLine& line) {
+    if (line.kind != LibraryLine::Kind::Inspection) return false;
+    Thread& thread = mThreads[{log.pid, log.tid}];
+    return feedOpener(log, line, thread) || feedResult(log, line, thread) || feedChosen(log, line, thread) ||
+           feedList(log, line, thread);
+}
+
+void InspectionReader::end() {
+    for (auto& each : mThreads) close(each.second);
+}
+
+}  // namespace qzcam

@@ -1,0 +1,84 @@
+// SPDX-License-Identifier: Apache-2.0
+// Reads back what the library's inspection has logged at its levels 1 to 5: several lines give one fact.
+#pragma once
+
+#include "log/LibraryLine.h"
+#include "log/Logcat.h"
+
+#include <cstdint>
+#include <functional>
+#include <map>
+#include <optional>
+#include <set>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace qzcam {
+
+struct Inspected {
+    enum class Kind {
+        Request,     // level 1: a request was made, repeating or capture
+        ChosenTag,   // levels 2 and 3: the elements of a chosen tag
+        Frame,       // level 3: a result came
+        VendorTags,  // level 4: the tags that the device declares
+        Entries,     // level 4: the static entries that it has; level 5: those of a request
+    };
+    enum class Of { Unknown, Static, Request, Result };
+
+    Kind kind = Kind::Request;
+    Of of = Of::Unknown;
+    LogLine log;  // its first line
+    size_t lastLine = 0;
+    std::string requestKind;  // "repeating" or "capture"; empty if unknown
+    std::optional<int64_t> frame;
+
+    uint32_t id = 0;                    // the chosen tag
+    std::string tag;                    // empty if unknown
+    std::string type;                   // element type: "int32"
+    std::vector<std::string> elements;  // as printed; a missing one is "?"
+    bool isAbsent = false;              // the metadata has no such entry, or an empty one
+
+    std::vector<std::pair<uint32_t, std::string>> tags;  // numbers and full names
+    std::optional<size_t> announced;                     // elements or tags
+    bool isWhole() const;                                // nothing announced is missing
+};
+
+class InspectionReader {
+  public:
+    using Take = std::function<void(const Inspected&)>;
+
+    explicit InspectionReader(Take take) : mTake(std::move(take)) {}
+
+    // False for a line that is not one of them.
+    bool feed(const LogLine& log, const LibraryLine& line);
+
+    // Gives what waits for further lines.
+    void end();
+
+  private:
+    struct Thread {
+        std::optional<Inspected> open;
+        std::optional<Inspected> result;  // waits for the frame number
+        Inspected::Of opener = Inspected::Of::Unknown;
+        std::string requestKind;
+        bool isFirst = false;  // nothing has followed the opener
+        std::set<Inspected::Of> seen;
+    };
+
+    bool feedOpener(const LogLine& log, const LibraryLine& line, Thread& thread);
+    bool feedChosen(const LogLine& log, const LibraryLine& line, Thread& thread);
+    bool feedElement(const LogLine& log, const LibraryLine& line, Thread& thread);
+    bool feedResult(const LogLine& log, const LibraryLine& line, Thread& thread);
+    bool feedList(const LogLine& log, const LibraryLine& line, Thread& thread);
+    Inspected& open(const LogLine& log, Thread& thread, Inspected::Kind kind);
+    Inspected& openChosen(const LogLine& log, Thread& thread, uint32_t id);
+    void close(Thread& thread, bool beforeResult = false);
+    void closeResult(Thread& thread);
+
+    Take mTake;
+    std::map<std::pair<int, int>, Thread> mThreads;
+    std::map<std::pair<int, uint32_t>, std::string> mNames;  // tags by process and number
+};
+
+}  // namespace qzcam

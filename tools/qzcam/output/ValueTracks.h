@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: Apache-2.0
+// A group of tracks, one for each name, that show a value as a slice from its beginning to its end.
+#pragma once
+
+#include "output/TrackEvents.h"
+
+#include <map>
+#include <optional>
+#include <set>
+#include <string>
+
+namespace qzcam {
+
+class ValueTracks {
+  public:
+    struct Value {
+        std::string text;
+        TrackEvents::Notes notes = {};
+        std::optional<double> number = {};  // drawn as a curve, on a track below
+        const char* unit = "";
+    };
+
+    ValueTracks(TrackEvents& events, TrackEvents::Track parent, const char* title)
+        : mEvents(events), mGroup(events.addTrack(parent, title)) {}
+
+    // From `time` on `name` has this value. `feature` is the group of a new name.
+    void show(TrackEvents::Nanoseconds time, const char* feature, const std::string& name,
+              const Value& value);
+
+    // From `time` on `name` has no value.
+    void hide(TrackEvents::Nanoseconds time, const std::string& name);
+
+    // Ends the values of all names but these.
+    void keepOnly(TrackEvents::Nanoseconds time, const std::set<std::string>& names);
+
+  private:
+    struct Line {
+        TrackEvents::Track track;
+        std::optional<TrackEvents::Track> curve;
+        std::optional<std::string> now;  // the value's text
+    };
+
+    Line& lineOf(const char* feature, const std::string& name);
+
+    TrackEvents& mEvents;
+    TrackEvents::Track mGroup;
+    std::map<std::string, TrackEvents::Track> mFeatures;
+    std::map<std::string, Line> mLines;
+};
+
+}  // namespace qzcam

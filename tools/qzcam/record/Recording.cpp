@@ -1,0 +1,365 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "record/Recording.h"
+
+#include "compare/Comparison.h"
+#include "device/Properties.h"
+#include "facts/Lookup.h"
+#include "facts/Tags.h"
+#include "log/PlatformLine.h"
+#include "record/SessionText.h"
+#include "session/Assignment.h"
+#include "session/Player.h"
+#include "verdict/WordsBack.h"
+
+#include <fmt/format.h>
+#include <request/Parameters.h>
+#include <text/Properties.h>
+
+#include <algorithm>
+#include <map>
+#include <set>
+#include <utility>
+
+namespace qzcam {
+
+namespace {
+
+// One entry that a request or a result has from now on, or no longer.
+struct Change {
+    size_t line = 0;
+    std::string tag;
+    std::optional<Values> values;  // none: removed
+};
+
+struct Frame {
+    std::vector<Change> request;
+    std::vector<Change> result;
+};
+
+bool isWritten(const std::string& tag) {
+    for (const qz::Parameter& row : qz::kParameters) {
+        for (const qz::EntryRow& entry : row.entries) {
+            if (tag == entry.tag) return true;
+        }
+    }
+    return false;
+}
+
+bool isRead(const std::string& tag) {
+    return std::any_of(tagFacts().begin(), tagFacts().end(),
+                       [&](const TagFact& fact) { return fact.use == Use::Result && tag == fact.entry.tag; });
+}
+
+// Lists the keys of one row that an entry may come from, each with its value. Several rows, or several
+// words of one key, leave it open.
+struct Origin {
+    std::vector<Candidate> certain;
+    std::vector<Candidate> choices;
+};
+
+Origin originOf(const std::string& tag, const EntryTexts& entries) {
+    Origin origin;
+    origin.choices = wordsBackFor(tag, entries);
+    std::set<std::string> keys;
+    std::set<const qz::Parameter*> rows;
+    for (const Candidate& each : origin.choices) {
+        keys.insert(each.key);
+        for (const qz::Parameter& row : qz::kParameters) {
+            const auto has = [&](const qz::EntryRow& entry) { return tag == entry.tag; };
+            if (keyIn(row, each.key) != nullptr && std::any_of(row.entries.begin(), row.entries.end(), has))
+                rows.insert(&row);
+        }
+    }
+    const bool isCertain = keys.size() == origin.choices.size() && rows.size() == 1;
+    if (isCertain) origin.certain = std::exchange(origin.choices, {});
+    return origin;
+}
+
+// Entries that every request has, whatever the application sets.
+EntryTexts entriesWithoutParameters(const Device& device) {
+    Problems none("");
+    EntryTexts entries;
+    Player player(device, [&](const Event& event) {
+        const auto* request = std::get_if<RequestEvent>(&event);
+        if (request == nullptr) return;
+        for (const EntryRow& row : request->entries) entries.emplace(row.name, row.values);
+    });
+    player.play(parseSession("open 0\nrequest\n", "", none));
+    return entries;
+}
+
+class Recorder {
+  public:
+    explicit Recorder(const RecordingInput& input)
+        : mInput(input), mNames(input.device.vendorTags), mAlways(entriesWithoutParameters(input.device)) {}
+
+    Recording run();
+
+  private:
+    void writeHead();
+    void writeProperties();
+    void writeLog(const Evidence& evidence);
+    void writeParameters(const PlatformLine& said, size_t line);
+    void writeStreams(const Evidence& evidence);
+    void writeFrame(int64_t number, const Frame& frame);
+    void writeRequest(const Frame& frame);
+    void writeOrigin(const std::string& tag, Texts& target);
+    void writeSets(const Texts& target, size_t line);
+    void writeResult(const Frame& frame);
+    void writeArrays();
+    std::vector<Change> changesIn(const MetadataArray& array, bool isResult);
+    std::optional<Change> changeOf(const MonitorEvent& event);
+    void expect(const std::vector<Change>& changes);
+    void verify();
+
+    const RecordingInput& mInput;
+    const TagNames mNames;
+    const EntryTexts mAlways;
+    SessionText mText;
+    Recording mDone;
+    Texts mSet;           // by the session
+    EntryTexts mRequest;  // as of the last frame
+    EntryTexts mResult;
+    std::set<std::string> mNamed;  // comments that have been written
+};
+
+void Recorder::writeHead() {
+    mText.comment(fmt::format("Recorded from {}, camera {}.", mInput.text.name, mInput.device.camera));
+    mText.comment(
+        "What a line comes from stands behind it. A comment in place of a command is something that "
+        "the evidence leaves open.");
+    writeProperties();
+    const ReportedCamera* camera = findCamera(mInput.report, mInput.device.camera);
+    int number = 0;
+    if (camera != nullptr) {
+        for (const ApiDevice& each : mInput.report.apiMap)
+            number = each.id == camera->id ? each.number : number;
+        const bool hasMap = !mInput.report.apiMap.empty();
+        const auto id = parseInteger(camera->id);
+        if (!hasMap && id && *id >= 0 && *id < 1000) number = static_cast<int>(*id);
+    }
+    mText.command(fmt::format("open {}", number), camera != nullptr ? camera->line : 0);
+    if (camera != nullptr && !camera->client.empty())
+        mText.command("client " + sessionWord(std::string(camera->client)), camera->line);
+}
+
+// Those that the library reads.
+void Recorder::writeProperties() {
+    for (const Part& part : mInput.parts) {
+        if (part.kind != Part::Kind::Properties) continue;
+        Problems ignored("");
+        for (const auto& [name, value] : parseProperties(part.text, ignored)) {
+            const bool isOurs =
+                std::any_of(std::begin(qz::kProperties), std::end(qz::kProperties),
+                            [&name = name](const auto& row) { return name == row.property.name; });
+            if (!isOurs) continue;
+            const size_t at = part.text.find(name);
+            const auto before = part.text.substr(0, at == std::string_view::npos ? 0 : at);
+            const auto line = part.firstLine + size_t(std::count(before.begin(), before.end(), '\n'));
+            mText.command(fmt::format("setprop {} {}", sessionWord(name), sessionWord(value)), line);
+        }
+    }
+}
+
+void Recorder::writeLog(const Evidence& evidence) {
+    for (const Evidence::Log& log : evidence.log) {
+        const auto said = recognisePlatformLine(log.line);
+        const bool isSet = said && said->kind == PlatformLine::Kind::SetParameters;
+        if (isSet && !said->parameters.empty()) writeParameters(*said, log.line.line);
+    }
+}
+
+// A whole list each time: a key that is no longer in it has been removed, unless the list is cut.
+void Recorder::writeParameters(const PlatformLine& said, size_t line) {
+    Texts target;
+    if (said.cut) target = mSet;
+    const auto keys = readKeys();
+    for (const auto& [key, value] : said.parameters) {
+        if (keys.count(key) != 0) target[key] = value;
+    }
+    mText.gap();
+    if (said.cut) mText.comment("the log cuts this list of parameters: others may have been set", line);
+    writeSets(target, line);
+    mText.command("request", line);
+    ++mDone.requests;
+}
+
+void Recorder::writeSets(const Texts& target, size_t line) {
+    for (const auto& [key, value] : mSet) {
+        if (target.count(key) == 0) mText.command("unset " + sessionWord(key), line);
+    }
+    std::string pairs;
+    for (const auto& [key, value] : target) {
+        const auto before = mSet.find(key);
+        if (before != mSet.end() && before->second == value) continue;
+        pairs += fmt::format("{}{}={}", pairs.empty() ? "" : ";", key, value);
+    }
+    if (!pairs.empty()) mText.command("set " + sessionWord(pairs), line);
+    mSet = target;
+}
+
+std::optional<Change> Recorder::changeOf(const MonitorEvent& event) {
+    if (event.tag.empty() || !event.physicalCamera.empty()) return std::nullopt;
+    const Tag* tag = mNames.find(event.tag);
+    if (event.isRemoved) return Change{event.line, event.tag, std::nullopt};
+    auto values = tag != nullptr ? valuesOf(event, *tag) : std::nullopt;
+    if (values) return Change{event.line, event.tag, std::move(values)};
+    if (mNamed.insert(event.tag).second) {
+        mText.comment(fmt::format("the values of {} cannot be told{}", event.tag,
+                                  tag == nullptr ? ": the device does not declare it" : ""),
+                      event.line);
+        ++mDone.open;
+    }
+    return std::nullopt;
+}
+
+void Recorder::writeStreams(const Evidence& evidence) {
+    for (const MonitorStream& stream : evidence.streams) {
+        std::map<int64_t, Frame> frames;
+        std::vector<const MonitorEvent*> events;
+        for (const MonitorEvent& event : stream.events) events.push_back(&event);
+        std::stable_sort(events.begin(), events.end(),
+                         [](const MonitorEvent* a, const MonitorEvent* b) { return a->frame < b->frame; });
+        for (const MonitorEvent* event : events) {
+            auto change = changeOf(*event);
+            if (!change) continue;
+            Frame& frame = frames[event->frame];
+            (event->isRequest ? frame.request : frame.result).push_back(std::move(*change));
+        }
+        for (const auto& [number, frame] : frames) writeFrame(number, frame);
+    }
+}
+
+void Recorder::writeFrame(int64_t number, const Frame& frame) {
+    mText.gap();
+    mText.comment(fmt::format("frame {}", number));
+    if (!frame.request.empty()) writeRequest(frame);
+    if (!frame.result.empty()) writeResult(frame);
+}
+
+void apply(EntryTexts& entries, const std::vector<Change>& changes) {
+    for (const Change& change : changes) {
+        entries.erase(change.tag);
+        if (change.values) entries.emplace(change.tag, *change.values);
+    }
+}
+
+// Each request has all entries, so that the parameters follow from all of them.
+void Recorder::writeRequest(const Frame& frame) {
+    apply(mRequest, frame.request);
+    Texts target;
+    for (const auto& [tag, values] : mRequest) {
+        if (isWritten(tag)) writeOrigin(tag, target);
+    }
+    writeSets(target, frame.request.front().line);
+    mText.command("request", frame.request.front().line);
+    ++mDone.requests;
+    expect(frame.request);
+}
+
+void Recorder::writeOrigin(const std::string& tag, Texts& target) {
+    const Origin origin = originOf(tag, mRequest);
+    for (const Candidate& each : origin.certain) target[each.key] = each.value;
+    const auto always = mAlways.find(tag);
+    if (always != mAlways.end() && always->second == mRequest.at(tag)) return;
+    const std::string value = sessionValues(mRequest.at(tag));
+    if (!origin.certain.empty() || !mNamed.insert(tag + " " + value).second) return;
+    if (!origin.choices.empty()) {
+        mText.comment(fmt::format("{} {}: {}", tag, value, toText(origin.choices)));
+    } else {
+        mText.comment(fmt::format("{} {}: no text of a parameter gives it for certain", tag, value));
+    }
+    ++mDone.open;
+}
+
+void Recorder::expect(const std::vector<Change>& changes) {
+    for (const Change& change : changes) {
+        if (!isWritten(change.tag)) continue;
+        mText.command(change.values
+                          ? fmt::format("expect-entry {} {}", change.tag, sessionValues(*change.values))
+                          : "expect-no-entry " + change.tag,
+                      change.line);
+        ++mDone.expectations;
+    }
+}
+
+// A result too has all entries each time.
+void Recorder::writeResult(const Frame& frame) {
+    apply(mResult, frame.result);
+    std::string text = "result";
+    for (const auto& [tag, values] : mResult) {
+        if (isRead(tag)) text += fmt::format(" {}={}", tag, sessionValues(values));
+    }
+    mText.command(text, frame.result.front().line);
+    ++mDone.results;
+}
+
+std::vector<Change> Recorder::changesIn(const MetadataArray& array, bool ofResult) {
+    std::vector<Change> changes;
+    for (const ArrayEntry& entry : array.entries) {
+        const bool isUnknown = startsWith(entry.name, "unknownSection");
+        std::string tag = isUnknown ? mNames.nameOf(entry.id) : std::string(entry.name);
+        if (ofResult ? !isRead(tag) : !isWritten(tag)) continue;
+        EntryValues read = readValues(entry);
+        const bool isWhole = !read.cut && read.words.empty() && read.wrong.empty() && read.values.count > 0;
+        if (isWhole) {
+            changes.push_back({entry.line, std::move(tag), std::move(read.values)});
+        } else {
+            mText.comment(tag + ": the dump does not show all of it", entry.line);
+            ++mDone.open;
+        }
+    }
+    return changes;
+}
+
+// Without events, the arrays of the dump tell about the last request and the last result.
+void Recorder::writeArrays() {
+    const ReportedCamera* camera = findCamera(mInput.report, mInput.device.camera);
+    bool hasRequest = mDone.requests > 0;
+    bool hasResult = mDone.results > 0;
+    for (const MetadataArray* array : comparableArrays(mInput.report, camera != nullptr ? camera->id : "")) {
+        const bool ofResult = isResult(*array);
+        if (array->place == Place::Template || (ofResult ? hasResult : hasRequest)) continue;
+        mText.gap();
+        mText.comment(nameOf(*array), array->line);
+        Frame frame;
+        (ofResult ? frame.result : frame.request) = changesIn(*array, ofResult);
+        if (!frame.request.empty()) writeRequest(frame);
+        if (!frame.result.empty()) writeResult(frame);
+        (ofResult ? hasResult : hasRequest) = true;
+    }
+}
+
+// Drops the expectations that a replay on this device does not meet.
+void Recorder::verify() {
+    Problems problems("session");
+    const Session session = parseSession(mText.text(), "session", problems);
+    std::map<size_t, std::string> unmet;
+    Player player(mInput.device, [&](const Event& event) {
+        const auto* expectation = std::get_if<ExpectationEvent>(&event);
+        if (expectation != nullptr && !expectation->met) unmet[expectation->line] = expectation->actual;
+    });
+    const PropertiesInPlace restored;
+    player.play(session);
+    for (const auto& [line, actual] : unmet) mText.withdraw(line, "played: " + actual);
+    mDone.expectations -= std::min(mDone.expectations, unmet.size());
+    mDone.open += unmet.size();
+}
+
+Recording Recorder::run() {
+    Evidence evidence;
+    evidence.read(mInput.text);
+    writeHead();
+    writeLog(evidence);
+    writeStreams(evidence);
+    writeArrays();
+    verify();
+    mDone.session = mText.text();
+    return mDone;
+}
+
+}  // namespace
+
+Recording record(const RecordingInput& input) { return Recorder(input).run(); }
+
+}  // namespace qzcam

@@ -1,0 +1,84 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "record/SessionText.h"
+
+#include "base/Text.h"
+
+#include <fmt/format.h>
+
+#include <cstring>
+
+namespace qzcam {
+
+namespace {
+
+template <typename T>
+std::string listOf(const Values& values) {
+    std::string list;
+    for (size_t i = 0; i < values.count; ++i) {
+        T element{};
+        std::memcpy(&element, &values.bytes[i * sizeof(T)], sizeof(T));
+        if (i > 0) list += ",";
+        if constexpr (std::is_same_v<T, camera_metadata_rational_t>) {
+            list += fmt::format("{}/{}", element.numerator, element.denominator);
+        } else {
+            list += fmt::format("{}", element);
+        }
+    }
+    return list;
+}
+
+std::string from(size_t source) { return source == 0 ? "" : fmt::format("line {}", source); }
+
+}  // namespace
+
+std::string sessionWord(const std::string& text) {
+    if (!text.empty() && text.find_first_of(" \t\"#") == std::string::npos) return text;
+    std::string quoted = "\"";
+    for (const char c : text) {
+        if (c == '"' || c == '\\') quoted += '\\';
+        quoted += c;
+    }
+    return quoted + "\"";
+}
+
+std::string sessionValues(const Values& values) {
+    switch (values.type) {
+        case TYPE_BYTE:
+            return listOf<uint8_t>(values);
+        case TYPE_INT32:
+            return listOf<int32_t>(values);
+        case TYPE_INT64:
+            return listOf<int64_t>(values);
+        case TYPE_FLOAT:
+            return listOf<float>(values);
+        case TYPE_DOUBLE:
+            return listOf<double>(values);
+        case TYPE_RATIONAL:
+            return listOf<camera_metadata_rational_t>(values);
+        default:
+            return {};
+    }
+}
+
+void SessionText::command(const std::string& text, size_t source) {
+    mLines.push_back(source == 0 ? visible(text) : fmt::format("{}  # {}", visible(text), from(source)));
+}
+
+void SessionText::comment(const std::string& text, size_t source) {
+    mLines.push_back(
+        fmt::format("# {}{}", visible(text), source == 0 ? "" : fmt::format(" ({})", from(source))));
+}
+
+void SessionText::gap() {
+    if (!mLines.empty() && !mLines.back().empty()) mLines.emplace_back();
+}
+
+void SessionText::withdraw(size_t line, const std::string& reason) {
+    if (line == 0 || line > mLines.size()) return;
+    std::string& text = mLines[line - 1];
+    text = fmt::format("# {}: {}", text, visible(reason));
+}
+
+std::string SessionText::text() const { return fmt::format("{}\n", fmt::join(mLines, "\n")); }
+
+}  // namespace qzcam

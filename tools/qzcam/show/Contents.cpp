@@ -1,0 +1,237 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "show/Contents.h"
+
+#include "base/Text.h"
+#include "device/DumpParser.h"
+#include "device/ParameterText.h"
+#include "device/Properties.h"
+#include "log/Logcat.h"
+#include "log/TagMonitor.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <cctype>
+#include <iterator>
+#include <set>
+#include <tuple>
+#include <unordered_map>
+
+namespace qzcam {
+
+namespace {
+
+bool isEarlier(const LogTag& one, const LogTag& other) {
+    return one.lines != other.lines ? one.lines > other.lines : one.tag < other.tag;
+}
+
+class LogCounter {
+  public:
+    void add(const Part& part) {
+        ++mSummary.sections;
+        LogcatReader reader([this](const LogLine& line) { take(line); });
+        size_t number = part.firstLine;
+        Lines lines(part.text);
+        for (std::string_view line; lines.next(line);) reader.feed(line, number++);
+    }
+
+    LogSummary end() {
+        for (auto& [name, tag] : mTags) mSummary.tags.push_back(std::move(tag));
+        std::sort(mSummary.tags.begin(), mSummary.tags.end(), isEarlier);
+        return std::move(mSummary);
+    }
+
+  private:
+    void take(const LogLine& line) {
+        ++mSummary.lines;
+        LogTag& tag = mTags[line.tag];
+        tag.tag = line.tag;
+        ++tag.lines;
+        if (line.level != 0) ++tag.levels[line.level];
+        mSummary.folded += line.folded;
+        mSummary.pruned += line.pruned;
+        if (line.time.text.empty()) return;
+        if (mSummary.from.empty()) mSummary.from = line.time.text;
+        mSummary.to = line.time.text;
+    }
+
+    LogSummary mSummary;
+    std::unordered_map<std::string, LogTag> mTags;
+};
+
+// "Build fingerprint: '...'", "== dumpstate: 2024-03-05 10:11:12"
+void addHeader(Contents& contents, const Part& part) {
+    Lines lines(part.text);
+    for (std::string_view line; lines.next(line);) {
+        while (startsWith(line, "=") || startsWith(line, " ")) line.remove_prefix(1);
+        const size_t colon = line.find(": ");
+        if (colon == std::string_view::npos) continue;
+        contents.header.emplace_back(line.substr(0, colon), trimmed(line.substr(colon + 2)));
+    }
+}
+
+std::string whereOf(const ShimParameters& shim) {
+    return fmt::format("camera {}, defaults that the platform made{}", visible(shim.camera),
+                       shim.previousSession ? ", previous session" : "");
+}
+
+FoundMonitor monitorOf(const TextBlock& block) {
+    FoundMonitor found{std::string(block.camera), block.line, 0, 0, block.previousSession};
+    MonitorReader reader(
+        [&](const MonitorEvent& event) { ++(event.isRequest ? found.requests : found.results); });
+    size_t number = block.line;
+    Lines lines(block.text);
+    for (std::string_view line; lines.next(line);) reader.feed(line, number++);
+    reader.end();
+    return found;
+}
+
+// Adds what no camera uses, and what each of them does not, once.
+void addLeft(Contents& contents, const Report& report) {
+    std::set<std::tuple<Left::Kind, size_t, std::string>> known;
+    const auto add = [&](const Left& each) {
+        if (each.kind == Left::Kind::OtherBlock) return;
+        if (known.emplace(each.kind, each.line, each.name).second) contents.left.push_back(each);
+    };
+    for (const Left& each : report.left) add(each);
+    for (const ReportedCamera& camera : report.cameras) {
+        Problems ignored{std::string()};
+        for (const Left& each : deviceOf(report, &camera, ignored).left) add(each);
+    }
+}
+
+void addDump(Contents& contents, const Part& part) {
+    Report report = readDump(part.text, part.firstLine);
+    for (const ShimParameters& shim : report.shimParameters) {
+        ParameterList found{whereOf(shim), shim.line, shim.announced, {}};
+        for (const ShimParameter& each : shim.parameters)
+            found.parameters.push_back({each.line, std::string(each.key), std::string(each.value), each.cut});
+        contents.parameters.push_back(std::move(found));
+    }
+    for (const TextBlock& block : report.monitors) contents.monitors.push_back(monitorOf(block));
+    contents.cuts.insert(contents.cuts.end(), report.cuts.begin(), report.cuts.end());
+    addLeft(contents, report);
+    contents.reports.push_back(std::move(report));
+}
+
+// Lines of a part that its reader refused. Their numbers count from the part's beginning.
+void addRefused(Contents& contents, const Part& part, const Problems& problems) {
+    if (problems.empty()) return;
+    size_t named = 0;
+    for (const std::string& problem : problems.first()) {
+        std::string_view text = problem;
+        text.remove_prefix(std::min(text.size(), text.find(':') + 1));
+        const auto number = parseInteger(text.substr(0, text.find(':')));
+        if (!number) continue;
+        const size_t line = part.firstLine + static_cast<size_t>(*number) - 1;
+        const std::string_view what = trimmed(text.substr(text.find(':') + 1));
+        contents.left.push_back({Left::Kind::GarbledLine, line, line, 1, std::string(what)});
+        ++named;
+    }
+    if (named < problems.count())
+        contents.left.push_back({Left::Kind::GarbledLine, part.firstLine, part.firstLine,
+                                 problems.count() - named, "further lines of " + part.title});
+}
+
+void addProperties(Contents& contents, const Part& part) {
+    Problems problems{std::string()};
+    auto found = parseProperties(part.text, problems);
+    contents.properties.insert(contents.properties.end(), std::make_move_iterator(found.begin()),
+                               std::make_move_iterator(found.end()));
+    addRefused(contents, part, problems);
+}
+
+void addParameters(Contents& contents, const Part& part) {
+    Problems problems{std::string()};
+    ParameterText found = parseParameters(part.text, problems);
+    ParameterList list{"a text of parameters", part.firstLine, std::nullopt, {}};
+    for (Parameter& each : found.parameters)
+        list.parameters.push_back({0, std::move(each.key), std::move(each.value), false});
+    contents.parameters.push_back(std::move(list));
+    for (const size_t line : found.cutLines)
+        contents.cuts.push_back({part.firstLine + line - 1, "the line is cut, and its parameter left out"});
+    addRefused(contents, part, problems);
+}
+
+size_t countLines(std::string_view text) {
+    const auto ends = static_cast<size_t>(std::count(text.begin(), text.end(), '\n'));
+    return ends + (text.empty() || text.back() == '\n' ? 0 : 1);
+}
+
+void addCuts(Contents& contents) {
+    for (const std::string& cut : contents.input.cuts) contents.cuts.push_back({0, cut});
+    for (const Part& part : contents.parts) {
+        if (!part.fault.empty()) contents.cuts.push_back({part.faultLine, part.fault});
+    }
+}
+
+std::string lowered(std::string_view text) {
+    std::string lower(text);
+    for (char& c : lower) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+    return lower;
+}
+
+}  // namespace
+
+const LogTag* LogSummary::find(const std::string& tag) const {
+    const auto found =
+        std::find_if(tags.begin(), tags.end(), [&](const LogTag& each) { return each.tag == tag; });
+    return found == tags.end() ? nullptr : &*found;
+}
+
+bool Contents::isEmpty() const {
+    const bool hasDump =
+        std::any_of(reports.begin(), reports.end(), [](const Report& report) { return report.isDump; });
+    return !hasDump && header.empty() && parameters.empty() && properties.empty() && log.lines == 0;
+}
+
+bool Contents::hasFaults() const {
+    return std::any_of(reports.begin(), reports.end(),
+                       [](const Report& report) { return !report.faults.empty(); });
+}
+
+Contents readContents(const InputText& input) {
+    Contents contents;
+    contents.input = input;
+    contents.lines = countLines(input.text);
+    contents.parts = partsOf(input.text);
+    addCuts(contents);
+    LogCounter log;
+    for (const Part& part : contents.parts) {
+        if (part.kind == Part::Kind::Dump) addDump(contents, part);
+        if (part.kind == Part::Kind::Header) addHeader(contents, part);
+        if (part.kind == Part::Kind::Properties) addProperties(contents, part);
+        if (part.kind == Part::Kind::Parameters) addParameters(contents, part);
+        if (part.kind == Part::Kind::Log) log.add(part);
+    }
+    contents.log = log.end();
+    return contents;
+}
+
+std::vector<const MetadataArray*> arraysNamed(const Contents& contents, const std::string& name,
+                                              const std::string& camera) {
+    std::vector<const MetadataArray*> exact;
+    std::vector<const MetadataArray*> beginning;
+    for (const Report& report : contents.reports) {
+        for (const MetadataArray& array : report.arrays) {
+            if (!camera.empty() && array.camera != camera) continue;
+            const std::string own = lowered(nameOf(array));
+            if (own == lowered(name)) exact.push_back(&array);
+            if (startsWith(own, lowered(name))) beginning.push_back(&array);
+        }
+    }
+    return exact.empty() ? beginning : exact;
+}
+
+std::vector<std::string> arrayNames(const Contents& contents) {
+    std::vector<std::string> names;
+    for (const Report& report : contents.reports) {
+        for (const MetadataArray& array : report.arrays) {
+            const std::string name = nameOf(array);
+            if (std::find(names.begin(), names.end(), name) == names.end()) names.push_back(name);
+        }
+    }
+    return names;
+}
+
+}  // namespace qzcam

@@ -1,0 +1,398 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "base/Text.h"
+#include "show/ShowReport.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <initializer_list>
+#include <map>
+
+namespace qzcam {
+
+namespace {
+
+using Row = std::vector<std::string>;
+
+constexpr size_t kWidest = 60;    // cell of a table
+constexpr size_t kMostTags = 12;  // listed of a log
+constexpr size_t kLongestLine = 160;
+
+// Columns side by side, the last one as it is.
+std::string table(const std::vector<Row>& rows) {
+    std::vector<size_t> widths;
+    for (const Row& row : rows) {
+        widths.resize(std::max(widths.size(), row.size()));
+        for (size_t i = 0; i + 1 < row.size(); ++i)
+            widths[i] = std::max(widths[i], std::min(row[i].size(), kWidest));
+    }
+    std::string text;
+    for (const Row& row : rows) {
+        std::string line = " ";
+        for (size_t i = 0; i < row.size(); ++i) {
+            const bool isLast = i + 1 == row.size();
+            if (isLast || widths[i] > 0) line += fmt::format(" {:<{}} ", row[i], isLast ? 0 : widths[i]);
+        }
+        text += line.substr(0, line.find_last_not_of(' ') + 1) + "\n";
+    }
+    return text;
+}
+
+std::string numberOf(size_t read, const std::optional<size_t>& announced) {
+    if (!announced || *announced == read) return fmt::to_string(read);
+    return fmt::format("{} / {}", read, *announced);
+}
+
+class Text {
+  public:
+    Text(const Contents& contents, const ShowView& view) : mContents(contents), mView(view) {}
+
+    std::string whole();
+
+  private:
+    void addTitle();
+    void addCameras();
+    void addProviders();
+    void addVendorBlocks();
+    void addArrays();
+    void addMonitors();
+    void addParameters();
+    void addProperties();
+    void addLog();
+    void addService();
+    void addFaults();
+    void addCuts();
+    void addDifferences();
+    void addLeft();
+    void heading(const std::string& text) {
+        mText += "\n" + (mView.colour ? fmt::format("\033[1m{}\033[0m", text) : text) + "\n";
+    }
+    bool shows(std::string_view camera) const { return mView.camera.empty() || camera == mView.camera; }
+
+    const Contents& mContents;
+    const ShowView& mView;
+    std::string mText;
+};
+
+std::string Text::whole() {
+    addTitle();
+    addCameras();
+    addProviders();
+    addVendorBlocks();
+    addArrays();
+    addMonitors();
+    addParameters();
+    addProperties();
+    addLog();
+    addService();
+    addFaults();
+    addCuts();
+    addDifferences();
+    addLeft();
+    return std::move(mText);
+}
+
+void Text::addTitle() {
+    mText += fmt::format("{}: {}, {}\n", visible(mContents.input.name), kindOf(mContents),
+                         counted(mContents.lines, "line"));
+    std::vector<Row> rows;
+    for (const auto& [name, value] : mContents.header) {
+        const bool tells = name == "dumpstate" || name == "Build" || name == "Build fingerprint" ||
+                           name == "Android SDK version" || name == "Bugreport format version";
+        if (tells || mView.verbose) rows.push_back({visible(name), cut(value, kLongestLine)});
+    }
+    mText += table(rows);
+}
+
+std::string openedBy(const ReportedCamera& camera) {
+    if (!camera.isOpen) return {};
+    return camera.client.empty() ? "open" : fmt::format("open by {}", visible(camera.client));
+}
+
+void Text::addCameras() {
+    std::vector<Row> rows;
+    std::vector<Row> numbers;
+    for (const Report& report : mContents.reports) {
+        for (const ReportedCamera& camera : report.cameras) {
+            if (!shows(camera.id)) continue;
+            std::string physical;
+            for (const std::string_view id : camera.physicalIds)
+                physical += (physical.empty() ? "physical " : ", ") + visible(id);
+            rows.push_back({visible(camera.id), visible(camera.name), visible(camera.facing),
+                            camera.orientation ? fmt::format("{} degrees", *camera.orientation) : "",
+                            visible(camera.level), physical, openedBy(camera),
+                            fmt::format("line {}", camera.line)});
+        }
+        for (const ApiDevice& device : report.apiMap) {
+            if (shows(device.id))
+                numbers.push_back({fmt::format("open {}", device.number),
+                                   fmt::format("opens camera {}", visible(device.id)),
+                                   fmt::format("line {}", device.line)});
+        }
+    }
+    if (rows.empty()) return;
+    heading(counted(rows.size(), "camera"));
+    mText += table(rows) + table(numbers);
+}
+
+void Text::addProviders() {
+    std::vector<Row> rows;
+    for (const Report& report : mContents.reports) {
+        for (const Provider& each : report.providers) {
+            const auto devices =
+                std::count_if(report.cameras.begin(), report.cameras.end(),
+                              [&](const ReportedCamera& camera) { return camera.provider == each.name; });
+            rows.push_back({visible(each.name), "v" + visible(each.version),
+                            numberOf(static_cast<size_t>(devices), each.announced) +
+                                (devices == 1 ? " device" : " devices"),
+                            fmt::format("line {}", each.line)});
+        }
+    }
+    if (rows.empty()) return;
+    heading(counted(rows.size(), "provider"));
+    mText += table(rows);
+}
+
+void Text::addVendorBlocks() {
+    std::vector<Row> rows;
+    size_t tags = 0;
+    for (const Report& report : mContents.reports) {
+        for (const VendorBlock& block : report.vendorBlocks) {
+            tags += block.tags.size();
+            rows.push_back({numberOf(block.tags.size(), block.announced) + " tags",
+                            block.vendorId ? fmt::format("vendor id {}", *block.vendorId) : "",
+                            fmt::format("line {}", block.line)});
+        }
+    }
+    if (rows.empty()) return;
+    heading(fmt::format("{} in {}", counted(tags, "vendor tag"), counted(rows.size(), "block")));
+    mText += table(rows);
+}
+
+void Text::addArrays() {
+    std::vector<Row> rows;
+    size_t entries = 0;
+    for (const Report& report : mContents.reports) {
+        for (const MetadataArray& array : report.arrays) {
+            if (!shows(array.camera)) continue;
+            entries += array.entries.size();
+            rows.push_back({array.camera.empty() ? "no camera" : "camera " + visible(array.camera),
+                            visible(nameOf(array)), numberOf(array.entries.size(), array.announced),
+                            fmt::format("line {}", array.line),
+                            array.previousSession ? "previous session" : ""});
+        }
+    }
+    if (rows.empty()) return;
+    heading(fmt::format("{} with {}", counted(rows.size(), "metadata array"),
+                        entries == 1 ? "1 entry" : fmt::format("{} entries", entries)));
+    mText += table(rows);
+}
+
+void Text::addMonitors() {
+    std::vector<Row> rows;
+    for (const FoundMonitor& each : mContents.monitors) {
+        if (shows(each.camera))
+            rows.push_back({"camera " + visible(each.camera), counted(each.requests, "request event"),
+                            counted(each.results, "result event"), fmt::format("line {}", each.line),
+                            each.previousSession ? "previous session" : ""});
+    }
+    if (rows.empty()) return;
+    heading(counted(rows.size(), "tag monitor"));
+    mText += table(rows);
+}
+
+void Text::addParameters() {
+    if (mContents.parameters.empty()) return;
+    heading("parameters");
+    std::vector<Row> rows;
+    for (const ParameterList& list : mContents.parameters) {
+        rows.push_back({numberOf(list.parameters.size(), list.announced), visible(list.where),
+                        fmt::format("line {}", list.line)});
+        if (!mView.verbose) continue;
+        for (const ListedParameter& each : list.parameters)
+            rows.push_back({"", fmt::format("{}={}", visible(each.key), cut(each.value, kLongestLine)),
+                            each.cut ? "cut" : ""});
+    }
+    mText += table(rows);
+}
+
+void Text::addProperties() {
+    if (mContents.properties.empty()) return;
+    heading(mContents.properties.size() == 1 ? "1 property"
+                                             : fmt::format("{} properties", mContents.properties.size()));
+    for (const auto& [name, value] : mContents.properties) {
+        const bool isOurs = name.find("camera") != std::string::npos;
+        if (isOurs || mView.verbose)
+            mText += fmt::format("  {}={}\n", visible(name), cut(value, kLongestLine));
+    }
+}
+
+std::string levelsOf(const LogTag& tag) {
+    std::string text;
+    for (const auto& [level, count] : tag.levels)
+        text += fmt::format("{}{} {}", text.empty() ? "" : ", ", level, count);
+    return text;
+}
+
+bool isCameraTag(const std::string& tag) {
+    return tag.find("Cam") != std::string::npos || tag.find("VendorTag") != std::string::npos;
+}
+
+void Text::addLog() {
+    const LogSummary& log = mContents.log;
+    if (log.lines == 0) return;
+    heading(fmt::format("log: {} in {}", counted(log.lines, "line"), counted(log.sections, "section")));
+    if (!log.from.empty()) mText += fmt::format("  from {} to {}\n", log.from, log.to);
+    if (log.folded + log.pruned > 0)
+        mText += fmt::format("  {} more folded by the log, {} lost\n", log.folded, log.pruned);
+    std::vector<Row> rows;
+    size_t tags = 0;
+    size_t rest = 0;
+    for (const LogTag& tag : log.tags) {
+        if (mView.verbose || isCameraTag(tag.tag) || tags++ < kMostTags) {
+            rows.push_back(
+                {tag.tag.empty() ? "(no tag)" : visible(tag.tag), fmt::to_string(tag.lines), levelsOf(tag)});
+        } else {
+            rest += tag.lines;
+        }
+    }
+    mText += table(rows);
+    if (rest > 0)
+        mText += fmt::format("  and {} of {}; --verbose lists them\n", counted(rest, "line"),
+                             counted(log.tags.size() - rows.size(), "other tag"));
+}
+
+// "3 CONNECT, 2 DISCONNECT": an event is "03-05 10:11:12 : CONNECT device 0 ...".
+std::string kindsOf(const std::vector<ReportedLine>& events) {
+    std::map<std::string, size_t> kinds;
+    for (const ReportedLine& event : events) {
+        const size_t colon = event.text.find(" : ");
+        if (colon == std::string_view::npos) continue;
+        std::string_view rest = event.text.substr(colon + 3);
+        ++kinds[visible(takeWord(rest))];
+    }
+    std::string text;
+    for (const auto& [kind, count] : kinds)
+        text += fmt::format("{}{} {}", text.empty() ? ": " : ", ", count, kind);
+    return text;
+}
+
+// The service's own events, clients and messages.
+void Text::addService() {
+    for (const Report& report : mContents.reports) {
+        const std::pair<const char*, const std::vector<ReportedLine>*> lists[] = {
+            {"message", &report.errors}, {"active client", &report.clients}, {"event", &report.events}};
+        for (const auto& [what, lines] : lists) {
+            if (lines->empty()) continue;
+            const bool isLong = lines == &report.events && !mView.verbose;
+            heading(counted(lines->size(), what) + " of the service" +
+                    (lines == &report.events ? kindsOf(*lines) : ""));
+            const size_t shown = isLong ? std::min<size_t>(lines->size(), 5) : lines->size();
+            for (size_t i = 0; i < shown; ++i)
+                mText += fmt::format("  {}\n", cut((*lines)[i].text, kLongestLine));
+            if (shown < lines->size())
+                mText += fmt::format("  and {} more; --verbose lists them\n", lines->size() - shown);
+        }
+    }
+}
+
+void Text::addFaults() {
+    size_t count = 0;
+    std::string text;
+    for (const Report& report : mContents.reports) {
+        for (const Fault& fault : report.faults) {
+            ++count;
+            text += fmt::format("  line {}: {}: {}\n", fault.line, visible(fault.text), fault.consequence);
+        }
+    }
+    if (count == 0) return;
+    heading(counted(count, "fault") + " of the HAL");
+    mText += text;
+}
+
+void Text::addCuts() {
+    if (mContents.cuts.empty()) return;
+    heading("cut");
+    for (const Cut& each : mContents.cuts) {
+        const std::string where = each.line == 0 ? "" : fmt::format("line {}: ", each.line);
+        mText += fmt::format("  {}{}\n", where, visible(each.text));
+    }
+}
+
+void Text::addDifferences() {
+    std::string text;
+    for (const Report& report : mContents.reports) {
+        for (const Cut& each : report.differences)
+            text += fmt::format("  line {}: {}\n", each.line, visible(each.text));
+    }
+    if (text.empty()) return;
+    heading("more or less than announced");
+    mText += text;
+}
+
+void Text::addLeft() {
+    if (mContents.left.empty()) return;
+    std::map<Left::Kind, size_t> counts;
+    for (const Left& each : mContents.left) counts[each.kind] += each.count;
+    heading(mView.verbose ? "not used" : "not used; --verbose names them");
+    for (const auto& [kind, count] : counts) {
+        mText += fmt::format("  {}: {}\n", textOf(kind), count);
+        for (const Left& each : mContents.left) {
+            if (each.kind != kind || !mView.verbose) continue;
+            const std::string lines = each.lastLine > each.line
+                                          ? fmt::format("lines {} to {}", each.line, each.lastLine)
+                                          : fmt::format("line {}", each.line);
+            mText += fmt::format("    {}: {}\n", lines, cut(each.name, kLongestLine));
+        }
+    }
+}
+
+}  // namespace
+
+std::string kindOf(const Contents& contents) {
+    if (isReport(contents.parts)) return contents.header.empty() ? "a dump of services" : "a bugreport";
+    if (!contents.reports.empty()) return "a dump of the camera service";
+    if (contents.log.lines > 0) return "a log";
+    if (!contents.properties.empty()) return "properties";
+    return contents.parameters.empty() ? "a text" : "parameters";
+}
+
+std::string contentsText(const Contents& contents, const ShowView& view) {
+    return Text(contents, view).whole();
+}
+
+std::string arraysText(const std::vector<const MetadataArray*>& arrays, const ShowView& view) {
+    std::string text;
+    for (const MetadataArray* array : arrays) {
+        const std::string title =
+            fmt::format("{} of {}, {} {}, line {}{}", nameOf(*array),
+                        array->camera.empty() ? "no camera" : fmt::format("camera {}", array->camera),
+                        numberOf(array->entries.size(), array->announced),
+                        array->entries.size() == 1 ? "entry" : "entries", array->line,
+                        array->previousSession ? ", previous session" : "");
+        text += text.empty() ? "" : "\n";
+        text += view.colour ? fmt::format("\033[1m{}\033[0m\n", visible(title)) : visible(title) + "\n";
+        std::vector<Row> rows;
+        for (const ArrayEntry& entry : array->entries) {
+            const EntryValues values = readValues(entry);
+            std::string shown = visible(toText(entry, values));
+            if (values.cut) shown += "  (cut: the dump shows the first ones)";
+            if (!values.wrong.empty())
+                shown += fmt::format("  (line {}: {})", values.wrongLine, visible(values.wrong));
+            rows.push_back(
+                {visible(entry.name), fmt::format("{}[{}]", visible(entry.type), entry.count), shown});
+        }
+        text += table(rows);
+    }
+    return text;
+}
+
+std::string foundText(const std::vector<FoundLine>& lines, const std::string& text) {
+    std::string out;
+    for (const FoundLine& each : lines)
+        out += fmt::format("{:>6}  {}{}{}\n", each.line, visible(each.where), each.where.empty() ? "" : ": ",
+                           cut(trimmed(each.text), kLongestLine));
+    return out + fmt::format("{} with {}\n", counted(lines.size(), "line"), excerpt(text));
+}
+
+}  // namespace qzcam

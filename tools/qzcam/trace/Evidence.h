@@ -1,0 +1,56 @@
+// SPDX-License-Identifier: Apache-2.0
+// Finds what tells of a session in dumps, bug reports, logs and the output of "watch", line by line.
+#pragma once
+
+#include "device/Device.h"
+#include "log/Logcat.h"
+#include "log/TagMonitor.h"
+
+#include <cstddef>
+#include <functional>
+#include <map>
+#include <optional>
+#include <set>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace qzcam {
+
+// The place in a dump where events of the tag monitor stand.
+struct MonitorPlace {
+    size_t line = 0;  // line of its heading; 0: none
+    std::string camera;
+    std::string client;
+    bool isPrevious = false;          // from a session that was closed before the dump
+    std::set<std::string> monitored;  // names of the tags; empty if the place does not list them
+};
+
+class EvidenceReader {
+  public:
+    struct Sink {
+        std::function<void(const LogLine&)> log;
+        std::function<void(const MonitorEvent&, const MonitorPlace&)> event;
+        std::function<void(const Tag&)> vendorTag;
+    };
+
+    explicit EvidenceReader(Sink sink);
+
+    void feed(std::string_view text, size_t line);
+
+    // Gives what waits for further lines.
+    void end();
+
+  private:
+    bool feedHeading(std::string_view text, size_t line);
+    bool feedMonitored(std::string_view text, size_t line);
+    bool feedVendorTag(std::string_view text);
+
+    Sink mSink;
+    MonitorPlace mPlace;
+    bool mInList = false;  // reading the monitored tags
+    MonitorReader mMonitor;
+    LogcatReader mLog;
+};
+
+}  // namespace qzcam

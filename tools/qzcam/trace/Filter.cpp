@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "trace/Filter.h"
+
+#include "base/Text.h"
+
+#include <algorithm>
+#include <limits>
+
+namespace qzcam {
+
+namespace {
+
+bool isNamed(const std::string& tag, const std::string& entry) {
+    return tag == entry || endsWith(tag, "." + entry);
+}
+
+bool isOfEntry(const TraceItem& item, const std::string& entry) {
+    return isNamed(item.tag, entry) ||
+           std::any_of(item.tags.begin(), item.tags.end(),
+                       [&](const std::string& tag) { return isNamed(tag, entry); });
+}
+
+std::optional<int64_t> numberOr(std::string_view text, int64_t otherwise) {
+    return text.empty() ? otherwise : parseInteger(text);
+}
+
+}  // namespace
+
+std::optional<FrameRange> parseFrames(std::string_view text) {
+    const size_t dots = text.find("..");
+    const auto from = numberOr(text.substr(0, dots), 0);
+    const auto to = dots == std::string_view::npos
+                        ? from
+                        : numberOr(text.substr(dots + 2), std::numeric_limits<int64_t>::max());
+    if (text.empty() || text == ".." || !from || !to || *from > *to) return std::nullopt;
+    return FrameRange{*from, *to};
+}
+
+bool TraceFilter::isEmpty() const {
+    return camera.empty() && frames.empty() && entry.empty() && key.empty() && !pid;
+}
+
+bool TraceFilter::shows(const TraceItem& item) const {
+    if (!camera.empty() && !item.camera.empty() && item.camera != camera) return false;
+    if (pid && item.pid != *pid) return false;
+    if (!entry.empty() && !isOfEntry(item, entry)) return false;
+    if (!key.empty() && std::find(item.keys.begin(), item.keys.end(), key) == item.keys.end()) return false;
+    const auto range = parseFrames(frames);
+    return !range || (item.frame && *item.frame >= range->first && *item.frame <= range->second);
+}
+
+}  // namespace qzcam

@@ -1,0 +1,317 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "trace/LogItems.h"
+
+#include "base/Text.h"
+#include "facts/Tags.h"
+#include "log/Statements.h"
+#include "trace/Causes.h"
+
+#include <fmt/format.h>
+#include <rows/Line.h>
+
+#include <algorithm>
+#include <set>
+
+namespace qzcam {
+
+namespace {
+
+using Kind = TraceItem::Kind;
+using Side = TraceItem::Side;
+
+Side sideOf(Inspected::Of of) {
+    switch (of) {
+        case Inspected::Of::Static:
+            return Side::Static;
+        case Inspected::Of::Request:
+            return Side::Request;
+        case Inspected::Of::Result:
+            return Side::Result;
+        default:
+            return Side::Unknown;
+    }
+}
+
+std::vector<std::string> keysOf(const qz::Parameter& row) {
+    std::vector<std::string> keys;
+    for (const qz::KeyRow& key : row.keys) keys.emplace_back(key.name);
+    return keys;
+}
+
+// Lines of setters that leave a parameter out, beside those that could not read its text.
+constexpr const char* kGates[] = {
+    qz::line::ChatBeautyIgnored::format,          qz::line::StabilisationIgnoredForAll::format,
+    qz::line::StabilisationIgnoredForApp::format, qz::line::MaxZoomIsZero::format,
+    qz::line::MaxDigitalZoomCount::format,        qz::line::ExposureCompUnreadable::format,
+    qz::line::PictureWidthUnreadable::format,     qz::line::PictureHeightUnreadable::format,
+    qz::line::DynamicIsoMinUnreadable::format,    qz::line::DynamicIsoMaxUnreadable::format,
+};
+
+std::string statusText(const StatedEntry& stated, const std::string& declared) {
+    std::string text =
+        stated.status ? fmt::format("status {}", *stated.status) : "status unknown: the line is cut";
+    if (!declared.empty()) text += fmt::format(", the device declares {}", declared);
+    return text;
+}
+
+std::string joined(const std::vector<std::string>& words) {
+    std::string text;
+    for (const std::string& word : words) text += (text.empty() ? "" : " ") + word;
+    return text;
+}
+
+// A list of which lines are missing does not tell all.
+std::string countText(const Inspected& inspected) {
+    if (!inspected.announced) return fmt::format("{}, of an unknown number", inspected.tags.size());
+    if (inspected.isWhole()) return fmt::format("{}", inspected.tags.size());
+    return fmt::format("{} of {}, the other lines are missing", inspected.tags.size(), *inspected.announced);
+}
+
+const char* listTitle(const Inspected& inspected) {
+    if (inspected.kind == Inspected::Kind::VendorTags) return "vendor tags declared";
+    if (inspected.of == Inspected::Of::Static) return "static entries";
+    return inspected.of == Inspected::Of::Request ? "entries of the request" : "entries, of what is unknown";
+}
+
+// The library's names that a whole list of the device's vendor tags or static entries does not have.
+std::string lackText(const Inspected& inspected) {
+    std::set<std::string> there;
+    for (const auto& each : inspected.tags) there.insert(each.second);
+    std::set<std::string> lacking;
+    for (const TagFact& fact : tagFacts()) {
+        const bool counts = inspected.kind == Inspected::Kind::VendorTags ? isVendorTag(fact.entry.tag)
+                                                                          : fact.capability != nullptr;
+        if (counts && there.count(fact.entry.tag) == 0) lacking.insert(shortName(fact.entry.tag));
+    }
+    return lacking.empty() ? "" : fmt::format("lacks {}", fmt::join(lacking, ", "));
+}
+
+}  // namespace
+
+bool isEvidence(const LogLine& line) {
+    if (!line.tag.empty() && (isLibraryTag(line.tag) || line.tag == "chatty")) return true;
+    return recognisePlatformLine(line) || (line.tag.empty() && recogniseLibraryLine(line));
+}
+
+LogItems::LogItems(Take take)
+    : mTake(std::move(take)), mInspection([this](const Inspected& inspected) { this->take(inspected); }) {}
+
+// Two log sections of a bugreport repeat lines of each other.
+bool LogItems::isRepeated(const LogLine& line) {
+    if (line.time.kind == LogTime::Kind::None) return false;
+    const bool isNew = mSeen
+                           .insert(fmt::format("{} {} {} {} {}", line.time.nanoseconds, line.pid, line.tid,
+                                               line.tag, line.message))
+                           .second;
+    if (!isNew) ++mRepeated;
+    return !isNew;
+}
+
+TraceItem LogItems::itemOf(const LogLine& line) const {
+    TraceItem item;
+    item.input = mInput;
+    item.line = line.line;
+    item.time = line.time;
+    item.pid = line.pid;
+    item.tid = line.tid;
+    const auto camera = mCameras.find(line.pid);
+    if (camera != mCameras.end()) item.camera = camera->second;
+    return item;
+}
+
+void LogItems::give(TraceItem item) {
+    giveHeld();
+    mLast[{item.pid, item.tid}] = item;
+    mTake(std::move(item));
+}
+
+void LogItems::giveHeld() {
+    if (!mHeld) return;
+    TraceItem item = std::move(*mHeld);
+    mHeld.reset();
+    mTake(std::move(item));
+}
+
+// The log has counted further copies of the thread's message before; the last of them follows in full.
+void LogItems::fold(const LogLine& line) {
+    if (line.pruned > 0) {
+        TraceItem item = itemOf(line);
+        item.kind = Kind::Lost;
+        item.times = line.pruned;
+        item.text = fmt::format("{} of this process lost", counted(line.pruned, "line"));
+        return give(std::move(item));
+    }
+    const auto last = mLast.find({line.pid, line.tid});
+    if (last == mLast.end() || line.folded == 0) return;
+    TraceItem item = last->second;
+    item.line = line.line;
+    item.time = line.time;
+    item.times = line.folded;
+    give(std::move(item));
+}
+
+void LogItems::feed(const LogLine& line, size_t input) {
+    mInput = input;
+    if (line.folded > 0 || line.pruned > 0) return isRepeated(line) ? void() : fold(line);
+    if (const auto library = recogniseLibraryLine(line)) {
+        ++mRecognised;
+        if (!isRepeated(line)) feedLibrary(line, *library);
+    } else if (const auto platform = recognisePlatformLine(line)) {
+        ++mRecognised;
+        if (!isRepeated(line)) feedPlatform(line, *platform);
+    } else if (isLibraryTag(line.tag) && !isRepeated(line)) {
+        TraceItem item = itemOf(line);
+        item.text = fmt::format("{}: {}", line.tag, line.message);
+        item.cause = "unknown line of the library";
+        give(std::move(item));
+    }
+}
+
+void LogItems::end() {
+    mInspection.end();
+    giveHeld();
+}
+
+bool LogItems::feedEntry(const LogLine& log, const LibraryLine& line) {
+    const auto stated = statedEntry(line);
+    if (!stated) return false;
+    TraceItem item = itemOf(log);
+    item.side = Side::Request;
+    item.kind = line.kind == LibraryLine::Kind::Refused ? Kind::Refused : Kind::Told;
+    item.tag = stated->entry->tag;
+    item.keys = keysWriting(item.tag);
+    item.value = stated->list;
+    item.cause = fmt::format("{}", fmt::join(item.keys, " or "));
+    if (!stated->text.empty()) item.cause += "=" + stated->text;
+    if (item.kind == Kind::Refused) {
+        const auto mistyped = mMistyped.find({log.pid, log.tid});
+        const bool isDue = mistyped != mMistyped.end() && endsWith(item.tag, mistyped->second.tag);
+        if (isDue) item.declared = mistyped->second.declared;
+        item.status = stated->status;
+        item.cause += (item.cause.empty() ? "" : "; ") + statusText(*stated, item.declared);
+    }
+    mMistyped.erase({log.pid, log.tid});
+    give(std::move(item));
+    return true;
+}
+
+// The elements of this message have a line each.
+bool LogItems::feedFocusTest(const LogLine& log, const LibraryLine& line) {
+    if (!line.is(qz::line::FocusTestValue::format)) return false;
+    const auto place = line.number(0);
+    const bool goesOn = mHeld && mHeld->pid == log.pid && mHeld->tid == log.tid &&
+                        place == static_cast<int64_t>(mHeld->fields.size());
+    if (!goesOn) {
+        giveHeld();
+        mHeld = itemOf(log);
+        mHeld->kind = Kind::Message;
+        mHeld->message = qz::findMessage(qz::MSG_MMI_FOCUS_TEST, 0)->name;
+        mHeld->cause = "elements of the message, as far as there are lines of them";
+        for (int64_t i = 0; place && i < *place && i < 20; ++i) mHeld->fields.push_back({"", "?"});
+    }
+    mHeld->fields.push_back({"", line.text(1)});
+    return true;
+}
+
+bool LogItems::feedMessage(const LogLine& log, const LibraryLine& line) {
+    if (feedFocusTest(log, line)) return true;
+    const auto stated = statedMessage(line);
+    if (!stated) return false;
+    TraceItem item = itemOf(log);
+    item.kind = Kind::Message;
+    item.message = stated->message->name;
+    item.fields = stated->fields;
+    if (line.result != nullptr) item.tag = line.result->entries[0].tag;
+    item.cause = item.tag.empty() ? line.function : fmt::format("{} of a result", shortName(item.tag));
+    give(std::move(item));
+    return true;
+}
+
+bool LogItems::feedGate(const LogLine& log, const LibraryLine& line) {
+    const bool isGate =
+        std::any_of(std::begin(kGates), std::end(kGates), [&](const char* gate) { return line.is(gate); });
+    if (!isGate || line.parameter == nullptr) return false;
+    TraceItem item = itemOf(log);
+    item.kind = Kind::Gated;
+    item.side = Side::Request;
+    item.keys = keysOf(*line.parameter);
+    item.tag = line.parameter->entries.empty() ? "" : line.parameter->entries[0].tag;
+    item.cause = log.message;
+    give(std::move(item));
+    return true;
+}
+
+void LogItems::feedLibrary(const LogLine& log, const LibraryLine& line) {
+    if (line.is(qz::line::Inspector::format)) {
+        const auto camera = line.number(1);
+        if (camera) mCameras[log.pid] = fmt::to_string(*camera);
+    }
+    if (mInspection.feed(log, line)) return;
+    if (feedEntry(log, line) || feedMessage(log, line) || feedGate(log, line)) return;
+    if (line.is(qz::line::NoVendorSection::format)) return feedUndeclared(log, line.text(0));
+    TraceItem item = itemOf(log);
+    item.text = log.message;
+    if (line.parameter != nullptr) {
+        item.keys = keysOf(*line.parameter);
+        item.side = Side::Request;
+    }
+    if (line.capability != nullptr) {
+        item.side = Side::Static;
+        item.tag = line.capability->entries.empty() ? "" : line.capability->entries[0].tag;
+        for (const qz::Publication& published : line.capability->publishes)
+            item.keys.emplace_back(published.key);
+        item.cause = line.capability->getter;
+    }
+    if (line.result != nullptr) item.side = Side::Result;
+    if (line.cut) item.cause += item.cause.empty() ? "cut line" : ", cut line";
+    give(std::move(item));
+}
+
+// A whole list of the device's tags tells which ones of the library it lacks.
+void LogItems::takeDeclared(const Inspected& inspected) {
+    if (!inspected.isWhole()) return;
+    std::set<std::string> declared;
+    for (const auto& each : inspected.tags) declared.insert(each.second);
+    std::set<std::string> told;
+    for (const TagFact& fact : tagFacts()) {
+        const std::string tag = fact.entry.tag;
+        if (isVendorTag(tag) && declared.count(tag) == 0 && told.insert(tag).second)
+            feedUndeclared(inspected.log, tag);
+    }
+}
+
+void LogItems::take(const Inspected& inspected) {
+    using I = Inspected::Kind;
+    TraceItem item = itemOf(inspected.log);
+    item.side = sideOf(inspected.of);
+    item.frame = inspected.frame;
+    if (inspected.kind == I::Request || inspected.kind == I::Frame) {
+        item.kind = inspected.kind == I::Request ? Kind::Request : Kind::Result;
+        item.text = inspected.kind == I::Request ? inspected.requestKind + " request" : "result";
+        return give(std::move(item));
+    }
+    if (inspected.kind == I::ChosenTag) {
+        item.kind = Kind::Entry;
+        item.tag = inspected.tag.empty() ? fmt::format("{:#x}", inspected.id) : inspected.tag;
+        item.isRemoved = inspected.isAbsent;
+        item.value = joined(inspected.elements);
+        item.cause = inspected.of == Inspected::Of::Unknown ? "inspected; of what is unknown" : "inspected";
+        if (!inspected.isAbsent && !inspected.isWhole()) item.cause += ", elements are missing";
+        if (item.side == Side::Request) item.keys = keysWriting(item.tag);
+        if (!inspected.isAbsent && inspected.elements.empty()) {
+            item.kind = Kind::Line;
+            item.text = fmt::format("{}: inspected, and the lines that tell its value are missing",
+                                    shortName(item.tag));
+            item.cause.clear();
+        }
+        return give(std::move(item));
+    }
+    item.kind = Kind::List;
+    for (const auto& each : inspected.tags) item.tags.push_back(each.second);
+    item.text = fmt::format("{}: {}", listTitle(inspected), countText(inspected));
+    if (item.side == Side::Static && inspected.isWhole()) item.cause = lackText(inspected);
+    give(std::move(item));
+    if (inspected.kind == I::VendorTags) takeDeclared(inspected);
+}
+
+}  // namespace qzcam

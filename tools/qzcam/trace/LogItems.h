@@ -1,0 +1,70 @@
+// SPDX-License-Identifier: Apache-2.0
+// From lines of a log to facts of the session.
+#pragma once
+
+#include "log/Inspection.h"
+#include "log/LibraryLine.h"
+#include "log/Logcat.h"
+#include "log/PlatformLine.h"
+#include "trace/Item.h"
+
+#include <functional>
+#include <map>
+#include <optional>
+#include <set>
+#include <string>
+#include <utility>
+
+namespace qzcam {
+
+// False for a line that tells nothing of a camera's session.
+bool isEvidence(const LogLine& line);
+
+class LogItems {
+  public:
+    using Take = std::function<void(TraceItem)>;
+
+    explicit LogItems(Take take);
+
+    // Lines in the order of their times.
+    void feed(const LogLine& line, size_t input);
+
+    // Gives what waits for further lines.
+    void end();
+
+    size_t recognised() const { return mRecognised; }
+    size_t repeated() const { return mRepeated; }  // lines that were there before, time and thread included
+
+  private:
+    using Thread = std::pair<int, int>;
+
+    bool isRepeated(const LogLine& line);
+    void feedLibrary(const LogLine& log, const LibraryLine& line);
+    void feedPlatform(const LogLine& log, const PlatformLine& line);
+    void feedMistyped(const LogLine& log, const PlatformLine& line);
+    void feedParameters(const LogLine& log, const PlatformLine& line);
+    void feedUndeclared(const LogLine& log, const std::string& name);
+    bool feedEntry(const LogLine& log, const LibraryLine& line);
+    bool feedMessage(const LogLine& log, const LibraryLine& line);
+    bool feedFocusTest(const LogLine& log, const LibraryLine& line);
+    bool feedGate(const LogLine& log, const LibraryLine& line);
+    void take(const Inspected& inspected);
+    void takeDeclared(const Inspected& inspected);
+    void fold(const LogLine& line);
+    TraceItem itemOf(const LogLine& line) const;
+    void give(TraceItem item);
+    void giveHeld();
+
+    Take mTake;
+    InspectionReader mInspection;
+    std::map<Thread, PlatformLine> mMistyped;  // the last one of a thread, which the next refusal is due to
+    std::map<Thread, TraceItem> mLast;
+    std::map<int, std::string> mCameras;  // by process, as far as it tells
+    std::optional<TraceItem> mHeld;       // a message that further lines add to
+    std::set<std::string> mSeen;
+    size_t mInput = 0;
+    size_t mRecognised = 0;
+    size_t mRepeated = 0;
+};
+
+}  // namespace qzcam

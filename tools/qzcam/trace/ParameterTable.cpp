@@ -1,0 +1,60 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "trace/ParameterTable.h"
+
+#include "facts/Lookup.h"
+#include "trace/Causes.h"
+
+namespace qzcam {
+
+void ParameterTable::addTo(const TraceItem& item, const std::vector<std::string>& keys, Count Row::*count) {
+    for (const std::string& key : keys) {
+        Row& row = mRows[key];
+        (row.*count).times += item.times;
+        (row.*count).lines.push_back(item.line);
+        if (item.kind != TraceItem::Kind::Refused) continue;
+        if (item.status) row.statuses.insert(*item.status);
+        if (!item.declared.empty()) row.declared.insert(item.declared);
+    }
+}
+
+void ParameterTable::add(const TraceItem& item) {
+    using Kind = TraceItem::Kind;
+    const bool isRequest = item.side == TraceItem::Side::Request;
+    switch (item.kind) {
+        case Kind::Entry:
+            if (isRequest && !item.isRemoved) addTo(item, item.keys, &Row::written);
+            break;
+        case Kind::List:
+            for (const std::string& tag : item.tags) {
+                if (isRequest) addTo(item, keysWriting(tag), &Row::written);
+            }
+            break;
+        case Kind::Told:
+            addTo(item, item.keys, &Row::told);
+            break;
+        case Kind::Refused:
+            addTo(item, item.keys, &Row::refused);
+            break;
+        case Kind::Undeclared:
+            if (isRequest) addTo(item, item.keys, &Row::undeclared);
+            break;
+        case Kind::Gated:
+            addTo(item, item.keys, &Row::gated);
+            break;
+        case Kind::Parameters:
+            if (item.camera.empty()) addTo(item, item.keys, &Row::set);
+            break;
+        default:
+            break;
+    }
+}
+
+std::vector<std::string> ParameterTable::neverSeen() const {
+    std::vector<std::string> keys;
+    for (const std::string& key : readKeys()) {
+        if (mRows.count(key) == 0) keys.push_back(key);
+    }
+    return keys;
+}
+
+}  // namespace qzcam

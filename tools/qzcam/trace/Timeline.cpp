@@ -1,0 +1,290 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "trace/Timeline.h"
+
+#include "base/Text.h"
+#include "trace/Causes.h"
+#include "trace/Derived.h"
+#include "trace/LogItems.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <iterator>
+#include <map>
+#include <set>
+
+namespace qzcam {
+
+namespace {
+
+using Kind = TraceItem::Kind;
+using Side = TraceItem::Side;
+
+constexpr size_t kRing = 100;  // events that the tag monitor keeps for a client
+
+std::string keyOf(const MonitorEvent& event) {
+    return fmt::format("{} {} {} {} {} {} {} {}", event.frame, event.nanoseconds, event.isRequest,
+                       event.isRemoved, event.physicalCamera, event.tag, event.streams,
+                       fmt::join(event.rows, "|"));
+}
+
+// One session may stand in several places: in dumps of different moments, in the output of "watch".
+void joinStreams(std::vector<MonitorStream>& streams) {
+    std::vector<MonitorStream> joined;
+    std::map<std::string, size_t> places;
+    for (MonitorStream& stream : streams) {
+        size_t place = joined.size();
+        for (const MonitorEvent& event : stream.events) {
+            const auto found = places.find(keyOf(event));
+            if (found != places.end()) place = found->second;
+        }
+        if (place == joined.size()) joined.push_back({stream.place, stream.input, {}});
+        MonitorStream& same = joined[place];
+        for (MonitorEvent& event : stream.events) {
+            if (places.emplace(keyOf(event), place).second) same.events.push_back(std::move(event));
+        }
+        if (same.place.client.empty()) same.place.client = stream.place.client;
+        if (same.place.camera.empty()) same.place.camera = stream.place.camera;
+        same.place.monitored.insert(stream.place.monitored.begin(), stream.place.monitored.end());
+    }
+    streams = std::move(joined);
+}
+
+// Requests before results of a frame, and in the order in which they happened. Dumps print the newest event
+// first.
+void sortByFrame(MonitorStream& stream) {
+    auto& events = stream.events;
+    if (events.size() > 1 && events.front().frame > events.back().frame)
+        std::reverse(events.begin(), events.end());
+    std::stable_sort(events.begin(), events.end(), [](const MonitorEvent& a, const MonitorEvent& b) {
+        return a.frame != b.frame ? a.frame < b.frame : a.isRequest && !b.isRequest;
+    });
+}
+
+std::string titleOf(const MonitorStream& stream) {
+    std::string title =
+        "camera " + (stream.place.camera.empty() ? std::string("unknown") : stream.place.camera);
+    if (!stream.place.client.empty()) title += ", " + stream.place.client;
+    if (stream.place.isPrevious) title += ", a session that was closed before the dump";
+    return title;
+}
+
+// Lines may stand in the wrong order; those without a time stay where they are.
+std::vector<TraceItem> logItems(std::vector<Evidence::Log>& log, std::vector<std::string>& notes) {
+    const bool haveTimes = std::all_of(log.begin(), log.end(), [&](const Evidence::Log& each) {
+        return each.line.isRaw || each.line.time.kind == log.front().line.time.kind;
+    });
+    if (haveTimes) {
+        std::stable_sort(log.begin(), log.end(), [](const Evidence::Log& a, const Evidence::Log& b) {
+            return a.line.time.nanoseconds < b.line.time.nanoseconds;
+        });
+    }
+    std::vector<TraceItem> items;
+    LogItems reader([&items](TraceItem item) { items.push_back(std::move(item)); });
+    for (const Evidence::Log& each : log) reader.feed(each.line, each.input);
+    reader.end();
+    if (reader.repeated() > 0) {
+        notes.push_back(
+            fmt::format("log: {} left out as repeated: time, thread and text are those of an earlier one",
+                        counted(reader.repeated(), "line")));
+    }
+    return items;
+}
+
+std::string fieldsText(const TraceItem& item) {
+    std::string text = item.message;
+    for (const Message::Field& field : item.fields) text += " " + field.name + "=" + field.value;
+    return text;
+}
+
+// A message that the log tells and a result gives, as often by both, is one: so it has a frame and a time.
+void joinMessages(std::vector<TraceItem>& log, std::vector<TraceItem>& derived) {
+    std::map<std::string, std::vector<TraceItem*>> told;
+    std::map<std::string, std::vector<TraceItem*>> made;
+    std::set<std::string> toldNames;
+    for (TraceItem& item : log) {
+        if (item.kind == Kind::Message) told[fieldsText(item)].push_back(&item);
+        if (item.kind == Kind::Message) toldNames.insert(item.message);
+    }
+    for (TraceItem& item : derived) made[fieldsText(item)].push_back(&item);
+    std::set<const TraceItem*> joined;
+    for (auto& [text, items] : told) {
+        const auto same = made.find(text);
+        if (same == made.end() || same->second.size() != items.size()) continue;
+        for (size_t i = 0; i < items.size(); ++i) {
+            items[i]->frame = same->second[i]->frame;
+            items[i]->camera = same->second[i]->camera;
+            joined.insert(same->second[i]);
+        }
+    }
+    std::vector<TraceItem> left;
+    for (TraceItem& item : derived) {
+        if (joined.count(&item) == 0) left.push_back(std::move(item));
+    }
+    derived = std::move(left);
+}
+
+// Messages behind the entries of their result.
+void insertMessages(std::vector<TraceItem>& items, const std::vector<TraceItem>& messages) {
+    items.insert(items.end(), messages.begin(), messages.end());
+    std::stable_sort(items.begin(), items.end(), [](const TraceItem& a, const TraceItem& b) {
+        if (a.frame != b.frame) return a.frame < b.frame;
+        const auto rank = [](const TraceItem& item) {
+            return item.kind == Kind::Message ? 2 : item.side == Side::Request ? 0 : 1;
+        };
+        return rank(a) < rank(b);
+    });
+}
+
+bool isMonotonic(const std::vector<TraceItem>& log) {
+    return !log.empty() && std::all_of(log.begin(), log.end(), [](const TraceItem& item) {
+        return item.time.kind == LogTime::Kind::Monotonic;
+    });
+}
+
+// Both clocks run since the phone was started. Events keep the order of their frames: a result's time is that
+// of its exposure, before that of requests which came before it.
+std::vector<TraceItem> mergeByClock(std::vector<TraceItem> frames, const std::vector<TraceItem>& log) {
+    std::vector<TraceItem> merged;
+    auto next = log.begin();
+    int64_t now = 0;
+    for (TraceItem& item : frames) {
+        now = std::max(now, item.time.nanoseconds);
+        while (next != log.end() && next->time.nanoseconds <= now) merged.push_back(*next++);
+        merged.push_back(std::move(item));
+    }
+    merged.insert(merged.end(), next, log.end());
+    return merged;
+}
+
+// Lines of the log that tell a frame number follow what the events tell of this frame; other lines stay with
+// them.
+std::vector<TraceItem> mergeByFrame(std::vector<TraceItem> frames, const std::vector<TraceItem>& log) {
+    std::vector<TraceItem> merged;
+    auto next = frames.begin();
+    for (const TraceItem& item : log) {
+        while (item.frame && next != frames.end() && next->frame <= item.frame)
+            merged.push_back(std::move(*next++));
+        merged.push_back(item);
+    }
+    merged.insert(merged.end(), std::make_move_iterator(next), std::make_move_iterator(frames.end()));
+    return merged;
+}
+
+class Builder {
+  public:
+    explicit Builder(Evidence evidence) : mEvidence(std::move(evidence)), mTags(mEvidence.vendorTags) {}
+
+    Timeline build() {
+        joinStreams(mEvidence.streams);
+        mTimeline.inputs = mEvidence.inputs;
+        mLog = logItems(mEvidence.log, mTimeline.notes);
+        for (MonitorStream& stream : mEvidence.streams) addStream(stream);
+        merge();
+        return std::move(mTimeline);
+    }
+
+  private:
+    void addStream(MonitorStream& stream) {
+        sortByFrame(stream);
+        TraceGroup group{titleOf(stream), {}};
+        for (const MonitorEvent& event : stream.events) {
+            group.items.push_back(itemOf(event, stream.place, stream.input, mTags));
+        }
+        Derived derived = messagesOf(group.items, mEvidence.vendorTags, stream.place.monitored,
+                                     stream.events.size() < kRing && !stream.place.monitored.empty());
+        if (mEvidence.streams.size() == 1) joinMessages(mLog, derived.messages);
+        insertMessages(group.items, derived.messages);
+        for (const std::string& note : derived.notes) mTimeline.notes.push_back(group.title + ": " + note);
+        mTimeline.groups.push_back(std::move(group));
+    }
+
+    void merge() {
+        if (mLog.empty()) return;
+        const bool hasFrames = std::any_of(mLog.begin(), mLog.end(),
+                                           [](const TraceItem& item) { return item.frame.has_value(); });
+        if (mTimeline.groups.size() == 1 && (isMonotonic(mLog) || hasFrames)) {
+            TraceGroup& group = mTimeline.groups.front();
+            mTimeline.notes.emplace_back(
+                isMonotonic(mLog) ? "log and frames are tied by their clock"
+                                  : "log and frames are tied by the frame numbers in the log; lines "
+                                    "between two of them stand behind the earlier frame");
+            group.items = isMonotonic(mLog) ? mergeByClock(std::move(group.items), mLog)
+                                            : mergeByFrame(std::move(group.items), mLog);
+            return;
+        }
+        if (!mTimeline.groups.empty()) {
+            mTimeline.notes.emplace_back(
+                "log and frames have clocks that nothing ties: each is told by itself. 'logcat -v monotonic' "
+                "has the clock of the frames");
+        }
+        mTimeline.groups.push_back({"log", std::move(mLog)});
+    }
+
+    Evidence mEvidence;
+    TagNames mTags;
+    std::vector<TraceItem> mLog;
+    Timeline mTimeline;
+};
+
+}  // namespace
+
+Timeline timelineOf(Evidence evidence) { return Builder(std::move(evidence)).build(); }
+
+TraceItem itemOf(const MonitorEvent& event, const MonitorPlace& place, size_t input, const TagNames& tags) {
+    TraceItem item;
+    item.kind = event.tag.empty() ? Kind::Line : Kind::Entry;
+    item.side = event.isRequest ? Side::Request : Side::Result;
+    item.input = input;
+    item.line = event.line;
+    item.time = {
+        LogTime::Kind::Monotonic, event.nanoseconds,
+        fmt::format("{}.{:06}", event.nanoseconds / 1'000'000'000, event.nanoseconds / 1000 % 1'000'000)};
+    item.frame = event.frame;
+    item.camera = event.camera.empty() ? place.camera : event.camera;
+    item.client = event.client.empty() ? place.client : event.client;
+    item.physicalCamera = event.physicalCamera;
+    item.tag = event.tag;
+    item.isRemoved = event.isRemoved;
+    const Tag* tag = tags.find(event.tag);
+    if (tag != nullptr && !event.isRemoved) item.values = valuesOf(event, *tag);
+    if (!event.isRemoved) item.value = valueText(event, tag);
+    item.text = event.streams;
+    if (event.isRequest) {
+        item.keys = keysWriting(event.tag);
+        item.cause = event.isRemoved ? "" : causeOf(event.tag, item.values);
+    }
+    return item;
+}
+
+MonitorStream& Evidence::streamOf(const MonitorEvent& event, const MonitorPlace& place, size_t input) {
+    const auto isSamePlace = [&](const MonitorStream& stream) {
+        return stream.input == input && stream.place.line == place.line &&
+               (event.camera.empty() ||
+                (stream.place.camera == event.camera && stream.place.client == event.client));
+    };
+    const auto found = std::find_if(streams.begin(), streams.end(), isSamePlace);
+    if (found != streams.end()) return *found;
+    streams.push_back({place, input, {}});
+    if (!event.camera.empty()) streams.back().place.camera = event.camera;
+    if (!event.camera.empty()) streams.back().place.client = event.client;
+    return streams.back();
+}
+
+void Evidence::read(const InputText& input) {
+    const size_t number = inputs.size();
+    inputs.push_back(input.name);
+    EvidenceReader reader({[&](const LogLine& line) {
+                               if (isEvidence(line)) log.push_back({number, line});
+                           },
+                           [&](const MonitorEvent& event, const MonitorPlace& place) {
+                               streamOf(event, place, number).events.push_back(event);
+                           },
+                           [&](const Tag& tag) { vendorTags.push_back(tag); }});
+    Lines lines(input.text);
+    std::string_view line;
+    while (lines.next(line)) reader.feed(line, lines.number());
+    reader.end();
+}
+
+}  // namespace qzcam

@@ -1,0 +1,188 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "base/Text.h"
+#include "trace/Causes.h"
+#include "trace/TraceOutput.h"
+
+#include <fmt/format.h>
+
+#include <utility>
+
+namespace qzcam {
+
+namespace {
+
+using Kind = TraceItem::Kind;
+using Side = TraceItem::Side;
+
+constexpr size_t kTime = 18;
+constexpr size_t kEntry = 38;
+constexpr size_t kMessage = 44;
+constexpr size_t kMostLines = 6;  // lines in a cell
+constexpr size_t kWidth = 110;    // width of a list
+
+// The cells of a row.
+struct Cells {
+    std::string request;
+    std::string result;
+    std::string message;
+    std::string cause;
+};
+
+std::string valueOr(const TraceItem& item, const char* gone) {
+    if (item.isRemoved) return gone;
+    return item.value.empty() ? "unknown" : item.value;
+}
+
+std::string entryText(const TraceItem& item) {
+    const std::string name = shortName(item.tag);
+    switch (item.kind) {
+        case Kind::Entry:
+            return fmt::format("{}: {}", name, valueOr(item, item.frame ? "gone" : "absent"));
+        case Kind::Told:
+            return fmt::format("{}: {}, to be written", name, valueOr(item, ""));
+        case Kind::Refused:
+            return fmt::format("{}: {} REFUSED", name, valueOr(item, ""));
+        case Kind::Undeclared:
+            return name + ": undeclared";
+        case Kind::Gated:
+            return fmt::format("{}: left out", item.keys.empty() ? name : item.keys.front());
+        default:
+            return item.text;
+    }
+}
+
+std::string messageText(const TraceItem& item) {
+    std::string text = item.message;
+    for (const Message::Field& field : item.fields) {
+        text += field.name.empty() ? " " + field.value : fmt::format(" {}={}", field.name, field.value);
+    }
+    return text;
+}
+
+std::string parametersText(const TraceItem& item) {
+    std::string text = "parameters:";
+    for (const Message::Field& field : item.fields) text += fmt::format(" {}={}", field.name, field.value);
+    return text;
+}
+
+void addCause(Cells& cells, const std::string& cause) {
+    if (!cause.empty()) cells.cause += (cells.cause.empty() ? "" : "; ") + cause;
+}
+
+// A line that speaks of no entry of a request or a result stands in the last column.
+Cells cellsOf(const TraceItem& item) {
+    Cells cells;
+    const bool isText = item.kind == Kind::Line || item.kind == Kind::Lost || item.kind == Kind::Parameters;
+    if (item.kind == Kind::Message) {
+        cells.message = messageText(item);
+    } else if (isText) {
+        cells.cause = item.kind == Kind::Parameters ? parametersText(item) : item.text;
+    } else if (item.side == Side::Request) {
+        cells.request = entryText(item);
+    } else if (item.side == Side::Result) {
+        cells.result = entryText(item);
+    } else {
+        cells.cause = (item.side == Side::Static ? "static: " : "") + entryText(item);
+    }
+    if (item.kind == Kind::List && item.side == Side::Request) {
+        for (const std::string& tag : item.tags)
+            cells.cause += (cells.cause.empty() ? "" : ", ") + shortName(tag);
+    }
+    if (!item.physicalCamera.empty()) addCause(cells, "physical camera " + item.physicalCamera);
+    addCause(cells, item.cause);
+    if (item.times > 1 && item.kind != Kind::Lost) addCause(cells, fmt::format("{} times", item.times));
+    return cells;
+}
+
+std::string countText(const ParameterTable::Count& count) {
+    return count.times == 0 ? "-" : fmt::to_string(count.times);
+}
+
+std::string refusedText(const ParameterTable::Row& row) {
+    if (row.refused.times == 0) return "-";
+    std::string text = fmt::format("{}", row.refused.times);
+    std::string why = fmt::format("{}", fmt::join(row.statuses, ", "));
+    if (!why.empty()) why = "status " + why;
+    if (!row.declared.empty())
+        why += fmt::format("{}declared {}", why.empty() ? "" : ", ", fmt::join(row.declared, ", "));
+    return why.empty() ? text : text + " (" + why + ")";
+}
+
+std::string linesText(const ParameterTable::Row& row) {
+    std::set<size_t> lines;
+    for (const auto* count : {&row.set, &row.written, &row.told, &row.refused, &row.undeclared, &row.gated})
+        lines.insert(count->lines.begin(), count->lines.end());
+    std::string text;
+    size_t shown = 0;
+    for (const size_t line : lines) {
+        if (shown++ == kMostLines) return text + fmt::format(" and {} more", lines.size() - kMostLines);
+        text += (text.empty() ? "" : ", ") + fmt::to_string(line);
+    }
+    return text;
+}
+
+class TraceText : public TraceOutput {
+  public:
+    explicit TraceText(WriteLine write) : mWrite(std::move(write)) {}
+
+    void begin(const std::vector<std::string>& inputs) override { mInputs = inputs; }
+
+    void group(const std::string& title) override {
+        print(title);
+        row("time", "frame", {"request", "result", "message to the application", "cause"}, "[line]");
+    }
+
+    void item(const TraceItem& item) override {
+        const std::string place = mInputs.size() > 1 ? fmt::format("[{}:{}]", mInputs[item.input], item.line)
+                                                     : fmt::format("[{}]", item.line);
+        row(item.time.text, item.frame ? fmt::to_string(*item.frame) : "", cellsOf(item), place);
+    }
+
+    void note(const std::string& text) override { print("note: " + text); }
+
+    void table(const ParameterTable& table, bool isPart) override {
+        print("");
+        if (!table.rows().empty()) {
+            print("parameters: how many lines tell that each was ...");
+            print(fmt::format("{:<34} {:>5} {:>8} {:>6} {:>11} {:>6}  {:<36} {}", "", "set", "written",
+                              "told", "undeclared", "gated", "refused", "lines"));
+        }
+        for (const auto& [key, row] : table.rows()) {
+            print(fmt::format("{:<34} {:>5} {:>8} {:>6} {:>11} {:>6}  {:<36} {}", key, countText(row.set),
+                              countText(row.written), countText(row.told), countText(row.undeclared),
+                              countText(row.gated), refusedText(row), linesText(row)));
+        }
+        if (!isPart) list("never seen:", table.neverSeen());
+    }
+
+  private:
+    void print(const std::string& text) { mWrite(visible(text)); }
+
+    void row(const std::string& time, const std::string& frame, const Cells& cells,
+             const std::string& place) {
+        const std::string text =
+            fmt::format("{:<{}} {:>6}  {:<{}}  {:<{}}  {:<{}}  {}", time, kTime, frame, cells.request, kEntry,
+                        cells.result, kEntry, cells.message, kMessage, cells.cause);
+        print(text.substr(0, text.find_last_not_of(' ') + 1) + (place.empty() ? "" : "  " + place));
+    }
+
+    void list(const std::string& title, const std::vector<std::string>& words) {
+        std::string text = title;
+        for (const std::string& word : words) {
+            if (text.size() + word.size() >= kWidth) print(std::exchange(text, " "));
+            text += " " + word;
+        }
+        if (!words.empty()) print(text);
+    }
+
+    WriteLine mWrite;
+    std::vector<std::string> mInputs;
+};
+
+}  // namespace
+
+std::unique_ptr<TraceOutput> traceText(WriteLine write) {
+    return std::make_unique<TraceText>(std::move(write));
+}
+
+}  // namespace qzcam

@@ -1,0 +1,149 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "verdict/CamerasReport.h"
+
+#include "base/Text.h"
+#include "verdict/CheckReport.h"
+
+#include <fmt/format.h>
+#include <nlohmann/json.hpp>
+
+#include <algorithm>
+#include <array>
+#include <map>
+#include <tuple>
+
+namespace qzcam {
+
+namespace {
+
+using Cameras = std::vector<CheckedCamera>;
+
+constexpr std::array<TagVerdict, kVerdicts - 1> kBad{TagVerdict::Mistyped, TagVerdict::Malformed,
+                                                     TagVerdict::Doubtful, TagVerdict::Missing,
+                                                     TagVerdict::NoEntry};
+
+struct Cell {
+    std::string text = "-";
+    const char* style = "2";
+};
+
+// The worst verdict and how many tags have it.
+Cell cellOf(const FeatureCheck& feature) {
+    if (feature.count(TagVerdict::Missing) == feature.size()) return {"all missing", "2"};
+    for (const TagVerdict verdict : kBad) {
+        const size_t count = feature.count(verdict);
+        if (count == 0) continue;
+        return {fmt::format("{} {}", count, nameOf(verdict)), styleOf(verdict)};
+    }
+    return {"fine", styleOf(TagVerdict::Fine)};
+}
+
+Cell cellOf(const DeviceCheck& check, qz::Feature feature) {
+    for (const FeatureCheck& each : byFeature(check)) {
+        if (each.begin->feature == feature) return cellOf(each);
+    }
+    return {};
+}
+
+// In the order of the camera that is worst off.
+std::vector<qz::Feature> featuresOf(const Cameras& cameras) {
+    const auto worst = std::max_element(cameras.begin(), cameras.end(), [](const auto& a, const auto& b) {
+        const auto bad = [](const DeviceCheck& check) {
+            return std::pair(check.count(TagVerdict::Mistyped) + check.count(TagVerdict::Malformed),
+                             check.count(TagVerdict::Doubtful));
+        };
+        return bad(a.check) < bad(b.check);
+    });
+    std::vector<qz::Feature> features;
+    for (const FeatureCheck& each : byFeature(worst->check)) features.push_back(each.begin->feature);
+    return features;
+}
+
+std::string titleOf(const CheckedCamera& camera) {
+    const std::string& name = camera.device.camera;
+    return "camera " + visible(name.substr(name.rfind('/') + 1));
+}
+
+std::string padded(const Cell& cell, size_t width, bool colour) {
+    const std::string text = fmt::format("{:>{}}", cell.text, width);
+    return colour ? fmt::format("\033[{}m{}\033[0m", cell.style, text) : text;
+}
+
+std::string tableText(const Cameras& cameras, bool colour) {
+    constexpr size_t kFeature = 19;
+    constexpr size_t kNarrowest = 14;
+    std::vector<size_t> widths;
+    std::string text = fmt::format("{:<{}}", "", kFeature);
+    for (const CheckedCamera& camera : cameras) {
+        widths.push_back(std::max(kNarrowest, titleOf(camera).size() + 2));
+        text += fmt::format("{:>{}}", titleOf(camera), widths.back());
+    }
+    text += "\n";
+    for (const qz::Feature feature : featuresOf(cameras)) {
+        text += fmt::format("{:<{}}", qz::kFeatureNames[static_cast<size_t>(feature)], kFeature);
+        for (size_t i = 0; i < cameras.size(); ++i)
+            text += padded(cellOf(cameras[i].check, feature), widths[i], colour);
+        text += "\n";
+    }
+    return text;
+}
+
+// Lists each finding that cannot work once, with the cameras that have it.
+std::string findingsText(const Cameras& cameras, bool colour) {
+    using Finding = std::tuple<TagVerdict, std::string, std::string, std::string>;
+    std::map<Finding, std::vector<std::string>> findings;
+    for (const CheckedCamera& camera : cameras) {
+        for (const TagCheck& row : camera.check.tags) {
+            if (row.verdict > TagVerdict::Doubtful) continue;
+            findings[{row.verdict, row.tag, row.use, wordsOf(row)}].push_back(titleOf(camera));
+        }
+    }
+    std::string text;
+    for (const auto& [finding, titles] : findings) {
+        const auto& [verdict, tag, use, words] = finding;
+        const bool isEverywhere = titles.size() == cameras.size();
+        const std::string name = fmt::format("{:<9}", nameOf(verdict));
+        text +=
+            fmt::format("  {}  {:<10}  {}  ({})\n                         {}\n",
+                        colour ? fmt::format("\033[{}m{}\033[0m", styleOf(verdict), name) : name, use, tag,
+                        isEverywhere ? "all cameras" : fmt::format("{}", fmt::join(titles, ", ")), words);
+    }
+    return text.empty() ? text : "\n" + text;
+}
+
+std::string titleText(const Cameras& cameras) {
+    const std::string file = visible(cameras.front().device.file);
+    std::string text = fmt::format("{}: {}\n", file, counted(cameras.size(), "camera"));
+    for (const CheckedCamera& camera : cameras) {
+        text += fmt::format("  {}: {}, {} vendor tags, {} static entries\n", titleOf(camera),
+                            visible(camera.device.camera), camera.device.vendorTags.size(),
+                            camera.device.entries.size());
+    }
+    return text + "\n";
+}
+
+bool failed(const Cameras& cameras) {
+    return std::any_of(cameras.begin(), cameras.end(),
+                       [](const CheckedCamera& camera) { return camera.check.failed(); });
+}
+
+}  // namespace
+
+std::string camerasText(const Cameras& cameras, bool colour) {
+    std::string text = titleText(cameras) + tableText(cameras, colour) + findingsText(cameras, colour) + "\n";
+    if (!failed(cameras)) text += "Nothing is mistyped or malformed.\n";
+    return text + "--camera ID prints every tag of one camera.\n";
+}
+
+std::string camerasJson(const Cameras& cameras) {
+    nlohmann::ordered_json json{{"format", "qzcam-check-all"},
+                                {"version", 1},
+                                {"device", cameras.front().device.file},
+                                {"failed", failed(cameras)},
+                                {"cameras", nlohmann::ordered_json::array()}};
+    for (const CheckedCamera& camera : cameras)
+        json["cameras"].push_back(checkMembers(camera.device, camera.check));
+    return json.dump(2, ' ', true, nlohmann::ordered_json::error_handler_t::replace) + "\n";
+}
+
+}  // namespace qzcam

@@ -1,0 +1,160 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "verdict/Numbers.h"
+
+#include "verdict/KeyValue.h"
+
+#include <fmt/format.h>
+
+#include <cerrno>
+#include <cfloat>
+#include <cmath>
+#include <cstdint>
+#include <cstdlib>
+#include <cstring>
+
+namespace qzcam {
+
+namespace {
+
+using Form = qz::KeyRow::Form;
+
+constexpr double kMicroseconds = 1000000;
+
+// A whole number of any size; of more than 64 bits about.
+std::optional<double> wholeAt(const char*& at, int base) {
+    char* end = nullptr;
+    errno = 0;
+    const long long number = std::strtoll(at, &end, base);
+    if (end == at) return std::nullopt;
+    const double value = errno == ERANGE ? std::strtod(at, nullptr) : static_cast<double>(number);
+    at = end;
+    return value;
+}
+
+std::vector<double> wholesAt(const char* at, size_t count) {
+    std::vector<double> numbers;
+    while (numbers.size() < count) {
+        const auto number = wholeAt(at, 10);
+        if (!number) break;
+        numbers.push_back(*number);
+        if (*at != '\0') ++at;
+    }
+    return numbers;
+}
+
+std::vector<double> one(std::optional<double> number) {
+    return number ? std::vector<double>{*number} : std::vector<double>();
+}
+
+std::vector<double> lastTuple(const qz::KeyRow& key, const std::string& value) {
+    const size_t open = value.rfind('(');
+    if (open == std::string::npos) return {};
+    return wholesAt(value.c_str() + open + 1, key.numbers);
+}
+
+std::optional<double> whole(const std::string& value, int base) {
+    const char* at = value.c_str();
+    const auto number = wholeAt(at, base);
+    return *at == '\0' ? number : std::nullopt;
+}
+
+// Elements of byte and int32 entries, one after the other.
+struct Element {
+    double value;
+    uint8_t type;
+};
+
+void addElements(std::vector<Element>& elements, const Values& values) {
+    for (size_t i = 0; i < values.count; ++i) {
+        if (values.type == TYPE_BYTE) elements.push_back({double(values.bytes[i]), TYPE_BYTE});
+        if (values.type != TYPE_INT32) continue;
+        int32_t number = 0;
+        std::memcpy(&number, &values.bytes[i * sizeof(number)], sizeof(number));
+        elements.push_back({double(number), TYPE_INT32});
+    }
+}
+
+// Those of the key: keys that share an entry have one element each.
+std::vector<Element> elementsOf(const qz::Parameter& row, const qz::KeyRow& key,
+                                const std::vector<VerdictEntry>& entries) {
+    std::vector<Element> all;
+    for (const VerdictEntry& entry : entries) addElements(all, entry.values);
+    const bool isShared = row.entries.count == 1 && row.keys.count > 1 && all.size() == row.keys.count;
+    if (!isShared) return all;
+    return {all[static_cast<size_t>(&key - row.keys.begin())]};
+}
+
+bool fitsInt32(double number) { return number >= INT32_MIN && number <= INT32_MAX; }
+
+std::string shown(double number) { return fmt::format("{:.0f}", number); }
+
+// A number that is the whole text, and is not multiplied, is shown as it was written.
+Overflow overflow(const qz::KeyRow& key, const std::string& value, double number, const Element& element) {
+    const bool asWritten = key.form == Form::number && key.times == 1;
+    return {asWritten ? value : shown(number), shown(element.value),
+            camera_metadata_type_names[element.type]};
+}
+
+// An integer is read as an int32 before anything else happens to it.
+std::optional<Overflow> whenRead(const qz::KeyRow& key, const std::vector<double>& numbers,
+                                 const std::string& value) {
+    if (key.as == qz::KeyRow::As::text || numbers.empty() || fitsInt32(numbers[0])) return std::nullopt;
+    return overflow(key, value, numbers[0], {double(asInteger(value)), TYPE_INT32});
+}
+
+// A float that is too large becomes infinite.
+std::optional<Overflow> asFloat(const std::vector<double>& numbers,
+                                const std::vector<VerdictEntry>& entries) {
+    if (numbers.size() != 1 || entries.size() != 1 || entries[0].values.type != TYPE_FLOAT)
+        return std::nullopt;
+    if (std::abs(numbers[0]) <= double(FLT_MAX)) return std::nullopt;
+    return Overflow{fmt::format("{:g}", numbers[0]), toText(entries[0].values, entries[0].tag), "float"};
+}
+
+}  // namespace
+
+std::optional<double> numberOf(const std::string& text) {
+    char* end = nullptr;
+    const double number = std::strtod(text.c_str(), &end);
+    if (end == text.c_str()) return std::nullopt;
+    if (*end == '\0') return number;
+    if (*end != '/') return std::nullopt;
+    const auto divisor = whole(end + 1, 10);
+    return divisor && *divisor != 0 ? std::optional(number / *divisor) : std::nullopt;
+}
+
+std::vector<double> numbersOf(const qz::KeyRow& key, const std::string& value) {
+    switch (key.form) {
+        case Form::number:
+            return one(whole(value, key.as == qz::KeyRow::As::text ? 10 : 0));
+        case Form::decimal:
+        case Form::seconds:
+            return one(numberOf(value));
+        case Form::pair:
+        case Form::point:
+            return wholesAt(value.c_str(), 2);
+        case Form::tuple:
+            return lastTuple(key, value);
+        default:
+            return {};
+    }
+}
+
+std::optional<Overflow> overflowOf(const qz::Parameter& row, const qz::KeyRow& key, const std::string& value,
+                                   const std::vector<VerdictEntry>& entries) {
+    const auto numbers = numbersOf(key, value);
+    if (auto read = whenRead(key, numbers, value)) return read;
+    if (key.form == Form::decimal) return asFloat(numbers, entries);
+    auto elements = elementsOf(row, key, entries);
+    const bool isTime = key.form == Form::seconds;
+    if (isTime && !elements.empty()) elements.resize(1);
+    if (elements.size() != numbers.size()) return std::nullopt;
+    for (size_t i = 0; i < numbers.size(); ++i) {
+        const double number = std::trunc(numbers[i] * (isTime ? kMicroseconds : key.times));
+        if (number == elements[i].value || (isTime && fitsInt32(number))) continue;
+        return overflow(key, value, number, elements[i]);
+    }
+    return std::nullopt;
+}
+
+}  // namespace qzcam

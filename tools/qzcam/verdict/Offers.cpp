@@ -1,0 +1,301 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "verdict/Offers.h"
+
+#include "base/Text.h"
+#include "facts/Lookup.h"
+#include "host/Camera.h"
+#include "host/LogCapture.h"
+#include "verdict/KeyValue.h"
+#include "verdict/Numbers.h"
+
+#include <capabilities/Publication.h>
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <cstring>
+
+namespace qzcam {
+
+namespace {
+
+using PublishedAs = qz::Publication::Form;
+using Limit = qz::KeyRow::Limit;
+
+constexpr const char* kPictureSizes = "picture-size-values";
+constexpr const char* kSuperSizes = "super-resolution-picture-size-values";
+constexpr int32_t kJpeg = 0x21;
+
+PublishedAs formOf(const char* key) {
+    const qz::CapabilityRow* row = findPublisher(key);
+    for (const qz::Publication& publication : row->publishes) {
+        if (std::strcmp(publication.key, key) == 0) return publication.form;
+    }
+    return PublishedAs::own;
+}
+
+bool isEndOfRange(const char* key, const std::string& value) {
+    const PublishedAs form = formOf(key);
+    return (form == PublishedAs::range || form == PublishedAs::number) && numberOf(value).has_value();
+}
+
+Offer rangeOf(std::string source, const std::string& low, const std::string& high) {
+    Offer offer{Offer::Kind::Range, std::move(source), {low, high}, {}, {}, true};
+    const auto from = numberOf(low);
+    const auto to = numberOf(high);
+    if (from && to) {
+        offer.low = {std::min(*from, *to)};
+        offer.high = {std::max(*from, *to)};
+    }
+    return offer;
+}
+
+// "100,3200", "(0,100)"
+Offer rangeIn(const char* key, std::string_view value) {
+    if (startsWith(value, "(")) value.remove_prefix(1);
+    if (endsWith(value, ")")) value.remove_suffix(1);
+    const auto ends = split(value, ',');
+    if (ends.size() != 2) return rangeOf(key, "", "");
+    return rangeOf(key, std::string(ends[0]), std::string(ends[1]));
+}
+
+std::vector<std::string> listIn(std::string_view value) {
+    std::vector<std::string> list;
+    for (const std::string_view each : split(value, ',')) {
+        if (!each.empty()) list.emplace_back(each);
+    }
+    return list;
+}
+
+std::vector<int32_t> int32sOf(const StaticEntry& entry) {
+    std::vector<int32_t> numbers(entry.values.type == TYPE_INT32 ? entry.values.count : 0);
+    if (!numbers.empty())
+        std::memcpy(numbers.data(), entry.values.bytes.data(), numbers.size() * sizeof(int32_t));
+    return numbers;
+}
+
+std::string sizeText(double width, double height) { return fmt::format("{:.0f}x{:.0f}", width, height); }
+
+// A value that switches its feature off is taken by every device.
+bool switchesOff(const qz::Parameter& row, const qz::KeyRow& key, const std::string& value) {
+    if (key.form != qz::KeyRow::Form::word) return value == "0" || value == "auto";
+    const qz::Vocabulary* words = row.conversion.vocabulary;
+    return words != nullptr && numberOf(*words, value) == 0;
+}
+
+bool isListed(const Offer& offer, const std::string& value) {
+    const auto number = numberOf(value);
+    return std::any_of(offer.values.begin(), offer.values.end(), [&](const std::string& each) {
+        return each == value || (number && numberOf(each) == number);
+    });
+}
+
+// The width and height of one setter's two keys; empty while one of them is not set.
+std::string sizeOfKeys(const qz::Parameter& row, const Texts& parameters) {
+    const auto width = parameters.find(row.keys[0].name);
+    const auto height = parameters.find(row.keys[1].name);
+    if (width == parameters.end() || height == parameters.end()) return {};
+    return sizeText(asInteger(width->second), asInteger(height->second));
+}
+
+// The value as a list would have it; empty for none.
+std::string listText(const qz::Parameter& row, const qz::KeyRow& key, const Texts& parameters) {
+    if (key.limit == Limit::thumbnailSizes) return sizeOfKeys(row, parameters);
+    const std::string& value = parameters.at(key.name);
+    const auto numbers = numbersOf(key, value);
+    using Form = qz::KeyRow::Form;
+    const bool isSize = (key.form == Form::pair || key.form == Form::tuple) && numbers.size() == 2;
+    if (isSize) return sizeText(numbers[0], numbers[1]);
+    return key.form == Form::word || !numbers.empty() ? value : "";
+}
+
+// The four coordinates of an area count, but not its weight.
+bool isWithin(const Offer& offer, const std::vector<double>& numbers) {
+    constexpr size_t kCoordinates = 4;
+    const size_t ends = offer.low.size();
+    for (size_t i = 0; ends != 0 && i < std::min(numbers.size(), kCoordinates); ++i) {
+        if (numbers[i] < offer.low[i % ends] || numbers[i] > offer.high[i % ends]) return false;
+    }
+    return true;
+}
+
+// Where "auto" is written as 0, so is 0.
+bool isAuto(const qz::KeyRow& key, const std::string& value) {
+    const bool hasAuto = key.form == qz::KeyRow::Form::seconds ||
+                         (key.form == qz::KeyRow::Form::number && key.as == qz::KeyRow::As::text);
+    return hasAuto && (value == "auto" || numberOf(value) == 0.0);
+}
+
+bool takes(const Offer& offer, const qz::Parameter& row, const qz::KeyRow& key, const Texts& parameters) {
+    const std::string& value = parameters.at(key.name);
+    if (isAuto(key, value)) return true;
+    if (offer.kind == Offer::Kind::Switch) return offer.values[0] != "false" || switchesOff(row, key, value);
+    if (offer.kind == Offer::Kind::Range) return isWithin(offer, numbersOf(key, value));
+    const std::string text = listText(row, key, parameters);
+    return !offer.whole || text.empty() || isListed(offer, text);
+}
+
+}  // namespace
+
+Offers::Offers(const Device& device, const android::CameraMetadata& characteristics)
+    : mDevice(device), mNames(device.vendorTags) {
+    const LogListener silence([](const LogEvent&) {});
+    Camera camera(0, characteristics, [](Message&&) {});
+    camera.translator().metaDataToParam();
+    for (const auto& [key, capability] : camera.adapter().takePublished()) {
+        const char* value = camera.parameters().get(key.c_str());
+        const StaticEntry* found = entry(capability);
+        if (value != nullptr) mPublished[key] = {value, found == nullptr || !found->cut};
+    }
+}
+
+const StaticEntry* Offers::entry(uint32_t tag) const {
+    const auto found = std::find_if(mDevice.entries.begin(), mDevice.entries.end(),
+                                    [&](const StaticEntry& each) { return each.tag == tag; });
+    return found == mDevice.entries.end() ? nullptr : &*found;
+}
+
+std::vector<Offer> Offers::of(const qz::Parameter& row, const qz::KeyRow& key,
+                              const Texts& parameters) const {
+    std::vector<Offer> offers;
+    if (key.condition) return offers;
+    addPublished(offers, row);
+    addLimit(offers, key, parameters);
+    return offers;
+}
+
+// Two keys with a number each are the two ends of a range.
+void Offers::addPublished(Sources& offers, const qz::Parameter& row) const {
+    if (row.offers.count == 2) {
+        const auto low = mPublished.find(row.offers[0]);
+        const auto high = mPublished.find(row.offers[1]);
+        const bool both = low != mPublished.end() && high != mPublished.end();
+        if (both && isEndOfRange(row.offers[0], low->second.value) &&
+            isEndOfRange(row.offers[1], high->second.value)) {
+            offers.push_back(rangeOf(fmt::format("{}, {}", row.offers[0], row.offers[1]), low->second.value,
+                                     high->second.value));
+            return;
+        }
+    }
+    for (const char* key : row.offers) addOne(offers, key);
+}
+
+void Offers::addOne(Sources& offers, const char* key) const {
+    const auto found = mPublished.find(key);
+    if (found == mPublished.end()) return;
+    const auto& [value, whole] = found->second;
+    const PublishedAs form = formOf(key);
+    if (form == PublishedAs::first || (form == PublishedAs::own && startsWith(value, "(")))
+        return;  // a default
+    if (value == "true" || value == "false" || form == PublishedAs::number) {
+        const bool is = value != "false" && value != "0";
+        offers.push_back({Offer::Kind::Switch, key, {is ? "true" : "false"}, {}, {}, true});
+    } else if (form == PublishedAs::range) {
+        offers.push_back(rangeIn(key, value));
+    } else {
+        offers.push_back({Offer::Kind::List, key, listIn(value), {}, {}, whole});
+    }
+}
+
+void Offers::addLimit(Sources& offers, const qz::KeyRow& key, const Texts& parameters) const {
+    const char* source = qz::kLimitTexts[static_cast<size_t>(key.limit)];
+    const auto add = [&](std::optional<Offer> offer) {
+        if (offer) offers.push_back(std::move(*offer));
+    };
+    const auto most = parameters.find(source);
+    switch (key.limit) {
+        case Limit::none:
+            return;
+        case Limit::activeArray:
+        case Limit::subActiveArray:
+            return add(array(source));
+        case Limit::zoomSteps:
+            if (most != parameters.end() && asInteger(most->second) > 0)
+                offers.push_back(rangeOf(source, "0", most->second));
+            return;
+        case Limit::percent:
+            return offers.push_back(rangeOf("JPEG quality", "1", "100"));
+        case Limit::pictureSizes:
+            return add(pictureSizes(parameters));
+        case Limit::thumbnailSizes:
+            return add(thumbnailSizes());
+    }
+}
+
+// Left, top, width and height, or width and height alone. Coordinates count from its corner.
+std::optional<Offer> Offers::array(const char* source) const {
+    const Tag* tag = mNames.find(source);
+    const StaticEntry* found = tag == nullptr ? nullptr : entry(tag->id);
+    if (found == nullptr) return std::nullopt;
+    const auto numbers = int32sOf(*found);
+    if (numbers.size() != 2 && numbers.size() != 4) return std::nullopt;
+    const int32_t width = numbers[numbers.size() - 2];
+    const int32_t height = numbers.back();
+    return Offer{Offer::Kind::Range,
+                 source,
+                 {"(0,0)", fmt::format("({},{})", width, height)},
+                 {0, 0},
+                 {double(width), double(height)},
+                 true};
+}
+
+// The host's own list where it has set one; otherwise what the device can make.
+std::optional<Offer> Offers::pictureSizes(const Texts& parameters) const {
+    Offer offer{Offer::Kind::List, kPictureSizes, {}, {}, {}, true};
+    if (const auto set = parameters.find(kPictureSizes); set != parameters.end()) {
+        offer.values = listIn(set->second);
+    } else if (const StaticEntry* found = entry(ANDROID_SCALER_AVAILABLE_STREAM_CONFIGURATIONS)) {
+        offer.source = qz::kLimitTexts[static_cast<size_t>(Limit::pictureSizes)];
+        offer.whole = !found->cut;
+        const auto numbers = int32sOf(*found);
+        for (size_t i = 0; i + 3 < numbers.size(); i += 4) {
+            const bool isOutput = numbers[i + 3] == ANDROID_SCALER_AVAILABLE_STREAM_CONFIGURATIONS_OUTPUT;
+            if (isOutput && numbers[i] == kJpeg)
+                offer.values.push_back(sizeText(numbers[i + 1], numbers[i + 2]));
+        }
+    }
+    if (offer.values.empty()) return std::nullopt;
+    const auto more = mPublished.find(kSuperSizes);
+    if (more == mPublished.end()) return offer;
+    for (std::string& size : listIn(more->second.value)) offer.values.push_back(std::move(size));
+    offer.source.append(", ").append(kSuperSizes);
+    offer.whole = offer.whole && more->second.whole;
+    return offer;
+}
+
+std::optional<Offer> Offers::thumbnailSizes() const {
+    const StaticEntry* found = entry(ANDROID_JPEG_AVAILABLE_THUMBNAIL_SIZES);
+    if (found == nullptr) return std::nullopt;
+    Offer offer{Offer::Kind::List, qz::kLimitTexts[static_cast<size_t>(Limit::thumbnailSizes)], {}, {}, {},
+                !found->cut};
+    const auto numbers = int32sOf(*found);
+    for (size_t i = 0; i + 1 < numbers.size(); i += 2)
+        offer.values.push_back(sizeText(numbers[i], numbers[i + 1]));
+    return offer;
+}
+
+std::optional<Offer> Offers::excluding(const qz::Parameter& row, const qz::KeyRow& key,
+                                       const Texts& parameters) const {
+    for (Offer& offer : of(row, key, parameters)) {
+        if (!takes(offer, row, key, parameters)) return std::move(offer);
+    }
+    return std::nullopt;
+}
+
+std::string toText(const Offer& offer) {
+    const std::string values = offer.kind == Offer::Kind::Range
+                                   ? fmt::format("{} to {}", offer.values[0], offer.values[1])
+                                   : fmt::format("{}", fmt::join(offer.values, ","));
+    return fmt::format("{}: {}{}", offer.source, values,
+                       offer.whole ? "" : " and more, which the dump does not show");
+}
+
+std::vector<std::string> listedValues(const Offers& offers, const std::string& key) {
+    for (const qz::Parameter* row : rowsOf(key)) {
+        for (Offer& offer : offers.of(*row, *keyIn(*row, key), {})) {
+            if (offer.kind == Offer::Kind::List) return std::move(offer.values);
+        }
+    }
+    return {};
+}
+
+}  // namespace qzcam

@@ -1,0 +1,199 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "verdict/WordsBack.h"
+
+#include "facts/Lookup.h"
+
+#include <fmt/format.h>
+#include <request/Parameters.h>
+
+#include <algorithm>
+#include <cstring>
+
+namespace qzcam {
+
+namespace {
+
+using Form = qz::KeyRow::Form;
+using As = qz::KeyRow::As;
+
+template <typename T>
+T elementAt(const Values& values, size_t index) {
+    T element{};
+    std::memcpy(&element, &values.bytes[index * sizeof(T)], sizeof(T));
+    return element;
+}
+
+// Elements of whichever type, as texts of numbers; rationals as "n/d".
+void addElements(std::vector<std::string>& texts, const Values& values) {
+    for (size_t i = 0; i < values.count; ++i) {
+        if (values.type == TYPE_BYTE) texts.push_back(fmt::to_string(values.bytes[i]));
+        if (values.type == TYPE_INT32) texts.push_back(fmt::to_string(elementAt<int32_t>(values, i)));
+        if (values.type == TYPE_FLOAT) texts.push_back(fmt::to_string(elementAt<float>(values, i)));
+        if (values.type != TYPE_RATIONAL) continue;
+        const auto rational = elementAt<camera_metadata_rational_t>(values, i);
+        texts.push_back(fmt::format("{}/{}", rational.numerator, rational.denominator));
+    }
+}
+
+// One key of a row, and what its entries hold.
+class KeyBack {
+  public:
+    KeyBack(const qz::Parameter& row, const qz::KeyRow& key, const EntryTexts& entries);
+
+    std::vector<Candidate> candidates() const;
+
+  private:
+    std::vector<Candidate> one(const std::string& value) const { return {{mKey.name, value}}; }
+    std::vector<Candidate> words() const;
+    std::vector<Candidate> number() const;
+    std::vector<Candidate> seconds() const;
+    std::vector<Candidate> name() const;
+    std::vector<Candidate> several(const char* format) const;
+
+    const qz::Parameter& mRow;
+    const qz::KeyRow& mKey;
+    std::vector<std::string> mElements;
+    const Values* mFirst = nullptr;
+    bool mWhole = true;  // all entries of the key are there
+};
+
+KeyBack::KeyBack(const qz::Parameter& row, const qz::KeyRow& key, const EntryTexts& entries)
+    : mRow(row), mKey(key) {
+    for (size_t i = 0; i < row.entries.count; ++i) {
+        if (!ownsEntry(row, key, i)) continue;
+        const auto found = entries.find(row.entries[i].tag);
+        mWhole = mWhole && found != entries.end() && found->second.type == row.entries[i].type;
+        if (!mWhole) return;
+        if (mFirst == nullptr) mFirst = &found->second;
+        addElements(mElements, found->second);
+    }
+    const bool isShared = row.entries.count == 1 && row.keys.count > 1 && mElements.size() == row.keys.count;
+    if (isShared) mElements = {mElements[static_cast<size_t>(&key - row.keys.begin())]};
+}
+
+std::vector<Candidate> KeyBack::candidates() const {
+    if (!mWhole || mFirst == nullptr) return {};
+    switch (mKey.form) {
+        case Form::word:
+            return words();
+        case Form::number:
+            return number();
+        case Form::decimal:
+            return mElements.size() == 1 ? one(mElements[0]) : std::vector<Candidate>();
+        case Form::pair:
+            return mElements.size() == 2 ? several("{0}x{1}") : std::vector<Candidate>();
+        case Form::point:
+            return mElements.size() == 2 ? several("{0},{1}") : std::vector<Candidate>();
+        case Form::tuple:
+            return one(fmt::format("({})", fmt::join(mElements, ",")));
+        case Form::seconds:
+            return seconds();
+        case Form::name:
+            return name();
+    }
+    return {};
+}
+
+// Sizes are written with an "x" between them, points and ranges with a comma.
+std::vector<Candidate> KeyBack::several(const char* format) const {
+    const bool isRange = mRow.entries.count == 1;
+    if (isRange) return one(fmt::format("{},{}", mElements[0], mElements[1]));
+    return one(fmt::format(fmt::runtime(format), mElements[0], mElements[1]));
+}
+
+std::vector<Candidate> KeyBack::words() const {
+    std::vector<Candidate> found;
+    if (mRow.conversion.vocabulary == nullptr || mElements.size() != 1) return found;
+    for (const qz::Word& word : mRow.conversion.vocabulary->words) {
+        const int number = mFirst->type == TYPE_BYTE ? static_cast<uint8_t>(word.number) : word.number;
+        if (fmt::to_string(number) == mElements[0]) found.push_back({mKey.name, word.text});
+    }
+    return found;
+}
+
+// -1 cannot be set where a key is read as an integer. A ratio of zoom steps comes from many pairs of numbers.
+std::vector<Candidate> KeyBack::number() const {
+    if (mElements.size() != 1 || mFirst->type == TYPE_FLOAT) return {};
+    std::string text = mElements[0];
+    if (mFirst->type == TYPE_RATIONAL) {
+        const size_t slash = text.find('/');
+        if (text.substr(slash) != "/1000000") return {};
+        text.resize(slash);
+    }
+    if (mKey.times != 1) {
+        const auto product = std::stoll(text);
+        if (product % mKey.times != 0) return {};
+        text = fmt::to_string(product / mKey.times);
+    }
+    if (mKey.as != As::text && text == "-1") return {};
+    return one(text);
+}
+
+// The fraction tells the text: n/10 and n/100 come from decimals.
+std::vector<Candidate> KeyBack::seconds() const {
+    const auto fraction = std::find_if(mElements.begin(), mElements.end(), [](const std::string& element) {
+        return element.find('/') != std::string::npos;
+    });
+    if (fraction == mElements.end()) return {};
+    const auto numerator = std::stoll(*fraction);
+    const auto denominator = std::stoll(fraction->substr(fraction->find('/') + 1));
+    if (numerator == 0) return one("auto");
+    if (denominator == 1) return one(fmt::to_string(numerator));
+    if (denominator == 10) return one(fmt::format("{}.{}", numerator / 10, numerator % 10));
+    if (denominator == 100) return one(fmt::format("{}.{:02}", numerator / 100, numerator % 100));
+    return one(*fraction);
+}
+
+// UTF-16 with plain characters only.
+std::vector<Candidate> KeyBack::name() const {
+    std::string text;
+    for (size_t i = 0; i + 1 < mFirst->count; i += 2) {
+        const uint8_t low = mFirst->bytes[i];
+        const bool isPlain =
+            mFirst->bytes[i + 1] == 0 && low >= 0x20 && low < 0x7f && low != ';' && low != '=';
+        if (!isPlain) return {};
+        text += static_cast<char>(low);
+    }
+    return text.empty() ? std::vector<Candidate>() : one(text);
+}
+
+// Rows that write their entry for other reasons than the value of their key.
+bool isWrittenBack(const qz::Parameter& row) {
+    return !row.gated(qz::Gate::chatClient) && !row.gated(qz::Gate::otherClient) &&
+           !row.gated(qz::Gate::secondary);
+}
+
+}  // namespace
+
+std::vector<Candidate> wordsBack(const qz::Parameter& row, const EntryTexts& entries) {
+    std::vector<Candidate> found;
+    if (!isWrittenBack(row)) return found;
+    for (const qz::KeyRow& key : row.keys) {
+        if (key.condition) continue;
+        for (Candidate& each : KeyBack(row, key, entries).candidates()) found.push_back(std::move(each));
+    }
+    return found;
+}
+
+std::vector<Candidate> wordsBackFor(const std::string& tag, const EntryTexts& entries) {
+    std::vector<Candidate> found;
+    for (const qz::Parameter& row : qz::kParameters) {
+        for (size_t i = 0; i < row.entries.count; ++i) {
+            if (tag != row.entries[i].tag) continue;
+            for (Candidate& each : wordsBack(row, entries)) {
+                const bool isNew = std::find(found.begin(), found.end(), each) == found.end();
+                if (isNew && ownsEntry(row, *keyIn(row, each.key), i)) found.push_back(std::move(each));
+            }
+        }
+    }
+    return found;
+}
+
+std::string toText(const std::vector<Candidate>& candidates) {
+    std::string text;
+    for (const Candidate& each : candidates)
+        text += fmt::format("{}{}={}", text.empty() ? "" : " or ", each.key, each.value);
+    return text;
+}
+
+}  // namespace qzcam

@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: Apache-2.0
+// From entries of a request back to parameters: what an application may have set, by the words and forms of
+// the rows.
+#pragma once
+
+#include "base/Values.h"
+#include "host/Events.h"
+
+#include <request/Parameter.h>
+
+#include <map>
+#include <string>
+#include <vector>
+
+namespace qzcam {
+
+using EntryTexts = std::map<std::string, Values>;  // entries by their tags
+
+struct Candidate {
+    std::string key;
+    std::string value;
+    bool operator==(const Candidate& other) const { return key == other.key && value == other.value; }
+};
+
+// The parameters with which the row writes what it has among the entries. Several for one key: each of them
+// does. Nothing for values that no text gives.
+std::vector<Candidate> wordsBack(const qz::Parameter& row, const EntryTexts& entries);
+
+// The same for one entry, from all rows that write it.
+std::vector<Candidate> wordsBackFor(const std::string& tag, const EntryTexts& entries);
+
+// "iso=1600", "qz-dual-primary-mode=primary or qz-dual-primary-mode=default"
+std::string toText(const std::vector<Candidate>& candidates);
+
+}  // namespace qzcam

@@ -1,0 +1,110 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "viewer/Page.h"
+
+#include "base/OutputFile.h"
+#include "base/Text.h"
+#include "device/BuiltIn.h"
+#include "facts/Reference.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <iterator>
+
+namespace qzcam {
+
+namespace {
+
+constexpr std::string_view kHead = R"(<!DOCTYPE html>
+<html lang="en">
+<head>
+<meta charset="utf-8">
+<meta name="viewport" content="width=device-width, initial-scale=1">
+<meta name="color-scheme" content="light dark">
+<meta http-equiv="Content-Security-Policy" content="default-src 'none'; style-src 'unsafe-inline'; script-src 'unsafe-inline'">
+)";
+
+std::string escaped(std::string_view text) {
+    std::string html;
+    for (const char c : text) {
+        if (c == '&') {
+            html += "&amp;";
+        } else if (c == '<') {
+            html += "&lt;";
+        } else {
+            html += c;
+        }
+    }
+    return html;
+}
+
+// In JSON these characters stand in strings only. Escaped they can neither end nor open anything in a page.
+std::string inScript(const std::string& json) {
+    std::string text;
+    text.reserve(json.size() + json.size() / 64);
+    for (const char c : json) {
+        if (c == '<') {
+            text += "\\u003c";
+        } else if (c == '>') {
+            text += "\\u003e";
+        } else if (c == '&') {
+            text += "\\u0026";
+        } else {
+            text += c;
+        }
+    }
+    return text;
+}
+
+std::string headOf(std::string_view title) {
+    return std::string(kHead) + "<title>" + escaped(visible(title)) + "</title>\n";
+}
+
+// Stands in the file until the command ends.
+std::string unfinishedPage() {
+    return headOf("qzcam: not finished") +
+           "</head>\n<body>\n<p>Not finished: the command was stopped, or is still going on.</p>\n"
+           "</body>\n</html>\n";
+}
+
+}  // namespace
+
+PageData rowData() {
+    constexpr std::string_view kNames[] = {"parameters", "published", "results"};
+    Reference rows;
+    std::copy_if(wholeReference().begin(), wholeReference().end(), std::back_inserter(rows),
+                 [&](const Section& section) {
+                     return std::find(std::begin(kNames), std::end(kNames), section.json) != std::end(kNames);
+                 });
+    return {"rows", referenceJson(rows)};
+}
+
+std::string htmlPage(std::string_view title, const std::vector<PageData>& data) {
+    std::string page = headOf(title);
+    page.append("<style>\n").append(viewerStyle()).append("</style>\n</head>\n<body>\n");
+    page += "<noscript>This page is drawn by its script, which is switched off here.</noscript>\n";
+    page += "<div id=\"page\"></div>\n";
+    for (const PageData& each : data) {
+        page.append("<script type=\"application/json\" data-name=\"").append(each.name).append("\">\n");
+        page += inScript(each.json) + "</script>\n";
+    }
+    page.append("<script>\n'use strict';\n(() => {\n").append(viewerScript()).append("})();\n</script>\n");
+    return page + "</body>\n</html>\n";
+}
+
+std::optional<ExitStatus> beginPage(const std::string& path, const std::vector<std::string>& inputs) {
+    if (path.empty()) return std::nullopt;
+    if (isOneOf(path, inputs)) {
+        complain(fmt::format("qzcam: {} is an input: expected another file for --html", path));
+        return kUsage;
+    }
+    if (!canWriteFile(path)) return kBadInput;
+    if (isPlainFile(path) && !writeFile(path, unfinishedPage())) return kBadInput;
+    return std::nullopt;
+}
+
+bool finishPage(const std::string& path, std::string_view title, const std::vector<PageData>& data) {
+    return path.empty() || writeFile(path, htmlPage(title, data));
+}
+
+}  // namespace qzcam

@@ -1,0 +1,82 @@
+// SPDX-License-Identifier: Apache-2.0
+// Elements of the page. Texts become text nodes, so that nothing from a file is read as HTML.
+
+const SVG = 'http://www.w3.org/2000/svg';
+
+function fill(node, attributes, children) {
+    for (const [name, value] of Object.entries(attributes || {})) {
+        if (value === undefined || value === null || value === false) continue;
+        if (name.startsWith('on')) node.addEventListener(name.slice(2), value);
+        else node.setAttribute(name, value === true ? '' : String(value));
+    }
+    for (const child of children.flat(3)) {
+        if (child === undefined || child === null || child === false) continue;
+        node.append(child instanceof Node ? child : document.createTextNode(visible(child)));
+    }
+    return node;
+}
+
+const el = (name, attributes, ...children) => fill(document.createElement(name), attributes, children);
+const svg = (name, attributes, ...children) => fill(document.createElementNS(SVG, name), attributes, children);
+
+// Characters that do not print, or that turn the direction of writing, are shown by their numbers.
+function visible(text) {
+    return String(text).replace(/[\u0000-\u0008\u000b-\u001f\u007f-\u009f\u200b-\u200f\u2028-\u202e\u2060-\u2069\ufeff]/g,
+        (c) => '\\u' + c.charCodeAt(0).toString(16).padStart(4, '0'));
+}
+
+const shortName = (tag) => String(tag).replace(/^com\.ambrix\.(capture\.metadata|device\.capabilities)\./, '');
+
+function valueText(values) {
+    if (values === undefined || values === null) return 'none';
+    if (!Array.isArray(values)) return String(values);
+    if (values.length === 0) return 'empty';
+    return values.map((value) => (Array.isArray(value) ? value.join('/') : String(value))).join(' ');
+}
+
+const counted = (count, one, many) => `${count.toLocaleString('en')} ${count === 1 ? one : many || one + 's'}`;
+
+// A small label with a colour: good, warn, bad, info or plain.
+const badge = (tone, text) => el('span', {class: `badge ${tone}`}, text);
+
+// Pairs of a name and a text or element; pairs without a second part are left out.
+function facts(pairs) {
+    const rows = pairs.filter(([, value]) => value !== undefined && value !== null && value !== '');
+    return el('dl', {class: 'facts'}, rows.map(([name, value]) => [el('dt', {}, name), el('dd', {}, value)]));
+}
+
+// Calls `draw` once before the next picture, however often it was asked for.
+function onceAFrame(draw) {
+    let waiting = false;
+    return () => {
+        if (waiting) return;
+        waiting = true;
+        requestAnimationFrame(() => {
+            waiting = false;
+            draw();
+        });
+    };
+}
+
+// A row of buttons of which each is on or off.
+function toggles(label, choices, onChange) {
+    const buttons = choices.map((choice) => {
+        const button = el('button', {
+            type: 'button', class: `toggle ${choice.tone || ''}`, 'aria-pressed': String(choice.on), 'data-name': choice.name,
+            onclick: () => {
+                choice.on = !choice.on;
+                button.setAttribute('aria-pressed', String(choice.on));
+                onChange(choice);
+            },
+        }, choice.label, choice.count === undefined ? null : el('span', {class: 'count'}, choice.count.toLocaleString('en')));
+        return button;
+    });
+    return el('div', {class: 'toggles', role: 'group', 'aria-label': label}, buttons);
+}
+
+// A field to search with; what is typed is told once a frame.
+function searchField(label, onInput) {
+    const field = el('input', {type: 'search', placeholder: label, 'aria-label': label, spellcheck: 'false', autocomplete: 'off'});
+    field.addEventListener('input', onceAFrame(() => onInput(field.value.trim().toLowerCase())));
+    return field;
+}
