@@ -1,4 +1,5 @@
-// Any static metadata, published as parameters.
+// SPDX-License-Identifier: Apache-2.0
+// Publishes any static metadata as parameters.
 #include "Devices.h"
 #include "ExactCamera.h"
 #include "Queries.h"
@@ -8,7 +9,7 @@ namespace qz::fuzz {
 
 namespace {
 
-// What is published, and what is kept to be asked for.
+// Returns the published parameters and the answers of the queries.
 std::string outcomeOf(ExactCamera& camera) {
     const char* unused = nullptr;
     android::String8 sizes;
@@ -36,7 +37,7 @@ void execute(Input& input) {
         require(outcomeOf(again) == published, "publishing twice is publishing once");
     }
     if (input.atEnd()) return;
-    // Another sensor's characteristics, over what the first one left.
+    // Publishes another sensor's characteristics over those of the first.
     camera.info = metadataFrom(input, capabilityTags());
     require(camera.translator().metaDataToParam() == 0, "publishing returns 0");
     askAll(input, camera);

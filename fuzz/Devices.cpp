@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "Devices.h"
 
 #include "Target.h"
@@ -55,7 +56,7 @@ qzcam::Device deviceOf(uint8_t choice) {
     return device;
 }
 
-// The adapter and the host of one camera, which note what they are asked for.
+// Adapter and host of one camera that record the names of the requested keys and tags.
 class Parameters : public QzParametersEx {
   public:
     explicit Parameters(android::CameraParameters2& parameters) : QzParametersEx(parameters, 0) {}
@@ -107,7 +108,8 @@ struct Asked {
     Tags results;
 };
 
-// What is read may hang on what was read before: some answers of which each setter and handler likes one.
+// A read may depend on an earlier one. These answers make each setter and handler continue with at least one
+// of them.
 Asked learn() {
     declare(kAsWanted);
     android::CameraParameters2 none;
@@ -161,7 +163,7 @@ std::string listFrom(Input& input) {
     return list;
 }
 
-// The whole elements among the bytes.
+// Returns the complete elements of the bytes.
 void write(CameraMetadata& metadata, uint32_t tag, uint8_t type, const std::string& bytes) {
     qzcam::Values values;
     values.type = type;
@@ -227,7 +229,7 @@ void addEntry(Input& input, uint32_t tag, CameraMetadata& metadata) {
     const bool wrong = form % 16 == 1 || declared < 0;
     const auto type = static_cast<uint8_t>(wrong ? form / 16 % NUM_TYPES : declared);
     if (form < 128) return write(metadata, tag, type, input.bytes());
-    // Small numbers, which mean something to most entries.
+    // Small numbers, which are meaningful in most entries.
     std::string bytes;
     for (size_t count = form % 8; count > 0; --count) {
         const int64_t number = int64_t{input.number()} - 128;
@@ -277,7 +279,7 @@ void requireSound(const CameraMetadata& metadata) {
 
 Texts entriesOf(const CameraMetadata& metadata) {
     Texts entries;
-    const CameraMetadata copy(metadata);  // whoever asks may hold the lock of the original
+    const CameraMetadata copy(metadata);  // the caller may hold the lock of the original
     const camera_metadata_t* buffer = copy.getAndLock();
     camera_metadata_ro_entry_t entry{};
     for (size_t i = 0; get_camera_metadata_ro_entry(buffer, i, &entry) == 0; ++i) {

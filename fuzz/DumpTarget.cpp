@@ -1,12 +1,16 @@
-// Any text as a camera service's dump. What is read is written as a dump again, and must then read the same.
+// SPDX-License-Identifier: Apache-2.0
+// Reads any text as a camera service's dump. The result is written as a dump again and must then read the
+// same.
 #include "Devices.h"
 #include "Target.h"
 
 #include <camera/VendorTagDescriptor.h>
 #include <sys/mman.h>
 #include <unistd.h>
+#include "device/DumpLines.h"
 #include "device/DumpParser.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <set>
 
@@ -17,6 +21,43 @@ namespace {
 qzcam::Device parse(std::string_view text) {
     qzcam::Problems problems("dump");
     return qzcam::parseDump(text, "dump", "", problems);
+}
+
+bool isOfEntries(qzcam::Left::Kind kind) {
+    using Kind = qzcam::Left::Kind;
+    return kind == Kind::UnknownTag || kind == Kind::Mistyped || kind == Kind::RepeatedEntry ||
+           kind == Kind::Damaged;
+}
+
+// Each entry of the camera is used or named as left, and each line that looks like an entry is in an array,
+// or named.
+void requireAccounted(std::string_view text) {
+    const qzcam::Report report = qzcam::readDump(text);
+    qzcam::Problems problems("dump");
+    if (const auto* camera = qzcam::findCamera(report, "")) {
+        const qzcam::Device device = qzcam::deviceOf(report, camera, problems);
+        const auto* array = qzcam::staticOf(report, *camera);
+        const auto left = std::count_if(device.left.begin(), device.left.end(),
+                                        [](const qzcam::Left& each) { return isOfEntries(each.kind); });
+        require((array == nullptr ? 0 : array->entries.size()) ==
+                    device.entries.size() + static_cast<size_t>(left),
+                "an entry is read or left");
+    }
+    if (!report.cuts.empty()) return;
+    std::set<size_t> lines;
+    for (const auto& array : report.arrays) {
+        for (const auto& entry : array.entries) lines.insert(entry.line);
+    }
+    qzcam::Lines all(text);
+    for (std::string_view line; all.next(line);) {
+        const auto entry = qzcam::parseEntry(qzcam::withoutBlanks(line));
+        if (!entry || entry->type != "byte" || lines.count(all.number()) != 0) continue;
+        const auto holds = [&](const auto& each) {
+            return each.line <= all.number() && all.number() <= each.lastLine;
+        };
+        require(!report.monitors.empty() || std::any_of(report.left.begin(), report.left.end(), holds),
+                "a line that is no entry of an array is named");
+    }
 }
 
 void requireWhole(const qzcam::Device& device) {
@@ -66,8 +107,10 @@ void requireReadAgain(const qzcam::Device& device) {
 }  // namespace
 
 void execute(Input& input) {
-    const qzcam::Device device = parse(input.rest());
+    const std::string_view text = input.rest();
+    const qzcam::Device device = parse(text);
     requireWhole(device);
+    requireAccounted(text);
     if (!device.entries.empty()) requireReadAgain(device);
 }
 

@@ -1,5 +1,6 @@
-// A camera whose texts and entries are copies of exactly their own bytes, so that a sanitizer sees who reads
-// on, and gone when what they show changes.
+// SPDX-License-Identifier: Apache-2.0
+// A camera whose texts and entries are copies in allocations of exactly their size, so that a sanitizer
+// detects a read past the end. A copy is freed when its original changes.
 #pragma once
 
 #include <CCameraQzParam.h>
@@ -23,11 +24,11 @@ inline Block copyOf(const void* data, size_t size) {
     return block;
 }
 
-// Entries that live as long as this does.
+// The entries live as long as this object.
 class ExactEntries {
   public:
     camera_metadata_ro_entry copy(camera_metadata_ro_entry entry) {
-        // Nothing of an absent entry is to be relied on.
+        // The fields of an absent entry are undefined.
         if (entry.count == 0) entry.type = 0xFF;
         const size_t size = entry.count == 0 ? 0 : entry.count * camera_metadata_type_size[entry.type];
         mBlocks.push_back(copyOf(entry.data.u8, size));

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // A buffer that does not grow, and its model.
 #pragma once
 
@@ -9,7 +10,7 @@
 
 namespace qz::fuzz {
 
-// The C functions, which do not look for a tag that is there already.
+// The C functions, which do not check for a tag that is already present.
 class FixedBuffer {
   public:
     FixedBuffer(size_t entries, size_t data)

@@ -1,5 +1,6 @@
-// The bytes of one execution, read from front to back; when they are used up every reading gives 0. Seeds
-// stay readable that way, and a longer input does what its beginning did, and then more.
+// SPDX-License-Identifier: Apache-2.0
+// The bytes of one execution, read from front to back. At the end every read returns 0. So seeds stay
+// readable, and a longer input begins with the same steps.
 #pragma once
 
 #include <algorithm>
@@ -27,7 +28,7 @@ class Input {
 
     bool flag() { return (number() & 1) != 0; }
 
-    // From 0 up to, not including, `bound`; at most 65536 of them.
+    // Returns a number from 0 to `bound` - 1; `bound` is at most 65536.
     size_t below(size_t bound) {
         if (bound <= 1) return 0;
         return (bound <= 256 ? number<uint8_t>() : number<uint16_t>()) % bound;
@@ -38,7 +39,7 @@ class Input {
         return choices[below(std::size(choices))];
     }
 
-    // A length of one byte, then as many bytes as are left of it.
+    // Reads a length of one byte, then up to that many bytes.
     std::string bytes(size_t most = 255) {
         std::string bytes(std::min({size_t{number()}, most, mSize}), '\0');
         take(bytes.data(), bytes.size());

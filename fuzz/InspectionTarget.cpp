@@ -1,4 +1,5 @@
-// Any properties and metadata, inspected; and buffers skipped by any lists of sizes.
+// SPDX-License-Identifier: Apache-2.0
+// Inspects any metadata under any properties, and skips buffers by any lists of sizes.
 #include "Devices.h"
 #include "Target.h"
 
@@ -38,14 +39,14 @@ void setProperties(Input& input) {
     }
 }
 
-// The level is the process's: an execution must not depend on the one before.
+// The level belongs to the process: an execution must not depend on an earlier one.
 void resetLevel(QzPerformEx& inspection) {
     property_set("camera.qzperformex.loglevel", "0");
     android::List<const CameraMetadata> none;
     inspection.checkRequest(none, false);
 }
 
-// The elements of both lists of sizes, one list after the other.
+// Returns the elements of both lists of sizes, one list after the other.
 std::vector<std::vector<int32_t>> sizeLists(const CameraMetadata& info) {
     std::vector<std::vector<int32_t>> lists;
     for (const char* list : kSizeLists) {
@@ -63,7 +64,7 @@ bool isListed(const std::vector<int32_t>& sizes, int32_t width, int32_t height) 
     return false;
 }
 
-// One of a list's numbers, since no other would be found in it, or any.
+// Returns one of the numbers of a list, since other numbers are rarely found in it, or any number.
 int32_t sideFrom(Input& input, const std::vector<std::vector<int32_t>>& lists, int32_t panorama) {
     const size_t choice = input.below(8);
     if (choice == 0) return panorama;
@@ -82,7 +83,7 @@ void skip(Input& input, QzPerformEx& inspection, const CameraMetadata* info) {
             "listed sizes are skipped, no others");
 }
 
-// A lock that the host may hold on its metadata. It must be as it was when the host ends it.
+// A lock that the host may hold on its metadata. It must be unchanged when the host releases it.
 class HostLock {
   public:
     HostLock(const CameraMetadata& metadata, bool held)

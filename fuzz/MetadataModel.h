@@ -1,4 +1,5 @@
-// A plain list of entries that says what a metadata buffer should hold.
+// SPDX-License-Identifier: Apache-2.0
+// A plain list of entries: the expected contents of a metadata buffer.
 #pragma once
 
 #include "Target.h"
@@ -21,7 +22,7 @@ struct Entry {
     std::string bytes;  // whole elements
 };
 
-// In the order of insertion; the first of several entries of a tag is found.
+// Entries in the order of insertion. A search finds the first of several entries of a tag.
 class Model {
   public:
     void update(const Entry& entry) {

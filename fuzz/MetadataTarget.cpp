@@ -1,4 +1,5 @@
-// The host platform's metadata, step by step beside a plain list of entries that says what it should hold.
+// SPDX-License-Identifier: Apache-2.0
+// Changes the host platform's metadata and a plain list of entries, and compares them after each step.
 #include "Devices.h"
 #include "FixedBuffer.h"
 
@@ -18,7 +19,7 @@ using android::INVALID_OPERATION;
 using android::OK;
 using android::status_t;
 
-// As many tags of each type as there are lengths worth mixing, and tags that nobody knows.
+// Several tags of each type, and unknown tags.
 const std::vector<uint32_t>& someTags() {
     static const std::vector<uint32_t> tags = [] {
         std::vector<uint32_t> some{0x7FFF0000, 0x8000FFFF};
@@ -94,7 +95,7 @@ void updateText(Input& input, Pair& pair, bool locked) {
     if (!refused) pair.model.update({tag, TYPE_BYTE, std::string(text.c_str(), text.size() + 1)});
 }
 
-// Part of one entry into another of the same object.
+// Copies part of one entry into another of the same object.
 void updateFromItself(Input& input, Pair& pair) {
     if (pair.model.entries.empty()) return;
     const Entry source = input.oneOf(pair.model.entries);
@@ -107,7 +108,8 @@ void updateFromItself(Input& input, Pair& pair) {
     require(status == INVALID_OPERATION, "an object does not take its own elements");
 }
 
-// The status of a change that needs a buffer. An object that is locked must not be locked again to look.
+// Returns the expected status of a change that needs a buffer. A locked object must not be locked again for
+// the check.
 status_t expectedOf(const Pair& pair, bool locked) {
     if (locked) return INVALID_OPERATION;
     const camera_metadata_t* const buffer = pair.metadata.getAndLock();
@@ -130,7 +132,7 @@ void sort(Pair& pair, bool locked) {
 }
 
 void append(Pair& to, const Pair& from, bool locked) {
-    // More would say nothing new, and two objects appended to each other grow fast.
+    // More entries reach nothing new, and two objects that are appended to each other grow fast.
     if (to.model.entries.size() + from.model.entries.size() > 500) return;
     const status_t expected = locked ? INVALID_OPERATION : expectedOf(from, false);
     require(to.metadata.append(from.metadata) == expected, "appending is refused or done");
@@ -211,7 +213,7 @@ void playSteps(Input& input) {
     }
 }
 
-// A tag that the buffer has at that index, or any.
+// Returns the tag at an index of the buffer, or any tag.
 Entry entryFrom(Input& input, const FixedBuffer& buffer, size_t index, bool present) {
     const uint32_t tag = present && index < buffer.count() ? buffer.tagAt(index) : input.oneOf(someTags());
     const int type = std::max(get_camera_metadata_tag_type(tag), 0);
@@ -240,7 +242,8 @@ void playFixed(Input& input) {
     }
 }
 
-// Bytes that may be a buffer: what validation lets through is safe to read, and safe to take over.
+// Validates bytes that may be a buffer. A buffer that validation accepts must be safe to read and to take
+// over.
 void readForeign(Input& input) {
     camera_metadata_t* const buffer = allocate_camera_metadata(4, 64);
     const size_t size = get_camera_metadata_size(buffer);

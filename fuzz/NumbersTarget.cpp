@@ -1,4 +1,5 @@
-// Parsers, bounded memory and vocabularies beside plainer ones, in wide arithmetic.
+// SPDX-License-Identifier: Apache-2.0
+// Compares parsers, bounded memory and vocabularies with simpler versions in wide arithmetic.
 #include "Target.h"
 
 #include "text/BoundedMemory.h"
@@ -26,7 +27,7 @@ namespace {
 constexpr int64_t kMin = INT32_MIN;
 constexpr int64_t kMax = INT32_MAX;
 
-// The rest of the input up to a terminator, at the very end of a block of memory.
+// Copies the rest of the input, up to a terminator, to the end of a block of memory.
 using Text = std::unique_ptr<char[]>;
 Text textFrom(Input& input) {
     std::string_view rest = input.rest();
@@ -42,7 +43,7 @@ int64_t saturated(int64_t number) { return std::clamp(number, kMin, kMax); }
 int32_t wrapped(int64_t number) { return static_cast<int32_t>(number & 0xFFFFFFFF); }
 
 struct Number {
-    int64_t value = 0;  // within 2^40 of 0: saturated long after it has left 32 bits
+    int64_t value = 0;  // within 2^40 of 0: saturates far outside 32 bits
     const char* end = nullptr;
 };
 
@@ -52,7 +53,7 @@ int digitOf(char c) {
     return c >= 'A' && c <= 'F' ? c - 'A' + 10 : INT_MAX;
 }
 
-// Base 0 stands for the one that the text begins with.
+// Base 0 means the base that the text's prefix states.
 Number read(const char* text, int base) {
     constexpr int64_t farOut = int64_t{1} << 40;
     const char* at = text;
@@ -136,14 +137,14 @@ void tuples(Input& input) {
     const int realStatus = parseFloatTuples(text.get(), reals.data(), count);
     const bool none = strchr(text.get(), '(') == nullptr;
     require(realStatus == android::OK || (realStatus == android::BAD_VALUE && !none), "tuples of floats");
-    // What parses as integers without a point parses as floats too, to the same numbers.
+    // A text that parses as integers without a point also parses as floats, with the same numbers.
     if (status != android::OK || strpbrk(text.get(), ".xXeEpPiInN") != nullptr) return;
     require(realStatus == android::OK, "integers are floats");
     const auto same = [](float real, int32_t number) { return real == static_cast<float>(number); };
     require(std::equal(reals.begin(), reals.end(), expected.begin(), same), "and of the same value");
 }
 
-// The nearest number that there is, to the bit.
+// The result must be the nearest number, to the bit.
 void reals(const char* text) {
     const char* end = nullptr;
     char* expectedEnd = nullptr;
@@ -208,7 +209,7 @@ void memory(Input& input) {
             "or its beginning, or none");
 }
 
-// Any text is looked up within its own bytes. What each of their words becomes, the tests try out whole.
+// Looks up any text; no byte outside it may be read. The tests check the number of each word.
 void vocabularies(const char* text) {
     for (const auto& [name, each] : kVocabularies) {
         const std::string same = text;

@@ -1,4 +1,5 @@
-// A law for all that the tool prints.
+// SPDX-License-Identifier: Apache-2.0
+// An invariant of all output of the tool.
 #pragma once
 
 #include "Target.h"
@@ -11,8 +12,8 @@
 
 namespace qz::fuzz {
 
-// Neither control characters, of ASCII or beyond it, nor bytes that are not UTF-8, as a strict writer of JSON
-// sees it.
+// Checks that a text has no control characters, of ASCII or beyond it, and only valid UTF-8, as a strict JSON
+// writer requires.
 inline void requirePrints(std::string_view line) {
     for (size_t i = 0; i < line.size(); ++i) {
         const auto byte = static_cast<unsigned char>(line[i]);

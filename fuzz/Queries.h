@@ -1,4 +1,5 @@
-// Everything that a host asks a camera between passes.
+// SPDX-License-Identifier: Apache-2.0
+// All queries of a host between passes.
 #pragma once
 
 #include "Devices.h"

@@ -1,5 +1,6 @@
-// A target without the fuzzer: executes each file named, or each file of a folder named. For compilers that
-// have no fuzzer, and for holding past findings.
+// SPDX-License-Identifier: Apache-2.0
+// Runs a target without the fuzzer: executes each given file, or each file of a given folder. Used with
+// compilers without a fuzzer, and to repeat earlier findings.
 #include "Target.h"
 
 #include <cstdio>
@@ -38,5 +39,5 @@ int main(int argc, char** argv) {
     size_t count = 0;
     for (int i = 1; i < argc; ++i) count += replayAll(argv[i]);
     std::printf("%zu inputs\n", count);
-    return count > 0 ? 0 : 1;  // a replay of nothing has tested nothing
+    return count > 0 ? 0 : 1;  // without a file nothing was tested
 }

@@ -1,4 +1,5 @@
-// Any parameters, on any device, over several passes of one camera.
+// SPDX-License-Identifier: Apache-2.0
+// Runs several request passes of one camera with any parameters on any device.
 #include "Devices.h"
 #include "ExactCamera.h"
 #include "Queries.h"
@@ -19,7 +20,7 @@ CameraMetadata pass(ExactCamera& camera) {
     return request;
 }
 
-// State that a pass leaves is what the parameters ask for, so that once it is left nothing changes any more.
+// The state after a pass depends only on the parameters, so the same pass again changes nothing.
 void requireSettled(ExactCamera& camera) {
     const auto first = entriesOf(pass(camera));
     const std::string parameters = camera.flattened();

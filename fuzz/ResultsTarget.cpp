@@ -1,4 +1,5 @@
-// Any sequence of capture results, with commands between them.
+// SPDX-License-Identifier: Apache-2.0
+// Processes any sequence of capture results, with commands between them.
 #include "Devices.h"
 #include "ExactCamera.h"
 #include "Target.h"
@@ -9,7 +10,7 @@
 
 #include <numeric>
 
-// The focus contrast command waits for results, which here only come after it.
+// The focus contrast command waits for results. Here they arrive only after it, so it must not wait.
 int usleep(useconds_t /*time*/) { return 0; }
 
 namespace qz::fuzz {
@@ -38,7 +39,7 @@ class ExactHost : public ExtCallBackInterface {
     }
 
     status_t dataCallback(int32_t message, const void* data, uint32_t size) override {
-        // Every byte counts, so that a sanitizer looks at each.
+        // Reads every byte, so that a sanitizer checks each.
         const auto* const bytes = static_cast<const uint8_t*>(data);
         mSum = std::accumulate(bytes, bytes + size, mSum);
         switch (static_cast<MessageType>(message)) {

@@ -1,6 +1,7 @@
-// The whole tool, from its command line to its exit status, with files that an input makes up. Lines of "%%"
-// part the input into a session, a dump (none: the built-in one) and a set of parameters. A session's first
-// line chooses the command: "#!check", "#!diff" or "#!explain KEY"; otherwise it is played.
+// SPDX-License-Identifier: Apache-2.0
+// Runs the whole tool, from its command line to its exit status, with files from the input. Lines of "%%"
+// divide the input into a session, a dump (none: the built-in one) and a set of parameters. The session's
+// first line chooses the command: "#!check", "#!diff" or "#!explain KEY"; otherwise the session is played.
 #include "Prints.h"
 #include "Target.h"
 
@@ -19,7 +20,7 @@
 #include <fstream>
 #include <iterator>
 
-// A command that waits for results need not take three seconds.
+// A command that waits for results must not take three seconds here.
 int usleep(useconds_t /*time*/) { return 0; }
 
 namespace qz::fuzz {
@@ -30,7 +31,7 @@ namespace fs = std::filesystem;
 
 using Words = std::vector<std::string>;
 
-// What is written to a stream, instead of to where it goes otherwise.
+// Captures the output of a stream.
 class Captured {
   public:
     explicit Captured(std::FILE*& place) : mPlace(place), mBefore(place) {
@@ -82,7 +83,7 @@ Outcome tool(const Words& words) {
     return outcome;
 }
 
-// A folder of its own, for as long as the process lives.
+// A temporary folder, removed at the end of the process.
 const fs::path& folder() {
     static const fs::path path = [] {
         std::string name = (fs::temp_directory_path() / "qzcam-fuzz-XXXXXX").string();
@@ -174,7 +175,7 @@ void check(std::string_view dump) {
     require(counted == found.tags.size(), "each tag has a verdict");
 }
 
-// Up to a line of "%%", which is taken off the text.
+// Returns the text up to a line of "%%", and removes both from the input.
 std::string_view takePart(std::string_view& text) {
     constexpr std::string_view end = "%%\n";
     const size_t place = std::min(text.find(end), text.size());

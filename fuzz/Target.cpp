@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "Target.h"
 
 #include <android/log.h>
@@ -9,7 +10,7 @@ namespace qz::fuzz {
 
 namespace {
 
-// Lines are formatted as usual, since that is where a bad argument shows, and dropped.
+// Lines are formatted as usual, since formatting reveals a bad argument, and then dropped.
 bool dropLog() {
     __android_log_set_minimum_priority(ANDROID_LOG_VERBOSE);
     __android_log_set_logger([](const __android_logger_data*, const char*) {});
@@ -18,9 +19,9 @@ bool dropLog() {
 
 }  // namespace
 
-void require(bool holds, const char* law) {
+void require(bool holds, const char* invariant) {
     if (holds) return;
-    std::fprintf(stderr, "does not hold: %s\n", law);
+    std::fprintf(stderr, "violated invariant: %s\n", invariant);
     std::abort();
 }
 

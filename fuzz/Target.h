@@ -1,4 +1,5 @@
-// What a fuzz target is made of: one function that is handed the bytes of each execution.
+// SPDX-License-Identifier: Apache-2.0
+// A fuzz target: one function that receives the bytes of each execution.
 #pragma once
 
 #include "Input.h"
@@ -8,11 +9,11 @@
 
 namespace qz::fuzz {
 
-// Each target's source has its own.
+// Each target's source defines it.
 void execute(Input& input);
 
-// A law that did not hold ends the process, which counts as a finding.
-void require(bool holds, const char* law);
+// A violated invariant aborts, which counts as a finding.
+void require(bool holds, const char* invariant);
 
 }  // namespace qz::fuzz
 

@@ -1,4 +1,5 @@
-// Any text as each of the small things that people hand to qzcam, and as a set of parameters.
+// SPDX-License-Identifier: Apache-2.0
+// Reads any text as each of the small inputs of qzcam, and as a set of parameters.
 #include "Devices.h"
 #include "Prints.h"
 #include "Target.h"
@@ -46,7 +47,7 @@ void words(const std::string& text) {
     const auto blanks = static_cast<size_t>(std::count_if(text.begin(), text.end(), isBlank));
     require(length + blanks == text.size() && rest.empty(), "words are all but the blanks");
     rest = text;
-    if (!qzcam::takeQuoted(rest)) require(rest == text, "what is no quotation stays");
+    if (!qzcam::takeQuoted(rest)) require(rest == text, "a text without quotes is unchanged");
     requirePrints(qzcam::excerpt(text));
     const std::string shown = qzcam::visible(text);
     requirePrints(shown);
@@ -64,7 +65,7 @@ void parameterSet(const std::string& text) {
     android::CameraParameters2 copy(parameters);
     require(copy.flatten() == flattened, "a copy has the same order");
     qzcam::Problems problems("parameters");
-    parameters = android::CameraParameters2();  // a set that is unfolded may hold a key twice
+    parameters = android::CameraParameters2();  // an unflattened set may hold a key twice
     for (const auto& [key, value] : qzcam::parseParameters(text, problems).parameters) {
         parameters.set(key.c_str(), value.c_str());
         parameters.getInt(key.c_str());

@@ -1,4 +1,5 @@
-# What only this machine has to show: the same outputs as the machine that it was built on.
+# SPDX-License-Identifier: Apache-2.0
+# Checks that the programs print the same on this machine as on the machine that built them.
 if(QZ_BUILD_TOOLS)
     set(QZ_NATIVE_BUILD "" CACHE PATH "A build of qzcam for this machine, to compare with")
     foreach(session ${sessions})

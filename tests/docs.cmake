@@ -1,7 +1,12 @@
-# What the documents show is what the program prints.
+# SPDX-License-Identifier: Apache-2.0
+# Checks that the commands in the documents print the outputs that the documents show.
 if(NOT CMAKE_CROSSCOMPILING)
-    add_test(NAME docs.readme COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/readme/check
-        --without "Installing it" $<TARGET_FILE_DIR:qzcam> README.md)
+    # The sections that install and build are slow: package.readme runs them.
+    foreach(page README docs/qzcam docs/sessions docs/json docs/hosting)
+        cmake_path(GET page FILENAME name)
+        add_test(NAME docs.${name} COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/readme/check
+            --without "(Install|Build against an installed copy)" $<TARGET_FILE_DIR:qzcam> ${page}.md)
+    endforeach()
 endif()
 string(JOIN " " emulated ${CMAKE_CROSSCOMPILING_EMULATOR} $<TARGET_FILE:qzcam>)
 add_test(NAME docs.reference COMMAND sh -c
@@ -9,4 +14,15 @@ add_test(NAME docs.reference COMMAND sh -c
 find_program(MANDOC mandoc)
 if(MANDOC)
     add_test(NAME docs.manual COMMAND sh -c "${emulated} manual | ${MANDOC} -Tlint -W warning")
+    add_test(NAME docs.manual.session COMMAND sh -c "${emulated} manual --session | ${MANDOC} -Tlint -W warning")
+endif()
+
+# Checks the output of --json against its schemas, with a package of Debian's Python.
+string(REPLACE " " ";" emulated_words "${emulated}")
+add_test(NAME docs.schema COMMAND /usr/bin/python3 ${CMAKE_CURRENT_SOURCE_DIR}/schema/check ${emulated_words})
+add_test(NAME docs.completion COMMAND bash ${CMAKE_CURRENT_SOURCE_DIR}/completion/check ${emulated_words})
+
+# Comments, pages and messages are in plain words, and spelled correctly.
+if(NOT CMAKE_CROSSCOMPILING AND NOT QZ_SANITIZE)
+    add_test(NAME docs.words COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/words/check)
 endif()

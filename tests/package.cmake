@@ -1,4 +1,5 @@
-# What others get of this project, held against what the tree says of it. A sanitizer would have to be their own choice.
+# SPDX-License-Identifier: Apache-2.0
+# Checks the library and the package as other projects get them. A build with a sanitizer is never installed.
 if(QZ_SANITIZE)
     return()
 endif()
@@ -12,8 +13,8 @@ add_test(NAME package.symbols COMMAND ${symbols} -DREADELF=${CMAKE_READELF}
     "-DOBJECTS=$<TARGET_OBJECTS:qzcamera_objects>" ${symbols_script})
 add_custom_command(TARGET renew_abi COMMAND ${symbols} -DRENEW=ON ${symbols_script} VERBATIM)
 
-# The binary interface is on record as read from g++'s debug information on one kind of machine; clang++ describes
-# constructors and destructors otherwise.
+# The record of the binary interface comes from g++'s debug information on one kind of machine. clang++ describes
+# constructors and destructors differently.
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_SYSTEM_PROCESSOR STREQUAL "x86_64"
         AND CMAKE_BUILD_TYPE MATCHES "^(RelWithDebInfo|Debug)$")
     find_program(QZ_ABIDW abidw REQUIRED)
@@ -27,7 +28,7 @@ else()
     message(STATUS "No test package.abi: it takes a build by g++ for x86_64 with debug information.")
 endif()
 
-# Objects of the build tree: what is installed, and the programs that are not.
+# Folders of the build tree with libraries and programs, installed or not.
 set(package ${CMAKE_CURRENT_SOURCE_DIR}/package)
 foreach(folder ${CMAKE_INSTALL_LIBDIR} ${CMAKE_INSTALL_BINDIR} tests fuzz)
     list(APPEND folders ${PROJECT_BINARY_DIR}/${folder})
@@ -47,17 +48,18 @@ find_program(QZ_BPFMT bpfmt REQUIRED)
 add_test(NAME package.blueprint COMMAND ${CMAKE_COMMAND} -DSOURCE=${PROJECT_SOURCE_DIR} -DBPFMT=${QZ_BPFMT}
     -P ${CMAKE_CURRENT_SOURCE_DIR}/android/check.cmake)
 
-# What ./run and the README's commands do is done once, beside the tree that they know.
+# ./run and the commands of the README are tested once, in the tree that they use.
 if(NOT PROJECT_BINARY_DIR STREQUAL "${PROJECT_SOURCE_DIR}/build/dev")
     return()
 endif()
 add_test(NAME package.run COMMAND ${package}/run-twice ${PROJECT_VERSION})
 set_tests_properties(package.run PROPERTIES RUN_SERIAL ON)
 
-# The README installs a release and builds another project against it, from nothing; the other tests look into that.
+# The README installs a release, and docs/hosting.md builds another project against it, from nothing. The other tests look
+# into that copy.
 set(installed ${PROJECT_SOURCE_DIR}/build/installed)
 add_test(NAME package.readme COMMAND sh -c "rm -rf build/installed build/consumer &&
-    tests/readme/check --only 'Installing it' $<TARGET_FILE_DIR:qzcam> README.md"
+    tests/readme/check --only '(Install|Build against an installed copy)' $<TARGET_FILE_DIR:qzcam> README.md docs/hosting.md"
     WORKING_DIRECTORY ${PROJECT_SOURCE_DIR})
 set_tests_properties(package.readme PROPERTIES FIXTURES_SETUP installed TIMEOUT 3600 COST 1000)
 add_test(NAME package.installed-hardened COMMAND ${package}/hardened ${installed}/lib/libqzcamera.so

@@ -1,16 +1,17 @@
-# Hosts that were built against the recorded binary interface go on working with the library as built now. Additions
-# are welcome; what was there stays, with its signatures, layouts and slots.
+# SPDX-License-Identifier: Apache-2.0
+# Checks that hosts built against the recorded binary interface work with the current library. Additions are allowed.
+# Signatures, layouts and slots that are on record must not change.
 #   cmake -DLIBRARY=... -DSOURCE=... -DWORK=... -DABIDW=... -DABIDIFF=... [-DRENEW=ON] -P abi.cmake
 #
-# The record, qzcamera.abi, comes from libabigail's abidw and describes a build for x86-64: what breaks one target's
-# hosts in a change of the headers breaks them all. To renew it, after an addition or with a new major version, build
-# the target renew_abi in a tree with debug information (preset dev) and commit what it wrote. Where the tree lies
-# decides the order of the record's blocks, and nothing of what they say.
+# libabigail's abidw writes the record, qzcamera.abi, from a build for x86-64: a change of the headers that breaks the
+# hosts of one target breaks them all. To renew it, after an addition or with a new major version, build the target
+# renew_abi in a tree with debug information (preset dev) and commit the result. The path of the tree changes only the
+# order of the record's blocks.
 cmake_minimum_required(VERSION 3.25)
 set(RECORD ${CMAKE_CURRENT_LIST_DIR}/qzcamera.abi)
 set(FRESH ${WORK}/qzcamera.abi)
 
-# Only what the exported headers define, and nothing of where and by which names it was written.
+# The record contains only the definitions of the exported headers, without paths and source names.
 file(MAKE_DIRECTORY ${WORK})
 execute_process(COMMAND ${ABIDW} --out-file ${FRESH}
         --headers-dir ${SOURCE}/include --drop-private-types --exported-interfaces-only --drop-undefined-syms
@@ -28,7 +29,7 @@ if(RENEW)
     return()
 endif()
 
-# Any report is a failure: what abidiff itself counts as incompatible leaves out changed layouts.
+# Any report is a failure: abidiff does not count a changed layout as incompatible.
 execute_process(COMMAND ${ABIDIFF} --no-added-syms --suppressions ${CMAKE_CURRENT_LIST_DIR}/suppressions.ini
         --suppressions ${CMAKE_CURRENT_LIST_DIR}/compatible.ini ${RECORD} ${FRESH}
     RESULT_VARIABLE status OUTPUT_VARIABLE report ERROR_VARIABLE report)

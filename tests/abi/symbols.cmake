@@ -1,8 +1,9 @@
-# The library exports the symbols of symbols.txt, no fewer and no more, and every operation that the headers mark as
-# exported is among them.
+# SPDX-License-Identifier: Apache-2.0
+# Checks that the library exports exactly the symbols of symbols.txt, and that the list contains every operation that the
+# headers mark as exported.
 #   cmake -DLIBRARY=... -DOBJECTS="..." -DNM=... -DREADELF=... -DPOINTER_SIZE=... -P symbols.cmake
 #   cmake -DRENEW=ON -DLIBRARY=... -DNM=... -DPOINTER_SIZE=... -P symbols.cmake
-# RENEW, which the build's target renew_abi sets, writes the list anew.
+# RENEW, set by the build's target renew_abi, writes the list again.
 cmake_minimum_required(VERSION 3.25)
 set(LIST ${CMAKE_CURRENT_LIST_DIR}/symbols.txt)
 
@@ -17,7 +18,7 @@ function(lines_of variable)
     set(${variable} "${lines}" PARENT_SCOPE)
 endfunction()
 
-# A constructor or destructor has several symbols, which read the same: one line.
+# A constructor or destructor has several symbols with the same demangled name: one line.
 lines_of(lines ${NM} --dynamic --defined-only --demangle ${LIBRARY})
 set(exported "")
 foreach(line IN LISTS lines)
@@ -32,7 +33,7 @@ endforeach()
 list(REMOVE_DUPLICATES exported)
 list(SORT exported)
 
-# How a size_t reads once it is a symbol.
+# The demangled name of size_t in a symbol.
 if(POINTER_SIZE EQUAL 8)
     set(size_type "unsigned long")
 else()
@@ -67,7 +68,7 @@ if(differences)
         "--- tests/abi/symbols.txt\n+++ exported by the library\n${differences}")
 endif()
 
-# In the objects, the visibility is still the headers'; in the library, the version script has had the last word.
+# The objects have the visibility that the headers state. In the library the version script decides.
 lines_of(lines ${READELF} --syms --wide --demangle ${OBJECTS})
 set(marked 0)
 set(withheld "")

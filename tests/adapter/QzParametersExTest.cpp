@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "QzParametersEx.h"
 
 #include "support/Device.h"
@@ -15,8 +16,8 @@ using android::CameraMetadata;
 using android::CameraParameters2;
 using testing::ElementsAre;
 
-// The place of a virtual function in its table. The first word of a pointer to it is the offset, plus one on
-// all but ARM.
+// Returns the index of a virtual function in its table. The first word of a pointer to it is the offset, plus
+// one on all machines except ARM.
 template <typename Function>
 size_t slot(Function function) {
     uintptr_t word = 0;
@@ -102,7 +103,7 @@ TEST(QzParametersEx, ForwardsToParametersAndRequest) {
     EXPECT_THAT(values<char>(request, "t.text"), ElementsAre('a', 'b', '\0'));
 }
 
-// Tag, names, least and greatest count, whether required, and what is missing or malformed.
+// Columns: tag, names, smallest and largest count, required or not, expected log line.
 TEST(QzParametersEx, ReportsStaticEntriesThatAreNotAsExpected) {
     const VendorTags tags({{"t.four", TYPE_INT32}, {"t.absent", TYPE_INT32}});
     Camera camera;

@@ -1,4 +1,5 @@
-# Android.bp is what its build system would read: it parses, it is formatted, and the files that it names are there.
+# SPDX-License-Identifier: Apache-2.0
+# Checks that Android.bp can be parsed, is formatted, and names existing files.
 #   cmake -DSOURCE=... -DBPFMT=... -P check.cmake
 cmake_minimum_required(VERSION 3.25)
 
@@ -15,7 +16,7 @@ elseif(NOT difference STREQUAL "")
     fail("Android.bp is not formatted: bpfmt -s -w Android.bp" "${difference}")
 endif()
 
-# What these properties name are files, patterns of files and folders.
+# These properties name files, patterns of files and folders.
 set(properties "srcs|exclude_srcs|local_include_dirs|export_include_dirs|license_text|version_script")
 file(READ ${SOURCE}/Android.bp text)
 string(REGEX REPLACE "//[^\n]*" "" text "${text}")

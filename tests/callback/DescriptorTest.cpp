@@ -1,15 +1,18 @@
-// Vendor tags that another thread replaces and clears while a camera works.
+// SPDX-License-Identifier: Apache-2.0
+// A camera at work while another thread replaces and clears the vendor tags.
 #include "CameraQzCallBack.h"
 #include "QzPerformEx.h"
-#include "callback/QuietHost.h"
 #include "support/Device.h"
 #include "support/Log.h"
+#include "support/ResultHost.h"
 
 #include <cutils/properties.h>
 #include <gtest/gtest.h>
 
 #include <atomic>
 #include <chrono>
+#include <cstdio>
+#include <memory>
 #include <set>
 #include <thread>
 
@@ -27,11 +30,12 @@ Declarations declarationsWith(const std::string& renamed) {
             {capability("superResolutionPictureSize"), TYPE_INT32}};
 }
 
-// Everything of one camera that looks tags up or logs their names.
+// All objects of one camera that look up tags or log their names.
 class WorkingCamera {
   public:
     WorkingCamera() {
         const VendorTags tags(declarationsWith("first.first"));
+        mHost->hasOwnEntries = false;
         const int32_t number = 1;
         mCamera.info.update(kRenamed, &number, 1);
         mResult->mMetadata = mCamera.info;
@@ -51,6 +55,7 @@ class WorkingCamera {
         mInspector->checkResult(*mResult);
         mInspector->skipRoundBuffer(640, 480, 33);
         mCallBack->processQzCallBack(mResult->mMetadata);
+        mCamera.info.dump(fileno(mNowhere.get()), 1);
     }
 
   private:
@@ -61,13 +66,14 @@ class WorkingCamera {
     }
 
     Camera mCamera;
+    std::unique_ptr<FILE, int (*)(FILE*)> mNowhere{fopen("/dev/null", "w"), fclose};
     android::sp<android::CaptureResult> mResult = new android::CaptureResult;
-    android::sp<QuietHost> mHost = new QuietHost;
+    android::sp<ResultHost> mHost = new ResultHost;
     android::sp<CameraQzCallBack> mCallBack = CreateCameraQzCallBack(mHost.get(), &mCamera.translator());
     android::sp<QzPerformEx> mInspector = new QzPerformEx(0);
 };
 
-// The section and the name of the renamed tag, as lines of the log show them.
+// Section and name of the renamed tag, as the log shows them.
 void addNames(const std::vector<LogLine>& lines, std::set<std::string>& names) {
     for (const LogLine& line : lines) {
         const size_t start = line.text.find('\'') + 1;

@@ -1,9 +1,10 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "callback/Session.h"
 
 namespace qz::test {
 namespace {
 
-TEST(ResultHandlers, TellWhatHasChanged) {
+TEST(ResultHandlers, SendChangedValues) {
     Session().play(R"(
 hintUser=
 qz-zsl-mode=0
@@ -53,8 +54,8 @@ qz-af-mmi-contrast-result-value=0..20|E processMmiFocusTest(), get invalid numbe
 )");
 }
 
-// 0 and -1, with which the members begin, are news like any other value.
-TEST(ResultHandlers, TellOnceWhatComesBackToNothing) {
+// The initial values of the members, 0 and -1, are sent like any other value.
+TEST(ResultHandlers, SendZeroOnce) {
     Session().play(R"(
 target-coordinates-offset=3,4|> 10000(3, 4)
 target-coordinates-offset=0,4|> 10000(0, 4)
@@ -81,7 +82,7 @@ dualSensorAbnormal=-5|> 80000(-5, 0)
 )");
 }
 
-TEST(ResultHandlers, TellOthersWithEveryResult) {
+TEST(ResultHandlers, SendWithEveryResult) {
     const std::string table = R"(
 hintUser=5,6|I callbackSmartMode() smart snapshot mode: 5 |> 100[65656565 05000000]
 hintUser=256|I callbackSmartMode() smart snapshot mode: 256 |> 100[65656565 00000000]
@@ -186,7 +187,7 @@ qz-mmi-camera-pdaf-verification-mode=0|I processMMICameraPdafVerify(), mmi pdaf 
 )" + sent);
 }
 
-TEST(ResultHandlers, KeepForCommandsAndRequests) {
+TEST(ResultHandlers, StoreForCommandsAndRequests) {
     Session session;
     const TestPeer::Members before = session.members();
     const auto expectKept = [&](const std::string& result, const std::string& kept) {
@@ -202,8 +203,8 @@ TEST(ResultHandlers, KeepForCommandsAndRequests) {
     expectKept("focusVcmValue=0 qz-otp-check=256", "");
 }
 
-// Of the second entry; rows have tests of the first.
-TEST(ResultHandlers, PassOverVerificationsOfOtherCountsAndTypes) {
+// Tests the second entry. The tests of the rows cover the first one.
+TEST(ResultHandlers, IgnoreOtherCountsAndTypes) {
     const std::string mode = "|I processMMICameraPdafVerify(), mmi pdaf verification mode: 1\n";
     Session().play(R"(
 qz-dual-camera-verification-mode=1 qz-dual-camera-verification-result=7

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "CCameraQzParam.h"
 
 #include "support/Device.h"
@@ -70,7 +71,7 @@ TEST(CCameraQzParam, AnswersWithoutAPass) {
     EXPECT_FALSE(translator.getPanorama2DMode());
     translator.*TestPeer::panorama2D = true;
     EXPECT_TRUE(translator.getPanorama2DMode());
-    // Whether the device asks for the recording state, what the host reports, and the answer.
+    // Columns: the device asks for the recording state, the state that the host reports, the answer.
     for (const Row& row : rowsOf("0|1|0 1|0|0 1|1|1 0|0|0 1|-|1 1|0|0")) {
         translator.*TestPeer::requireVideoStatus = row[0] == "1";
         if (row[1] != "-") translator.qzUpdateRecordingState(row[1] == "1");
@@ -78,7 +79,7 @@ TEST(CCameraQzParam, AnswersWithoutAPass) {
     }
 }
 
-// Professional mode, light painting and exposure time; supported, the vendor's camera, and done.
+// Columns: professional mode, light painting, exposure time; supported, vendor's camera application, done.
 TEST(CCameraQzParam, LongExposureAndPreShutter) {
     Camera camera;
     CCameraQzParam& translator = camera.translator();
@@ -106,7 +107,7 @@ TEST(CCameraQzParam, LongExposureAndPreShutter) {
     }
 }
 
-// Property, professional mode, the vendor's camera; what is logged.
+// Columns: property, professional mode, vendor's camera application; expected log line.
 TEST(CCameraQzParam, CustomizedZsl) {
     LogCapture log;
     for (const Row& row : rowsOf(

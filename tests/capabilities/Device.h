@@ -1,4 +1,5 @@
-// Getters on devices of a test's own, written as tables.
+// SPDX-License-Identifier: Apache-2.0
+// Runs getters on devices that a test describes as tables.
 #pragma once
 
 #include "capabilities/Capabilities.h"
@@ -23,10 +24,10 @@ inline const EntryRow* findEntry(const std::string& tag) {
     return nullptr;
 }
 
-// A device that declares all tags of capabilities.
+// A device that declares all capability tags.
 class Device {
     LogCapture mLog;
-    VendorTags mTags{declarations()};
+    VendorTags mTags{declarationsOf(kCapabilities)};
 
   public:
     // "tag=1,2" is a static entry, "key=text" a parameter.
@@ -49,17 +50,6 @@ class Device {
 
     android::sp<RecordingHost> host{new RecordingHost};
     android::sp<CCameraQzParam> camera{CreateCameraQzParam(host.get())};
-
-  private:
-    static Declarations declarations() {
-        Declarations all;
-        for (const CapabilityRow& row : kCapabilities) {
-            for (const EntryRow& entry : row.entries) {
-                if (isVendor(entry)) all.emplace_back(entry.tag, entry.type);
-            }
-        }
-        return all;
-    }
 };
 
 // Rows of "getter|what the device has|key=text;key=text|member: value|log line|...".

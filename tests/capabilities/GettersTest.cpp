@@ -1,4 +1,5 @@
-// One plain getter of each kind, and all that getters with a function publish, keep and log.
+// SPDX-License-Identifier: Apache-2.0
+// One plain getter of each kind, and everything that getters with a function publish, store and log.
 #include "Device.h"
 
 namespace qz::test {

@@ -1,4 +1,5 @@
-// Passes over devices that change.
+// SPDX-License-Identifier: Apache-2.0
+// Capability passes on devices that change.
 #include "Device.h"
 
 namespace qz::test {
@@ -11,7 +12,7 @@ void giveOneOfEach(Device& device) {
     }
 }
 
-TEST(CapabilityPass, HasOneKeyForADeviceThatSaysNothing) {
+TEST(CapabilityPass, EmptyDevice) {
     LogCapture log;
     Camera camera;
     camera.adapter->mInfo = nullptr;
@@ -23,8 +24,8 @@ TEST(CapabilityPass, HasOneKeyForADeviceThatSaysNothing) {
     EXPECT_STREQ(camera.parameters.flatten().c_str(), "qz_video_smooth_af_supported=true");
 }
 
-// Parameters refuse a text with '='.
-TEST(CapabilityPass, EchoesATextThatIsNotThereAsNull) {
+// A parameter set refuses a text with '='.
+TEST(CapabilityPass, RefusedTextIsLoggedAsNull) {
     const VendorTags tags({{capability("mmiTestFeatureSupported"), TYPE_BYTE}});
     LogCapture log;
     Camera camera;
@@ -34,7 +35,7 @@ TEST(CapabilityPass, EchoesATextThatIsNotThereAsNull) {
     EXPECT_EQ(log.take("CameraQzParam").back().text, "mmi test feature supported value = (null)");
 }
 
-TEST(CapabilityPass, RunsAgainOverAChangedDevice) {
+TEST(CapabilityPass, SecondRun) {
     Device device;
     giveOneOfEach(device);
     device.has("qzSubSensorJpegSize=2,3");
@@ -46,14 +47,14 @@ TEST(CapabilityPass, RunsAgainOverAChangedDevice) {
     const std::string sizes = "mSubPicSizes: 3 | mSuperResPicSizes: 3 | mVideoCallbackSupported: 1";
     EXPECT_EQ(changesOf(empty, device.members()), flags + "mSlowJpegModeThreshold: 1 | " + sizes);
 
-    // An empty entry keeps its key and its member, all but the threshold, which is reset first.
+    // An empty entry leaves its key and its member unchanged, except the threshold, which is reset first.
     const auto published = device.published();
     device.host->statics.clear();
     device.run();
     EXPECT_EQ(device.published(), published);
     EXPECT_EQ(changesOf(empty, device.members()), flags + sizes);
 
-    // 0 and numbers that are not 1 overwrite, too; a negative number of previews is none.
+    // 0 and numbers other than 1 overwrite too. A negative number of previews counts as none.
     for (const char* what :
          {"videoCallbackSupported=2", "qzFwkZslSupported=2", "qzRequireVideoStatus=2",
           "qz-pre-shutter-supported=2", "super_resolution_supported=2", "superResolutionPictureSize=8,6",
@@ -65,7 +66,7 @@ TEST(CapabilityPass, RunsAgainOverAChangedDevice) {
     EXPECT_EQ(changesOf(empty, device.members()), "mSuperResPicSizes: 3");
     EXPECT_EQ(device.host->published["super-resolution-picture-size-values"], "1x1");
 
-    // Nothing is touched, the threshold neither, once the device no longer declares it.
+    // When the device no longer declares the tags, nothing changes, not even the threshold.
     giveOneOfEach(device);
     device.run();
     const TestPeer::Members full = device.members();
@@ -74,7 +75,7 @@ TEST(CapabilityPass, RunsAgainOverAChangedDevice) {
     EXPECT_EQ(changesOf(full, device.members()), "");
 }
 
-// Remembers what was kept when a key was published.
+// Remembers the members' values at the time a key was published.
 class KeepingHost : public RecordingHost {
   public:
     void set(const char* key, const char* value) override {
@@ -85,7 +86,7 @@ class KeepingHost : public RecordingHost {
     std::map<std::string, TestPeer::Members> kept;
 };
 
-TEST(CapabilityPass, KeepsBeforeOrAfterItPublishes) {
+TEST(CapabilityPass, OrderOfStoringAndPublishing) {
     Device device;
     giveOneOfEach(device);
     device.has("qzSubSensorJpegSize=2,3");

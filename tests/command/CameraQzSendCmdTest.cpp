@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "CameraQzSendCmd.h"
 
 #include "support/Device.h"
@@ -15,7 +16,7 @@ std::vector<useconds_t> sSleeps;
 std::function<void()> sDuringSleep;
 }  // namespace
 
-// Nothing waits here: the library's pauses end up in a list.
+// Records the library's pauses in a list instead of waiting.
 extern "C" int usleep(useconds_t microseconds) {
     sSleeps.push_back(microseconds);
     if (sDuringSleep) sDuringSleep();
@@ -24,7 +25,7 @@ extern "C" int usleep(useconds_t microseconds) {
 
 namespace qz {
 
-// What results leave in the translator.
+// Sets the values that results leave in the translator.
 struct TestPeer {
     static void setFocusVcmValue(CCameraQzParam& p, int32_t value) { p.mFocusVcmValue.set(value); }
     static void setContrast(CCameraQzParam& p, uint32_t value) {
@@ -53,7 +54,7 @@ class CameraQzSendCmdTest : public testing::Test {
 
 LogLine line(int priority, const std::string& text) { return {priority, "CameraQzSendCmd", text}; }
 
-TEST_F(CameraQzSendCmdTest, LivesOverATranslator) {
+TEST_F(CameraQzSendCmdTest, Lifetime) {
     EXPECT_EQ(CreateCameraQzSendCmd(nullptr), nullptr);
     mCommands = CreateCameraQzSendCmd(&mCamera.translator());
     EXPECT_THAT(mLog.take(), ElementsAre(line(ANDROID_LOG_ERROR,
@@ -78,7 +79,7 @@ TEST_F(CameraQzSendCmdTest, AnswersAtOnce) {
     EXPECT_THAT(sSleeps, IsEmpty());
 }
 
-TEST_F(CameraQzSendCmdTest, HandsEachContrastOutOnce) {
+TEST_F(CameraQzSendCmdTest, EachContrastIsReturnedOnce) {
     const struct {
         uint32_t contrast;
         status_t answer;
@@ -91,7 +92,7 @@ TEST_F(CameraQzSendCmdTest, HandsEachContrastOutOnce) {
                 {0xBFFFFFFF, 0x3FFFFFFF, "-1 FocusContrastValue bfffffff"},
                 {0x00000000, 0, "-2 FocusContrastValue 0"},
                 {0x00000007, -1, ""},
-                {0xFFFFFFFF, -1, ""}};  // a counter of its own, but still none
+                {0xFFFFFFFF, -1, ""}};  // a new counter, but still no value
     for (const auto& row : rows) {
         TestPeer::setContrast(mCamera.translator(), row.contrast);
         EXPECT_EQ(mCommands->sendCommand(203, 1, 2), row.answer) << row.contrast;
@@ -104,7 +105,7 @@ TEST_F(CameraQzSendCmdTest, HandsEachContrastOutOnce) {
     }
 }
 
-TEST_F(CameraQzSendCmdTest, LooksAfreshAfterEachPause) {
+TEST_F(CameraQzSendCmdTest, ReadsAfterEachPause) {
     for (const auto& [pause, answer] : {std::pair<size_t, status_t>{1, 5}, {99, 5}, {100, -1}}) {
         mCommands = CreateCameraQzSendCmd(&mCamera.translator());
         TestPeer::setContrast(mCamera.translator(), 0xFFFFFFFF);
@@ -117,7 +118,7 @@ TEST_F(CameraQzSendCmdTest, LooksAfreshAfterEachPause) {
     }
 }
 
-// The contrast repeats the counter in front of it, so that a torn or stale number would show.
+// The contrast contains its counter, so that a torn or stale number is detected.
 TEST_F(CameraQzSendCmdTest, ReadsWhileResultsArrive) {
     std::atomic<bool> enough{false};
     std::thread resultThread([&] {

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The calls that a host makes, one by one.
 #include "Members.h"
 #include "Platform.h"
@@ -22,7 +23,7 @@ constexpr const char* kScenes[] = {"qzauto", "hdr", "auto", "", "HDR", "hdr ", "
 
 }  // namespace
 
-// Who opens the camera, and what the host knows of it.
+// Chooses the application that opens the camera, and the facts that the host knows about it.
 void Session::host(Camera& camera, Random& random) {
     if (random.percent(20)) camera.translator->setClientName(String16(random.of(kClients)));
     if (random.percent(20)) camera.translator->setCallBackFlag(static_cast<uint32_t>(someNumber(random)));
@@ -67,7 +68,7 @@ void Session::askSizes(Camera& camera, Random& random) {
     }
 }
 
-// What the adapter offers beside the translator's host interface.
+// Calls the adapter's functions beside the translator's host interface.
 void Session::askAdapter(Random& random) {
     mAdapter->modifySupportedPictureSize(mParameters);
     mAdapter->modifyOTPtestResult(mParameters);
@@ -112,7 +113,7 @@ void Session::callBack(Camera& camera, Random& random) {
     if (without) exchangeHost(camera.callBack.get(), host);
 }
 
-// Results go on arriving while a command waits.
+// Results continue to arrive while a command waits.
 void Session::command(Camera& camera, Random& random) {
     const uint64_t later = random.next();
     duringSleep(1 + random.below(140), [this, &camera, later] {
@@ -139,7 +140,7 @@ void Session::inspect(QzPerformEx& inspector, Random& random) {
             if (locked) request.getAndLock();
         }
         inspector.checkRequest(requests, random.percent(50));
-        // Refuses in other words while the object is locked, which it is to be as before.
+        // Reports another error while the object is locked. The lock must not change.
         for (const CameraMetadata& request : requests) {
             returned("unlock", request.unlock({}));
             if (locked) request.unlock(request.getAndLock());

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "Device.h"
 
 #include "Platform.h"
@@ -46,9 +47,9 @@ sp<VendorTagDescriptor> descriptorOf(const std::vector<Declared>& tags) {
 
 struct Kind {
     const char* name;
-    unsigned declares;  // of 100 tags
+    unsigned declares;  // percentage of the tags
     unsigned mistyped;
-    unsigned split;  // elsewhere than at the last dot
+    unsigned split;  // not at the last dot
     unsigned twice;
 };
 constexpr Kind kKinds[] = {{"without descriptor", 0, 0, 0, 0},
@@ -62,7 +63,7 @@ constexpr Kind kKinds[] = {{"without descriptor", 0, 0, 0, 0},
                            {"all, oddly named", 100, 0, 60, 5},
                            {"all", 100, 0, 0, 0}};
 
-// Where a section ends is the device's own affair.
+// The device chooses where a section ends.
 Declared split(uint32_t tag, const Tag& row, const Kind& kind, Random& random) {
     const size_t dot = row.name.rfind('.');
     const bool odd = dot == std::string::npos || random.percent(kind.split);

@@ -1,5 +1,5 @@
-// Devices of every kind: their vendor tags, and static information, requests and results that hold entries of
-// them.
+// SPDX-License-Identifier: Apache-2.0
+// Random devices: vendor tags, and static information, requests and results with entries of these tags.
 #pragma once
 
 #include "Inputs.h"
@@ -18,7 +18,7 @@ using Requests = android::List<const android::CameraMetadata>;
 
 struct Device {
     const char* kind;
-    android::sp<android::VendorTagDescriptor> tags;  // null: the HAL has not said
+    android::sp<android::VendorTagDescriptor> tags;  // null: the HAL has not set it
     std::vector<android::CameraMetadata> metadata;
 };
 
@@ -26,7 +26,7 @@ class Devices {
   public:
     Devices(const Inputs& inputs, uint64_t seed);
 
-    // Makes one the process's.
+    // Makes a declaration the process's vendor tags.
     const Device& use(Random& random) const;
 
     const android::CameraMetadata& metadata(Random& random) const;

@@ -1,4 +1,5 @@
-// Log lines that go wrong, in a library that is right but for them: the comparison has to find each.
+// SPDX-License-Identifier: Apache-2.0
+// Faults in log lines of a library that is otherwise correct. The comparison must find each of them.
 #include <android/log.h>
 
 #include <cstdarg>

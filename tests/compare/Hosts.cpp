@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "Hosts.h"
 
 #include <algorithm>
@@ -10,7 +11,7 @@ const char* Answers::text(const char* key) const {
     return random.percent(mPresence) ? mInputs.textOf(key, random).c_str() : nullptr;
 }
 
-// The number of the text, as the platform reads it; of some another one.
+// Returns the number of the text as the platform reads it, and for some texts another one.
 int Answers::number(const char* key) const {
     Random random = this->random(hashOf(key) + 1);
     if (random.percent(30)) return random.percent(mPresence) ? someNumber(random) : -1;

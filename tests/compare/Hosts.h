@@ -1,5 +1,6 @@
-// Hosts that record every call of the library: one that makes its answers up, and the library's own adapter
-// over the platform's classes.
+// SPDX-License-Identifier: Apache-2.0
+// Hosts that record every call of the library: one with invented answers, and the library's own adapter over
+// the platform's classes.
 #pragma once
 
 #include "Inputs.h"
@@ -13,13 +14,13 @@ namespace qz::compare {
 
 using android::CameraMetadata;
 
-// Answers that hang on the step, on whom is asked for and on nothing else: a call more or less changes no
+// Answers that depend only on the step and on the requested name: an additional or missing call changes no
 // other answer.
 class Answers {
   public:
     explicit Answers(const Inputs& inputs) : mInputs(inputs) {}
 
-    // `presence`: of 100 keys or entries how many are there.
+    // `presence`: percentage of keys or entries that are present.
     void begin(uint64_t seed, unsigned presence) {
         mSeed = seed;
         mPresence = presence;
@@ -38,7 +39,7 @@ class Answers {
     unsigned mPresence = 0;
 };
 
-// ExtParamInterface with made-up answers. What the library sets it mostly reads back.
+// ExtParamInterface with invented answers. The library usually reads back what it has set.
 class MadeUpHost : public ExtParamInterface {
   public:
     explicit MadeUpHost(const Answers& answers) : mAnswers(answers) {}
@@ -75,13 +76,13 @@ class MadeUpHost : public ExtParamInterface {
     std::map<std::string, std::string, std::less<>> mSet;
 };
 
-// The calls of any host, with what they answer.
+// Records the calls of any host, with the answers.
 template <typename Host>
 class Recorded : public Host {
   public:
     using Host::Host;
 
-    // The request that a pass is about: an update of another shows.
+    // The request of the pass: an update of another request is visible.
     const CameraMetadata* expected = nullptr;
 
     void set(const char* key, const char* value) override {
@@ -144,7 +145,7 @@ class Recorded : public Host {
 using RecordedHost = Recorded<MadeUpHost>;
 using RecordedAdapter = Recorded<QzParametersEx>;
 
-// The application's side of results, with made-up entries.
+// The application's side of results, with invented entries.
 class ResultHost : public ExtCallBackInterface {
   public:
     explicit ResultHost(const Answers& answers) : mAnswers(answers) {}

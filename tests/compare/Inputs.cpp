@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "Inputs.h"
 
 #include "Platform.h"
@@ -15,7 +16,7 @@ namespace qz::compare {
 namespace {
 
 constexpr size_t kLongest = 400;    // elements of an entry
-constexpr size_t kElements = 4096;  // to choose them from
+constexpr size_t kElements = 4096;  // range of the elements
 constexpr std::array kSizes = {4000, 3000, 3264, 2448, 1920, 1080, 640, 480, 2000, 1500, 0, -1};
 constexpr std::array kLimits = {INT32_MAX, INT32_MIN, INT32_MAX - 1, 255,  256,
                                 1000000,   1000001,   999999,        65536};
@@ -46,7 +47,7 @@ std::string decimalText(Random& random) {
     return numberText(random) + "." + fraction.substr(random.below(fraction.size()));
 }
 
-// Numbers between separators, of which most are what the format asks for.
+// Numbers between separators, most of them in the required format.
 std::string listText(Random& random, size_t count, const char* separator, bool decimals) {
     std::string text;
     for (size_t i = 0; i < count; ++i) {
@@ -196,7 +197,7 @@ std::vector<std::string> Inputs::valuesOf(const std::vector<std::string>& words)
             values.push_back(word);
         }
     }
-    // Each about as often as all of a group together.
+    // Each is chosen about as often as a whole group.
     Random random(words.size());
     while (values.size() < 20) values.push_back(values[random.below(words.size())]);
     const size_t sound = values.size();
@@ -283,7 +284,7 @@ size_t Inputs::someCount(Random& random) {
 
 const void* Inputs::elements(uint8_t type, size_t count, Random& random) const {
     if (count == 0 || type >= NUM_TYPES) return nullptr;
-    // Mostly one of few, so that something comes twice in a row.
+    // Chooses mostly among few values, so that a value is repeated.
     const size_t first = random.percent(40) ? random.below(8) * 8 : random.below(kElements);
     return mElements[type].data() + (first & ~size_t{1}) * camera_metadata_type_size[type];
 }

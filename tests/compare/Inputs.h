@@ -1,5 +1,6 @@
-// What a host may answer: texts of parameters, elements of entries, properties, names of tags. Made once from
-// a seed and the list of inputs.txt.
+// SPDX-License-Identifier: Apache-2.0
+// Answers of a host: texts of parameters, elements of entries, properties, names of tags. They are created
+// once from a seed and the list in inputs.txt.
 #pragma once
 
 #include "Random.h"
@@ -21,7 +22,7 @@ struct Tag {
 
 class Inputs {
   public:
-    // Ends the program when the file cannot be read or a line is not understood.
+    // Ends the program if the file cannot be read or has an invalid line.
     Inputs(const std::string& file, uint64_t seed);
 
     const std::vector<std::string>& keys() const { return mKeys; }
@@ -29,18 +30,19 @@ class Inputs {
     const std::vector<std::string>& tagNames() const { return mTagNames; }  // and near misses, and others
     const std::vector<std::string>& anyTexts() const { return mAnyTexts; }
 
-    // Mostly one that means something to the key.
+    // Returns a value, mostly a meaningful one for the key.
     const std::string& textOf(std::string_view key, Random& random) const;
 
     // Sets some of the properties, or unsets them.
     void setSomeProperties(Random& random) const;
 
-    // So many elements of a type; an entry without any has no data.
+    // Returns `count` elements of a type. An entry without elements has no data.
     const void* elements(uint8_t type, size_t count, Random& random) const;
     static size_t someCount(Random& random);
     static uint8_t someType(Random& random) { return static_cast<uint8_t>(random.below(NUM_TYPES)); }
 
-    // The type that a tag has on most devices, and the entry of a device that has `presence` of 100 tags.
+    // Return the type that a tag has on most devices, and its entry on a device that has `presence` percent
+    // of the tags.
     uint8_t usualType(uint32_t tag) const;
     camera_metadata_ro_entry entry(uint32_t tag, unsigned presence, Random& random) const;
 
@@ -61,7 +63,7 @@ class Inputs {
     std::vector<std::vector<uint8_t>> mElements;  // by type
 };
 
-// Numbers at which something ends.
+// Numbers at limits.
 int32_t someNumber(Random& random);
 
 // The number of the first vendor tag; the others follow in the order of inputs.txt.

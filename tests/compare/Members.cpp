@@ -1,4 +1,5 @@
-// Compiled without access control.
+// SPDX-License-Identifier: Apache-2.0
+// This source is compiled without access control.
 #include "Members.h"
 
 #include "Trace.h"

@@ -1,4 +1,5 @@
-// What the library's objects keep to themselves.
+// SPDX-License-Identifier: Apache-2.0
+// Private members of the library's objects.
 #pragma once
 
 #include "CameraQzCallBack.h"
@@ -9,17 +10,17 @@
 
 namespace qz::compare {
 
-// Every member but addresses, which are only told from null.
+// Writes every member. Of addresses it writes only if they are null.
 void recordMembers(const CCameraQzParam& translator);
 void recordMembers(const CameraQzCallBack& callBack);
 void recordMembers(const CameraQzSendCmd& command);
 void recordMembers(const QzPerformEx& inspector);
 
-// The host's side, taken away and given back: what the library answers without one.
+// Remove and restore the host interface, to see the library's answers without one.
 ExtParamInterface* exchangeHost(CCameraQzParam* translator, ExtParamInterface* host);
 ExtCallBackInterface* exchangeHost(CameraQzCallBack* callBack, ExtCallBackInterface* host);
 
-// The member that no pass writes.
+// Sets the member that no pass writes.
 void setPreShutterDone(CCameraQzParam* translator, bool done);
 
 }  // namespace qz::compare

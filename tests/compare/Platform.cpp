@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "Platform.h"
 
 #include "Trace.h"
@@ -36,7 +37,7 @@ void slept(uint64_t nanoseconds) {
     if (++sSleeps.count == sSleeps.eventAt && sSleeps.event) sSleeps.event();
 }
 
-// Objects lie elsewhere in every run.
+// Addresses of objects differ in every run.
 void maskAddress(char* text) {
     char* const at = strstr(text, "(0x");
     if (at == nullptr) return;
@@ -58,7 +59,7 @@ int record(int priority, const char* tag, const char* text) {
 
 [[gnu::format(printf, 3, 0)]] int recordFormatted(int priority, const char* tag, const char* format,
                                                   va_list arguments) {
-    char text[1024];  // where liblog cuts as well
+    char text[1024];  // liblog cuts at the same length
     vsnprintf(text, sizeof text, format, arguments);
     if (strstr(format, "%p") != nullptr) maskAddress(text);
     return record(priority, tag, text);
@@ -92,7 +93,7 @@ void reportUndeclared(bool allDeclared) { sAllDeclared = allDeclared; }
 
 }  // namespace qz::compare
 
-// Found before those of the platform and of the system, since they stand in the program itself.
+// These functions replace those of the platform and the system, since the program itself defines them.
 extern "C" {
 
 int __android_log_print(int priority, const char* tag, const char* format, ...) {

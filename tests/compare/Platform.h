@@ -1,4 +1,5 @@
-// The platform's side that a player takes over: log lines and sleeps are recorded, properties answered.
+// SPDX-License-Identifier: Apache-2.0
+// Replaces parts of the platform: records log lines and sleeps, and answers property reads.
 #pragma once
 
 #include <cstddef>
@@ -11,17 +12,16 @@ namespace qz::compare {
 void setProperty(const std::string& name, const std::string& value);
 void clearProperties();
 
-// What happens elsewhere during the so-manieth sleep of the calls to come: results arrive while a command
-// waits.
+// Sets an action for the n-th sleep of the following calls: results arrive while a command waits.
 void duringSleep(size_t sleep, std::function<void()> event);
 
-// Writes what was slept since the last time.
+// Writes the sleeps since the last call.
 void recordSleeps();
 
-// The object whose address the last log line held, which itself differs from run to run.
+// Returns the object whose address the last log line contained. The address differs from run to run.
 const void* loggedAddress();
 
-// Reports on standard error, once each, the vendor tags that a device which declares all does not know.
+// Reports once on standard error each vendor tag that the complete device does not declare.
 void reportUndeclared(bool allDeclared);
 
 }  // namespace qz::compare

@@ -1,4 +1,5 @@
-// Numbers that a seed settles, the same in every run and on every machine.
+// SPDX-License-Identifier: Apache-2.0
+// Random numbers from a seed, the same in every run and on every machine.
 #pragma once
 
 #include <cstddef>
@@ -8,7 +9,7 @@
 
 namespace qz::compare {
 
-// Spreads every bit of the input over the result.
+// Mixes every bit of the input into the result.
 constexpr uint64_t mix(uint64_t a, uint64_t b = 0) {
     uint64_t x = a + 0x9E3779B97F4A7C15 * (b + 1);
     x = (x ^ (x >> 30)) * 0xBF58476D1CE4E5B9;

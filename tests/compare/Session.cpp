@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "Session.h"
 
 #include "Members.h"
@@ -10,7 +11,7 @@ using android::String8;
 
 constexpr unsigned kPresences[] = {0, 10, 50, 90, 100};
 
-// Its address stands in the line that it logs when it comes and goes.
+// It logs its address when it is created and destroyed.
 void recordAddress(const char* what, const void* object) {
     const void* logged = loggedAddress();
     trace() << what << (logged == object ? " logs its own address\n" : " logs another address or none\n");
@@ -48,7 +49,7 @@ Session::Session(const Inputs& inputs, Devices* devices, uint64_t seed)
         inspector = new QzPerformEx(static_cast<int32_t>(random.below(3)));
         recordAddress("inspector", inspector.get());
     }
-    // The level is the process's, and the last block has left one.
+    // The level belongs to the process and keeps the value of the last block.
     Requests none;
     mInspectors[0]->checkRequest(none, false);
     recordAll();

@@ -1,4 +1,5 @@
-// A block of steps over the same objects, so that what one leaves behind meets the next.
+// SPDX-License-Identifier: Apache-2.0
+// A block of steps over the same objects, so that the state of one step reaches the next.
 #pragma once
 
 #include "CameraQzCallBack.h"
@@ -16,7 +17,7 @@
 
 namespace qz::compare {
 
-// One translator and whom it works with.
+// One translator and its hosts.
 struct Camera {
     android::sp<ExtParamInterface> host;  // null: the translator's owner is the adapter
     android::sp<CCameraQzParam> translator;
@@ -29,13 +30,13 @@ class Session {
   public:
     using Step = void (Session::*)(Random& random);
 
-    // The steps of a kind (request, capabilities, results, inspection), or null.
+    // Returns the steps of a kind (request, capabilities, results, inspection), or null.
     static Step stepOf(std::string_view kind);
 
     Session(const Inputs& inputs, Devices* devices, uint64_t seed);
     ~Session();
 
-    // Mostly a step of that kind, and now and then one of the others.
+    // Runs a step, mostly of that kind and sometimes of another.
     void play(Step step, uint64_t seed);
 
   private:

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "Trace.h"
 
 #include "Random.h"
@@ -46,7 +47,7 @@ Trace& Trace::elements(uint8_t type, size_t count, const void* data, size_t most
     return bytes(data, std::min(count * camera_metadata_type_size[type], most));
 }
 
-// An input, which the seed settles: its beginning is enough for who reads.
+// The seed determines the input, so its beginning is enough for a reader.
 Trace& Trace::entry(const camera_metadata_ro_entry& entry) {
     return elements(entry.type, entry.count, entry.data.u8, 32);
 }

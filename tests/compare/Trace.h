@@ -1,4 +1,5 @@
-// The record of what a library does: lines of text, kept for one step and added up over many.
+// SPDX-License-Identifier: Apache-2.0
+// Record of a library's behaviour: lines of text, kept for one step and hashed over many.
 #pragma once
 
 #include <system/camera_metadata.h>
@@ -30,13 +31,13 @@ class Trace {
         return decimal(static_cast<int64_t>(number));
     }
 
-    // Two hexadecimal digits a byte.
+    // Writes two hexadecimal digits for each byte.
     Trace& bytes(const void* data, size_t size);
 
     // "quoted", or null.
     Trace& quoted(const char* text);
 
-    // Type, count and elements, of which at most so many bytes.
+    // Writes type, count and elements, up to a number of bytes.
     Trace& elements(uint8_t type, size_t count, const void* data, size_t most);
     Trace& entry(const camera_metadata_ro_entry& entry);
     Trace& metadata(const android::CameraMetadata& metadata);
@@ -51,10 +52,11 @@ class Trace {
     std::string mText;
 };
 
-// The one trace of the process, there from the first call on: libraries log while they are loaded.
+// Returns the trace of the process. It exists from the first call on, since libraries log while they are
+// loaded.
 Trace& trace();
 
-// What a call gave back, behind what it did.
+// Writes the return value of a call after its effects.
 template <typename T>
 void returned(const char* call, T number) {
     trace() << call << " returned " << number << '\n';

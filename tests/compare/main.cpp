@@ -1,4 +1,5 @@
-// Plays random steps over the library that it is loaded with, and prints what they add up to.
+// SPDX-License-Identifier: Apache-2.0
+// Plays random steps over the library that it is loaded with, and prints a hash of each block.
 #include "Session.h"
 #include "Trace.h"
 
@@ -57,7 +58,7 @@ void playBlock(const Wanted& wanted, const Inputs& inputs, Devices* devices, uin
     finish(wanted, kPerBlock + 1);
 }
 
-// A library that cannot be preloaded would leave the player with its own, of which nobody would know.
+// If a library could not be preloaded, the player would silently use its own.
 bool loadedAsWanted() {
     const char* const wanted = std::getenv("LIBRARY");
     Dl_info loaded = {};
@@ -78,7 +79,7 @@ void crashed(int signal) {
 
 int play(const Wanted& wanted, const char* file) {
     if (!loadedAsWanted()) return 2;
-    setvbuf(stdout, nullptr, _IOLBF, 0);  // a crash loses no line of a pass before
+    setvbuf(stdout, nullptr, _IOLBF, 0);  // a crash loses no line of an earlier pass
     for (const int fatal : {SIGSEGV, SIGABRT, SIGFPE, SIGBUS, SIGILL}) {
         if (wanted.pass >= 0) signal(fatal, crashed);
     }

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include <CameraQzCallBack.h>
 #include <CameraQzSendCmd.h>
 #include <QzParametersEx.h>
@@ -10,7 +11,7 @@ using android::CameraMetadata;
 using android::sp;
 using android::VendorTagDescriptor;
 
-// The HAL: four vendor tags of the many that the library can use. Their numbers are the HAL's choice.
+// The HAL: four vendor tags of the many that the library can use. The HAL chooses their numbers.
 struct Tag {
     const char* section;
     const char* name;
@@ -39,7 +40,7 @@ sp<VendorTagDescriptor> vendorTags() {
     return descriptor;
 }
 
-// The way back to the application.
+// Delivers messages to the application.
 class Service : public qz::ExtCallBackInterface {
   public:
     android::status_t notifyCallback(int32_t msgType, int32_t ext1, int32_t ext2) override {
@@ -53,44 +54,55 @@ class Service : public qz::ExtCallBackInterface {
     }
 };
 
+// One open camera.
+struct Camera {
+    Camera(android::CameraParameters2& parameters, const CameraMetadata& characteristics, Service& service)
+        : adapter(new qz::QzParametersEx(parameters, 0)), inspection(new qz::QzPerformEx(0)) {
+        adapter->mInfo = &characteristics;
+        inspection->setInfo(&characteristics);
+        translator = adapter->mCameraQzParam;
+        translator->metaDataToParam();  // publishes the capabilities as parameters
+        results = qz::CreateCameraQzCallBack(&service, translator.get());
+        commands = qz::CreateCameraQzSendCmd(translator.get());
+    }
+    android::status_t request(CameraMetadata& settings) { return translator->paramToMetaData(&settings); }
+    void result(const CameraMetadata& metadata) { results->processQzCallBack(metadata); }
+    android::status_t command(int32_t code) { return commands->sendCommand(code, 0, 0); }
+
+    sp<qz::QzParametersEx> adapter;
+    sp<qz::QzPerformEx> inspection;
+    sp<qz::CCameraQzParam> translator;
+    sp<qz::CameraQzCallBack> results;  // destroyed before the translator, which it uses
+    sp<qz::CameraQzSendCmd> commands;  // likewise
+};
+
 int main() {
-    // The log has a line for each tag that this HAL does not declare.
+    // Without this line the log has an error for each tag that this HAL does not declare.
     __android_log_set_minimum_priority(ANDROID_LOG_FATAL);
 
-    // Once for each process.
+    // The service does this once for each process.
     VendorTagDescriptor::setAsGlobalVendorTagDescriptor(vendorTags());
 
-    android::CameraParameters2 parameters;  // the application's
-    CameraMetadata characteristics;         // the HAL's
+    android::CameraParameters2 parameters;  // set by the application
+    CameraMetadata characteristics;         // static info of the HAL
     const uint8_t isoValues[] = {0, 2, 7};
     characteristics.update(kIsoValues, isoValues, 3);
     Service service;
 
-    // Opening a camera.
-    sp<qz::QzParametersEx> ex = new qz::QzParametersEx(parameters, 0);
-    ex->mInfo = &characteristics;
-    sp<qz::CCameraQzParam> translator = ex->mCameraQzParam;
-    translator->metaDataToParam();
-    sp<qz::CameraQzCallBack> results = qz::CreateCameraQzCallBack(&service, translator.get());
-    sp<qz::CameraQzSendCmd> commands = qz::CreateCameraQzSendCmd(translator.get());
-    sp<qz::QzPerformEx> inspection = new qz::QzPerformEx(0);
-    inspection->setInfo(&characteristics);
+    Camera camera(parameters, characteristics, service);
     std::printf("iso-mode-values: %s\n", parameters.get("iso-mode-values"));
 
-    // Every request.
     CameraMetadata request;
     parameters.set("iso", "1600");
-    const android::status_t status = translator->paramToMetaData(&request);
+    const android::status_t status = camera.request(request);
     const camera_metadata_entry_t iso = request.find(kIso);
     std::printf("request: status %d, iso %d\n", status, iso.count == 1 ? iso.data.u8[0] : -1);
 
-    // Every result.
     CameraMetadata result;
     const int32_t position = 318, abnormal = 2;
     result.update(kFocusMotor, &position, 1);
     result.update(kAbnormal, &abnormal, 1);
-    results->processQzCallBack(result);
+    camera.result(result);
 
-    // Every command.
-    std::printf("focus motor: %d\n", commands->sendCommand(qz::CMD_GET_FOCUS_VCM_VALUE, 0, 0));
+    std::printf("focus motor: %d\n", camera.command(qz::CMD_GET_FOCUS_VCM_VALUE));
 }

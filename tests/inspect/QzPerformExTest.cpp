@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "QzPerformEx.h"
 
 #include "support/Device.h"
@@ -15,7 +16,7 @@ namespace {
 std::vector<std::string> sPropertiesRead;
 }  // namespace
 
-// The process's properties, and which of them were asked for.
+// The properties of the process, and the names that were read.
 extern "C" int property_get(const char* key, char* value, const char* fallback) {
     sPropertiesRead.emplace_back(strrchr(key, '.') + 1);
     return snprintf(value, PROPERTY_VALUE_MAX, "%s", android::base::GetProperty(key, fallback).c_str());
@@ -54,7 +55,7 @@ class QzPerformExTest : public testing::Test {
         mInspector->setInfo(&mMetadata);
         mLog.take();
     }
-    // What was printed: priority and text of each line, the inspector's address as "this".
+    // Returns the log: priority and text of each line, with "this" for the inspector's address.
     std::string printed() {
         std::string all;
         for (const LogLine& line : mLog.take("QzPerformEx")) {
@@ -77,7 +78,7 @@ class QzPerformExTest : public testing::Test {
                               {capability("superResolutionPictureSize"), TYPE_INT32}};
 };
 
-// The lines of a script that a level shows: each begins with the level from which it is there.
+// Returns the lines of a script that a level shows. Each line begins with its lowest level.
 std::string atLevel(char level, const std::string& script) {
     std::istringstream lines(script);
     std::string shown;
@@ -87,7 +88,7 @@ std::string atLevel(char level, const std::string& script) {
     return shown;
 }
 
-TEST_F(QzPerformExTest, TellsItsLife) {
+TEST_F(QzPerformExTest, LogsCreationAndDestruction) {
     EXPECT_EQ(printed(), "4 QzPerformEx(this), camera 3.\n");
     mInspector->setInfo(nullptr);
     EXPECT_EQ(printed(), "4 setInfo(this)\n");
@@ -96,7 +97,7 @@ TEST_F(QzPerformExTest, TellsItsLife) {
     mInspector = new QzPerformEx(4);
 }
 
-TEST_F(QzPerformExTest, PrintsWhatItsLevelSays) {
+TEST_F(QzPerformExTest, Levels) {
     const VendorTags tags({{"vendor.first", TYPE_BYTE}, {"vendor.second", TYPE_INT32}});
     const uint8_t bytes[] = {7, 200};
     const int32_t number = -5;
@@ -194,7 +195,7 @@ TEST_F(QzPerformExTest, PrintsEveryTypeWithinItsText) {
                            {"t.rational", TYPE_RATIONAL}});
     setLevel("2");
     uint32_t tag = 0x80000000;
-    // The texts of the elements, one that does not fit with the line in front of it.
+    // Texts of the elements. An element that does not fit has the error line before it.
     const auto texts = [&](const auto&... elements) {
         const std::array values{elements...};
         mMetadata.update(tag, values.data(), values.size());
@@ -224,7 +225,7 @@ TEST_F(QzPerformExTest, PrintsEveryTypeWithinItsText) {
               "TYPE_RATIONAL failed!||");
 }
 
-TEST_F(QzPerformExTest, TellsWhatIsMissing) {
+TEST_F(QzPerformExTest, LogsMissingTags) {
     setLevel("4");
     mInspector->setInfo(nullptr);
     EXPECT_EQ(printed(), "4 setInfo(this)\n");
@@ -247,8 +248,8 @@ TEST_F(QzPerformExTest, TellsWhatIsMissing) {
 )");
 }
 
-// A lock that the host holds is still the host's afterwards; without one, the metadata can be changed.
-TEST_F(QzPerformExTest, LeavesLocksAsTheyAre) {
+// The host's lock is kept. Without a lock the metadata can still be changed afterwards.
+TEST_F(QzPerformExTest, KeepsLocks) {
     setLevel("5");
     choose("captag", "android.control.aeMode");
     choose("ctrltag", "android.control.aeMode");
@@ -290,7 +291,7 @@ TEST_F(QzPerformExTest, SkipsBuffersBySizeAndFormat) {
     EXPECT_EQ(skipRound(4000, 3000), found("4000 x 3000", "1"));
 }
 
-TEST_F(QzPerformExTest, TellsWhyItSkipsOrNot) {
+TEST_F(QzPerformExTest, LogsSkips) {
     const std::string size = "\n4 skipRoundBuffer(), size: 640 x 480, format: 0x21\n";
     const std::string search = "4 isCustomizedSize()\n4 getStaticInfo()\n";
     const std::string none = "4 isCustomizedSize(), entry count is 0\n";
@@ -336,7 +337,7 @@ TEST_F(QzPerformExTest, TellsWhyItSkipsOrNot) {
                   "<unknown>.<unknown>' (0x8000000a):Expected between 1 and 0 values, but got 0 values\n0");
 }
 
-TEST_F(QzPerformExTest, PassesListsOfAnotherTypeOver) {
+TEST_F(QzPerformExTest, IgnoresListsOfAnotherType) {
     const VendorTags tags({{mLists[0].first, TYPE_BYTE}, {mLists[1].first, TYPE_INT64}});
     const uint8_t bytes[] = {16, 0, 0, 0, 8, 0, 0, 0};
     const int64_t longs[] = {16, 8};

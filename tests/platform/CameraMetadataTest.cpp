@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include <camera/CameraMetadata.h>
 
 #include <gtest/gtest.h>
@@ -9,7 +10,8 @@
 #include <utility>
 #include <vector>
 
-#include "VendorTags.h"
+#include "support/Log.h"
+#include "support/VendorTags.h"
 
 using android::BAD_VALUE;
 using android::CameraMetadata;
@@ -29,7 +31,8 @@ const std::vector<std::string> kOneLine = {"Camera2-Metadata"};
 // replays.
 
 TEST(CameraMetadata, UpdateRefusesUnknownTagsAndOtherTypes) {
-    const qz::test::GlobalVendorTags vendor({{kVendorTag, "com.ambrix.test", "iso", TYPE_INT32}});
+    const qz::test::VendorTags vendor(
+        std::vector<qz::test::VendorTag>{{kVendorTag, "com.ambrix.test", "iso", TYPE_INT32}});
     const int32_t number = 7;
     CameraMetadata metadata;
     EXPECT_EQ(metadata.update(kVendorTag, &number, 1), OK);
@@ -86,9 +89,9 @@ TEST(CameraMetadata, ALockedObjectRefusesEveryChange) {
         {"unlock by another buffer", [&] { return metadata.unlock(loose) == BAD_VALUE; }},
     };
     for (const auto& row : kRows) {
-        const qz::test::ErrorLog log;
+        qz::test::LogCapture log;
         EXPECT_TRUE(row.isRefused()) << row.change;
-        EXPECT_EQ(qz::test::ErrorLog::lines(), kOneLine) << row.change;
+        EXPECT_EQ(log.takeErrors(), kOneLine) << row.change;
         EXPECT_EQ(metadata.getAndLock(), buffer) << row.change;
         EXPECT_EQ(std::as_const(metadata).find(ANDROID_CONTROL_MODE).count, 1U) << row.change;
         EXPECT_EQ(std::as_const(other).find(ANDROID_CONTROL_MODE).count, 3U) << row.change;
@@ -96,15 +99,15 @@ TEST(CameraMetadata, ALockedObjectRefusesEveryChange) {
     free_camera_metadata(loose);
     EXPECT_EQ(CameraMetadata(metadata).erase(ANDROID_CONTROL_MODE), OK) << "a copy is not locked";
     EXPECT_EQ(metadata.unlock(buffer), OK);
-    const qz::test::ErrorLog log;
+    qz::test::LogCapture log;
     EXPECT_EQ(metadata.unlock(buffer), INVALID_OPERATION) << "not locked any more";
-    EXPECT_EQ(qz::test::ErrorLog::lines(), kOneLine);
+    EXPECT_EQ(log.takeErrors(), kOneLine);
     EXPECT_EQ(metadata.find(ANDROID_CONTROL_MODE).count, 1U);
     EXPECT_EQ(metadata.update(ANDROID_CONTROL_MODE, kBytes.data(), 2), OK);
 }
 
-// What a device refuses, and what would crash there.
-TEST(CameraMetadata, RefusalsHaveALine) {
+// Calls that a device refuses, and calls that would crash there.
+TEST(CameraMetadata, RefusalsAreLogged) {
     const std::array<int32_t, 4> numbers = {10, 20, 30, 40};
     CameraMetadata metadata;
     CameraMetadata none;
@@ -127,16 +130,16 @@ TEST(CameraMetadata, RefusalsHaveALine) {
         {"append itself", [&] { return metadata.append(metadata) == -38; }},
     };
     for (const auto& [what, isRefused] : kRows) {
-        const qz::test::ErrorLog log;
+        qz::test::LogCapture log;
         EXPECT_TRUE(isRefused()) << what;
-        EXPECT_EQ(qz::test::ErrorLog::lines(), kOneLine) << what;
+        EXPECT_EQ(log.takeErrors(), kOneLine) << what;
         EXPECT_EQ(metadata.entryCount(), 2U) << what;
         EXPECT_EQ(metadata.find(ANDROID_SCALER_CROP_REGION).count, 4U) << what;
     }
-    const qz::test::ErrorLog log;
+    qz::test::LogCapture log;
     EXPECT_EQ(none.sort(), 1);
     EXPECT_EQ(metadata.erase(ANDROID_CONTROL_MODE), OK) << "absent";
-    EXPECT_TRUE(qz::test::ErrorLog::lines().empty());
+    EXPECT_TRUE(log.takeErrors().empty());
 }
 
 // An entry from before its tag was declared with another type keeps its type.
@@ -144,13 +147,15 @@ TEST(CameraMetadata, AnEntryOfAFormerTypeIsNotUpdated) {
     const int32_t number = 7;
     CameraMetadata metadata;
     {
-        const qz::test::GlobalVendorTags vendor({{kVendorTag, "com.ambrix.test", "iso", TYPE_INT32}});
+        const qz::test::VendorTags vendor(
+            std::vector<qz::test::VendorTag>{{kVendorTag, "com.ambrix.test", "iso", TYPE_INT32}});
         ASSERT_EQ(metadata.update(kVendorTag, &number, 1), OK);
     }
-    const qz::test::GlobalVendorTags vendor({{kVendorTag, "com.ambrix.test", "iso", TYPE_BYTE}});
-    const qz::test::ErrorLog log;
+    const qz::test::VendorTags vendor(
+        std::vector<qz::test::VendorTag>{{kVendorTag, "com.ambrix.test", "iso", TYPE_BYTE}});
+    qz::test::LogCapture log;
     EXPECT_EQ(metadata.update(kVendorTag, kBytes.data(), 3), INVALID_OPERATION);
-    EXPECT_EQ(qz::test::ErrorLog::lines(), kOneLine);
+    EXPECT_EQ(log.takeErrors(), kOneLine);
     EXPECT_EQ(*metadata.find(kVendorTag).data.i32, 7);
 }
 
@@ -170,7 +175,7 @@ TEST(CameraMetadata, AppendAddsASecondEntryAndTheOlderIsFound) {
     EXPECT_EQ(*metadata.find(ANDROID_CONTROL_MODE).data.u8, 2);
 }
 
-TEST(CameraMetadata, BuffersChangeHands) {
+TEST(CameraMetadata, BufferOwnership) {
     CameraMetadata metadata(4, 100);
     const auto capacities = [](const CameraMetadata& object) {
         const camera_metadata_t* const buffer = object.getAndLock();
@@ -207,9 +212,9 @@ TEST(CameraMetadata, BuffersChangeHands) {
 
     auto* const broken = reinterpret_cast<uint32_t*>(buffer);
     std::fill_n(broken, 4, 0xffffffff);
-    const qz::test::ErrorLog log;
+    qz::test::LogCapture log;
     EXPECT_TRUE(CameraMetadata(buffer).isEmpty());
-    EXPECT_EQ(qz::test::ErrorLog::lines(), kOneLine);
+    EXPECT_EQ(log.takeErrors(), kOneLine);
 }
 
 }  // namespace

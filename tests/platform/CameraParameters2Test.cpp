@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include <camera/CameraParameters2.h>
 
 #include <gtest/gtest.h>
@@ -71,7 +72,7 @@ TEST(CameraParameters2, UnflattenReplacesTheSet) {
     EXPECT_STREQ(parameters.get("z"), "");
 }
 
-// What becomes of the second when the first changes.
+// The second item after a change of the first.
 TEST(CameraParameters2, ARepeatedKeyIsTwoItems) {
     CameraParameters2 parameters(String8("a=1;b=2;a=3;a=4"));
     parameters.set("a", "5");

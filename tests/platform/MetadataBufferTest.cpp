@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include <gtest/gtest.h>
 #include <system/camera_metadata.h>
 
@@ -10,7 +11,8 @@
 #include <utility>
 #include <vector>
 
-#include "VendorTags.h"
+#include "support/Log.h"
+#include "support/VendorTags.h"
 
 namespace {
 
@@ -35,7 +37,7 @@ void add(const Buffer& buffer, uint32_t tag, std::initializer_list<T> elements) 
         << std::hex << tag;
 }
 
-TEST(MetadataBuffer, RefusesWhatItHasNoRoomForAndStaysAsItWas) {
+TEST(MetadataBuffer, FullBufferRefusesChanges) {
     EXPECT_EQ(allocate_camera_metadata(SIZE_MAX, 0), nullptr);
     EXPECT_EQ(allocate_camera_metadata(SIZE_MAX / 16 + 2, 8), nullptr);  // times the entry size wraps
     EXPECT_EQ(allocate_camera_metadata(1, SIZE_MAX), nullptr);
@@ -60,8 +62,8 @@ TEST(MetadataBuffer, RefusesWhatItHasNoRoomForAndStaysAsItWas) {
     EXPECT_EQ(update_camera_metadata_entry(metadata, 0, numbers, 6 - 1, nullptr), 0) << "the same size again";
 }
 
-// The status is 1 or another form of "no"; there is a line where a device would crash.
-TEST(MetadataBuffer, NullsAndWhatIsNotThere) {
+// The status is 1 or another refusal. A call that would crash on a device is logged.
+TEST(MetadataBuffer, NullAndAbsentArguments) {
     const Buffer buffer = makeBuffer(2, 24);
     camera_metadata_t* const sound = buffer.get();
     add<uint8_t>(buffer, ANDROID_CONTROL_MODE, {1});
@@ -108,10 +110,9 @@ TEST(MetadataBuffer, NullsAndWhatIsNotThere) {
         {"no room for a name", [&] { return camera_metadata_enum_snprint(0x1000f, 0, memory, 0) + 2; }, 1, 1},
     };
     for (const auto& row : kRows) {
-        const qz::test::ErrorLog log;
+        qz::test::LogCapture log;
         EXPECT_EQ(row.answer(), row.expected) << row.call;
-        EXPECT_EQ(qz::test::ErrorLog::lines(), std::vector<std::string>(row.lines, "camera_metadata"))
-            << row.call;
+        EXPECT_EQ(log.takeErrors(), std::vector<std::string>(row.lines, "camera_metadata")) << row.call;
     }
     EXPECT_EQ(get_camera_metadata_entry_count(sound), 1U);
 }
@@ -138,8 +139,8 @@ TEST(MetadataBuffer, Sizes) {
     EXPECT_EQ(get_camera_metadata_size(makeBuffer(3, 1).get()), none + 3 * 16 + 8);
 }
 
-// Equal contents are equal bytes, whatever was there before: between the elements of an entry and the next
-// multiple of 8, and behind those that fit into the entry.
+// Equal contents have equal bytes, whatever was stored before: the padding is zero, after elements in the
+// data area and after those in the entry itself.
 TEST(MetadataBuffer, PaddingIsZero) {
     const uint8_t bytes[16] = {1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16};
     for (const size_t count : {1U, 3U, 5U, 6U, 9U, 15U}) {
@@ -157,7 +158,7 @@ TEST(MetadataBuffer, PaddingIsZero) {
     }
 }
 
-TEST(MetadataBuffer, CopiesHaveJustTheRoomThatTheyNeed) {
+TEST(MetadataBuffer, CompactCopies) {
     const Buffer buffer = makeBuffer(9, 100);
     add<int32_t>(buffer, ANDROID_SCALER_CROP_REGION, {1, 2, 3});
     add<uint8_t>(buffer, ANDROID_CONTROL_MODE, {1});
@@ -207,8 +208,8 @@ TEST(MetadataBuffer, AppendedEntriesKeepTheirElementsAndTheOrderIsKnown) {
     EXPECT_EQ(flags(), "Flags: 00000000");
 }
 
-// Each byte of a sound buffer takes each value: what is still called sound must be readable and changeable to
-// its end.
+// Each byte of a valid buffer takes each value. A buffer that is still valid must be readable and changeable
+// up to its end.
 TEST(MetadataBuffer, ValidationAcceptsOnlyWhatIsSafeToUse) {
     const Buffer buffer = makeBuffer(3, 32);
     add<int32_t>(buffer, ANDROID_SCALER_CROP_REGION, {1, 2, 3});
@@ -236,10 +237,10 @@ TEST(MetadataBuffer, ValidationAcceptsOnlyWhatIsSafeToUse) {
             }
         }
     }
-    EXPECT_GT(refused, size_t{2040});  // eight bytes' worth: at least the counts and the offsets
+    EXPECT_GT(refused, size_t{2040});  // every eighth byte: at least the counts and the offsets
 }
 
-// A data area that starts among the entries would be overwritten by the next ones.
+// If the data area started among the entries, new entries would overwrite it.
 TEST(MetadataBuffer, ValidationRefusesADataStartAmongTheEntriesAlsoWithoutEntries) {
     const Buffer buffer = makeBuffer(3, 32);
     auto* const words = reinterpret_cast<uint32_t*>(buffer.get());
@@ -267,10 +268,10 @@ TEST(MetadataBuffer, ValidationRefusesAStandardEntryOfAnotherType) {
     }
 }
 
-// The text that people have from devices, entry for entry.
+// The text of a device's dump, entry for entry.
 TEST(MetadataDump, WritesThePlatformsText) {
     const char* const section = "com.ambrix.device.capabilities";
-    const qz::test::GlobalVendorTags vendor({
+    const qz::test::VendorTags vendor(std::vector<qz::test::VendorTag>{
         {0x80010000, section, "supported_iso_values", TYPE_BYTE},
         {0x80010002, section, "qz-slow-jpeg-mode-threshold", TYPE_INT64},
         {0x80010003, section, "qzSubSensorJpegSize", TYPE_INT32},
@@ -314,10 +315,11 @@ TEST(MetadataDump, WritesThePlatformsText) {
 )");
 }
 
-TEST(MetadataDump, VerbosityLimitsTheValuesAndUnknownTagsAreNamedSo) {
+TEST(MetadataDump, VerbosityAndUnknownTags) {
     const Buffer buffer = makeBuffer(1, 32);
     {
-        const qz::test::GlobalVendorTags vendor({{0x80000000, "com.ambrix.test", "list", TYPE_BYTE}});
+        const qz::test::VendorTags vendor(
+            std::vector<qz::test::VendorTag>{{0x80000000, "com.ambrix.test", "list", TYPE_BYTE}});
         add<uint8_t>(buffer, 0x80000000, {1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16, 255});
     }
     const std::string head =

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include <android-base/properties.h>
 #include <cutils/properties.h>
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include <camera/VendorTagDescriptor.h>
 
 #include <gtest/gtest.h>
@@ -7,7 +8,8 @@
 #include <string>
 #include <thread>
 
-#include "VendorTags.h"
+#include "support/Log.h"
+#include "support/VendorTags.h"
 
 using android::BAD_VALUE;
 using android::OK;
@@ -24,10 +26,10 @@ TEST(VendorTagDescriptor, CreationRefusesBrokenTables) {
     ASSERT_EQ(VendorTagDescriptor::createDescriptorFromOps(&sound, descriptor), OK);
     const sp<VendorTagDescriptor> before = descriptor;
     const auto expectRefused = [&](const vendor_tag_ops_t* ops, const char* why) {
-        const qz::test::ErrorLog log;
+        qz::test::LogCapture log;
         EXPECT_EQ(VendorTagDescriptor::createDescriptorFromOps(ops, descriptor), BAD_VALUE) << why;
         EXPECT_EQ(descriptor, before) << why;
-        EXPECT_EQ(qz::test::ErrorLog::lines(), (std::vector<std::string>{"VendorTagDescriptor"})) << why;
+        EXPECT_EQ(log.takeErrors(), (std::vector<std::string>{"VendorTagDescriptor"})) << why;
     };
     expectRefused(nullptr, "no operations");
     VendorTagOps liar = sound;
@@ -75,14 +77,13 @@ TEST(VendorTagDescriptor, FindsTagsBothWays) {
     ASSERT_EQ(descriptor->getAllSectionNames()->size(), 2U);
     EXPECT_STREQ(descriptor->getAllSectionNames()->itemAt(1).c_str(), "b.section");
 
-    const qz::test::ErrorLog log;
+    qz::test::LogCapture log;
     uint32_t tag = 5;
     EXPECT_EQ(descriptor->lookupTag(String8("b.section"), String8("zoom"), &tag), BAD_VALUE)
         << "name comes first";
     EXPECT_EQ(descriptor->lookupTag(String8("iso"), String8("a.section"), &tag), BAD_VALUE);
     EXPECT_EQ(tag, 5U);
-    EXPECT_EQ(qz::test::ErrorLog::lines(),
-              (std::vector<std::string>{"VendorTagDescriptor", "VendorTagDescriptor"}));
+    EXPECT_EQ(log.takeErrors(), (std::vector<std::string>{"VendorTagDescriptor", "VendorTagDescriptor"}));
     EXPECT_EQ(descriptor->lookupTag(String8("zoom"), String8("b.section"), &tag), OK);
     EXPECT_EQ(tag, 0x80010001U);
     EXPECT_EQ(descriptor->lookupTag(String8("zoom"), String8("a.section"), &tag), OK);
@@ -90,8 +91,8 @@ TEST(VendorTagDescriptor, FindsTagsBothWays) {
     EXPECT_EQ(descriptor->lookupTag(String8("zoom"), String8("a.section"), nullptr), OK);
 }
 
-// A HAL whose answers depend on what it was asked before.
-TEST(VendorTagDescriptor, AsksForNameSectionAndTypeInTheHalsOrder) {
+// A HAL whose answers depend on earlier calls.
+TEST(VendorTagDescriptor, OrderOfHalCalls) {
     static std::string asked;
     VendorTagOps ops({{0x80000002, "s", "b", TYPE_BYTE},
                       {0x80000001, "s", "a", TYPE_BYTE},
@@ -115,7 +116,7 @@ TEST(VendorTagDescriptor, AsksForNameSectionAndTypeInTheHalsOrder) {
     EXPECT_EQ(descriptor->getTagType(0x80000002), 3) << "the later answer counts";
 }
 
-TEST(VendorTagDescriptor, NoTagsAndAllThatThereMayBe) {
+TEST(VendorTagDescriptor, SmallestAndLargestCount) {
     std::vector<qz::test::VendorTag> rows;
     sp<VendorTagDescriptor> descriptor;
     const VendorTagOps none(rows);
@@ -143,7 +144,9 @@ TEST(VendorTagDescriptor, TheGlobalOneMayBeReplacedWhileOthersReadIt) {
             if (tag != 0) done = true;
         } while (!done);
     });
-    while (!done) const qz::test::GlobalVendorTags vendor({{0x80000000, "s", "n", TYPE_BYTE}});
+    while (!done)
+        const qz::test::VendorTags vendor(
+            std::vector<qz::test::VendorTag>{{0x80000000, "s", "n", TYPE_BYTE}});
     reader.join();
     EXPECT_GT(found, 0);
     EXPECT_EQ(get_camera_metadata_tag_type(0x80000000), -1);

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "verdict/Check.h"
 
 #include "Tool.h"
@@ -64,7 +65,7 @@ struct Case {
     const char* says;
 };
 
-TEST(Check, TellsWhatIsWrongWithATag) {
+TEST(Check, Findings) {
     using V = TagVerdict;
     const std::vector<Case> cases{
         {"a request's type", declared("iso", "1 (int32)"), V::Mistyped, ".iso", "the update fails (-38)"},
@@ -81,7 +82,7 @@ TEST(Check, TellsWhatIsWrongWithATag) {
         {"a range backwards", capability("qz-sensor-iso-range", "int32[2]", "3200 50"), V::Malformed,
          "qz-sensor-iso-range", "from 3200 down to 50"},
         {"an odd list of sizes", capability("superResolutionPictureSize", "int32[3]", "652 489 652"),
-         V::Malformed, "superResolutionPictureSize", "left over"},
+         V::Malformed, "superResolutionPictureSize", "unpaired"},
         {"half a size", capability("qzSubSensorJpegSize", "int32[1]", "4000"), V::Malformed,
          "qzSubSensorJpegSize", "published as an empty text"},
         {"an unknown number", capability("supported_iso_values", "byte[3]", "0 2 200"), V::Malformed,
@@ -140,7 +141,7 @@ TEST(Check, TellsWhatIsWrongWithATag) {
 }
 
 // A feature with two mistyped tags stands before one with one, and malformed entries come after them.
-TEST(Check, PutsTheWorstFeaturesAndTagsFirst) {
+TEST(Check, SortsWorstFirst) {
     std::string text = capability("denoiseSupported", "byte[1]", "7");
     const auto change = [&](const std::string& tag, const std::string& with) {
         const size_t place = text.find("(" + tag + ") with type ");
@@ -166,7 +167,7 @@ TEST(Check, PutsTheWorstFeaturesAndTagsFirst) {
     EXPECT_EQ(features[2], "image");
 }
 
-TEST(Check, NamesWhatATagIsFor) {
+TEST(Check, NamesKeysOfATag) {
     const auto namesOf = [](Use use, const std::string& tag) {
         const auto& facts = tagFacts();
         const auto found = std::find_if(facts.begin(), facts.end(), [&](const TagFact& fact) {
@@ -187,7 +188,7 @@ TEST(Check, NamesWhatATagIsFor) {
     EXPECT_THAT(namesOf(Use::Result, "hintUser"), ElementsAre("smart-mode"));
 }
 
-TEST_F(RunTool, CheckShowsTheWorstFirstAndTellsItByItsStatus) {
+TEST_F(RunTool, CheckSortsByWorstAndSetsTheStatus) {
     const std::string mistyped = file("mistyped.txt", declared("oisHallCalib", "1 (int32)"));
     EXPECT_EQ(tool({"check", "--device", mistyped}), kExpectationFailed);
     EXPECT_THAT(
@@ -215,21 +216,45 @@ TEST_F(RunTool, CheckShowsTheWorstFirstAndTellsItByItsStatus) {
     EXPECT_EQ(tool({"check"}), kFine);
     EXPECT_THAT(mOut, HasSubstr("Nothing is mistyped or malformed; 1 missing."));
     EXPECT_THAT(mOut, Not(HasSubstr("other cameras:")));
-
-    const std::string more = std::string(builtInDevice()) +
-                             "== Camera HAL device device@3.4/legacy/1 (v3.4) static information: ==\n";
-    EXPECT_EQ(tool({"check", "--device", file("two.txt", more)}), kFine);
-    EXPECT_THAT(mOut, HasSubstr("\n  other cameras: device@3.4/legacy/1; --camera chooses one\n"));
 }
 
-TEST_F(RunTool, CheckOfAPhoneThatKnowsNoneOfTheTagsIsATable) {
+// The second camera has one entry, and that makes no sense to its reader.
+TEST_F(RunTool, CheckOfAllCamerasIsATable) {
+    const std::string path = file(
+        "two.txt", std::string(builtInDevice()) +
+                       "== Camera HAL device device@3.4/legacy/1 (v3.4) static information: ==\n"
+                       "  API2 camera characteristics:\n"
+                       "    Dumping camera metadata array: 1 / 1 entries, 8 / 8 bytes of extra data.\n"
+                       "      Version: 1, Flags: 00000000\n"
+                       "      com.ambrix.device.capabilities.qz-sensor-exposure-range (80010038): int32[1]\n"
+                       "        [5 ]\n");
+    EXPECT_EQ(tool({"check", "--device", path}), kExpectationFailed) << mErr;
+    EXPECT_THAT(mOut, testing::ContainsRegex("\n +camera 0 +camera 1\n"));
+    EXPECT_THAT(mOut, testing::ContainsRegex("\nprofessional +fine +1 malformed\n"));
+    EXPECT_THAT(mOut, HasSubstr("capabilities.qz-sensor-exposure-range  (camera 1)\n"));
+    const std::string table = mOut;
+    EXPECT_EQ(tool({"check", "--device", path, "--camera", "all"}), kExpectationFailed);
+    EXPECT_EQ(mOut, table);
+    EXPECT_EQ(tool({"check", "--device", path, "--camera", "0"}), kFine);
+    EXPECT_THAT(mOut, HasSubstr("\n  other cameras: device@3.4/legacy/1; --camera chooses one\n"));
+
+    EXPECT_EQ(tool({"check", "--device", path, "--json"}), kExpectationFailed);
+    const auto json = nlohmann::json::parse(mOut);
+    EXPECT_EQ(json["format"], "qzcam-check-all");
+    ASSERT_EQ(json["cameras"].size(), 2U);
+    EXPECT_EQ(json["cameras"][0]["failed"], false);
+    EXPECT_EQ(json["cameras"][1]["camera"], "device@3.4/legacy/1");
+    EXPECT_EQ(json["cameras"][1]["counts"]["malformed"], 1);
+}
+
+TEST_F(RunTool, CheckOfAPhoneWithoutTheTagsPrintsATable) {
     const std::string camera = "== Camera HAL device device@3.4/legacy/0 (v3.4) static information: ==\n";
     const std::string foreign =
         "  Dumping configured vendor tag descriptors: 1 entries\n"
         "    0x80000000 (mode) with type 0 (byte) defined in section org.example\n";
     const std::vector<std::pair<std::string, const char*>> phones{
         {camera + foreign, "declares none of the library's vendor tags"},
-        {camera + "  Dumping configured vendor tag descriptors: None set\n", "no vendor tags at all"},
+        {camera + "  Dumping configured vendor tag descriptors: None set\n", "has no vendor tags"},
         {camera + "Vendor tags:\n0xfffffffe (last) with type 0 (byte) defined in section org.example\n" +
              foreign,
          "declares none of the library's vendor tags"},
@@ -244,8 +269,8 @@ TEST_F(RunTool, CheckOfAPhoneThatKnowsNoneOfTheTagsIsATable) {
     }
 }
 
-// In every command that takes a dump: what is wrong and where, and of the dump what could be read.
-TEST_F(RunTool, NoCommandFallsOverABrokenDump) {
+// Every command that takes a dump names the problem and its line, and uses the readable part of the dump.
+TEST_F(RunTool, BrokenDumpIsReported) {
     const std::string whole(builtInDevice());
     const struct {
         const char* what;
@@ -254,18 +279,14 @@ TEST_F(RunTool, NoCommandFallsOverABrokenDump) {
         bool usable;
         bool others = false;  // commands beside run
     } kRows[] = {
-        {"cut", whole.substr(0, whole.find("[-12")), ":17: the list ends here with 4 of 127 entries", true,
-         true},
+        {"cut", whole.substr(0, whole.find("[-12")),
+         ":17: the dump ends here: the array 'static' of camera 0 has 4 of 127 entries", true, true},
         {"brackets", builtInDeviceWith("[-12 12 ]", "(-12 12 )"),
-         ":18: expected 'section.name (tag): type[count]' or", true},
-        {"too few values", builtInDeviceWith("[-12 12 ]", "[-12 ]"),
-         ":17: expected 2 values of android.control.aeComp", true},
-        {"too many values", builtInDeviceWith("[-12 12 ]", "[-12 12 7 ]"),
-         ":18: expected 2 values of android.control", true},
+         ":18: expected an entry, its values or a vendor tag, not '(-12 12 )'", true},
         {"a number that is none", builtInDeviceWith("[-12 12 ]", "[-12 1x ]"),
          ":18: expected a number of 32 bits, not '1x'", true},
         {"a tag cut off", builtInDeviceWith("(iso) with type 0 (byte) defined", "(iso) wi"),
-         ":301: expected '0xTAG (NAME)", true},
+         ":301: expected an entry, its values or a vendor tag", true},
         {"garbage within", builtInDeviceWith("[-12 12 ]", "\xff\x01[\n\0\0"), ":18: expected", true},
         {"garbage",
          std::string("\x7f"
@@ -284,11 +305,45 @@ TEST_F(RunTool, NoCommandFallsOverABrokenDump) {
             commands.push_back({"diff", "--as", "devices", path});
         }
         for (const auto& words : commands) {
-            EXPECT_EQ(tool(words), kBadInput) << words.front();
+            auto strict = words;
+            strict.emplace_back("--strict");
+            EXPECT_EQ(tool(strict), kBadInput) << words.front();
+            EXPECT_EQ(tool(words) == kBadInput, !row.usable) << words.front();
             EXPECT_THAT(mErr, HasSubstr("broken.txt" + row.says));
             EXPECT_EQ(mOut.empty(), !row.usable);
         }
     }
+}
+
+TEST_F(RunTool, TellsFaultsOfTheHal) {
+    const struct {
+        std::string dump;
+        const char* says;
+    } kRows[] = {
+        {builtInDeviceWith("[-12 12 ]", "[-12 ]"),
+         ":17: android.control.aeCompensationRange is int32[2], but has 1 value: readers take as many"},
+        {builtInDeviceWith("0x80000001 (", "0x80000000 ("), "has the number 0x80000000 of "},
+    };
+    for (const auto& row : kRows) {
+        const std::string path = file("fault.txt", row.dump);
+        EXPECT_EQ(tool({"check", "--device", path}), kExpectationFailed) << row.says;
+        EXPECT_THAT(mErr, HasSubstr(row.says));
+        EXPECT_EQ(tool({"run", "--device", path, "--strict"}), kFine) << "the dump is whole";
+    }
+}
+
+// Parts of a dump serve what they can.
+TEST_F(RunTool, TakesPartsOfADump) {
+    const std::string whole(builtInDevice());
+    const size_t vendor = whole.find("== Vendor tags");
+    const std::string tags = file("tags.txt", whole.substr(vendor));
+    EXPECT_EQ(tool({"check", "--device", tags}), kFine);
+    EXPECT_THAT(mErr, HasSubstr("no camera in it"));
+    EXPECT_EQ(tool({"run", "--device", tags}), kBadInput);
+
+    const std::string camera = file("camera.txt", whole.substr(0, vendor));
+    EXPECT_EQ(tool({"check", "--device", camera}), kFine);
+    EXPECT_THAT(mOut, HasSubstr("No vendor tag section in this text"));
 }
 
 }  // namespace

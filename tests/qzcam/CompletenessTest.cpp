@@ -1,4 +1,5 @@
-// The tags of the rows compared with those that a camera looks up, and with those that the built-in device
+// SPDX-License-Identifier: Apache-2.0
+// Compares the tags of the rows with those that a camera looks up, and with those that the built-in device
 // declares.
 #include "device/BuiltIn.h"
 #include "device/DumpParser.h"
@@ -36,7 +37,7 @@ void passAll(const std::string& text) {
     camera.inspector().skipRoundBuffer(1, 1, 0);
 }
 
-// Every name that the passes look up on a device that declares none of them.
+// Returns every name that the passes look up on a device without vendor tags.
 std::set<std::string> lookedUp() {
     Device stranger;
     stranger.hasVendorTags = true;
@@ -56,13 +57,13 @@ std::set<std::string> namesOfRows() {
     return names;
 }
 
-TEST(Completeness, ACameraLooksUpNothingThatNoRowNames) {
+TEST(Completeness, EveryLookupHasARow) {
     const auto found = lookedUp();
     EXPECT_THAT(found, SizeIs(Gt(190U)));
     EXPECT_THAT(namesOfRows(), IsSupersetOf(found));
 }
 
-TEST(Completeness, TheBuiltInDeviceDeclaresEveryNameWithASection) {
+TEST(Completeness, BuiltInDeviceDeclaresEveryTag) {
     Problems problems("device");
     const Device device = parseDump(builtInDevice(), "device", "", problems);
     const DeviceCheck check = checkDevice(device);

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "cli/Diff.h"
 
 #include "Tool.h"
@@ -55,7 +56,7 @@ std::vector<std::string> rows(const json& differences) {
     return texts;
 }
 
-TEST_F(DiffTool, ShowsHowTwoDevicesDiffer) {
+TEST_F(DiffTool, Devices) {
     const std::string a = file("a.txt", std::string(builtInDevice()));
     const std::string b =
         deviceWith({{"(iso) with", "(isoo) with"},
@@ -77,7 +78,7 @@ TEST_F(DiffTool, ShowsHowTwoDevicesDiffer) {
     EXPECT_EQ(report["format"], "qzcam-diff");
     EXPECT_EQ(report["version"], 1);
 
-    // Of long lists it shows where they part.
+    // The differences of long lists are shown from the first one on.
     const std::string iso = "[0 2 3 4 5 7 8 9 ]";
     std::string lists[2];
     for (std::string& list : lists) {
@@ -93,7 +94,7 @@ TEST_F(DiffTool, ShowsHowTwoDevicesDiffer) {
     EXPECT_THAT(mOut, HasSubstr("\n      B  byte[200] from value 151 on: 3 0 0 "));
     EXPECT_THAT(mOut, HasSubstr("\n      B  ... 200,auto,"));
 
-    // The built-in one is the other, and for people it is a table.
+    // The default for B is the built-in device. People get a table.
     EXPECT_EQ(tool({"diff", b}), kExpectationFailed);
     EXPECT_THAT(mOut, testing::ContainsRegex("\nVendor tags: 3 of 218 differ\n +A +B\n"));
     EXPECT_THAT(mOut, testing::ContainsRegex("\n  qz-burst-support-count +10 +20\n"));
@@ -101,7 +102,7 @@ TEST_F(DiffTool, ShowsHowTwoDevicesDiffer) {
     EXPECT_THAT(mOut, HasSubstr("Nothing differs."));
 }
 
-TEST_F(DiffTool, ShowsHowTwoSessionsDiffer) {
+TEST_F(DiffTool, Sessions) {
     const std::string a = file("a.qzs", kSession);
     const std::string b = file("b.qzs", "open 0\nset iso=400\nrequest\nset zsl-mode=on\nrequest\n");
     const json report = differences({a, b});
@@ -118,7 +119,7 @@ TEST_F(DiffTool, ShowsHowTwoSessionsDiffer) {
     EXPECT_EQ(tool({"diff", a, a}), kFine);
 }
 
-TEST_F(DiffTool, TellsWhatItCannotCompare) {
+TEST_F(DiffTool, UnusableInputIsReported) {
     const std::string session = file("s.qzs", kSession);
     const std::string dump = file("d.txt", std::string(builtInDevice()));
     const std::string garbage = file("g.txt", "\x01\x02 nothing\n");
@@ -134,7 +135,7 @@ TEST_F(DiffTool, TellsWhatItCannotCompare) {
         {{garbage, dump}, kBadInput, garbage + ": cannot tell whether it is a dump or a session"},
         {{dump, garbage}, kBadInput, garbage + ": cannot tell"},
         {{session, garbage, "--as", "sessions"}, kBadInput, garbage + ":1: "},
-        {{dump, cut}, kBadInput, "the list ends here with"},
+        {{dump, cut, "--strict"}, kBadInput, "the dump ends here: "},
         {{dump, dump + "-not-there"}, kBadInput, "cannot read it: No such file"},
         {{dump, dump, "--as", "phones"}, kUsage, "expected devices or sessions"},
         {{dump, dump, "--camera", "0,7"}, kBadInput, "no camera '7'"},

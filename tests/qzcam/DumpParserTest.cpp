@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "device/DumpParser.h"
 
 #include "device/BuiltIn.h"
@@ -10,7 +11,6 @@
 #include <gtest/gtest.h>
 
 #include <cstring>
-#include <numeric>
 #include <string>
 #include <vector>
 
@@ -21,8 +21,6 @@ using testing::Contains;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
-using testing::Pair;
-using testing::UnorderedElementsAre;
 
 struct Parsed {
     explicit Parsed(const std::string& text, const std::string& camera = "")
@@ -38,9 +36,15 @@ struct Parsed {
         }
         return texts;
     }
-    size_t passedOver() const {
-        return std::accumulate(device.passedOver.begin(), device.passedOver.end(), size_t{0},
-                               [](size_t sum, const auto& item) { return sum + item.second; });
+    std::vector<std::string> complaints() const {
+        std::vector<std::string> texts = problems.first();
+        for (const Fault& fault : device.faults) texts.push_back(fault.text);
+        return texts;
+    }
+    std::vector<std::string> left() const {
+        std::vector<std::string> texts;
+        for (const Left& each : device.left) texts.push_back(textOf(each));
+        return texts;
     }
 
     Problems problems;
@@ -48,10 +52,14 @@ struct Parsed {
 };
 
 constexpr const char* kTitle = "== Camera HAL device device@3.4/legacy/0 (v3.4) static information: ==\n";
-constexpr const char* kArray =
-    "    Dumping camera metadata array: 0 / 1 entries, 4 / 4 bytes of extra data.\n";
 
-std::string entry(const std::string& lines) { return std::string(kTitle) + kArray + lines; }
+// Entries of a camera, in an array that announces them.
+std::string entry(const std::string& lines) {
+    size_t count = 0;
+    for (size_t head = lines.find("): "); head != std::string::npos; head = lines.find("): ", head + 1))
+        ++count;
+    return fmt::format("{}    Dumping camera metadata array: {} / 9 entries\n{}", kTitle, count, lines);
+}
 
 constexpr const char* kVendor =
     "== Vendor tags: ==\n\n"
@@ -85,7 +93,7 @@ TEST(DumpParser, ReadsEveryKindOfValue) {
         const Parsed parsed(entry(row.lines) + "\n" + kVendor);
         EXPECT_THAT(parsed.entries(), ElementsAre(row.entry)) << row.lines;
         EXPECT_THAT(parsed.problems.first(), IsEmpty()) << row.lines;
-        EXPECT_EQ(parsed.passedOver(), 0U) << row.lines;
+        EXPECT_THAT(parsed.left(), IsEmpty()) << row.lines;
     }
 }
 
@@ -100,11 +108,10 @@ TEST(DumpParser, ChoosesTheCameraInEverySpellingOfItsTitle) {
         "  Dumping camera metadata array: 1 / 1 entries\n    android.lens.facing (80005): byte[1]\n      [9 "
         "]\n"
         "== Camera Provider HAL legacy/0 (v2.4, passthrough) static info: 2 devices: ==\n"
-        "== Camera HAL device device@3.4/legacy/12 (v3.4) static information: ==\n  API2 characteristics:\n" +
-        std::string(kArray) +
+        "== Camera HAL device device@3.4/legacy/12 (v3.4) static information: ==\n  API2 characteristics:\n"
+        "    Dumping camera metadata array: 1 / 9 entries\n"
         "      android.lens.facing (80005): byte[1]\n        [EXTERNAL ]\n"
-        "== Camera device 12 dynamic info: ==\n  Dumping camera metadata array: 9 / 9 entries\n      [what "
-        "ever\n";
+        "== Camera device 12 dynamic info: ==\n  Dumping camera metadata array: Not allocated\n";
     const struct {
         const char* camera;
         const char* chosen;
@@ -128,38 +135,56 @@ TEST(DumpParser, ChoosesTheCameraInEverySpellingOfItsTitle) {
     }
 }
 
-TEST(DumpParser, CountsWhatItPassesOver) {
+TEST(DumpParser, NamesWhatIsNotUsed) {
     const Parsed parsed(
         "== Service global info: ==\nNumber of camera devices: 2\n" +
         entry("      android.newest.location (1c0000): byte[1]\n        [INTERIOR ]\n"
-              "      org.codeaurora.x.y (80070000): int32[2]\n        [1 2 3 and more ]\n"
               "      unknownSection.unknownTag (80990000): unknown[3]\n"
               "      android.request.availableCapabilities (c000c): byte[2]\n        [RAW NEWEST_CASE_2 ]\n"
               "      android.control.maxRegions (1001c): byte[1]\n        [1 ]\n"
               "      android.jpeg.availableThumbnailSizes (70007): int32[18]\n        [0 1 2 3 ]\n        [4 "
               "5 6 7 ]\n"
-              "        [8 9 10 11 ]\n        [12 13 14 15 ]\n") +
-        "== Camera HAL device device@3.4/legacy/1 (v3.4) static information: ==\n" + kArray + "[ not read\n");
-    EXPECT_THAT(parsed.device.passedOver,
-                UnorderedElementsAre(Pair("other sections", 1), Pair("other cameras", 1),
-                                     Pair("other metadata arrays", 1), Pair("entries of unknown tags", 3),
-                                     Pair("entries with unknown value names", 1),
-                                     Pair("entries of another type than their tag's", 1)));
+              "        [8 9 10 11 ]\n        [12 13 14 15 ]\n"
+              "      android.jpeg.quality (70004): byte[1]\n        [9 ]\n"
+              "      android.jpeg.quality (70004): byte[1]\n        [8 ]\n") +
+        "== Another: ==\n" + kVendor);
+    EXPECT_THAT(
+        parsed.left(),
+        ElementsAre("line 5: entries of unknown tags: android.newest.location (1c0000) byte[1]",
+                    "line 7: entries of unknown tags: unknownSection.unknownTag (80990000) unknown[3]",
+                    "line 8: entries with unknown words: android.request.availableCapabilities (c000c) "
+                    "byte[2] NEWEST_CASE_2",
+                    "line 10: entries of another type than their tag's: android.control.maxRegions (1001c) "
+                    "byte[1]",
+                    "line 19: repeated entries: android.jpeg.quality (70004) byte[1]",
+                    "line 21: other sections: Another"));
+    EXPECT_EQ(
+        summaryOf(parsed.device.left),
+        "entries of unknown tags (2), entries of another type than their tag's (1), entries with unknown words "
+        "(1), repeated entries (1), other sections (1)");
     EXPECT_EQ(parsed.device.cutLists, 1U);
-    EXPECT_THAT(parsed.entries(), ElementsAre("android.jpeg.availableThumbnailSizes int32[16] "
-                                              "0 1 2 3 4 5 6 7 8 9 10 11 12 13 14 15"));
+    EXPECT_THAT(parsed.entries(), ElementsAre("android.request.availableCapabilities byte[2] 3 (RAW) 255",
+                                              "android.jpeg.availableThumbnailSizes int32[16] "
+                                              "0 1 2 3 4 5 6 7 8 9 10 11 12 13 14 15",
+                                              "android.jpeg.quality byte[1] 9"));
+    const StaticEntry& marked = parsed.device.entries[0];
+    EXPECT_EQ(toText(marked.values, marked.tag, marked.words), "3 (RAW) ? (NEWEST_CASE_2)");
+    EXPECT_THAT(parsed.problems.first(), IsEmpty());
 }
 
 // Tags and names that came after the platform whose headers this is built with; a newer platform may number
 // them otherwise.
 TEST(DumpParser, ReadsNewerPlatforms) {
-    const Parsed parsed(
-        entry("      android.control.zoomRatioRange (1002e): float[2]\n        [1.00000000 8.00000000 ]\n"
-              "      android.control.aeMode (10003): byte[1]\n        [ON_EXTERNAL_FLASH ]\n"
-              "      android.scaler.rotateAndCrop (d0011): byte[2]\n        [90 AUTO ]\n"
-              "      android.request.availableColorSpaceProfilesMap (c0015): int64[3]\n        [UNSPECIFIED "
-              "16 ]\n        [7 ]\n"
-              "      android.automotive.location (1c0000): byte[1]\n        [INTERIOR ]\n"));
+    const Parsed parsed(entry(
+        "      android.control.zoomRatioRange (1002e): float[2]\n        [1.00000000 8.00000000 ]\n"
+        "      android.control.aeMode (10003): byte[1]\n        [ON_EXTERNAL_FLASH ]\n"
+        "      android.scaler.rotateAndCrop (d0011): byte[2]\n        [90 AUTO ]\n"
+        "      android.request.availableColorSpaceProfilesMap (c0015): int64[3]\n        [UNSPECIFIED "
+        "16 ]\n        [7 ]\n"
+        "      android.automotive.location (1c0000): byte[1]\n        [INTERIOR ]\n"
+        "      android.request.availableSessionKeys (c0010): int32[3]\n        [65537 (mode) -2147483648 (iso) "
+        "7 ]\n"
+        "      android.control.aeAvailableModes (10013): byte[0]\n"));
     EXPECT_THAT(parsed.problems.first(), IsEmpty());
     EXPECT_THAT(parsed.entries(),
                 ElementsAre("android.control.zoomRatioRange float[2] 1 8",
@@ -167,8 +192,10 @@ TEST(DumpParser, ReadsNewerPlatforms) {
                             "android.scaler.rotateAndCrop byte[2] 1 (90) 4 (AUTO)",
                             "android.request.availableColorSpaceProfilesMap int64[3] -1 (UNSPECIFIED) 16 "
                             "(BT2020_HLG) 7 (DISPLAY_P3)",
-                            "android.automotive.location byte[1] 0 (INTERIOR)"));
-    EXPECT_EQ(staticCharacteristics(parsed.device).entryCount(), 5U);
+                            "android.automotive.location byte[1] 0 (INTERIOR)",
+                            "android.request.availableSessionKeys int32[3] 65537 -2147483648 7",
+                            "android.control.aeAvailableModes byte[0] "));
+    EXPECT_EQ(staticCharacteristics(parsed.device).entryCount(), 7U);
 }
 
 TEST(DumpParser, TakesAsManyVendorTagsAsThePlatform) {
@@ -181,88 +208,82 @@ TEST(DumpParser, TakesAsManyVendorTagsAsThePlatform) {
     EXPECT_THAT(
         parsed.problems.first(),
         ElementsAre("d:65540: more than 65536 vendor tags: this one and those after it are left out"));
-    EXPECT_THAT(parsed.device.passedOver, Contains(Pair("vendor tags beyond 65536", 2)));
+    EXPECT_EQ(summaryOf(parsed.device.left), "vendor tags beyond what a device takes (2)");
     installVendorTags(parsed.device);
     EXPECT_EQ(android::VendorTagDescriptor::getGlobalVendorTagDescriptor()->getTagCount(), 65536);
     android::VendorTagDescriptor::clearGlobalVendorTagDescriptor();
 }
 
-TEST(DumpParser, KeepsAllVendorGroupsAndTheirNumbersApart) {
-    const std::string group =
-        "  Dumping vendor tag descriptors for vendor with id 77\n"
-        "    Dumping configured vendor tag descriptors: 3 entries\n";
-    const Parsed parsed(
-        entry("") + "Vendor tags:\n" + kVendor + group +
-        "      0x80000000 (fps (max)) with type 1 (int32) defined in section org.other\n"
-        "      0x8fff0000 (iso) with type 1 (int32) defined in section com.ambrix.capture.metadata\n"
-        "      0x80000009 (odd) with type 9 (blob) defined in section org.other\n\n"
-        "== Other: ==\n 0x8 (not) a tag\n");
+TEST(DumpParser, ReadsVendorBlocks) {
+    const Parsed parsed(entry("") + "Vendor tags:\n" +
+                        "    Dumping configured vendor tag descriptors: 4 entries\n"
+                        "      0x80000000 (fps (max)) with type 1 (int32) defined in section org.other\n"
+                        "      0x80000000 (fps) with type 1 (int32) defined in section org.other\n"
+                        "      0x80000009 (odd) with type 9 (blob) defined in section org.other\n"
+                        "      0x80000008 (fps) with type 1 (int32) defined in section org.other\n");
     std::vector<std::string> tags;
-    for (const Tag& tag : parsed.device.vendorTags) tags.push_back(tag.fullName());
-    EXPECT_THAT(tags, ElementsAre("com.ambrix.capture.metadata.iso", "com.ambrix.device.capabilities.gain",
-                                  "org.other.fps (max)"));
-    EXPECT_EQ(parsed.device.vendorTags[2].id, 0x80000001) << "the lowest that the dump does not use";
-    EXPECT_THAT(parsed.device.passedOver,
-                UnorderedElementsAre(Pair("other sections", 1), Pair("repeated vendor tags", 1),
-                                     Pair("vendor tags of unknown type", 1)));
+    for (const Tag& tag : parsed.device.vendorTags)
+        tags.push_back(fmt::format("{:x} {}", tag.id, tag.fullName()));
+    EXPECT_THAT(tags, ElementsAre("80000000 org.other.fps (max)", "80000008 org.other.fps"));
+    EXPECT_EQ(summaryOf(parsed.device.left), "entries of unknown types (1), repeated vendor tags (1)");
     EXPECT_THAT(parsed.problems.first(), IsEmpty());
+    ASSERT_EQ(parsed.device.faults.size(), 1U);
+    EXPECT_EQ(parsed.device.faults[0].text,
+              "org.other.fps has the number 0x80000000 of org.other.fps (max) in line 5");
 
     const Parsed none(entry("") +
                       "== Vendor tags: ==\n\n  Dumping configured vendor tag descriptors: None set\n");
     installVendorTags(none.device);
     EXPECT_EQ(android::VendorTagDescriptor::getGlobalVendorTagDescriptor(), nullptr);
     EXPECT_THAT(none.problems.first(), IsEmpty());
+    EXPECT_TRUE(none.device.hasVendorSection && !none.device.hasVendorTags);
 }
 
 TEST(DumpParser, NamesTheLineOfWhatIsBroken) {
     const struct {
         std::string text;
-        const char* problem;  // part of the first
+        const char* problem;  // part of one
     } kRows[] = {
         {"", "d: no camera in it"},
         {entry("      android.flash.info.available (50000): byte[1]\n        [TRUE \n"),
          "d:4: expected ']' at the end"},
         {entry("      android.flash.info.available (50000): byte[1\n"),
-         "d:3: expected 'section.name (tag): type[count]'"},
-        {entry("      android.flash.info.available (5zz00): byte[1]\n"), "d:3: expected 'section.name"},
-        {entry("        [TRUE ]\n"), "d:3: expected an entry before its values"},
+         "d:3: expected an entry, its values or a vendor tag, not"},
+        {entry("      android.flash.info.available (5zz00): byte[1]\n"), "d:3: expected an entry"},
+        {entry("        [TRUE ]\n"), "d:3: expected an entry, its values"},
         {entry("      android.flash.info.available (50000): byte[1]\n        [TRUE ] ]\n"),
-         "d:4: expected 1 value of"},
+         "android.flash.info.available is byte[1], but has 1 value"},
         {entry("      android.flash.info.available (50000): byte[2]\n        [TRUE ]\n"),
-         "d:3: expected 2 values"},
+         "android.flash.info.available is byte[2], but has 1 value"},
         {entry("      android.flash.info.available (50000): byte[4000000000]\n"),
-         "d:3: expected 4000000000 values"},
+         "android.flash.info.available is byte[4000000000], but has no values"},
         {entry("      android.flash.info.available (50000): byte[1]\n        [256 ]\n"),
          "d:4: expected a number from 0 to 255, not '256'"},
         {entry("      android.control.aeCompensationStep (10016): rational[1]\n        [1 / 3 ]\n"),
          "d:4: expected '(n / d)', not '1 / 3'"},
         {entry("      android.control.aeCompensationStep (10016): rational[1]\n        [(1 / 3 ]\n"),
          "d:4: expected '(n"},
-        {entry("") + kVendor + "    0x80000001 (burst) with type 0 (byte\n", "d:8: expected '0xTAG (NAME)"},
+        {entry("") + kVendor + "    0x80000001 (burst) with type 0 (byte\n",
+         "d:8: expected an entry, its values or a vendor tag"},
         {entry("") + kVendor + "    0x80000001 (\033[31m) with type 0 (byte) defined in section s\n",
-         "d:8: expected '0xTAG (NAME) with type N (TYPE) defined in section SECTION', not '0x80000001 "
-         R"((\x1b[31m))"},
+         R"(d:8: expected an entry, its values or a vendor tag, not '0x80000001 (\x1b[31m))"},
         {entry("") + kVendor + "    0x80000001 (burst) with type 5 (float) defined in section s\n",
          "d:8: type 5 of burst is rational, not 'float'"},
         {entry("") + kVendor + "    0x80000000 (burst) with type 0 (byte) defined in section s\n",
-         "d:8: s.burst has the number 0x80000000 of com.ambrix.capture.metadata.iso in line 6"},
-        {std::string("\xff\xfe=\0=\0", 6),
-         "d: it is in UTF-16, as PowerShell's '>' writes it: save it as UTF-8"},
-        {std::string("=\0=\0", 4), "d: it is in UTF-16"},
-        {entry("      android.lens.facing (80005): b\033e[1]\n"), "d:3: expected 'section.name"},
+         "s.burst has the number 0x80000000 of com.ambrix.capture.metadata.iso in line 6"},
+        {entry("      android.lens.facing (80005): b\033e[1]\n"), "d:3: expected an entry"},
         {entry("") + kVendor + "    0x00000001 (burst) with type 0 (byte) defined in section s\n",
-         "d:8: expected a vendor"},
+         "d:8: expected an entry, its values or a vendor tag"},
         {entry("") + "Dumping configured vendor tag descriptors: 3 entries\n" +
              std::strstr(kVendor, "    0x"),
-         "d:5: the list ends here with 2 of 3 vendor tags"},
+         "d:5: the dump ends here: the list of vendor tags has 2 of 3 tags"},
         {std::string(kTitle) +
              "Dumping camera metadata array: 2 / 2 entries\n android.lens.facing (80005): byte[1]\n [1 ]",
-         "d:4: the list ends here with 1 of 2 entries"},
+         "d:4: the dump ends here: the array 'static' of camera 0 has 1 of 2 entries"},
     };
     for (const auto& row : kRows) {
         const Parsed parsed(row.text);
-        ASSERT_FALSE(parsed.problems.empty()) << row.text;
-        EXPECT_THAT(parsed.problems.first().front(), HasSubstr(row.problem)) << row.text;
+        EXPECT_THAT(parsed.complaints(), Contains(HasSubstr(row.problem))) << row.text;
     }
 }
 
@@ -274,7 +295,7 @@ TEST(DumpParser, UsesTheRestOfABrokenDump) {
               "      android.jpeg.quality (70004): byte[1]\n        [9 ]\n"));
     EXPECT_THAT(parsed.entries(), ElementsAre("android.flash.info.available byte[1] 1 (TRUE)",
                                               "android.jpeg.quality byte[1] 9"));
-    EXPECT_EQ(parsed.problems.count(), 2U);
+    EXPECT_EQ(parsed.problems.count(), 3U) << "both lines, and the array has fewer entries than it says";
 }
 
 // Wherever a dump is cut and whatever is written over it: it parses, and what comes out fits its tags.

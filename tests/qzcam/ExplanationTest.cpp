@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "verdict/Explanation.h"
 
 #include "device/BuiltIn.h"
@@ -27,7 +28,7 @@ std::vector<std::string> mappings(const Explanation& found) {
     return texts;
 }
 
-TEST(Explanation, FollowsAParameterAllTheWay) {
+TEST(Explanation, Parameter) {
     const Device device = builtIn();
     Explainer explainer(device);
 
@@ -52,7 +53,7 @@ TEST(Explanation, FollowsAParameterAllTheWay) {
     const auto panorama = explainer.explain("key-qz-2dpanorama", {});
     EXPECT_THAT(panorama->setters, Contains("setpanorama2DMode"));
 
-    // This device zooms four times at most.
+    // The largest zoom of this device is four.
     const auto zoom = explainer.explain("zoom", {{"max-zoom", "7"}});
     EXPECT_THAT(mappings(*zoom), Contains("7>4"));
     EXPECT_FALSE(zoom->given);
@@ -62,12 +63,14 @@ TEST(Explanation, FollowsAParameterAllTheWay) {
     EXPECT_THAT(mappings(*sensor), Contains("300>300"));
     EXPECT_EQ(sensor->otherwise->becomes, "0");
 
+    const auto areas = explainer.explain("focus-areas", {});
+    ASSERT_EQ(areas->limits.size(), 1U);
+    EXPECT_THAT(toText(areas->limits[0]), HasSubstr("(4608,3456)"));
+
     EXPECT_FALSE(explainer.explain("iso-mode", {}));
-    EXPECT_THAT(explainer.similarKeys("iso-mode"), Contains("iso"));
-    EXPECT_THAT(explainer.similarKeys("nothing"), testing::IsEmpty());
 }
 
-TEST(Explanation, SaysWhatADeviceLacks) {
+TEST(Explanation, MissingTags) {
     const Device bare;
     Explainer explainer(bare);
     const auto iso = explainer.explain("iso", {});

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "host/Messages.h"
 
 #include <gtest/gtest.h>
@@ -30,7 +31,7 @@ TEST(Messages, DecodesNotifications) {
     EXPECT_EQ(shown(notification(0x1234, 0, 7)), "unknown message 7");
 }
 
-// A block may be of any length; nothing outside is read (the sanitizers watch).
+// A block may have any length. Nothing outside it is read; the sanitizers check this.
 TEST(Messages, DecodesBlocksOfAnyLength) {
     const std::vector<int32_t> smart{0x65656565, 3};
     EXPECT_EQ(block(0x100, smart, 8), "smart-mode mode=3");

@@ -1,4 +1,5 @@
-// What programs and other tools read: JSON lines, JUnit XML, columns; and the filters of the log.
+// SPDX-License-Identifier: Apache-2.0
+// Tests the outputs for programs: JSON lines, JUnit XML, columns; and the log filters.
 #include "Xml.h"
 #include "base/Text.h"
 #include "base/WriteAll.h"
@@ -30,7 +31,7 @@ using nlohmann::json;
 using testing::ElementsAre;
 using testing::HasSubstr;
 
-// What `print` writes into a file.
+// Returns the output of `print` to a file.
 std::string written(const std::function<void(std::FILE*)>& print) {
     std::FILE* file = std::tmpfile();
     print(file);
@@ -96,7 +97,7 @@ TEST(Json, IsAlwaysOneValidLine) {
     EXPECT_EQ(lines[5].at("entries").at(0).at("from"), json({{"k", "2"}}));
 }
 
-TEST(JUnit, HasASuiteASessionAndACaseAnExpectation) {
+TEST(JUnit, SuitesAndCases) {
     JUnit junit;
     junit.beginSession("a<&\x02");
     junit.add(ExpectationEvent{"a.qzs", 3, "expect-param a \"<&>\"", true, "1", "1"});
@@ -114,7 +115,7 @@ TEST(JUnit, HasASuiteASessionAndACaseAnExpectation) {
     EXPECT_STREQ(met->Attribute("name"), "3: expect-param a \"<&>\"");
     EXPECT_EQ(met->FirstChildElement(), nullptr);
     const auto* failure = met->NextSiblingElement()->FirstChildElement("failure");
-    EXPECT_STREQ(failure->Attribute("message"), "expected 1 & more, but there is ]]>\\x1b");
+    EXPECT_STREQ(failure->Attribute("message"), "expected 1 & more, found ]]>\\x1b");
     EXPECT_EQ(suite->NextSiblingElement()->IntAttribute("tests", -1), 0);
 }
 
@@ -164,7 +165,7 @@ std::string printed(const std::string& text, Each printer) {
     });
 }
 
-TEST(JUnit, IsWellFormedWhateverTheTexts) {
+TEST(JUnit, IsWellFormed) {
     JUnit junit;
     junit.beginSession(hostile());
     for (const Event& event : eventsWith(hostile())) junit.add(event);
@@ -177,7 +178,7 @@ TEST(JUnit, IsWellFormedWhateverTheTexts) {
                 HasSubstr("\\x1b[31m\\xef\\xbf\\xbe\\xef\\xbf\\xbf\\xed\\xa0\\x80\\xed\\xbf\\xbf"));
 }
 
-TEST(Output, KeepsATerminalFromTheTextsOfFiles) {
+TEST(Output, EscapesTextsOfFiles) {
     const auto text = [](bool colour) {
         return [colour](std::FILE* file) {
             return std::make_unique<Printer>(file, colour, ANDROID_LOG_VERBOSE);
@@ -201,7 +202,7 @@ TEST(Output, KeepsATerminalFromTheTextsOfFiles) {
     EXPECT_EQ(escapes(hostile()), escapes("x"));
 }
 
-TEST(Output, TellsThatItCannotBeWritten) {
+TEST(Output, WriteErrors) {
     testing::internal::CaptureStderr();  // flushes
     std::FILE* full = std::fopen("/dev/full", "w");
     Monitor monitor(full);
@@ -215,7 +216,7 @@ TEST(Output, TellsThatItCannotBeWritten) {
               "qzcam: c" + no + "qzcam: c" + no + "/dev/full: cannot write it: No space left on device\n");
 }
 
-TEST(Text, MakesVisibleWhatDoesNotPrint) {
+TEST(Text, EscapesUnprintableCharacters) {
     const struct {
         const char* text;
         const char* shown;
@@ -262,14 +263,14 @@ TEST(Monitor, ShowsChangesInTheirColumns) {
                                    "  13  " + column + "  a.changed: 7 8"));
 }
 
-TEST(LogFilter, TakesLevelsAndThePlatformsRules) {
+TEST(LogFilter, LevelsAndTags) {
     const LogEvent debug{ANDROID_LOG_DEBUG, "CameraQzParam", "x"};
     const LogEvent warning{ANDROID_LOG_WARN, "Other", "x"};
     const LogEvent missing{ANDROID_LOG_ERROR, "VendorTagDescriptor", "x"};
     const LogEvent entering{ANDROID_LOG_ERROR, "CameraQzParam", "Enter setZslMode(512)"};
     const struct {
         const char* text;
-        std::string shown;  // of those four
+        std::string shown;  // the last of those four
     } kRows[] = {
         {"verbose", "dwme"},   {"warning", "w"},           {"E", ""},
         {"silent", ""},        {"CameraQzParam:D", "dwe"}, {"CameraQzParam:D *:S", "de"},
@@ -290,7 +291,7 @@ TEST(LogFilter, TakesLevelsAndThePlatformsRules) {
         EXPECT_FALSE(LogFilter::parse(wrong)) << wrong;
 }
 
-TEST(Printer, PutsFurtherLinesOfAMessageBelowTheFirst) {
+TEST(Printer, MessagesOfSeveralLines) {
     const std::string text = written([](std::FILE* file) {
         Printer printer(file, false, ANDROID_LOG_INFO);
         printer.print(LogEvent{ANDROID_LOG_INFO, "Tag", "one\ntwo\n"});

@@ -1,7 +1,9 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "session/Player.h"
 
 #include "device/BuiltIn.h"
 #include "device/DumpParser.h"
+#include "qzcam/BuiltIn.h"
 #include "session/Assignment.h"
 
 #include <gmock/gmock.h>
@@ -19,16 +21,8 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
 
-const Device& device() {
-    static const Device built = [] {
-        Problems problems("device");
-        return parseDump(builtInDevice(), "device", "", problems);
-    }();
-    return built;
-}
-
 struct Play {
-    explicit Play(const std::string& text, const Device& on = device()) {
+    explicit Play(const std::string& text, const Device& on = test::builtIn()) {
         Problems problems("s");
         const Session session = parseSession(text, "s", problems);
         EXPECT_THAT(problems.first(), IsEmpty());
@@ -49,13 +43,13 @@ struct Play {
     bool allMet = false;
 };
 
-// Each expectation is met by the truth and by nothing else.
+// Each expectation is met by the actual value and by no other.
 TEST(Player, ExamineExpectations) {
     const struct {
         const char* commands;
         const char* met;
         const char* failed;
-        const char* actual;  // of the failed one
+        const char* actual;  // message of the failed one
     } kRows[] = {
         {"set a=1", "expect-param a 1", "expect-param a 2", "'1'"},
         {"unset a", "expect-no-param a", "expect-param a 1", "nothing"},
@@ -86,7 +80,7 @@ TEST(Player, ExamineExpectations) {
         {"result oisHallCheckResult=0", "expect-callback ois-hall-check result=0",
          "expect-callback 0x40000000", "nothing"},
         {"set iso=7\nrequest", "expect-verdict iso fallback", "expect-verdict iso written", "fallback ("},
-        {"set iso=50\nrequest", "expect-verdict iso written", "expect-verdict contrast written", "nothing"},
+        {"set iso=100\nrequest", "expect-verdict iso written", "expect-verdict contrast written", "nothing"},
         {"request\nset iso=50\nrequest", "expect-change iso new", "expect-change iso changed", "new"},
         {"set iso=50\nrequest\nunset iso\nrequest", "expect-change iso gone", "expect-change iso none",
          "gone"},
@@ -141,8 +135,8 @@ TEST(Player, MarksWhatChangedBetweenRequests) {
     EXPECT_THAT(shown[3], Contains("+iso 1"));  // another camera has nothing to compare with
 }
 
-TEST(Player, PublishTellsWhereParametersComeFromAndWhatIsMissing) {
-    Device other = device();
+TEST(Player, PublishNamesSourcesAndMissingTags) {
+    Device other = test::builtIn();
     const auto without = [&](const char* name) {
         const auto found = std::find_if(other.vendorTags.begin(), other.vendorTags.end(),
                                         [&](const Tag& tag) { return tag.name == name; });
@@ -174,9 +168,9 @@ TEST(Player, PublishTellsWhereParametersComeFromAndWhatIsMissing) {
     }
 }
 
-// A HAL's text may hold what a parameter set refuses.
+// A HAL's text may contain characters that a parameter set refuses.
 TEST(Player, PublishShowsRowsAfterOneThatWasRefused) {
-    Device other = device();
+    Device other = test::builtIn();
     for (StaticEntry& entry : other.entries) {
         if (TagNames(other.vendorTags).nameOf(entry.tag) !=
             "com.ambrix.device.capabilities.mmiTestFeatureSupported")
@@ -203,13 +197,13 @@ TEST(Player, WaitsForABackgroundCommandBeforeTheCameraCloses) {
         "open 0\nsendcommand 203 background\nresult qz-af-mmi-contrast-value=0x40000123\n", "s", problems);
     for (const bool asGuest : {false, true}) {
         std::vector<std::string> end;
-        Player player(device(), [&](const Event& event) {
+        Player player(test::builtIn(), [&](const Event& event) {
             const auto* command = std::get_if<CommandEvent>(&event);
             const auto* status = std::get_if<StatusEvent>(&event);
             if (command && command->line == 0) end.push_back(command->text);
             if (status && status->isAnswer) end.push_back(std::to_string(status->status));
         });
-        asGuest ? player.playAsGuest(session) : static_cast<void>(player.play(session));
+        asGuest ? player.playAsGuest(session) : player.play(session);
         EXPECT_THAT(end, ElementsAre("wait", "291", "close"));
     }
 }
@@ -266,15 +260,15 @@ TEST(Player, ChecksTagsAndValuesAgainstTheDevice) {
     for (const auto& row : kRows) {
         Problems problems("s");
         const Session session = parseSession(std::string("open 0\n") + row.command, "s", problems);
-        checkAgainstDevice(session, TagNames(device().vendorTags), problems);
+        checkAgainstDevice(session, TagNames(test::builtIn().vendorTags), problems);
         ASSERT_EQ(problems.count(), row.problem ? 1U : 0U) << row.command;
         EXPECT_THAT(problems.empty() ? "" : problems.first().front(),
                     HasSubstr(row.problem ? row.problem : ""));
     }
 }
 
-// Only the library's names, and whole ones, are no slips of the pen.
-TEST(Player, ATagThatTheDeviceLacksMeetsNoExpectation) {
+// Only complete names of the library are not reported as typing errors.
+TEST(Player, UndeclaredTagFailsExpectations) {
     const Device bare;
     const std::string text =
         "open 0\nset iso=1600\nrequest\nexpect-entry iso 7\nexpect-no-entry iso\nexpect-change iso none\n"
@@ -296,7 +290,7 @@ TEST(Player, ATagThatTheDeviceLacksMeetsNoExpectation) {
                 HasSubstr("left out: this device declares no tag 'com.other.section.x'"));
 }
 
-TEST(Player, AGuestSessionLeavesOutWhatTheDeviceDoesNotHave) {
+TEST(Player, GuestSessionSkipsUndeclaredTags) {
     Problems problems("s");
     const Session session = parseSession(builtInSession(), "s", problems);
     Device bare;

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "facts/Reference.h"
 
 #include "Tool.h"
@@ -17,7 +18,7 @@ namespace {
 using testing::ElementsAre;
 using testing::HasSubstr;
 
-// The sections that a name leads to, and how many rows of each.
+// Returns the sections in which a name is found, and the number of rows in each.
 std::vector<std::pair<std::string, size_t>> foundBy(const std::string& name) {
     std::vector<std::pair<std::string, size_t>> found;
     for (const Section& section : only(wholeReference(), name)) {
@@ -67,7 +68,7 @@ TEST_F(RunTool, ParamsPrintsOneThingOrAll) {
     EXPECT_EQ(mOut, "");
     EXPECT_THAT(mErr, HasSubstr("other name 'qz-nothing'\n"));
     EXPECT_EQ(tool({"params", "hdr-movie"}), kUsage);
-    EXPECT_THAT(mErr, HasSubstr("; there is key-hdr-movie"));
+    EXPECT_THAT(mErr, HasSubstr("; perhaps key-hdr-movie"));
     EXPECT_EQ(tool({"params", "--json", "--markdown"}), kUsage);
     EXPECT_EQ(tool({"params"}), kFine);
     EXPECT_THAT(

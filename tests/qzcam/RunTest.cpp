@@ -1,9 +1,11 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "cli/Run.h"
 
 #include "Tool.h"
 #include "Xml.h"
-#include "base/Input.h"
 #include "device/BuiltIn.h"
+#include "input/Input.h"
+#include "support/DumpComposer.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -30,7 +32,7 @@ using testing::HasSubstr;
 using testing::Not;
 using testing::StartsWith;
 
-TEST_F(RunTool, ExitStatusTellsWhatWentWrong) {
+TEST_F(RunTool, ExitStatus) {
     const std::string good =
         file("good.qzs", "inspect 0\nopen 0\nset iso=1600\nrequest\nexpect-entry iso 7\n");
     const std::string failing = file("failing.qzs", "open 0\n\nexpect-param iso 1\nexpect-no-param iso\n");
@@ -53,14 +55,15 @@ TEST_F(RunTool, ExitStatusTellsWhatWentWrong) {
         {{"run", good}, kFine, "com.ambrix.capture.metadata.iso ", ""},
         {{"run", failing},
          kExpectationFailed,
-         failing + ":3: FAILED expect-param iso 1: expected '1', but there is nothing\n",
+         failing + ":3: FAILED expect-param iso 1: expected '1', found nothing\n",
          ""},
         {{"run", failing}, kExpectationFailed, "1 expectation met, 1 failed", ""},
         {{"run", wrong}, kBadInput, "", wrong + ":2: unknown command 'requst'"},
         {{"run", foreign}, kBadInput, "", foreign + ":2: unknown tag 'nothing'"},
         {{"run", good + "x"}, kBadInput, "", "cannot read it"},
         {{"run", testing::TempDir()}, kBadInput, "", "cannot read it"},
-        {{"run", good, "--device", cut}, kBadInput, "1 expectation met", cut + ":"},
+        {{"run", good, "--device", cut}, kFine, "1 expectation met", cut + ":"},
+        {{"run", good, "--device", cut, "--strict"}, kBadInput, "1 expectation met", cut + ":"},
         {{"run", good, "--device", empty}, kBadInput, "", "no camera in it"},
         {{"run", good, "--camera", "9"}, kBadInput, "", "no camera '9'"},
         {{"run", good, "--props", props}, kBadInput, "", props + ":1: expected '[name]: [value]'"},
@@ -83,17 +86,24 @@ TEST_F(RunTool, ExitStatusTellsWhatWentWrong) {
          kBadInput,
          "",
          "expected 'key: value', not '{\"iso"},
-        {{"run", good, "--params", file("heading", "Parameters:\n\tiso: 1\n\tempty:\n")},
+        {{"run", good, "--strict", "--params", file("heading", "Parameters:\n\tiso: 1\n\tempty:\n")},
          kBadInput,
-         "",
+         "1 expectation met",
          ":1: expected 'key: value', not 'Parameters:'"},
-        {{"run", ""}, kUsage, "", "qzcam: SESSION: expected no empty text"},
-        {{"run", good, "--device", ""}, kUsage, "", "no empty text"},
-        {{"run", good, "--junit", ""}, kUsage, "", "no empty text"},
-        {{"run", "/dev/zero"}, kBadInput, "", "/dev/zero: expected an end within 64 MiB"},
+        {{"run", ""}, kUsage, "", "qzcam: SESSION: must not be empty"},
+        {{"run", good, "--device", ""}, kUsage, "", "must not be empty"},
+        {{"run", good, "--junit", ""}, kUsage, "", "must not be empty"},
+        {{"run", "/dev/zero"}, kBadInput, "", "/dev/zero: too large: expected at most 64 MiB"},
         {{"run", good, "--junit", "/dev/full"}, kBadInput, "1 expectation met", "/dev/full: cannot write it"},
+        {{"run", good, "--perfetto", "/dev/full"},
+         kBadInput,
+         "1 expectation met",
+         "/dev/full: cannot write it"},
+        {{"run", good, "--perfetto", good + "/x"}, kBadInput, "", good + "/x: cannot write it"},
+        {{"run", good, "--perfetto", good}, kUsage, "", "is an input: expected another file for --perfetto"},
+        {{"run", wrong, "--perfetto", "/dev/null"}, kBadInput, "", "unknown command"},
         {{"run", good, "--junit", testing::TempDir()}, kBadInput, "", ": cannot write it: Is a directory"},
-        {{"diff", good, ""}, kUsage, "", "no empty text"},
+        {{"diff", good, ""}, kUsage, "", "must not be empty"},
         {{"explain", "iso", "--device", "-", "--params", "-"}, kUsage, "", "only one of"},
         {{"diff", "-", good, "--device", "-"}, kUsage, "", "only one of"},
         {{"play"}, kUsage, "", "qzcam: no command 'play'\n"},
@@ -150,6 +160,29 @@ TEST_F(RunTool, ParametersAreSetAfterEachOpen) {
     EXPECT_EQ(tool({"run", session, "--params", file("params", "\tiso: 1600\n\tcontrast: 1\n")}), kFine);
 }
 
+TEST_F(RunTool, StrictFailsForValuesThatTheDeviceDoesNotOffer) {
+    const std::string session =
+        file("strict.qzs", "open 0\nset iso=50;rotation=3000000000\nrequest\nrequest\n");
+    EXPECT_EQ(tool({"run", session}), kFine);
+    EXPECT_EQ(tool({"run", session, "--strict"}), kExpectationFailed);
+    EXPECT_THAT(mOut, HasSubstr("FAILED strict iso: expected a value that is offered and fits, found "
+                                "'50' (not-offered: iso-mode-values: auto,100,"));
+    EXPECT_THAT(mOut, HasSubstr("0 expectations met, 2 failed"));
+    const std::string expected = file("expected.qzs",
+                                      "open 0\nset iso=50\nrequest\nexpect-entry iso 1\n"
+                                      "expect-verdict iso not-offered\n");
+    EXPECT_EQ(tool({"run", expected, "--strict"}), kFine);
+    EXPECT_EQ(tool({"run", session, "--json"}), kFine);
+    EXPECT_THAT(mOut, HasSubstr(R"("offered":{"by":"iso-mode-values","values":["auto","100")"));
+    EXPECT_THAT(mOut,
+                HasSubstr(R"("overflow":{"number":"3000000000","written":"2147483647","type":"int32"})"));
+    EXPECT_EQ(tool({"explain", "iso", "--params", "iso=50"}), kFine);
+    EXPECT_EQ(tool({"explain", "iso", "--params", "iso=50", "--strict"}), kExpectationFailed);
+    EXPECT_EQ(tool({"params", "qz-sensor-iso", "--device", file("dump", std::string(builtInDevice()))}),
+              kFine);
+    EXPECT_THAT(mOut, HasSubstr("  offered     qz-sensor-iso-range  50 to 3200\n"));
+}
+
 TEST_F(RunTool, LaterSessionsArePlayedAfterOneFailed) {
     const std::string failing = file("failing.qzs", "open 0\nexpect-param iso 1\n");
     const std::string good = file("good.qzs", "open 0\nexpect-no-param iso\n");
@@ -158,7 +191,7 @@ TEST_F(RunTool, LaterSessionsArePlayedAfterOneFailed) {
     EXPECT_THAT(mOut, HasSubstr("1 expectation met, 0 failed"));
 }
 
-TEST_F(RunTool, SeveralSessionsLeaveEachOtherAlone) {
+TEST_F(RunTool, SessionsAreIndependent) {
     const std::string first = file("first.qzs",
                                    "setprop camera.ignore.qz.customized.zsl 1\nopen 0\n"
                                    "set qz-qzcamera-flag=on\nrequest\nexpect-query customized-zsl no\n");
@@ -174,7 +207,7 @@ TEST_F(RunTool, SeveralSessionsLeaveEachOtherAlone) {
                 HasSubstr("<testsuite name=\"" + second + "\" tests=\"1\" failures=\"0\" errors=\"0\">"));
 }
 
-// Who reads only the report must hear of it too, and not find one from before.
+// The report must show the error too, and must not be an old one.
 TEST_F(RunTool, ReportsSessionsThatCannotBePlayed) {
     const std::string wrong = file("wrong.qzs", "open 0\nrequst\nresult nothing=1\n");
     const std::string good = file("good.qzs", "open 0\nexpect-no-param iso\n");
@@ -199,7 +232,7 @@ TEST_F(RunTool, ReportsSessionsThatCannotBePlayed) {
 
 class JUnitReport : public RunTool {
   protected:
-    // What a build server makes of the report: nothing, or tests that passed, failed or were not run.
+    // Reads the report like a build server: nothing, or tests that passed, failed or were not run.
     std::string state() const {
         const auto xml = parseXml(textOf(mReport));
         if (!xml) return "not XML";
@@ -222,7 +255,7 @@ class JUnitReport : public RunTool {
     const std::string mSession = file("played.qzs", "open 0\nexpect-no-param iso\n");
 };
 
-TEST_F(JUnitReport, IsNotFinishedUntilTheEndHoweverThatComes) {
+TEST_F(JUnitReport, IsNotFinishedUntilTheEnd) {
     const std::string pipe = temporary("pipe");
     ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
     for (const int signal : {SIGTERM, SIGPIPE, SIGKILL, SIGABRT}) {
@@ -242,7 +275,7 @@ TEST_F(JUnitReport, IsNotFinishedUntilTheEndHoweverThatComes) {
     }
 }
 
-TEST_F(JUnitReport, ReplacesAnOldOneWhenTheRunIsCalledWrongly) {
+TEST_F(JUnitReport, ReplacesAnOldReportOnWrongUsage) {
     const std::vector<std::vector<std::string>> rows{{"run", mSession, "--bogus", "--junit", mReport},
                                                      {"run", "--junit=" + mReport, "--log"},
                                                      {"run", "-", "--device", "-", "--junit", mReport},
@@ -254,7 +287,7 @@ TEST_F(JUnitReport, ReplacesAnOldOneWhenTheRunIsCalledWrongly) {
     }
 }
 
-TEST_F(JUnitReport, IsNoInput) {
+TEST_F(JUnitReport, MustNotBeAnInput) {
     const std::string link = temporary("link");
     std::filesystem::create_symlink(mSession, link);
     const std::string before = textOf(mSession);
@@ -274,25 +307,25 @@ TEST_F(JUnitReport, IsNoInput) {
     std::remove(link.c_str());
 }
 
-TEST(ReadFile, EndsWithAPipeThatDoesNot) {
+TEST(ReadFile, SilentPipeTimesOut) {
     const std::string path = RunTool::temporary("pipe");
     ASSERT_EQ(mkfifo(path.c_str(), 0600), 0);
     const int writer = open(path.c_str(), O_RDWR);
     ASSERT_EQ(write(writer, "open 0\n", 7), 7);
     const auto problem = [&](const InputLimits& limits) {
         Problems problems("pipe");
-        EXPECT_FALSE(readFile(path, problems, limits));
+        EXPECT_FALSE(readFile(path, problems, TextKind::Report, limits));
         return problems.first().at(0);
     };
-    EXPECT_EQ(problem({1000, 0}), "pipe: nothing came for 0 seconds: expected its end");
+    EXPECT_EQ(problem({1000, 1000, 0}), "pipe: no input for 0 seconds: expected more of it, or its end");
     ASSERT_EQ(write(writer, "open 0\n", 7), 7);
-    EXPECT_THAT(problem({6, 60}), HasSubstr("pipe: expected an end within "));
+    EXPECT_THAT(problem({6, 6, 60}), HasSubstr("pipe: too large: expected at most "));
     close(writer);
     std::remove(path.c_str());
 }
 
-// What a file holds, it may hold to play with the terminal of whoever looks at it.
-TEST_F(RunTool, ShowsNothingOfFilesRaw) {
+// A file may contain sequences that control the terminal of its reader.
+TEST_F(RunTool, EscapesFileContents) {
     const std::string evil = "\033]0;x\007\xff\xc2\x9b";
     const std::string session =
         file("evil.qzs", "open 0\nclient \"" + evil + "\"\nset iso=" + evil + ";" + evil + "=" + evil +
@@ -341,7 +374,7 @@ TEST_F(RunTool, EveryLineOfJsonIsAnObject) {
                                              "status", "summary", "verdicts"}));
 }
 
-TEST_F(RunTool, ABuiltInSessionOnAnotherDeviceExpectsNothing) {
+TEST_F(RunTool, BuiltInSessionOnAnotherDevice) {
     const std::string dump =
         file("other.dump", "Camera 0 information:\n Dumping camera metadata array: 0 / 0 entries\n");
     EXPECT_EQ(tool({"run", "--device", dump, "--log", "info"}), kFine);
@@ -350,6 +383,33 @@ TEST_F(RunTool, ABuiltInSessionOnAnotherDeviceExpectsNothing) {
     EXPECT_THAT(mOut, HasSubstr("not declared by this device:"));
     EXPECT_THAT(mOut, HasSubstr("times more"));
     EXPECT_THAT(mOut, Not(HasSubstr("FAILED")));
+}
+
+// Cameras of different providers, with vendor tags of their own.
+TEST_F(RunTool, OpensEachCameraOfADump) {
+    const std::string phone = file("phone.txt", test::dumpOf(test::samplePhone(13)));
+    const std::string session = file("s.qzs",
+                                     "open 0\nset iso=1600\nrequest\nexpect-entry iso 7\n"
+                                     "open 1\nset iso=1600\nrequest\nexpect-verdict iso undeclared\n");
+    EXPECT_EQ(tool({"run", session, "--device", phone}), kFine) << mOut << mErr;
+    EXPECT_THAT(mOut, HasSubstr("camera 1 is device@3.4/external/1: 3 static entries"));
+    EXPECT_EQ(tool({"run", session, "--device", phone, "--camera", "0"}), kExpectationFailed)
+        << "all opens use the camera that is chosen";
+
+    const std::string absent = file("absent.qzs", "open 7\n");
+    EXPECT_EQ(tool({"run", absent, "--device", phone}), kBadInput);
+    EXPECT_THAT(mErr, HasSubstr(absent + ":1: no camera 7 in the dump: expected 0 or 1"));
+}
+
+TEST_F(RunTool, NamesWhatOfADumpIsNotUsed) {
+    const std::string phone = file("phone.txt", test::dumpOf(test::samplePhone(8)));
+    const std::string session = file("s.qzs", "open 0\n");
+    EXPECT_EQ(tool({"run", session, "--device", phone}), kFine);
+    EXPECT_THAT(mOut, HasSubstr("  not used: texts of the HAL (1), blocks of other vendors (1)\n"));
+    EXPECT_EQ(tool({"run", session, "--device", phone, "--verbose"}), kFine);
+    EXPECT_THAT(mOut, HasSubstr(": blocks of other vendors: vendor id 77, 1 tag\n"));
+    EXPECT_EQ(tool({"run", session, "--device", phone, "--json"}), kFine);
+    EXPECT_THAT(mOut, HasSubstr(R"({"kind":"otherBlock","line":)"));
 }
 
 }  // namespace

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "session/Session.h"
 
 #include <gmock/gmock.h>
@@ -34,7 +35,7 @@ TEST(Session, SplitsCommandsIntoWords) {
     EXPECT_EQ(session.commands[4].word(1), "");
 }
 
-TEST(Session, NamesTheLineOfWhatIsWrong) {
+TEST(Session, ErrorsHaveALine) {
     const struct {
         const char* text;
         const char* problem;
@@ -45,7 +46,7 @@ TEST(Session, NamesTheLineOfWhatIsWrong) {
         {"open back", "s:1: expected a number from 0 on, not 'open back'"},
         {"open -1", "s:1: expected a number from 0 on, not 'open -1'"},
         {"inspect 9", "s:1: expected LEVEL [captag|ctrltag|stattag NAME]... with a level from 0 to 5"},
-        {"open 0\nset iso=100 ; zsl-mode=on", "; a text with blanks stands in \"quotes\""},
+        {"open 0\nset iso=100 ; zsl-mode=on", "; put a text with blanks in \"quotes\""},
         {"\xc3\xb6"
          "ffne 0 \xc3",
          "unknown command '\xc3\xb6"

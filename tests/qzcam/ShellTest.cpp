@@ -1,4 +1,5 @@
-// The shell in a terminal of its own, as a user meets it; and without one.
+// SPDX-License-Identifier: Apache-2.0
+// Tests the shell in a terminal, as a user sees it, and without one.
 #include "Tool.h"
 
 #include <pty.h>
@@ -28,7 +29,8 @@ constexpr int kPatience = 120000;  // milliseconds: an emulated shell takes ten 
 class Terminal {
   public:
     explicit Terminal(const std::string& state, const std::vector<std::string>& words = {}) {
-        mProcess = forkpty(&mFile, nullptr, nullptr, nullptr);
+        winsize size{24, 80, 0, 0};
+        mProcess = forkpty(&mFile, nullptr, nullptr, &size);
         if (mProcess != 0) return;
         setenv("TERM", "xterm", 1);
         setenv("XDG_STATE_HOME", state.c_str(), 1);
@@ -40,13 +42,13 @@ class Terminal {
     Terminal(const Terminal&) = delete;
     Terminal& operator=(const Terminal&) = delete;
 
-    // The prompt is there a moment before the terminal listens to single keys.
+    // The prompt is printed a moment before the terminal reads single keys.
     void waitUntilItListens() const {
         termios mode{};
         for (int i = 0; i < kPatience && tcgetattr(mFile, &mode) == 0 && (mode.c_lflag & ICANON) != 0; ++i)
             usleep(1000);
     }
-    // Types, and returns what is on the screen since, up to the text that is waited for.
+    // Types a text and returns the new output up to the expected text.
     std::string type(const std::string& keys, const std::string& until) {
         if (!keys.empty()) waitUntilItListens();
         EXPECT_EQ(write(mFile, keys.data(), keys.size()), static_cast<ssize_t>(keys.size()));
@@ -61,7 +63,7 @@ class Terminal {
         EXPECT_THAT(shown, HasSubstr(until)) << "typed: " << keys;
         return shown;
     }
-    // Ctrl-C while no line is asked for.
+    // Sends Ctrl-C while no line is read.
     void interrupt() const {
         termios mode{};
         for (int i = 0; i < kPatience && tcgetattr(mFile, &mode) == 0 && (mode.c_lflag & ICANON) == 0; ++i)
@@ -117,17 +119,20 @@ TEST_F(ShellTool, CompletesDropsRecallsAndLeaves) {
     terminal.type(ctrlC, kPrompt);
     terminal.type("setprop camera.deb\t", "ug.mode");
     terminal.type(ctrlC, kPrompt);
+    // Values that the device offers stand first, in the order of the vocabulary; 50 and 1250 are not offered.
+    EXPECT_THAT(terminal.type("set iso=\t", "1250"), testing::ContainsRegex("auto +1.*50 +"));
+    terminal.type(ctrlC, kPrompt);
     EXPECT_THAT(terminal.type("result iso\t\t", "isoState"), Not(HasSubstr("burst")));
     terminal.type(ctrlC, kPrompt);
 
-    // Ctrl-C while a command plays ends neither it nor the shell.
+    // Ctrl-C during a command ends neither the command nor the shell.
     terminal.type("sendcommand 20\t\t", "203");
     terminal.type("3\r", "3\r\n");
     terminal.interrupt();
     terminal.type("", "command 203 returned -1");
     terminal.type("expect-status 0\r", "prompt:3: FAILED expect-status 0");
 
-    // No prompt is waited for alone here: one from before may still be on its way.
+    // The test never waits for a prompt alone: an earlier one may still arrive.
     terminal.type("set iso=1600\r", "set iso=1600\r\n");
     EXPECT_THAT(terminal.type("request\r", "1 written"),
                 testing::ContainsRegex("metadata.iso .* 7 .*iso=1600.*\r\n(.*\n)*.*1 written"));
@@ -169,8 +174,18 @@ TEST_F(ShellTool, PlaysAScriptWithoutATerminal) {
         {"help set\n", kFine, "set KEY=VALUE;KEY=VALUE", ""},
         {"help sendcommand\n", kFine, "203  ", ""},
         {std::string((size_t{1} << 20U) + 2, 'x'), kBadInput, "",
-         "input:1: expected an end of the line within 1 MiB"},
-        {"params of mine\n", kBadInput, "", "expected 'params', not 'params of mine'"},
+         "input:1: the line is too long: expected at most 1 MiB"},
+        {"check\n", kFine, "Nothing is mistyped or malformed", ""},
+        {"check --josn\n", kBadInput, "", "--josn"},
+        {"params zoom\n", kFine, "zoom, max-zoom: parameters of one setter", ""},
+        {"open 0\nset zoom=5;max-zoom=99\nexplain zoom\nrequest\nexpect-entry qz-zoom-in 1.151515\n",
+         kExpectationFailed, "  5: written", ""},
+        {"help expect-query\n", kFine, "customized-zsl", ""},
+        {"help not-offered\n", kFine, "not-offered, a verdict: ", ""},
+        {"help setIso\n", kFine, "iso: a parameter", ""},
+        {"help reqest\n", kFine, "There is no help on 'reqest'; perhaps 'request' is meant", ""},
+        {"exlpain iso\n", kBadInput, "", "unknown command 'exlpain': perhaps 'explain' is meant; expected"},
+        {"explain is\n", kBadInput, "", "no setter reads 'is'"},
     };
     for (const auto& row : kRows) {
         SCOPED_TRACE(row.lines);
@@ -183,6 +198,19 @@ TEST_F(ShellTool, PlaysAScriptWithoutATerminal) {
     EXPECT_EQ(shell("", {"--device", "-"}), kUsage);
     EXPECT_EQ(shell("open 0\nparams\n", {"--params", "iso=3200"}), kFine);
     EXPECT_THAT(mOut, HasSubstr("3200"));
+}
+
+// The pager shows that it was there.
+TEST_F(ShellTool, ALongAnswerGoesThroughThePager) {
+    setenv("PAGER", "sed 's/^/paged /'", 1);
+    Terminal terminal(mState);
+    terminal.type("", kPrompt);
+    terminal.type("help quit\r", "  quit ");
+    terminal.type("help\r", "paged ");
+    EXPECT_THAT(terminal.type("check\r", "paged Nothing is mistyped"), HasSubstr("paged built-in device"));
+    terminal.type("quit\r", "\n");
+    EXPECT_EQ(terminal.exitStatus(), kFine);
+    unsetenv("PAGER");
 }
 
 }  // namespace

@@ -1,4 +1,5 @@
-// The whole tool, from its command line to its exit status.
+// SPDX-License-Identifier: Apache-2.0
+// Runs the whole tool, from its command line to its exit status.
 #pragma once
 
 #include "cli/Cli.h"
@@ -20,7 +21,7 @@ class RunTool : public testing::Test {
         std::ofstream(mPaths.back(), std::ios::binary) << text;
         return mPaths.back();
     }
-    // Tests run beside each other, each in a process of its own.
+    // Tests run in parallel, each in its own process.
     static std::string temporary(const std::string& name) {
         return testing::TempDir() + "qzcam-" + std::to_string(getpid()) + "-" + name;
     }

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "base/Values.h"
 
 #include "base/Text.h"
@@ -97,7 +98,7 @@ TEST(Properties, ReadsBothForms) {
     EXPECT_TRUE(setProperty("camera.a", ""));
 }
 
-TEST(Properties, RefusesOneWithoutAName) {
+TEST(Properties, RefusesAMissingName) {
     for (const char* line : {"[]: [x]", "[]: []", "=x", " = x"}) {
         Problems problems("p");
         EXPECT_TRUE(parseProperties(line, problems).empty()) << line;

@@ -1,5 +1,6 @@
-// One camera whose setters are called one at a time, on a device that each call declares anew. What goes in
-// and what comes out are texts, so that a case is a line.
+// SPDX-License-Identifier: Apache-2.0
+// One camera whose setters are called one at a time. Each call declares a new device. Inputs and results are
+// texts, so that a case is one line.
 #pragma once
 
 #include "request/RequestPass.h"
@@ -39,7 +40,8 @@ inline Texts wordsOf(const std::string& text) {
     return words;
 }
 
-// The lines of a text without their indentation. One that begins with "|" goes on where the last one ended.
+// Returns the lines of a text without their indentation. A line that begins with "|" continues the line
+// before it.
 inline Texts linesOf(const std::string& text) {
     Texts lines;
     for (const std::string& line : split(text, "\n")) {
@@ -51,7 +53,7 @@ inline Texts linesOf(const std::string& text) {
     return lines;
 }
 
-// The parts that are not empty, one after the other.
+// Returns the parts that are not empty.
 inline std::string join(const Texts& parts) {
     std::string all;
     for (const std::string& part : parts) {
@@ -60,8 +62,9 @@ inline std::string join(const Texts& parts) {
     return all;
 }
 
-// "name:b name:i": tags of the capture section with their types b, i, f and r; with a dot in the name, of
-// another section. `how` says of each whether it is declared '+', not '-', or 'x' with a type nothing writes.
+// Declares tags: "name:b name:i" are tags of the capture section with their types b, i, f and r. A name with
+// a dot belongs to another section. `how` has a character for each tag: '+' declared, '-' not declared, 'x'
+// declared with a type that nothing writes.
 inline Declarations declare(const std::string& tags, const std::string& how) {
     const std::map<char, int> types = {
         {'b', TYPE_BYTE}, {'i', TYPE_INT32}, {'f', TYPE_FLOAT}, {'r', TYPE_RATIONAL}};
@@ -76,7 +79,7 @@ inline Declarations declare(const std::string& tags, const std::string& how) {
     return declarations;
 }
 
-// "name=1,2" for each entry.
+// Returns "name=1,2" for each entry.
 inline Texts entriesOf(const android::CameraMetadata& request) {
     Texts entries;
     const camera_metadata_t* buffer = request.getAndLock();
@@ -110,8 +113,8 @@ class Bench {
     Bench(const Bench&) = delete;
     Bench& operator=(const Bench&) = delete;
 
-    // "key=text;key=text": parameters, properties of "camera.", and behind '@' the rest of the world. A key
-    // alone is removed.
+    // Sets "key=text;key=text": parameters, properties that begin with "camera.", and after '@' other inputs.
+    // A key without a value is removed.
     void set(const std::string& all) {
         for (const std::string& one : split(all, ";")) {
             const size_t end = one.find('=');
@@ -127,8 +130,8 @@ class Bench {
         property_set(key.c_str(), text.c_str());
     }
 
-    // What comes of a setter, of "takeBurstCapture" or of the pass "paramToMetaData": a status that is not 0,
-    // the entries, and the translator's and its adapter's log as "I text" and "E text".
+    // Runs a setter, "takeBurstCapture" or the pass "paramToMetaData". Returns a status other than 0, the
+    // entries, and the log of the translator and its adapter as "I text" and "E text".
     std::string call(const std::string& setter, const Declarations& tags) {
         const VendorTags device(tags);
         if (!mArray.empty()) camera.info.update(tagOf(kArray), mArray.data(), mArray.size());
@@ -180,13 +183,12 @@ class Bench {
 
   public:
     Camera camera;
-    std::string changes;  // "member: value" for each change of state by the last call
+    std::string changes;  // returns "member: value" for each change of state by the last call
 };
 
-// Plays a script. A line without an arrow names a setter and its tags, and begins with a new camera. A step
-// is "what is set, how the tags are declared -> what comes of the call, and what it changes"; what it comes
-// to may go on behind "|" in the next line. "~" is the setter's name; "$word text" lets $word stand for the
-// text.
+// Plays a script. A line without an arrow names a setter and its tags, and creates a new camera. A step is
+// "inputs, declared tags -> result of the call and changes of state". The result may continue after "|" in
+// the next line. "~" is the setter's name. "$word text" defines $word as the text.
 inline void play(const std::string& script) {
     std::map<std::string, std::string> words;
     std::unique_ptr<Bench> bench;

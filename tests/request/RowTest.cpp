@@ -1,4 +1,5 @@
-// One plain row of each kind, and the values of functions that read one key.
+// SPDX-License-Identifier: Apache-2.0
+// Tests one plain row of each kind, and the functions that read one key.
 #include "Bench.h"
 
 namespace qz::test {

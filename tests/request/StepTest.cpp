@@ -1,12 +1,13 @@
-// The setters that deviate from the pattern: gates, stored state, several keys or entries, arithmetic.
+// SPDX-License-Identifier: Apache-2.0
+// Tests setters with a function: gates, stored state, several keys or entries, arithmetic.
 #include "Bench.h"
 
 namespace qz::test {
 namespace {
 
-// Four members follow their keys even without a tag, the rest what is written. The 2D-panorama mode is
-// written on a change only, and the 255 of an unknown word never equals its flag.
-TEST(Step, StateChangesExactlyWhenItMay) {
+// Four members follow their keys even without a tag, the others follow the written value. The 2D-panorama
+// mode is written only on a change, and the 255 of an unknown word never equals its flag.
+TEST(Step, StateChanges) {
     play(R"(
     setImageProcessMode imagePostProcessMode:b
         qz-image-post-process=on - -> mImagePostProcess: 1
@@ -53,7 +54,7 @@ TEST(Step, StateChangesExactlyWhenItMay) {
             | mPanorama2DMode: 1)");
 }
 
-TEST(Step, ValuesComeBackToNothing) {
+TEST(Step, ValuesReturnToZero) {
     play(R"(
     setSensorExposureTime sensorExposureTime:i proExposureTime:r
         qz-sensor-exposure-time=2 ++ -> sensorExposureTime=2000000 | proExposureTime=2/1
@@ -72,7 +73,8 @@ TEST(Step, ValuesComeBackToNothing) {
 }
 
 TEST(Step, TwoEntriesStopAtTheFirstFailure) {
-    // The height's name has no section: "panorama2D" with tag "eight" is one that it matches by chance.
+    // The name of the height has no section. The section "panorama2D" with the tag "eight" matches it by
+    // chance.
     play(R"(
     setpanorama2DTinySize panorama2DWidth:i panorama2DHeight:i panorama2D.eight:i
         key-qz-2dpanorama-tiny-width=-3 +++ ->
@@ -144,7 +146,7 @@ TEST(Step, GatesOfLightPaintingAndOfChatBeauty) {
         qz-face-beauty-preview-only=off ++ ->)");
 }
 
-// The low-light entry is written wherever its tag is declared.
+// The low-light entry is written if its tag is declared.
 TEST(Step, DebugPropertyAndLowLight) {
     play(R"(
     $set I ~(), set dual primary mode:
@@ -310,7 +312,7 @@ TEST(Step, ZoomAndCropInSinglePrecision) {
         qz-dual-primary-mode + ->)");
 }
 
-TEST(Pass, LaterSettersMeetWhatEarlierOnesLeft) {
+TEST(Pass, StateOfEarlierSetters) {
     const auto device = declare(
         "iso:b manualFocusValue:i faceBeautyMode:b faceBeautyLevel:i lightPaintingMode:b "
         "lightPaintingTryAe:b",

@@ -1,4 +1,6 @@
-// Every row of the capability pass, and every function behind one, does what its row states and nothing else.
+// SPDX-License-Identifier: Apache-2.0
+// Checks that every row of the capability pass, with or without a function, does what the row states and no
+// more.
 #include "capabilities/Capabilities.h"
 
 #include "RecordingHost.h"
@@ -13,11 +15,11 @@
 namespace qz::test {
 namespace {
 
-// The getter of one row on a device with the given static entries.
+// Runs the getter of one row on a device with the given static entries.
 class Trial {
   public:
     explicit Trial(const CapabilityRow& row, const std::string& missing = "")
-        : mRow(row), mTags(declarations(row, missing)), host(new RecordingHost) {
+        : mRow(row), mTags(declarationsOf(std::array{row}, missing)), host(new RecordingHost) {
         mCamera = CreateCameraQzParam(host.get());
         host->parameters["scene-mode-values"] = "auto,";
     }
@@ -30,14 +32,6 @@ class Trial {
     void run() { EXPECT_EQ(runGetter(*mCamera, mRow.getter), 0); }
 
   private:
-    static Declarations declarations(const CapabilityRow& row, const std::string& missing) {
-        Declarations all{{capability("other"), TYPE_BYTE}};
-        for (const EntryRow& entry : row.entries) {
-            if (isVendor(entry) && entry.tag != missing) all.emplace_back(entry.tag, entry.type);
-        }
-        return all;
-    }
-
     const CapabilityRow& mRow;
     VendorTags mTags;
     android::sp<CCameraQzParam> mCamera;
@@ -77,7 +71,7 @@ TEST(CapabilityRow, ReadsItsEntriesAndPublishesItsKeys) {
     }
 }
 
-// A function writes the line of its getter that prints a count.
+// Returns true for the line of a getter that prints a count.
 RowLine countLineOf(const CapabilityRow& row) {
     if (row.plain) return row.counts;
     for (const qz::LogLine& line : kLines) {
@@ -88,7 +82,7 @@ RowLine countLineOf(const CapabilityRow& row) {
     return {};
 }
 
-TEST(CapabilityRow, PublishesNothingFromACountThatItDoesNotAllow) {
+TEST(CapabilityRow, OtherCountsPublishNothing) {
     for (const CapabilityRow& row : kCapabilities) {
         if (row.entries.empty()) continue;
         for (size_t count = 0; count < 4; ++count) {
@@ -99,7 +93,7 @@ TEST(CapabilityRow, PublishesNothingFromACountThatItDoesNotAllow) {
             trial.run();
             if (row.entries[0].allows(count)) continue;
             EXPECT_EQ(publishedBy(*trial.host), std::set<std::string>());
-            // That of the count is the last.
+            // The count line is the last one.
             const RowLine stated = countLineOf(row);
             const std::vector<LogLine> lines = log.take("CameraQzParam");
             ASSERT_EQ(lines.empty(), stated.format == nullptr);
@@ -126,7 +120,7 @@ TEST(CapabilityRow, IsSilentWhenItsTagIsNotDeclared) {
     }
 }
 
-TEST(CapabilityRow, TakesAnEntryOfAnotherTypeForEmpty) {
+TEST(CapabilityRow, AnotherTypeCountsAsEmpty) {
     for (const CapabilityRow& row : kCapabilities) {
         if (row.entries.empty()) continue;
         SCOPED_TRACE(row.getter);
@@ -156,20 +150,18 @@ TEST(CapabilityRow, ReadsTheTextBackForItsLine) {
     }
 }
 
-TEST(CapabilityPass, AsksAndPublishesInTheOrderOfItsRows) {
-    Declarations tags;
-    std::map<std::string, size_t> places;  // of tags and keys
+TEST(CapabilityPass, OrderOfRows) {
+    std::map<std::string, size_t> places;  // tags and keys
     const android::sp<RecordingHost> host(new RecordingHost);
     for (size_t i = 0; i < kCapabilityCount; ++i) {
         for (const EntryRow& entry : kCapabilities[i].entries) {
-            if (isVendor(entry)) tags.emplace_back(entry.tag, entry.type);
             host->statics[entry.tag] = someElements(entry, std::max<size_t>(entry.least, 1));
             places[entry.tag] = i;
         }
         for (const Publication& publication : kCapabilities[i].publishes) places[publication.key] = i;
     }
     host->parameters["scene-mode-values"] = "auto";
-    const VendorTags device(tags);
+    const VendorTags device(declarationsOf(kCapabilities));
     EXPECT_EQ(CreateCameraQzParam(host.get())->metaDataToParam(), android::OK);
     std::vector<size_t> order;
     for (const std::string& event : host->events) order.push_back(places.at(event));

@@ -1,10 +1,11 @@
-// A host that answers from tables and records what the library asks, publishes and writes.
+// SPDX-License-Identifier: Apache-2.0
+// A host that answers from tables and records the reads, published keys and writes of the library.
 #pragma once
 
 #include "QzHostInterfaces.h"
 #include "rows/Entry.h"
 #include "support/Device.h"
-#include "support/Entries.h"
+#include "support/ResultHost.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -21,10 +22,6 @@ struct Written {
     size_t count;
     status_t status;
 };
-
-inline std::string nameOf(uint32_t tag) {
-    return std::string(get_camera_metadata_section_name(tag)) + "." + get_camera_metadata_tag_name(tag);
-}
 
 class RecordingHost : public ExtParamInterface {
   public:
@@ -86,11 +83,12 @@ class RecordingHost : public ExtParamInterface {
 
     std::set<std::string> askedAsText;
     std::set<std::string> askedAsInteger;
-    std::map<std::string, size_t> minimums;    // of static entries, by tag
+    std::map<std::string, size_t> minimums;    // static entries by tag
     std::set<std::pair<size_t, bool>> limits;  // largest count of static entries, and if they are required
     std::map<std::string, std::string> published;
     std::vector<Written> written;
-    std::vector<std::string> events;  // keys and static entries as they are asked for, keys as they are set
+    std::vector<std::string>
+        events;  // keys and static entries in the order of the reads, keys in the order of the writes
 
   private:
     status_t record(uint32_t tag, uint8_t type, size_t count) {
@@ -100,7 +98,7 @@ class RecordingHost : public ExtParamInterface {
     }
 };
 
-// `count` elements of a row's type, each a small number.
+// Returns `count` elements of a row's type, each a small number.
 inline Elements someElements(const EntryRow& row, size_t count) {
     switch (row.type) {
         case TYPE_BYTE:
@@ -115,5 +113,23 @@ inline Elements someElements(const EntryRow& row, size_t count) {
 }
 
 inline bool isVendor(const EntryRow& row) { return std::string(row.tag).rfind("android.", 0) != 0; }
+
+// Declares the vendor tags of entries except `missing`. The one name without a section cannot be declared.
+template <typename Entries>
+void declare(Declarations& all, const Entries& entries, const std::string& missing = "") {
+    for (const EntryRow& entry : entries) {
+        const std::string name = entry.tag;
+        if (isVendor(entry) && name != missing && name.find('.') != std::string::npos)
+            all.emplace_back(name, entry.type);
+    }
+}
+
+// The vendor tags of all rows of a pass, and one more of a section of each kind.
+template <typename Rows>
+Declarations declarationsOf(const Rows& rows, const std::string& missing = "") {
+    Declarations all{{capture("other"), TYPE_BYTE}, {capability("other"), TYPE_BYTE}};
+    for (const auto& row : rows) declare(all, row.entries, missing);
+    return all;
+}
 
 }  // namespace qz::test

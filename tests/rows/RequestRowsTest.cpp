@@ -1,4 +1,6 @@
-// Every row of the request pass, and every function behind one, does what its row states and nothing else.
+// SPDX-License-Identifier: Apache-2.0
+// Checks that every row of the request pass, with or without a function, does what the row states and no
+// more.
 #include "request/Parameters.h"
 
 #include "RecordingHost.h"
@@ -15,7 +17,7 @@ namespace {
 using Texts = std::vector<std::string>;
 constexpr char kAbsent[] = "";
 
-// Values that take the function through all of its branches between them.
+// Values that together reach all branches of the function.
 Texts samplesOf(const Parameter& row, const KeyRow& key) {
     switch (key.form) {
         case KeyRow::Form::number:
@@ -45,7 +47,7 @@ Texts samplesOf(const Parameter& row, const KeyRow& key) {
     return words;
 }
 
-// The setter of one row, over a fresh camera on a device that declares the row's tags but `missing`.
+// Runs the setter of one row, with a new camera on a device that declares the row's tags except `missing`.
 class Trial {
   public:
     explicit Trial(const Parameter& row, const std::string& missing = "")
@@ -72,7 +74,7 @@ class Trial {
     status_t run(android::CameraMetadata* request) { return runSetter(*mCamera, mRow.setter, request); }
     TestPeer::Members members() const { return TestPeer::members(*mCamera); }
 
-    // Runs it with each combination of samples, all keys advancing together.
+    // Runs it with each sample; all keys advance together.
     void runAll() {
         size_t runs = 1;
         for (const KeyRow& key : mRow.keys) runs = std::max(runs, samplesOf(mRow, key).size());
@@ -89,16 +91,8 @@ class Trial {
 
   private:
     static Declarations declarations(const Parameter& row, const std::string& missing) {
-        Declarations all;
-        for (const EntryRow& entry : row.entries) {
-            if (isVendor(entry) && entry.tag != missing) all.emplace_back(entry.tag, entry.type);
-        }
-        for (const EntryRow& entry : row.uses) {
-            if (isVendor(entry) && entry.tag != missing) all.emplace_back(entry.tag, entry.type);
-        }
-        // Sections of which only the wanted tag is missing.
-        all.emplace_back(capture("other"), TYPE_BYTE);
-        all.emplace_back(capability("other"), TYPE_BYTE);
+        Declarations all = declarationsOf(std::array{row}, missing);
+        declare(all, row.uses, missing);
         return all;
     }
 
@@ -110,7 +104,7 @@ class Trial {
     android::sp<RecordingHost> host;
 };
 
-// The one name that the library looks up without a section; no device can declare it.
+// The only name that the library looks up without a section. No device can declare it.
 bool isLookedUpInVain(const EntryRow& entry) { return std::string(entry.tag).find('.') == std::string::npos; }
 
 std::set<std::string> namesOf(const Parameter& row, KeyRow::As as) {
@@ -173,12 +167,12 @@ TEST(RequestRow, WritesNothingForAbsentKeys) {
         SCOPED_TRACE(row.setter);
         Trial trial(row);
         EXPECT_EQ(trial.run(), android::OK);
-        // The one entry of every request.
+        // The only entry that every request has.
         EXPECT_EQ(trial.host->written.size(), std::string(row.setter) == "setMMILowLightSensor" ? 1U : 0U);
     }
 }
 
-TEST(RequestRow, LooksEachTagUpAndLeavesOutAnUndeclaredOne) {
+TEST(RequestRow, UndeclaredTagsAreNotWritten) {
     for (const Parameter& row : kParameters) {
         for (const EntryRow& entry : row.entries) {
             if (!isVendor(entry)) continue;
@@ -195,7 +189,7 @@ TEST(RequestRow, LooksEachTagUpAndLeavesOutAnUndeclaredOne) {
     }
 }
 
-TEST(RequestRow, ReportsARefusedUpdateInItsWords) {
+TEST(RequestRow, RefusedUpdateIsLogged) {
     for (const Parameter& row : kParameters) {
         for (const EntryRow& entry : row.entries) {
             if (isLookedUpInVain(entry)) continue;
@@ -216,7 +210,7 @@ TEST(RequestRow, ReportsARefusedUpdateInItsWords) {
     }
 }
 
-TEST(RequestRow, AsksNothingWhileItsGateIsClosed) {
+TEST(RequestRow, ClosedGate) {
     for (const Parameter& row : kParameters) {
         if (!row.gated(Gate::lightPainting)) continue;
         SCOPED_TRACE(row.setter);
@@ -266,7 +260,8 @@ bool reads(const Parameter& row, const std::string& name) {
            std::any_of(row.uses.begin(), row.uses.end(), isTag);
 }
 
-// Row by row: the first key, or any key of a function that always runs, and then only keys of the same row.
+// Reads happen row by row: the first key, or any key of a function that always runs, then only keys of the
+// same row.
 void expectReadsInOrder(const Texts& keys, bool lightPainting) {
     const Parameter* row = nullptr;
     const Parameter* next = kParameters;

@@ -1,4 +1,5 @@
-// Every row of the result pass, and every function behind one, does what its row states and nothing else.
+// SPDX-License-Identifier: Apache-2.0
+// Checks that every row of the result pass, with or without a function, does what the row states and no more.
 #include "callback/Results.h"
 
 #include "RecordingHost.h"
@@ -20,40 +21,23 @@ struct Sent {
     bool operator==(const Sent& other) const { return code == other.code && kind == other.kind; }
 };
 
-class ResultHost : public ExtCallBackInterface {
-  public:
-    status_t notifyCallback(int32_t code, int32_t ext1, int32_t) override {
-        return record(code, ext1, false);
-    }
-    status_t dataCallback(int32_t code, const void* data, uint32_t size) override {
-        int32_t first = 0;
-        if (size >= sizeof(first)) memcpy(&first, data, sizeof(first));
-        return record(code, first, true);
-    }
-    camera_metadata_ro_entry findResultEntry(const android::CameraMetadata&, uint32_t tag) override {
-        asked.push_back(nameOf(tag));
-        return entryOf(tag, entries[nameOf(tag)]);
-    }
-
-    std::map<std::string, Elements> entries;
-    std::vector<std::string> asked;
-    std::vector<Sent> sent;
-
-  private:
-    status_t record(int32_t code, int32_t first, bool isData) {
+// The messages of a run, each of the form that its row states.
+std::vector<Sent> takeSent(ResultHost& host) {
+    std::vector<Sent> all;
+    for (const auto& [code, isData, first] : std::exchange(host.sent, {})) {
         const int32_t kind = code == MSG_OIS_CALIB_RESULT ? first : 0;
-        sent.push_back({code, kind});
+        all.push_back({code, kind});
         const MessageRow* row = findMessage(code, kind);
         EXPECT_TRUE(row != nullptr && row->isData() == isData);
-        return android::OK;
     }
-};
+    return all;
+}
 
-// The handler of one row, on a device that declares the row's tags but `missing`.
+// Runs the handler of one row on a device that declares the row's tags except `missing`.
 class Trial {
   public:
     explicit Trial(const ResultRow& row, const std::string& missing = "")
-        : mRow(row), mTags(declarations(row, missing)), host(new ResultHost) {
+        : mRow(row), mTags(declarationsOf(std::array{row}, missing)), host(new ResultHost) {
         (camera.translator().*TestPeer::professional).set(true);
         mCallBack = CreateCameraQzCallBack(host.get(), &camera.translator());
     }
@@ -67,26 +51,17 @@ class Trial {
             give(entry, entry.type == TYPE_BYTE ? Elements(B(entry.least, 0)) : Elements(I(entry.least, 0)));
         }
     }
-    // What the run sent.
+    // Returns the messages of the run.
     std::vector<Sent> run() {
         host->asked.clear();
-        host->sent.clear();
         EXPECT_EQ(runHandler(*mCallBack, mRow.handler, android::CameraMetadata()), android::OK);
-        return host->sent;
+        return takeSent(*host);
     }
     TestPeer::Members members() { return TestPeer::members(*mCallBack, camera.translator()); }
 
     Camera camera;
 
   private:
-    static Declarations declarations(const ResultRow& row, const std::string& missing) {
-        Declarations all{{capture("other"), TYPE_BYTE}};
-        for (const EntryRow& entry : row.entries) {
-            if (isVendor(entry) && entry.tag != missing) all.emplace_back(entry.tag, entry.type);
-        }
-        return all;
-    }
-
     const ResultRow& mRow;
     VendorTags mTags;
     android::sp<CameraQzCallBack> mCallBack;
@@ -112,7 +87,7 @@ TEST(ResultRow, AsksItsEntriesInOrderAndSendsItsMessage) {
         Trial trial(row);
         const auto before = trial.members();
         trial.giveAll();
-        // A hint of the scene's own would stop the search for one.
+        // A hint of the scene would end the search for one.
         if (row.optional) trial.give(row.entries[2], I{0});
         EXPECT_EQ(trial.run(), messageOf(row));
         EXPECT_EQ(trial.host->asked, tagsOf(row));
@@ -141,7 +116,7 @@ TEST(ResultRow, RepeatsItsMessageUnlessItsGateSaysOtherwise) {
     }
 }
 
-TEST(ResultRow, TellsZeroAsItsGateSays) {
+TEST(ResultRow, ZeroAndGates) {
     for (const ResultRow& row : kResults) {
         if (row.optional || row.message == 0) continue;
         SCOPED_TRACE(row.handler);
@@ -157,7 +132,7 @@ TEST(ResultRow, TellsZeroAsItsGateSays) {
     }
 }
 
-TEST(ResultRow, LooksNoFurtherThanItsGateLets) {
+TEST(ResultRow, GateEndsTheHandler) {
     for (const ResultRow& row : kResults) {
         SCOPED_TRACE(row.handler);
         Trial trial(row);
@@ -194,7 +169,7 @@ TEST(ResultRow, SendsNothingForACountThatItDoesNotAllow) {
     }
 }
 
-TEST(ResultRow, TakesAnEntryOfAnotherTypeForNone) {
+TEST(ResultRow, AnotherTypeCountsAsNone) {
     for (const ResultRow& row : kResults) {
         if (row.optional) continue;
         SCOPED_TRACE(row.handler);

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 #Every line of a lines.inc is written by some source, and no source writes one that stands nowhere.
 #cmake - DSOURCE = ... - P lines.cmake
 file(GLOB_RECURSE sources ${SOURCE}/src/*.cpp ${SOURCE}/src/*.h ${SOURCE}/src/*.inc)

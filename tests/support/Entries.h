@@ -1,5 +1,6 @@
-// Entries as a host hands them out, and tables of texts: a row is a line of fields between bars, an indented
-// line goes on with the row before.
+// SPDX-License-Identifier: Apache-2.0
+// Entries of a host, and tables of texts: a row is a line of fields between bars, and an indented line
+// continues the row before it.
 #pragma once
 
 #include "support/Log.h"
@@ -20,7 +21,7 @@ using F = std::vector<float>;
 using L = std::vector<int64_t>;
 using Elements = std::variant<B, I, F, L>;  // in the order of the platform's type codes
 
-// Of exactly its own bytes: a sanitizer sees who reads on.
+// The allocation has exactly the entry's bytes, so that a sanitizer detects a read past the end.
 inline camera_metadata_ro_entry entryOf(uint32_t tag, const Elements& elements) {
     camera_metadata_ro_entry entry = {};
     entry.tag = tag;
@@ -52,7 +53,7 @@ inline std::vector<std::vector<std::string>> rowsOf(const std::string& table) {
     return rows;
 }
 
-// "3,-4", or "0..10" for all from 0 to 10, of type b, i, f or l.
+// Parses "3,-4", or "0..10" for all numbers from 0 to 10, as type b, i, f or l.
 inline Elements elementsOf(char type, const std::string& text) {
     std::vector<double> numbers;
     for (const std::string& number : split(text, ',')) numbers.push_back(std::stod(number));
@@ -72,7 +73,7 @@ inline Elements elementsOf(char type, const std::string& text) {
     }
 }
 
-// "I text\n" for each line of two classes, levels D, I, W, E; other's as "> text\n".
+// Returns "I text\n" for each line of two classes, with levels D, I, W, E, and "> text\n" for other lines.
 inline std::string textOf(const std::vector<LogLine>& lines, const std::string& tag,
                           const std::string& other = "") {
     std::string text;

@@ -1,4 +1,5 @@
-// Log lines held against the formats that they were printed with.
+// SPDX-License-Identifier: Apache-2.0
+// Compares log lines with the formats that they were printed with.
 #pragma once
 
 #include <cstring>
@@ -6,7 +7,7 @@
 
 namespace qz::test {
 
-// True if the text can have been printed with the format.
+// Returns true if the format can produce the text.
 inline bool isPrintedAs(const char* format, const char* text) {
     for (; *format != '\0' && *format != '%'; ++format, ++text) {
         if (*format != *text) return false;

@@ -1,4 +1,5 @@
-// What the library logs while a test looks.
+// SPDX-License-Identifier: Apache-2.0
+// Captures the library's log lines during a test.
 #pragma once
 
 #include <android/log.h>
@@ -25,7 +26,8 @@ struct LogLine {
     }
 };
 
-// Keeps every line of the process while it lives, debug lines too. One at a time.
+// Keeps every log line of the process during its lifetime, debug lines included. Only one may exist at a
+// time.
 class LogCapture {
   public:
     LogCapture() {
@@ -43,7 +45,7 @@ class LogCapture {
     LogCapture(const LogCapture&) = delete;
     LogCapture& operator=(const LogCapture&) = delete;
 
-    // All lines since the last take(), or those of one class.
+    // Returns all lines since the last take(), or those of one class.
     std::vector<LogLine> take() {
         const std::lock_guard lock(mMutex);
         return std::exchange(mLines, {});
@@ -54,6 +56,14 @@ class LogCapture {
             std::remove_if(lines.begin(), lines.end(), [&](const LogLine& line) { return line.tag != tag; }),
             lines.end());
         return lines;
+    }
+    // Takes all lines and returns the tags of the errors.
+    std::vector<std::string> takeErrors() {
+        std::vector<std::string> tags;
+        for (const LogLine& line : take()) {
+            if (line.priority == ANDROID_LOG_ERROR) tags.push_back(line.tag);
+        }
+        return tags;
     }
 
   private:

@@ -1,4 +1,5 @@
-// The way of tests to the private state of a camera.
+// SPDX-License-Identifier: Apache-2.0
+// Gives tests access to the private state of a camera.
 #pragma once
 
 #include "CameraQzCallBack.h"
@@ -28,7 +29,7 @@ struct TestPeer {
         return new CameraQzCallBack(nullptr, camera);
     }
 
-    // The members behind the host, texts by their length.
+    // Returns the members after the host pointer, texts by their length.
     static Members members(const CCameraQzParam& of) {
         return {{"mBurstCapture", of.mBurstCapture},
                 {"mImagePostProcess", of.mImagePostProcess},
@@ -73,7 +74,7 @@ struct TestPeer {
                 {"mLowCapState", of.mLowCapState},
                 {"mMmiFocusValue", of.mMmiFocusValue}};
     }
-    // Those of both, by the names that rows of results use.
+    // Returns the members of both objects, by the names that rows of results use.
     static Members members(const CameraQzCallBack& of, const CCameraQzParam& camera) {
         Members all = members(of);
         for (const auto& [name, value] : members(camera)) all["translator's " + name] = value;
@@ -83,7 +84,7 @@ struct TestPeer {
 
 namespace test {
 
-// "name: value" for each member that is no longer what it was.
+// Returns "name: value" for each member that has changed.
 inline std::string changesOf(const TestPeer::Members& before, const TestPeer::Members& after) {
     std::string changes;
     for (const auto& [name, value] : after) {

@@ -1,4 +1,5 @@
-// Tables that fit on a few lines, and the log line that a row expects.
+// SPDX-License-Identifier: Apache-2.0
+// Tables on a few lines, and the log line that a row expects.
 #pragma once
 
 #include "support/Log.h"
@@ -23,7 +24,7 @@ inline std::vector<Row> rowsOf(const std::string& table) {
     return rows;
 }
 
-// No text is no line.
+// An empty text means no line.
 inline std::vector<LogLine> lineOf(int priority, const char* tag, const std::string& text) {
     return text.empty() ? std::vector<LogLine>{} : std::vector<LogLine>{{priority, tag, text}};
 }

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "QzName2Tag.h"
 
 #include "support/Device.h"
@@ -17,14 +18,14 @@ std::vector<LogLine>& startLines() {
     return lines;
 }
 
-// Before the library's own initialisation, which logs.
+// Runs before the library's own initialisation, which logs.
 __attribute__((constructor(101))) void keepStartLines() {
     __android_log_set_logger([](const __android_logger_data* data, const char* message) {
         startLines().push_back({data->priority, data->tag, message});
     });
 }
 
-TEST(QzName2Tag, StandsSinceTheLibraryWasLoaded) {
+TEST(QzName2Tag, ExistsAfterLoading) {
     std::ostringstream text;
     text << "QzName2Tag(" << static_cast<void*>(QzName2Tag::getInstance()) << ")";
     EXPECT_EQ(startLines(), lineOf(ANDROID_LOG_INFO, "QzName2Tag", text.str()));
@@ -35,7 +36,7 @@ TEST(QzName2Tag, StandsSinceTheLibraryWasLoaded) {
     EXPECT_EQ(QzName2Tag::getInstance()->validTag(kNone), 0);
 }
 
-// The line is one of errors, or of information when it begins with '-'.
+// The line is an error line, or an information line if it begins with '-'.
 void expectTag(const char* name, uint32_t tag, const std::string& line = "",
                uint32_t (QzName2Tag::*find)(const char*) const = &QzName2Tag::vendorTagFromName) {
     SCOPED_TRACE(name != nullptr ? name : "null");
@@ -51,7 +52,7 @@ TEST(QzName2Tag, VendorNames) {
     expectTag("a.b", kNone, "vendorTagFromName: vendor tag descriptor is NULL!");
     const std::string section = "com.ambrix.capture.metadata";
     {
-        const VendorTags none({});
+        const VendorTags none(Declarations{});
         expectTag("a.b", kNone, "-vendorTagFromName: cann't find section for tag 'a.b'!");
     }
     {
@@ -74,7 +75,7 @@ TEST(QzName2Tag, VendorNames) {
     expectTag("A.b", kNone, "-vendorTagFromName: cann't find section for tag 'A.b'!");
 }
 
-// So many sections that the place of a name among them is searched: relatives stand around it.
+// Enough sections for a binary search, with similar names beside the right one.
 TEST(QzName2Tag, LongestOfManySections) {
     const VendorTags tags({{"a.b.tag", TYPE_BYTE},
                            {"a.b.c.tag", TYPE_BYTE},
@@ -91,7 +92,7 @@ TEST(QzName2Tag, LongestOfManySections) {
     expectTag("a.b.cc.tag", 0x80000004);
     expectTag("a.b.d.tag", 0x80000005);
     expectTag("z.tag", 0x80000006);
-    // A section's own name is not one of its tags, nor of those of a shorter section.
+    // The name of a section is not a tag of that section, nor of a shorter one.
     expectTag("a.b.c", kNone, "vendorTagFromName: Key length too short for key 'a.b.c'.");
     expectTag("z", kNone, "vendorTagFromName: Key length too short for key 'z'.");
     expectTag("a.b.x.tag", kNone);  // in a.b, which has no "x.tag"
@@ -99,7 +100,7 @@ TEST(QzName2Tag, LongestOfManySections) {
     expectTag("zz", kNone, "vendorTagFromName: Key length too short for key 'zz'.");
 }
 
-// Of any length, with one byte that differs.
+// Sections of any length that differ in one byte.
 TEST(QzName2Tag, EveryByteOfASectionCounts) {
     for (const size_t length :
          std::initializer_list<size_t>{1, 2, 3, 4, 5, 7, 8, 9, 11, 12, 15, 16, 17, 25}) {

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "text/Parsers.h"
 
 #include "support/Rows.h"
@@ -85,7 +86,7 @@ void expectReads(const std::string& text, T (*read)(const char*, const char**),
     }
 }
 
-TEST(Numbers, AreTheNearestThatThereIs) {
+TEST(Numbers, AreRoundedToNearest) {
     std::vector<std::string> texts{"", " 1.5", "\t2", "1.5 "};
     for (const Row& row : rowsOf(R"(
             0 -0 0.0 12. .5 . 1:5 1.5:2 -1.5 +2 0.98,1.02 1.5abc 1.5e 1e3 1E3 1.e5 2.5e-3 0x10 0X1p3 0x x 1..5 00012.50
@@ -116,7 +117,7 @@ TEST(Parsers, Coordinate) {
     }
 }
 
-// Two numbers asked for; errno is what an earlier conversion left.
+// Asks for two numbers. errno has the value of an earlier conversion.
 template <typename T>
 void expectTuples(int (*parse)(const char*, T*, size_t), const char* table) {
     for (const Row& row : rowsOf(table)) {
@@ -138,7 +139,7 @@ TEST(Parsers, Tuples) {
         (on,1)|-22|7|8 (1,1e39)|-22|1|8 (1,1e-50)|-22|1|8)");
 }
 
-// Microseconds, and the rational: -7/-7 is untouched.
+// Columns: microseconds, and the fraction. -7/-7 means unchanged.
 TEST(Parsers, ExposureTimes) {
     for (const Row& row : rowsOf(R"(
             1/8000|125|1/8000 1/3|333333|1/3 1/0|0|1/0 /4|0|0/4 1.5/2|500000|1/2 1/2/4|500000|1/2

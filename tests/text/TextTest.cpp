@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "text/Text.h"
 
 #include <gmock/gmock.h>
@@ -11,7 +12,7 @@
 namespace qz::test {
 namespace {
 
-// Around the length at which a text outgrows its own memory.
+// Lengths around the size of the internal buffer.
 TEST(Text, AnyLength) {
     for (const size_t first : std::initializer_list<size_t>{0, 1, 254, 255, 256, 700}) {
         for (const size_t second : std::initializer_list<size_t>{0, 1, 2, 300}) {

@@ -1,11 +1,13 @@
-// A HAL's vendor tag functions over a table, and the log lines that a piece of code writes.
+// SPDX-License-Identifier: Apache-2.0
+// Vendor tags that a test declares as it likes: the functions of a HAL over a table, and the process's
+// descriptor of them.
 #pragma once
 
-#include <android/log.h>
 #include <camera/VendorTagDescriptor.h>
 #include <system/camera_metadata.h>
 
 #include <algorithm>
+#include <deque>
 #include <string>
 #include <utility>
 #include <vector>
@@ -19,7 +21,7 @@ struct VendorTag {
     int type;
 };
 
-// The functions find their object behind the table they are handed, as a HAL's do.
+// The functions find their object from the table that they receive, as in a HAL.
 struct VendorTagOps : vendor_tag_ops_t {
     explicit VendorTagOps(std::vector<VendorTag> rows) : vendor_tag_ops_t(), tags(std::move(rows)) {
         get_tag_count = [](const vendor_tag_ops_t* ops) { return static_cast<int>(of(ops).tags.size()); };
@@ -42,36 +44,36 @@ struct VendorTagOps : vendor_tag_ops_t {
     std::vector<VendorTag> tags;
 };
 
-// Sets a global descriptor of these tags for as long as it lives.
-class GlobalVendorTags {
+// Full tag names with their element types.
+using Declarations = std::vector<std::pair<std::string, int>>;
+
+// Makes the declared tags the process's vendor tags during its lifetime. Only one may exist at a time.
+class VendorTags {
   public:
-    explicit GlobalVendorTags(const std::vector<VendorTag>& tags) {
+    explicit VendorTags(const std::vector<VendorTag>& tags) { install(tags); }
+
+    // Numbers the tags from 0x80000000 on.
+    explicit VendorTags(const Declarations& declarations) {
+        std::deque<std::string> texts;
+        std::vector<VendorTag> tags;
+        for (const auto& [name, type] : declarations) {
+            const size_t dot = name.rfind('.');
+            const char* section = texts.emplace_back(name.substr(0, dot)).c_str();
+            const auto tag = static_cast<uint32_t>(0x80000000 + tags.size());
+            tags.push_back({tag, section, texts.emplace_back(name.substr(dot + 1)).c_str(), type});
+        }
+        install(tags);
+    }
+    ~VendorTags() { android::VendorTagDescriptor::clearGlobalVendorTagDescriptor(); }
+    VendorTags(const VendorTags&) = delete;
+    VendorTags& operator=(const VendorTags&) = delete;
+
+  private:
+    static void install(const std::vector<VendorTag>& tags) {
         const VendorTagOps ops(tags);
         android::sp<android::VendorTagDescriptor> descriptor;
         android::VendorTagDescriptor::createDescriptorFromOps(&ops, descriptor);
         android::VendorTagDescriptor::setAsGlobalVendorTagDescriptor(descriptor);
-    }
-    ~GlobalVendorTags() { android::VendorTagDescriptor::clearGlobalVendorTagDescriptor(); }
-    GlobalVendorTags(const GlobalVendorTags&) = delete;
-    GlobalVendorTags& operator=(const GlobalVendorTags&) = delete;
-};
-
-// The tags of the error lines written while it lives.
-class ErrorLog {
-  public:
-    ErrorLog() {
-        lines().clear();
-        __android_log_set_logger([](const __android_logger_data* line, const char* /*message*/) {
-            if (line->priority == ANDROID_LOG_ERROR) lines().emplace_back(line->tag);
-        });
-    }
-    ~ErrorLog() { __android_log_set_logger(__android_log_stderr_logger); }
-    ErrorLog(const ErrorLog&) = delete;
-    ErrorLog& operator=(const ErrorLog&) = delete;
-
-    static std::vector<std::string>& lines() {
-        static std::vector<std::string> lines;
-        return lines;
     }
 };
 

@@ -1,0 +1,18 @@
+// SPDX-License-Identifier: Apache-2.0
+// The built-in device, read once for a test program.
+#pragma once
+
+#include "device/BuiltIn.h"
+#include "device/DumpParser.h"
+
+namespace qzcam::test {
+
+inline const Device& builtIn() {
+    static const Device built = [] {
+        Problems problems("device");
+        return parseDump(builtInDevice(), "device", "", problems);
+    }();
+    return built;
+}
+
+}  // namespace qzcam::test

@@ -1,0 +1,92 @@
+// SPDX-License-Identifier: Apache-2.0
+// The files that --html writes; what browsers make of them is tested in tests/web.
+#include "Tool.h"
+#include "device/BuiltIn.h"
+
+#include <gmock/gmock.h>
+#include <nlohmann/json.hpp>
+
+#include <sstream>
+
+namespace qzcam {
+namespace {
+
+using nlohmann::json;
+using testing::HasSubstr;
+using testing::Not;
+
+class Pages : public RunTool {
+  public:
+    static std::string read(const std::string& path) {
+        std::ifstream stream(path, std::ios::binary);
+        std::ostringstream text;
+        text << stream.rdbuf();
+        return text.str();
+    }
+
+    // The JSON in a page.
+    static std::string data(const std::string& page, const std::string& name) {
+        const std::string begin = "<script type=\"application/json\" data-name=\"" + name + "\">\n";
+        const size_t from = page.find(begin);
+        if (from == std::string::npos) return "none";
+        return page.substr(from + begin.size(), page.find("</script>", from) - from - begin.size());
+    }
+};
+
+TEST_F(Pages, HoldTheJsonOfTheCommand) {
+    const std::string page = file("page.html", "");
+    ASSERT_EQ(tool({"check", "--json", "--html", page}), 0) << mErr;
+    EXPECT_EQ(json::parse(data(read(page), "check")), json::parse(mOut));
+    std::string other(builtInDevice());
+    other.replace(other.rfind("(qz-zsl-mode)"), 13, "(qz-zsl-mood)");
+    ASSERT_EQ(tool({"diff", file("other.dumpsys", other), "--json", "--html", page}), 1) << mErr;
+    EXPECT_EQ(json::parse(data(read(page), "diff")), json::parse(mOut));
+    const std::string session = file("a.qzs", "open 0\nset iso=1600\nrequest\nresult focusVcmValue=3\n");
+    ASSERT_EQ(tool({"run", session, "--json", "--log", "silent", "--html", page}), 0) << mErr;
+    std::istringstream inPage(data(read(page), "events"));
+    std::istringstream printed(mOut);
+    std::string expected;
+    for (std::string line; std::getline(inPage, line);) {
+        const json event = json::parse(line);
+        if (event.value("event", "") == "log") continue;
+        ASSERT_TRUE(std::getline(printed, expected));
+        EXPECT_EQ(event, json::parse(expected));
+    }
+}
+
+TEST_F(Pages, AreTheSameForTheSameInput) {
+    const std::string one = file("1.html", "");
+    const std::string other = file("2.html", "");
+    ASSERT_EQ(tool({"run", "--html", one}), 0) << mErr;
+    ASSERT_EQ(tool({"run", "--html", other}), 0) << mErr;
+    EXPECT_EQ(read(one), read(other));
+}
+
+TEST_F(Pages, KeepDataApartFromThePage) {
+    const std::string page = file("page.html", "");
+    const std::string session =
+        file("a.qzs", "open 0\nset iso=</script><!--<script>alert(1)&\xE2\x80\xA8\nrequest\n");
+    ASSERT_EQ(tool({"run", session, "--html", page}), 0) << mErr;
+    const std::string events = data(read(page), "events");
+    EXPECT_THAT(events,
+                HasSubstr("iso=\\u003c/script\\u003e\\u003c!--\\u003cscript\\u003ealert(1)\\u0026\\u2028"));
+    for (const char* raw : {"<", "&", "\xE2\x80\xA8"}) EXPECT_THAT(events, Not(HasSubstr(raw)));
+}
+
+TEST_F(Pages, DoNotReplaceInputsAndDoNotStayFromBefore) {
+    const std::string session = file("a.qzs", "open 0\n");
+    EXPECT_EQ(tool({"run", session, "--html", session}), 2);
+    EXPECT_THAT(mErr, HasSubstr("is an input: expected another file for --html"));
+    EXPECT_EQ(read(session), "open 0\n");
+    const std::string dump = file("a.dumpsys", "nothing");
+    EXPECT_EQ(tool({"check", "--device", dump, "--html", dump}), 2);
+    EXPECT_EQ(tool({"diff", dump, "--html", dump}), 2);
+    const std::string page = file("page.html", "old");
+    EXPECT_EQ(tool({"check", "--device", dump, "--html", page}), 3);
+    EXPECT_THAT(read(page), HasSubstr("Not finished"));
+    EXPECT_EQ(tool({"check", "--html", testing::TempDir()}), 3);
+    EXPECT_THAT(mErr, HasSubstr("cannot write it"));
+}
+
+}  // namespace
+}  // namespace qzcam
