@@ -1,6 +1,7 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "Allocations.h"
 
-// The C library's own functions behind the ones below. NOLINTBEGIN(bugprone-reserved-identifier)
+// The C library's own functions, which those below call. NOLINTBEGIN(bugprone-reserved-identifier)
 extern "C" {
 void* __libc_malloc(size_t size);
 void* __libc_calloc(size_t count, size_t size);
@@ -16,7 +17,7 @@ size_t gAllocations = 0;
 
 size_t qz::bench::allocations() { return gAllocations; }
 
-// Every library of the process calls these instead of the C library's; operator new does so too.
+// Every library of the process calls these functions instead of the C library's; operator new does too.
 extern "C" {
 void* malloc(size_t size) {
     ++gAllocations;

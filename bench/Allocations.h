@@ -1,4 +1,5 @@
-// How often the process has asked for memory.
+// SPDX-License-Identifier: Apache-2.0
+// Counts the allocations of the process.
 #pragma once
 
 #include <cstddef>

@@ -1,5 +1,7 @@
-// A plugin of the emulator: at each mark that the emulated program sets, writes the blocks of instructions
-// that the program has executed since the mark before, one a line: address, instructions in it, executions.
+// SPDX-License-Identifier: Apache-2.0
+// A plugin of the emulator. At each mark that the emulated program sets, it writes the blocks of instructions
+// that the program has executed since the last mark, one on each line: address, number of instructions,
+// executions.
 //
 //     qemu-arm -plugin libblocks.so,out=PATH PROGRAM
 #include <cinttypes>
@@ -36,7 +38,7 @@ struct Block {
     uint64_t executions;  // the emulator counts here
 };
 
-// A block that is translated once more has one more place. References to elements stay valid.
+// A block that is translated again gets another element. References to elements stay valid.
 std::deque<Block> gBlocks;
 FILE* gOutput = nullptr;
 

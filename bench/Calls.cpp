@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "Calls.h"
 
 #include <android/log.h>
@@ -94,7 +95,7 @@ class RecordingAdapter : public QzParametersEx {
     Calls* mRecord;
 };
 
-// The host takes every message and forgets it.
+// The host accepts every message and ignores it.
 class Host : public ExtCallBackInterface {
   public:
     status_t notifyCallback(int32_t /*type*/, int32_t /*ext1*/, int32_t /*ext2*/) override {
@@ -131,9 +132,9 @@ class RecordingHost : public ExtCallBackInterface {
     Calls* mRecord;
 };
 
-// Puts an argument where the same call of print() passes it on. A 32-bit machine has all in one row, with two
-// words at an even place for a wide one; three arguments stand before. A 64-bit machine has floating point
-// apart.
+// Stores an argument in the place from which print() passes it on. A 32-bit machine passes all arguments in
+// one sequence of words, a wide one in two words at an even index; three arguments come before. A 64-bit
+// machine passes floating point separately.
 template <typename T>
 void add(Calls::Line& line, T value) {
     constexpr bool wide = sizeof(T) > sizeof(uintptr_t);
@@ -147,7 +148,7 @@ void add(Calls::Line& line, T value) {
 }
 
 Calls::Line lineOf(int priority, const char* tag, const char* format, va_list arguments) {
-    static std::list<std::string> texts;  // outlive the buffers that arguments point to
+    static std::list<std::string> texts;  // outlive the arguments' buffers
     Calls::Line line = {priority, tag, format, {}, {}, 0, 0};
     for (const char* at = strchr(format, '%'); at != nullptr; at = strchr(at + 1, '%')) {
         const char* const flags = at + 1;
@@ -167,7 +168,7 @@ Calls::Line lineOf(int priority, const char* tag, const char* format, va_list ar
     return line;
 }
 
-// Short lines take no more than the registers that any call has.
+// Short lines need no more registers than any call has.
 void print(const Calls::Line& line) {
     int (*const log)(int, const char*, const char*, ...) = __android_log_print;
     const auto& [a, b, c, d, e, f, g, h, i, j, k, l] = line.words;
@@ -246,12 +247,12 @@ void stopRecordingLines() { gLineRecord = nullptr; }
 
 }  // namespace qz::bench
 
-// Takes the place of the log's own function, which does the same but records nothing.
+// Replaces the log's own function, which does the same but records nothing.
 int __android_log_print(int priority, const char* tag, const char* format, ...) {
     va_list arguments;
     va_start(arguments, format);
     if (qz::bench::gLineRecord != nullptr) {
-        // A name without a section gets no further than the list of sections.
+        // The lookup of a name without a section ends at the list of sections.
         if (strcmp(tag, "QzName2Tag") == 0) ++qz::bench::gLineRecord->withoutSection;
         va_list copy;
         va_copy(copy, arguments);

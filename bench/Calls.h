@@ -1,7 +1,8 @@
-// The floor: the calls that a pass makes of the platform, and a loop that makes them again and nothing else.
+// SPDX-License-Identifier: Apache-2.0
+// The floor: the platform calls of a pass, and a loop that repeats only these calls.
 //
-// A camera that writes down what it is asked records them from the pass itself. A vendor name counts as
-// looked up when its tag is used; bench/measure counts the calls of both sides and tells when they differ.
+// A recording camera takes the calls from the pass itself. A vendor name counts as looked up when its tag is
+// used. bench/measure counts the calls of both sides and reports a difference.
 #pragma once
 
 #include "Camera.h"
@@ -38,8 +39,8 @@ struct Calls {
         const char* tag;
         const char* format;
         std::array<uintptr_t, 12>
-            words;                      // the arguments; on a 64-bit machine those that are no floating point
-        std::array<double, 4> numbers;  // those that are
+            words;  // the arguments; on a 64-bit machine those that are not floating point
+        std::array<double, 4> numbers;  // the floating-point arguments of a 64-bit machine
         size_t wordCount;
         size_t numberCount;
     };
@@ -48,21 +49,21 @@ struct Calls {
     std::vector<std::string> numbers;  // keys read by getInt()
     std::vector<Text> settings;
     std::vector<Lookup> lookups;
-    size_t withoutSection = 0;  // names that end at the list of sections
+    size_t withoutSection = 0;  // names whose lookup ends at the list of sections
     std::vector<uint32_t> statics;
     std::vector<uint32_t> results;
     std::vector<Write> writes;
     std::vector<Message> messages;
     std::vector<Line> lines;
 
-    // What no recorder sees.
+    // Calls that no recorder sees.
     std::vector<Text> properties;    // names and defaults
-    std::vector<std::string> wides;  // texts that become UTF-16
+    std::vector<std::string> wides;  // texts that are converted to UTF-16
 
     void make(Camera& camera, const android::CameraMetadata& result, android::CameraMetadata* request) const;
 };
 
-// Between the two, every line that the library logs goes into `calls` too.
+// Between these two calls every log line of the library is added to `calls` too.
 void recordLines(Calls* calls);
 void stopRecordingLines();
 

@@ -1,4 +1,5 @@
-// A camera as a host has it. Its device's vendor tags are those of the process while it is measured.
+// SPDX-License-Identifier: Apache-2.0
+// A camera of a host. The vendor tags of its device are those of the process during the measurement.
 #pragma once
 
 #include <CameraQzCallBack.h>
@@ -17,7 +18,7 @@ struct Device {
 };
 
 struct Camera {
-    // Writes down into `record`, unless it is null, what is asked of its adapter and its host.
+    // Records the calls to its adapter and its host in `record`, unless it is null.
     explicit Camera(const Device& device, Calls* record = nullptr);
     Camera(const Camera&) = delete;
     Camera& operator=(const Camera&) = delete;

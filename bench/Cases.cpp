@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "Cases.h"
 
 #include <QzPerformEx.h>
@@ -37,7 +38,7 @@ void request(Camera& camera) {
     camera.translator().paramToMetaData(&metadata);
 }
 
-// What request passes call beside their adapter.
+// Platform calls of request passes that do not go through the adapter.
 void noteUnseen(const Camera& camera, Calls* calls) {
     for (const char* key : {"post-process-picture-name", "qz-raw-img-path-name"}) {
         if (const char* name = camera.parameters.get(key)) calls->wides.emplace_back(name);
@@ -46,7 +47,7 @@ void noteUnseen(const Camera& camera, Calls* calls) {
     calls->properties.push_back({"camera.debug.mode", "0"});
 }
 
-// What a pass asks of the platform once it has settled: some state is only written when it changes.
+// Records the platform calls of a pass after two runs: some state is written only when it changes.
 Calls recorded(const Device& device, const std::string& parameters, const Run& pass) {
     Calls calls;
     Camera camera(device, &calls);
@@ -61,7 +62,7 @@ Calls recorded(const Device& device, const std::string& parameters, const Run& p
     return calls;
 }
 
-// `pass` beside its floor, which reads results from `result`.
+// Returns a case with `pass` and its floor, which reads results from `result`.
 Case against(const std::string& name, const std::shared_ptr<Device>& device, const std::string& parameters,
              const Run& pass, const CameraMetadata& result = {}) {
     device->install();
@@ -85,7 +86,7 @@ Case against(const std::string& name, const std::shared_ptr<Device>& device, con
 
 void capabilities(Camera& camera) { camera.translator().metaDataToParam(); }
 
-// In professional mode, in which handlers look at more.
+// Measured in professional mode, in which handlers read more entries.
 Run results(const std::vector<CameraMetadata>& rounds) {
     return [rounds](Camera& camera) {
         for (const CameraMetadata& result : rounds) camera.callbacks->processQzCallBack(result);
@@ -93,7 +94,7 @@ Run results(const std::vector<CameraMetadata>& rounds) {
 }
 const char kResultSection[] = "com.ambrix.capture.metadata";
 
-// Two results; the vendor tags must be installed.
+// Creates two results. The vendor tags must be installed.
 std::vector<CameraMetadata> resultsWithEveryEntry() {
     std::vector<CameraMetadata> rounds(2);
     const auto tags = VendorTagDescriptor::getGlobalVendorTagDescriptor();
@@ -123,7 +124,7 @@ Case resultCase(const std::string& name, const std::shared_ptr<Device>& device) 
     return against(name, device, kProfessional, results(rounds), rounds[0]);
 }
 
-// At level 0, one batch of requests and one result.
+// Inspects one batch of requests and one result at level 0.
 Case inspectionCase(const std::shared_ptr<Device>& device) {
     const sp<QzPerformEx> inspection = new QzPerformEx(0);
     const auto requests = std::make_shared<android::List<const CameraMetadata>>();
@@ -158,7 +159,7 @@ std::vector<Case> markedCases() {
 
 namespace {
 
-// The first `count` parameters: those that the library reads, then strangers.
+// Sets the first `count` parameters: those that the library reads, then others.
 std::string parameters(size_t count) {
     std::string all = everyKey();
     size_t end = 0;
@@ -171,7 +172,7 @@ std::string parameters(size_t count) {
     return all.substr(0, end);
 }
 
-// What results are looked through for, in one section, and strangers for the rest.
+// Declares the tags of results in one section, and other tags for the rest.
 std::shared_ptr<Device> deviceWith(size_t sections, size_t tags) {
     qzcam::Device device = builtIn();
     const std::vector<qzcam::Tag> declared = std::move(device.vendorTags);

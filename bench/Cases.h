@@ -1,4 +1,5 @@
-// The measured passes, and what each is measured against.
+// SPDX-License-Identifier: Apache-2.0
+// The measured passes and their floors.
 #pragma once
 
 #include <functional>
@@ -9,11 +10,11 @@ namespace qz::bench {
 
 struct Case {
     std::string name;
-    std::function<void()> prepare;  // before either side, whenever another case has run
+    std::function<void()> prepare;  // runs before both sides if another case has run
     std::function<void()> floor;
     std::function<void()> library;
-    bool marked = false;            // bench/measure has a limit for what the library takes beside the floor
-    bool allocatesNothing = false;  // beyond what the floor does
+    bool marked = false;            // bench/measure has a limit for the ratio to the floor
+    bool allocatesNothing = false;  // more than the floor does
 
     Case withMark() && {
         marked = true;
@@ -27,7 +28,7 @@ struct Case {
 
 std::vector<Case> markedCases();
 
-// Passes over more and more parameters, vendor sections and vendor tags: "sections 10".
+// Passes with growing numbers of parameters, vendor sections and vendor tags: "sections 10".
 std::vector<Case> growingCases();
 
 }  // namespace qz::bench

@@ -1,4 +1,5 @@
-// What goes through the passes: a value for every key, and results with every entry.
+// SPDX-License-Identifier: Apache-2.0
+// Inputs of the measured passes: a value for every key, and results with every entry.
 #pragma once
 
 #include <cstdint>
@@ -7,8 +8,8 @@
 
 namespace qz::bench {
 
-// Flattened: what stands in the parameters of any phone, without what the library reads, and without the
-// scene modes: each capability pass adds to them.
+// Flattened parameters of a phone, without the keys of the library, and without the scene modes, which each
+// capability pass would extend.
 inline std::string standardKeys() {
     return "preview-size=1920x1080;preview-size-values=1920x1080,1440x1080,1280x720,640x480;"
            "preview-format=yuv420sp;preview-format-values=yuv420sp,yuv420p;preview-frame-rate=30;"
@@ -31,7 +32,7 @@ inline std::string standardKeys() {
            "video-snapshot-supported=true;video-stabilization-supported=true";
 }
 
-// Flattened. No two features shut each other out, so that every key is read and nearly every one is written.
+// Flattened. No feature excludes another, so that every key is read and nearly every one is written.
 inline std::string everyKey() {
     std::string keys =
         "brightness=100;burst-capture=5;burst-delay-ms=40;burst-stop-command=true;contrast=150;"
@@ -104,7 +105,7 @@ inline std::string everyKey() {
     return keys;
 }
 
-// Entries of the capture section: a value for each of two results, so that every handler has news each time.
+// Entries of the capture section with one value for each of two results, so that every handler sees a change.
 struct ResultEntry {
     const char* name;
     std::vector<int32_t> first;

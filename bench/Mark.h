@@ -1,4 +1,5 @@
-// The mark that a measured program sets for the emulator: a system call with this first argument.
+// SPDX-License-Identifier: Apache-2.0
+// A mark of the measured program for the emulator: a system call with this first argument.
 #pragma once
 
 #include <cstdint>

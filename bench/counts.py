@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 """Runs a build's bench/cost under the emulator: instructions and platform calls of each case, side by side."""
 import bisect
 import collections
@@ -72,7 +73,7 @@ def measure(build, emulator, binutils, plugin, short=False):
             between = file.read().split("\n\n")
     maps, lines = output.split("\n\n")
     process = Process(maps, binutils)
-    # What lies before the first mark and between the cases is not counted.
+    # Blocks before the first mark and between the cases are not counted.
     sides = [process.side(blocks) for blocks in between[1::2]]
     marks = sides.pop(0).instructions
     sides = [side._replace(instructions=side.instructions - marks) for side in sides]

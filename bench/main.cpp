@@ -1,6 +1,7 @@
-// Runs each case under the emulator, with marks before and after what is counted: first nothing, for what the
-// marks themselves take, then floor and library of each case. Prints where the libraries are, then a line for
-// each case: name, has a mark, may not allocate, allocations of floor and library.
+// SPDX-License-Identifier: Apache-2.0
+// Runs each case under the emulator, with marks before and after the counted part: first an empty part, for
+// the cost of the marks, then floor and library of each case. Prints the addresses of the libraries, then a
+// line for each case: name, has a mark, may not allocate, allocations of floor and library.
 #include <android/log.h>
 #include <sys/syscall.h>
 #include <unistd.h>
@@ -27,7 +28,7 @@ void count(const std::function<void()>& side) {
     mark();
 }
 
-// Results come in twos: after two passes a side has settled.
+// Results alternate: after two passes the state of a side no longer changes.
 void settleAndCount(const std::function<void()>& side) {
     for (int i = 0; i < 2; ++i) side();
     count(side);
@@ -51,7 +52,7 @@ void measure(const std::vector<Case>& cases) {
 
 }  // namespace
 
-// cost [--short]: without the cases that grow.
+// Usage: cost [--short]. --short leaves out the growing cases.
 int main(int argc, char** argv) {
     __android_log_set_logger([](const __android_logger_data*, const char*) {});
     std::cout << std::ifstream("/proc/self/maps").rdbuf() << std::endl;

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 # The Android libraries that Debian installs beside the system's own: imported targets android::utils, android::log,
 # android::base and android::headers. Also installed with the package, so that a consumer finds them the same way.
 include_guard(GLOBAL)
@@ -16,7 +17,7 @@ foreach(name utils log base)
         INTERFACE_LINK_LIBRARIES android::headers)
 endforeach()
 
-# libutils needs libraries of the same folder, which no default search path holds.
+# libutils needs libraries of the same folder, which is in no default search path.
 get_filename_component(QZ_ANDROID_LIBRARY_DIR "${QZ_ANDROID_utils_LIBRARY}" DIRECTORY)
 set_property(TARGET android::utils APPEND PROPERTY
     INTERFACE_LINK_OPTIONS "LINKER:-rpath-link,${QZ_ANDROID_LIBRARY_DIR}" "LINKER:-rpath,${QZ_ANDROID_LIBRARY_DIR}")

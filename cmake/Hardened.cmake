@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 # Protection of what is installed against faults that an attacker could use: a buffer that is written past its end, a
 # pointer to a function that is overwritten. An Android tree has its own flags for the same.
 option(QZ_HARDEN "Protect what is installed against overwritten memory" ON)
@@ -5,16 +6,15 @@ option(QZ_HARDEN "Protect what is installed against overwritten memory" ON)
 include(CheckPIESupported)
 check_pie_supported(LANGUAGES CXX)
 
-# Fortified calls would hide from a sanitizer what they replace, and without optimisation there are none.
+# A sanitizer cannot check fortified calls, and without optimisation there are none.
 if(QZ_HARDEN AND NOT QZ_SANITIZE)
     set(QZ_HARDENED $<CONFIG:Release,RelWithDebInfo,MinSizeRel>)
 else()
     set(QZ_HARDENED 0)
 endif()
 
-# Landing pads for indirect calls and jumps. Debian's startup files have no marks for the loader. The mark for the
-# shadow stack is set by hand, since these files return as they were called; the mark for landing pads cannot be set,
-# since they have none.
+# Landing pads for indirect calls and jumps. Debian's startup files have no marks for the loader. The mark for the shadow
+# stack is set here, since these files return normally. The mark for landing pads cannot be set, since they have none.
 if(CMAKE_SYSTEM_PROCESSOR MATCHES "^(x86_64|AMD64|i[3-6]86)$")
     set(QZ_CET -fcf-protection=full)
     set(QZ_CET_MARK LINKER:-z,shstk)

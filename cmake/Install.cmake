@@ -1,9 +1,10 @@
-# What another project needs to build against the library on a Linux host: library, headers, host platform, package.
+# SPDX-License-Identifier: Apache-2.0
+# Installs the files that another project needs on a Linux host: library, headers, host platform, package.
 include(CMakePackageConfigHelpers)
 
-# The build tree is laid out like an installed copy, so that objects find each other the same way in both and are
-# installed as they are. CMake would otherwise rewrite their RUNPATH, and reserve the room with empty elements: each of
-# them is the current folder of whoever starts the program.
+# The build tree has the layout of an installed copy, so that libraries and programs find each other in both and are installed
+# unchanged. Otherwise CMake would rewrite their RUNPATH and reserve room with empty elements, each of which means the
+# current folder.
 file(RELATIVE_PATH QZ_LIBRARIES_FROM_PROGRAMS ${CMAKE_INSTALL_FULL_BINDIR} ${CMAKE_INSTALL_FULL_LIBDIR})
 string(REGEX REPLACE "/$" "" QZ_LIBRARIES_FROM_PROGRAMS ${QZ_LIBRARIES_FROM_PROGRAMS})
 set_target_properties(qzcamera qzcamera_platform PROPERTIES

@@ -1,5 +1,6 @@
-# Warnings for all code of the project. They are errors in the presets of those who work on it only: another compiler
-# may know more warnings, and must still build a release.
+# SPDX-License-Identifier: Apache-2.0
+# Warnings for all code of the project. They are errors only in the developers' presets: a newer compiler may have more
+# warnings and must still build a release.
 include_guard(GLOBAL)
 
 option(QZ_WERROR "Treat compiler warnings as errors" OFF)

@@ -1,5 +1,6 @@
-# 32-bit ARM as the devices have it, on Debian's armhf: compiler and C library of the cross toolchain, everything else
-# from the folder that cmake/armhf/sysroot makes, programs run under qemu.
+# SPDX-License-Identifier: Apache-2.0
+# 32-bit ARM, like the devices, with Debian's armhf: compiler and C library of the cross toolchain, everything else from the
+# folder that cmake/armhf/sysroot creates. Programs run under qemu.
 set(CMAKE_SYSTEM_NAME Linux)
 set(CMAKE_SYSTEM_PROCESSOR armv7-a)
 set(QZ_ARMHF_SYSROOT "${CMAKE_CURRENT_LIST_DIR}/../../build/armhf-sysroot" CACHE PATH "Unpacked armhf packages")
@@ -16,7 +17,7 @@ set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)
 
-# The unpacked libraries name each other without a path.
+# The unpacked libraries refer to each other without a path.
 foreach(folder usr/lib/arm-linux-gnueabihf usr/lib/arm-linux-gnueabihf/android lib/arm-linux-gnueabihf usr/lib/p7zip)
     string(APPEND link_folders " -Wl,-rpath-link,${sysroot}/${folder}")
 endforeach()
