@@ -30,7 +30,7 @@ bool isOfEntries(qzcam::Left::Kind kind) {
 }
 
 // Each entry of the camera is used or named as left, and each line that looks like an entry is in an array,
-// or named.
+// named as left, or an error of the service ("!! ..."), which is told as such.
 void requireAccounted(std::string_view text) {
     const qzcam::Report report = qzcam::readDump(text);
     qzcam::Problems problems("dump");
@@ -48,6 +48,7 @@ void requireAccounted(std::string_view text) {
     for (const auto& array : report.arrays) {
         for (const auto& entry : array.entries) lines.insert(entry.line);
     }
+    for (const auto& error : report.errors) lines.insert(error.line);
     qzcam::Lines all(text);
     for (std::string_view line; all.next(line);) {
         const auto entry = qzcam::parseEntry(qzcam::withoutBlanks(line));

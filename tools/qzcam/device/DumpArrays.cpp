@@ -166,11 +166,15 @@ bool DumpReader::isStillArray() const {
     return false;
 }
 
-// An entry whose array has lost its head, or one that strayed into a list of other things.
-bool DumpReader::strayEntry() {
+bool DumpReader::isEntry() const {
     if (mBody.back() != ']') return false;
     const auto entry = parseEntry(mBody);
-    if (!entry || !isElementType(entry->type)) return false;
+    return entry && isElementType(entry->type);
+}
+
+// An entry whose array has lost its head, or one that strayed into a list of other things.
+bool DumpReader::strayEntry() {
+    if (!isEntry()) return false;
     const bool isPlace = mRegion == Region::Camera || mRegion == Region::Client || mRegion == Region::Other;
     if (!isPlace) {
         leaveUnused(Left::Kind::GarbledLine, excerpt(mBody));

@@ -44,8 +44,12 @@ Report DumpReader::read() {
 
 void DumpReader::take() {
     if (mRegion == Region::HalText && !endsHalText()) return;
+    const size_t errors = mReport.errors.size();
     if (title()) {
         mReport.isDump = true;
+        // Two lines that have run together: the title counts, the entry behind it is lost.
+        if (mReport.errors.size() == errors && isEntry())
+            leaveUnused(Left::Kind::GarbledLine, excerpt(mBody));
         return;
     }
     takeInRegion();

@@ -52,6 +52,7 @@ class DumpReader {
     void valueLine();
     bool isComplete(const ArrayEntry& entry) const;
     bool isStillArray() const;
+    bool isEntry() const;
     bool strayEntry();
 
     void openVendor();
