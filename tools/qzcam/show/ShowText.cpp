@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "base/Text.h"
 #include "show/ShowReport.h"
+#include "show/Table.h"
 
 #include <fmt/format.h>
 
@@ -12,36 +13,7 @@ namespace qzcam {
 
 namespace {
 
-using Row = std::vector<std::string>;
-
-constexpr size_t kWidest = 60;    // cell of a table
 constexpr size_t kMostTags = 12;  // listed of a log
-constexpr size_t kLongestLine = 160;
-
-// Columns side by side, the last one as it is.
-std::string table(const std::vector<Row>& rows) {
-    std::vector<size_t> widths;
-    for (const Row& row : rows) {
-        widths.resize(std::max(widths.size(), row.size()));
-        for (size_t i = 0; i + 1 < row.size(); ++i)
-            widths[i] = std::max(widths[i], std::min(row[i].size(), kWidest));
-    }
-    std::string text;
-    for (const Row& row : rows) {
-        std::string line = " ";
-        for (size_t i = 0; i < row.size(); ++i) {
-            const bool isLast = i + 1 == row.size();
-            if (isLast || widths[i] > 0) line += fmt::format(" {:<{}} ", row[i], isLast ? 0 : widths[i]);
-        }
-        text += line.substr(0, line.find_last_not_of(' ') + 1) + "\n";
-    }
-    return text;
-}
-
-std::string numberOf(size_t read, const std::optional<size_t>& announced) {
-    if (!announced || *announced == read) return fmt::to_string(read);
-    return fmt::format("{} / {}", read, *announced);
-}
 
 class Text {
   public:
@@ -359,40 +331,6 @@ std::string kindOf(const Contents& contents) {
 
 std::string contentsText(const Contents& contents, const ShowView& view) {
     return Text(contents, view).whole();
-}
-
-std::string arraysText(const std::vector<const MetadataArray*>& arrays, const ShowView& view) {
-    std::string text;
-    for (const MetadataArray* array : arrays) {
-        const std::string title =
-            fmt::format("{} of {}, {} {}, line {}{}", nameOf(*array),
-                        array->camera.empty() ? "no camera" : fmt::format("camera {}", array->camera),
-                        numberOf(array->entries.size(), array->announced),
-                        array->entries.size() == 1 ? "entry" : "entries", array->line,
-                        array->previousSession ? ", previous session" : "");
-        text += text.empty() ? "" : "\n";
-        text += view.colour ? fmt::format("\033[1m{}\033[0m\n", visible(title)) : visible(title) + "\n";
-        std::vector<Row> rows;
-        for (const ArrayEntry& entry : array->entries) {
-            const EntryValues values = readValues(entry);
-            std::string shown = visible(toText(entry, values));
-            if (values.cut) shown += "  (cut: the dump shows the first ones)";
-            if (!values.wrong.empty())
-                shown += fmt::format("  (line {}: {})", values.wrongLine, visible(values.wrong));
-            rows.push_back(
-                {visible(entry.name), fmt::format("{}[{}]", visible(entry.type), entry.count), shown});
-        }
-        text += table(rows);
-    }
-    return text;
-}
-
-std::string foundText(const std::vector<FoundLine>& lines, const std::string& text) {
-    std::string out;
-    for (const FoundLine& each : lines)
-        out += fmt::format("{:>6}  {}{}{}\n", each.line, visible(each.where), each.where.empty() ? "" : ": ",
-                           cut(trimmed(each.text), kLongestLine));
-    return out + fmt::format("{} with {}\n", counted(lines.size(), "line"), excerpt(text));
 }
 
 }  // namespace qzcam

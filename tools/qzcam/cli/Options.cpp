@@ -1,0 +1,173 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "cli/Options.h"
+
+#include "cli/CompletionScripts.h"
+#include "cli/Diff.h"
+#include "cli/Explain.h"
+#include "cli/Manual.h"
+#include "cli/Params.h"
+#include "cli/PhoneOptions.h"
+#include "cli/Run.h"
+#include "cli/SharedOptions.h"
+#include "cli/Shell.h"
+#include "facts/Vocabulary.h"
+#include "session/SessionHelp.h"
+
+#include <fmt/format.h>
+
+#include <CLI/CLI.hpp>
+
+#include <memory>
+#include <string>
+
+namespace qzcam {
+
+namespace {
+
+constexpr const char* kExitStatus =
+    "\nExit status: 0 fine, 1 an expectation failed, 2 wrong usage, 3 a bad input file.";
+
+// For each command that plays.
+void addPlayOptions(CLI::App& app, RunOptions& options, const char* orInput) {
+    addDevice(app, options.device, options.camera, orInput);
+    addProperties(app, options.properties);
+    app.add_option("--params", options.parameters,
+                   "Parameters set after each 'open': key=value;key=value, or a file that has them: a "
+                   "dump, a log, a bugreport")
+        ->type_name("TEXT|FILE");
+    app.add_option(
+           "--log", options.log,
+           fmt::format(
+               "Log lines to show: the lowest level ({}; default: {}, all with --json), or a filter by tag: "
+               "'CameraQzParam:D *:S'. With a level alone or '*', two kinds of error lines count as debug: "
+               "lines that only name a function (\"Enter ...\"), and lines about names that the device does "
+               "not declare. A filter for one tag shows them at their own level",
+               kLogLevels, LogFilter::kDefault))
+        ->type_name("FILTER")
+        ->check([](const std::string& word) {
+            return LogFilter::parse(word) ? "" : fmt::format("expected {}, or TAG:LEVEL...", kLogLevels);
+        });
+}
+
+constexpr const char* kStrict =
+    "Fail for values that the device does not offer, for numbers that do not fit, and for anything in the inputs "
+    "that cannot be used";
+
+void addRun(CLI::App& app, RunOptions& options) {
+    app.add_option("SESSION", options.sessions,
+                   "Sessions to play, '-' for standard input; default: the built-in one");
+    addPlayOptions(app, options, kOrInput);
+    addVerbose(app, options.verbose);
+    CLI::Option* json =
+        app.add_flag("--json", options.json, "Print JSON, one event on each line, for programs");
+    app.add_flag("--monitor", options.monitor,
+                 "Print only the entries that change, request and result in columns")
+        ->excludes(json);
+    addStrict(app, options.strict, kStrict);
+    app.add_option(
+           "--junit", options.junit,
+           "Write the expectations to this file as JUnit XML; until the run ends the file says 'not finished'")
+        ->type_name("FILE");
+    app.add_option("--perfetto", options.perfetto,
+                   "Write a timeline to this file, for the trace viewer at ui.perfetto.dev")
+        ->type_name("FILE");
+    addHtml(app, options.html);
+    app.footer(sessionHelp() + kExitStatus);
+}
+
+void addShell(CLI::App& app, Action& action) {
+    const auto options = onChosen(app, action, shell);
+    addPlayOptions(app, *options, "");  // its input is the session
+    addStrict(app, options->strict);
+    app.footer(
+        "Reads a line, plays it, and shows the result. At a terminal lines can be edited: Tab completes "
+        "commands,\n"
+        "keys, values and tags, and Ctrl-C drops the line. The history is kept in\n"
+        "$XDG_STATE_HOME/qzcam/history (~/.local/state/qzcam/history). Without a terminal lines are read as\n"
+        "they are. A wrong line gets a message and is skipped.\n\n" +
+        sessionHelp() + "\n" + shellHelp() +
+        "\nExit status: 0 fine; without a terminal also 1 an expectation failed, 3 a line was wrong. 2 wrong "
+        "usage.");
+}
+
+void addDiff(CLI::App& app, Action& action) {
+    const auto options = onChosen(app, action, diff);
+    app.add_option("A", options->a, "Dump or session, '-' for standard input")->required();
+    app.add_option("B", options->b, "Another of the same kind; default: the built-in one");
+    app.add_option("--as", options->as,
+                   "Kind of A and B if their content does not show it: devices or sessions")
+        ->type_name("KIND")
+        ->check([](const std::string& word) {
+            return word == kDevices || word == kSessions ? "" : "expected devices or sessions";
+        });
+    app.add_option("--session", options->session,
+                   "Session whose requests are compared on two devices; default: the built-in one")
+        ->type_name("FILE");
+    app.add_option("--device", options->device,
+                   "Device that two sessions are played on; default: the built-in one")
+        ->type_name("DUMP");
+    app.add_option("--camera", options->cameras,
+                   "Camera of the dump, or of both dumps 'A,B'; default: the first of each")
+        ->type_name("ID");
+    addStrict(app, options->strict);
+    app.add_flag("--json", options->json, "Print JSON");
+    addHtml(app, options->html);
+    app.footer(
+        "For two devices: vendor tags and their types, static entries, published parameters, and the requests\n"
+        "of a session on each. For two sessions: the parameters at their ends, and the requests one by one.\n"
+        "Expectations are ignored, and so are tags that the device does not declare. Only differences are\n"
+        "shown; '-' means absent.\n"
+        "\nExit status: 0 nothing differs, 1 something does, 2 wrong usage, 3 a bad input file.");
+}
+
+void addParams(CLI::App& app, Action& action) {
+    const auto options = onChosen(app, action, params);
+    app.add_option("NAME", options->name,
+                   "A key, setter, getter, handler, message, command number, property, vocabulary or tag; "
+                   "default: all");
+    const auto json = app.add_flag("--json", options->json, "Print JSON");
+    app.add_flag("--markdown", options->markdown, "Print Markdown: docs/reference.md")->excludes(json);
+    addDevice(app, options->device, options->camera);
+    app.footer(
+        "Shows the parameters that an application sets and reads, the entries of results, and every line of\n"
+        "the log: the rows of the library, in the order of its passes. With a device, also the values that it offers.\n"
+        "\nExit status: 0 fine, 2 wrong usage, or there is no such name; 3 a bad dump.");
+}
+
+void addExplain(CLI::App& app, Action& action) {
+    const auto options = onChosen(app, action, explain);
+    app.add_option("KEY", options->key, "The parameter")->required();
+    addDevice(app, options->device, options->camera);
+    addProperties(app, options->properties);
+    app.add_option("--params", options->parameters,
+                   "Parameters that are set, KEY and others: key=value;key=value, or a file of them")
+        ->type_name("TEXT|FILE");
+    addStrict(app, options->strict, kStrict);
+    app.footer(
+        "Shows the setter that reads the parameter, its values, its tag and the tag's declaration on the "
+        "device,\nits conditions, and the values that the device publishes.\n"
+        "\nExit status: 0 fine, 1 with --strict for a value that is not offered or does not fit, 2 wrong usage, or no setter reads KEY; 3 a bad input file.");
+}
+
+}  // namespace
+
+void addCommands(CLI::App& app, Action& action) {
+    const auto options = std::make_shared<RunOptions>();
+    action = [options] { return run(*options); };  // also without a command
+    addRun(*app.add_subcommand("run", "Play a session"), *options);
+    addShell(*app.add_subcommand("shell", "Type a session and see the result of each line"), action);
+    addDiff(*app.add_subcommand("diff", "Show how two devices or two sessions differ"), action);
+    addCheck(*app.add_subcommand("check", "Check a device's tags against the library"), action);
+    addMatrix(*app.add_subcommand("matrix", "Check many devices at once"), action);
+    addShow(*app.add_subcommand("show", "List what a dump, a bugreport or a log holds"), action);
+    addParams(*app.add_subcommand("params", "Explain the application's parameters"), action);
+    addExplain(*app.add_subcommand("explain", "Show how a device handles one parameter"), action);
+    addCompare(*app.add_subcommand("compare", "Compare what a phone sent with what the library would send"),
+               action);
+    addRecord(*app.add_subcommand("record", "Write what a phone did as a session"), action);
+    addCompletion(*app.add_subcommand("completion", "Print the completion of a shell"), action);
+    addTrace(*app.add_subcommand("trace", "Tell what a phone did, from its logs and dumps"), action);
+    addManual(*app.add_subcommand("manual", "Print the manual page"), action);
+}
+
+}  // namespace qzcam

@@ -1,0 +1,60 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "record/Origin.h"
+
+#include "facts/Lookup.h"
+#include "facts/Tags.h"
+#include "session/Player.h"
+
+#include <request/Parameters.h>
+
+#include <algorithm>
+#include <set>
+#include <utility>
+
+namespace qzcam {
+
+bool isWritten(const std::string& tag) {
+    for (const qz::Parameter& row : qz::kParameters) {
+        for (const qz::EntryRow& entry : row.entries) {
+            if (tag == entry.tag) return true;
+        }
+    }
+    return false;
+}
+
+bool isRead(const std::string& tag) {
+    return std::any_of(tagFacts().begin(), tagFacts().end(),
+                       [&](const TagFact& fact) { return fact.use == Use::Result && tag == fact.entry.tag; });
+}
+
+Origin originOf(const std::string& tag, const EntryTexts& entries) {
+    Origin origin;
+    origin.choices = wordsBackFor(tag, entries);
+    std::set<std::string> keys;
+    std::set<const qz::Parameter*> rows;
+    for (const Candidate& each : origin.choices) {
+        keys.insert(each.key);
+        for (const qz::Parameter& row : qz::kParameters) {
+            const auto has = [&](const qz::EntryRow& entry) { return tag == entry.tag; };
+            if (keyIn(row, each.key) != nullptr && std::any_of(row.entries.begin(), row.entries.end(), has))
+                rows.insert(&row);
+        }
+    }
+    const bool isCertain = keys.size() == origin.choices.size() && rows.size() == 1;
+    if (isCertain) origin.certain = std::exchange(origin.choices, {});
+    return origin;
+}
+
+EntryTexts entriesWithoutParameters(const Device& device) {
+    Problems none("");
+    EntryTexts entries;
+    Player player(device, [&](const Event& event) {
+        const auto* request = std::get_if<RequestEvent>(&event);
+        if (request == nullptr) return;
+        for (const EntryRow& row : request->entries) entries.emplace(row.name, row.values);
+    });
+    player.play(parseSession("open 0\nrequest\n", "", none));
+    return entries;
+}
+
+}  // namespace qzcam
