@@ -7,6 +7,9 @@
 
 #include <request/Parameters.h>
 
+#include <set>
+#include <string>
+
 namespace qzcam {
 
 namespace {
@@ -24,11 +27,14 @@ Device completed(const Device& device) {
     complete.hasVendorTags = true;
     complete.vendorTags = device.vendorTags;
     FreeTagIds freeIds(device.vendorTags);
+    const TagNames declared(device.vendorTags);
+    std::set<std::string> added;
     for (const qz::Parameter& row : qz::kParameters) {
         for (const qz::EntryRow& entry : row.entries) {
             const std::string name = entry.tag;
             const size_t dot = name.rfind('.');
-            if (dot == std::string::npos || TagNames(complete.vendorTags).find(name) != nullptr) continue;
+            const bool isMissing = dot != std::string::npos && declared.find(name) == nullptr;
+            if (!isMissing || !added.insert(name).second) continue;
             complete.vendorTags.push_back(
                 {freeIds.next(), entry.type, name.substr(0, dot), name.substr(dot + 1)});
         }
