@@ -9,6 +9,7 @@
 #include "input/Input.h"
 #include "input/Parts.h"
 #include "session/Player.h"
+#include "viewer/Sensors.h"
 
 #include <fmt/format.h>
 
@@ -101,10 +102,22 @@ LibrarySide play(const Device& device, const Script& script) {
     return side;
 }
 
+bool drawPage(const CompareOptions& options, const Report& report, const ComparedSides& sides,
+              const ArrayComparison& comparison) {
+    if (options.html.empty()) return true;
+    SensorData sensors;
+    sensors.add(report);
+    return finishPage(options.html, fmt::format("qzcam compare: {}", sides.file),
+                      {{"compare", comparisonJson(sides, comparison)}, sensors.data()});
+}
+
 }  // namespace
 
 ExitStatus compare(const CompareOptions& options) {
-    if (!areReadOnce({options.input, options.session, options.properties, options.parameters})) return kUsage;
+    const std::vector<std::string> inputs{options.input, options.session, options.properties,
+                                          options.parameters};
+    if (const auto wrong = beginPage(options.html, inputs)) return *wrong;
+    if (!areReadOnce(inputs)) return kUsage;
     const PropertiesInPlace restored;
     const auto text = readFile(options.input);
     auto setup =
@@ -128,7 +141,8 @@ ExitStatus compare(const CompareOptions& options) {
     }
     const std::string output =
         options.json ? comparisonJson(sides, comparison) : comparisonText(sides, comparison);
-    if (!writeAll(stdout, output)) return kBadInput;
+    const bool drawn = drawPage(options, *device->report, sides, comparison);
+    if (!writeAll(stdout, output) || !drawn) return kBadInput;
     return comparison.differs() ? kExpectationFailed : kFine;
 }
 

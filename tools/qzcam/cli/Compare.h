@@ -16,6 +16,7 @@ struct CompareOptions {
     std::string properties;
     std::string parameters;
     bool json = false;
+    std::string html;
 };
 
 ExitStatus compare(const CompareOptions& options);

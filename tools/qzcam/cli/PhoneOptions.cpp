@@ -67,6 +67,7 @@ void addShow(CLI::App& app, Action& action) {
         ->excludes(array);
     app.add_flag("--verbose", options->verbose, "Also name what is only counted otherwise");
     app.add_flag("--json", options->json, "Print JSON");
+    addHtml(app, options->html);
     app.footer(
         "Prints what an input holds, with line numbers: cameras, providers and vendor tags, metadata arrays\n"
         "with their numbers of entries, tag monitors, parameters, properties, log lines by tag, events of the\n"
@@ -122,6 +123,7 @@ void addCompare(CLI::App& app, Action& action) {
                    "Parameters that are set: key=value;key=value, or a file of them")
         ->type_name("TEXT|FILE");
     app.add_flag("--json", options->json, "Print JSON");
+    addHtml(app, options->html);
     app.footer(
         "Compares a request or result in the dump with what the library would send: the last request of a\n"
         "session, or of the parameters that the dump, or the log beside it, holds. Entries are the same,\n"

@@ -8,11 +8,13 @@
 #include "input/Input.h"
 #include "output/Printer.h"
 #include "show/ShowReport.h"
+#include "viewer/Page.h"
 
 #include <fmt/format.h>
 
 #include <algorithm>
 #include <cstdio>
+#include <vector>
 
 namespace qzcam {
 
@@ -34,6 +36,19 @@ std::string cameras(const Contents& contents) {
     return ids.empty() ? "none" : ids;
 }
 
+bool drawPage(const Contents& contents, const ShowOptions& options, const std::vector<PageData>& data) {
+    return finishPage(options.html, fmt::format("qzcam show: {}", contents.input.name), data);
+}
+
+// Everything, down to the values of each entry.
+bool drawContents(const Contents& contents, const ShowOptions& options) {
+    if (options.html.empty()) return true;
+    const auto arrays = arraysNamed(contents, "", options.camera);
+    return drawPage(contents, options,
+                    {{"show", contentsJson(contents, {options.camera, true, false})},
+                     {"arrays", arraysJson(contents, arrays)}});
+}
+
 ExitStatus showArrays(const Contents& contents, const ShowOptions& options, const ShowView& view) {
     const auto arrays = arraysNamed(contents, options.array, options.camera);
     if (arrays.empty()) {
@@ -45,19 +60,22 @@ ExitStatus showArrays(const Contents& contents, const ShowOptions& options, cons
         return kUsage;
     }
     const std::string text = options.json ? arraysJson(contents, arrays) : arraysText(arrays, view);
-    return writeAll(stdout, text) ? kFine : kBadInput;
+    const bool drawn = drawPage(contents, options, {{"arrays", arraysJson(contents, arrays)}});
+    return writeAll(stdout, text) && drawn ? kFine : kBadInput;
 }
 
 ExitStatus showFound(const Contents& contents, const ShowOptions& options) {
     const auto lines = findText(contents, options.find);
     const std::string text =
         options.json ? foundJson(contents, lines, options.find) : foundText(lines, options.find);
-    return writeAll(stdout, text) ? kFine : kBadInput;
+    const bool drawn = drawPage(contents, options, {{"found", foundJson(contents, lines, options.find)}});
+    return writeAll(stdout, text) && drawn ? kFine : kBadInput;
 }
 
 }  // namespace
 
 ExitStatus show(const ShowOptions& options) {
+    if (const auto wrong = beginPage(options.html, {options.input})) return *wrong;
     const auto input = readOr(options.input, "built-in device", builtInDevice());
     if (!input) return kBadInput;
     const Contents contents = readContents(*input);
@@ -75,7 +93,8 @@ ExitStatus show(const ShowOptions& options) {
         return kBadInput;
     }
     const std::string text = options.json ? contentsJson(contents, view) : contentsText(contents, view);
-    if (!writeAll(stdout, text)) return kBadInput;
+    const bool drawn = drawContents(contents, options);
+    if (!writeAll(stdout, text) || !drawn) return kBadInput;
     return contents.hasFaults() ? kExpectationFailed : kFine;
 }
 

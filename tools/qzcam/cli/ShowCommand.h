@@ -15,6 +15,7 @@ struct ShowOptions {
     std::string find;
     bool verbose = false;
     bool json = false;
+    std::string html;
 };
 
 ExitStatus show(const ShowOptions& options);

@@ -9,7 +9,7 @@
 #include "trace/Timeline.h"
 #include "trace/TraceOutput.h"
 #include "trace/TracePerfetto.h"
-#include "viewer/Page.h"
+#include "viewer/Sensors.h"
 
 #include <fmt/format.h>
 #include <poll.h>
@@ -41,6 +41,11 @@ class TraceReport {
         tell([&](TraceOutput& output) { output.begin(inputs); });
     }
 
+    // The page draws areas on the sensors that the inputs state.
+    void sensorsOf(const InputText& input) {
+        if (mPage) mSensors.addDumps(input.text);
+    }
+
     void group(const TraceGroup& group) {
         title(group.title);
         for (const TraceItem& each : group.items) item(each);
@@ -61,7 +66,8 @@ class TraceReport {
 
     void end() {
         tell([&](TraceOutput& output) { output.table(mTable, !mOptions.filter.isEmpty()); });
-        const bool drawn = finishPage(mOptions.html, mTitle, {{"trace", std::move(mPageText)}});
+        const bool drawn =
+            finishPage(mOptions.html, mTitle, {{"trace", std::move(mPageText)}, mSensors.data()});
         const bool traced = !mPerfetto || writeFile(mOptions.perfetto, mPerfetto->finish());
         mFailed = mFailed || !drawn || !traced;
     }
@@ -96,6 +102,7 @@ class TraceReport {
     std::unique_ptr<TraceOutput> mPage;
     std::unique_ptr<TracePerfetto> mPerfetto;
     ParameterTable mTable;
+    SensorData mSensors;
     size_t mItems = 0;
     bool mFailed = false;
 };
@@ -111,13 +118,14 @@ ExitStatus nothingFound(const std::string& name) {
 
 ExitStatus traceWhole(const TraceOptions& options) {
     Evidence evidence;
+    TraceReport report(options);
     for (const std::string& path : options.inputs) {
         const auto input = readFile(path);
         if (!input) return kBadInput;
         evidence.read(*input);
+        report.sensorsOf(*input);
     }
     const Timeline timeline = timelineOf(std::move(evidence));
-    TraceReport report(options);
     report.begin(timeline.inputs);
     for (const TraceGroup& group : timeline.groups) report.group(group);
     if (report.items() == 0) return nothingFound(options.inputs.front());

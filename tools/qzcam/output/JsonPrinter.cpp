@@ -173,19 +173,6 @@ Json jsonOf(const SummaryEvent& event) {
     return {{"event", "summary"}, {"met", event.met}, {"failed", event.failed}};
 }
 
-// The static entries that areas and crops refer to.
-struct SensorEntry {
-    const char* member;
-    const char* tag;
-};
-
-constexpr SensorEntry kSensorEntries[] = {
-    {"activeArray", "android.sensor.info.activeArraySize"},
-    {"pixelArray", "android.sensor.info.pixelArraySize"},
-    {"maxDigitalZoom", "android.scaler.availableMaxDigitalZoom"},
-    {"subActiveArray", "com.ambrix.device.capabilities.qzSubActiveArraySize"},
-};
-
 Json sensorJson(const Device& device) {
     const TagNames names(device.vendorTags);
     Json json = Json::object();

@@ -32,6 +32,19 @@ class JsonPrinter : public Output {
 
 nlohmann::ordered_json jsonOf(const Offer& offer);
 
+// The static entries that areas and crops refer to.
+struct SensorEntry {
+    const char* member;  // its name in JSON
+    const char* tag;
+};
+
+constexpr SensorEntry kSensorEntries[] = {
+    {"activeArray", "android.sensor.info.activeArraySize"},
+    {"pixelArray", "android.sensor.info.pixelArraySize"},
+    {"maxDigitalZoom", "android.scaler.availableMaxDigitalZoom"},
+    {"subActiveArray", "com.ambrix.device.capabilities.qzSubActiveArraySize"},
+};
+
 // The elements of an entry; a rational as [numerator, denominator].
 nlohmann::ordered_json jsonOf(const Values& values);
 

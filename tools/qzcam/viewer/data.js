@@ -1,15 +1,22 @@
 // SPDX-License-Identifier: Apache-2.0
 // The JSON of the page, read into what the views draw.
 
+// Integers that a number of the browser cannot hold stay texts.
+function parseJson(text) {
+    if (!/\d{16}/.test(text)) return JSON.parse(text);
+    return JSON.parse(text.replace(/"(?:[^"\\]|\\.)*"|-?\d+(?:\.\d+)?(?:[eE][-+]?\d+)?/g,
+        (token) => (/^-?\d{16,}$/.test(token) && !Number.isSafeInteger(Number(token)) ? `"${token}"` : token)));
+}
+
 // One object, or an array of the objects of JSON lines.
 function readData(name) {
     const script = document.querySelector(`script[type="application/json"][data-name="${name}"]`);
     if (!script) return null;
     const text = script.textContent.trim();
     try {
-        return JSON.parse(text);
+        return parseJson(text);
     } catch (error) {
-        return text.split('\n').filter((line) => line !== '').map((line) => JSON.parse(line));
+        return text.split('\n').filter((line) => line !== '').map(parseJson);
     }
 }
 

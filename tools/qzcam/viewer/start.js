@@ -3,8 +3,8 @@
 
 const asList = (data) => (Array.isArray(data) ? data : [data]);
 
-function viewsOf(events) {
-    const views = [];
+function viewsOf(events, open) {
+    const views = showViews(open);
     const check = readData('check');
     const diff = readData('diff');
     if (events) views.push(['timeline', 'Timeline', () => new TimelineView(events)]);
@@ -14,7 +14,9 @@ function viewsOf(events) {
     if (check) views.push(['device', 'Device', () => new DeviceView(check, readData('rows'))]);
     const matrix = readData('matrix');
     if (matrix) views.push(['matrix', 'Matrix', () => new MatrixView(matrix)]);
-    if (diff) views.push(['difference', 'Difference', () => new DifferenceView(diff)]);
+    if (diff) views.push(['difference', 'Difference', () => new DifferenceView(diffSides(diff))]);
+    const compare = readData('compare');
+    if (compare) views.push(['difference', 'Difference', () => new DifferenceView(comparedSides(compare))]);
     return views;
 }
 
@@ -22,7 +24,8 @@ function headerOf(events) {
     const [, title, subject] = document.title.match(/^(.*?)(?:: (.*))?$/s);
     const badges = el('div', {class: 'badges'});
     if (events) badges.append(...summaryBadges(events));
-    else badges.append(...checkBadges(readData('check')), ...camerasBadges(readData('cameras')), ...matrixBadges(readData('matrix')));
+    else badges.append(...checkBadges(readData('check')), ...camerasBadges(readData('cameras')), ...matrixBadges(readData('matrix')),
+        ...showBadges(readData('show')), ...compareBadges(readData('compare')));
     return el('header', {}, el('div', {class: 'titles'}, el('p', {class: 'command'}, title), el('h1', {}, subject || 'All devices'),
         events ? el('p', {class: 'muted'}, sessionsOf(events)) : null), badges);
 }
@@ -87,6 +90,15 @@ class Tabs {
         if (view.view.shown) view.view.shown();
     }
 
+    // Opens a view by its name, at one of its groups.
+    lead(id, group) {
+        const view = this.views.find((each) => each.id === id);
+        if (!view) return;
+        this.open(view);
+        view.view.choose(group);
+        view.tab.focus();
+    }
+
     onKey(event) {
         const step = {ArrowRight: 1, ArrowLeft: -1}[event.key];
         if (!step) return;
@@ -101,7 +113,7 @@ function start() {
     const data = readData('events');
     const trace = readData('trace');
     const events = data ? new Events(asList(data)) : trace ? new TraceEvents(asList(trace)) : null;
-    const tabs = new Tabs(viewsOf(events));
+    const tabs = new Tabs(viewsOf(events, (id, group) => tabs.lead(id, group)));
     document.getElementById('page').append(headerOf(events), tabs.bar, tabs.main);
 }
 

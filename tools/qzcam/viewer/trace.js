@@ -18,7 +18,7 @@ class TraceEvents {
         const before = this.all[this.all.length - 1];
         const item = {index: this.all.length, kind: data.event, data, line: data.line, moment: this.all.length, session: this.inputs[data.input] || '',
             frame: data.frame === undefined ? (before ? before.frame : 0) : data.frame, request: 0,
-            time: data.time && Number.isFinite(data.time.nanoseconds) ? data.time.nanoseconds / 1e6 : undefined};
+            time: data.time && data.time.nanoseconds !== undefined ? Number(data.time.nanoseconds) / 1e6 : undefined};
         this.all.push(item);
     }
 
