@@ -219,8 +219,8 @@ DumpPhone samplePhone(int platform) {
                       {0x80000001, 1, "com.ambrix.capture.metadata", "burst-delay-ms"},
                       {0x80010000, 0, "com.ambrix.device.capabilities", "supported_iso_values"}}}};
     if (platform > 7) {
-        phone.blocks.push_back({77, {{0x80000000, 1, "org.external", "brightness"}}});
-        front.entries.push_back({"org.external.brightness", 0x80000000, "int32", {"5"}});
+        phone.blocks.push_back({77, {{0x80000000, 1, "org.external", "image.brightness"}}});
+        front.entries.push_back({"org.external.image.brightness", 0x80000000, "int32", {"5"}});
     }
     phone.cameras = {back, front};
     phone.previousSession = {{"Latest received frame:", {delay}}, {"Last request sent:", {delay, iso}}};

@@ -116,7 +116,7 @@ TEST(Report, GivesEachCameraTheBlockOfItsProvider) {
     Cameras cameras(report, "d");
     EXPECT_THAT(cameras.numbers(), ElementsAre(0, 1));
     EXPECT_EQ(cameras.find(0)->vendorTags[0].name, "iso");
-    EXPECT_EQ(cameras.find(1)->vendorTags[0].name, "brightness");
+    EXPECT_EQ(cameras.find(1)->vendorTags[0].name, "image.brightness");
     EXPECT_EQ(cameras.find(2), nullptr);
 
     DumpPhone phone = samplePhone(13);

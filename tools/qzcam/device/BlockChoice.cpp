@@ -2,53 +2,57 @@
 #include "device/BlockChoice.h"
 
 #include "base/Text.h"
+#include "device/DumpLines.h"
 
 #include <fmt/format.h>
 #include <system/camera_metadata.h>
 
 #include <algorithm>
 #include <set>
-#include <tuple>
+#include <utility>
 
 namespace qzcam {
 
 namespace {
 
-using NumberedTag = std::tuple<uint32_t, std::string_view, std::string_view>;
+using NumberedName = std::pair<uint32_t, std::string_view>;
 
+// A text of bytes that no platform prints as a name has no tag.
 bool isVendorEntry(const ArrayEntry& entry) {
-    return entry.id >= CAMERA_METADATA_VENDOR_TAG_BOUNDARY &&
-           entry.name.find('.') != std::string_view::npos && !startsWith(entry.name, "unknownSection.");
-}
-
-NumberedTag numberedTag(const ArrayEntry& entry) {
     const size_t dot = entry.name.rfind('.');
-    return {entry.id, entry.name.substr(0, dot), entry.name.substr(dot + 1)};
+    return entry.id >= CAMERA_METADATA_VENDOR_TAG_BOUNDARY && dot != std::string_view::npos && dot > 0 &&
+           dot + 1 < entry.name.size() && isPlain(entry.name) && !startsWith(entry.name, "unknownSection.");
 }
 
-// Vendor entries in all arrays of the camera, each once.
+bool isNameOf(std::string_view name, const VendorTag& tag) {
+    const size_t section = tag.section.size();
+    return name.size() == section + 1 + tag.name.size() && name[section] == '.' &&
+           startsWith(name, tag.section) && endsWith(name, tag.name);
+}
+
+// Vendor entries in all arrays of the camera, each once, in the order of the text.
 std::vector<const ArrayEntry*> vendorEntries(const Report& report, const ReportedCamera& camera) {
     std::vector<const ArrayEntry*> entries;
-    std::set<NumberedTag> seen;
+    std::set<NumberedName> seen;
     for (const MetadataArray& array : report.arrays) {
         if (array.camera != camera.id) continue;
         for (const ArrayEntry& entry : array.entries) {
-            if (isVendorEntry(entry) && seen.insert(numberedTag(entry)).second) entries.push_back(&entry);
+            if (isVendorEntry(entry) && seen.emplace(entry.id, entry.name).second) entries.push_back(&entry);
         }
     }
     return entries;
 }
 
 // How many of the entries have their name and number from the block.
-size_t agreement(const VendorBlock& block, const std::vector<const ArrayEntry*>& entries) {
-    if (entries.empty()) return 0;
-    std::vector<NumberedTag> tags;
-    tags.reserve(block.tags.size());
-    for (const VendorTag& tag : block.tags) tags.emplace_back(tag.id, tag.section, tag.name);
-    std::sort(tags.begin(), tags.end());
-    return static_cast<size_t>(std::count_if(entries.begin(), entries.end(), [&](const ArrayEntry* entry) {
-        return std::binary_search(tags.begin(), tags.end(), numberedTag(*entry));
-    }));
+size_t agreement(const VendorBlock& block, const std::set<NumberedName>& entries) {
+    std::set<NumberedName> agreed;
+    for (const VendorTag& tag : block.tags) {
+        auto entry = entries.lower_bound({tag.id, {}});
+        for (; entry != entries.end() && entry->first == tag.id; ++entry) {
+            if (isNameOf(entry->second, tag)) agreed.insert(*entry);
+        }
+    }
+    return agreed.size();
 }
 
 bool areEqual(const VendorBlock& a, const VendorBlock& b) {
@@ -68,8 +72,11 @@ std::string nameOf(const VendorBlock& block) {
 
 BlockChoice chooseBlock(const Report& report, const ReportedCamera* camera) {
     BlockChoice choice;
-    std::vector<const ArrayEntry*> entries;
-    if (camera != nullptr && report.vendorBlocks.size() > 1) entries = vendorEntries(report, *camera);
+    std::set<NumberedName> entries;
+    if (camera != nullptr && report.vendorBlocks.size() > 1) {
+        for (const ArrayEntry* entry : vendorEntries(report, *camera))
+            entries.emplace(entry->id, entry->name);
+    }
     size_t best = 0;
     std::vector<std::string> alike;
     for (const VendorBlock& block : report.vendorBlocks) {
@@ -96,12 +103,12 @@ BlockChoice chooseBlock(const Report& report, const ReportedCamera* camera) {
 std::vector<VendorTag> tagsOfEntries(const Report& report, const ReportedCamera& camera) {
     std::vector<VendorTag> tags;
     for (const ArrayEntry* entry : vendorEntries(report, camera)) {
-        const auto [id, section, name] = numberedTag(*entry);
+        const size_t dot = entry->name.rfind('.');
         const auto* const end = camera_metadata_type_names + NUM_TYPES;
         const auto* const type = std::find(camera_metadata_type_names, end, entry->type);
         if (type == end) continue;
-        tags.push_back(
-            {entry->line, id, static_cast<uint8_t>(type - camera_metadata_type_names), section, name});
+        tags.push_back({entry->line, entry->id, static_cast<uint8_t>(type - camera_metadata_type_names),
+                        entry->name.substr(0, dot), entry->name.substr(dot + 1)});
     }
     return tags;
 }
