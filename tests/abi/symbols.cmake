@@ -46,7 +46,7 @@ if(RENEW)
     endif()
     list(JOIN exported "\n" text)
     string(REPLACE "${size_type}" "size_t" text "${text}")
-    file(WRITE ${LIST} "# What libqzcamera exports. To renew it, build the target renew_abi.\n${text}\n")
+    file(WRITE ${LIST} "# SPDX-License-Identifier: Apache-2.0\n# What libqzcamera exports. To renew it, build the target renew_abi.\n${text}\n")
     return()
 endif()
 
