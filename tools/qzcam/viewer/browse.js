@@ -65,12 +65,12 @@ class BrowseView {
     rowContent(row) {
         if (row.heading !== undefined) return [el('h3', {}, row.heading)];
         return [row.badge ? badge(...row.badge) : null, el('code', {class: 'name', title: row.title || row.name}, row.name),
-            row.value === undefined ? null : el('code', {class: 'text'}, row.value === '' ? 'empty' : row.value.slice(0, 300)),
+            row.value === undefined ? null : el('code', {class: 'text'}, row.value === '' ? 'empty' : row.value.length > 2000 ? `${row.value.slice(0, 2000)} ...` : row.value),
             row.line ? el('span', {class: 'muted place'}, `line ${row.line}`) : null];
     }
 
     showDetails(row) {
-        if (!row) return this.details.replaceChildren(el('h2', {}, 'Details'), el('p', {class: 'muted'}, `Choose a row to see all of it. The search looks through ${this.what}.`));
+        if (!row) return this.details.replaceChildren(el('h2', {}, 'Details'), el('p', {class: 'muted hint'}, `Choose a row to see all of it. The search looks through ${this.what}.`));
         this.details.replaceChildren(el('h2', {}, row.name), row.badge ? el('p', {}, badge(...row.badge)) : '', facts(row.facts()));
     }
 }

@@ -21,7 +21,7 @@ class Details {
     }
 
     clear() {
-        this.element.replaceChildren(el('h2', {}, 'Details'), el('p', {class: 'muted'}, 'Click a bar, or press Tab and the arrow keys, to see its line and its cause.'),
+        this.element.replaceChildren(el('h2', {}, 'Details'), el('p', {class: 'muted hint'}, 'Click a bar, or press Tab and the arrow keys, to see its line and its cause.'),
             el('table', {class: 'keys'}, el('tbody', {}, [['← →', 'change before, next change'], ['↑ ↓', 'lane above, below'], ['+ −', 'zoom'], ['0', 'everything'],
                 ['Shift ← →', 'move'], ['Ctrl wheel', 'zoom at the pointer'], ['drag', 'move']].map(([key, text]) => el('tr', {}, el('th', {scope: 'row'}, el('kbd', {}, key)), el('td', {}, text))))));
     }

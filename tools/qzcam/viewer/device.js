@@ -78,7 +78,7 @@ class DeviceView {
     }
 
     showDetails(row) {
-        if (!row) return this.details.replaceChildren(el('h2', {}, 'Details'), el('p', {class: 'muted'}, 'Choose a tag to see its facts.'), ...this.unused());
+        if (!row) return this.details.replaceChildren(el('h2', {}, 'Details'), el('p', {class: 'muted hint'}, 'Choose a tag to see its facts.'), ...this.unused());
         const [word, meaning] = CHECK_WORDS[row.verdict] || [row.verdict, ''];
         const counts = typeof row.counts === 'number' ? counted(row.counts, 'value') : row.counts;
         this.details.replaceChildren(el('h2', {}, shortName(row.tag)), el('p', {}, badge(CHECK_TONES[row.verdict], word), ` ${meaning}`),

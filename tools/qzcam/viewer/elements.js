@@ -58,6 +58,12 @@ function onceAFrame(draw) {
     };
 }
 
+// Calls `draw(true)` before the page is printed, and `draw(false)` after.
+function forPaper(draw) {
+    addEventListener('beforeprint', () => draw(true));
+    addEventListener('afterprint', () => draw(false));
+}
+
 // A row of buttons of which each is on or off.
 function toggles(label, choices, onChange) {
     const buttons = choices.map((choice) => {

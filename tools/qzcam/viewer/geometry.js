@@ -39,88 +39,95 @@ function areaShape(crop, [left, top, right, bottom, weight]) {
         height: yOfArea(crop, bottom) - yOfArea(crop, top), weight, text: `${left}, ${top}, ${right}, ${bottom}`};
 }
 
-// The contents of the request with this number and of the result after it.
+// Places on the sensor of one request and its result. What `isWhole` does not cover is unknown unless an entry states it.
 class Scene {
-    constructor(events, number) {
-        this.number = number;
-        const at = events.requests[number];
-        const item = events.all[at];
-        this.item = item;
-        const sensor = (item && item.device && item.device.sensor) || (events.devices[0] && events.devices[0].sensor) || {};
-        this.active = arrayOf(sensor.activeArray) || arrayOf(sensor.pixelArray);
-        this.stated = this.active !== null;
-        this.active = this.active || {left: 0, top: 0, width: 4000, height: 3000};
-        this.sub = arrayOf(sensor.subActiveArray);
-        this.entries = item ? item.data.entries.filter((entry) => entry.change !== 'gone') : [];
-        this.parameters = new Map();
-        this.result = [];
-        if (item) this.readAround(events, at);
-        const zoom = this.entry('qz-zoom-in');
-        this.ratio = zoom && zoom.values[0] >= 1 ? zoom.values[0] : 1;
-        this.crop = cropByZoom(this.active, this.ratio);
+    constructor({sensor, request, result, parameters, isWhole, isLibrarys}) {
+        Object.assign(this, {request, result, parameters, isWhole, isLibrarys});
+        this.active = arrayOf((sensor || {}).activeArray) || arrayOf((sensor || {}).pixelArray);
+        this.sub = arrayOf((sensor || {}).subActiveArray);
+        this.isDescribed = sensor !== undefined;
+        const zoom = this.values('qz-zoom-in');
+        this.ratio = zoom ? Math.max(1, zoom[0]) : this.lacks('qz-zoom-in') ? 1 : null;
+        this.crop = this.active && this.ratio ? cropByZoom(this.active, this.ratio) : null;
+        // Areas lie on the crop, or, while its place is unknown, on a picture of their own.
+        this.ground = this.crop || {left: -1000, top: -1000, width: 2000, height: 2000};
     }
 
-    // The verdicts follow the request; results count until the next one.
-    readAround(events, at) {
-        for (let i = at + 1; i < events.all.length && events.all[i].kind !== 'request' && events.all[i].kind !== 'session'; ++i) {
-            const {kind, data} = events.all[i];
-            if (kind === 'verdicts') for (const row of data.parameters) this.parameters.set(row.key, row.value);
-            if (kind === 'result') this.result = data.entries.filter((entry) => entry.change !== 'gone');
-        }
+    entry(name, list) { return (list || this.request).find((entry) => endsWithName(entry.tag, name)); }
+
+    values(name, list) {
+        const entry = this.entry(name, list);
+        return entry && entry.values && entry.values.length > 0 ? entry.values : null;
     }
 
-    entry(name) { return this.entries.find((entry) => endsWithName(entry.tag, name)); }
-    resultEntry(name) { return this.result.find((entry) => endsWithName(entry.tag, name)); }
+    lacks(name) {
+        const entry = this.entry(name);
+        return entry ? Boolean(entry.gone) : this.isWhole;
+    }
+
+    // Why an entry is not drawn.
+    absence(names, list) {
+        const entry = names.map((name) => this.entry(name, list)).find(Boolean);
+        if (!entry) return this.isWhole ? 'not there' : 'unknown: nothing states it up to here';
+        if (entry.refused) return `the update was refused in line ${entry.line}`;
+        if (entry.gone) return `not there since line ${entry.line}`;
+        return `unknown: ${entry.values ? `${entry.values.length} values make no shape` : `line ${entry.line} states it in part`}`;
+    }
 
     // All areas of the parameter, and which of them the request has: the last one.
     areas(key, tag) {
-        const entry = this.entry(tag);
-        const sent = entry && entry.values.length === 5 ? entry.values.join() : null;
+        const values = this.values(tag);
+        const sent = values && values.length === 5 ? values.join() : null;
         const all = areasOf(this.parameters.get(key) || '');
-        if (sent !== null && !all.some((area) => area.join() === sent)) all.push(entry.values);
-        return all.map((area) => ({...areaShape(this.crop, area), sent: area.join() === sent}));
+        if (sent !== null && !all.some((area) => area.join() === sent)) all.push(values);
+        return all.map((area) => ({...areaShape(this.ground, area), sent: area.join() === sent}));
     }
 
-    // The crop of the secondary sensor, if it streams alone: the only request entry of the platform.
-    subCrop() {
-        const entry = this.entry('android.scaler.cropRegion');
-        return entry ? arrayOf(entry.values) : null;
+    // The library's own crop region is that of the secondary sensor, if it streams alone; that of a phone tells by the
+    // mode which sensor it lies on. Null: unknown.
+    isSecondary() {
+        if (this.isLibrarys) return true;
+        const mode = this.values('dualSensorMode');
+        if (mode) return mode[0] === 2;
+        return this.lacks('dualSensorMode') || (this.isDescribed && !this.sub) ? false : null;
     }
+
+    region() { return arrayOf(this.values('android.scaler.cropRegion')); }
 
     faces() {
-        const rectangles = this.resultEntry('android.statistics.faceRectangles');
-        const scores = this.resultEntry('android.statistics.faceScores');
-        if (!rectangles) return [];
+        const rectangles = this.values('android.statistics.faceRectangles', this.result) || [];
+        const scores = this.values('android.statistics.faceScores', this.result);
         const shapes = [];
-        for (let i = 0; i + 3 < rectangles.values.length; i += 4) {
-            const [left, top, right, bottom] = rectangles.values.slice(i, i + 4);
-            const score = scores && scores.values[i / 4];
+        for (let i = 0; i + 3 < rectangles.length; i += 4) {
+            const [left, top, right, bottom] = rectangles.slice(i, i + 4);
+            const score = scores && scores[i / 4];
             shapes.push({left, top, width: right - left, height: bottom - top, text: `${left}, ${top}, ${right}, ${bottom}`,
-                label: score === undefined ? `face ${i / 4 + 1}` : `face ${i / 4 + 1}, score ${score}`});
+                label: score === undefined || score === null ? `face ${i / 4 + 1}` : `face ${i / 4 + 1}, score ${score}`});
         }
         return shapes;
     }
 
     tracking() {
-        const entry = this.entry('qz-device-target-tracking-coordinate');
-        if (!entry || entry.values.length < 2) return null;
-        const [x, y] = entry.values;
-        const offset = this.resultEntry('target-coordinates-offset');
-        const point = {x: xOfArea(this.crop, x), y: yOfArea(this.crop, y), text: `${x}, ${y}`};
-        if (offset && offset.values.length === 2) {
-            const [dx, dy] = offset.values;
-            point.to = {x: xOfArea(this.crop, x + dx), y: yOfArea(this.crop, y + dy), text: `${dx}, ${dy}`};
+        const values = this.values('qz-device-target-tracking-coordinate');
+        if (!values || values.length < 2) return null;
+        const [x, y] = values;
+        const offset = this.values('target-coordinates-offset', this.result);
+        const point = {x: xOfArea(this.ground, x), y: yOfArea(this.ground, y), text: `${x}, ${y}`};
+        if (offset && offset.length === 2) {
+            const [dx, dy] = offset;
+            point.to = {x: xOfArea(this.ground, x + dx), y: yOfArea(this.ground, y + dy), text: `${dx}, ${dy}`};
         }
         return point;
     }
 
     // One number; its upper and lower half are read as two coordinates.
     mirror() {
-        const entry = this.entry('mirrorPoint');
-        if (!entry || entry.values.length < 1) return null;
-        const packed = entry.values[0] >>> 0;
+        const values = this.values('mirrorPoint');
+        if (!values) return null;
+        const packed = values[0] >>> 0;
         const x = packed >>> 16;
         const y = packed & 0xffff;
-        return {x: this.active.left + x, y: this.active.top + y, text: `0x${packed.toString(16)}: ${x}, ${y}`};
+        const {left, top} = this.active || {left: 0, top: 0};
+        return {x: left + x, y: top + y, text: `0x${packed.toString(16)}: ${x}, ${y}`};
     }
 }

@@ -18,8 +18,7 @@ class VirtualList {
         this.draw = onceAFrame(() => this.drawNow());
         this.element.addEventListener('scroll', this.draw);
         new ResizeObserver(this.draw).observe(this.element);
-        addEventListener('beforeprint', () => this.drawNow(true));
-        addEventListener('afterprint', () => this.drawNow());
+        forPaper((onPaper) => this.drawNow(onPaper));
     }
 
     show(rows) {
@@ -37,6 +36,7 @@ class VirtualList {
         this.space.style.height = `${(onPaper ? last : this.rows.length) * this.rowHeight}px`;
         const nodes = [];
         for (let i = first; i < last; ++i) nodes.push(this.rowElement(i));
+        if (onPaper && last < this.rows.length) nodes.push(el('p', {class: 'muted'}, `${(this.rows.length - last).toLocaleString('en')} more rows are not printed: search or filter to choose rows.`));
         this.space.replaceChildren(...nodes);
         if (this.chosen >= first && this.chosen < last) this.element.setAttribute('aria-activedescendant', this.rowId(this.chosen));
         else this.element.removeAttribute('aria-activedescendant');

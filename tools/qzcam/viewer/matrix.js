@@ -16,19 +16,29 @@ class MatrixView {
         this.matrix = matrix;
         this.open = null;
         this.text = '';
-        this.table = el('table', {class: 'matrix-table'});
+        this.tables = el('div', {class: 'table-scroller', tabindex: '0', role: 'region', 'aria-label': 'Matrix'});
         this.details = el('aside', {class: 'details', 'aria-live': 'polite', 'aria-label': 'Details'},
-            el('h2', {}, 'Details'), el('p', {class: 'muted'}, 'Choose a cell to see its reason, or a feature to see its tags.'), this.changes());
+            el('h2', {}, 'Details'), el('p', {class: 'muted hint'}, 'Choose a cell to see its reason, or a feature to see its tags.'), this.changes());
         this.element = el('section', {class: 'matrix'}, el('div', {class: 'tools'}, searchField('Search devices', (text) => {
             this.text = text;
             this.draw();
-        })), el('div', {class: 'columns'}, el('div', {class: 'table-scroller', tabindex: '0', role: 'region', 'aria-label': 'Matrix'}, this.table), this.details));
+        })), el('div', {class: 'columns'}, this.tables, this.details));
+        forPaper((onPaper) => this.draw(onPaper));
         this.draw();
     }
 
-    draw() {
-        const {columns, features, tags} = this.matrix;
+    // Paper takes so many devices beside each other; the others follow below.
+    draw(onPaper) {
+        const {columns} = this.matrix;
         const shown = columns.map((column, index) => ({...column, index})).filter((column) => `${column.input} ${column.camera || ''}`.toLowerCase().includes(this.text));
+        const most = onPaper ? 6 : shown.length;
+        const parts = shown.length === 0 ? [[]] : [];
+        for (let first = 0; first < shown.length; first += most) parts.push(shown.slice(first, first + most));
+        this.tables.replaceChildren(...parts.map((part) => this.table(part, shown.length)));
+    }
+
+    table(shown, count) {
+        const {columns, features, tags} = this.matrix;
         const head = shown.map((column) => el('th', {scope: 'col', title: column.input}, el('span', {class: 'device-name'}, column.input.replace(/^.*\//, '')),
             el('small', {class: column.error ? 'bad' : 'muted'}, column.error ? 'not usable' : column.camera.replace(/^.*\//, 'camera '))));
         const rows = [];
@@ -42,7 +52,7 @@ class MatrixView {
             for (const tag of tags.filter((each) => each.feature === feature.feature))
                 rows.push(this.row(el('code', {title: tag.tag}, shortName(tag.tag), el('small', {class: 'muted'}, ` ${tag.use}`)), tag.tag, tag.cells, shown, 'tag-row'));
         }
-        this.table.replaceChildren(el('thead', {}, el('tr', {}, el('th', {scope: 'col'}, el('span', {class: 'muted'}, `${shown.length} of ${columns.length}`)), head)), el('tbody', {}, rows));
+        return el('table', {class: 'matrix-table'}, el('thead', {}, el('tr', {}, el('th', {scope: 'col'}, el('span', {class: 'muted'}, `${count} of ${columns.length}`)), head)), el('tbody', {}, rows));
     }
 
     row(title, name, cells, shown, kind) {

@@ -1,83 +1,95 @@
 // SPDX-License-Identifier: Apache-2.0
 // The Sensor view: what a request says about places on the sensor, to scale.
 
+const PICTURE = 'read as -1000 to 1000 across the crop by zoom';
 const LAYERS = [
     {id: 'active', label: 'Active array', system: 'pixels of the sensor'},
-    {id: 'crop', label: 'Crop by zoom', system: 'pixels of the active array, from the zoom ratio'},
-    {id: 'focus', label: 'Focus areas', system: '-1000 to 1000 across the crop by zoom'},
-    {id: 'metering', label: 'Metering areas', system: '-1000 to 1000 across the crop by zoom'},
-    {id: 'face', label: 'Faces', system: 'pixels of the active array'},
-    {id: 'tracking', label: 'Tracking', system: 'read as -1000 to 1000 across the crop by zoom'},
-    {id: 'mirror', label: 'Mirror point', system: 'read as x and y in 16 bits each, pixels of the active array'},
+    {id: 'crop', label: 'Crop by zoom', system: 'pixels of the active array, from the zoom ratio', names: ['qz-zoom-in']},
+    {id: 'region', label: 'Crop region', system: 'pixels of the active array', names: ['android.scaler.cropRegion']},
+    {id: 'focus', label: 'Focus areas', system: '-1000 to 1000 across the crop by zoom', names: ['qz-focus-value']},
+    {id: 'metering', label: 'Metering areas', system: '-1000 to 1000 across the crop by zoom', names: ['qz-metering-value']},
+    {id: 'face', label: 'Faces', system: 'pixels of the active array', names: ['android.statistics.faceRectangles'], ofResult: true},
+    {id: 'tracking', label: 'Tracking', system: PICTURE, names: ['qz-device-target-tracking-coordinate']},
+    {id: 'mirror', label: 'Mirror point', system: 'read as x and y in 16 bits each, pixels of the active array', names: ['mirrorPoint']},
     {id: 'sub', label: 'Secondary sensor', system: 'pixels of its own array'},
 ];
+const ON_PICTURE = ['focus', 'metering', 'tracking'];
+const NO_ARRAY = 'unknown place: no input states the active array';
 
 class SensorView {
-    constructor(events) {
-        this.events = events;
-        this.number = Math.max(0, events.requests.length - 1);
+    constructor(scenes) {
+        this.scenes = scenes;
         this.off = new Set();
-        const count = events.requests.length;
-        this.slider = el('input', {type: 'range', min: 1, max: Math.max(1, count), value: this.number + 1, step: 1,
-            'aria-label': 'Request', disabled: count < 2});
+        const {count, what} = scenes;
+        this.slider = el('input', {type: 'range', min: 1, max: Math.max(1, count), value: 1, step: 1, 'aria-label': what, disabled: count < 2});
         this.slider.addEventListener('input', () => this.show(Number(this.slider.value) - 1));
         this.place = el('output', {class: 'place', 'aria-live': 'polite'});
         this.picture = el('div', {class: 'picture'});
         this.legend = el('ul', {class: 'legend'});
         const step = (by, text, label) => el('button', {type: 'button', 'aria-label': label, onclick: () => this.show(this.number + by)}, text);
         this.element = el('section', {class: 'sensor'},
-            el('div', {class: 'slider'}, step(-1, '◀', 'Request before'), this.slider, step(1, '▶', 'Next request'), this.place),
+            el('div', {class: 'slider'}, step(-1, '◀', `${what} before`), this.slider, step(1, '▶', `Next ${what.toLowerCase()}`), this.place),
             el('div', {class: 'columns'}, this.picture, el('aside', {'aria-label': 'Legend'}, this.legend)));
         this.draw = onceAFrame(() => this.drawNow());
         new ResizeObserver(this.draw).observe(this.picture);
-        this.show(this.firstWithAreas());
-    }
-
-    // A request that shows something, if there is one.
-    firstWithAreas() {
-        const names = ['qz-focus-value', 'qz-metering-value', 'qz-zoom-in', 'android.scaler.cropRegion', 'mirrorPoint',
-            'qz-device-target-tracking-coordinate'];
-        const tells = (at) => this.events.all[at].data.entries.some((entry) => names.some((name) => endsWithName(entry.tag, name)));
-        const found = this.events.requests.slice(0, 2000).findIndex(tells);
-        return found < 0 ? 0 : found;
+        this.show(scenes.first);
     }
 
     show(number) {
-        this.number = Math.min(Math.max(number, 0), Math.max(0, this.events.requests.length - 1));
+        this.number = Math.min(Math.max(number, 0), this.scenes.count - 1);
         this.slider.value = this.number + 1;
         this.draw();
     }
 
     drawNow() {
-        const scene = new Scene(this.events, this.number);
-        const count = this.events.requests.length;
-        const where = scene.item ? `Request ${(this.number + 1).toLocaleString('en')} of ${count.toLocaleString('en')}${scene.item.line ? `, line ${scene.item.line}` : ''}` : 'No request';
-        this.place.textContent = where;
-        this.slider.setAttribute('aria-valuetext', where);
+        const scene = this.scenes.scene(this.number);
+        const where = this.scenes.title(this.number);
+        this.place.textContent = visible(where);
+        this.slider.setAttribute('aria-valuetext', visible(where));
         const shapes = this.shapesOf(scene);
         this.picture.replaceChildren(...this.pictures(scene, shapes));
         this.legend.replaceChildren(...LAYERS.map((layer) => this.legendItem(layer, scene, shapes)));
     }
 
+    // What cannot be placed has a text `unknown` and is not drawn.
     shapesOf(scene) {
         const area = (shape) => ({...shape, label: `weight ${shape.weight}${shape.sent ? '' : ', not sent'}`});
-        const shapes = {active: [], crop: [], sub: []};
-        shapes.active.push({...scene.active, text: `${scene.active.width} × ${scene.active.height}${scene.stated ? '' : ' (assumed: the device does not state it)'}`});
-        if (scene.entry('qz-zoom-in')) shapes.crop.push({...scene.crop, text: `${scene.ratio} ×: ${rectangleText(scene.crop)}`});
+        const onArray = (list) => list.filter(Boolean).map((shape) => (scene.active ? shape : {...shape, unknown: NO_ARRAY}));
+        const shapes = {active: scene.active ? [{...scene.active, text: `${scene.active.width} × ${scene.active.height}`}] : []};
+        const zooms = scene.values('qz-zoom-in');
+        shapes.crop = !zooms ? [] : scene.crop ? [{...scene.crop, text: `${scene.ratio} ×: ${rectangleText(scene.crop)}`}] : [{text: `${scene.ratio} ×`, unknown: NO_ARRAY}];
         shapes.focus = scene.areas('focus-areas', 'qz-focus-value').map(area);
         shapes.metering = scene.areas('metering-areas', 'qz-metering-value').map(area);
-        shapes.face = scene.faces();
+        shapes.face = onArray(scene.faces());
         shapes.tracking = [scene.tracking()].filter(Boolean);
-        shapes.mirror = [scene.mirror()].filter(Boolean);
-        const sub = scene.subCrop();
-        if (scene.sub) shapes.sub.push({...scene.sub, text: `${scene.sub.width} × ${scene.sub.height}`});
-        if (sub) shapes.sub.push({...sub, inner: true, text: `crop ${rectangleText(sub)}`});
-        return shapes;
+        shapes.mirror = onArray([scene.mirror()]);
+        return Object.assign(shapes, this.regionsOf(scene, onArray));
+    }
+
+    regionsOf(scene, onArray) {
+        const region = scene.region();
+        const isSecondary = scene.isSecondary();
+        const sub = scene.sub ? [{...scene.sub, text: `${scene.sub.width} × ${scene.sub.height}`}] : [];
+        if (!region) return {region: [], sub};
+        if (isSecondary) return {region: [], sub: [...sub, {...region, inner: true, text: `crop ${rectangleText(region)}`}]};
+        const shape = {...region, text: rectangleText(region)};
+        return {region: isSecondary === null ? [{...shape, unknown: 'unknown which of the two sensors it lies on'}] : onArray([shape]), sub};
+    }
+
+    // Why nothing is drawn of a layer.
+    absenceOf(layer, scene) {
+        if (layer.names) return scene.absence(layer.names, layer.ofResult ? scene.result : null);
+        return layer.id === 'sub' && scene.isDescribed ? 'not declared' : 'unknown: no input states it';
+    }
+
+    systemOf(layer, scene) {
+        return ON_PICTURE.includes(layer.id) && !scene.crop ? `-1000 to 1000 across the picture; its place on the array is unknown: nothing states the ${scene.active ? 'zoom' : 'active array'}` : layer.system;
     }
 
     legendItem(layer, scene, shapes) {
         const found = shapes[layer.id];
-        const box = el('input', {type: 'checkbox', id: `layer-${layer.id}`, disabled: found.length === 0});
+        const isDrawn = found.some((shape) => !shape.unknown);
+        const box = el('input', {type: 'checkbox', id: `layer-${layer.id}`, disabled: !isDrawn});
         box.checked = !this.off.has(layer.id);
         box.addEventListener('change', () => {
             if (box.checked) this.off.delete(layer.id);
@@ -85,27 +97,31 @@ class SensorView {
             this.draw();
         });
         const texts = found.map((shape) => el('li', {}, shape.text, shape.label ? el('span', {class: 'muted'}, ` ${shape.label}`) : null,
-            shape.to ? el('span', {class: 'muted'}, ` moved by ${shape.to.text}`) : null));
-        return el('li', {class: found.length ? '' : 'absent'}, box, el('span', {class: `swatch ${layer.id}`, 'aria-hidden': 'true'}),
-            el('label', {for: `layer-${layer.id}`}, layer.label, el('small', {}, found.length ? layer.system : 'not in this request')),
+            shape.to ? el('span', {class: 'muted'}, ` moved by ${shape.to.text}`) : null, shape.unknown ? el('span', {class: 'unknown'}, ` ${shape.unknown}`) : null));
+        return el('li', {class: isDrawn ? '' : 'absent'}, box, el('span', {class: `swatch ${layer.id}`, 'aria-hidden': 'true'}),
+            el('label', {for: `layer-${layer.id}`}, layer.label, el('small', {}, found.length ? this.systemOf(layer, scene) : this.absenceOf(layer, scene))),
             found.length ? el('ul', {class: 'values'}, texts) : null);
     }
 
-    seen(shapes, id) { return this.off.has(id) ? [] : shapes[id]; }
+    seen(shapes, ids) { return ids.filter((id) => !this.off.has(id)).flatMap((id) => shapes[id].filter((shape) => !shape.unknown).map((shape) => ({...shape, id}))); }
 
     pictures(scene, shapes) {
-        const over = ['crop', 'focus', 'metering', 'face', 'tracking', 'mirror'];
-        const main = over.flatMap((id) => this.seen(shapes, id).map((shape) => ({...shape, id})));
-        const room = {width: Math.max(240, this.picture.clientWidth - 26), height: Math.max(220, innerHeight * 0.6)};
+        const onPicture = this.seen(shapes, ON_PICTURE);
+        const hasOwnPicture = !scene.crop && onPicture.length > 0;
+        const room = {width: Math.max(240, this.picture.clientWidth - 26), height: Math.max(220, innerHeight * (hasOwnPicture && scene.active ? 0.36 : 0.6))};
+        const main = [...this.seen(shapes, ['crop', 'region']), ...(scene.crop ? onPicture : []), ...this.seen(shapes, ['face', 'mirror'])];
         const inner = shapes.sub.filter((shape) => shape.inner).map((shape) => ({...shape, id: 'sub'}));
         const array = scene.sub || inner[0];
         const isTwo = inner.length > 0 && !this.off.has('sub');
-        const pixels = scaleFor(room, boundsOf(scene.active, main), isTwo ? boundsOf(array, inner) : null);
-        const figures = [this.figure('Active array', scene.active, main, !this.off.has('active'), pixels)];
-        if (isTwo) {
-            figures.push(this.figure('Secondary sensor', array, inner, true, pixels));
+        const figures = [];
+        const pixels = scaleFor(room, boundsOf(scene.active || array || scene.ground, main), isTwo ? boundsOf(array, inner) : null);
+        if (scene.active) figures.push(this.figure('Active array', scene.active, main, !this.off.has('active'), pixels));
+        if (isTwo) figures.push(this.figure(scene.sub ? 'Secondary sensor' : 'Secondary sensor, whose size is unknown: its crop', array, inner, true, pixels));
+        if (hasOwnPicture) {
+            const own = scaleFor(room, boundsOf(scene.ground, onPicture), null);
+            figures.unshift(this.figure('Picture, whose place on the array is unknown', scene.ground, onPicture, true, own));
         }
-        return figures;
+        return figures.length > 0 ? figures : [el('p', {class: 'muted'}, 'Nothing can be drawn: see the legend for what is unknown.')];
     }
 
     // All pictures have one scale: so many pixels of the screen for one of the sensor.
@@ -168,8 +184,8 @@ function drawShape(shape, unit, labels) {
     if (shape.x !== undefined) return drawPoint(shape, unit, labels);
     const [left, right] = [shape.left, shape.left + shape.width].sort((a, b) => a - b);
     const [top, bottom] = [shape.top, shape.top + shape.height].sort((a, b) => a - b);
-    const name = {crop: 'crop by zoom', sub: 'crop', focus: 'focus', metering: 'metering'}[shape.id];
-    const inside = shape.id === 'crop' || shape.id === 'sub';
+    const name = {crop: 'crop by zoom', region: 'crop region', sub: 'crop', focus: 'focus', metering: 'metering'}[shape.id];
+    const inside = ['crop', 'region', 'sub'].includes(shape.id);
     const above = [left, top - 5 * unit];
     const below = [left, bottom + 14 * unit];
     const within = [left + 5 * unit, bottom - 6 * unit];

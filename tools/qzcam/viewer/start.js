@@ -8,7 +8,7 @@ function viewsOf(events, open) {
     const check = readData('check');
     const diff = readData('diff');
     if (events) views.push(['timeline', 'Timeline', () => new TimelineView(events)]);
-    if (events && events.requests.length > 0) views.push(['sensor', 'Sensor', () => new SensorView(events)]);
+    const scenes = scenesOf(events);
     const cameras = readData('cameras');
     if (cameras) views.push(['device', 'Device', () => new CamerasView(cameras.cameras, readData('rows'))]);
     if (check) views.push(['device', 'Device', () => new DeviceView(check, readData('rows'))]);
@@ -17,7 +17,20 @@ function viewsOf(events, open) {
     if (diff) views.push(['difference', 'Difference', () => new DifferenceView(diffSides(diff))]);
     const compare = readData('compare');
     if (compare) views.push(['difference', 'Difference', () => new DifferenceView(comparedSides(compare))]);
+    if (scenes) views.splice(1, 0, ['sensor', 'Sensor', () => new SensorView(scenes)]);
     return views;
+}
+
+// Nothing when no place on the sensor is known.
+function scenesOf(events) {
+    const compare = readData('compare');
+    if (compare) {
+        const scenes = new CompareScenes(compare, readData('sensors'));
+        return scenes.tells ? scenes : null;
+    }
+    if (!events) return null;
+    const scenes = events.readInto ? new TraceScenes(events, readData('sensors')) : new RunScenes(events);
+    return scenes.count > 0 ? scenes : null;
 }
 
 function headerOf(events) {
@@ -34,7 +47,8 @@ function sessionsOf(events) {
     const names = events.inputs || events.all.filter((item) => item.kind === 'session').map((item) => item.data.file);
     const cameras = [...new Set(events.devices.map((device) => device.camera))];
     const shown = names.length > 3 ? `${names.slice(0, 3).join(', ')} and ${names.length - 3} more` : names.join(', ');
-    return [shown, cameras.length ? `camera ${cameras.join(', ')}` : null].filter(Boolean).join(' · ');
+    if (names.length === 1 && document.title.endsWith(`: ${shown}`)) names.length = 0;
+    return [names.length ? shown : null, cameras.length ? `camera ${cameras.join(', ')}` : null].filter(Boolean).join(' · ');
 }
 
 function summaryBadges(events) {
@@ -77,7 +91,7 @@ class Tabs {
     open(view) {
         this.current = view;
         if (!view.panel) {
-            view.panel = el('div', {role: 'tabpanel', id: `panel-${view.id}`, 'aria-labelledby': `tab-${view.id}`});
+            view.panel = el('div', {role: 'tabpanel', id: `panel-${view.id}`, 'data-label': view.label, 'aria-labelledby': `tab-${view.id}`});
             this.main.append(view.panel);
             view.view = view.make();
             view.panel.append(view.view.element);

@@ -119,8 +119,8 @@ class TimelineView {
         this.drawOverview();
     }
 
-    measure() {
-        const width = this.scroller.clientWidth || 800;
+    measure(paper) {
+        const width = paper || this.scroller.clientWidth || 800;
         const left = width < 560 ? 104 : width < 1000 ? 170 : 230;
         const showsAll = this.scale.perUnit <= this.scale.fit * 1.001;
         Object.assign(this.scale, {width, left});
@@ -128,23 +128,42 @@ class TimelineView {
         this.scale.limit();
     }
 
-    drawNow(onPaper) {
+    drawNow() {
         if (!this.shownLanes) return;
         this.measure();
-        const {scale, scroller} = this;
-        const height = onPaper ? AXIS + Math.min(this.shownLanes.length, 400) * ROW : scroller.clientHeight;
-        const top = onPaper ? 0 : scroller.scrollTop;
+        this.space.replaceChildren(this.svg);
         this.space.style.height = `${AXIS + this.shownLanes.length * ROW}px`;
-        this.svg.setAttribute('width', scale.width);
-        this.svg.setAttribute('height', height);
+        const {scrollTop, clientHeight} = this.scroller;
+        this.drawLanes(this.svg, scrollTop, clientHeight);
+        this.drawWindow();
+    }
+
+    // On paper every sheet has an axis, and no lane is cut.
+    drawPaper() {
+        if (!this.shownLanes) return;
+        const [width, lanes, most] = [700, 28, 560];
+        this.measure(width);
+        const sheets = [];
+        for (let first = 0; first < Math.min(this.shownLanes.length, most); first += lanes) {
+            const sheet = svg('svg', {class: 'lanes sheet-of-lanes'});
+            this.drawLanes(sheet, first * ROW, AXIS + Math.min(lanes, this.shownLanes.length - first) * ROW);
+            sheets.push(sheet);
+        }
+        if (this.shownLanes.length > most) sheets.push(el('p', {class: 'muted'}, `${this.shownLanes.length - most} more lanes are not printed: search or filter to choose lanes.`));
+        this.space.replaceChildren(...sheets);
+    }
+
+    drawLanes(drawing, top, height) {
+        const {scale} = this;
+        drawing.setAttribute('width', scale.width);
+        drawing.setAttribute('height', height);
         const first = Math.floor(top / ROW);
-        const last = Math.min(this.shownLanes.length, Math.ceil((top + height - AXIS) / ROW) + 1);
+        const last = Math.min(this.shownLanes.length, Math.ceil((top + height - AXIS) / ROW) + (height === this.scroller.clientHeight ? 1 : 0));
         const nodes = drawAxis(scale, (unit) => this.labelAt(unit));
         for (let i = first; i < last; ++i) nodes.push(...this.row(i, AXIS + i * ROW - top));
         nodes.push(...this.drawChain(top));
         nodes.push(svg('rect', {class: 'cover', x: 0, y: 0, width: scale.width, height: AXIS}), ...drawAxis(scale, (unit) => this.labelAt(unit)).slice(1));
-        this.svg.replaceChildren(...nodes);
-        this.drawWindow();
+        drawing.replaceChildren(...nodes);
     }
 
     row(index, y) {

@@ -5,9 +5,10 @@ const TRACE_TONES = {refused: 'bad', undeclared: 'warn', gated: 'warn', lost: 'w
 
 class TraceEvents {
     constructor(list) {
-        Object.assign(this, {all: [], devices: [], requests: [], findings: [], inputs: []});
+        Object.assign(this, {all: [], devices: [], requests: [], findings: [], inputs: [], groups: 0});
         for (const data of list) {
             if (data.event === 'input') this.inputs[data.input] = data.name;
+            else if (data.event === 'group') ++this.groups;
             else if (data.line !== undefined) this.add(data);
         }
         for (const data of list) if (data.event === 'parameter') this.find(data);
@@ -16,7 +17,7 @@ class TraceEvents {
 
     add(data) {
         const before = this.all[this.all.length - 1];
-        const item = {index: this.all.length, kind: data.event, data, line: data.line, moment: this.all.length, session: this.inputs[data.input] || '',
+        const item = {index: this.all.length, kind: data.event, data, line: data.line, moment: this.all.length, session: this.inputs[data.input] || '', group: this.groups,
             frame: data.frame === undefined ? (before ? before.frame : 0) : data.frame, request: 0,
             time: data.time && data.time.nanoseconds !== undefined ? Number(data.time.nanoseconds) / 1e6 : undefined};
         this.all.push(item);
