@@ -5,6 +5,7 @@
 #include "log/LogcatFields.h"
 
 #include <algorithm>
+#include <array>
 
 namespace qzcam {
 
@@ -25,44 +26,54 @@ bool takeTagAndMessage(Scan& scan, LogLine& line) {
     return true;
 }
 
-// Takes "  1047:  812: 2207" off the scan, which has from one to three numbers. The first may be a user's
-// name.
-std::vector<std::string_view> takeIds(Scan& scan) {
-    std::vector<std::string_view> ids;
+// From one to three numbers. The first may be a user's name. Further ones are only counted.
+struct Ids {
+    std::array<std::string_view, 3> words;
+    size_t count = 0;
+
+    void add(std::string_view word) {
+        if (count < words.size()) words[count] = word;
+        ++count;
+    }
+};
+
+// Takes "  1047:  812: 2207" off the scan.
+Ids takeIds(Scan& scan) {
+    Ids ids;
     do {
         scan.skipBlanks();
         const std::string_view word = scan.takeWhile([](char c) { return c != ':' && c != ')' && c != ' '; });
         if (word.empty()) return {};
-        ids.push_back(word);
+        ids.add(word);
     } while (scan.take(':'));
     return ids;
 }
 
 // The last `numbers` of the ids are pid and perhaps tid; one more before them is the uid.
-bool setIds(LogLine& line, const std::vector<std::string_view>& ids, size_t numbers) {
-    if (ids.size() != numbers && ids.size() != numbers + 1) return false;
-    const size_t first = ids.size() - numbers;
-    const auto pid = parseId(ids[first]);
-    const auto tid = numbers == 2 ? parseId(ids[first + 1]) : std::optional(-1);
+bool setIds(LogLine& line, const Ids& ids, size_t numbers) {
+    if (ids.count != numbers && ids.count != numbers + 1) return false;
+    const size_t first = ids.count - numbers;
+    const auto pid = parseId(ids.words[first]);
+    const auto tid = numbers == 2 ? parseId(ids.words[first + 1]) : std::optional(-1);
     if (!pid || !tid) return false;
     line.pid = *pid;
     line.tid = *tid;
-    if (first == 1) line.uid = ids[0];
+    if (first == 1) line.uid = ids.words[0];
     return true;
 }
 
 // "   812  2207 D CameraQzParam: message", with a uid before the pid or without.
 bool parseThreadtime(Scan scan, LogLine& line) {
-    std::vector<std::string_view> ids;
+    Ids ids;
     for (;;) {
         scan.skipBlanks();
         const std::string_view word = scan.takeWhile([](char c) { return c != ' '; });
-        if (word.empty() || ids.size() > 3) return false;
-        if (word.size() == 1 && isLevel(word.front()) && ids.size() >= 2) {
+        if (word.empty() || ids.count > 3) return false;
+        if (word.size() == 1 && isLevel(word.front()) && ids.count >= 2) {
             line.level = word.front();
             break;
         }
-        ids.push_back(word);
+        ids.add(word);
     }
     return setIds(line, ids, 2) && scan.take(' ') && takeTagAndMessage(scan, line);
 }
@@ -178,7 +189,9 @@ bool LogcatReader::feedLong(std::string_view text, size_t line) {
 }
 
 void LogcatReader::feed(std::string_view text, size_t number) {
-    const std::string plain = withoutColors(text);
+    const bool isColored = text.find('\x1b') != std::string_view::npos;
+    const std::string stripped = isColored ? withoutColors(text) : std::string();
+    const std::string_view plain = isColored ? stripped : text;
     if (isHeading(plain)) return;
     if (startsWith(plain, "------ ")) mHead.reset();
     LogLine line;

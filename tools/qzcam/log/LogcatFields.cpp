@@ -31,13 +31,20 @@ std::optional<int64_t> parseDigits(std::string_view text) {
     return number;
 }
 
+// The value of up to nine digits. A log has millions of times, and this is faster than a general reader.
+int valueOf(std::string_view digits) {
+    int number = 0;
+    for (const char digit : digits) number = number * 10 + (digit - '0');
+    return number;
+}
+
 // Takes a number of just so many digits.
 std::optional<int> takeNumber(Scan& scan, size_t digits) {
     Scan ahead = scan;
     const std::string_view text = ahead.takeDigits();
     if (text.size() != digits) return std::nullopt;
     scan = ahead;
-    return static_cast<int>(*parseDigits(text));
+    return valueOf(text);
 }
 
 // ".345", ".345678" or ".345678901", as nanoseconds.
@@ -45,7 +52,7 @@ std::optional<int64_t> takeFraction(Scan& scan) {
     if (!scan.take('.')) return std::nullopt;
     const std::string_view digits = scan.takeDigits();
     if (digits.size() < 3 || digits.size() > 9) return std::nullopt;
-    int64_t fraction = *parseDigits(digits);
+    int64_t fraction = valueOf(digits);
     for (size_t i = digits.size(); i < 9; ++i) fraction *= 10;
     return fraction;
 }

@@ -45,7 +45,7 @@ class LogCounter {
     void take(const LogLine& line) {
         ++mSummary.lines;
         LogTag& tag = mTags[line.tag];
-        tag.tag = line.tag;
+        if (tag.lines == 0) tag.tag = line.tag;
         ++tag.lines;
         if (line.level != 0) ++tag.levels[line.level];
         mSummary.folded += line.folded;
