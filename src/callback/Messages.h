@@ -6,6 +6,8 @@
 #include "rows/Format.h"
 #include "rows/Upto.h"
 
+#include <iterator>
+
 namespace qz {
 
 struct MessageRow {
@@ -50,7 +52,7 @@ constexpr bool distinctMessages() {
     return true;
 }
 
-static_assert(sizeof(kMessages) / sizeof(kMessages[0]) == 18, "16 codes, one of them for three messages");
+static_assert(std::size(kMessages) == 18, "16 codes, one of them for three messages");
 static_assert(distinctMessages());
 
 }  // namespace qz

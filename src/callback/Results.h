@@ -5,6 +5,8 @@
 #include "callback/Messages.h"
 #include "callback/ResultRow.h"
 
+#include <iterator>
+
 namespace qz {
 
 inline constexpr ResultRow kResults[] = {
@@ -15,7 +17,7 @@ inline constexpr ResultRow kResults[] = {
 #undef OWN
 };
 
-constexpr size_t kResultCount = sizeof(kResults) / sizeof(kResults[0]);
+constexpr size_t kResultCount = std::size(kResults);
 
 // Returns null if no row has the name.
 constexpr const ResultRow* findResult(const char* handler) {

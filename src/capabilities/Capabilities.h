@@ -6,6 +6,8 @@
 #include "text/Log.h"
 #include "text/Vocabularies.h"
 
+#include <iterator>
+
 namespace qz {
 
 namespace capability {
@@ -22,7 +24,7 @@ inline constexpr CapabilityRow kCapabilities[] = {
 
 using capability::kCapabilities;
 
-constexpr size_t kCapabilityCount = sizeof(kCapabilities) / sizeof(kCapabilities[0]);
+constexpr size_t kCapabilityCount = std::size(kCapabilities);
 
 constexpr bool distinctCapabilities() {
     for (size_t i = 0; i < kCapabilityCount; ++i) {

@@ -6,6 +6,8 @@
 #include "text/Log.h"
 #include "text/Vocabularies.h"
 
+#include <iterator>
+
 namespace qz {
 
 namespace parameter {
@@ -26,7 +28,7 @@ inline constexpr Parameter kParameters[] = {
 
 using parameter::kParameters;
 
-constexpr size_t kParameterCount = sizeof(kParameters) / sizeof(kParameters[0]);
+constexpr size_t kParameterCount = std::size(kParameters);
 
 // Returns the index of a row in the pass, or kParameterCount if no row has the name.
 constexpr size_t placeOf(const char* setter) {

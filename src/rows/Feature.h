@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <iterator>
 
 namespace qz {
 
@@ -30,7 +31,7 @@ constexpr const char* kFeatureNames[] = {
     "two sensors",        "mirror",        "light painting", "professional", "night",
     "focus and metering", "shots",         "video",          "pictures",     "image",
 };
-constexpr size_t kFeatureCount = sizeof(kFeatureNames) / sizeof(kFeatureNames[0]);
+constexpr size_t kFeatureCount = std::size(kFeatureNames);
 static_assert(kFeatureCount == static_cast<size_t>(Feature::image) + 1);
 
 }  // namespace qz
