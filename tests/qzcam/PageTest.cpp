@@ -2,6 +2,8 @@
 // The files that --html writes; what browsers make of them is tested in tests/web.
 #include "Tool.h"
 #include "device/BuiltIn.h"
+#include "support/DumpComposer.h"
+#include "viewer/Page.h"
 
 #include <gmock/gmock.h>
 #include <nlohmann/json.hpp>
@@ -54,13 +56,42 @@ TEST_F(Pages, HoldTheJsonOfTheCommand) {
     }
 }
 
+TEST_F(Pages, HoldWhatShowAndComparePrint) {
+    test::DumpPhone sample = test::samplePhone(14);
+    sample.cameras[0].entries.push_back(
+        {"android.sensor.info.activeArraySize", 0xf0000, "int32", {"0", "0", "4000", "3000"}});
+    const std::string phone = file("phone.dumpsys", test::dumpOf(sample));
+    const std::string page = file("page.html", "");
+    ASSERT_EQ(tool({"show", phone, "--verbose", "--json", "--html", page}), 0) << mErr;
+    EXPECT_EQ(json::parse(data(read(page), "show")), json::parse(mOut));
+    const json arrays = json::parse(data(read(page), "arrays"))["arrays"];
+    EXPECT_EQ(arrays.size(), json::parse(mOut)["arrays"].size());
+    ASSERT_EQ(tool({"show", phone, "--array", "static", "--json", "--html", page}), 0) << mErr;
+    EXPECT_EQ(json::parse(data(read(page), "arrays")), json::parse(mOut));
+    EXPECT_EQ(json::parse(mOut)["arrays"][0], arrays[2]);
+    ASSERT_EQ(tool({"show", phone, "--find", "\\\"", "--json", "--html", page}), 0) << mErr;
+    EXPECT_EQ(json::parse(data(read(page), "found")), json::parse(mOut));
+    ASSERT_EQ(tool({"compare", phone, "--params", "iso=50", "--json", "--html", page}), 1) << mErr;
+    EXPECT_EQ(json::parse(data(read(page), "compare")), json::parse(mOut));
+    EXPECT_EQ(json::parse(data(read(page), "sensors"))["0"]["activeArray"], (json{0, 0, 4000, 3000}));
+}
+
 TEST_F(Pages, AreTheSameForTheSameInput) {
+    const std::string phone = file("phone.dumpsys", test::dumpOf(test::samplePhone(14)));
     const std::string one = file("1.html", "");
     const std::string other = file("2.html", "");
-    ASSERT_EQ(tool({"run", "--html", one}), 0) << mErr;
-    ASSERT_EQ(tool({"run", "--html", other}), 0) << mErr;
-    EXPECT_EQ(read(one), read(other));
+    for (std::vector<std::string> words : std::vector<std::vector<std::string>>{
+             {"run"}, {"show", phone}, {"compare", phone, "--params", "iso=50"}, {"trace", phone}}) {
+        words.insert(words.end(), {"--html", one});
+        const int status = tool(words);
+        words.back() = other;
+        EXPECT_EQ(tool(words), status) << mErr;
+        EXPECT_EQ(read(one), read(other)) << words.front();
+        EXPECT_THAT(read(one), Not(HasSubstr("Not finished")));
+    }
 }
+
+TEST(Page, IsSmallWithoutData) { EXPECT_LT(htmlPage("qzcam run: built-in device", {}).size(), 150'000U); }
 
 TEST_F(Pages, KeepDataApartFromThePage) {
     const std::string page = file("page.html", "");
@@ -81,6 +112,8 @@ TEST_F(Pages, DoNotReplaceInputsAndDoNotStayFromBefore) {
     const std::string dump = file("a.dumpsys", "nothing");
     EXPECT_EQ(tool({"check", "--device", dump, "--html", dump}), 2);
     EXPECT_EQ(tool({"diff", dump, "--html", dump}), 2);
+    EXPECT_EQ(tool({"show", dump, "--html", dump}), 2);
+    EXPECT_EQ(tool({"compare", dump, session, "--html", session}), 2);
     const std::string page = file("page.html", "old");
     EXPECT_EQ(tool({"check", "--device", dump, "--html", page}), 3);
     EXPECT_THAT(read(page), HasSubstr("Not finished"));

@@ -9,6 +9,7 @@ import subprocess
 import sys
 import unittest
 
+import bugreport
 from browser import Browser
 
 ROOT = os.path.realpath(os.path.join(os.path.dirname(__file__), "../.."))
@@ -51,6 +52,28 @@ def page(name, *words):
     path = f"{OUT}/{name}.html"
     qzcam(*words, "--html", path)
     return path
+
+
+def data(path, name):
+    with open(path, encoding="utf-8") as file:
+        return json.loads(re.search(f'data-name="{name}">\n(.*?)</script>', file.read(), re.S).group(1))
+
+
+def report(name, replace=None):
+    """A bugreport of the examples, as a file. `replace`: pairs of texts in it."""
+    with open(f"{ROOT}/examples/running.dumpsys", encoding="utf-8") as dump, open(f"{ROOT}/examples/phone.log", encoding="utf-8") as log:
+        text = bugreport.compose(dump.read(), log.read())
+    for old, new in (replace or {}).items():
+        assert old in text, old
+        text = text.replace(old, new)
+    with open(f"{OUT}/{name}", "w", encoding="utf-8") as file:
+        file.write(text)
+    return f"{OUT}/{name}"
+
+
+# A tag of two types, an entry without its value, parameters of an application.
+FAULTS = {"(hdrMode) with type 0 (byte) defined in section org.example.imaging": "(iso) with type 1 (int32) defined in section com.ambrix.capture.metadata",
+          "capabilities.zslSupported (80010001): byte[1]\n        [1 ]": "capabilities.zslSupported (80010001): byte[1]\n        [zz ]"}
 
 
 def events(path):
@@ -192,28 +215,24 @@ class Pages(unittest.TestCase):
         device = next(event for event in events(path) if event.get("event") == "device")
         width, height = device["sensor"]["activeArray"][2:]
 
-        def boxes(name):
-            return self.browser.run("return [...document.querySelectorAll('rect.shape.' + arguments[0])].map((r) => "
-                                    "['x', 'y', 'width', 'height'].map((a) => Number(r.getAttribute(a))));", name)
-
         ratio = 40 / 99 * (device["sensor"]["maxDigitalZoom"][0] - 1) + 1
         crop = [width * (1 - 1 / ratio) / 2, height * (1 - 1 / ratio) / 2, width / ratio, height / ratio]
         self.assertEqual(self.browser.get("document.querySelectorAll('rect.shape.unsent').length"), 1)
-        for shown, expected in ((boxes("crop")[0], crop), (boxes("face")[1], [2500, 300, 600, 700]),
-                                (boxes("focus")[0], [crop[0] + crop[2] * .4, crop[1] + crop[3] * .4, crop[2] * .2, crop[3] * .2])):
+        for shown, expected in ((self.boxes("crop")[0], crop), (self.boxes("face")[1], [2500, 300, 600, 700]),
+                                (self.boxes("focus")[0], [crop[0] + crop[2] * .4, crop[1] + crop[3] * .4, crop[2] * .2, crop[3] * .2])):
             for one, other in zip(shown, expected):
                 self.assertAlmostEqual(one, other, delta=1)
         self.browser.run("document.querySelector('.slider input').focus()")
         self.browser.keys("Right")
         self.assertIn("Request 2 of 4", self.browser.texts(".slider output")[0])
-        outside = boxes("focus")[0]
-        crop = boxes("crop")[0]
+        outside = self.boxes("focus")[0]
+        crop = self.boxes("crop")[0]
         self.assertGreater(outside[0] + outside[2], crop[0] + crop[2])
         self.browser.keys("Right")
-        self.assertEqual(boxes("sub"), [[1000, 750, 2000, 1500]])
+        self.assertEqual(self.boxes("sub"), [[1000, 750, 2000, 1500]])
         self.browser.picture(f"{OUT}/sensor-secondary.png")
         self.browser.click("#layer-sub")
-        self.assertEqual(boxes("sub"), [])
+        self.assertEqual(self.boxes("sub"), [])
         self.browser.run("document.querySelector('.slider input').focus()")
         self.browser.keys("End")
         self.assertEqual(self.browser.get("document.querySelector('#layer-focus').disabled"), True)
@@ -233,6 +252,159 @@ class Pages(unittest.TestCase):
             line = int(re.search(r"Line(\d+)", self.browser.texts(".details .facts")[0]).group(1))
             self.assertIn(line, [item["line"] for item in items])
         self.browser.picture(f"{OUT}/trace-chosen.png")
+
+    def rows(self, view):
+        """Tag or name, value and badge of each row in sight."""
+        return self.browser.run("return [...document.querySelectorAll(`.${arguments[0]} [role=option]`)].map((row) => [row.querySelector('.name').title, "
+                                "...['.text', '.badge'].map((part) => (row.querySelector(part) || {}).textContent)]);", view)
+
+    def boxes(self, name):
+        """The rectangles of a layer."""
+        return self.browser.run("return [...document.querySelectorAll('rect.shape.' + arguments[0])].map((r) => "
+                                "['x', 'y', 'width', 'height'].map((a) => Math.round(1000 * r.getAttribute(a)) / 1000));", name)
+
+    def counts(self):
+        """The numbers on the tabs."""
+        return dict(re.match(r"(.*?) ?([\d,]*)$", text).groups() for text in self.browser.texts("[role=tab]"))
+
+    def test_show(self):
+        path = page("show", "show", report("show.txt", FAULTS))
+        show, arrays = data(path, "show"), data(path, "arrays")["arrays"]
+        self.looks_well(path, "contents", "show")
+        self.looks_well(path, "arrays", "show-arrays")
+        self.browser.open(path)
+        left = sum(len(each["names"]) for each in show["left"])
+        entries = [entry for array in arrays for entry in array["entries"]]
+        self.assertEqual(self.counts(), {"Contents": "", "Findings": str(len(show["faults"]) + left), "Entries": str(len(entries)), "Vendor tags": str(show["vendorBlocks"][0]["tags"]),
+                                         "Properties": "2", "Log tags": str(len(show["log"]["tags"]))})
+        self.assertIn("1 fault", self.badges())
+        self.assertEqual(self.browser.texts(".sheet tbody th"), ["0", f"Block in line {show['vendorBlocks'][0]['line']}", *[f"camera 0, {array['name']}" for array in show["arrays"]], "0"])
+        # A link leads to the entries of its array; keys go through them.
+        self.browser.run("[...document.querySelectorAll('.link-button')].find((link) => link.textContent.includes('last request sent')).click()")
+        request = next(array for array in arrays if array["name"] == "last request sent")["entries"]
+        self.assertEqual(self.rows("browse"), [[entry["tag"], " ".join(map(str, entry["values"])), f"{entry['type']}[{entry['count']}]"] for entry in request])
+        self.browser.run("document.querySelector('.list').focus()")
+        self.browser.keys("Down", "Down")
+        for text in (request[1]["tag"], f"Line{request[1]['line']}"):
+            self.assertIn(text, self.browser.texts(".details")[0])
+        # The search goes through values too, and a toggle leaves kinds out.
+        self.browser.click(".feature[aria-pressed=false]")
+        self.browser.type("input[type=search]", "5200")
+        self.assertEqual([row[0] for row in self.rows("browse")], ["com.ambrix.capture.metadata.sensorWbValue"])
+        self.browser.type("input[type=search]", "\b" * 4)
+        self.browser.click(".toggle[data-name=platform]")
+        vendor = sum(not entry["tag"].startswith("android.") for entry in entries)
+        self.assertEqual(self.browser.texts(".browse .middle > p"), [f"{vendor} of {len(entries)} entries"])
+        self.assertEqual(self.browser.texts(".browse .badge.bad"), ["damaged"])
+        self.browser.run("document.querySelector('#tab-arrays').focus()")
+        self.browser.keys("Left")
+        self.assertIn([show["faults"][0]["text"], show["faults"][0]["consequence"], "one name, two types"], self.rows("browse"))
+        self.browser.open(path, "log")
+        self.assertEqual([(row[0], row[2]) for row in self.rows("browse")], [(each["tag"], f"{each['lines']} line{'s' if each['lines'] > 1 else ''}") for each in show["log"]["tags"]])
+        self.browser.open(path, "properties")
+        self.assertEqual({row[0]: row[1] for row in self.rows("browse")}, show["properties"]["values"])
+
+    def test_parts_of_show(self):
+        dump = "examples/running.dumpsys"
+        self.browser.open(page("show-array", "show", dump, "--array", "static"))
+        self.assertEqual(self.counts(), {"Entries": "15"})
+        self.browser.open(page("show-find", "show", dump, "--find", "iso"))
+        found = json.loads(qzcam("show", dump, "--find", "iso", "--json"))
+        self.assertEqual([row[0] for row in self.rows("browse")], [each["text"].strip() for each in found["found"]])
+
+    def test_compare(self):
+        words = ("compare", "examples/running.dumpsys", "--params", "iso=50;metering-areas=(0,0,100,100,1)")
+        path = page("compare", *words)
+        compare = json.loads(qzcam(*words, "--json"))
+        self.looks_well(path, "difference", "compare")
+        self.browser.open(path)
+        counts = compare["counts"]
+        self.assertEqual(self.badges(), [f"{counts['different']} different", f"{counts['onlyThere']} only there", f"{counts['onlyHere']} only here", f"{counts['same']} same"])
+        differing = [entry for entry in compare["entries"] if entry["comparison"] != "same"]
+        self.assertEqual(self.browser.texts(".difference > p"), [f"{len(differing)} rows shown, {len(differing)} differences in all"])
+        shown = self.browser.run("return [...document.querySelectorAll('.list [role=option]')].map((r) => [r.className.split(' ')[1], r.querySelector('.name').title, ...[...r.querySelectorAll('.side')].map((s) => s.textContent), r.querySelector('.why').title]);")
+        tones = {"different": "changed", "only-there": "only-a", "only-here": "only-b"}
+        values = lambda side: " ".join(map(str, side["values"])) if side else "absent"
+        expected = [[tones[entry["comparison"]], entry["tag"], values(entry.get("there")), values(entry.get("here")),
+                     "; ".join(filter(None, [" ".join(f"{key}={value}" for key, value in entry.get("parameters", {}).items()), entry.get("reason")]))] for entry in differing]
+        self.assertEqual(sorted(shown), sorted(expected))
+        self.browser.click(".toggle[data-name=alike]")
+        self.assertIn("qz-metering-value", self.browser.texts(".row.same .name"))
+        self.browser.type("input[type=search]", "iso=1600")
+        self.browser.run("document.querySelector('.list').focus()")
+        self.browser.keys("Down")
+        self.assertIn("Reasoniso=1600 there", self.browser.texts(".details")[0])
+        # Both sides have the area, on the array that the dump states.
+        self.browser.open(path, "sensor")
+        self.assertEqual(self.boxes("metering"), [[2000, 1500, 200, 150]])
+        self.browser.run("document.querySelector('.slider input').focus()")
+        self.browser.keys("Right")
+        self.assertIn("the library", self.browser.texts(".slider output")[0])
+        self.assertEqual(self.boxes("metering"), [[2000, 1500, 200, 150]])
+
+    def test_trace_of_a_bugreport(self):
+        path = page("bugreport", "trace", report("bugreport.txt"))
+        self.looks_well(path, "timeline", "bugreport")
+        self.looks_well(path, "sensor", "bugreport-sensor")
+        self.browser.open(path)
+        # Which parameter, when, and why; and that nothing ties the log to the frames.
+        self.assertEqual(self.browser.texts(".findings .row:first-child > *"), ["refused", "iso", "iso could not be set to 7: status -22, the device declares int32", "03-05 10:11:12.345, line 11"])
+        self.assertIn("clocks that nothing ties", self.browser.texts(".note")[0])
+        self.assertEqual([option for option in self.browser.texts(".timeline select option") if "time" in option], [])
+        self.assertIn("Evidence", "".join(self.browser.texts(".lanes .label")))
+        self.browser.click(".findings .row:first-child")
+        for text in ("unknown: nothing ties this line to a frame", "line 10 iso: update of byte refused"):
+            self.assertIn(text, self.browser.texts(".details")[0])
+        # No line states the zoom: the area has a picture of its own.
+        self.browser.open(path, "sensor")
+        self.assertIn("frame 1203", self.browser.texts(".slider output")[0])
+        self.assertIn("whose place on the array is unknown", self.browser.texts("figcaption")[0])
+        self.assertEqual(self.boxes("metering"), [[0, 0, 100, 100]])
+        legend = dict(zip(self.browser.texts(".legend label"), self.browser.texts(".legend > li")))
+        self.assertTrue(any(name.startswith("Faces") and "unknown" in text for name, text in legend.items()))
+        self.browser.open(path, "parameters")
+        rows = {row[0]: row[1:] for row in self.rows("browse")}
+        self.assertEqual(rows["iso"], ["refused 1, written 2", "refused"])
+        self.assertEqual(rows["brightness"], [None, "never seen"])
+
+    def test_sensor_of_a_trace(self):
+        stated = "        f1203:81234567890123ns:            REQ:com.ambrix.capture.metadata."
+        area = f"{stated}qz-metering-value: [0 0 100 100 1 ]"
+        later = ["        f1206:81234687890123ns:                           RES:android.statistics.faceRectangles: [100 200 300 500 ]",
+                 "        f1205:81234667890123ns:            REQ:com.ambrix.capture.metadata.qz-zoom-in:  (Removed)", f"{stated}qz-zoom-in: [2.0 ]", area]
+        source = report("zoom.txt", {area: "\n".join(later), "0x80000008 (hdrMode) with type 0 (byte) defined in section org.example.imaging": "0x80000008 (qz-zoom-in) with type 2 (float) defined in section com.ambrix.capture.metadata"})
+        self.browser.open(page("zoom", "trace", source), "sensor")
+        self.assertEqual((self.boxes("crop"), self.boxes("metering"), self.boxes("face")), ([[1000, 750, 2000, 1500]], [[2000, 1500, 100, 75]], []))
+        self.browser.run("document.querySelector('.slider input').focus()")
+        self.browser.keys("End")
+        self.assertEqual((self.boxes("crop"), self.boxes("metering"), self.boxes("face")), ([], [[2000, 1500, 200, 150]], [[100, 200, 200, 300]]))
+
+    def test_paper(self):
+        """Whole lists, no controls, nothing beside the sheet."""
+        pages = [("paper-show", "arrays", 21, ("show", "examples/running.dumpsys")), ("paper-check", "device", 222, ("check", "--device", "examples/phone.dumpsys")),
+                 ("paper-diff", "difference", None, ("diff", "examples/phone.dumpsys")), ("paper-run", "timeline", None, ("run", "examples/session.qzs")),
+                 ("paper-sensor", "sensor", None, ("run", "tests/web/sensor.qzs")), ("paper-matrix", "matrix", None, ("matrix", *[f"examples/{name}.dumpsys" for name in ("phone", "device", "running")] * 3))]
+        for name, view, count, words in pages:
+            path = page(name, *words)
+            with self.subTest(name):
+                self.browser.open(path, view, 718, 1000)
+                self.browser.cdp("Emulation.setEmulatedMedia", media="print", features=[{"name": "prefers-color-scheme", "value": "dark"}])
+                self.browser.run("dispatchEvent(new Event('beforeprint'))")
+                self.browser.settle()
+                self.browser.cdp("Emulation.setDeviceMetricsOverride", width=718, height=3000, deviceScaleFactor=1, mobile=False)
+                self.browser.picture(f"{OUT}/{name}.png")
+                self.assertEqual(self.browser.get("[...document.querySelectorAll('button, input, select')].filter((e) => e.offsetParent && !e.closest('.matrix-table')).length"), 0)
+                self.assertEqual(self.browser.get("getComputedStyle(document.body).color !== 'rgb(228, 232, 237)' && document.documentElement.scrollWidth <= 718"), True)
+                cut = "[...document.querySelectorAll('#page *')].filter((e) => !e.closest('svg') && e.offsetParent && getComputedStyle(e).overflow !== 'visible' && (e.scrollWidth > e.clientWidth + 1 || e.scrollHeight > e.clientHeight + 1)).map((e) => e.className)"
+                self.assertEqual(self.browser.get(cut), [])
+                if view == "difference":
+                    count = sum(len(rows) if isinstance(rows, list) else 0 for rows in (data(path, "diff")[key] for key in ("tags", "capabilities", "parameters"))) + sum(len(each["entries"]) for each in data(path, "diff")["requests"])
+                if count:
+                    self.assertEqual(len(self.browser.texts("[role=option]")), count)
+                if view == "timeline":
+                    lanes = int(re.match(r"(\d+) of", self.browser.texts(".timeline > p.muted")[-1]).group(1))
+                    self.assertEqual(len(self.browser.texts(".sheet-of-lanes .label")), lanes)
+                self.browser.cdp("Emulation.setEmulatedMedia", media="")
 
     def test_matrix(self):
         inputs = ["examples/phone.dumpsys", "examples/device.dumpsys", "examples/first.qzs"]
@@ -273,13 +445,18 @@ class Pages(unittest.TestCase):
         for name, text in (("hostile.dumpsys", dump), ("hostile.qzs", f'open 0\nset "iso={hostile}"\nrequest\nexpect-entry iso "{hostile}"\n')):
             with open(f"{OUT}/{name}", "w", encoding="utf-8") as file:
                 file.write(text)
-        paths = [page("hostile", "run", f"{OUT}/hostile.qzs"), page("hostile-diff", "diff", f"{OUT}/hostile.dumpsys")]
+        word = hostile.split(" ", maxsplit=1)[0]
+        source = report("hostile.txt", {"sensorWbValue": word, "com.example.camera": word, "[14]": f"[{hostile}]", "camera 0.": f"camera 0. {hostile}"})
+        paths = [page("hostile", "run", f"{OUT}/hostile.qzs"), page("hostile-diff", "diff", f"{OUT}/hostile.dumpsys"), page("hostile-show", "show", source),
+                 page("hostile-trace", "trace", source), page("hostile-compare", "compare", source, "--params", f"iso={word};qz-effect={word}"), page("hostile-find", "show", source, "--find", "script")]
         for path in paths:
-            for view in ("timeline", "sensor", "device"):
+            for view in ("timeline", "sensor", "device", "contents", "arrays", "tags", "properties", "parameters"):
                 self.browser.open(path, view)
                 self.assertTrue(self.browser.get("document.title").startswith("qzcam "))
                 self.assertEqual(self.browser.get("document.querySelectorAll('#page script, #page img').length"), 0)
                 self.assertEqual((self.browser.log(), len(self.browser.requests())), ([], 1))
+        self.browser.open(paths[2], "tags")
+        self.assertIn(word, "".join(self.browser.texts(".browse .name")))
         self.browser.open(paths[0], "timeline")
         self.assertTrue(any("</script><script>document.title=1" in text for text in self.browser.texts(".findings .row")))
 

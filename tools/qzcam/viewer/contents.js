@@ -2,6 +2,7 @@
 // The views of `show`: what an input holds.
 
 const lineText = (line) => (line ? `line ${line}` : null);
+const HARMLESS = ['section', 'halText', 'otherBlock'];
 const VENDOR = /^com\.|unknown/;
 
 // The input's findings: what its reader should know before all else.
@@ -17,7 +18,8 @@ function findingRows(show) {
     for (const each of show.differences) rows.push(row('differences', 'warn', 'other number', each.text, each.line));
     for (const left of show.left) {
         for (const name of left.names) {
-            rows.push({...row('left', 'plain', 'not used', name.name, name.line, [['Kind', left.kind], ['Last line', name.lastLine === name.line ? null : name.lastLine], ['Lines', name.count]]), value: left.kind, words: [left.kind]});
+            const kind = left.kind.replace(/[A-Z]/g, (letter) => ` ${letter.toLowerCase()}`);
+            rows.push({...row('left', HARMLESS.includes(left.kind) ? 'plain' : 'warn', 'not used', name.name, name.line, [['Kind', kind], ['Last line', name.lastLine === name.line ? null : name.lastLine], ['Lines', name.count]]), value: kind});
         }
     }
     for (const each of show.messages) rows.push(row('messages', 'warn', 'message', each.text, each.line));
@@ -41,7 +43,7 @@ function entryRow(entry, group) {
     if (entry.wrong) kinds.push('damaged');
     const words = (entry.unknownWords || []).map((word) => word.word);
     return {group, kinds, title: entry.tag, name: shortName(entry.tag), value: `${valueText(entry.values)}${entry.cut ? ' ...' : ''}`, line: entry.line,
-        badge: entry.wrong ? ['bad', `${type} damaged`] : ['plain', type], words: [entry.tag, ...words],
+        badge: entry.wrong ? ['bad', 'damaged'] : ['plain', type], words: [entry.tag, ...words],
         facts: () => [['Tag', el('code', {}, entry.tag)], ['Number', `0x${entry.id.toString(16)}`], ['Type', type], ['Values', el('code', {}, valueText(entry.values))],
             ['Shown', entry.cut ? 'the first values only: the dump cuts the list' : null], ['Unknown words', words.join(', ')], ['Damaged', entry.wrong ? `line ${entry.wrong.line}: ${entry.wrong.what}` : null], ['Line', entry.line]]};
 }

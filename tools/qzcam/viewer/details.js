@@ -94,18 +94,25 @@ class Details {
     }
 
     // Everything that its command brought, in order.
-    surroundings(item) {
+    sameMoment(item) {
+        const {all} = this.events;
         const near = [];
-        for (let i = item.index; i >= 0 && this.events.all[i].moment === item.moment && near.length < 200; --i) near.unshift(this.events.all[i]);
-        for (let i = item.index + 1; i < this.events.all.length && this.events.all[i].moment === item.moment && near.length < 400; ++i) near.push(this.events.all[i]);
+        for (let i = item.index; i >= 0 && all[i].moment === item.moment && near.length < 200; --i) near.unshift(all[i]);
+        for (let i = item.index + 1; i < all.length && all[i].moment === item.moment && near.length < 400; ++i) near.push(all[i]);
+        return near;
+    }
+
+    surroundings(item) {
+        const near = this.events.around ? this.events.around(item) : this.sameMoment(item);
         const texts = near.map((each) => [each, eventText(each)]).filter(([, text]) => text !== null);
         if (texts.length === 0) return '';
-        return el('div', {class: 'near'}, el('h3', {}, item.line ? `All of line ${near[0].line || item.line}` : 'Around it'),
+        return el('div', {class: 'near'}, el('h3', {}, item.line && !item.isTrace ? `All of line ${near[0].line || item.line}` : 'Around it'),
             el('ul', {class: 'plain'}, texts.map(([each, text]) => el('li', {class: `${eventTone(each)}${each === item ? ' here' : ''}`}, el('code', {}, text)))));
     }
 }
 
-function eventText({kind, data}) {
+function eventText({kind, data, isTrace, line}) {
+    if (isTrace) return `line ${line} ${traceText({kind, data})}`;
     const texts = {
         session: () => data.file, command: () => `> ${data.text}`, log: () => `${data.level} ${data.tag}: ${data.text}`,
         request: () => `request: ${counted(data.entries.filter((entry) => entry.change !== 'gone').length, 'entry', 'entries')}`,
@@ -119,7 +126,8 @@ function eventText({kind, data}) {
     return texts[kind] ? texts[kind]() : null;
 }
 
-function eventTone({kind, data}) {
+function eventTone({kind, data, isTrace}) {
+    if (isTrace) return TRACE_TONES[kind] || '';
     if (kind === 'expectation') return data.met ? 'good' : 'bad';
     if (kind === 'error') return 'bad';
     return kind === 'log' ? logTone(data) : '';

@@ -58,10 +58,14 @@ function onceAFrame(draw) {
     };
 }
 
-// Calls `draw(true)` before the page is printed, and `draw(false)` after.
+// While the page is printed, views draw all that they have, whoever asks for it.
+const paper = {on: false};
+addEventListener('beforeprint', () => { paper.on = true; });
+addEventListener('afterprint', () => { paper.on = false; });
+
 function forPaper(draw) {
-    addEventListener('beforeprint', () => draw(true));
-    addEventListener('afterprint', () => draw(false));
+    addEventListener('beforeprint', draw);
+    addEventListener('afterprint', draw);
 }
 
 // A row of buttons of which each is on or off.

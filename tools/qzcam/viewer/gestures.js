@@ -14,7 +14,7 @@ Object.assign(TimelineView.prototype, {
         this.overview.addEventListener('pointerdown', (event) => this.onOverview(event));
         this.overview.addEventListener('pointermove', (event) => event.buttons === 1 && this.onOverview(event));
         new ResizeObserver(() => this.shown()).observe(scroller);
-        forPaper((onPaper) => (onPaper ? this.drawPaper() : this.drawNow()));
+        forPaper(() => this.drawNow());
     },
 
     // A factor of 0 shows everything.

@@ -11,10 +11,18 @@ class Lane {
 
     // `text` null: nothing from here on.
     push(index, text, tone) {
+        if (this.at[this.at.length - 1] === index && this.texts[this.texts.length - 1] === null) this.drop();
         this.at.push(index);
         this.texts.push(text);
         this.tones.push(tone);
         if (tone === 'bad' || (tone === 'warn' && this.worst !== 'bad')) this.worst = tone;
+    }
+
+    // What ends and begins anew at one place does not end.
+    drop() {
+        this.at.pop();
+        this.texts.pop();
+        this.tones.pop();
     }
 
     get active() { return !this.marks && this.texts.length > 0 && this.texts[this.texts.length - 1] !== null; }
@@ -39,7 +47,7 @@ class Lanes {
     constructor(events) {
         this.events = events;
         this.byId = new Map();
-        for (const [name, label] of [['commands', 'Commands'], ['expectations', 'Expectations'], ['messages', 'Messages'], ['log', 'Log']]) {
+        for (const [name, label] of [['commands', events.readInto ? 'Requests, results' : 'Commands'], ['expectations', 'Expectations'], ['messages', 'Messages'], ['log', 'Log']]) {
             this.byId.set(`session:${name}`, new Lane('session', name, label, true));
         }
         for (const item of events.all) this.read(item);

@@ -18,7 +18,7 @@ class VirtualList {
         this.draw = onceAFrame(() => this.drawNow());
         this.element.addEventListener('scroll', this.draw);
         new ResizeObserver(this.draw).observe(this.element);
-        forPaper((onPaper) => this.drawNow(onPaper));
+        forPaper(() => this.drawNow());
     }
 
     show(rows) {
@@ -28,7 +28,8 @@ class VirtualList {
     }
 
     // Paper has no scroll bar: it gets the rows from the first one on, up to a number that a printer can take.
-    drawNow(onPaper) {
+    drawNow() {
+        const onPaper = paper.on;
         const most = 3000;
         const first = onPaper ? 0 : Math.max(0, Math.floor(this.element.scrollTop / this.rowHeight) - 4);
         const seen = onPaper ? most : Math.ceil((this.element.clientHeight || 600) / this.rowHeight) + 8;

@@ -23,15 +23,15 @@ class MatrixView {
             this.text = text;
             this.draw();
         })), el('div', {class: 'columns'}, this.tables, this.details));
-        forPaper((onPaper) => this.draw(onPaper));
+        forPaper(() => this.draw());
         this.draw();
     }
 
     // Paper takes so many devices beside each other; the others follow below.
-    draw(onPaper) {
+    draw() {
         const {columns} = this.matrix;
         const shown = columns.map((column, index) => ({...column, index})).filter((column) => `${column.input} ${column.camera || ''}`.toLowerCase().includes(this.text));
-        const most = onPaper ? 6 : shown.length;
+        const most = paper.on ? 5 : shown.length;
         const parts = shown.length === 0 ? [[]] : [];
         for (let first = 0; first < shown.length; first += most) parts.push(shown.slice(first, first + most));
         this.tables.replaceChildren(...parts.map((part) => this.table(part, shown.length)));

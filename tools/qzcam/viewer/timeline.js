@@ -39,8 +39,8 @@ class TimelineView {
         const button = (label, text, act) => el('button', {type: 'button', 'aria-label': label, title: label, onclick: act}, text);
         const zoom = (factor) => () => this.zoom(factor);
         this.axisChoice = el('select', {'aria-label': 'Axis', onchange: () => this.setAxis(this.axisChoice.value)},
-            this.axes().map((name) => el('option', {value: name}, AXES[name][0])));
-        this.element = el('section', {class: 'timeline'}, this.findings(),
+            this.axes().map((name) => el('option', {value: name}, name === 'moment' && this.events.readInto ? 'in order' : AXES[name][0])));
+        this.element = el('section', {class: 'timeline'}, this.findings(), (this.events.notes || []).map((note) => el('p', {class: 'muted note'}, `Note: ${note}`)),
             el('div', {class: 'tools'}, searchField('Search lanes and values', (text) => {
                 this.text = text;
                 this.chooseLanes();
@@ -51,7 +51,10 @@ class TimelineView {
         this.listen();
     }
 
-    axes() { return Object.keys(AXES).filter((name) => this.events.all.some((item) => AXES[name][1](item) > 0)); }
+    axes() {
+        const names = Object.keys(AXES).filter((name) => this.events.all.some((item) => AXES[name][1](item) > 0));
+        return this.events.axes ? this.events.axes(names) : names;
+    }
 
     // Worst first; what a newcomer looks for.
     findings() {
@@ -59,7 +62,7 @@ class TimelineView {
         if (found.length === 0 && this.events.readInto) return null;
         if (found.length === 0) return el('p', {class: 'findings none'}, badge('good', 'nothing failed'), ' Every parameter was written as it was set, and no expectation failed.');
         const list = new VirtualList('Findings', 32, (row) => [badge(row.tone, row.what), el('code', {class: 'name', title: row.name}, row.name),
-            el('span', {class: 'what', title: row.why}, row.why, row.times > 1 ? el('span', {class: 'muted'}, ` in ${row.times.toLocaleString('en')} requests`) : null),
+            el('span', {class: 'what', title: row.why}, row.why, row.times > 1 ? el('span', {class: 'muted'}, ` in ${row.times.toLocaleString('en')} ${row.unit || 'requests'}`) : null),
             el('span', {class: 'muted place'}, row.line ? `${placeText({...row.item, line: 0})}, set in line ${row.line}`.replace(/^, /, '') : placeText(row.item))],
         (row) => this.chooseFinding(row));
         list.element.style.height = `${Math.min(found.length, 5) * 32 + 2}px`;
@@ -130,6 +133,7 @@ class TimelineView {
 
     drawNow() {
         if (!this.shownLanes) return;
+        if (paper.on) return this.drawPaper();
         this.measure();
         this.space.replaceChildren(this.svg);
         this.space.style.height = `${AXIS + this.shownLanes.length * ROW}px`;
@@ -140,7 +144,6 @@ class TimelineView {
 
     // On paper every sheet has an axis, and no lane is cut.
     drawPaper() {
-        if (!this.shownLanes) return;
         const [width, lanes, most] = [700, 28, 560];
         this.measure(width);
         const sheets = [];

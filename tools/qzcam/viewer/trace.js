@@ -3,35 +3,52 @@
 
 const TRACE_TONES = {refused: 'bad', undeclared: 'warn', gated: 'warn', lost: 'warn', told: 'good'};
 
+// Milliseconds of a clock. A date has no year, and only differences count.
+function clockTime(time) {
+    if (!time) return undefined;
+    if (time.nanoseconds !== undefined) return Number(time.nanoseconds) / 1e6;
+    const parts = time.text.match(/(?:(\d\d)-(\d\d) )?(\d\d):(\d\d):(\d\d)(\.\d+)?/);
+    return parts ? Date.UTC(2000, Number(parts[1] || 1) - 1, parts[2] || 1, parts[3], parts[4], parts[5]) + Number(parts[6] || 0) * 1000 : undefined;
+}
+
 class TraceEvents {
     constructor(list) {
-        Object.assign(this, {all: [], devices: [], requests: [], findings: [], inputs: [], groups: 0});
+        Object.assign(this, {all: [], devices: [], requests: [], findings: [], inputs: [], groups: [], notes: []});
+        const clocks = new Set(list.filter((data) => data.time && data.line !== undefined).map((data) => data.time.clock));
+        this.hasClock = clocks.size === 1;  // several clocks cannot share an axis
         for (const data of list) {
             if (data.event === 'input') this.inputs[data.input] = data.name;
-            else if (data.event === 'group') ++this.groups;
+            else if (data.event === 'group') this.groups.push(data.title);
+            else if (data.event === 'note') this.notes.push(data.text);
             else if (data.line !== undefined) this.add(data);
         }
-        for (const data of list) if (data.event === 'parameter') this.find(data);
+        this.parameters = list.filter((data) => data.event === 'parameter');
+        this.neverSeen = list.filter((data) => data.event === 'never-seen').flatMap((data) => data.keys);
+        for (const row of this.parameters) this.find(row);
         this.moments = this.all.length;
     }
 
+    // An item of no frame of its own comes after the frame before it in its group.
     add(data) {
-        const before = this.all[this.all.length - 1];
-        const item = {index: this.all.length, kind: data.event, data, line: data.line, moment: this.all.length, session: this.inputs[data.input] || '', group: this.groups,
-            frame: data.frame === undefined ? (before ? before.frame : 0) : data.frame, request: 0,
-            time: data.time && data.time.nanoseconds !== undefined ? Number(data.time.nanoseconds) / 1e6 : undefined};
-        this.all.push(item);
+        const last = this.all[this.all.length - 1];
+        const before = last && last.group === this.groups.length ? last : null;
+        this.all.push({index: this.all.length, kind: data.event, data, line: data.line, moment: this.all.length, session: this.inputs[data.input] || '', group: this.groups.length,
+            frame: data.frame === undefined ? (before ? before.frame : undefined) : data.frame, hasFrame: data.frame !== undefined, request: 0, isTrace: true,
+            time: this.hasClock ? clockTime(data.time) : undefined});
     }
+
+    // Frames of several groups do not share an axis.
+    axes(names) { return names.filter((name) => name !== 'frame' || this.groups.length < 2); }
 
     // The table by parameter: what did not arrive.
     find(row) {
-        for (const [kind, word] of [['refused', 'refused'], ['undeclared', 'tag not declared'], ['gated', 'gate closed']]) {
+        for (const [kind, word] of [['refused', 'refused'], ['undeclared', 'tag not declared'], ['gated', 'left out']]) {
             const count = row[kind];
             if (!count || count.times === 0) continue;
             const item = this.all.find((each) => each.kind === kind && (each.data.keys || []).includes(row.key)) || this.all.find((each) => count.lines.includes(each.line));
             if (!item) continue;
-            const why = [row.declared.length ? `declared as ${[row.declared].flat().join(', ')}` : '', row.statuses.length ? `status ${row.statuses.join(', ')}` : '', item.data.cause || ''];
-            this.findings.push({tone: TRACE_TONES[kind], item, what: word, name: row.key, why: why.filter(Boolean).join('; '), key: row.key, times: count.times});
+            const why = kind === 'refused' ? refusedText(row, item.data) : item.data.cause || '';
+            this.findings.push({tone: TRACE_TONES[kind], item, what: word, name: row.key, why, key: row.key, times: count.times, unit: 'lines'});
         }
     }
 
@@ -41,9 +58,11 @@ class TraceEvents {
             of('refused') ? badge('bad', `${of('refused').toLocaleString('en')} refused`) : null, of('undeclared') ? badge('warn', `${of('undeclared').toLocaleString('en')} not declared`) : null].filter(Boolean);
     }
 
-    // Fills the lanes in the place of those of a session.
+    // Fills the lanes in the place of those of a session. Another group begins with nothing.
     readInto(lanes, item) {
         const {kind, data} = item;
+        if (item.index > 0 && this.all[item.index - 1].group !== item.group) lanes.endAll(item.index);
+        if (this.groups.length > 1) this.readGroup(lanes, item);
         const text = data.removed ? null : data.value === undefined || data.value === null ? 'unknown' : String(data.value);
         const side = data.of === 'result' ? 'result' : 'request';
         const tone = TRACE_TONES[kind] || side;
@@ -58,12 +77,20 @@ class TraceEvents {
         else if (['line', 'lost'].includes(kind) || !data.tag) lanes.mark('log', item, data.text || kind, TRACE_TONES[kind] || 'plain');
     }
 
+    readGroup(lanes, item) {
+        const lane = lanes.lane('session', 'evidence', 'Evidence');
+        if (!lane.active) lane.push(item.index, this.groups[item.group - 1] || '', 'plain');
+    }
+
+    // The facts before and after it, as the lines of a command are shown in a run.
+    around(item) { return this.all.slice(Math.max(0, item.index - 5), item.index + 6).filter((each) => each.group === item.group); }
+
     // The lanes that one line feeds belong together, and a message to the results of its frame.
     neighbours(chains, node) {
         const item = chains.item(node);
         const at = (index) => chains.lanes.all.map((lane) => ({lane, at: lane.before(index)})).filter((each) => each.at >= 0 && each.lane.at[each.at] === index);
         const same = at(item.index).filter((each) => each.lane !== node.lane);
-        const frame = this.all.filter((each) => item.data.frame !== undefined && each.data.frame === item.data.frame && each.index !== item.index);
+        const frame = this.all.filter((each) => item.data.frame !== undefined && each.data.frame === item.data.frame && each.group === item.group && each.index !== item.index);
         const related = item.kind === 'message' ? frame.filter((each) => each.kind === 'entry' && each.data.of === 'result') :
             node.lane.group === 'result' ? frame.filter((each) => each.kind === 'message') : [];
         return [...same, ...related.slice(0, 8).flatMap((each) => at(each.index))];
@@ -73,8 +100,36 @@ class TraceEvents {
 // The facts of one line, for the details.
 function traceFacts(item) {
     const {data} = item;
-    return facts([['Input', item.session], ['Line', item.line], ['Time', data.time ? data.time.text : null], ['Frame', data.frame], ['Camera', data.camera], ['Client', data.client],
+    return facts([['Input', item.session], ['Line', item.line], ['Time', data.time ? data.time.text : null], ['Frame', data.frame === undefined ? (item.frame === undefined ? 'unknown: nothing ties this line to a frame' : `after frame ${item.frame}`) : data.frame], ['Camera', data.camera], ['Client', data.client],
         ['Tag', data.tag ? el('code', {}, data.tag) : null], ['Value', data.value === null ? 'unknown' : data.value], ['Parameters', (data.keys || []).join(', ')], ['Status', data.status],
         ['Declared', data.declared], ['Message', data.message], ['Fields', (data.fields || []).map((field) => `${field.name} ${field.value}`).join(', ')],
         ['Known from', data.derived ? 'the results: no line states it' : null], ['Text', data.text ? el('code', {}, data.text) : null], ['Cause', data.cause], ['Times', data.times > 1 ? data.times : null]]);
+}
+
+function refusedText(row, {tag, value}) {
+    const why = [row.statuses.length ? `status ${row.statuses.join(', ')}` : 'status unknown', row.declared.length ? `the device declares ${[row.declared].flat().join(', ')}` : ''];
+    return `${shortName(tag || 'its entry')} could not be set${value ? ` to ${value}` : ''}: ${why.filter(Boolean).join(', ')}`;
+}
+
+function traceText({kind, data}) {
+    const value = data.removed ? 'removed' : data.value === null ? 'unknown' : data.value;
+    const texts = {
+        entry: () => `${data.of} ${shortName(data.tag)}: ${value}`, told: () => `${shortName(data.tag)}: ${value}, to be written`, undeclared: () => `${shortName(data.tag)}: not declared`,
+        refused: () => `${shortName(data.tag)}: ${value} refused, status ${data.status === undefined ? 'unknown' : data.status}`, gated: () => `${(data.keys || []).join(', ')} left out: ${data.cause}`,
+        message: () => `message ${data.message} ${(data.fields || []).map((field) => (field.name ? `${field.name}=${field.value}` : field.value)).join(' ')}`,
+    };
+    return texts[kind] ? texts[kind]() : data.text || kind;
+}
+
+// What became of each parameter, and those that no line names.
+function fatesView(events) {
+    const words = {refused: ['bad', 'refused'], undeclared: ['warn', 'undeclared'], gated: ['warn', 'left out'], written: ['good', 'written'], told: ['good', 'told'], set: ['info', 'set']};
+    const rows = events.parameters.map((row) => {
+        const fates = Object.keys(words).filter((fate) => row[fate].times > 0);
+        const lines = (fate) => `${counted(row[fate].times, 'line')}: ${row[fate].lines.slice(0, 40).join(', ')}${row[fate].lines.length > 40 ? ' ...' : ''}`;
+        return {group: 0, name: row.key, badge: words[fates[0]] || ['plain', 'named'], value: fates.map((fate) => `${words[fate][1]} ${row[fate].times}`).join(', '),
+            facts: () => [...fates.map((fate) => [words[fate][1], lines(fate)]), ['Status', row.statuses.join(', ')], ['Declared', [row.declared].flat().join(', ')]]};
+    });
+    rows.push(...events.neverSeen.map((name) => ({group: 1, name, badge: ['plain', 'never seen'], facts: () => [['Seen', 'no line names it']]})));
+    return new BrowseView({label: 'Parameters', many: ['parameter'], what: 'parameters and what became of them', rows, groups: present([{id: 0, label: 'Named by lines'}, {id: 1, label: 'Never seen'}], rows)});
 }
