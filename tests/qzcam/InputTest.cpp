@@ -323,10 +323,15 @@ TEST(FoundParameters, AreTakenFromDumpsAndLogs) {
     EXPECT_THAT(best.cuts, ElementsAre(1));
 
     best = bestIn(prefix + "CameraParams: dump: mMap.size = 2\n" + prefix + "CameraParams: a: 1\n" + prefix +
-                  "Other: x=1\n" + prefix + "CameraParams: b: 2\n" + prefix + "CameraParams: c: 3\n");
+                  "Other: getParameters (pid 7) (x=1)\n" + prefix + "CameraParams: b: 2\n" + prefix +
+                  "CameraParams: c: 3\n");
     EXPECT_EQ(best.parameters, "a=1;b=2;");
     EXPECT_EQ(bestIn(prefix + "Camera: dump: size=1\n" + prefix + "Camera: dump: a=1;2\n").parameters,
               "a=1;2;");
+    const std::string client = prefix + "Camera2Client: ";
+    best = bestIn(client + "initialize: Default parameters converted from camera 1:\n" + client +
+                  "a=1;b=2;c=3;d=4\n");
+    EXPECT_EQ(best.what, "default parameters of camera '1'") << "in a message of their own";
     EXPECT_EQ(bestIn(prefix + "App: set a=1;b=2;c=3;d=4\n").parameters, "a=1;b=2;c=3;d=4;");
     EXPECT_EQ(bestIn(prefix + "App: a=1 b=2\n").parameters, "");
 }

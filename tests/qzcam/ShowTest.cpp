@@ -4,6 +4,7 @@
 #include "Tool.h"
 #include "support/DumpComposer.h"
 
+#include <fmt/format.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
@@ -244,6 +245,30 @@ TEST_F(RunTool, ShowFindsNamesAndValues) {
     EXPECT_EQ(tool({"show", path, "--find", "40 ]"}), kFine);
     EXPECT_THAT(mOut, HasSubstr("last request sent, camera 1, previous session: "
                                 "com.ambrix.capture.metadata.burst-delay-ms: [40 ]\n1 line with '40 ]'\n"));
+}
+
+TEST_F(RunTool, ShowHasTheParametersOfALog) {
+    const std::string prefix = "03-05 10:11:12.345   812  2207 D CameraClient: ";
+    const std::string dump = "03-05 10:11:12.345  1301  1301 E Camera  : dump: ";
+    const std::string log = prefix + "setParameters (pid 1301) (iso=100;zoom=2)\n" + dump + "size=1\n" +
+                            prefix + "setParameters (pid 1301) (iso=200;zoo\n" + dump + "iso=7\n" + prefix +
+                            "setParameters (pid 1301) (iso=400)\n";
+    EXPECT_EQ(tool({"show", file("log.txt", log), "--json", "--verbose"}), kFine) << mErr;
+    std::vector<std::string> sets;
+    const auto json = nlohmann::json::parse(mOut);
+    for (const auto& list : json["parameters"]) {
+        std::string set = list["where"].get<std::string>() + (list["cut"] ? ", cut:" : ":");
+        for (const auto& each : list["parameters"])
+            set += fmt::format(" {} {}={}", each["line"].get<int>(), each["key"].get<std::string>(),
+                               each["value"].get<std::string>());
+        sets.push_back(set);
+    }
+    EXPECT_THAT(sets, ElementsAre("setParameters of process '1301': 1 iso=100 1 zoom=2",
+                                  "dump of parameters by 'Camera': 4 iso=7",
+                                  "setParameters of process '1301', cut: 3 iso=200",
+                                  "setParameters of process '1301': 5 iso=400"));
+    EXPECT_EQ(tool({"show", file("log.txt", log)}), kFine);
+    EXPECT_THAT(mOut, HasSubstr("'1301'  line 5  the last of 2\n"));
 }
 
 TEST_F(RunTool, ShowRefusesWhatHasNothing) {

@@ -2,6 +2,7 @@
 // Reads the parts of a dump about the service and its cameras, other than metadata.
 #include "device/DumpLines.h"
 #include "device/DumpReader.h"
+#include "device/ParameterText.h"
 
 #include <fmt/format.h>
 

@@ -6,7 +6,6 @@
 #include <system/camera_metadata.h>
 
 #include <algorithm>
-#include <cctype>
 #include <charconv>
 #include <limits>
 
@@ -135,12 +134,6 @@ std::string_view idOf(std::string_view name) { return name.substr(name.rfind('/'
 bool isPlain(std::string_view text) {
     return !text.empty() &&
            std::all_of(text.begin(), text.end(), [](char c) { return c >= ' ' && c <= '~'; });
-}
-
-bool isParameterKey(std::string_view text) {
-    return !text.empty() && std::all_of(text.begin(), text.end(), [](unsigned char c) {
-        return std::isalnum(c) != 0 || c == '-' || c == '_' || c == '.';
-    });
 }
 
 }  // namespace qzcam

@@ -52,7 +52,4 @@ std::string_view idOf(std::string_view name);
 // Returns true for a text of printable ASCII that is not empty.
 bool isPlain(std::string_view text);
 
-// Returns true for the characters of keys. A path or another notation has others.
-bool isParameterKey(std::string_view text);
-
 }  // namespace qzcam

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "device/FoundParameters.h"
 
-#include "device/DumpLines.h"
-
 #include "input/LogPrefix.h"
 
 #include <fmt/format.h>
@@ -14,67 +12,28 @@ namespace qzcam {
 
 namespace {
 
-using Source = FoundParameters::Source;
-
 constexpr std::string_view kShim = "CameraParameters::dump: mMap.size = ";
 constexpr std::string_view kNativeDump = "dump: mMap.size = ";
 constexpr std::string_view kJavaDump = "dump: size=";
 constexpr std::string_view kJavaLine = "dump: ";
-constexpr size_t kLongestMessage = 1023;  // limit of a native program
-constexpr size_t kFewest = 4;             // pairs that an application's own line must have
+constexpr std::string_view kDefaultsTag = "Camera2Client";
+constexpr size_t kFewest = 4;  // pairs that an application's own line must have
 
-// The text behind `start`, which is where it begins or anywhere in it.
-bool takeThrough(std::string_view& text, std::string_view start) {
-    const size_t at = text.find(start);
-    if (at == std::string_view::npos) return false;
-    text.remove_prefix(at + start.size());
-    return true;
-}
-
-// Flattened parameters, of which the last is not all there if the text was cut.
-ParameterText flattenedText(std::string_view text, size_t line, bool cut) {
-    Problems ignored("");
-    if (cut) text = text.substr(0, std::min(text.rfind(';'), text.size()));
-    ParameterText parsed = parseParameters(text, ignored, line);
-    if (cut) parsed.cutLines.push_back(line);
-    return parsed;
-}
-
-// Reads a log, message by message, and the lines of a dump.
-class ParameterFinder {
-  public:
-    explicit ParameterFinder(std::vector<FoundParameters>& found) : mFound(found) {}
-
-    void dump(const Part& part);
-    void log(const Part& part);
-
-  private:
-    void dumpLine(std::string_view line, size_t number);
-    void message(const Logged& logged, size_t number);
-    bool setParameters(std::string_view message, size_t number);
-    bool converted(std::string_view message, size_t number);
-    void application(const Logged& logged, size_t number);
-    void begin(Source source, std::string what, size_t number, std::string_view size);
-    void pair(std::string_view text, std::string_view separator);
-    void add(Source source, std::string what, size_t number, ParameterText text);
-
-    std::vector<FoundParameters>& mFound;
-    std::string_view mTag;     // tag of the dump at hand
-    size_t mAwaited = 0;       // pairs of it that are still to come
-    std::string_view mCamera;  // camera of the dump, as its title has it
-};
+}  // namespace
 
 void ParameterFinder::add(Source source, std::string what, size_t number, ParameterText text) {
-    if (!text.parameters.empty()) mFound.push_back({source, std::move(what), number, std::move(text)});
+    if (!text.parameters.empty())
+        mFound.push_back({source, std::move(what), number, std::nullopt, std::move(text)});
 }
 
 void ParameterFinder::begin(Source source, std::string what, size_t number, std::string_view size) {
     constexpr int64_t kMost = 10000;
     mAwaited = static_cast<size_t>(std::clamp<int64_t>(parseInteger(trimmed(size)).value_or(0), 0, kMost));
-    mFound.push_back({source, std::move(what), number, {}});
+    mDump = mFound.size();
+    mFound.push_back({source, std::move(what), number, mAwaited, {}});
 }
 
-void ParameterFinder::pair(std::string_view text, std::string_view separator) {
+void ParameterFinder::pair(std::string_view text, std::string_view separator, size_t line) {
     const size_t end = text.find(separator);
     const std::string_view key = trimmed(text.substr(0, end));
     if (end == std::string_view::npos || !isParameterKey(key)) {
@@ -82,8 +41,7 @@ void ParameterFinder::pair(std::string_view text, std::string_view separator) {
         return;
     }
     --mAwaited;
-    mFound.back().text.parameters.push_back(
-        {std::string(key), std::string(text.substr(end + separator.size()))});
+    mFound[mDump].text.add(key, text.substr(end + separator.size()), line);
 }
 
 void ParameterFinder::dump(const Part& part) {
@@ -100,7 +58,7 @@ void ParameterFinder::dumpLine(std::string_view line, size_t number) {
         return begin(Source::Defaults, "default parameters" + camera, number, body.substr(kShim.size()));
     }
     if (mAwaited == 0) return;
-    ParameterText& text = mFound.back().text;
+    ParameterText& text = mFound[mDump].text;
     const size_t before = text.parameters.size() + text.cutLines.size();
     Problems garbled("");
     addDumpedParameters(line, number, text, garbled);
@@ -111,71 +69,70 @@ void ParameterFinder::dumpLine(std::string_view line, size_t number) {
 void ParameterFinder::log(const Part& part) {
     Lines lines(part.text, part.firstLine);
     for (std::string_view line; lines.next(line);) {
-        const bool mayHave = mAwaited > 0 || line.find('=') != std::string_view::npos;
+        const bool mayHave = mAwaited > 0 || endsWith(line, ":") || line.find('=') != std::string_view::npos;
         if (!mayHave) continue;
-        if (const auto logged = withoutPrefix(line)) message(*logged, lines.number());
+        if (const auto prefixed = withoutPrefix(line))
+            message(prefixed->tag, prefixed->message, lines.number());
     }
-    mAwaited = 0;
+    endOfLog();
 }
 
-void ParameterFinder::message(const Logged& logged, size_t number) {
-    std::string_view text = logged.message;
-    if (mAwaited > 0 && logged.tag == mTag) {
-        const bool isJava = startsWith(text, kJavaLine);
-        return pair(isJava ? text.substr(kJavaLine.size()) : text, isJava ? "=" : ": ");
+void ParameterFinder::message(std::string_view tag, std::string_view message, size_t line) {
+    if (head(tag, message, line)) return;
+    if (mAwaited > 0 && tag == mTag) {
+        const bool isJava = startsWith(message, kJavaLine);
+        return pair(isJava ? message.substr(kJavaLine.size()) : message, isJava ? "=" : ": ", line);
     }
-    const bool isNative = startsWith(text, kNativeDump);
-    if (isNative || startsWith(text, kJavaDump)) {
-        mTag = logged.tag;
-        const size_t start = isNative ? kNativeDump.size() : kJavaDump.size();
-        return begin(Source::Dumped, fmt::format("dump of parameters by {}", excerpt(mTag)), number,
-                     text.substr(start));
-    }
-    if (!setParameters(text, number) && !converted(text, number)) application(logged, number);
+    const bool mayHave = endsWith(message, ":") || message.find('=') != std::string_view::npos;
+    if (mayHave && !logged(message, line)) application(tag, message, line);
 }
 
-// "setParameters (pid 812) (iso=100;zoom=0)", and getParameters likewise
-bool ParameterFinder::setParameters(std::string_view message, size_t number) {
-    const bool isSet = startsWith(message, "setParameters (pid ");
-    if (!isSet && !startsWith(message, "getParameters (pid ")) return false;
-    const size_t size = message.size();
-    const std::string_view name = message.substr(0, message.find(' '));
-    takeThrough(message, "(pid ");
-    const std::string_view pid = message.substr(0, message.find(')'));
-    if (!takeThrough(message, ") (")) return true;
-    const bool cut = !endsWith(message, ")") || size >= kLongestMessage;
-    if (!cut) message.remove_suffix(1);
-    add(isSet ? Source::Set : Source::Reported, fmt::format("{} of process {}", name, excerpt(pid)), number,
-        flattenedText(message, number, cut));
+// "dump: mMap.size = 88" of a native program, "dump: size=88" of a Java one; the parameters follow.
+bool ParameterFinder::head(std::string_view tag, std::string_view message, size_t line) {
+    const bool isNative = startsWith(message, kNativeDump);
+    if (!isNative && !startsWith(message, kJavaDump)) return false;
+    mTag = tag;
+    const size_t start = isNative ? kNativeDump.size() : kJavaDump.size();
+    begin(Source::Dumped, fmt::format("dump of parameters by {}", excerpt(tag)), line, message.substr(start));
     return true;
 }
 
-bool ParameterFinder::converted(std::string_view message, size_t number) {
-    const bool cut = message.size() >= kLongestMessage;
-    if (!takeThrough(message, "Default parameters converted from camera ")) return false;
-    const std::string_view camera = message.substr(0, message.find(':'));
-    if (takeThrough(message, ":")) {
-        add(Source::Defaults, fmt::format("default parameters of camera {}", excerpt(camera)), number,
-            flattenedText(trimmed(message), number, cut));
+bool ParameterFinder::logged(std::string_view message, size_t line) {
+    using Kind = LoggedParameters::Kind;
+    auto found = parseLogged(message, line);
+    if (!found) return false;
+    const std::string of = excerpt(found->of);
+    if (found->kind == Kind::Defaults) {
+        mDefaultsCamera = of;
+        add(Source::Defaults, fmt::format("default parameters of camera {}", of), line,
+            std::move(found->text));
+    } else {
+        const bool isSet = found->kind == Kind::Set;
+        add(isSet ? Source::Set : Source::Reported,
+            fmt::format("{}Parameters of process {}", isSet ? "set" : "get", of), line,
+            std::move(found->text));
     }
     return true;
 }
 
-// An application logs what it sets in words of its own: the pairs are what can be told apart.
-void ParameterFinder::application(const Logged& logged, size_t number) {
-    const std::string_view text = logged.message;
-    const size_t first = text.find('=');
+// An application logs what it sets in words of its own: the pairs are what can be told apart. The platform
+// logs default parameters in a message of their own, behind the one that names the camera.
+void ParameterFinder::application(std::string_view tag, std::string_view message, size_t line) {
+    const size_t first = message.find('=');
     if (first == std::string_view::npos) return;
-    if (std::count(text.begin(), text.end(), ';') + 1 < static_cast<std::ptrdiff_t>(kFewest)) return;
-    const size_t start = text.find_last_of(" \t:([{\"", first);
-    const std::string_view pairs = text.substr(start == std::string_view::npos ? 0 : start + 1);
-    ParameterText parsed = flattenedText(pairs, number, text.size() >= kLongestMessage);
+    if (std::count(message.begin(), message.end(), ';') + 1 < static_cast<std::ptrdiff_t>(kFewest)) return;
+    const size_t start = message.find_last_of(" \t:([{\"", first);
+    const std::string_view pairs = message.substr(start == std::string_view::npos ? 0 : start + 1);
+    ParameterText parsed = parseFlattened(pairs, line, message.size() >= kNativeLimit);
     if (parsed.parameters.size() < kFewest) return;
-    add(Source::Reported, fmt::format("parameters that {} logs", excerpt(logged.tag)), number,
-        std::move(parsed));
+    if (tag == kDefaultsTag) {
+        const std::string camera = mDefaultsCamera.empty() ? "" : " of camera " + mDefaultsCamera;
+        return add(Source::Defaults, "default parameters" + camera, line, std::move(parsed));
+    }
+    add(Source::Reported,
+        tag.empty() ? "parameters that the log has" : fmt::format("parameters that {} logs", excerpt(tag)),
+        line, std::move(parsed));
 }
-
-}  // namespace
 
 std::vector<FoundParameters> findParameters(const std::vector<Part>& parts) {
     std::vector<FoundParameters> found;
@@ -194,7 +151,7 @@ const FoundParameters* bestOf(const std::vector<FoundParameters>& found) {
     for (const FoundParameters& one : found) {
         // The first defaults are those of the main camera.
         const bool isBetter = !best || one.source > best->source ||
-                              (one.source == best->source && one.source != Source::Defaults);
+                              (one.source == best->source && one.source != FoundParameters::Source::Defaults);
         if (isBetter) best = &one;
     }
     return best;

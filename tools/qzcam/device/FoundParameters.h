@@ -6,6 +6,7 @@
 #include "input/Parts.h"
 
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -18,7 +19,37 @@ struct FoundParameters {
     Source source = Source::Set;
     std::string what;  // "setParameters of process 812"
     size_t line = 0;
+    std::optional<size_t> announced;  // parameters, by the head of a dump
     ParameterText text;
+};
+
+// Reads a log, message by message, and the lines of a dump.
+class ParameterFinder {
+  public:
+    explicit ParameterFinder(std::vector<FoundParameters>& found) : mFound(found) {}
+
+    void dump(const Part& part);
+    void log(const Part& part);
+    void message(std::string_view tag, std::string_view message, size_t line);
+    void endOfLog() { mAwaited = 0; }
+
+  private:
+    using Source = FoundParameters::Source;
+
+    void dumpLine(std::string_view line, size_t number);
+    bool head(std::string_view tag, std::string_view message, size_t line);
+    bool logged(std::string_view message, size_t line);
+    void application(std::string_view tag, std::string_view message, size_t line);
+    void begin(Source source, std::string what, size_t number, std::string_view size);
+    void pair(std::string_view text, std::string_view separator, size_t line);
+    void add(Source source, std::string what, size_t number, ParameterText text);
+
+    std::vector<FoundParameters>& mFound;
+    std::string mTag;             // tag of the dump at hand
+    size_t mDump = 0;             // place of that dump among the sets found
+    size_t mAwaited = 0;          // pairs of it that are still to come
+    std::string_view mCamera;     // camera of the dump, as its title has it
+    std::string mDefaultsCamera;  // named by the last message about default parameters
 };
 
 // All sets of parameters in the order of the text.

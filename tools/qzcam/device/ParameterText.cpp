@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "device/ParameterText.h"
 
-#include "device/DumpLines.h"
-
 #include <fmt/format.h>
 
 #include <algorithm>
@@ -24,7 +22,7 @@ void addFlattened(std::string_view line, size_t number, ParameterText& text, Pro
         if (equals == std::string_view::npos || !isParameterKey(key)) {
             problems.add(number, fmt::format("expected 'key=value;key=value', not {}", excerpt(pair)));
         } else {
-            text.parameters.push_back({std::string(key), std::string(pair.substr(equals + 1))});
+            text.add(key, pair.substr(equals + 1), number);
         }
     }
 }
@@ -51,7 +49,7 @@ void addPiece(std::string_view piece, size_t number, ParameterText& text, Proble
         return problems.add(number, fmt::format("expected 'key: value', not {}", excerpt(piece)));
     }
     const size_t value = std::min(colon + 2, piece.size());
-    text.parameters.push_back({std::string(key), std::string(piece.substr(value))});
+    text.add(key, piece.substr(value), number);
 }
 
 // Lines of the camera service around its parameters.
@@ -61,7 +59,38 @@ bool isFrame(std::string_view line) {
            startsWith(body, "==");
 }
 
+// The text behind `start`, wherever it is.
+bool takeThrough(std::string_view& text, std::string_view start) {
+    const size_t at = text.find(start);
+    if (at == std::string_view::npos) return false;
+    text.remove_prefix(at + start.size());
+    return true;
+}
+
+// "(pid 812) (iso=100;zoom=0)"
+LoggedParameters ofProcess(LoggedParameters::Kind kind, std::string_view message, size_t line) {
+    LoggedParameters logged;
+    logged.kind = kind;
+    logged.cut = !endsWith(message, ")") || message.size() >= kNativeLimit;
+    if (!logged.cut) message.remove_suffix(1);
+    takeThrough(message, "(pid ");
+    logged.of = message.substr(0, message.find(')'));
+    if (takeThrough(message, ") (")) logged.text = parseFlattened(message, line, logged.cut);
+    return logged;
+}
+
 }  // namespace
+
+void ParameterText::add(std::string_view key, std::string_view value, size_t line) {
+    parameters.push_back({std::string(key), std::string(value)});
+    lines.push_back(line);
+}
+
+bool isParameterKey(std::string_view text) {
+    return !text.empty() && std::all_of(text.begin(), text.end(), [](unsigned char c) {
+        return std::isalnum(c) != 0 || c == '-' || c == '_' || c == '.';
+    });
+}
 
 // Each begins with a tab, by which those can be told apart that a cut has run together.
 void addDumpedParameters(std::string_view line, size_t number, ParameterText& text, Problems& problems) {
@@ -94,6 +123,27 @@ ParameterText parseParameters(std::string_view text, Problems& problems, size_t 
         }
     }
     return found;
+}
+
+ParameterText parseFlattened(std::string_view text, size_t line, bool cut) {
+    Problems ignored("");
+    if (cut) text = text.substr(0, text.rfind(';') == std::string_view::npos ? 0 : text.rfind(';'));
+    ParameterText parsed = parseParameters(text, ignored, line);
+    if (cut) parsed.cutLines.push_back(line);
+    return parsed;
+}
+
+std::optional<LoggedParameters> parseLogged(std::string_view message, size_t line) {
+    using Kind = LoggedParameters::Kind;
+    if (startsWith(message, "setParameters (pid ")) return ofProcess(Kind::Set, message, line);
+    if (startsWith(message, "getParameters (pid ")) return ofProcess(Kind::Got, message, line);
+    LoggedParameters logged;
+    logged.kind = Kind::Defaults;
+    logged.cut = message.size() >= kNativeLimit;
+    if (!takeThrough(message, "Default parameters converted from camera ")) return std::nullopt;
+    logged.of = message.substr(0, message.find(':'));
+    if (takeThrough(message, ":")) logged.text = parseFlattened(trimmed(message), line, logged.cut);
+    return logged;
 }
 
 }  // namespace qzcam

@@ -2,6 +2,7 @@
 #include "log/LibraryLine.h"
 
 #include "base/Text.h"
+#include "device/ParameterText.h"
 #include "log/PlatformLine.h"
 
 #include <algorithm>

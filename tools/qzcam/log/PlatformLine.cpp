@@ -2,9 +2,8 @@
 #include "log/PlatformLine.h"
 
 #include "base/Text.h"
+#include "device/ParameterText.h"
 #include "log/FormatPattern.h"
-
-#include <iterator>
 
 namespace qzcam {
 
@@ -28,12 +27,6 @@ void readMistyped(PlatformLine& line, const Values& values) {
 void readNumber(PlatformLine& line, const Values& values) { line.id = tagNumber(values[0].text); }
 void readName(PlatformLine& line, const Values& values) { line.tag = values[0].text; }
 void readType(PlatformLine& line, const Values& values) { line.declared = values[1].text; }
-void readFlattened(PlatformLine& line, const Values& values) { line.text = values[1].text; }
-
-void readDefaults(PlatformLine& line, const Values& values) {
-    line.camera = values[1].text;
-    line.text = trimmed(values[2].text);
-}
 
 void readPair(PlatformLine& line, const Values& values) {
     line.parameters.emplace_back(values[0].text, values[1].text);
@@ -66,10 +59,6 @@ const std::vector<Known>& known() {
         row("VendorTagDescriptor", Kind::NoType, "%s: tag type %d from vendor ops does not exist.", readType),
         row("Camera3-TagMonitor", Kind::NotMonitored, "parseTagsToMonitor: Unknown tag %s, ignoring",
             readName),
-        row("CameraClient", Kind::SetParameters, "setParameters (pid %d) (%s", readFlattened),
-        row("CameraClient", Kind::GetParameters, "getParameters (pid %d) (%s", readFlattened),
-        row("Camera2Client", Kind::DefaultParameters, "%s: Default parameters converted from camera %d:%s",
-            readDefaults),
         row("CameraParams", Kind::ParameterCount, "dump: mMap.size = %d", readNothing),
         row("CameraParams", Kind::Parameter, "%s: %s", readPair),
         row("Camera", Kind::ParameterCount, "dump: size=%d", readNothing),
@@ -85,19 +74,27 @@ bool isKnownTag(const std::string& tag) {
     return false;
 }
 
-// "key=value;key=value". The last value of a cut text may be cut, so that it is left out.
-void splitParameters(PlatformLine& line) {
-    if (endsWith(line.text, ")") && line.kind != Kind::DefaultParameters)
-        line.text.pop_back();
-    else if (line.kind != Kind::DefaultParameters)
-        line.cut = true;
-    auto pairs = split(line.text, ';');
-    if (line.cut && !pairs.empty()) pairs.pop_back();
-    for (const std::string_view pair : pairs) {
-        const size_t equals = pair.find('=');
-        if (equals == std::string_view::npos || equals == 0) continue;
-        line.parameters.emplace_back(pair.substr(0, equals), pair.substr(equals + 1));
-    }
+// Parameters of one message; below a head they are a message of their own.
+std::optional<LoggedParameters> loggedBy(const LogLine& line) {
+    const bool isClient = line.tag == "Camera2Client";
+    if (!isClient && !line.tag.empty() && line.tag != "CameraClient") return std::nullopt;
+    auto logged = parseLogged(line.message, line.line);
+    if (logged || !isClient) return logged;
+    LoggedParameters below;
+    below.kind = LoggedParameters::Kind::Defaults;
+    below.cut = line.message.size() >= kNativeLimit;
+    below.text = parseFlattened(line.message, line.line, below.cut);
+    return below.text.parameters.size() > 1 ? std::optional(below) : std::nullopt;
+}
+
+PlatformLine describe(const LoggedParameters& logged) {
+    constexpr Kind kinds[] = {Kind::SetParameters, Kind::GetParameters, Kind::DefaultParameters};
+    PlatformLine line;
+    line.kind = kinds[static_cast<size_t>(logged.kind)];
+    line.cut = logged.cut;
+    if (logged.kind == LoggedParameters::Kind::Defaults) line.camera = logged.of;
+    for (const Parameter& each : logged.text.parameters) line.parameters.emplace_back(each.key, each.value);
+    return line;
 }
 
 PlatformLine describe(const Known& row, const Values& values, const LogLine& line) {
@@ -105,13 +102,13 @@ PlatformLine describe(const Known& row, const Values& values, const LogLine& lin
     found.kind = row.kind;
     found.cut = line.message.size() >= kNativeLimit;
     row.read(found, values);
-    if (!found.text.empty()) splitParameters(found);
     return found;
 }
 
 }  // namespace
 
 std::optional<PlatformLine> recognisePlatformLine(const LogLine& line) {
+    if (const auto logged = loggedBy(line)) return describe(*logged);
     if (!line.tag.empty() && !isKnownTag(line.tag)) return std::nullopt;
     const std::string_view message = std::string_view(line.message).substr(0, kPayloadLimit);
     for (const Known& row : known()) {

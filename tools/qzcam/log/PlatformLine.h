@@ -31,7 +31,6 @@ struct PlatformLine {
     std::optional<uint32_t> id;
     std::string declared;  // element types
     std::string given;
-    std::string text;  // flattened parameters
     bool cut = false;  // the text has the longest length that a log line can have
     std::vector<std::pair<std::string, std::string>> parameters;
     std::string camera;
@@ -39,8 +38,7 @@ struct PlatformLine {
 
 std::optional<PlatformLine> recognisePlatformLine(const LogLine& line);
 
-// Bytes of a message at which the log cuts it without a mark.
-constexpr size_t kNativeLimit = 1023;
+// Bytes of a message that any program may log.
 constexpr size_t kPayloadLimit = 4068;
 
 }  // namespace qzcam

@@ -3,7 +3,7 @@
 
 #include "base/Text.h"
 #include "device/DumpParser.h"
-#include "device/ParameterText.h"
+#include "device/FoundParameters.h"
 #include "device/Properties.h"
 #include "log/Logcat.h"
 #include "log/TagMonitor.h"
@@ -27,12 +27,15 @@ bool isEarlier(const LogTag& one, const LogTag& other) {
 
 class LogCounter {
   public:
+    explicit LogCounter(std::vector<FoundParameters>& parameters) : mFinder(parameters) {}
+
     void add(const Part& part) {
         ++mSummary.sections;
         LogcatReader reader([this](const LogLine& line) { take(line); });
         size_t number = part.firstLine;
         Lines lines(part.text);
         for (std::string_view line; lines.next(line);) reader.feed(line, number++);
+        mFinder.endOfLog();
     }
 
     LogSummary end() {
@@ -44,6 +47,7 @@ class LogCounter {
   private:
     void take(const LogLine& line) {
         ++mSummary.lines;
+        mFinder.message(line.tag, line.message, line.line);
         LogTag& tag = mTags[line.tag];
         if (tag.lines == 0) tag.tag = line.tag;
         ++tag.lines;
@@ -56,6 +60,7 @@ class LogCounter {
     }
 
     LogSummary mSummary;
+    ParameterFinder mFinder;
     std::unordered_map<std::string, LogTag> mTags;
 };
 
@@ -103,7 +108,7 @@ void addLeft(Contents& contents, const Report& report) {
 void addDump(Contents& contents, const Part& part) {
     Report report = readDump(part.text, part.firstLine);
     for (const ShimParameters& shim : report.shimParameters) {
-        ParameterList found{whereOf(shim), shim.line, shim.announced, {}};
+        ParameterList found{whereOf(shim), shim.line, shim.announced, {}, false};
         for (const ShimParameter& each : shim.parameters)
             found.parameters.push_back({each.line, std::string(each.key), std::string(each.value), each.cut});
         contents.parameters.push_back(std::move(found));
@@ -114,8 +119,8 @@ void addDump(Contents& contents, const Part& part) {
     contents.reports.push_back(std::move(report));
 }
 
-// Lines of a part that its reader refused. Their numbers count from the part's beginning.
-void addRefused(Contents& contents, const Part& part, const Problems& problems) {
+// Lines of a part that its reader refused. Their numbers count from `firstLine`.
+void addRefused(Contents& contents, const Part& part, const Problems& problems, size_t firstLine) {
     if (problems.empty()) return;
     size_t named = 0;
     for (const std::string& problem : problems.first()) {
@@ -123,7 +128,7 @@ void addRefused(Contents& contents, const Part& part, const Problems& problems) 
         text.remove_prefix(std::min(text.size(), text.find(':') + 1));
         const auto number = parseInteger(text.substr(0, text.find(':')));
         if (!number) continue;
-        const size_t line = part.firstLine + static_cast<size_t>(*number) - 1;
+        const size_t line = firstLine + static_cast<size_t>(*number) - 1;
         const std::string_view what = trimmed(text.substr(text.find(':') + 1));
         contents.left.push_back({Left::Kind::GarbledLine, line, line, 1, std::string(what)});
         ++named;
@@ -138,19 +143,36 @@ void addProperties(Contents& contents, const Part& part) {
     auto found = parseProperties(part.text, problems);
     contents.properties.insert(contents.properties.end(), std::make_move_iterator(found.begin()),
                                std::make_move_iterator(found.end()));
-    addRefused(contents, part, problems);
+    addRefused(contents, part, problems, part.firstLine);
+}
+
+ParameterList listOf(std::string where, size_t line, std::optional<size_t> announced,
+                     const ParameterText& text) {
+    ParameterList list{std::move(where), line, announced, {}, false};
+    for (size_t i = 0; i < text.parameters.size(); ++i)
+        list.parameters.push_back({text.lines[i], text.parameters[i].key, text.parameters[i].value, false});
+    return list;
 }
 
 void addParameters(Contents& contents, const Part& part) {
     Problems problems{std::string()};
-    ParameterText found = parseParameters(part.text, problems);
-    ParameterList list{"a text of parameters", part.firstLine, std::nullopt, {}};
-    for (Parameter& each : found.parameters)
-        list.parameters.push_back({0, std::move(each.key), std::move(each.value), false});
-    contents.parameters.push_back(std::move(list));
+    const ParameterText found = parseParameters(part.text, problems, part.firstLine);
+    contents.parameters.push_back(listOf("a text of parameters", part.firstLine, std::nullopt, found));
     for (const size_t line : found.cutLines)
-        contents.cuts.push_back({part.firstLine + line - 1, "the line is cut, and its parameter left out"});
-    addRefused(contents, part, problems);
+        contents.cuts.push_back({line, "the line is cut, and its parameter left out"});
+    addRefused(contents, part, problems, 1);
+}
+
+// Sets in logs. Most of them are cut, which is told beside each.
+void addFound(Contents& contents, std::vector<FoundParameters> found) {
+    for (FoundParameters& each : found) {
+        if (each.text.parameters.empty()) continue;
+        ParameterList list = listOf(std::move(each.what), each.line, each.announced, each.text);
+        list.cut = !each.text.cutLines.empty();
+        contents.parameters.push_back(std::move(list));
+    }
+    std::stable_sort(contents.parameters.begin(), contents.parameters.end(),
+                     [](const ParameterList& a, const ParameterList& b) { return a.line < b.line; });
 }
 
 size_t countLines(std::string_view text) {
@@ -196,7 +218,8 @@ Contents readContents(const InputText& input) {
     contents.lines = countLines(input.text);
     contents.parts = partsOf(input.text);
     addCuts(contents);
-    LogCounter log;
+    std::vector<FoundParameters> found;
+    LogCounter log(found);
     for (const Part& part : contents.parts) {
         if (part.kind == Part::Kind::Dump) addDump(contents, part);
         if (part.kind == Part::Kind::Header) addHeader(contents, part);
@@ -205,6 +228,7 @@ Contents readContents(const InputText& input) {
         if (part.kind == Part::Kind::Log) log.add(part);
     }
     contents.log = log.end();
+    addFound(contents, std::move(found));
     return contents;
 }
 

@@ -48,6 +48,7 @@ struct ParameterList {
     size_t line = 0;
     std::optional<size_t> announced;
     std::vector<ListedParameter> parameters;
+    bool cut = false;  // the log cut the list: others may have followed
 };
 
 // The events that a tag monitor of a dump has.

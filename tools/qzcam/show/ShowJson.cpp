@@ -114,11 +114,13 @@ Json parametersJson(const ParameterList& list, bool verbose) {
     Json json{{"where", list.where},
               {"line", list.line},
               {"announced", orNull(list.announced)},
-              {"count", list.parameters.size()}};
+              {"count", list.parameters.size()},
+              {"cut", list.cut}};
     if (!verbose) return json;
     json["parameters"] = Json::array();
     for (const ListedParameter& each : list.parameters)
-        json["parameters"].push_back({{"key", each.key}, {"value", each.value}, {"cut", each.cut}});
+        json["parameters"].push_back(
+            {{"line", each.line}, {"key", each.key}, {"value", each.value}, {"cut", each.cut}});
     return json;
 }
 

@@ -29,6 +29,7 @@ class Text {
     void addArrays();
     void addMonitors();
     void addParameters();
+    static void addParameters(std::vector<Row>& rows, const ParameterList& list);
     void addProperties();
     void addLog();
     void addService();
@@ -173,17 +174,29 @@ void Text::addMonitors() {
     mText += table(rows);
 }
 
+void Text::addParameters(std::vector<Row>& rows, const ParameterList& list) {
+    for (const ListedParameter& each : list.parameters)
+        rows.push_back({"", fmt::format("{}={}", visible(each.key), cut(each.value, kLongestLine)),
+                        fmt::format("line {}", each.line), each.cut ? "cut" : ""});
+}
+
+// A log may have the parameters of an application a hundred times: of sets in a row that come from one place
+// only the last is shown.
 void Text::addParameters() {
     if (mContents.parameters.empty()) return;
     heading("parameters");
     std::vector<Row> rows;
-    for (const ParameterList& list : mContents.parameters) {
-        rows.push_back({numberOf(list.parameters.size(), list.announced), visible(list.where),
-                        fmt::format("line {}", list.line)});
-        if (!mView.verbose) continue;
-        for (const ListedParameter& each : list.parameters)
-            rows.push_back({"", fmt::format("{}={}", visible(each.key), cut(each.value, kLongestLine)),
-                            each.cut ? "cut" : ""});
+    size_t same = 1;
+    for (auto list = mContents.parameters.begin(); list != mContents.parameters.end(); ++list) {
+        const bool isLast =
+            std::next(list) == mContents.parameters.end() || std::next(list)->where != list->where;
+        same = isLast ? same : same + 1;
+        if (!isLast && !mView.verbose) continue;
+        rows.push_back({numberOf(list->parameters.size(), list->announced), visible(list->where),
+                        fmt::format("line {}", list->line), list->cut ? "cut by the log" : "",
+                        same > 1 && !mView.verbose ? fmt::format("the last of {}", same) : ""});
+        same = 1;
+        if (mView.verbose) addParameters(rows, *list);
     }
     mText += table(rows);
 }
