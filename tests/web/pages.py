@@ -353,7 +353,7 @@ class Pages(unittest.TestCase):
         self.assertEqual([option for option in self.browser.texts(".timeline select option") if "time" in option], [])
         self.assertIn("Evidence", "".join(self.browser.texts(".lanes .label")))
         self.browser.click(".findings .row:first-child")
-        for text in ("unknown: nothing ties this line to a frame", "line 10 iso: update of byte refused"):
+        for text in ("unknown: no frame number belongs to this line", "line 10 iso: update of byte refused"):
             self.assertIn(text, self.browser.texts(".details")[0])
         # No line states the zoom: the area has a picture of its own.
         self.browser.open(path, "sensor")

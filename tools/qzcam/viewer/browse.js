@@ -39,7 +39,7 @@ class BrowseView {
         this.list.element.scrollTop = 0;
     }
 
-    // What a search looks through is put together when it is needed first.
+    // The text that a search looks through is made when it is needed first.
     matches(row) {
         if (this.text === '') return true;
         if (row.search === undefined) row.search = [row.name, row.value, ...(row.badge || []).slice(1), ...(row.words || [])].join('\n').toLowerCase();

@@ -18,7 +18,7 @@ class Lane {
         if (tone === 'bad' || (tone === 'warn' && this.worst !== 'bad')) this.worst = tone;
     }
 
-    // What ends and begins anew at one place does not end.
+    // A value that ends and begins anew at one place does not end.
     drop() {
         this.at.pop();
         this.texts.pop();

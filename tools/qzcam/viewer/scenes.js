@@ -59,7 +59,7 @@ class TraceScenes {
         return `Place ${number + 1} of ${this.count}: ${parts.filter(Boolean).join(', ')}`;
     }
 
-    // What the lines up to there state, of this camera. A value holds until a line states another one.
+    // The values that the lines up to there state, of this camera. A value holds until a line states another one.
     scene(number) {
         const last = this.places[number];
         const sides = {request: new Map(), result: new Map()};

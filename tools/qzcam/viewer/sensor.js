@@ -51,7 +51,7 @@ class SensorView {
         this.legend.replaceChildren(...LAYERS.map((layer) => this.legendItem(layer, scene, shapes)));
     }
 
-    // What cannot be placed has a text `unknown` and is not drawn.
+    // A shape whose place is not known has a text `unknown` and is not drawn.
     shapesOf(scene) {
         const area = (shape) => ({...shape, label: `weight ${shape.weight}${shape.sent ? '' : ', not sent'}`});
         const onArray = (list) => list.filter(Boolean).map((shape) => (scene.active ? shape : {...shape, unknown: NO_ARRAY}));

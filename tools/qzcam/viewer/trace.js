@@ -100,7 +100,7 @@ class TraceEvents {
 // The facts of one line, for the details.
 function traceFacts(item) {
     const {data} = item;
-    return facts([['Input', item.session], ['Line', item.line], ['Time', data.time ? data.time.text : null], ['Frame', data.frame === undefined ? (item.frame === undefined ? 'unknown: nothing ties this line to a frame' : `after frame ${item.frame}`) : data.frame], ['Camera', data.camera], ['Client', data.client],
+    return facts([['Input', item.session], ['Line', item.line], ['Time', data.time ? data.time.text : null], ['Frame', data.frame === undefined ? (item.frame === undefined ? 'unknown: no frame number belongs to this line' : `after frame ${item.frame}`) : data.frame], ['Camera', data.camera], ['Client', data.client],
         ['Tag', data.tag ? el('code', {}, data.tag) : null], ['Value', data.value === null ? 'unknown' : data.value], ['Parameters', (data.keys || []).join(', ')], ['Status', data.status],
         ['Declared', data.declared], ['Message', data.message], ['Fields', (data.fields || []).map((field) => `${field.name} ${field.value}`).join(', ')],
         ['Known from', data.derived ? 'the results: no line states it' : null], ['Text', data.text ? el('code', {}, data.text) : null], ['Cause', data.cause], ['Times', data.times > 1 ? data.times : null]]);
@@ -121,7 +121,7 @@ function traceText({kind, data}) {
     return texts[kind] ? texts[kind]() : data.text || kind;
 }
 
-// What became of each parameter, and those that no line names.
+// The outcome of each parameter, and the parameters that no line names.
 function fatesView(events) {
     const words = {refused: ['bad', 'refused'], undeclared: ['warn', 'undeclared'], gated: ['warn', 'left out'], written: ['good', 'written'], told: ['good', 'told'], set: ['info', 'set']};
     const rows = events.parameters.map((row) => {
