@@ -34,6 +34,13 @@ for (const e of document.querySelectorAll('#page *')) {
 }
 return hard;"""
 
+# Controls without a name, and ids that occur twice.
+UNNAMED = """
+const named = (e) => e.textContent.trim() || e.getAttribute('aria-label') || e.getAttribute('aria-labelledby') || (e.labels && e.labels.length);
+const ids = [...document.querySelectorAll('[id]')].map((e) => e.id);
+return [...[...document.querySelectorAll('button, input, select, [tabindex], [role=listbox], [role=region], [role=img], [role=tabpanel], nav, aside')].filter((e) => !named(e)).map((e) => e.outerHTML.slice(0, 80)),
+  ...ids.filter((id, at) => ids.indexOf(id) !== at)];"""
+
 # One step of zooming or moving the lanes, and its picture.
 FRAME = """
 const [n, done] = arguments;
@@ -107,6 +114,7 @@ class Pages(unittest.TestCase):
                     self.browser.picture(f"{OUT}/{name}-{width}-{scheme}.png")
                     self.assertLessEqual(self.browser.get("document.documentElement.scrollWidth - document.documentElement.clientWidth"), 0)
                     self.assertEqual(self.browser.run(CONTRAST), [])
+                    self.assertEqual(self.browser.run(UNNAMED), [])
                     self.assertEqual(self.browser.log(), [])
                     self.assertEqual([url for url in self.browser.requests() if not url.startswith(f"file://{path}")], [])
 
@@ -366,6 +374,15 @@ class Pages(unittest.TestCase):
         rows = {row[0]: row[1:] for row in self.rows("browse")}
         self.assertEqual(rows["iso"], ["refused 1, written 2", "refused"])
         self.assertEqual(rows["brightness"], [None, "never seen"])
+
+    def test_trace_by_clock(self):
+        """A log with the clock of the frames: the page says between which frames a parameter failed."""
+        with open(f"{ROOT}/examples/phone.log", encoding="utf-8") as log, open(f"{OUT}/clock.log", "w", encoding="utf-8") as file:
+            file.write(re.sub(r"(?m)^03-05 10:11:12\.(\d+)", lambda match: f"   {81234.567890 + (int(match[1]) - 341) / 1000:.6f}", log.read()))
+        path = page("clock", "trace", f"{OUT}/clock.log", "examples/running.dumpsys")
+        self.browser.open(path)
+        self.assertEqual(self.browser.texts(".findings .row .place"), ["between frames 1203 and 1204, line 4", "between frames 1203 and 1204, line 5"])
+        self.assertIn("by time", self.browser.texts(".timeline select option"))
 
     def test_sensor_of_a_trace(self):
         stated = "        f1203:81234567890123ns:            REQ:com.ambrix.capture.metadata."

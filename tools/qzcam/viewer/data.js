@@ -92,7 +92,7 @@ class Events {
 // "Request 3", "frame 7", "line 12": the words for a place in a session.
 function placeText(item) {
     const parts = [];
-    if (item.isTrace) return [item.frame === undefined ? item.data.time && item.data.time.text : `${item.hasFrame ? '' : 'after '}frame ${item.frame}`, `line ${item.line}`].filter(Boolean).join(', ');
+    if (item.isTrace) return [frameText(item) || (item.data.time && item.data.time.text), `line ${item.line}`].filter(Boolean).join(', ');
     if (item.kind === 'request' || item.kind === 'verdicts') parts.push(`request ${item.request}`);
     if (item.kind === 'result') parts.push(`frame ${item.frame}`);
     if (item.line) parts.push(`line ${item.line}`);

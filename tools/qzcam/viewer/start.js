@@ -48,8 +48,8 @@ function sessionsOf(events) {
     const names = events.inputs || events.all.filter((item) => item.kind === 'session').map((item) => item.data.file);
     const cameras = [...new Set(events.devices.map((device) => device.camera))];
     const shown = names.length > 3 ? `${names.slice(0, 3).join(', ')} and ${names.length - 3} more` : names.join(', ');
-    if (names.length === 1 && document.title.endsWith(`: ${shown}`)) names.length = 0;
-    return [names.length ? shown : null, cameras.length ? `camera ${cameras.join(', ')}` : null].filter(Boolean).join(' · ');
+    const isTold = document.title.endsWith(`: ${names.join(', ')}`);
+    return [isTold ? null : shown, cameras.length ? `camera ${cameras.join(', ')}` : null].filter(Boolean).join(' · ');
 }
 
 function summaryBadges(events) {

@@ -26,6 +26,7 @@ class TraceEvents {
         this.neverSeen = list.filter((data) => data.event === 'never-seen').flatMap((data) => data.keys);
         for (const row of this.parameters) this.find(row);
         this.moments = this.all.length;
+        this.findNextFrames();
     }
 
     // An item of no frame of its own comes after the frame before it in its group.
@@ -35,6 +36,16 @@ class TraceEvents {
         this.all.push({index: this.all.length, kind: data.event, data, line: data.line, moment: this.all.length, session: this.inputs[data.input] || '', group: this.groups.length,
             frame: data.frame === undefined ? (before ? before.frame : undefined) : data.frame, hasFrame: data.frame !== undefined, request: 0, isTrace: true,
             time: this.hasClock ? clockTime(data.time) : undefined});
+    }
+
+    findNextFrames() {
+        let next;
+        for (let i = this.all.length - 1; i >= 0; --i) {
+            const item = this.all[i];
+            if (i + 1 < this.all.length && this.all[i + 1].group !== item.group) next = undefined;
+            if (item.hasFrame) next = item.frame;
+            item.nextFrame = next;
+        }
     }
 
     // Frames of several groups do not share an axis.
@@ -97,10 +108,17 @@ class TraceEvents {
     }
 }
 
+// The frame of an item, or those before and after it; empty if none of them is known.
+function frameText({hasFrame, frame, nextFrame}) {
+    if (hasFrame || (frame !== undefined && frame === nextFrame)) return `frame ${frame}`;
+    if (frame !== undefined && nextFrame !== undefined) return `between frames ${frame} and ${nextFrame}`;
+    return frame !== undefined ? `after frame ${frame}` : nextFrame !== undefined ? `before frame ${nextFrame}` : '';
+}
+
 // The facts of one line, for the details.
 function traceFacts(item) {
     const {data} = item;
-    return facts([['Input', item.session], ['Line', item.line], ['Time', data.time ? data.time.text : null], ['Frame', data.frame === undefined ? (item.frame === undefined ? 'unknown: no frame number belongs to this line' : `after frame ${item.frame}`) : data.frame], ['Camera', data.camera], ['Client', data.client],
+    return facts([['Input', item.session], ['Line', item.line], ['Time', data.time ? data.time.text : null], ['Frame', item.hasFrame ? data.frame : frameText(item) || 'unknown: no frame number belongs to this line'], ['Camera', data.camera], ['Client', data.client],
         ['Tag', data.tag ? el('code', {}, data.tag) : null], ['Value', data.value === null ? 'unknown' : data.value], ['Parameters', (data.keys || []).join(', ')], ['Status', data.status],
         ['Declared', data.declared], ['Message', data.message], ['Fields', (data.fields || []).map((field) => `${field.name} ${field.value}`).join(', ')],
         ['Known from', data.derived ? 'the results: no line states it' : null], ['Text', data.text ? el('code', {}, data.text) : null], ['Cause', data.cause], ['Times', data.times > 1 ? data.times : null]]);
