@@ -1,6 +1,6 @@
 # SPDX-License-Identifier: Apache-2.0
 # The Android libraries that Debian installs beside the system's own: imported targets android::utils, android::log,
-# android::base and android::headers. Also installed with the package, so that a consumer finds them the same way.
+# android::base and android::headers. This file is installed with the package too, so that a consumer finds them the same way.
 include_guard(GLOBAL)
 
 find_path(QZ_ANDROID_INCLUDE_DIR utils/RefBase.h PATH_SUFFIXES android REQUIRED)

@@ -1,6 +1,6 @@
 # SPDX-License-Identifier: Apache-2.0
-# Protection of what is installed against faults that an attacker could use: a buffer that is written past its end, a
-# pointer to a function that is overwritten. An Android tree has its own flags for the same.
+# Protects installed programs and libraries against faults that an attacker could use: a buffer that is written past its
+# end, a pointer to a function that is overwritten. An Android tree has its own flags for the same purpose.
 option(QZ_HARDEN "Protect what is installed against overwritten memory" ON)
 
 include(CheckPIESupported)

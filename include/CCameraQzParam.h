@@ -18,8 +18,8 @@
 
 namespace qz {
 
-// A number that one thread writes and another reads without a lock. The order is relaxed: a reader may see a
-// value late, but never a torn one. On the target it is a plain load or store.
+// A number that one thread writes and another reads without a lock. The order is relaxed: a reader may see an
+// old value, but never a half-written one. On the target an access is an ordinary load or store.
 template <typename T>
 class RelaxedAtomic {
   public:

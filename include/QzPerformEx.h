@@ -54,7 +54,7 @@ class QzPerformEx : public virtual android::RefBase {
     camera_metadata_ro_entry getStaticInfo(uint32_t tag, size_t minCount, size_t maxCount, bool required);
 
     // One level for all cameras of the process. The request thread writes it, the result thread reads it. A
-    // late value only changes how much is logged.
+    // reader with an old level only logs too much or too little.
     static std::atomic<uint32_t> sLogLevel;
     static uint32_t logLevel() { return sLogLevel.load(std::memory_order_relaxed); }
 

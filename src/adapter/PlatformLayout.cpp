@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 // Checks the memory layout that the library shares with hosts compiled elsewhere. A platform header with
-// another layout stops the build here, instead of a camera session later. A test compares the slots of the
-// virtual functions, since no constant expression can.
+// another layout stops the build here. Otherwise the fault would show only in a camera session. A test
+// compares the slots of the virtual functions, since a constant expression cannot.
 #include "QzHostInterfaces.h"
 
 #include <camera/CameraMetadata.h>

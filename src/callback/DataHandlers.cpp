@@ -15,7 +15,7 @@ using Entry = camera_metadata_ro_entry;
 
 uint32_t size32(size_t bytes) { return static_cast<uint32_t>(bytes); }
 
-// Returns an int32 that names the calibration, followed by the entry's bytes. The block is empty if they
+// Returns an int32 that identifies the calibration, followed by the entry's bytes. The block is empty if they
 // cannot be copied.
 std::vector<uint8_t> oisBlock(int32_t kind, const void* data, size_t bytes, const char* caller) {
     std::vector<uint8_t> block(sizeof(kind) + bytes);

@@ -34,7 +34,7 @@ struct ResultRow {
     const char* handler = nullptr;
     Feature feature = Feature::image;
     bool plain = false;     // the row alone is enough; otherwise a function of the handler's name runs
-    bool optional = false;  // the function runs whatever the result contains
+    bool optional = false;  // the function runs for every result
     Upto<EntryRow, 4> entries{};
     int32_t message = 0;             // code; 0: none
     int32_t kind = 0;                // first number of messages that share a code

@@ -19,13 +19,13 @@ namespace {
 
 using android::CameraMetadata;
 
-// Inspection levels, by what they add.
+// Inspection levels. Each logs more than the one before.
 constexpr uint32_t kShowRequestKind = 1;
 constexpr uint32_t kShowChosenTags = 2;
 constexpr uint32_t kShowResults = 3;
 constexpr uint32_t kDumpStaticInfo = 4;
 constexpr uint32_t kDumpRequests =
-    5;  // one level above the static info, which is logged once: requests come with every frame
+    5;  // one level above the static info: requests come with every frame, the static info once
 
 // Returns the tag that a property chooses, or INVALID_TAG. Vendor names are tried before standard ones. No
 // tag has a name of fewer than ten characters.

@@ -9,7 +9,7 @@
 
 namespace qz {
 
-// The entry is written in every pass if the device declares the tag. An absent key contributes its -1.
+// The entry is written in every pass if the device declares the tag. The number of an absent key is -1.
 status_t RequestSteps::setMMILowLightSensor(const Setting& set) {
     Entry<int32_t, 2> param(set);
     param.tag(CAPTURE("mmtest-lowlight-param"));

@@ -52,7 +52,7 @@ status_t RequestSteps::setZslMode(const Setting& set) {
 }
 
 status_t RequestSteps::readFaceAeArea(const Setting& set) {
-    // The key is read and not used. No entry holds it, but hosts may rely on the read.
+    // The key is read, but its value is not used: no entry has it. Hosts may rely on the call.
     static_cast<void>(set.host->get("qz-face-ae-area"));
     return android::OK;
 }

@@ -8,7 +8,7 @@ namespace qz {
 
 namespace {
 
-// More than all rows state.
+// More than the number of entries in all rows.
 constexpr size_t kCapacity = 512;
 
 struct Entries {

@@ -7,20 +7,21 @@
 
 namespace qz {
 
-// Like strtol with base 10. Outside int32 the value saturates and errno becomes ERANGE; otherwise errno
-// becomes 0. *end is `text` if there is no number.
+// Converts like strtol with base 10. Outside int32 the value saturates and errno becomes ERANGE; otherwise
+// errno becomes 0. *end is `text` if there is no number.
 int32_t parseInt32(const char* text, const char** end);
 
-// Like atoi: 0 without a number. Saturates.
+// Converts like atoi: 0 without a number. Saturates.
 int32_t parseInt32(const char* text);
 
-// Like strtof. errno becomes ERANGE for a number that is too large or too small for float, otherwise 0.
+// Converts like strtof. errno becomes ERANGE for a number that is too large or too small for float, otherwise
+// 0.
 float parseFloat(const char* text, const char** end);
 
-// Like strtod. errno is undefined.
+// Converts like strtod. errno is undefined.
 double parseDouble(const char* text, const char** end);
 
-// Like strtoul with base 0 (decimal, 0x, 0 octal): a minus sign wraps, an overflow gives all ones.
+// Converts like strtoul with base 0 (decimal, 0x, 0 octal): a minus sign wraps, an overflow gives all ones.
 uint32_t parseUint32(const char* text);
 
 // Skips one separating character, which is not checked. At the end of the text it skips nothing.

@@ -114,7 +114,7 @@ TEST(Verdict, ByValue) {
          "'true' is taken back"},
         {"set key-qz-2dpanorama=on", "key-qz-2dpanorama", "written", ""},
         {"set key-qz-2dpanorama=on\nrequest", "key-qz-2dpanorama", "no-entry", "only on a change"},
-        {"set burst-capture=3", "burst-capture", "no-entry", "read and kept"},
+        {"set burst-capture=3", "burst-capture", "no-entry", "read and stored"},
         {"set qz-magnifier-step-value=3;qz-manual-focus-step-value=4", "qz-magnifier-step-value",
          "overridden", "manualFocusValue is written again for qz-manual-focus-step-value"},
         {"set qz-magnifier-step-value=4;qz-manual-focus-step-value=4", "qz-magnifier-step-value",
