@@ -68,7 +68,7 @@ void Session::askSizes(Camera& camera, Random& random) {
     }
 }
 
-// Calls the adapter's functions beside the translator's host interface.
+// Calls the functions of the adapter that are not part of the translator's host interface.
 void Session::askAdapter(Random& random) {
     mAdapter->modifySupportedPictureSize(mParameters);
     mAdapter->modifyOTPtestResult(mParameters);

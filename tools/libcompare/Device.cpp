@@ -63,7 +63,7 @@ constexpr Kind kKinds[] = {{"without descriptor", 0, 0, 0, 0},
                            {"all, oddly named", 100, 0, 60, 5},
                            {"all", 100, 0, 0, 0}};
 
-// The device chooses where a section ends.
+// The device decides where the section of a name ends.
 Declared split(uint32_t tag, const Tag& row, const Kind& kind, Random& random) {
     const size_t dot = row.name.rfind('.');
     const bool odd = dot == std::string::npos || random.percent(kind.split);

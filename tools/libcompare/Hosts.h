@@ -82,7 +82,7 @@ class Recorded : public Host {
   public:
     using Host::Host;
 
-    // The request of the pass: an update of another request is visible.
+    // The request of the pass. With it an update of another request is detected.
     const CameraMetadata* expected = nullptr;
 
     void set(const char* key, const char* value) override {

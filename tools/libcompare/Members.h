@@ -10,7 +10,7 @@
 
 namespace qz::compare {
 
-// Writes every member. Of addresses it writes only if they are null.
+// Writes every member. For an address it writes only whether it is null.
 void recordMembers(const CCameraQzParam& translator);
 void recordMembers(const CameraQzCallBack& callBack);
 void recordMembers(const CameraQzSendCmd& command);

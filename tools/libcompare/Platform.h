@@ -8,7 +8,7 @@
 
 namespace qz::compare {
 
-// "" unsets.
+// Sets a property. "" unsets it.
 void setProperty(const std::string& name, const std::string& value);
 void clearProperties();
 

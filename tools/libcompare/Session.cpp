@@ -49,7 +49,7 @@ Session::Session(const Inputs& inputs, Devices* devices, uint64_t seed)
         inspector = new QzPerformEx(static_cast<int32_t>(random.below(3)));
         recordAddress("inspector", inspector.get());
     }
-    // The level belongs to the process and keeps the value of the last block.
+    // The level belongs to the process. It keeps the value of the previous block.
     Requests none;
     mInspectors[0]->checkRequest(none, false);
     recordAll();

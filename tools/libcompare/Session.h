@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// A block of steps over the same objects, so that the state of one step reaches the next.
+// A block of steps over the same objects, so that a step sees the state that earlier steps have left.
 #pragma once
 
 #include "CameraQzCallBack.h"

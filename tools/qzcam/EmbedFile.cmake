@@ -1,6 +1,7 @@
 # SPDX-License-Identifier: Apache-2.0
-# Turns a file, or several one after the other, into a source that holds them:
-#     cmake "-DINPUT=FILE;FILE..." -DOUTPUT=FILE.cpp -DFUNCTION=name -P EmbedFile.cmake
+# Turns a file, or several files one after the other, into a source that contains their text:
+#
+# cmake "-DINPUT=FILE;FILE..." -DOUTPUT=FILE.cpp -DFUNCTION=name -P EmbedFile.cmake
 set(hex "")
 foreach(file ${INPUT})
     file(READ "${file}" part HEX)

@@ -17,7 +17,7 @@ bool startsWith(std::string_view text, std::string_view start);
 bool endsWith(std::string_view text, std::string_view end);
 std::vector<std::string_view> split(std::string_view text, char separator);
 
-// Removes the first word from the text and returns it; empty at the end.
+// Removes the first word from the text and returns it; returns an empty text at the end.
 std::string_view takeWord(std::string_view& text);
 
 // "1 value", "2 values"
@@ -28,13 +28,13 @@ std::string counted(size_t count, std::string_view one, std::string_view many);
 // UTF-8 becomes \xNN. A visible text is unchanged.
 std::string visible(std::string_view text);
 
-// Returns the beginning of a text, visible, with "..." for the rest.
+// Returns the beginning of a text in visible form, with "..." if it is cut.
 std::string cut(std::string_view text, size_t most);
 
-// Quotes a line for a message, visible and not too long.
+// Quotes a line for a message, in visible form and cut.
 std::string excerpt(std::string_view text);
 
-// Prints a message to standard error, visible.
+// Prints a message to standard error, in visible form.
 void complain(std::string_view text);
 
 // Returns true if the text contains a NUL byte, so that a C string of it would end early.
@@ -54,7 +54,7 @@ std::optional<Size> parseSize(std::string_view text);
 // and leaves the input unchanged if the closing quote is missing.
 std::optional<std::string> takeQuoted(std::string_view& text);
 
-// Walks over the lines of a text, without their ends ("\n" or "\r\n").
+// Iterates over the lines of a text, without their ends ("\n" or "\r\n").
 class Lines {
   public:
     explicit Lines(std::string_view text, size_t firstLine = 1) : mRest(text), mNumber(firstLine - 1) {}

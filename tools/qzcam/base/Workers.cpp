@@ -61,7 +61,7 @@ class Pipe {
     int writingEnd() const { return mWrite; }
     void closeWritingEnd() { closeEnd(mWrite); }
 
-    // Reads what is there. At the end the pipe is closed.
+    // Reads the available bytes. Closes the pipe at its end.
     void readInto(std::string& text) {
         std::array<char, 1U << 16U> chunk{};
         const ssize_t size = read(mRead, chunk.data(), chunk.size());
@@ -103,7 +103,7 @@ std::string failureOf(pid_t process) {
                : fmt::format("the process that read it ended with {}", WEXITSTATUS(status));
 }
 
-// Empty, or what is wrong.
+// Returns the failure of the process, or an empty text.
 std::string start(Worker& worker, const Work& work) {
     if (!worker.text.isOpen() || !worker.messages.isOpen()) return std::strerror(errno);
     worker.process = fork();

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// Work that is done in processes of its own. The vendor tags that a camera's metadata refer to are global to
-// a process, so that devices can be looked at side by side in several processes only; and an input that
-// breaks its process breaks no other.
+// Runs work in separate processes. The vendor tags that a camera's metadata refer to are global to a process,
+// so several devices need several processes. An input that crashes its process does not stop the others.
 #pragma once
 
 #include <cstddef>
@@ -16,8 +15,9 @@ struct WorkResult {
     std::string failure;   // empty, or how the process ended instead
 };
 
-// Does the work of each index below `count`, as many at a time as there are cores. Results come in any order,
-// on this thread. The caller has no other thread, or none that holds a lock which the work takes.
+// Runs `work` for each index below `count`, with as many processes at a time as there are cores. Results are
+// delivered in any order, on this thread. The caller must have no other thread that holds a lock which `work`
+// takes.
 void workInProcesses(size_t count, const std::function<std::string(size_t)>& work,
                      const std::function<void(size_t, WorkResult)>& done);
 

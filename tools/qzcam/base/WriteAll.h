@@ -10,7 +10,7 @@ namespace qzcam {
 // Prints a message and returns false if the text cannot be written. A closed pipe (`| head`) is not an error.
 bool writeAll(std::FILE* out, const std::string& text);
 
-// The message.
+// Returns the message.
 void cannotWrite(int error);
 
 }  // namespace qzcam

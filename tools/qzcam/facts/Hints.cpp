@@ -39,7 +39,7 @@ constexpr Synonym kSynonyms[] = {
 bool isUpper(char c) { return std::isupper(static_cast<unsigned char>(c)) != 0; }
 bool isAlnum(char c) { return std::isalnum(static_cast<unsigned char>(c)) != 0; }
 
-// Lower case, and without separators.
+// Returns the name in lower case and without separators.
 std::string lettersOf(std::string_view name) {
     std::string letters;
     for (const char c : name) {
@@ -126,7 +126,7 @@ Names knownKeys() {
     return {keys.begin(), keys.end()};
 }
 
-// Keys that have all words of the name, as they are.
+// Returns the keys that contain all words of the name unchanged.
 Names withAllWords(const std::string& name) {
     const Words words = tellingWords(name);
     std::vector<std::pair<double, std::string>> found;
@@ -181,7 +181,7 @@ void addOfFeature(Names& keys, Words words, const std::string& name) {
     }
 }
 
-// Short words as "on" and "50" belong to too many keys.
+// Short words such as "on" and "50" belong to too many keys.
 void addTaking(Names& keys, const std::string& name) {
     constexpr size_t kTelling = 4;
     const std::string letters = lettersOf(name);
@@ -256,7 +256,7 @@ Names nearest(std::string_view name, const Names& names) {
     std::sort(found.begin(), found.end());
     Names near;
     for (auto& [distance, other] : found) {
-        // A name that differs only in case and separators is certain.
+        // A name that differs only in case and separators needs no other hint.
         if (found.front().first == 0 && distance > 0) break;
         near.push_back(std::move(other));
     }
@@ -269,7 +269,7 @@ std::string nearestOne(std::string_view name, const Names& names) {
 }
 
 Names likelyKeys(const std::string& name) {
-    // Every request of a session needs the hints for the same keys.
+    // Cached, because every request of a session needs the hints for the same keys.
     constexpr size_t kMostKept = 1000;
     thread_local std::map<std::string, Names> kept;
     if (const auto found = kept.find(name); found != kept.end()) return found->second;

@@ -24,7 +24,7 @@ std::string nearestOne(std::string_view name, const std::vector<std::string>& na
 // words, keys of the feature that it names, keys that accept it as a word. Empty if no key is similar.
 std::vector<std::string> likelyKeys(const std::string& name);
 
-// "; perhaps iso or zoom", for the end of a message; empty without names.
+// Returns "; perhaps iso or zoom", for the end of a message. Returns an empty text without names.
 std::string perhaps(const std::vector<std::string>& names);
 
 }  // namespace qzcam

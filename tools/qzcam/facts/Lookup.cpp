@@ -26,7 +26,7 @@ const qz::KeyRow* keyIn(const qz::Parameter& row, const std::string& key) {
     return found == row.keys.end() ? nullptr : found;
 }
 
-// As many keys as entries: one for each. Otherwise each key decides about all entries.
+// If a row has as many keys as entries, each key has its own entry. Otherwise each key affects all entries.
 bool ownsEntry(const qz::Parameter& row, const qz::KeyRow& key, size_t index) {
     if (key.condition) return false;
     std::vector<const qz::KeyRow*> own;

@@ -13,25 +13,25 @@
 
 namespace qzcam {
 
-// Rows that read the key, in the order of the pass.
+// Returns the rows that read the key, in the order of the pass.
 std::vector<const qz::Parameter*> rowsOf(const std::string& key);
 
-// The key's column in the row; null if the row does not read it.
+// Returns the key's column in the row, or null if the row does not read it.
 const qz::KeyRow* keyIn(const qz::Parameter& row, const std::string& key);
 
-// True if the key's value goes into entry `index` of the row.
+// Returns true if the key's value goes into entry `index` of the row.
 bool ownsEntry(const qz::Parameter& row, const qz::KeyRow& key, size_t index);
 
-// Null for a key that no getter publishes.
+// Returns null for a key that no getter publishes.
 const qz::CapabilityRow* findPublisher(std::string_view key);
 
-// A key that is published on any device.
+// Returns true for a key that is published on any device.
 bool isUnconditional(std::string_view key);
 
-// The published word of a number; null for an unknown one.
+// Returns the published word of a number, or null for an unknown number.
 const char* wordFor(const qz::Vocabulary& vocabulary, int number);
 
-// The name of the vocabulary's direction from texts to numbers.
+// Returns the name of the vocabulary's text-to-number direction.
 const char* nameOf(const qz::Vocabulary& vocabulary);
 
 // A key that the library reads outside the passes, in a function that the host calls.
@@ -42,10 +42,10 @@ struct HostKey {
 };
 const std::vector<HostKey>& hostKeys();
 
-// Empty for a key that the host does not call for.
+// Returns a note about a key of hostKeys(), or an empty text for another key.
 std::string noteOnHostKey(const std::string& key);
 
-// All keys that the library reads or publishes.
+// Return all keys that the library reads or publishes.
 std::set<std::string> readKeys();
 std::set<std::string> publishedKeys();
 

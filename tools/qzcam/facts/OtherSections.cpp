@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// The sections beside the passes.
+// The sections of the reference that do not belong to a pass.
 #include "facts/Lookup.h"
 #include "facts/ReferenceSections.h"
 #include "facts/RowTexts.h"

@@ -47,17 +47,18 @@ using Reference = std::vector<Section>;
 
 const Reference& wholeReference();
 
-// The parts that `name` names: a key, setter, getter, handler, message, command, property, vocabulary or tag.
+// Returns the facts that `name` belongs to: a key, setter, getter, handler, message, command, property,
+// vocabulary or tag.
 Reference only(const Reference& reference, const std::string& name);
 bool isEmpty(const Reference& reference);
 std::vector<std::string> allNames(const Reference& reference);
 
-// Names that have this one in them.
+// Returns names that contain this one.
 std::vector<std::string> similarNames(const Reference& reference, const std::string& name);
 
 std::string referenceMarkdown(const Reference& reference);
 std::string referenceJson(const Reference& reference);
 std::string referenceText(const Reference& reference);   // every detail
-std::string referenceIndex(const Reference& reference);  // a line each
+std::string referenceIndex(const Reference& reference);  // one line for each
 
 }  // namespace qzcam

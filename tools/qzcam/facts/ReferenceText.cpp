@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// The reference for a terminal: in full, and a line each.
+// Prints the reference on a terminal: all details, or one line for each fact.
 #include "facts/Reference.h"
 
 #include <fmt/format.h>

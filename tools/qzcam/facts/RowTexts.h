@@ -22,7 +22,7 @@ std::vector<Value> textIf(const char* name);  // nothing for null
 std::vector<Value> wordsToNumbers(const qz::Vocabulary& vocabulary);
 std::vector<Value> numbersToWords(const qz::Vocabulary& vocabulary);
 
-// The number that a byte or int32 entry gets.
+// Returns the number that a byte or int32 entry gets.
 std::string numberIn(uint8_t type, int number);
 
 // Adds a tag under its full name and under the name without its section.

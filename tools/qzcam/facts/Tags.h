@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// The tags that the library looks up, by the rows that name them.
+// The tags that the library looks up, with the rows that state them.
 #pragma once
 
 #include "device/Device.h"
@@ -34,10 +34,10 @@ std::vector<std::string> capabilityNames();
 
 bool isVendorTag(const std::string& name);
 
-// A name that the library looks up without a section.
+// Returns true for a name that the library looks up without a section.
 bool lacksSection(const std::string& name);
 
-// Feature of a tag or of a key, "other" for one that no row names.
+// Return the feature of a tag or of a key, or "other" if no row states it.
 const char* featureOfTag(const std::string& fullName);
 const char* featureOfKey(const std::string& key);
 

@@ -6,7 +6,7 @@
 
 namespace qzcam {
 
-// "ns"; empty for an entry without a unit, or whose unit is not known.
+// Returns a unit such as "ns". Returns an empty text for an entry without a known unit.
 const char* unitOf(std::string_view fullName);
 
 }  // namespace qzcam

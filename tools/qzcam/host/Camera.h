@@ -22,13 +22,13 @@
 
 namespace qzcam {
 
-// The adapter, watched: which key was published from which capability, and which parameter became which
-// entry, shows in the order of its calls.
+// An adapter that records its calls. Their order shows which key was published from which capability, and
+// which parameter became which entry.
 class WatchedParameters : public qz::QzParametersEx {
   public:
     struct Published {
         std::string key;
-        uint32_t capability;  // the static entry read last before
+        uint32_t capability;  // the static entry that was read last
     };
 
     using QzParametersEx::QzParametersEx;
@@ -57,7 +57,8 @@ class WatchedParameters : public qz::QzParametersEx {
     // Records the following steps in `trace`, until it is set to null.
     void watch(Trace* trace) { mTrace = trace; }
 
-    // All updates from now on get this status, whatever type their tag has, and none reaches its request.
+    // Makes all later updates return this status, whatever the type of their tag, without changing the
+    // request.
     void answerUpdates(qz::status_t status) { mUpdateAnswer = status; }
 
   private:
@@ -73,7 +74,7 @@ class WatchedParameters : public qz::QzParametersEx {
 
 using MessageSink = std::function<void(Message)>;
 
-// The tool as the host that results go through.
+// The host that receives the messages of results.
 class ResultHost : public qz::ExtCallBackInterface {
   public:
     explicit ResultHost(MessageSink sink) : mSink(std::move(sink)) {}

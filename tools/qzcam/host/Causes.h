@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Where messages come from.
+// Finds the result entries that cause a message.
 #pragma once
 
 #include "host/Messages.h"
@@ -9,7 +9,8 @@
 
 namespace qzcam {
 
-// The result entries that the senders of the message read; none for a message of the host's own.
+// Returns the result entries that the senders of the message read. Returns nothing for a message that the
+// host sends itself.
 std::vector<std::string> resultEntriesOf(const Message& message);
 
 }  // namespace qzcam

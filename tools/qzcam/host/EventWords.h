@@ -13,12 +13,13 @@
 namespace qzcam {
 
 const char* verdictWord(Verdict verdict);                        // "gate-closed"
-std::vector<std::pair<const char*, const char*>> verdictHelp();  // all words, and what they say
+std::vector<std::pair<const char*, const char*>> verdictHelp();  // all words with their meanings
 std::optional<Verdict> findVerdict(std::string_view word);
 std::string verdictWords();
 const char* verdictMeaning(Verdict verdict);  // for people
 
-// Written, but not a value that the device offers, or not the number that was meant.
+// Returns true if the parameter was written, but the device does not offer the value or the number does not
+// fit.
 bool isUnfit(Verdict verdict);
 
 const char* ownerWord(KeyOwner owner);

@@ -26,7 +26,7 @@ struct SessionEvent {
 
 // A command begins. The following events are its effects.
 struct CommandEvent {
-    size_t line;  // 0: the player's own doing at the end of a session
+    size_t line;  // 0: an action of the player at the end of a session
     std::string text;
 };
 
@@ -38,11 +38,11 @@ struct EntryRow {
     Values values;
     Change change = Change::None;
     Values before;        // earlier values of a changed entry
-    Texts from;           // the parameters that made it, in a request
+    Texts from;           // the parameters of a request that it is made from
     SetLines lines = {};  // lines that set these parameters
 };
 
-// The entries of a request, compared with those of the camera's request before.
+// The entries of a request, compared with those of the camera's previous request.
 struct RequestEvent {
     std::vector<EntryRow> entries;
 };
@@ -67,7 +67,7 @@ struct VerdictEntry {
     std::string name;
     Verdict verdict;
     std::string reason;
-    Values values;  // written, or what would have been
+    Values values;  // the values that were written, or that would be written
 };
 
 // Values that a device offers for a parameter.
@@ -80,7 +80,7 @@ struct Offer {
     bool whole = true;                // the dump shows all of a list
 };
 
-// A number of the application that does not fit, and the one that is written for it.
+// A number of the application that does not fit, and the number that is written instead.
 struct Overflow {
     std::string number;
     std::string written;
@@ -96,7 +96,7 @@ struct VerdictRow {
     Verdict verdict;
     std::string reason;
     std::vector<VerdictEntry> entries;
-    bool repeated = false;            // as for the request before
+    bool repeated = false;            // the same as for the previous request
     std::optional<Offer> offer = {};  // offer that does not contain the value
     std::optional<Overflow> overflow = {};
     KeyOwner owner = KeyOwner::None;        // owner of a key that no setter reads
@@ -108,7 +108,7 @@ struct VerdictsEvent {
     std::vector<VerdictRow> rows;
 };
 
-// The entries of a result, compared with those of the camera's result before.
+// The entries of a result, compared with those of the camera's previous result.
 struct ResultEvent {
     int64_t frame;
     std::vector<EntryRow> entries;
@@ -146,7 +146,7 @@ struct LogEvent {
 struct StatusEvent {
     std::string of;
     int32_t status;
-    bool isAnswer;  // rather than success or failure
+    bool isAnswer;  // an answer instead of success or failure
 };
 
 struct AnswerEvent {
@@ -154,7 +154,7 @@ struct AnswerEvent {
     std::string answer;
 };
 
-// Why a session is not played at all.
+// The reason why a session is not played.
 struct ErrorEvent {
     std::string text;  // "file:line: what"
 };

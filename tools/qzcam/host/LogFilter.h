@@ -16,13 +16,13 @@ class LogFilter {
     // Shows lines of this level and above, of any tag.
     LogFilter(int lowest) : mLowest(lowest) {}  // NOLINT(google-explicit-constructor): a level is a filter
 
-    // A level, or "TAG:LEVEL TAG:LEVEL *:LEVEL". Tags that are not named keep the level of `*`, or the
-    // default. Returns nothing if the text is neither.
+    // Parses a level, or "TAG:LEVEL TAG:LEVEL *:LEVEL". Other tags get the level of `*`, or the default.
+    // Returns nothing for any other text.
     static std::optional<LogFilter> parse(std::string_view text);
 
     bool shows(const LogEvent& line) const;
 
-    // The level that a line counts as for `*`.
+    // Returns the level that `*` and a level alone use for this line.
     static int levelOf(const LogEvent& line);
 
     static constexpr const char* kDefault = "warning";

@@ -17,10 +17,10 @@ namespace {
 using Fields = std::vector<Message::Field>;
 using qz::MessageRow;
 
-// Codes are bits, the highest one included.
+// Codes are bits, and the highest bit is one of them.
 uint32_t codeOf(const MessageRow& row) { return static_cast<uint32_t>(row.code); }
 
-// A block of a wrong size is shown as far as possible.
+// A block of a wrong size is decoded as far as possible.
 std::optional<int32_t> int32At(const Message& message, size_t offset) {
     int32_t number = 0;
     if (message.bytes.size() < offset + sizeof(number)) return std::nullopt;
@@ -37,8 +37,8 @@ void decodeSmartMode(const Message& message, Fields& fields) {
     if (message.bytes.size() > kMode) fields.push_back({"mode", fmt::to_string(message.bytes[kMode])});
 }
 
-// The kind, then the driver's blob: its result, its name up to the terminator, and the offset in its last
-// bytes.
+// Decodes the kind and the driver's blob: its result in the first bytes, its name up to the terminator, and
+// the offset in its last bytes.
 void decodeHallCalibration(const Message& message, Fields& fields) {
     constexpr size_t kResult = 4;
     constexpr size_t kName = 8;
@@ -53,7 +53,7 @@ void decodeHallCalibration(const Message& message, Fields& fields) {
     }
 }
 
-// The number that is the first of those that the row names.
+// Returns the index of the first number that has a name in the row.
 size_t firstNamed(const MessageRow& row) { return row.kind == 0 ? 0 : 1; }
 
 const MessageRow* rowOf(const Message& message) {
@@ -65,8 +65,8 @@ const MessageRow* rowOf(const Message& message) {
     return found == std::end(qz::kMessages) ? nullptr : found;
 }
 
-// Every number by its name. A notification has two numbers even if its message needs fewer: an unnamed 0 is
-// left out.
+// Gives each number its name. A notification has two numbers even if its message needs fewer: a 0 without a
+// name is omitted.
 void nameNumbers(const MessageRow& row, Message& message) {
     for (size_t i = firstNamed(row); i < message.numbers.size(); ++i) {
         const size_t place = i - firstNamed(row);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// The messages that reach the application, decoded for reading.
+// The messages that reach the application, decoded for people.
 #pragma once
 
 #include <cstddef>
@@ -19,15 +19,15 @@ struct Message {
     uint32_t code = 0;
     bool isData = false;
     std::string name;              // "preview-parameters"
-    std::vector<Field> fields;     // the content, decoded
-    std::vector<int32_t> numbers;  // the content as it came: two numbers, or the whole int32 of a block
+    std::vector<Field> fields;     // the decoded content
+    std::vector<int32_t> numbers;  // the original content: two numbers, or the whole int32 of a block
     std::vector<uint8_t> bytes;    // bytes of a block
 };
 
 Message notification(int32_t code, int32_t ext1, int32_t ext2);
 Message dataBlock(int32_t code, const void* data, size_t size);
 
-// The code of a message's name, or of a number.
+// Returns the code of a message's name, or of a number.
 std::optional<uint32_t> findMessageCode(std::string_view word);
 std::string messageNames();
 

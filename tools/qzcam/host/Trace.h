@@ -36,10 +36,11 @@ struct TraceStep {
 
 using Trace = std::vector<TraceStep>;
 
-// Adds what a log line tells about a pass, if it tells anything.
+// Adds the step of a log line, if the line reports one.
 void addLogLine(Trace& trace, const LogEvent& line);
 
-// The name of a tag that the resolver, or the platform under it, says it could not find; empty otherwise.
+// Returns the name that QzName2Tag, or the platform, reports as not found. Returns an empty text for any
+// other line.
 std::string missingName(const LogEvent& line);
 
 }  // namespace qzcam

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// Events for people: texts of files, applications and drivers are made visible before a printer lays them
-// out.
+// Makes the texts of events visible for people: the texts of files, applications and drivers are escaped
+// before a printer arranges them.
 #pragma once
 
 #include "host/Events.h"

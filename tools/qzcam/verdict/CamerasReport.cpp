@@ -27,7 +27,7 @@ struct Cell {
     const char* style = "2";
 };
 
-// The worst verdict and how many tags have it.
+// Returns the worst verdict and the number of tags that have it.
 Cell cellOf(const FeatureCheck& feature) {
     if (feature.count(TagVerdict::Missing) == feature.size()) return {"all missing", "2"};
     for (const TagVerdict verdict : kBad) {
@@ -45,7 +45,7 @@ Cell cellOf(const DeviceCheck& check, qz::Feature feature) {
     return {};
 }
 
-// In the order of the camera that is worst off.
+// Returns the features in the order of the worst camera's check.
 std::vector<qz::Feature> featuresOf(const Cameras& cameras) {
     const auto worst = std::max_element(cameras.begin(), cameras.end(), [](const auto& a, const auto& b) {
         const auto bad = [](const DeviceCheck& check) {
@@ -88,7 +88,7 @@ std::string tableText(const Cameras& cameras, bool colour) {
     return text;
 }
 
-// Lists each finding that cannot work once, with the cameras that have it.
+// Lists each finding that cannot work once, together with its cameras.
 std::string findingsText(const Cameras& cameras, bool colour) {
     using Finding = std::tuple<TagVerdict, std::string, std::string, std::string>;
     std::map<Finding, std::vector<std::string>> findings;

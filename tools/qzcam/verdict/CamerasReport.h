@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// All cameras of a dump held against the library: features down, cameras across.
+// The check of all cameras of a dump: a row for each feature, a column for each camera.
 #pragma once
 
 #include "verdict/Check.h"

@@ -23,7 +23,7 @@ namespace qzcam {
 
 namespace {
 
-// The device's vendor tags by the names under which the library finds them.
+// The device's vendor tags by the full names that the library looks up.
 using DeclaredTags = std::map<std::string, const Tag*>;
 
 DeclaredTags declaredTags(const Device& device) {
@@ -39,8 +39,8 @@ DeclaredTags declaredTags(const Device& device) {
     return tags;
 }
 
-// The first error line of the getter that reads an entry, by the entry's tag. The adapter's own lines are
-// about counts.
+// Returns the first error line of each getter, by the tag of the entry that it reads. Lines of the adapter
+// are left out, because they are only about counts.
 std::map<std::string, std::string> complaints(const Device& device) {
     Trace trace;
     const LogListener listener([&](const LogEvent& line) {
@@ -62,14 +62,15 @@ std::map<std::string, std::string> complaints(const Device& device) {
 
 using VerdictCounts = std::array<size_t, kVerdicts>;
 
-// Features by how many of their tags are as bad as can be, tags by how bad they are.
+// Sorts features by the number of their tags with the worst verdicts, and the tags of a feature by their
+// verdicts.
 void sortWorstFirst(std::vector<TagCheck>& tags) {
     std::array<VerdictCounts, qz::kFeatureCount> counts{};
     const auto countsOf = [&](qz::Feature feature) -> VerdictCounts& {
         return counts[static_cast<size_t>(feature)];
     };
     for (const TagCheck& tag : tags) ++countsOf(tag.feature)[static_cast<size_t>(tag.verdict)];
-    for (VerdictCounts& each : counts) each.back() = 0;  // fine ones make nothing worse
+    for (VerdictCounts& each : counts) each.back() = 0;  // fine tags do not count
     std::stable_sort(tags.begin(), tags.end(), [&](const TagCheck& a, const TagCheck& b) {
         if (countsOf(a.feature) != countsOf(b.feature)) return countsOf(a.feature) > countsOf(b.feature);
         return std::tie(a.feature, a.verdict) < std::tie(b.feature, b.verdict);
@@ -167,8 +168,8 @@ TagCheck DeviceChecker::checkVendorTag(const TagFact& fact) const {
     return check;
 }
 
-// Standard tags are declared everywhere, and most devices have their entries: listed are those that cannot be
-// read.
+// Adds a standard tag only if its entry cannot be read: all devices declare standard tags, and most have
+// their entries.
 void DeviceChecker::addStandardEntry(std::vector<TagCheck>& tags, const TagFact& fact) const {
     const Tag* tag = mNames.find(fact.entry.tag);
     if (tag == nullptr) return;
@@ -198,7 +199,7 @@ EntryFinding DeviceChecker::judged(const TagFact& fact, const StaticEntry& entry
     return {TagVerdict::Malformed, "the library logs an error: " + complaint->second};
 }
 
-// Tags beside the library's own, in the same sections: one of them may be misspelt.
+// Returns the other tags in the sections of the library's tags: one of them may be misspelt.
 std::vector<std::string> DeviceChecker::unused() const {
     std::set<std::string> sections;
     for (const TagFact& fact : tagFacts()) {

@@ -41,8 +41,8 @@ struct TagCheck {
 };
 
 struct DeviceCheck {
-    std::vector<TagCheck> tags;       // by feature, worst first; of one feature too
-    std::vector<std::string> unused;  // declared in the library's sections, and never looked up
+    std::vector<TagCheck> tags;       // by feature, worst first, and worst first within a feature
+    std::vector<std::string> unused;  // declared in the library's sections, but never looked up
 
     size_t count(TagVerdict verdict) const;
     bool failed() const;

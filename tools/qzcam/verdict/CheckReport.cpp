@@ -69,7 +69,7 @@ void CheckText::addSummary() {
     }
 }
 
-// Lists the wrong tags. A feature without any of its tags needs no list.
+// Lists the wrong tags. If a feature has none of its tags, one line replaces the list.
 void CheckText::addFeature(const FeatureCheck& feature) {
     if (feature.count(TagVerdict::Fine) == feature.size()) return;
     mText += "\n" + styled("1", feature.name()) + "\n";
@@ -120,7 +120,8 @@ void CheckText::addVerdict(const Device& device) {
     }
 }
 
-// One number, or which ones in words.
+// Returns one count, or a description of the valid counts in words.
+
 nlohmann::ordered_json countsJson(const qz::EntryRow& entry) {
     if (entry.least == entry.most) return entry.least;
     return countText(entry);

@@ -10,19 +10,19 @@
 
 namespace qzcam {
 
-// Goes behind Printer::device().
+// Printed after Printer::device().
 std::string checkText(const Device& device, const DeviceCheck& check, bool colour);
 std::string checkJson(const Device& device, const DeviceCheck& check);
 
 // "noEntry"
 const char* jsonWord(TagVerdict verdict);
-// The members of checkJson() that are about one camera.
+// Returns the members of checkJson() that describe one camera.
 nlohmann::ordered_json checkMembers(const Device& device, const DeviceCheck& check);
 
-// The words of a finding without its tag: "declared int32, expected byte: the update fails".
+// Returns the words of a finding without its tag: "declared int32, expected byte: the update fails".
 std::string wordsOf(const TagCheck& row);
 
-// The terminal's style of a verdict.
+// Returns the terminal style of a verdict.
 const char* styleOf(TagVerdict verdict);
 
 }  // namespace qzcam

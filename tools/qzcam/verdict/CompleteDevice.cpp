@@ -21,7 +21,7 @@ void replaceAll(android::CameraParameters2& parameters, const Texts& texts) {
     for (const auto& [key, value] : texts) parameters.set(key.c_str(), value.c_str());
 }
 
-// A name without a section is one that no device can declare.
+// A name without a section is a name that no device can declare.
 Device completed(const Device& device) {
     Device complete;
     complete.hasVendorTags = true;

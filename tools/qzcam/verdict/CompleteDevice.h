@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 // A device for comparison: the real device, with all missing tags of the rows added, which accepts every
-// update. If the library takes a step there and not on the real device, the reason is the device. If it does
-// not take the step even there, the reason is the library.
+// update. If the library takes a step only on the complete device, the real device is the reason. If it takes
+// the step on neither, the library is the reason.
 #pragma once
 
 #include "device/Device.h"
@@ -16,17 +16,17 @@
 
 namespace qzcam {
 
-// State that influences a request beside its parameters.
+// State that influences a request in addition to its parameters.
 struct Circumstances {
     int32_t camera = 0;
     uint32_t callbackFlag = 0;
     std::string client;
-    Texts before = {};  // parameters of the request before
+    Texts before = {};  // parameters of the previous request
 };
 
 class CompleteDevice {
   public:
-    // Both must outlive it.
+    // The arguments must outlive the object.
     CompleteDevice(const Device& device, const android::CameraMetadata& characteristics);
 
     // Returns the steps of one request on a separate camera. During the call the process has other vendor
@@ -36,7 +36,7 @@ class CompleteDevice {
   private:
     const Device& mDevice;
     const android::CameraMetadata& mCharacteristics;
-    mutable android::sp<android::VendorTagDescriptor> mDescriptor;  // made when it is wanted first
+    mutable android::sp<android::VendorTagDescriptor> mDescriptor;  // created when it is first needed
 };
 
 }  // namespace qzcam

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// A section of the reference about one device: what it offers for each parameter, and which of the
-// parameter's entries it declares.
+// A section of the reference about one device: the values that it offers for each parameter, and the entries
+// of the parameter that it declares.
 #pragma once
 
 #include "device/Device.h"
@@ -8,7 +8,7 @@
 
 namespace qzcam {
 
-// About the parameters that the reference shows.
+// Returns the section for the parameters that the reference shows.
 Section deviceSection(const Device& device, const Reference& shown);
 
 }  // namespace qzcam

@@ -19,7 +19,7 @@ namespace {
 using Form = qz::Publication::Form;
 using Finding = std::optional<EntryFinding>;
 
-constexpr size_t kMostUnknown = 8;  // numbers named
+constexpr size_t kMostUnknown = 8;  // largest number of unknown values in a message
 
 std::string values(size_t count) { return counted(count, "value"); }
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// A static entry compared with the row of the getter that reads it.
+// Checks a static entry against the row of the getter that reads it.
 #pragma once
 
 #include "facts/Tags.h"
@@ -12,7 +12,7 @@ struct EntryFinding {
     std::string problem;
 };
 
-// Says that the keys of an entry which the library ignores are not published: ": KEY is not published".
+// Returns ": KEY is not published" for the keys of an entry that the library ignores.
 std::string unpublished(const TagFact& fact);
 
 EntryFinding checkEntry(const TagFact& fact, const StaticEntry& entry);

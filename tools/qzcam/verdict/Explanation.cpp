@@ -24,7 +24,7 @@ constexpr char kMeaningless[] = "no such word";
 std::string writtenText(const std::vector<VerdictEntry>& rows) {
     std::string text;
     for (const VerdictEntry& row : rows) {
-        // No tag: numbers of vendor entries have no names.
+        // Not a tag: the numbers in vendor entries have no names.
         if (row.values.count > 0)
             text += (text.empty() ? "" : "; ") + toText(row.values, CAMERA_METADATA_VENDOR_TAG_BOUNDARY);
     }
@@ -38,8 +38,8 @@ bool readsAs(const std::vector<const Row*>& rows, const std::string& key, qz::Ke
     });
 }
 
-// Values with which the row writes something on a complete device: they open its gates, and set its other
-// keys.
+// Returns further parameters with which the row writes an entry on a complete device. They open its gates and
+// set its other keys.
 Texts companyOf(const Row& row, const std::string& key) {
     Texts texts;
     if (row.gated(qz::Gate::lightPainting)) texts["qz-exposure-mode"] = "super-night";
@@ -149,7 +149,7 @@ VerdictRow Explainer::verdictOn(const Explanation& found, const std::string& val
     return mVerdicts.find(trace, {found.key}, texts, {}).front();
 }
 
-// The published keys that the rows state, as far as this device publishes them.
+// Returns the keys of the row's offers that this device publishes.
 void Explainer::addChoices(Explanation& found, const std::vector<const Row*>& rows) const {
     const LogListener silence([](const LogEvent&) {});
     Camera camera(0, mCharacteristics, [](Message&&) {});

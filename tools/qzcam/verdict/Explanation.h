@@ -18,13 +18,13 @@ namespace qzcam {
 struct Explanation {
     struct Target {
         std::string tag;
-        std::string written;   // type and count, as the library writes it; empty when that never happens
-        std::string declared;  // type, as the device has it; empty: undeclared
+        std::string written;   // type and count that the library writes; empty if it never writes the tag
+        std::string declared;  // type that the device declares; empty: undeclared
         uint32_t id;
     };
     struct Value {
         std::string value;
-        std::string becomes;  // if this device takes it
+        std::string becomes;  // the written number, if this device accepts it
         VerdictRow verdict;
     };
 
@@ -34,27 +34,27 @@ struct Explanation {
     std::vector<std::string> setters;
     std::vector<std::string> conditions;
     std::vector<Target> targets;
-    std::vector<Value> values;        // accepted ones, or examples where there is no list of them
-    bool hasVocabulary = false;       // the values are all words there are
+    std::vector<Value> values;        // accepted values, or examples if there is no list of them
+    bool hasVocabulary = false;       // the values are all words of the vocabulary
     std::optional<Value> otherwise;   // any other text
-    Texts company;                    // other parameters that it was tried with
-    std::vector<ParamRow> choices;    // published parameters that are called like it
+    Texts company;                    // other parameters that are set for the explanation
+    std::vector<ParamRow> choices;    // published parameters with a similar name
     std::vector<Offer> limits;        // limits of its row
     std::optional<VerdictRow> given;  // verdict about the given value
 };
 
-// The end of a message on a key that no setter reads: who has it, or which keys may be meant.
+// Returns the end of a message about a key that no setter reads: its owner, or similar keys.
 std::string whyUnread(const std::string& key);
 
 class Explainer {
   public:
-    // Puts the device's vendor tags in place of the process's. `device` must outlive it.
+    // Replaces the vendor tags of the process by the device's. `device` must outlive the object.
     explicit Explainer(const Device& device);
     ~Explainer();
     Explainer(const Explainer&) = delete;
     Explainer& operator=(const Explainer&) = delete;
 
-    // `given`: parameters that the application has set. Nothing when no setter reads the key.
+    // `given`: parameters that the application has set. Returns nothing if no setter reads the key.
     std::optional<Explanation> explain(const std::string& key, const Texts& given);
 
   private:

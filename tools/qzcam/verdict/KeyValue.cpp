@@ -16,7 +16,7 @@ namespace {
 
 using Form = qz::KeyRow::Form;
 
-// Steps over one number, and over one character. False where there is none.
+// Skip one number, and one character. Return false if there is none.
 bool skipNumber(const char*& at, int base = 10) {
     char* end = nullptr;
     (void)std::strtol(at, &end, base);

@@ -13,13 +13,13 @@ namespace qzcam {
 // text may still be written, as the number for unknown texts.
 std::string misunderstanding(const qz::Parameter& row, const qz::KeyRow& key, const std::string& value);
 
-// The words of the key's vocabulary; empty for a key of another form.
+// Returns the words of the key's vocabulary; none for a key of another form.
 std::vector<std::string> wordsOf(const qz::Parameter& row, const qz::KeyRow& key);
 
 // Returns sample values for a key of any form.
 std::vector<std::string> examplesOf(const qz::Parameter& row, const qz::KeyRow& key);
 
-// Returns the number of a word as the library finds it.
+// Returns the number that the library has for a word.
 int numberOf(const qz::Vocabulary& vocabulary, const std::string& word);
 
 // Returns the condition of a gate in words.

@@ -20,7 +20,7 @@ using Form = qz::KeyRow::Form;
 
 constexpr double kMicroseconds = 1000000;
 
-// A whole number of any size; of more than 64 bits about.
+// Reads a whole number of any size. A number of more than 64 bits is approximate.
 std::optional<double> wholeAt(const char*& at, int base) {
     char* end = nullptr;
     errno = 0;
@@ -58,7 +58,7 @@ std::optional<double> whole(const std::string& value, int base) {
     return *at == '\0' ? number : std::nullopt;
 }
 
-// Elements of byte and int32 entries, one after the other.
+// One element of a byte or int32 entry.
 struct Element {
     double value;
     uint8_t type;
@@ -74,7 +74,7 @@ void addElements(std::vector<Element>& elements, const Values& values) {
     }
 }
 
-// Those of the key: keys that share an entry have one element each.
+// Returns the elements of the key: keys that share an entry have one element each.
 std::vector<Element> elementsOf(const qz::Parameter& row, const qz::KeyRow& key,
                                 const std::vector<VerdictEntry>& entries) {
     std::vector<Element> all;
@@ -88,21 +88,21 @@ bool fitsInt32(double number) { return number >= INT32_MIN && number <= INT32_MA
 
 std::string shown(double number) { return fmt::format("{:.0f}", number); }
 
-// A number that is the whole text, and is not multiplied, is shown as it was written.
+// A number that is the whole text and is not multiplied is shown as the application wrote it.
 Overflow overflow(const qz::KeyRow& key, const std::string& value, double number, const Element& element) {
     const bool asWritten = key.form == Form::number && key.times == 1;
     return {asWritten ? value : shown(number), shown(element.value),
             camera_metadata_type_names[element.type]};
 }
 
-// An integer is read as an int32 before anything else happens to it.
+// Checks the conversion to int32, which comes first for an integer key.
 std::optional<Overflow> whenRead(const qz::KeyRow& key, const std::vector<double>& numbers,
                                  const std::string& value) {
     if (key.as == qz::KeyRow::As::text || numbers.empty() || fitsInt32(numbers[0])) return std::nullopt;
     return overflow(key, value, numbers[0], {double(asInteger(value)), TYPE_INT32});
 }
 
-// A float that is too large becomes infinite.
+// Checks a float entry: a number that is too large becomes infinite.
 std::optional<Overflow> asFloat(const std::vector<double>& numbers,
                                 const std::vector<VerdictEntry>& entries) {
     if (numbers.size() != 1 || entries.size() != 1 || entries[0].values.type != TYPE_FLOAT)

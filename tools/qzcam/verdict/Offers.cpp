@@ -75,7 +75,7 @@ std::vector<int32_t> int32sOf(const StaticEntry& entry) {
 
 std::string sizeText(double width, double height) { return fmt::format("{:.0f}x{:.0f}", width, height); }
 
-// A value that switches its feature off is taken by every device.
+// Every device accepts a value that switches its feature off.
 bool switchesOff(const qz::Parameter& row, const qz::KeyRow& key, const std::string& value) {
     if (key.form != qz::KeyRow::Form::word) return value == "0" || value == "auto";
     const qz::Vocabulary* words = row.conversion.vocabulary;
@@ -89,7 +89,7 @@ bool isListed(const Offer& offer, const std::string& value) {
     });
 }
 
-// The width and height of one setter's two keys; empty while one of them is not set.
+// Returns the width and height of a setter with two keys, or an empty text while one of them is not set.
 std::string sizeOfKeys(const qz::Parameter& row, const Texts& parameters) {
     const auto width = parameters.find(row.keys[0].name);
     const auto height = parameters.find(row.keys[1].name);
@@ -97,7 +97,7 @@ std::string sizeOfKeys(const qz::Parameter& row, const Texts& parameters) {
     return sizeText(asInteger(width->second), asInteger(height->second));
 }
 
-// The value as a list would have it; empty for none.
+// Returns the value in the form of a published list, or an empty text if there is none.
 std::string listText(const qz::Parameter& row, const qz::KeyRow& key, const Texts& parameters) {
     if (key.limit == Limit::thumbnailSizes) return sizeOfKeys(row, parameters);
     const std::string& value = parameters.at(key.name);
@@ -118,7 +118,7 @@ bool isWithin(const Offer& offer, const std::vector<double>& numbers) {
     return true;
 }
 
-// Where "auto" is written as 0, so is 0.
+// Where "auto" is written as 0, the value 0 has the same meaning.
 bool isAuto(const qz::KeyRow& key, const std::string& value) {
     const bool hasAuto = key.form == qz::KeyRow::Form::seconds ||
                          (key.form == qz::KeyRow::Form::number && key.as == qz::KeyRow::As::text);
@@ -163,7 +163,7 @@ std::vector<Offer> Offers::of(const qz::Parameter& row, const qz::KeyRow& key,
     return offers;
 }
 
-// Two keys with a number each are the two ends of a range.
+// Two keys with a number each are the lower and upper limit of a range.
 void Offers::addPublished(Sources& offers, const qz::Parameter& row) const {
     if (row.offers.count == 2) {
         const auto low = mPublished.find(row.offers[0]);
@@ -221,7 +221,7 @@ void Offers::addLimit(Sources& offers, const qz::KeyRow& key, const Texts& param
     }
 }
 
-// Left, top, width and height, or width and height alone. Coordinates count from its corner.
+// The entry has left, top, width and height, or only width and height. Coordinates begin at its corner.
 std::optional<Offer> Offers::array(const char* source) const {
     const Tag* tag = mNames.find(source);
     const StaticEntry* found = tag == nullptr ? nullptr : entry(tag->id);
@@ -238,7 +238,7 @@ std::optional<Offer> Offers::array(const char* source) const {
                  true};
 }
 
-// The host's own list where it has set one; otherwise what the device can make.
+// Uses the host's own list if the host has set one; otherwise the sizes of the device.
 std::optional<Offer> Offers::pictureSizes(const Texts& parameters) const {
     Offer offer{Offer::Kind::List, kPictureSizes, {}, {}, {}, true};
     if (const auto set = parameters.find(kPictureSizes); set != parameters.end()) {

@@ -18,7 +18,8 @@ namespace qzcam {
 
 class Offers {
   public:
-    // The device's vendor tags must be those of the process. Publishes once on a camera of its own.
+    // The device's vendor tags must be those of the process. The constructor publishes once on a separate
+    // camera.
     Offers(const Device& device, const android::CameraMetadata& characteristics);
 
     // Returns everything that the device offers for the key. `parameters`: those that are set; one of them
@@ -52,7 +53,7 @@ class Offers {
 // "iso-mode-values: auto,100,200", "qz-sensor-iso-range: 50 to 3200", "qz-scope-supported: false"
 std::string toText(const Offer& offer);
 
-// The values that lists offer for the key, in their order; nothing if no list does.
+// Returns the values that lists offer for the key, in their order; nothing if there is no list.
 std::vector<std::string> listedValues(const Offers& offers, const std::string& key);
 
 }  // namespace qzcam

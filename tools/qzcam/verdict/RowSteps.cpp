@@ -22,7 +22,7 @@ bool canTake(const qz::Parameter& row, const TraceStep& step) {
     return step.kind != Kind::Missing || looksUp(row, step.name);
 }
 
-// True if the row has read the key before, which it does not do twice.
+// Returns true if the row has already read the key: a row reads a key only once.
 bool hasRead(const Trace& steps, const TraceStep& read) {
     return std::find(steps.begin(), steps.end(), read) != steps.end();
 }

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// The steps of a request pass, sorted by the rows that took them. The pass walks the rows in their order, and
-// each row states the keys it reads and the tags it looks up, so that every step belongs to one row.
+// The steps of a request pass, sorted by the rows that took them. The pass runs the rows in their order, and
+// each row states the keys that it reads and the tags that it looks up. So every step belongs to one row.
 #pragma once
 
 #include "facts/Lookup.h"

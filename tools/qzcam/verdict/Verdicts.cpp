@@ -42,7 +42,8 @@ const TraceStep* firstOf(const Trace& steps, Kind kind) {
     return found == steps.end() ? nullptr : &*found;
 }
 
-// True for one element that is the number, of which a byte holds the low eight bits.
+// Returns true if the values are one element equal to the number. A byte has the low eight bits of the
+// number.
 bool holdsNumber(const Values& values, int32_t number) {
     if (values.count != 1) return false;
     if (values.type == TYPE_BYTE) return values.bytes[0] == static_cast<uint8_t>(number);
@@ -116,7 +117,7 @@ VerdictRow Request::verdictOn(const std::string& key) const {
         return verdict;
     }
     for (const Row* row : rows) addEntries(verdict, *row);
-    // The row that has the key for its own explains it.
+    // The row for which the key is not only a condition explains it.
     const auto own =
         std::find_if(rows.begin(), rows.end(), [&](const Row* row) { return !keyIn(*row, key)->condition; });
     const Row& row = own == rows.end() ? *rows.front() : **own;
@@ -139,7 +140,7 @@ void Request::addEntries(VerdictRow& verdict, const Row& row) const {
     }
 }
 
-// Nothing for an entry that the library would not write on a complete device either.
+// Returns nothing for an entry that the library does not write on a complete device either.
 std::optional<VerdictEntry> Request::entryOf(const Row& row, size_t index) const {
     const std::string name = row.entries[index].tag;
     const TraceStep* wanted = findStep(complete(row), Kind::Update, name);
@@ -174,7 +175,7 @@ std::string Request::overriddenBy(const Row& row, const std::string& tag) const 
     return {};
 }
 
-// The reason why the device did not get as far as an entry that a complete device would have.
+// Returns the reason why the device did not reach an entry that the complete device writes.
 std::string Request::whyNotReached(const Row& row, size_t index) const {
     if (firstOf(actual(row), Kind::Read) == nullptr && row.gated(qz::Gate::lightPainting)) {
         return "used only when qz-exposure-mode has taken effect";
@@ -198,7 +199,7 @@ void Request::sumUp(VerdictRow& verdict) const {
     }
 }
 
-// False if each entry has been written for this parameter.
+// Returns false if each entry has been written for this parameter.
 bool Request::sumUpEntries(VerdictRow& verdict) const {
     for (const Verdict worst : kWorstFirst) {
         const auto found = std::find_if(verdict.entries.begin(), verdict.entries.end(),
@@ -235,10 +236,10 @@ void Request::holdAgainstDevice(VerdictRow& verdict, const Row& row, const qz::K
     }
 }
 
-// Explains a word that has another number than its own: a condition of the row has decided.
+// Explains a word whose own number is not the one that is written: a condition of the row has decided.
 std::string Request::decidedBy(const Row& row, const std::string& value) const {
     if (row.plain || row.conversion.vocabulary == nullptr || row.entries.count != 1) return {};
-    if (startsWith(row.entries[0].tag, "android.")) return {};  // a word that switches something else
+    if (startsWith(row.entries[0].tag, "android.")) return {};  // a word that switches another feature
     const TraceStep* update = findStep(complete(row), Kind::Update, row.entries[0].tag);
     const int number = numberOf(*row.conversion.vocabulary, value);
     if (update == nullptr || holdsNumber(update->values, number)) return {};
@@ -284,7 +285,7 @@ void Request::explainNoEntry(VerdictRow& verdict, const Row& row, const qz::KeyR
     }
 }
 
-// Another key of the row, or a static entry, that is not there.
+// Returns another key of the row, or a static entry, that is missing.
 bool Request::lacksSomething(VerdictRow& verdict, const Row& row) const {
     if (row.gated(qz::Gate::allKeys)) {
         for (const qz::KeyRow& key : row.keys) {

@@ -2,8 +2,8 @@
 // Verdicts about all parameters that the application set, after every request.
 //
 // The rows state the setter that reads a parameter and the entries that it writes. The steps of the request
-// show which of them happened. If the device lacks a tag, the same request on a complete device shows the
-// entries that it would write.
+// show which of these actions happened. If the device lacks a tag, the same request on a complete device
+// shows the entries that it would write.
 #pragma once
 
 #include "host/Events.h"
@@ -21,7 +21,7 @@ KeyOwner ownerOf(const std::string& key);
 
 class VerdictFinder {
   public:
-    // All must outlive it.
+    // The arguments must outlive the object.
     VerdictFinder(const Device& device, const TagNames& names, const android::CameraMetadata& characteristics)
         : mDevice(device),
           mNames(names),
@@ -39,7 +39,7 @@ class VerdictFinder {
     const Device& mDevice;
     const TagNames& mNames;
     const android::CameraMetadata& mCharacteristics;
-    mutable std::optional<Offers> mOffers;  // made when it is wanted first
+    mutable std::optional<Offers> mOffers;  // created when it is first needed
     CompleteDevice mComplete;
 };
 

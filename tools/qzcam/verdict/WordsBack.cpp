@@ -23,7 +23,7 @@ T elementAt(const Values& values, size_t index) {
     return element;
 }
 
-// Elements of whichever type, as texts of numbers; rationals as "n/d".
+// Returns the elements of an entry of any type as texts of numbers; rationals as "n/d".
 void addElements(std::vector<std::string>& texts, const Values& values) {
     for (size_t i = 0; i < values.count; ++i) {
         if (values.type == TYPE_BYTE) texts.push_back(fmt::to_string(values.bytes[i]));
@@ -35,7 +35,7 @@ void addElements(std::vector<std::string>& texts, const Values& values) {
     }
 }
 
-// One key of a row, and what its entries hold.
+// One key of a row, and the values of its entries.
 class KeyBack {
   public:
     KeyBack(const qz::Parameter& row, const qz::KeyRow& key, const EntryTexts& entries);
@@ -111,7 +111,8 @@ std::vector<Candidate> KeyBack::words() const {
     return found;
 }
 
-// -1 cannot be set where a key is read as an integer. A ratio of zoom steps comes from many pairs of numbers.
+// A key that is read as an integer cannot be set to -1. Many pairs of numbers give the same ratio of zoom
+// steps.
 std::vector<Candidate> KeyBack::number() const {
     if (mElements.size() != 1 || mFirst->type == TYPE_FLOAT) return {};
     std::string text = mElements[0];
@@ -129,7 +130,7 @@ std::vector<Candidate> KeyBack::number() const {
     return one(text);
 }
 
-// The fraction tells the text: n/10 and n/100 come from decimals.
+// The fraction shows the original text: n/10 and n/100 come from decimals.
 std::vector<Candidate> KeyBack::seconds() const {
     const auto fraction = std::find_if(mElements.begin(), mElements.end(), [](const std::string& element) {
         return element.find('/') != std::string::npos;
@@ -157,7 +158,7 @@ std::vector<Candidate> KeyBack::name() const {
     return text.empty() ? std::vector<Candidate>() : one(text);
 }
 
-// Rows that write their entry for other reasons than the value of their key.
+// Returns false for a row that writes its entry for a reason other than the value of its key.
 bool isWrittenBack(const qz::Parameter& row) {
     return !row.gated(qz::Gate::chatClient) && !row.gated(qz::Gate::otherClient) &&
            !row.gated(qz::Gate::secondary);

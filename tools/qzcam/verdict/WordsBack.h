@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// From entries of a request back to parameters: what an application may have set, by the words and forms of
-// the rows.
+// Finds the parameters that an application may have set from the entries of a request, by the words and forms
+// of the rows.
 #pragma once
 
 #include "base/Values.h"
@@ -22,11 +22,11 @@ struct Candidate {
     bool operator==(const Candidate& other) const { return key == other.key && value == other.value; }
 };
 
-// The parameters with which the row writes what it has among the entries. Several for one key: each of them
-// does. Nothing for values that no text gives.
+// Returns the parameters for which the row writes the given entries. If there are several for one key, each
+// of them gives these entries. Returns nothing for values that no text gives.
 std::vector<Candidate> wordsBack(const qz::Parameter& row, const EntryTexts& entries);
 
-// The same for one entry, from all rows that write it.
+// Does the same for one entry, over all rows that write it.
 std::vector<Candidate> wordsBackFor(const std::string& tag, const EntryTexts& entries);
 
 // "iso=1600", "qz-dual-primary-mode=primary or qz-dual-primary-mode=default"
