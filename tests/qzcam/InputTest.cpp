@@ -240,6 +240,8 @@ TEST(Parts, FollowTheFramesOfAReport) {
                       "DUMP OF SERVICE audio:\nx\n"),
               "O1 D3! O6 ");
     EXPECT_EQ(kindsOf(kSeparator + "DUMP OF SERVICE media.camera:\n" + dump), "O1 D3! ");
+    EXPECT_EQ(kindsOf(kSeparator + "\nDUMP OF SERVICE media.camera:\n\n" + dump), "O1 D4! ")
+        << "pasted with an empty line between all lines";
     EXPECT_EQ(kindsOf(""), "");
 }
 

@@ -2,6 +2,7 @@
 #include "show/Contents.h"
 
 #include "Tool.h"
+#include "base/Text.h"
 #include "support/DumpComposer.h"
 
 #include <fmt/format.h>
@@ -202,6 +203,19 @@ TEST_F(RunTool, ShowCountsDumpsOfEveryVersion) {
         EXPECT_EQ(json["differences"], nlohmann::json::array());
         EXPECT_EQ(json["faults"], nlohmann::json::array());
     }
+}
+
+TEST_F(RunTool, ShowReadsADumpThatWasLogged) {
+    std::string log;
+    Lines lines(kDump);
+    for (std::string_view line; lines.next(line);) log += fmt::format("I/Dump    (  812): {}\n", line);
+    const auto arraysOf = [&](const std::string& text) {
+        EXPECT_EQ(tool({"show", file("text.txt", text), "--json"}), kFine) << mErr;
+        return nlohmann::json::parse(mOut)["arrays"];
+    };
+    const auto plain = arraysOf(kDump);
+    EXPECT_EQ(plain.size(), countOf(kDump, "Dumping camera metadata array"));
+    EXPECT_EQ(arraysOf(log), plain);
 }
 
 TEST_F(RunTool, ShowPrintsTheContents) {

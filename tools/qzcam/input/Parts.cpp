@@ -29,8 +29,10 @@ class LineWalk {
         mEnd = std::min(end + 1, mText.size());
         return true;
     }
+    // The next line that is not empty: a text that was pasted may have one between all others.
     std::string_view following() const {
-        return mText.substr(mEnd, std::min(mText.find('\n', mEnd), mText.size()) - mEnd);
+        const size_t start = std::min(mText.find_first_not_of('\n', mEnd), mText.size());
+        return mText.substr(start, std::min(mText.find('\n', start), mText.size()) - start);
     }
     size_t start() const { return mStart; }
     size_t end() const { return mEnd; }
@@ -156,7 +158,8 @@ class FrameCutter {
 
 std::vector<Part> FrameCutter::cut() {
     for (std::string_view text; mWalk.next(text);) {
-        const char first = text.empty() ? '\0' : text.front();
+        if (text.empty()) continue;
+        const char first = text.front();
         if (first == '-') {
             framed(text);
         } else if (first == '*' || first == 'D' || first == 'E') {

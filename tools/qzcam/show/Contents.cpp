@@ -5,6 +5,7 @@
 #include "device/DumpParser.h"
 #include "device/FoundParameters.h"
 #include "device/Properties.h"
+#include "input/LogPrefix.h"
 #include "log/Logcat.h"
 #include "log/TagMonitor.h"
 
@@ -175,6 +176,20 @@ void addFound(Contents& contents, std::vector<FoundParameters> found) {
                      [](const ParameterList& a, const ParameterList& b) { return a.line < b.line; });
 }
 
+// A dump that has gone through a log stands behind the part that has its lines.
+void addLoggedDump(Contents& contents) {
+    auto& parts = contents.parts;
+    const auto isDump = [](const Part& part) { return part.kind == Part::Kind::Dump; };
+    if (std::any_of(parts.begin(), parts.end(), isDump)) return;
+    for (auto part = parts.begin(); part != parts.end(); ++part) {
+        auto dump = part->kind == Part::Kind::Log ? dumpInLog(part->text) : std::nullopt;
+        if (!dump) continue;
+        contents.loggedDump = std::make_shared<const std::string>(std::move(*dump));
+        parts.insert(std::next(part), {Part::Kind::Dump, {}, part->firstLine, *contents.loggedDump, {}, 0});
+        return;
+    }
+}
+
 size_t countLines(std::string_view text) {
     const auto ends = static_cast<size_t>(std::count(text.begin(), text.end(), '\n'));
     return ends + (text.empty() || text.back() == '\n' ? 0 : 1);
@@ -217,6 +232,7 @@ Contents readContents(const InputText& input) {
     contents.input = input;
     contents.lines = countLines(input.text);
     contents.parts = partsOf(input.text);
+    addLoggedDump(contents);
     addCuts(contents);
     std::vector<FoundParameters> found;
     LogCounter log(found);

@@ -8,6 +8,7 @@
 
 #include <cstddef>
 #include <map>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -64,6 +65,7 @@ struct Contents {
     InputText input;
     size_t lines = 0;
     std::vector<Part> parts;
+    std::shared_ptr<const std::string> loggedDump;            // a part of its own, without log prefixes
     std::vector<Report> reports;                              // one for each dump, in their order
     std::vector<std::pair<std::string, std::string>> header;  // lines of a bugreport: "Build", "UP1A..."
     std::vector<ParameterList> parameters;

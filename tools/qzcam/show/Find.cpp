@@ -50,7 +50,8 @@ void addBlock(Places& places, const VendorBlock& block, const std::string& after
 }
 
 void addParameters(Places& places, const ShimParameters& shim, const std::string& after) {
-    places.push_back({shim.line, fmt::format("parameters of camera {}", shim.camera)});
+    places.push_back({shim.line, fmt::format("parameters of camera {}{}", shim.camera,
+                                             shim.previousSession ? ", previous session" : "")});
     places.push_back(
         {shim.parameters.empty() ? shim.line + 1 : shim.parameters.back().line + 1, after, false});
 }
@@ -58,7 +59,8 @@ void addParameters(Places& places, const ShimParameters& shim, const std::string
 void addTexts(Places& places, const std::vector<TextBlock>& blocks, const char* what,
               const std::string& after) {
     for (const TextBlock& block : blocks) {
-        places.push_back({block.line, fmt::format("{} of camera {}", what, block.camera)});
+        places.push_back({block.line, fmt::format("{} of camera {}{}", what, block.camera,
+                                                  block.previousSession ? ", previous session" : "")});
         places.push_back({block.line + linesOf(trimmed(block.text)), after, false});
     }
 }
