@@ -92,6 +92,9 @@ void addTrace(CLI::App& app, Action& action) {
         ->type_name("TAG");
     app.add_option("--key", options->filter.key, "Only this parameter")->type_name("KEY");
     app.add_option("--pid", options->filter.pid, "Only lines of this process")->type_name("PID");
+    app.add_option("--device", options->device,
+                   "Hold values against the device of this dump; default: that of a dump among the inputs")
+        ->type_name("FILE");
     app.add_flag("--json", options->json, "Print JSON, an event a line, for programs");
     addHtml(app, options->html);
     app.add_option("--perfetto", options->perfetto,
@@ -100,10 +103,11 @@ void addTrace(CLI::App& app, Action& action) {
     app.footer(
         "Tells what a phone did, from what it left: the library's own lines in a log (of any layout of logcat,\n"
         "also cut, folded or repeated), the platform's lines about mistyped and missing tags, events of the tag\n"
-        "monitor. A timeline has requests, results, messages to the application and causes in columns; a table\n"
-        "at its end says for each parameter how many lines tell that it was set, written, refused, undeclared or\n"
-        "left out. 'unknown' is what no line tells.\n"
-        "Standard input alone is told line by line as it comes, until its end or Ctrl-C:\n"
+        "monitor, requests and results that a dump shows. A timeline has requests, results, messages to the\n"
+        "application and causes in columns; a table at its end says for each parameter how many lines tell that\n"
+        "it was set, written, refused, undeclared, left out, not offered by the device, or too big a number.\n"
+        "'unknown' is what no line tells.\n"
+        "A log on standard input alone is told line by line as it comes, until its end or Ctrl-C:\n"
         "  adb logcat | qzcam trace -\n"
         "\nExit status: 0 fine, 2 wrong usage, 3 a bad input file, or nothing in it tells of a session.");
 }

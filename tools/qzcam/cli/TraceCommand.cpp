@@ -4,20 +4,18 @@
 #include "base/OutputFile.h"
 #include "base/Text.h"
 #include "base/WriteAll.h"
+#include "cli/DeviceInput.h"
+#include "cli/StreamedInput.h"
 #include "input/Input.h"
 #include "trace/LogItems.h"
 #include "trace/Timeline.h"
 #include "trace/TraceOutput.h"
 #include "trace/TracePerfetto.h"
+#include "trace/ValueCheck.h"
 #include "viewer/Sensors.h"
 
 #include <fmt/format.h>
-#include <poll.h>
-#include <unistd.h>
 
-#include <array>
-#include <cerrno>
-#include <csignal>
 #include <cstdio>
 #include <memory>
 #include <optional>
@@ -30,8 +28,10 @@ namespace {
 // Facts go to the output and into the table, as far as the filter shows them.
 class TraceReport {
   public:
-    explicit TraceReport(const TraceOptions& options)
-        : mOptions(options), mOutput(options.json ? traceJson(writer(mText)) : traceText(writer(mText))) {
+    explicit TraceReport(const TraceOptions& options, bool isLive = false) : mOptions(options) {
+        mOutput = options.json ? traceJson(writer(mText))
+                  : isLive     ? traceLiveText(writer(mText))
+                               : traceText(writer(mText));
         if (!options.html.empty()) mPage = traceJson(writer(mPageText));
         if (!options.perfetto.empty()) mPerfetto = std::make_unique<TracePerfetto>();
     }
@@ -57,14 +57,16 @@ class TraceReport {
         tell([&](TraceOutput& output) { output.note(text); });
     }
 
-    void item(const TraceItem& item) {
+    void item(TraceItem item) {
         ++mItems;
         if (!mOptions.filter.shows(item)) return;
+        mOptions.filter.reduce(item);
         tell([&](TraceOutput& output) { output.item(item); });
         mTable.add(item);
     }
 
     void end() {
+        if (!mOptions.filter.key.empty()) mTable.keepOnly(mOptions.filter.key);
         tell([&](TraceOutput& output) { output.table(mTable, !mOptions.filter.isEmpty()); });
         const bool drawn =
             finishPage(mOptions.html, mTitle, {{"trace", std::move(mPageText)}, mSensors.data()});
@@ -116,18 +118,29 @@ ExitStatus nothingFound(const std::string& name) {
     return kBadInput;
 }
 
-ExitStatus traceWhole(const TraceOptions& options) {
-    Evidence evidence;
-    TraceReport report(options);
-    for (const std::string& path : options.inputs) {
-        const auto input = readFile(path);
-        if (!input) return kBadInput;
-        evidence.read(*input);
-        report.sensorsOf(*input);
+// False when there is a dump to be read, and nothing in it.
+bool addDevice(TraceCameras& cameras, const TraceOptions& options) {
+    if (options.device.empty()) return true;
+    const auto device = readDevice(options.device, "");
+    if (device) cameras.add(TraceCameras::kChosen, *device->report);
+    return device.has_value();
+}
+
+ExitStatus traceWhole(const TraceOptions& options, Evidence evidence, const std::vector<InputText>& inputs) {
+    for (const std::string& text : evidence.taken) complain(text);
+    const auto cameras = evidence.cameras;
+    Timeline timeline = timelineOf(std::move(evidence));
+    ValueCheck check(*cameras, options.filter.camera);
+    for (TraceGroup& group : timeline.groups) {
+        for (const TraceItem& item : group.items) check.learn(item);
     }
-    const Timeline timeline = timelineOf(std::move(evidence));
+    TraceReport report(options);
+    for (const InputText& input : inputs) report.sensorsOf(input);
     report.begin(timeline.inputs);
-    for (const TraceGroup& group : timeline.groups) report.group(group);
+    for (TraceGroup& group : timeline.groups) {
+        check.judge(group);
+        report.group(group);
+    }
     if (report.items() == 0) return nothingFound(options.inputs.front());
     for (const std::string& note : timeline.notes) report.note(note);
     report.end();
@@ -135,72 +148,64 @@ ExitStatus traceWhole(const TraceOptions& options) {
     return report.status();
 }
 
-volatile std::sig_atomic_t sInterrupted = 0;
-
-// Ctrl-C ends the stream, and what it told is summed up.
-class InterruptEnds {
-  public:
-    InterruptEnds() {
-        sInterrupted = 0;
-        struct sigaction action {};
-        action.sa_handler = [](int) { sInterrupted = 1; };
-        sigaction(SIGINT, &action, &mBefore);
+ExitStatus traceFiles(const TraceOptions& options) {
+    Evidence evidence;
+    std::vector<InputText> inputs;
+    if (!addDevice(*evidence.cameras, options)) return kBadInput;
+    for (const std::string& path : options.inputs) {
+        const auto input = readFile(path);
+        if (!input) return kBadInput;
+        evidence.read(*input);
+        inputs.push_back(*input);
     }
-    ~InterruptEnds() { sigaction(SIGINT, &mBefore, nullptr); }
-    InterruptEnds(const InterruptEnds&) = delete;
-    InterruptEnds& operator=(const InterruptEnds&) = delete;
+    return traceWhole(options, std::move(evidence), inputs);
+}
 
-  private:
-    struct sigaction mBefore {};
-};
+ExitStatus traceContent(const TraceOptions& options, StreamedInput& pieces, Evidence evidence) {
+    const size_t most = InputLimits{}.bytes;
+    while (pieces.text().size() <= most && pieces.more() != StreamedInput::Came::End) {
+    }
+    if (pieces.text().size() > most) {
+        complain(fmt::format("{}: it is too long: expected at most {} MiB", inputName("-"), most >> 20U));
+        return kBadInput;
+    }
+    Content content;
+    content.name = inputName("-");
+    content.bytes.append(pieces.text());
+    Problems problems(content.name);
+    const auto input = readContent(std::move(content), problems);
+    report(problems);
+    if (!input) return kBadInput;
+    evidence.read(*input);
+    return traceWhole(options, std::move(evidence), {*input});
+}
 
 // A line is told as soon as it is whole; what waits for further lines, when none come for a while.
 class Stream {
   public:
-    explicit Stream(TraceReport& report)
+    Stream(TraceReport& report, const TraceOptions& options, TraceCameras& cameras)
         : mReport(report),
-          mLog([this](const TraceItem& item) { mReport.item(item); }),
+          mCameras(cameras),
+          mCheck(mCameras, options.filter.camera),
+          mLog([this](TraceItem item) { tell(std::move(item)); }),
           mReader({[this](const LogLine& line) { mLog.feed(line, 0); },
                    [this](const MonitorEvent& event, const MonitorPlace& place) {
-                       if (!mNames) mNames.emplace(mTags);
-                       mReport.item(itemOf(event, place, 0, *mNames));
+                       const std::string& camera = event.camera.empty() ? place.camera : event.camera;
+                       tell(itemOf(event, place, 0, mCameras.namesFor(camera, 0)));
                    },
-                   [this](const Tag& tag) {
-                       mTags.push_back(tag);
-                       mNames.reset();
-                   }}) {}
+                   [this](const Tag& tag) { mCameras.addTag(tag); }}) {}
 
-    // False at the end.
-    bool read() {
-        constexpr int pause = 200;  // milliseconds
-        pollfd ready{STDIN_FILENO, POLLIN, 0};
-        if (poll(&ready, 1, pause) == 0) {
-            endPending();
-            return sInterrupted == 0;
-        }
-        std::array<char, 1U << 16U> chunk{};
-        const ssize_t size = ::read(STDIN_FILENO, chunk.data(), chunk.size());
-        if (size < 0) return errno == EAGAIN || (errno == EINTR && sInterrupted == 0);
-        mText.append(chunk.data(), static_cast<size_t>(size));
-        takeLines();
-        return size > 0 && sInterrupted == 0;
-    }
-
-    void end() {
-        if (!mText.empty()) mReader.feed(mText, ++mLine);
-        endPending();
-    }
-
-  private:
-    void takeLines() {
+    void takeLines(std::string& text) {
         size_t begin = 0;
-        for (size_t end = mText.find('\n'); end != std::string::npos; end = mText.find('\n', begin)) {
-            std::string_view line = std::string_view(mText).substr(begin, end - begin);
+        for (size_t end = text.find('\n'); end != std::string::npos; end = text.find('\n', begin)) {
+            std::string_view line = std::string_view(text).substr(begin, end - begin);
             if (endsWith(line, "\r")) line.remove_suffix(1);
             mReader.feed(line, ++mLine);
             begin = end + 1;
         }
-        mText.erase(0, begin);
+        text.erase(0, begin);
+        constexpr size_t longest = size_t{1} << 20U;  // a line that does not end
+        if (text.size() > longest) mReader.feed(std::exchange(text, {}), ++mLine);
     }
 
     void endPending() {
@@ -208,36 +213,64 @@ class Stream {
         mLog.end();
     }
 
+    void end(const std::string& rest) {
+        if (!rest.empty()) mReader.feed(rest, ++mLine);
+        endPending();
+    }
+
+  private:
+    // An entry stands for itself here: others of its request may not have come yet.
+    void tell(TraceItem item) {
+        mCheck.learn(item);
+        EntryTexts own;
+        if (item.values) own.emplace(item.tag, *item.values);
+        mCheck.judge(item, own);
+        mReport.item(std::move(item));
+    }
+
     TraceReport& mReport;
+    TraceCameras& mCameras;
+    ValueCheck mCheck;
     LogItems mLog;
-    std::vector<Tag> mTags;
-    std::optional<TagNames> mNames;  // by their names
     EvidenceReader mReader;
-    std::string mText;
     size_t mLine = 0;
 };
 
-ExitStatus traceStream(const TraceOptions& options) {
-    const InterruptEnds interrupt;
-    TraceReport report(options);
+ExitStatus tellLines(const TraceOptions& options, StreamedInput& pieces, TraceCameras& cameras) {
+    TraceReport report(options, true);
     report.begin({inputName("-")});
     report.title(inputName("-"));
-    report.flush();
-    Stream stream(report);
-    while (stream.read() && report.flush()) {
+    Stream stream(report, options, cameras);
+    for (bool isOpen = true; isOpen && report.flush();) {
+        stream.takeLines(pieces.text());
+        const auto came = pieces.more();
+        if (came == StreamedInput::Came::Nothing) stream.endPending();
+        isOpen = came != StreamedInput::Came::End;
     }
-    stream.end();
+    stream.takeLines(pieces.text());
+    stream.end(pieces.text());
     if (report.items() == 0) return nothingFound(inputName("-"));
     report.end();
     report.flush();
     return report.status();
 }
 
+ExitStatus traceStream(const TraceOptions& options) {
+    StreamedInput pieces;
+    Evidence evidence;
+    if (!addDevice(*evidence.cameras, options)) return kBadInput;
+    pieces.begin();
+    if (pieces.isOneWhole()) return traceContent(options, pieces, std::move(evidence));
+    return tellLines(options, pieces, *evidence.cameras);
+}
+
 }  // namespace
 
 ExitStatus trace(const TraceOptions& options) {
     if (const auto wrong = beginPage(options.html, options.inputs)) return *wrong;
-    if (!areReadOnce(options.inputs)) return kUsage;
+    std::vector<std::string> all = options.inputs;
+    all.push_back(options.device);
+    if (!areReadOnce(all)) return kUsage;
     if (isOneOf(options.perfetto, options.inputs)) {
         complain(
             fmt::format("qzcam: {} is an input: expected another file for --perfetto", options.perfetto));
@@ -245,7 +278,7 @@ ExitStatus trace(const TraceOptions& options) {
     }
     if (!options.perfetto.empty() && !canWriteFile(options.perfetto)) return kBadInput;
     const bool isStream = options.inputs.size() == 1 && options.inputs.front() == "-";
-    return isStream ? traceStream(options) : traceWhole(options);
+    return isStream ? traceStream(options) : traceFiles(options);
 }
 
 }  // namespace qzcam

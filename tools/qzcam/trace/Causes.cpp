@@ -11,6 +11,7 @@
 #include <tags/TagNames.h>
 
 #include <algorithm>
+#include <cstring>
 #include <set>
 
 namespace qzcam {
@@ -38,9 +39,11 @@ std::vector<Writer> writersOf(const std::string& tag) {
 // The number that the library writes for a word: the low byte of it in a byte entry.
 std::optional<int32_t> onlyNumber(const Values& values) {
     if (values.count != 1) return std::nullopt;
-    const std::string text = toText(values, 0);
-    const auto number = parseInteger(text);
-    return number ? std::optional(static_cast<int32_t>(*number)) : std::nullopt;
+    if (values.type == TYPE_BYTE) return values.bytes[0];
+    int32_t number = 0;
+    if (values.type != TYPE_INT32) return std::nullopt;
+    std::memcpy(&number, values.bytes.data(), sizeof(number));
+    return number;
 }
 
 std::string withWords(const Writer& writer, int32_t number, uint8_t type) {

@@ -60,17 +60,25 @@ bool EvidenceReader::feedHeading(std::string_view text, size_t line) {
         mPlace = {};
         mPlace.isPrevious = isPrevious;
         mPlace.camera = *camera;
+        mPlace.section = line;
+        mSections.push_back(mPlace);
         return true;
     }
     if (startsWith(text, kPreviousBegins) || startsWith(text, kPreviousEnds)) {
         mPlace = {};
         mPlace.isPrevious = startsWith(text, kPreviousBegins);
+        mPlace.section = line;
+        mSections.push_back(mPlace);
         return true;
     }
     constexpr std::string_view client = "Client package: ";
     const std::string_view word = trimmed(text);
-    if (startsWith(word, client)) mPlace.client = word.substr(client.size());
-    return startsWith(word, client) || feedMonitored(text, line);
+    if (startsWith(word, client)) {
+        mPlace.client = word.substr(client.size());
+        if (!mSections.empty()) mSections.back().client = mPlace.client;
+        return true;
+    }
+    return feedMonitored(text, line);
 }
 
 bool EvidenceReader::feedVendorTag(std::string_view text) {
@@ -93,5 +101,13 @@ void EvidenceReader::feed(std::string_view text, size_t line) {
 }
 
 void EvidenceReader::end() { mMonitor.end(); }
+
+MonitorPlace EvidenceReader::placeOf(size_t line) const {
+    MonitorPlace place;
+    for (const MonitorPlace& section : mSections) {
+        if (section.section <= line) place = section;
+    }
+    return place;
+}
 
 }  // namespace qzcam

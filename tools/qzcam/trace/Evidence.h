@@ -19,7 +19,8 @@ namespace qzcam {
 
 // The place in a dump where events of the tag monitor stand.
 struct MonitorPlace {
-    size_t line = 0;  // line of its heading; 0: none
+    size_t line = 0;     // line of its heading; 0: none
+    size_t section = 0;  // line of the heading of the camera's part
     std::string camera;
     std::string client;
     bool isPrevious = false;          // from a session that was closed before the dump
@@ -41,6 +42,9 @@ class EvidenceReader {
     // Gives what waits for further lines.
     void end();
 
+    // The camera's part in which the line stands.
+    MonitorPlace placeOf(size_t line) const;
+
   private:
     bool feedHeading(std::string_view text, size_t line);
     bool feedMonitored(std::string_view text, size_t line);
@@ -48,7 +52,8 @@ class EvidenceReader {
 
     Sink mSink;
     MonitorPlace mPlace;
-    bool mInList = false;  // reading the monitored tags
+    std::vector<MonitorPlace> mSections;  // parts of cameras, in their order
+    bool mInList = false;                 // reading the monitored tags
     MonitorReader mMonitor;
     LogcatReader mLog;
 };

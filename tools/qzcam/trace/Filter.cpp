@@ -41,12 +41,21 @@ bool TraceFilter::isEmpty() const {
 }
 
 bool TraceFilter::shows(const TraceItem& item) const {
+    if (item.isAside && entry.empty() && key.empty()) return false;
     if (!camera.empty() && !item.camera.empty() && item.camera != camera) return false;
     if (pid && item.pid != *pid) return false;
     if (!entry.empty() && !isOfEntry(item, entry)) return false;
     if (!key.empty() && std::find(item.keys.begin(), item.keys.end(), key) == item.keys.end()) return false;
     const auto range = parseFrames(frames);
     return !range || (item.frame && *item.frame >= range->first && *item.frame <= range->second);
+}
+
+void TraceFilter::reduce(TraceItem& item) const {
+    if (key.empty()) return;
+    auto& verdicts = item.verdicts;
+    verdicts.erase(std::remove_if(verdicts.begin(), verdicts.end(),
+                                  [&](const VerdictRow& verdict) { return verdict.key != key; }),
+                   verdicts.end());
 }
 
 }  // namespace qzcam

@@ -26,6 +26,9 @@ struct TraceFilter {
 
     bool isEmpty() const;
     bool shows(const TraceItem& item) const;
+
+    // Drops what the fact says of other parameters' values.
+    void reduce(TraceItem& item) const;
 };
 
 }  // namespace qzcam

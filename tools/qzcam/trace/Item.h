@@ -3,6 +3,7 @@
 #pragma once
 
 #include "base/Values.h"
+#include "host/Events.h"
 #include "host/Messages.h"
 #include "log/Logcat.h"
 
@@ -47,19 +48,23 @@ struct TraceItem {
     std::string value;  // for people; empty: unknown
     std::optional<Values> values;
     bool isRemoved = false;
+    bool isAside = false;           // shown to those who ask for its entry or parameter
     std::vector<std::string> keys;  // parameters that it is about
     std::vector<std::string> tags;  // names in a list
 
-    std::string message;  // its name
-    std::vector<Message::Field> fields;
+    std::string message;                 // its name
+    std::vector<Message::Field> fields;  // fields of the message; parameters with their texts
     bool isDerived = false;  // no line tells it: the library makes it of the results that lines tell
 
     std::string text;  // the event, for a kind that has no columns of its own
     std::string cause;
     std::optional<int64_t> status;
-    std::string declared;  // element type
-    size_t times = 1;      // the log folds equal lines
+    std::string declared;              // element type
+    size_t times = 1;                  // the log folds equal lines
+    std::vector<VerdictRow> verdicts;  // values that the device does not offer, numbers that do not fit
 };
+
+LogTime bootTime(int64_t nanoseconds);  // since the phone was started
 
 const char* nameOf(TraceItem::Kind kind);  // "entry", for programs
 const char* nameOf(TraceItem::Side side);

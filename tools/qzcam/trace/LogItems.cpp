@@ -181,6 +181,9 @@ bool LogItems::feedEntry(const LogLine& log, const LibraryLine& line) {
     item.tag = stated->entry->tag;
     item.keys = keysWriting(item.tag);
     item.value = stated->list;
+    if (!stated->list.empty()) item.values = parseValues(stated->entry->type, 0, stated->list);
+    const bool isOneKey = item.keys.size() == 1 && !stated->text.empty() && !line.cut;
+    if (isOneKey) item.fields.push_back({item.keys.front(), stated->text});
     item.cause = fmt::format("{}", fmt::join(item.keys, " or "));
     if (!stated->text.empty()) item.cause += "=" + stated->text;
     if (item.kind == Kind::Refused) {

@@ -4,6 +4,8 @@
 #include "facts/Lookup.h"
 #include "trace/Causes.h"
 
+#include <iterator>
+
 namespace qzcam {
 
 void ParameterTable::addTo(const TraceItem& item, const std::vector<std::string>& keys, Count Row::*count) {
@@ -11,7 +13,7 @@ void ParameterTable::addTo(const TraceItem& item, const std::vector<std::string>
         Row& row = mRows[key];
         (row.*count).times += item.times;
         (row.*count).lines.push_back(item.line);
-        if (item.kind != TraceItem::Kind::Refused) continue;
+        if (count != &Row::refused) continue;
         if (item.status) row.statuses.insert(*item.status);
         if (!item.declared.empty()) row.declared.insert(item.declared);
     }
@@ -19,6 +21,9 @@ void ParameterTable::addTo(const TraceItem& item, const std::vector<std::string>
 
 void ParameterTable::add(const TraceItem& item) {
     using Kind = TraceItem::Kind;
+    for (const VerdictRow& verdict : item.verdicts)
+        addTo(item, {verdict.key},
+              verdict.verdict == Verdict::Overflows ? &Row::overflows : &Row::notOffered);
     const bool isRequest = item.side == TraceItem::Side::Request;
     switch (item.kind) {
         case Kind::Entry:
@@ -47,6 +52,11 @@ void ParameterTable::add(const TraceItem& item) {
         default:
             break;
     }
+}
+
+void ParameterTable::keepOnly(const std::string& key) {
+    for (auto row = mRows.begin(); row != mRows.end();)
+        row = row->first == key ? std::next(row) : mRows.erase(row);
 }
 
 std::vector<std::string> ParameterTable::neverSeen() const {

@@ -26,11 +26,16 @@ class ParameterTable {
         Count refused;
         Count undeclared;
         Count gated;
+        Count notOffered;                // a value that the device does not offer
+        Count overflows;                 // a number that does not fit
         std::set<int64_t> statuses;      // statuses of refusals
         std::set<std::string> declared;  // element types that the device declares instead
     };
 
     void add(const TraceItem& item);
+
+    // Drops all other parameters: a line may tell of several.
+    void keepOnly(const std::string& key);
 
     const std::map<std::string, Row>& rows() const { return mRows; }
 

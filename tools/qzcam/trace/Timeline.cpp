@@ -40,6 +40,7 @@ void joinStreams(std::vector<MonitorStream>& streams) {
         }
         if (place == joined.size()) joined.push_back({stream.place, stream.input, {}});
         MonitorStream& same = joined[place];
+        same.sections.emplace_back(stream.input, stream.place.section);
         for (MonitorEvent& event : stream.events) {
             if (places.emplace(keyOf(event), place).second) same.events.push_back(std::move(event));
         }
@@ -61,11 +62,10 @@ void sortByFrame(MonitorStream& stream) {
     });
 }
 
-std::string titleOf(const MonitorStream& stream) {
-    std::string title =
-        "camera " + (stream.place.camera.empty() ? std::string("unknown") : stream.place.camera);
-    if (!stream.place.client.empty()) title += ", " + stream.place.client;
-    if (stream.place.isPrevious) title += ", a session that was closed before the dump";
+std::string titleOf(const MonitorPlace& place) {
+    std::string title = "camera " + (place.camera.empty() ? std::string("unknown") : place.camera);
+    if (!place.client.empty()) title += ", " + place.client;
+    if (place.isPrevious) title += ", a session that was closed before the dump";
     return title;
 }
 
@@ -163,7 +163,7 @@ std::vector<TraceItem> mergeByFrame(std::vector<TraceItem> frames, const std::ve
     std::vector<TraceItem> merged;
     auto next = frames.begin();
     for (const TraceItem& item : log) {
-        while (item.frame && next != frames.end() && next->frame <= item.frame)
+        while (item.frame && next != frames.end() && (!next->frame || next->frame <= item.frame))
             merged.push_back(std::move(*next++));
         merged.push_back(item);
     }
@@ -171,32 +171,75 @@ std::vector<TraceItem> mergeByFrame(std::vector<TraceItem> frames, const std::ve
     return merged;
 }
 
+using Section = std::pair<size_t, size_t>;  // input and place
+
+// The last frame that the events of each place tell.
+std::map<Section, int64_t> lastFrames(const std::vector<MonitorStream>& streams) {
+    std::map<Section, int64_t> last;
+    for (const MonitorStream& stream : streams) {
+        int64_t& frame = last[{stream.input, stream.place.section}];
+        for (const MonitorEvent& event : stream.events) frame = std::max(frame, event.frame);
+    }
+    return last;
+}
+
 class Builder {
   public:
-    explicit Builder(Evidence evidence) : mEvidence(std::move(evidence)), mTags(mEvidence.vendorTags) {}
+    explicit Builder(Evidence evidence) : mEvidence(std::move(evidence)) {}
 
     Timeline build() {
+        mLastFrames = lastFrames(mEvidence.streams);
         joinStreams(mEvidence.streams);
         mTimeline.inputs = mEvidence.inputs;
+        mTimeline.notes = std::move(mEvidence.faults);
+        for (std::string& note : mEvidence.cameras->notes()) mTimeline.notes.push_back(std::move(note));
         mLog = logItems(mEvidence.log, mTimeline.notes);
         for (MonitorStream& stream : mEvidence.streams) addStream(stream);
+        for (DumpedArray& array : mEvidence.arrays) addArray(array);
         merge();
+        for (size_t i = 0; i < mTimeline.groups.size(); ++i) {
+            auto& items = mTimeline.groups[i].items;
+            std::move(mLast[i].begin(), mLast[i].end(), std::back_inserter(items));
+        }
         return std::move(mTimeline);
     }
 
   private:
     void addStream(MonitorStream& stream) {
         sortByFrame(stream);
-        TraceGroup group{titleOf(stream), {}};
+        TraceGroup group{titleOf(stream.place), {}};
+        const TagNames& names = mEvidence.cameras->namesFor(stream.place.camera, stream.input);
         for (const MonitorEvent& event : stream.events) {
-            group.items.push_back(itemOf(event, stream.place, stream.input, mTags));
+            group.items.push_back(itemOf(event, stream.place, stream.input, names));
         }
-        Derived derived = messagesOf(group.items, mEvidence.vendorTags, stream.place.monitored,
+        const auto& tags = mEvidence.cameras->tagsFor(stream.place.camera, stream.input);
+        Derived derived = messagesOf(group.items, tags, stream.place.monitored,
                                      stream.events.size() < kRing && !stream.place.monitored.empty());
         if (mEvidence.streams.size() == 1) joinMessages(mLog, derived.messages);
         insertMessages(group.items, derived.messages);
         for (const std::string& note : derived.notes) mTimeline.notes.push_back(group.title + ": " + note);
+        for (const Section& section : stream.sections) mGroups.emplace(section, mTimeline.groups.size());
         mTimeline.groups.push_back(std::move(group));
+    }
+
+    // A result tells its frame. The last request is behind the events of its own dump; where no later dump
+    // tells more of the session, it is the last that is known.
+    void addArray(DumpedArray& array) {
+        const Section section{array.input, array.place.section};
+        const auto [place, isNew] = mGroups.emplace(section, mTimeline.groups.size());
+        if (isNew) mTimeline.groups.push_back({titleOf(array.place), {}});
+        auto& items = mTimeline.groups[place->second].items;
+        std::optional<int64_t> frame = array.items.front().frame;
+        const auto last = mLastFrames.find(section);
+        if (!frame && last != mLastFrames.end()) frame = last->second;
+        const auto isLater = [&](const TraceItem& item) {
+            return item.frame && frame && *item.frame > *frame;
+        };
+        const auto later = std::find_if(items.begin(), items.end(), isLater);
+        auto& target = later == items.end() && !array.items.front().frame ? mLast[place->second] : items;
+        const auto at = &target == &items ? later : target.end();
+        target.insert(at, std::make_move_iterator(array.items.begin()),
+                      std::make_move_iterator(array.items.end()));
     }
 
     void merge() {
@@ -222,7 +265,9 @@ class Builder {
     }
 
     Evidence mEvidence;
-    TagNames mTags;
+    std::map<Section, int64_t> mLastFrames;
+    std::map<Section, size_t> mGroups;               // by place
+    std::map<size_t, std::vector<TraceItem>> mLast;  // behind everything else of a group
     std::vector<TraceItem> mLog;
     Timeline mTimeline;
 };
@@ -231,15 +276,18 @@ class Builder {
 
 Timeline timelineOf(Evidence evidence) { return Builder(std::move(evidence)).build(); }
 
+LogTime bootTime(int64_t nanoseconds) {
+    return {LogTime::Kind::Monotonic, nanoseconds,
+            fmt::format("{}.{:06}", nanoseconds / 1'000'000'000, nanoseconds / 1000 % 1'000'000)};
+}
+
 TraceItem itemOf(const MonitorEvent& event, const MonitorPlace& place, size_t input, const TagNames& tags) {
     TraceItem item;
     item.kind = event.tag.empty() ? Kind::Line : Kind::Entry;
     item.side = event.isRequest ? Side::Request : Side::Result;
     item.input = input;
     item.line = event.line;
-    item.time = {
-        LogTime::Kind::Monotonic, event.nanoseconds,
-        fmt::format("{}.{:06}", event.nanoseconds / 1'000'000'000, event.nanoseconds / 1000 % 1'000'000)};
+    item.time = bootTime(event.nanoseconds);
     item.frame = event.frame;
     item.camera = event.camera.empty() ? place.camera : event.camera;
     item.client = event.client.empty() ? place.client : event.client;
@@ -255,36 +303,6 @@ TraceItem itemOf(const MonitorEvent& event, const MonitorPlace& place, size_t in
         item.cause = event.isRemoved ? "" : causeOf(event.tag, item.values);
     }
     return item;
-}
-
-MonitorStream& Evidence::streamOf(const MonitorEvent& event, const MonitorPlace& place, size_t input) {
-    const auto isSamePlace = [&](const MonitorStream& stream) {
-        return stream.input == input && stream.place.line == place.line &&
-               (event.camera.empty() ||
-                (stream.place.camera == event.camera && stream.place.client == event.client));
-    };
-    const auto found = std::find_if(streams.begin(), streams.end(), isSamePlace);
-    if (found != streams.end()) return *found;
-    streams.push_back({place, input, {}});
-    if (!event.camera.empty()) streams.back().place.camera = event.camera;
-    if (!event.camera.empty()) streams.back().place.client = event.client;
-    return streams.back();
-}
-
-void Evidence::read(const InputText& input) {
-    const size_t number = inputs.size();
-    inputs.push_back(input.name);
-    EvidenceReader reader({[&](const LogLine& line) {
-                               if (isEvidence(line)) log.push_back({number, line});
-                           },
-                           [&](const MonitorEvent& event, const MonitorPlace& place) {
-                               streamOf(event, place, number).events.push_back(event);
-                           },
-                           [&](const Tag& tag) { vendorTags.push_back(tag); }});
-    Lines lines(input.text);
-    std::string_view line;
-    while (lines.next(line)) reader.feed(line, lines.number());
-    reader.end();
 }
 
 }  // namespace qzcam

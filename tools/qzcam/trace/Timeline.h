@@ -3,15 +3,18 @@
 #pragma once
 
 #include "device/Device.h"
+#include "device/Report.h"
 #include "input/InputText.h"
+#include "input/Parts.h"
 #include "log/TagMonitor.h"
 #include "trace/Evidence.h"
 #include "trace/Item.h"
+#include "trace/TraceCameras.h"
 
 #include <cstddef>
-#include <deque>
+#include <memory>
 #include <string>
-#include <string_view>
+#include <utility>
 #include <vector>
 
 namespace qzcam {
@@ -33,6 +36,14 @@ struct MonitorStream {
     MonitorPlace place;
     size_t input = 0;
     std::vector<MonitorEvent> events;
+    std::vector<std::pair<size_t, size_t>> sections = {};  // inputs and places that the events are from
+};
+
+// A request or a result that a dump shows as a whole: the array, and its entries.
+struct DumpedArray {
+    MonitorPlace place;
+    size_t input = 0;
+    std::vector<TraceItem> items;
 };
 
 // Everything that the inputs tell, before it is put in order.
@@ -44,11 +55,15 @@ struct Evidence {
     };
     std::vector<Log> log;
     std::vector<MonitorStream> streams;
-    std::vector<Tag> vendorTags;
+    std::vector<DumpedArray> arrays;
+    std::shared_ptr<TraceCameras> cameras = std::make_shared<TraceCameras>();
+    std::vector<std::string> taken;   // for an input with several parts, what is taken from where
+    std::vector<std::string> faults;  // dumps that are cut
 
     void read(const InputText& input);
 
   private:
+    void readLines(const Part& part, size_t input, const Report* report);
     MonitorStream& streamOf(const MonitorEvent& event, const MonitorPlace& place, size_t input);
 };
 

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
+#include "host/EventWords.h"
 #include "output/JsonPrinter.h"
 #include "trace/TraceOutput.h"
 
@@ -56,6 +57,20 @@ void addEntry(Json& json, const TraceItem& item) {
     addIf(json, "declared", !item.declared.empty(), item.declared);
 }
 
+Json jsonOf(const VerdictRow& row) {
+    Json json{{"key", row.key},
+              {"value", row.value},
+              {"verdict", verdictWord(row.verdict)},
+              {"reason", row.reason}};
+    if (row.overflow) {
+        json["overflow"] = {{"number", row.overflow->number},
+                            {"written", row.overflow->written},
+                            {"type", row.overflow->type}};
+    }
+    if (row.offer) json["offered"] = qzcam::jsonOf(*row.offer);
+    return json;
+}
+
 Json jsonOf(const TraceItem& item) {
     Json json{{"event", nameOf(item.kind)}, {"of", nameOf(item.side)}};
     addPlace(json, item);
@@ -70,6 +85,7 @@ Json jsonOf(const TraceItem& item) {
     }
     addIf(json, "text", !item.text.empty(), item.text);
     addIf(json, "cause", !item.cause.empty(), item.cause);
+    for (const VerdictRow& row : item.verdicts) json["verdicts"].push_back(jsonOf(row));
     json["times"] = item.times;
     return json;
 }
@@ -99,6 +115,8 @@ class TraceJson : public TraceOutput {
                    {"refused", jsonOf(row.refused)},
                    {"undeclared", jsonOf(row.undeclared)},
                    {"gated", jsonOf(row.gated)},
+                   {"notOffered", jsonOf(row.notOffered)},
+                   {"overflows", jsonOf(row.overflows)},
                    {"statuses", row.statuses},
                    {"declared", row.declared}});
         }

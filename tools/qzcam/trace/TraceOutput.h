@@ -29,6 +29,8 @@ class TraceOutput {
 
 using WriteLine = std::function<void(const std::string&)>;
 std::unique_ptr<TraceOutput> traceText(WriteLine write);
+// The same with columns of a fixed width, so that each fact is written when it comes.
+std::unique_ptr<TraceOutput> traceLiveText(WriteLine write);
 std::unique_ptr<TraceOutput> traceJson(WriteLine write);
 
 }  // namespace qzcam

@@ -3,6 +3,7 @@
 
 #include "facts/Tags.h"
 #include "facts/Units.h"
+#include "host/EventWords.h"
 #include "output/Quantity.h"
 #include "output/ValueTracks.h"
 
@@ -206,6 +207,8 @@ Notes TracePerfetto::notesOf(const TraceItem& item) const {
     add("declared", item.declared);
     if (item.status) add("status", fmt::to_string(*item.status));
     if (item.times > 1) add("times", fmt::to_string(item.times));
+    for (const VerdictRow& row : item.verdicts)
+        add(verdictWord(row.verdict), row.key + "=" + row.value + ": " + row.reason);
     for (const std::string& key : item.keys) add("parameter", key);
     for (const auto& [name, value] : item.fields) add(name.empty() ? "value" : name.c_str(), value);
     return notes;

@@ -5,6 +5,8 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
+#include <string_view>
 #include <utility>
 
 namespace qzcam {
@@ -14,11 +16,11 @@ namespace {
 using Kind = TraceItem::Kind;
 using Side = TraceItem::Side;
 
-constexpr size_t kTime = 18;
-constexpr size_t kEntry = 38;
+constexpr size_t kEntry = 38;  // widths of live columns
 constexpr size_t kMessage = 44;
 constexpr size_t kMostLines = 6;  // lines in a cell
 constexpr size_t kWidth = 110;    // width of a list
+constexpr const char* kTableRow = "{1:>5} {2:>8} {3:>5} {4:>11} {5:>6} {6:>12} {7:>10}  {8:<{0}}  {9}";
 
 // The cells of a row.
 struct Cells {
@@ -26,6 +28,33 @@ struct Cells {
     std::string result;
     std::string message;
     std::string cause;
+};
+
+struct Row {
+    std::string time;
+    std::string frame;
+    Cells cells;
+    std::string place;
+};
+
+// Widths of the columns in front of the last one.
+struct Widths {
+    size_t time = 18;
+    size_t frame = 6;
+    size_t request = 0;
+    size_t result = 0;
+    size_t message = 0;
+
+    void fit(const Row& row) {
+        const auto grow = [](size_t& width, const std::string& text) {
+            if (text.size() <= kMessage) width = std::max(width, text.size());
+        };
+        grow(time, row.time);
+        grow(frame, row.frame);
+        grow(request, row.cells.request);
+        grow(result, row.cells.result);
+        grow(message, row.cells.message);
+    }
 };
 
 std::string valueOr(const TraceItem& item, const char* gone) {
@@ -90,6 +119,11 @@ Cells cellsOf(const TraceItem& item) {
     }
     if (!item.physicalCamera.empty()) addCause(cells, "physical camera " + item.physicalCamera);
     addCause(cells, item.cause);
+    for (const VerdictRow& verdict : item.verdicts) {
+        addCause(cells, fmt::format("{}={} {}: {}", verdict.key, verdict.value,
+                                    verdict.verdict == Verdict::Overflows ? "overflows" : "not offered",
+                                    verdict.reason));
+    }
     if (item.times > 1 && item.kind != Kind::Lost) addCause(cells, fmt::format("{} times", item.times));
     return cells;
 }
@@ -110,7 +144,8 @@ std::string refusedText(const ParameterTable::Row& row) {
 
 std::string linesText(const ParameterTable::Row& row) {
     std::set<size_t> lines;
-    for (const auto* count : {&row.set, &row.written, &row.told, &row.refused, &row.undeclared, &row.gated})
+    for (const auto* count : {&row.set, &row.written, &row.told, &row.refused, &row.undeclared, &row.gated,
+                              &row.notOffered, &row.overflows})
         lines.insert(count->lines.begin(), count->lines.end());
     std::string text;
     size_t shown = 0;
@@ -123,13 +158,14 @@ std::string linesText(const ParameterTable::Row& row) {
 
 class TraceText : public TraceOutput {
   public:
-    explicit TraceText(WriteLine write) : mWrite(std::move(write)) {}
+    TraceText(WriteLine write, bool isLive) : mWrite(std::move(write)), mIsLive(isLive) {}
 
     void begin(const std::vector<std::string>& inputs) override { mInputs = inputs; }
 
     void group(const std::string& title) override {
+        printRows();
         print(title);
-        row("time", "frame", {"request", "result", "message to the application", "cause"}, "[line]");
+        row("time", "frame", {"request", "result", "message", "cause"}, "[line]");
     }
 
     void item(const TraceItem& item) override {
@@ -138,19 +174,31 @@ class TraceText : public TraceOutput {
         row(item.time.text, item.frame ? fmt::to_string(*item.frame) : "", cellsOf(item), place);
     }
 
-    void note(const std::string& text) override { print("note: " + text); }
+    void note(const std::string& text) override {
+        printRows();
+        print("note: " + text);
+    }
 
     void table(const ParameterTable& table, bool isPart) override {
+        printRows();
         print("");
-        if (!table.rows().empty()) {
-            print("parameters: how many lines tell that each was ...");
-            print(fmt::format("{:<34} {:>5} {:>8} {:>6} {:>11} {:>6}  {:<36} {}", "", "set", "written",
-                              "told", "undeclared", "gated", "refused", "lines"));
-        }
+        if (!table.rows().empty()) print("parameters: how many lines tell that each was ...");
+        size_t widest = 0;
+        size_t refused = std::string_view("refused").size();
         for (const auto& [key, row] : table.rows()) {
-            print(fmt::format("{:<34} {:>5} {:>8} {:>6} {:>11} {:>6}  {:<36} {}", key, countText(row.set),
-                              countText(row.written), countText(row.told), countText(row.undeclared),
-                              countText(row.gated), refusedText(row), linesText(row)));
+            widest = std::max(widest, key.size());
+            refused = std::max(refused, refusedText(row).size());
+        }
+        const auto line = [&](const std::string& key, const auto&... cells) {
+            print(fmt::format("{:<{}}", key, widest) + fmt::format(kTableRow, refused, cells...));
+        };
+        if (!table.rows().empty())
+            line("", "set", "written", "told", "undeclared", "gated", "not offered", "overflows", "refused",
+                 "lines");
+        for (const auto& [key, row] : table.rows()) {
+            line(key, countText(row.set), countText(row.written), countText(row.told),
+                 countText(row.undeclared), countText(row.gated), countText(row.notOffered),
+                 countText(row.overflows), refusedText(row), linesText(row));
         }
         if (!isPart) list("never seen:", table.neverSeen());
     }
@@ -158,12 +206,26 @@ class TraceText : public TraceOutput {
   private:
     void print(const std::string& text) { mWrite(visible(text)); }
 
-    void row(const std::string& time, const std::string& frame, const Cells& cells,
-             const std::string& place) {
-        const std::string text =
-            fmt::format("{:<{}} {:>6}  {:<{}}  {:<{}}  {:<{}}  {}", time, kTime, frame, cells.request, kEntry,
-                        cells.result, kEntry, cells.message, kMessage, cells.cause);
-        print(text.substr(0, text.find_last_not_of(' ') + 1) + (place.empty() ? "" : "  " + place));
+    void row(const std::string& time, const std::string& frame, Cells cells, const std::string& place) {
+        mRows.push_back({time, frame, std::move(cells), place});
+        if (mIsLive) printRows();
+    }
+
+    // Columns are as wide as they have to be; a long cell moves the rest of its row.
+    void printRows() {
+        Widths widths;
+        if (mIsLive) widths.request = widths.result = kEntry;
+        if (mIsLive) widths.message = kMessage;
+        for (const Row& row : mRows) widths.fit(row);
+        for (const Row& row : mRows) {
+            const std::string text =
+                fmt::format("{:<{}} {:>{}}  {:<{}}  {:<{}}  {:<{}}  {}", row.time, widths.time, row.frame,
+                            widths.frame, row.cells.request, widths.request, row.cells.result, widths.result,
+                            row.cells.message, widths.message, row.cells.cause);
+            print(text.substr(0, text.find_last_not_of(' ') + 1) +
+                  (row.place.empty() ? "" : "  " + row.place));
+        }
+        mRows.clear();
     }
 
     void list(const std::string& title, const std::vector<std::string>& words) {
@@ -176,13 +238,19 @@ class TraceText : public TraceOutput {
     }
 
     WriteLine mWrite;
+    bool mIsLive;
     std::vector<std::string> mInputs;
+    std::vector<Row> mRows;  // rows of the group
 };
 
 }  // namespace
 
 std::unique_ptr<TraceOutput> traceText(WriteLine write) {
-    return std::make_unique<TraceText>(std::move(write));
+    return std::make_unique<TraceText>(std::move(write), false);
+}
+
+std::unique_ptr<TraceOutput> traceLiveText(WriteLine write) {
+    return std::make_unique<TraceText>(std::move(write), true);
 }
 
 }  // namespace qzcam

@@ -148,6 +148,10 @@ Offers::Offers(const Device& device, const android::CameraMetadata& characterist
     }
 }
 
+Offers::Offers(const Device& nothing, const Texts& published) : mDevice(nothing), mNames(nothing.vendorTags) {
+    for (const auto& [key, value] : published) mPublished[key] = {value, true};
+}
+
 const StaticEntry* Offers::entry(uint32_t tag) const {
     const auto found = std::find_if(mDevice.entries.begin(), mDevice.entries.end(),
                                     [&](const StaticEntry& each) { return each.tag == tag; });

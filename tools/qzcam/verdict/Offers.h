@@ -22,6 +22,9 @@ class Offers {
     // camera.
     Offers(const Device& device, const android::CameraMetadata& characteristics);
 
+    // Offers of published keys alone, as a log tells them. `nothing` is a device without anything.
+    Offers(const Device& nothing, const Texts& published);
+
     // Returns everything that the device offers for the key. `parameters`: those that are set; one of them
     // may state limits.
     std::vector<Offer> of(const qz::Parameter& row, const qz::KeyRow& key, const Texts& parameters) const;

@@ -226,14 +226,7 @@ bool Request::isAnotherValue(VerdictRow& verdict, const Row& row, const qz::KeyR
 void Request::holdAgainstDevice(VerdictRow& verdict, const Row& row, const qz::KeyRow& key) const {
     verdict.overflow = overflowOf(row, key, verdict.value, verdict.entries);
     verdict.offer = mOffers.excluding(row, key, mParameters);
-    if (verdict.overflow) {
-        verdict.verdict = Verdict::Overflows;
-        verdict.reason = fmt::format("{} does not fit into {}: {}", verdict.overflow->number,
-                                     verdict.overflow->type, verdict.overflow->written);
-    } else if (verdict.offer) {
-        verdict.verdict = Verdict::NotOffered;
-        verdict.reason = toText(*verdict.offer);
-    }
+    sumUpOffer(verdict);
 }
 
 // Explains a word whose own number is not the one that is written: a condition of the row has decided.
@@ -307,6 +300,17 @@ bool Request::lacksSomething(VerdictRow& verdict, const Row& row) const {
 const Offers& VerdictFinder::offers() const {
     if (!mOffers) mOffers.emplace(mDevice, mCharacteristics);
     return *mOffers;
+}
+
+void sumUpOffer(VerdictRow& verdict) {
+    if (verdict.overflow) {
+        verdict.verdict = Verdict::Overflows;
+        verdict.reason = fmt::format("{} does not fit into {}: {}", verdict.overflow->number,
+                                     verdict.overflow->type, verdict.overflow->written);
+    } else if (verdict.offer) {
+        verdict.verdict = Verdict::NotOffered;
+        verdict.reason = toText(*verdict.offer);
+    }
 }
 
 KeyOwner ownerOf(const std::string& key) {

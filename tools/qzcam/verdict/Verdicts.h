@@ -19,6 +19,9 @@ namespace qzcam {
 // Returns the owner of a key that no setter reads.
 KeyOwner ownerOf(const std::string& key);
 
+// Turns the overflow or the offer of a written parameter into its verdict.
+void sumUpOffer(VerdictRow& verdict);
+
 class VerdictFinder {
   public:
     // The arguments must outlive the object.

@@ -1,0 +1,72 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "cli/StreamedInput.h"
+
+#include "base/Text.h"
+#include "input/Lines.h"
+
+#include <poll.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <iterator>
+#include <string_view>
+
+namespace qzcam {
+
+namespace {
+
+volatile std::sig_atomic_t sInterrupted = 0;
+
+}  // namespace
+
+StreamedInput::StreamedInput() {
+    sInterrupted = 0;
+    struct sigaction action {};
+    action.sa_handler = [](int) { sInterrupted = 1; };
+    sigaction(SIGINT, &action, &mInterruptBefore);
+    action.sa_handler = SIG_IGN;
+    sigaction(SIGPIPE, &action, &mPipeBefore);
+}
+
+StreamedInput::~StreamedInput() {
+    sigaction(SIGINT, &mInterruptBefore, nullptr);
+    sigaction(SIGPIPE, &mPipeBefore, nullptr);
+}
+
+StreamedInput::Came StreamedInput::more() {
+    constexpr int pause = 200;  // milliseconds
+    std::array<pollfd, 2> ready{{{STDIN_FILENO, POLLIN, 0}, {STDOUT_FILENO, 0, 0}}};
+    const int count = sInterrupted == 0 ? poll(ready.data(), ready.size(), pause) : 0;
+    const bool isClosed = count > 0 && (ready[1].revents & POLLERR) != 0;
+    if (sInterrupted != 0 || isClosed) return Came::End;
+    if (count <= 0 || ready[0].revents == 0) return Came::Nothing;
+    std::array<char, 1U << 16U> chunk{};
+    const ssize_t size = ::read(STDIN_FILENO, chunk.data(), chunk.size());
+    if (size < 0) return errno == EAGAIN || errno == EINTR ? Came::Nothing : Came::End;
+    mText.append(chunk.data(), static_cast<size_t>(size));
+    return size > 0 ? Came::Text : Came::End;
+}
+
+void StreamedInput::begin() {
+    constexpr size_t enough = 100;  // bytes
+    auto came = Came::Text;
+    while (mText.size() < enough && came != Came::End) {
+        came = more();
+        if (came == Came::Nothing && !mText.empty()) return;
+    }
+}
+
+bool StreamedInput::isOneWhole() const {
+    constexpr std::string_view beginnings[] = {"PK\x03\x04", "\x1f\x8b", "\xff\xfe", "\xfe\xff", "====="};
+    const auto begins = [this](std::string_view beginning) { return startsWith(mText, beginning); };
+    if (std::any_of(std::begin(beginnings), std::end(beginnings), begins)) return true;
+    Lines lines(mText);
+    std::string_view line;
+    while (lines.next(line) && trimmed(line).empty()) {
+    }
+    return isDumpHeading(line);
+}
+
+}  // namespace qzcam

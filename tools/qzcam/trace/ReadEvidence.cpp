@@ -1,0 +1,101 @@
+// SPDX-License-Identifier: Apache-2.0
+// Takes the parts of an input that tell of a session.
+#include "trace/ArrayItems.h"
+#include "trace/LogItems.h"
+#include "trace/Timeline.h"
+
+#include "base/Text.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <optional>
+
+namespace qzcam {
+
+namespace {
+
+// Other sections of a bug report are none of the camera's. What stands outside of sections may be events of
+// the tag monitor.
+bool isRead(const Part& part) {
+    return part.kind == Part::Kind::Dump || part.kind == Part::Kind::Log || part.title.empty();
+}
+
+std::string placesOf(const std::vector<Part>& parts, Part::Kind kind) {
+    std::string lines;
+    for (const Part& part : parts) {
+        if (part.kind == kind) lines += fmt::format("{}{}", lines.empty() ? "" : " and ", part.firstLine);
+    }
+    return lines;
+}
+
+// Nothing for a text that is all one.
+std::optional<std::string> whatIsTaken(const std::string& name, const std::vector<Part>& parts) {
+    const std::string dumps = placesOf(parts, Part::Kind::Dump);
+    const std::string logs = placesOf(parts, Part::Kind::Log);
+    if (!isReport(parts) && (dumps.empty() || logs.empty())) return std::nullopt;
+    std::string text;
+    if (!dumps.empty()) text = "the camera dump from line " + dumps;
+    if (!logs.empty()) text += fmt::format("{}the log from line {}", text.empty() ? "" : ", ", logs);
+    if (text.empty()) return std::nullopt;
+    return name + ": " + text;
+}
+
+}  // namespace
+
+MonitorStream& Evidence::streamOf(const MonitorEvent& event, const MonitorPlace& place, size_t input) {
+    const auto isSamePlace = [&](const MonitorStream& stream) {
+        return stream.input == input && stream.place.line == place.line &&
+               (event.camera.empty() ||
+                (stream.place.camera == event.camera && stream.place.client == event.client));
+    };
+    const auto found = std::find_if(streams.begin(), streams.end(), isSamePlace);
+    if (found != streams.end()) return *found;
+    streams.push_back({place, input, {}});
+    if (!event.camera.empty()) streams.back().place.camera = event.camera;
+    if (!event.camera.empty()) streams.back().place.client = event.client;
+    return streams.back();
+}
+
+void Evidence::readLines(const Part& part, size_t input, const Report* report) {
+    EvidenceReader reader({[&](const LogLine& line) {
+                               if (isEvidence(line)) log.push_back({input, line});
+                           },
+                           [&](const MonitorEvent& event, const MonitorPlace& place) {
+                               streamOf(event, place, input).events.push_back(event);
+                           },
+                           [&](const Tag& tag) {
+                               if (report == nullptr) cameras->addTag(tag);
+                           }});
+    Lines lines(part.text, part.firstLine);
+    std::string_view line;
+    while (lines.next(line)) reader.feed(line, lines.number());
+    reader.end();
+    if (report == nullptr) return;
+    for (const MetadataArray& array : report->arrays) {
+        if (!tellsOfSession(array)) continue;
+        MonitorPlace place = reader.placeOf(array.line);
+        if (place.camera.empty()) place.camera = array.camera;
+        const TagNames& names = cameras->namesFor(place.camera, input);
+        arrays.push_back({place, input, itemsOf(array, place, input, names)});
+    }
+}
+
+void Evidence::read(const InputText& input) {
+    const size_t number = inputs.size();
+    inputs.push_back(input.name);
+    const std::vector<Part> parts = partsOf(input.text);
+    if (auto text = whatIsTaken(input.name, parts)) taken.push_back(std::move(*text));
+    for (const Part& part : parts) {
+        if (!isRead(part)) continue;
+        std::optional<Report> report;
+        if (part.kind == Part::Kind::Dump) report = readDump(part.text, part.firstLine);
+        if (report) cameras->add(number, *report);
+        if (report && !part.fault.empty())
+            faults.push_back(fmt::format("{}:{}: the camera dump is cut: {}", input.name, part.faultLine,
+                                         cut(part.fault, 100)));
+        readLines(part, number, report ? &*report : nullptr);
+    }
+}
+
+}  // namespace qzcam

@@ -1,0 +1,250 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "trace/ValueCheck.h"
+
+#include "device/VendorTagsInPlace.h"
+#include "facts/Lookup.h"
+#include "trace/Timeline.h"
+#include "verdict/CompleteDevice.h"
+#include "verdict/KeyValue.h"
+#include "verdict/Numbers.h"
+#include "verdict/Verdicts.h"
+
+#include <fmt/format.h>
+#include <request/Parameters.h>
+
+#include <algorithm>
+#include <utility>
+
+namespace qzcam {
+
+namespace {
+
+using Kind = TraceItem::Kind;
+using Side = TraceItem::Side;
+
+constexpr size_t kMostKnown = 1000;  // lists of parameters whose verdicts are kept
+
+bool hasCapabilities(const TraceCamera& camera) { return !camera.device.entries.empty(); }
+
+EntryTexts updatesOf(const Trace& trace) {
+    EntryTexts entries;
+    for (const TraceStep& step : trace) {
+        if (step.kind == TraceStep::Kind::Update) entries.insert_or_assign(step.name, step.values);
+    }
+    return entries;
+}
+
+// The entries of a parameter among those of a request.
+std::vector<VerdictEntry> entriesOf(const qz::Parameter& row, const qz::KeyRow& key,
+                                    const std::vector<VerdictEntry>& all) {
+    std::vector<VerdictEntry> own;
+    for (size_t i = 0; i < row.entries.count; ++i) {
+        const auto found = std::find_if(all.begin(), all.end(), [&](const VerdictEntry& entry) {
+            return entry.name == row.entries[i].tag;
+        });
+        if (ownsEntry(row, key, i) && found != all.end()) own.push_back(*found);
+    }
+    return own;
+}
+
+Texts textsOf(const TraceItem& item) {
+    Texts texts;
+    for (const Message::Field& field : item.fields) texts[field.name] = field.value;
+    return texts;
+}
+
+bool isRequestEntry(const TraceItem& item) { return item.kind == Kind::Entry && item.side == Side::Request; }
+
+}  // namespace
+
+// A camera, and its offers as soon as they are asked for.
+struct ValueCheck::Held {
+    explicit Held(const TraceCamera& described) : camera(described) {}
+
+    const Offers& offered() {
+        if (offers) return *offers;
+        const VendorTagsInPlace tags(camera.device);
+        offers.emplace(camera.device, staticCharacteristics(camera.device));
+        return *offers;
+    }
+
+    const TraceCamera& camera;
+    std::optional<Offers> offers;
+};
+
+ValueCheck::ValueCheck(const TraceCameras& cameras, std::string camera) : mCamera(std::move(camera)) {
+    const auto& all = cameras.all();
+    const auto isChosen = [](const TraceCamera& each) {
+        return each.input == TraceCameras::kChosen && hasCapabilities(each);
+    };
+    const bool anyChosen = std::any_of(all.begin(), all.end(), isChosen);
+    for (const TraceCamera& each : all) {
+        if (anyChosen ? isChosen(each) : hasCapabilities(each)) mHeld.push_back(std::make_unique<Held>(each));
+    }
+}
+
+ValueCheck::~ValueCheck() = default;
+
+void ValueCheck::learn(const TraceItem& item) {
+    if (item.kind != Kind::Parameters || !mHeld.empty()) return;
+    static const std::set<std::string> published = publishedKeys();
+    for (const auto& [key, value] : textsOf(item)) {
+        if (published.count(key) == 0 || mContradictory.count(key) != 0) continue;
+        const auto [place, isNew] = mPublished.emplace(key, value);
+        if (!isNew && place->second == value) continue;
+        if (!isNew) mContradictory.insert(key);
+        if (!isNew) mPublished.erase(place);
+        mLearned.reset();
+        mKnown.clear();
+    }
+}
+
+ValueCheck::CameraOffers ValueCheck::offersFor(const TraceItem& item) {
+    CameraOffers offers;
+    const std::string& id = item.camera.empty() ? mCamera : item.camera;
+    const bool isOpen = id.empty() && mHeld.size() > 1;
+    for (const auto& held : mHeld) {
+        const std::string& camera = held->camera.id;
+        if (id.empty() || camera == id) offers.emplace_back(&held->offered(), isOpen ? camera : "");
+    }
+    if (!mHeld.empty() || mPublished.empty()) return offers;
+    if (!mLearned) mLearned.emplace(mNothing, mPublished);
+    return {{&*mLearned, ""}};
+}
+
+void ValueCheck::exclude(VerdictRow& verdict, const TraceItem& item, const qz::Parameter& row,
+                         const qz::KeyRow& key, const Texts& parameters) {
+    std::optional<Offer> first;
+    std::vector<std::string> cameras;
+    for (const auto& [offers, camera] : offersFor(item)) {
+        if (offers->of(row, key, parameters).empty()) continue;
+        auto offer = offers->excluding(row, key, parameters);
+        if (!offer) return;
+        if (!first) first = std::move(offer);
+        if (!camera.empty()) cameras.push_back(camera);
+    }
+    verdict.offer = std::move(first);
+    sumUpOffer(verdict);
+    const bool isNamed = verdict.verdict == Verdict::NotOffered && !cameras.empty();
+    if (!isNamed) return;
+    verdict.reason += fmt::format(" (camera {}", cameras.front());
+    cameras.erase(cameras.begin());
+    verdict.reason += cameras.empty() ? ")" : fmt::format("; nor does camera {})", fmt::join(cameras, ", "));
+}
+
+std::optional<VerdictRow> ValueCheck::verdictOn(const TraceItem& item, const Candidate& candidate,
+                                                const Texts& parameters,
+                                                const std::vector<VerdictEntry>& entries) {
+    for (const qz::Parameter* row : rowsOf(candidate.key)) {
+        const qz::KeyRow& key = *keyIn(*row, candidate.key);
+        if (key.condition || !misunderstanding(*row, key, candidate.value).empty()) continue;
+        VerdictRow verdict{
+            candidate.key, candidate.value, Verdict::Written, {}, entriesOf(*row, key, entries)};
+        if (!verdict.entries.empty())
+            verdict.overflow = overflowOf(*row, key, verdict.value, verdict.entries);
+        exclude(verdict, item, *row, key, parameters);
+        if (verdict.verdict != Verdict::Written) return verdict;
+    }
+    return std::nullopt;
+}
+
+// Entries that the library writes for the parameters where nothing of the device is in its way.
+std::vector<VerdictEntry> ValueCheck::written(const Texts& parameters) {
+    const TraceCamera* camera = mHeld.empty() ? nullptr : &mHeld.front()->camera;
+    const Device& device = camera == nullptr ? mNothing : camera->device;
+    const VendorTagsInPlace tags(device);
+    const android::CameraMetadata characteristics = staticCharacteristics(device);
+    std::vector<VerdictEntry> entries;
+    for (auto& [tag, values] : updatesOf(CompleteDevice(device, characteristics).request(parameters, {})))
+        entries.push_back({0, tag, Verdict::Written, {}, values});
+    return entries;
+}
+
+void ValueCheck::judgeParameters(TraceItem& item) {
+    static const std::set<std::string> read = readKeys();
+    const Texts parameters = textsOf(item);
+    const bool isAny = std::any_of(parameters.begin(), parameters.end(),
+                                   [](const auto& each) { return read.count(each.first) != 0; });
+    if (!isAny) return;
+    Texts name = parameters;
+    name[""] = item.camera;
+    const auto known = mKnown.find(name);
+    if (known == mKnown.end()) {
+        const auto entries = written(parameters);
+        for (const auto& [key, value] : parameters) {
+            if (auto verdict = verdictOn(item, {key, value}, parameters, entries))
+                item.verdicts.push_back(std::move(*verdict));
+        }
+        if (mKnown.size() < kMostKnown) mKnown.emplace(std::move(name), item.verdicts);
+    } else {
+        item.verdicts = known->second;
+    }
+}
+
+// The line has the text of the parameter, and the number that is written for it.
+void ValueCheck::judgeTold(TraceItem& item) {
+    const auto& [key, text] = item.fields.front();
+    const Texts parameters{{key, text}};
+    std::vector<VerdictEntry> entries;
+    if (item.values) entries.push_back({0, item.tag, Verdict::Written, {}, *item.values});
+    if (auto verdict = verdictOn(item, {key, text}, parameters, entries))
+        item.verdicts.push_back(std::move(*verdict));
+}
+
+bool ValueCheck::isUnasked(const std::string& tag, const Values& values) {
+    if (!mUnasked) {
+        mUnasked.emplace();
+        for (const VerdictEntry& entry : written({})) mUnasked->emplace(entry.name, entry.values);
+    }
+    const auto found = mUnasked->find(tag);
+    return found != mUnasked->end() && found->second == values;
+}
+
+// Where several parameters, or several of their texts, give the value, the device must offer none of them.
+void ValueCheck::judgeEntry(TraceItem& item, const EntryTexts& request) {
+    if (!item.values || isUnasked(item.tag, *item.values)) return;
+    std::optional<VerdictRow> first;
+    for (const Candidate& candidate : wordsBackFor(item.tag, request)) {
+        auto verdict = verdictOn(item, candidate, {{candidate.key, candidate.value}}, {});
+        if (!verdict) return;
+        if (!first) first = std::move(verdict);
+    }
+    if (first) item.verdicts.push_back(std::move(*first));
+}
+
+void ValueCheck::judge(TraceItem& item, const EntryTexts& request) {
+    const bool isOfApplication = item.kind == Kind::Parameters && item.camera.empty();
+    if (isOfApplication) return judgeParameters(item);
+    const bool isTold = item.kind == Kind::Told || item.kind == Kind::Refused;
+    if (isTold && !item.fields.empty()) return judgeTold(item);
+    const bool hasEntry = isTold || (isRequestEntry(item) && !item.isRemoved);
+    if (hasEntry) judgeEntry(item, request);
+}
+
+// An entry is judged with all others of its request: some parameters go into two. Events tell what changes
+// from frame to frame, an array of a dump has all of it.
+void ValueCheck::judge(TraceGroup& group) {
+    using Sent =
+        std::pair<std::string, int64_t>;  // physical camera and frame, or the array as a number below 0
+    std::map<std::string, EntryTexts> now;
+    std::map<Sent, EntryTexts> requests;
+    std::vector<Sent> places;
+    int64_t array = 0;
+    for (const TraceItem& item : group.items) {
+        if (item.kind == Kind::Request) --array;
+        places.emplace_back(item.physicalCamera, item.frame.value_or(array));
+        if (!isRequestEntry(item) || item.pid >= 0) continue;
+        EntryTexts& request = item.frame ? now[item.physicalCamera] : requests[places.back()];
+        request.erase(item.tag);
+        if (!item.isRemoved && item.values) request.emplace(item.tag, *item.values);
+        if (item.frame) requests[places.back()] = request;
+    }
+    for (size_t i = 0; i < group.items.size(); ++i) {
+        TraceItem& item = group.items[i];
+        EntryTexts own;
+        if (item.values) own.emplace(item.tag, *item.values);
+        judge(item, item.pid < 0 && requests.count(places[i]) != 0 ? requests[places[i]] : own);
+    }
+}
+
+}  // namespace qzcam
