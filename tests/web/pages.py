@@ -332,7 +332,10 @@ class Pages(unittest.TestCase):
         self.assertEqual(self.browser.texts(".difference > p"), [f"{len(differing)} rows shown, {len(differing)} differences in all"])
         shown = self.browser.run("return [...document.querySelectorAll('.list [role=option]')].map((r) => [r.className.split(' ')[1], r.querySelector('.name').title, ...[...r.querySelectorAll('.side')].map((s) => s.textContent), r.querySelector('.why').title]);")
         tones = {"different": "changed", "only-there": "only-a", "only-here": "only-b"}
-        values = lambda side: " ".join(map(str, side["values"])) if side else "absent"
+
+        def values(side):
+            return " ".join(map(str, side["values"])) if side else "absent"
+
         expected = [[tones[entry["comparison"]], entry["tag"], values(entry.get("there")), values(entry.get("here")),
                      "; ".join(filter(None, [" ".join(f"{key}={value}" for key, value in entry.get("parameters", {}).items()), entry.get("reason")]))] for entry in differing]
         self.assertEqual(sorted(shown), sorted(expected))
@@ -356,7 +359,7 @@ class Pages(unittest.TestCase):
         self.looks_well(path, "sensor", "bugreport-sensor")
         self.browser.open(path)
         # Which parameter, when, and why; and that nothing ties the log to the frames.
-        self.assertEqual(self.browser.texts(".findings .row:first-child > *"), ["refused", "iso", "iso could not be set to 7: status -22, the device declares int32", "03-05 10:11:12.345, line 11"])
+        self.assertEqual(self.browser.texts(".findings .row:first-child > *"), ["refused", "iso", "iso could not be set to 7: the device declares int32, the library writes byte, status -22", "03-05 10:11:12.345, line 11"])
         self.assertIn("clocks that nothing ties", self.browser.texts(".note")[0])
         self.assertEqual([option for option in self.browser.texts(".timeline select option") if "time" in option], [])
         self.assertIn("Evidence", "".join(self.browser.texts(".lanes .label")))

@@ -7,6 +7,7 @@ class BrowseView {
     constructor({label, many, rows, groups, kinds, what}) {
         Object.assign(this, {label, many, groups, what, all: rows, kinds: kinds || [], group: null, text: ''});
         for (const kind of this.kinds) kind.count = rows.filter((row) => row.kinds.includes(kind.name)).length;
+        this.hasBadges = rows.some((row) => row.badge);
         this.list = new VirtualList(label, 32, (row) => this.rowContent(row), (row) => this.showDetails(row));
         this.details = el('aside', {class: 'details', 'aria-live': 'polite', 'aria-label': 'Details'});
         this.summary = el('p', {class: 'muted', 'aria-live': 'polite'});
@@ -64,7 +65,7 @@ class BrowseView {
 
     rowContent(row) {
         if (row.heading !== undefined) return [el('h3', {}, row.heading)];
-        return [row.badge ? badge(...row.badge) : null, el('code', {class: 'name', title: row.title || row.name}, row.name),
+        return [row.badge ? badge(...row.badge) : this.hasBadges ? badge('none', '') : null, el('code', {class: 'name', title: row.title || row.name}, row.name),
             row.value === undefined ? null : el('code', {class: 'text'}, row.value === '' ? 'empty' : row.value.length > 2000 ? `${row.value.slice(0, 2000)} ...` : row.value),
             row.line ? el('span', {class: 'muted place'}, `line ${row.line}`) : null];
     }

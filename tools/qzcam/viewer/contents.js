@@ -2,6 +2,8 @@
 // The views of `show`: what an input holds.
 
 const lineText = (line) => (line ? `line ${line}` : null);
+const LEFT_WORDS = {halText: 'text of the HAL', otherBlock: 'block of another vendor', strayArray: 'array without a camera', mistyped: 'entry of another type than its tag', section: 'other section',
+    damaged: 'damaged entry', tooManyTags: 'more vendor tags than a device takes', repeatedTag: 'repeated vendor tag'};
 const HARMLESS = ['section', 'halText', 'otherBlock'];
 const VENDOR = /^com\.|unknown/;
 
@@ -18,7 +20,7 @@ function findingRows(show) {
     for (const each of show.differences) rows.push(row('differences', 'warn', 'other number', each.text, each.line));
     for (const left of show.left) {
         for (const name of left.names) {
-            const kind = left.kind.replace(/[A-Z]/g, (letter) => ` ${letter.toLowerCase()}`);
+            const kind = LEFT_WORDS[left.kind] || left.kind.replace(/[A-Z]/g, (letter) => ` ${letter.toLowerCase()}`);
             rows.push({...row('left', HARMLESS.includes(left.kind) ? 'plain' : 'warn', 'not used', name.name, name.line, [['Kind', kind], ['Last line', name.lastLine === name.line ? null : name.lastLine], ['Lines', name.count]]), value: kind});
         }
     }
@@ -55,7 +57,7 @@ function arraysView(data) {
         kinds: kinds.filter(({name}) => rows.some((row) => row.kinds.includes(name)))});
 }
 
-const blockTitle = (block) => (block.vendorId === null || !Number.isSafeInteger(block.vendorId) ? `Block in line ${block.line}` : `Vendor 0x${block.vendorId.toString(16)}`);
+const blockTitle = (block) => (block.vendorId === null ? `Block in line ${block.line}` : `Vendor id ${block.vendorId}`);
 
 function tagsView(blocks) {
     const rows = blocks.flatMap((block, group) => block.declared.map((tag) => ({group, badge: ['plain', tag.type], name: shortName(tag.tag), title: tag.tag, words: [tag.tag], line: tag.line,

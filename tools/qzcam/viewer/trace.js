@@ -58,9 +58,16 @@ class TraceEvents {
             if (!count || count.times === 0) continue;
             const item = this.all.find((each) => each.kind === kind && (each.data.keys || []).includes(row.key)) || this.all.find((each) => count.lines.includes(each.line));
             if (!item) continue;
-            const why = kind === 'refused' ? refusedText(row, item.data) : item.data.cause || '';
+            const why = kind === 'refused' ? refusedText(row, item.data, this.writtenType(item)) : item.data.cause || '';
             this.findings.push({tone: TRACE_TONES[kind], item, what: word, name: row.key, why, key: row.key, times: count.times, unit: 'lines'});
         }
+    }
+
+    // The platform's line before a refusal names the type that was to be written.
+    writtenType(item) {
+        const lines = this.all.slice(Math.max(0, item.index - 3), item.index).filter((each) => each.data.tag === item.data.tag && each.kind === 'line');
+        const match = lines.map((each) => /update of (\w+) refused/.exec(each.data.text || '')).find(Boolean);
+        return match ? match[1] : '';
     }
 
     badges() {
@@ -124,8 +131,8 @@ function traceFacts(item) {
         ['Known from', data.derived ? 'the results: no line states it' : null], ['Text', data.text ? el('code', {}, data.text) : null], ['Cause', data.cause], ['Times', data.times > 1 ? data.times : null]]);
 }
 
-function refusedText(row, {tag, value}) {
-    const why = [row.statuses.length ? `status ${row.statuses.join(', ')}` : 'status unknown', row.declared.length ? `the device declares ${[row.declared].flat().join(', ')}` : ''];
+function refusedText(row, {tag, value}, written) {
+    const why = [row.declared.length ? `the device declares ${[row.declared].flat().join(', ')}` : '', written ? `the library writes ${written}` : '', row.statuses.length ? `status ${row.statuses.join(', ')}` : 'status unknown'];
     return `${shortName(tag || 'its entry')} could not be set${value ? ` to ${value}` : ''}: ${why.filter(Boolean).join(', ')}`;
 }
 
