@@ -113,6 +113,7 @@ TEST_F(Pages, DoNotReplaceInputsAndDoNotStayFromBefore) {
     EXPECT_EQ(tool({"check", "--device", dump, "--html", dump}), 2);
     EXPECT_EQ(tool({"diff", dump, "--html", dump}), 2);
     EXPECT_EQ(tool({"show", dump, "--html", dump}), 2);
+    EXPECT_EQ(tool({"trace", session, "--device", dump, "--html", dump}), 2);
     EXPECT_EQ(tool({"compare", dump, session, "--html", session}), 2);
     const std::string page = file("page.html", "old");
     EXPECT_EQ(tool({"check", "--device", dump, "--html", page}), 3);

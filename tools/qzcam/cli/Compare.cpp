@@ -102,11 +102,11 @@ LibrarySide play(const Device& device, const Script& script) {
     return side;
 }
 
-bool drawPage(const CompareOptions& options, const Report& report, const ComparedSides& sides,
+bool drawPage(const CompareOptions& options, const Device& device, const ComparedSides& sides,
               const ArrayComparison& comparison) {
     if (options.html.empty()) return true;
     SensorData sensors;
-    sensors.add(report);
+    sensors.add(device.camera.substr(device.camera.rfind('/') + 1), device);
     return finishPage(options.html, fmt::format("qzcam compare: {}", sides.file),
                       {{"compare", comparisonJson(sides, comparison)}, sensors.data()});
 }
@@ -141,7 +141,7 @@ ExitStatus compare(const CompareOptions& options) {
     }
     const std::string output =
         options.json ? comparisonJson(sides, comparison) : comparisonText(sides, comparison);
-    const bool drawn = drawPage(options, *device->report, sides, comparison);
+    const bool drawn = drawPage(options, device->device, sides, comparison);
     if (!writeAll(stdout, output) || !drawn) return kBadInput;
     return comparison.differs() ? kExpectationFailed : kFine;
 }

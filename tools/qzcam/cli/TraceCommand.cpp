@@ -42,8 +42,8 @@ class TraceReport {
     }
 
     // The page draws areas on the sensors that the inputs state.
-    void sensorsOf(const InputText& input) {
-        if (mPage) mSensors.addDumps(input.text);
+    void sensorsOf(const TraceCameras& cameras) {
+        for (const TraceCamera& each : cameras.all()) mSensors.add(each.id, each.device);
     }
 
     void group(const TraceGroup& group) {
@@ -126,7 +126,7 @@ bool addDevice(TraceCameras& cameras, const TraceOptions& options) {
     return device.has_value();
 }
 
-ExitStatus traceWhole(const TraceOptions& options, Evidence evidence, const std::vector<InputText>& inputs) {
+ExitStatus traceWhole(const TraceOptions& options, Evidence evidence) {
     for (const std::string& text : evidence.taken) complain(text);
     const auto cameras = evidence.cameras;
     Timeline timeline = timelineOf(std::move(evidence));
@@ -135,7 +135,7 @@ ExitStatus traceWhole(const TraceOptions& options, Evidence evidence, const std:
         for (const TraceItem& item : group.items) check.learn(item);
     }
     TraceReport report(options);
-    for (const InputText& input : inputs) report.sensorsOf(input);
+    report.sensorsOf(*cameras);
     report.begin(timeline.inputs);
     for (TraceGroup& group : timeline.groups) {
         check.judge(group);
@@ -150,15 +150,13 @@ ExitStatus traceWhole(const TraceOptions& options, Evidence evidence, const std:
 
 ExitStatus traceFiles(const TraceOptions& options) {
     Evidence evidence;
-    std::vector<InputText> inputs;
     if (!addDevice(*evidence.cameras, options)) return kBadInput;
     for (const std::string& path : options.inputs) {
         const auto input = readFile(path);
         if (!input) return kBadInput;
         evidence.read(*input);
-        inputs.push_back(*input);
     }
-    return traceWhole(options, std::move(evidence), inputs);
+    return traceWhole(options, std::move(evidence));
 }
 
 ExitStatus traceContent(const TraceOptions& options, StreamedInput& pieces, Evidence evidence) {
@@ -177,7 +175,7 @@ ExitStatus traceContent(const TraceOptions& options, StreamedInput& pieces, Evid
     report(problems);
     if (!input) return kBadInput;
     evidence.read(*input);
-    return traceWhole(options, std::move(evidence), {*input});
+    return traceWhole(options, std::move(evidence));
 }
 
 // A line is told as soon as it is whole; what waits for further lines, when none come for a while.
@@ -250,6 +248,7 @@ ExitStatus tellLines(const TraceOptions& options, StreamedInput& pieces, TraceCa
     stream.takeLines(pieces.text());
     stream.end(pieces.text());
     if (report.items() == 0) return nothingFound(inputName("-"));
+    report.sensorsOf(cameras);
     report.end();
     report.flush();
     return report.status();
@@ -267,11 +266,11 @@ ExitStatus traceStream(const TraceOptions& options) {
 }  // namespace
 
 ExitStatus trace(const TraceOptions& options) {
-    if (const auto wrong = beginPage(options.html, options.inputs)) return *wrong;
     std::vector<std::string> all = options.inputs;
     all.push_back(options.device);
+    if (const auto wrong = beginPage(options.html, all)) return *wrong;
     if (!areReadOnce(all)) return kUsage;
-    if (isOneOf(options.perfetto, options.inputs)) {
+    if (isOneOf(options.perfetto, all)) {
         complain(
             fmt::format("qzcam: {} is an input: expected another file for --perfetto", options.perfetto));
         return kUsage;

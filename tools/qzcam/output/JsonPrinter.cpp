@@ -173,7 +173,22 @@ Json jsonOf(const SummaryEvent& event) {
     return {{"event", "summary"}, {"met", event.met}, {"failed", event.failed}};
 }
 
-Json sensorJson(const Device& device) {
+// The static entries that areas and crops refer to.
+struct SensorEntry {
+    const char* member;
+    const char* tag;
+};
+
+constexpr SensorEntry kSensorEntries[] = {
+    {"activeArray", "android.sensor.info.activeArraySize"},
+    {"pixelArray", "android.sensor.info.pixelArraySize"},
+    {"maxDigitalZoom", "android.scaler.availableMaxDigitalZoom"},
+    {"subActiveArray", "com.ambrix.device.capabilities.qzSubActiveArraySize"},
+};
+
+}  // namespace
+
+nlohmann::ordered_json sensorJson(const Device& device) {
     const TagNames names(device.vendorTags);
     Json json = Json::object();
     for (const auto& [member, tag] : kSensorEntries) {
@@ -185,8 +200,6 @@ Json sensorJson(const Device& device) {
     }
     return json;
 }
-
-}  // namespace
 
 nlohmann::ordered_json jsonOf(const Offer& offer) {
     Json json{{"by", offer.source}};

@@ -32,18 +32,8 @@ class JsonPrinter : public Output {
 
 nlohmann::ordered_json jsonOf(const Offer& offer);
 
-// The static entries that areas and crops refer to.
-struct SensorEntry {
-    const char* member;  // its name in JSON
-    const char* tag;
-};
-
-constexpr SensorEntry kSensorEntries[] = {
-    {"activeArray", "android.sensor.info.activeArraySize"},
-    {"pixelArray", "android.sensor.info.pixelArraySize"},
-    {"maxDigitalZoom", "android.scaler.availableMaxDigitalZoom"},
-    {"subActiveArray", "com.ambrix.device.capabilities.qzSubActiveArraySize"},
-};
+// The static entries that areas and crops refer to, as far as the device has them.
+nlohmann::ordered_json sensorJson(const Device& device);
 
 // The elements of an entry; a rational as [numerator, denominator].
 nlohmann::ordered_json jsonOf(const Values& values);

@@ -118,7 +118,9 @@ std::string htmlPage(std::string_view title, const std::vector<PageData>& data) 
         page.append("<script type=\"application/json\" data-name=\"").append(each.name).append("\">\n");
         page += inScript(each.json) + "</script>\n";
     }
-    page.append("<script>\n'use strict';\n(() => {\n").append(lean(viewerScript())).append("})();\n</script>\n");
+    page.append("<script>\n'use strict';\n(() => {\n")
+        .append(lean(viewerScript()))
+        .append("})();\n</script>\n");
     return page + "</body>\n</html>\n";
 }
 
