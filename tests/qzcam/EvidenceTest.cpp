@@ -79,6 +79,18 @@ TEST(Arrays, AreFactsBehindTheEventsOfTheirSession) {
     }
 }
 
+// Lines keep their numbers where the dump has gone through a log.
+TEST(Arrays, OfALoggedDumpHaveTheirLines) {
+    const std::string dump = test::dumpOf(phone(11));
+    std::string log;
+    for (const std::string_view line : split(dump, '\n'))
+        log += fmt::format("03-05 10:11:12.345   812  2207 I Dump    : {}\n", line);
+    const auto plain = itemsOf(dump);
+    const auto logged = itemsOf(log);
+    ASSERT_EQ(logged.size(), plain.size());
+    for (size_t i = 0; i < plain.size(); ++i) EXPECT_EQ(logged[i].line, plain[i].line) << plain[i].tag;
+}
+
 // Two providers declare one name with different numbers and types: each camera's values are its own.
 TEST(Arrays, ProvidersAreNotMixedUp) {
     test::DumpPhone two = phone(14);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 // Tests the shell in a terminal, as a user sees it, and without one.
 #include "Tool.h"
+#include "support/DumpComposer.h"
 
 #include <pty.h>
 #include <sys/wait.h>
@@ -195,6 +196,19 @@ TEST_F(ShellTool, PlaysAScriptWithoutATerminal) {
         EXPECT_THAT(mOut, Not(HasSubstr("\033")));
         EXPECT_THAT(mErr, row.err.empty() ? HasSubstr("") : HasSubstr(row.err));
     }
+    // Questions about the shell's own device, about another input, and with the parameters as they are set.
+    const std::string running = file("running", test::dumpOf(test::samplePhone(11)));
+    const std::vector<std::string> onIt{"--device", running};
+    EXPECT_EQ(shell("show --array \"last request sent\"\n", onIt), kFine);
+    EXPECT_THAT(mOut, HasSubstr("com.ambrix.capture.metadata.iso"));
+    EXPECT_EQ(shell("show " + running + "\n"), kFine);
+    EXPECT_THAT(mOut, HasSubstr("com.example.camera"));
+    EXPECT_EQ(shell("open 0\nset iso=1600\ncompare\nset iso=50\ncompare --json " + running + "\n", onIt),
+              kFine);
+    EXPECT_THAT(mOut, HasSubstr("same"));
+    EXPECT_THAT(mOut, HasSubstr("\"comparison\": \"different\""));
+    EXPECT_EQ(shell("trace " + running + " --key iso\n"), kFine);
+    EXPECT_THAT(mOut, HasSubstr("last request sent"));
     EXPECT_EQ(shell("", {"--device", "-"}), kUsage);
     EXPECT_EQ(shell("open 0\nparams\n", {"--params", "iso=3200"}), kFine);
     EXPECT_THAT(mOut, HasSubstr("3200"));

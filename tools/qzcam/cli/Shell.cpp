@@ -162,23 +162,37 @@ void Shell::complain(const Problems& problems) {
     report(problems);
 }
 
+// Words that are neither options nor their values.
+size_t countInputs(const std::vector<std::string>& words) {
+    size_t count = 0;
+    for (size_t i = 1; i < words.size(); ++i) {
+        const bool isOption = words[i].size() > 1 && startsWith(words[i], "-");
+        if (!isOption) ++count;
+        const bool isFlag = words[i] == "--json" || words[i] == "--verbose" || words[i] == "--help";
+        if (isOption && !isFlag && words[i].find('=') == std::string::npos) ++i;
+    }
+    return count;
+}
+
 // The device of the shell, and the parameters as they are set now, unless the line says otherwise.
 std::vector<std::string> Shell::onThisDevice(std::vector<std::string> words) const {
     const auto says = [&](std::string_view option) {
         return std::any_of(words.begin(), words.end(),
                            [&](const std::string& word) { return startsWith(word, option); });
     };
-    const bool takesInput = words[0] == "trace" || words[0] == "compare" || words[0] == "record";
-    const bool isShow = words[0] == "show";
-    if (!takesInput && !isShow && !mDevice.empty() && !says("--device")) {
+    const bool isCompare = words[0] == "compare";
+    const bool takesInput = words[0] == "trace" || words[0] == "record" || words[0] == "show" || isCompare;
+    if (!takesInput && !mDevice.empty() && !says("--device")) {
         words.insert(words.end(), {"--device", mDevice});
         if (!mCamera.empty() && !says("--camera")) words.insert(words.end(), {"--camera", mCamera});
     }
-    const bool hasInput = words.size() > 1 && !startsWith(words[1], "-");
-    if (isShow && !hasInput && !mDevice.empty()) words.insert(words.begin() + 1, mDevice);
+    size_t inputs = countInputs(words);
+    const bool isOfDevice = (words[0] == "show" || isCompare) && inputs == 0 && !mDevice.empty();
+    if (isOfDevice) words.insert(words.begin() + 1, mDevice);
+    if (isOfDevice) ++inputs;
     const std::string set = mPlayer.flattened();
-    if (words[0] == "explain" && !set.empty() && !says("--params"))
-        words.insert(words.end(), {"--params", set});
+    const bool takesParameters = words[0] == "explain" || (isCompare && inputs == 1);
+    if (takesParameters && !set.empty() && !says("--params")) words.insert(words.end(), {"--params", set});
     return words;
 }
 

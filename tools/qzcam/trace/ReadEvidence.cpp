@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 // Takes the parts of an input that tell of a session.
+#include "input/LogPrefix.h"
 #include "trace/ArrayItems.h"
 #include "trace/LogItems.h"
 #include "trace/Timeline.h"
@@ -9,6 +10,7 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <iterator>
 #include <optional>
 
 namespace qzcam {
@@ -39,6 +41,19 @@ std::optional<std::string> whatIsTaken(const std::string& name, const std::vecto
     if (!logs.empty()) text += fmt::format("{}the log from line {}", text.empty() ? "" : ", ", logs);
     if (text.empty()) return std::nullopt;
     return name + ": " + text;
+}
+
+// A dump may have gone through a log. The text that is returned has to outlive the parts.
+std::string addLoggedDump(std::vector<Part>& parts) {
+    const auto isDump = [](const Part& part) { return part.kind == Part::Kind::Dump; };
+    if (std::any_of(parts.begin(), parts.end(), isDump)) return {};
+    for (auto part = parts.begin(); part != parts.end(); ++part) {
+        auto dump = part->kind == Part::Kind::Log ? dumpInLog(part->text) : std::nullopt;
+        if (!dump) continue;
+        parts.insert(std::next(part), {Part::Kind::Dump, {}, part->firstLine, {}, {}, 0});
+        return std::move(*dump);
+    }
+    return {};
 }
 
 }  // namespace
@@ -84,7 +99,11 @@ void Evidence::readLines(const Part& part, size_t input, const Report* report) {
 void Evidence::read(const InputText& input) {
     const size_t number = inputs.size();
     inputs.push_back(input.name);
-    const std::vector<Part> parts = partsOf(input.text);
+    std::vector<Part> parts = partsOf(input.text);
+    const std::string logged = addLoggedDump(parts);
+    for (Part& part : parts) {
+        if (part.kind == Part::Kind::Dump && !logged.empty()) part.text = logged;
+    }
     if (auto text = whatIsTaken(input.name, parts)) taken.push_back(std::move(*text));
     for (const Part& part : parts) {
         if (!isRead(part)) continue;
