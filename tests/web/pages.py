@@ -250,8 +250,9 @@ class Pages(unittest.TestCase):
         lines = [json.loads(line) for line in qzcam("trace", "examples/phone.log", "examples/phone.dumpsys", "--json").splitlines()]
         self.looks_well(path, "timeline", "trace")
         self.browser.open(path, "timeline")
-        refused = [row["key"] for row in lines if row.get("event") == "parameter" and row["refused"]["times"] > 0]
-        self.assertEqual(self.browser.texts(".findings .row:has(.bad) .name"), refused)
+        bad = [[row["key"], word] for row in lines if row.get("event") == "parameter" for kind, word in (("refused", "refused"), ("notOffered", "not offered")) if row[kind]["times"] > 0]
+        self.assertEqual(bad, [["iso", "refused"], ["iso", "not offered"]])
+        self.assertEqual([[name.split("=")[0], word] for name, word in zip(self.browser.texts(".findings .row:has(.bad) .name"), self.browser.texts(".findings .badge.bad"))], bad)
         items = [line for line in lines if "line" in line]
         entries = sum(line["event"] == "entry" for line in items)
         self.assertIn(f"{entries} entr{'y' if entries == 1 else 'ies'}", self.badges())
@@ -259,6 +260,8 @@ class Pages(unittest.TestCase):
             self.browser.click(f".findings .row:nth-child({index + 1})")
             line = int(re.search(r"Line(\d+)", self.browser.texts(".details .facts")[0]).group(1))
             self.assertIn(line, [item["line"] for item in items])
+        self.browser.click(".findings .row:nth-child(2)")
+        self.assertIn("iso=50not offered iso-mode-values: auto,100,200", self.browser.texts(".details")[0])
         self.browser.picture(f"{OUT}/trace-chosen.png")
 
     def rows(self, view):
@@ -284,9 +287,9 @@ class Pages(unittest.TestCase):
         left = sum(len(each["names"]) for each in show["left"])
         entries = [entry for array in arrays for entry in array["entries"]]
         self.assertEqual(self.counts(), {"Contents": "", "Findings": str(len(show["faults"]) + left), "Entries": str(len(entries)), "Vendor tags": str(show["vendorBlocks"][0]["tags"]),
-                                         "Properties": "2", "Log tags": str(len(show["log"]["tags"]))})
+                                         "Parameters": str(sum(each["count"] for each in show["parameters"])), "Properties": "2", "Log tags": str(len(show["log"]["tags"]))})
         self.assertIn("1 fault", self.badges())
-        self.assertEqual(self.browser.texts(".sheet tbody th"), ["0", f"Block in line {show['vendorBlocks'][0]['line']}", *[f"camera 0, {array['name']}" for array in show["arrays"]], "0"])
+        self.assertEqual(self.browser.texts(".sheet tbody th"), ["0", f"Block in line {show['vendorBlocks'][0]['line']}", *[f"camera 0, {array['name']}" for array in show["arrays"]], "0", show["parameters"][0]["where"]])
         # A link leads to the entries of its array; keys go through them.
         self.browser.run("[...document.querySelectorAll('.link-button')].find((link) => link.textContent.includes('last request sent')).click()")
         request = next(array for array in arrays if array["name"] == "last request sent")["entries"]
@@ -373,18 +376,24 @@ class Pages(unittest.TestCase):
         self.assertEqual(self.boxes("metering"), [[0, 0, 100, 100]])
         legend = dict(zip(self.browser.texts(".legend label"), self.browser.texts(".legend > li")))
         self.assertTrue(any(name.startswith("Faces") and "unknown" in text for name, text in legend.items()))
+        # The last request is listed whole: it has no zoom.
+        self.browser.run("document.querySelector('.slider input').focus()")
+        self.browser.keys("End")
+        self.assertIn("last request sent", self.browser.texts(".slider output")[0])
+        self.assertEqual(self.boxes("metering"), [[2000, 1500, 200, 150]])
+        self.assertIn("Crop by zoomnot in the last request sent", "".join(self.browser.texts(".legend > li")))
         self.browser.open(path, "parameters")
         rows = {row[0]: row[1:] for row in self.rows("browse")}
-        self.assertEqual(rows["iso"], ["refused 1, written 2", "refused"])
+        self.assertEqual(rows["iso"], ["refused 1, not offered 1, written 3, set 1", "refused"])
         self.assertEqual(rows["brightness"], [None, "never seen"])
 
     def test_trace_by_clock(self):
         """A log with the clock of the frames: the page says between which frames a parameter failed."""
         with open(f"{ROOT}/examples/phone.log", encoding="utf-8") as log, open(f"{OUT}/clock.log", "w", encoding="utf-8") as file:
-            file.write(re.sub(r"(?m)^03-05 10:11:12\.(\d+)", lambda match: f"   {81234.567890 + (int(match[1]) - 341) / 1000:.6f}", log.read()))
+            file.write(re.sub(r"(?m)^03-05 10:11:(\d+\.\d+)", lambda match: f"   {81234.567890 + float(match[1]) - 12.341:.6f}", log.read()))
         path = page("clock", "trace", f"{OUT}/clock.log", "examples/running.dumpsys")
         self.browser.open(path)
-        self.assertEqual(self.browser.texts(".findings .row .place"), ["between frames 1203 and 1204, line 4", "between frames 1203 and 1204, line 5"])
+        self.assertEqual(self.browser.texts(".findings .row .place"), ["between frames 1203 and 1204, line 4", "after frame 1204, line 9", "between frames 1203 and 1204, line 5"])
         self.assertIn("by time", self.browser.texts(".timeline select option"))
 
     def test_sensor_of_a_trace(self):
@@ -396,8 +405,12 @@ class Pages(unittest.TestCase):
         self.browser.open(page("zoom", "trace", source), "sensor")
         self.assertEqual((self.boxes("crop"), self.boxes("metering"), self.boxes("face")), ([[1000, 750, 2000, 1500]], [[2000, 1500, 100, 75]], []))
         self.browser.run("document.querySelector('.slider input').focus()")
-        self.browser.keys("End")
+        self.browser.keys("Right", "Right")
         self.assertEqual((self.boxes("crop"), self.boxes("metering"), self.boxes("face")), ([], [[2000, 1500, 200, 150]], [[100, 200, 200, 300]]))
+        # The result that the dump lists whole has no faces.
+        self.browser.keys("End")
+        self.assertEqual(self.boxes("face"), [])
+        self.assertIn("Facesnot in the latest received frame", "".join(self.browser.texts(".legend > li")))
 
     def test_paper(self):
         """Whole lists, no controls, nothing beside the sheet."""

@@ -66,8 +66,8 @@ function tagsView(blocks) {
 }
 
 function parametersView(lists) {
-    const rows = lists.flatMap((list, group) => list.parameters.map((each) => ({group, name: each.key, value: each.value, badge: each.cut ? ['warn', 'cut'] : undefined,
-        facts: () => [['Value', el('code', {}, each.value)], ['Cut', each.cut ? 'the text ends before the value does' : null], ['From', list.where], ['List', lineText(list.line)]]})));
+    const rows = lists.flatMap((list, group) => list.parameters.map((each) => ({group, name: each.key, value: each.value, line: each.line, badge: each.cut ? ['warn', 'cut'] : undefined,
+        facts: () => [['Value', el('code', {}, each.value)], ['Cut', each.cut ? 'the text ends before the value does' : null], ['From', list.where], ['Line', each.line], ['List', lineText(list.line)]]})));
     return new BrowseView({label: 'Parameters', many: ['parameter'], what: 'keys and values', rows, groups: lists.map((list, id) => ({id, label: list.where}))});
 }
 

@@ -41,8 +41,8 @@ function areaShape(crop, [left, top, right, bottom, weight]) {
 
 // Places on the sensor of one request and its result. What `isWhole` does not cover is unknown unless an entry states it.
 class Scene {
-    constructor({sensor, request, result, parameters, isWhole, isLibrarys}) {
-        Object.assign(this, {request, result, parameters, isWhole, isLibrarys});
+    constructor({sensor, request, result, parameters, isWhole, isLibrarys, wholes}) {
+        Object.assign(this, {request, result, parameters, isWhole, isLibrarys, wholes: wholes || {}});
         this.active = arrayOf((sensor || {}).activeArray) || arrayOf((sensor || {}).pixelArray);
         this.sub = arrayOf((sensor || {}).subActiveArray);
         this.isDescribed = sensor !== undefined;
@@ -62,12 +62,20 @@ class Scene {
 
     lacks(name) {
         const entry = this.entry(name);
-        return entry ? Boolean(entry.gone) : this.isWhole;
+        return entry ? Boolean(entry.gone) : this.isWhole || Boolean(this.wholeWithout(name, 'request'));
+    }
+
+    // A request or result that is listed whole, and does not have the entry.
+    wholeWithout(name, side) {
+        const whole = this.wholes[side];
+        return whole && !whole.tags.some((tag) => endsWithName(tag, name)) ? whole : null;
     }
 
     // Why an entry is not drawn.
     absence(names, list) {
         const entry = names.map((name) => this.entry(name, list)).find(Boolean);
+        const whole = entry ? null : this.wholeWithout(names[0], list ? 'result' : 'request');
+        if (whole) return `not in the ${whole.text}, line ${whole.line}`;
         if (!entry) return this.isWhole ? 'not there' : 'unknown: nothing states it up to here';
         if (entry.refused) return `the update was refused in line ${entry.line}`;
         if (entry.gone) return `not there since line ${entry.line}`;

@@ -54,8 +54,10 @@ class TraceScenes {
     }
 
     title(number) {
-        const {data, session} = this.places[number];
-        const parts = [data.frame === undefined ? null : `frame ${data.frame}`, data.camera ? `camera ${data.camera}` : null, `line ${data.line} of ${session}`];
+        const item = this.places[number];
+        const {data, session} = item;
+        const array = item.array === undefined ? null : this.events.all[item.array].data.text;
+        const parts = [array, data.frame === undefined ? null : `frame ${data.frame}`, data.camera ? `camera ${data.camera}` : null, `line ${data.line} of ${session}`];
         return `Place ${number + 1} of ${this.count}: ${parts.filter(Boolean).join(', ')}`;
     }
 
@@ -63,17 +65,29 @@ class TraceScenes {
     scene(number) {
         const last = this.places[number];
         const sides = {request: new Map(), result: new Map()};
+        const wholes = {};
         for (const item of this.places.length ? this.events.all.slice(0, last.index + 1) : []) {
             const {kind, data} = item;
-            if (item.group !== last.group || data.camera !== last.data.camera || !data.tag || !['entry', 'told', 'refused'].includes(kind)) continue;
+            if (item.group !== last.group || data.camera !== last.data.camera) continue;
             const side = sides[data.of === 'result' ? 'result' : 'request'];
+            if (isWholeArray(item)) {
+                wholes[kind] = data;
+                for (const tag of side.keys()) if (!data.tags.includes(tag)) side.delete(tag);
+            }
+            if (!data.tag || !['entry', 'told', 'refused'].includes(kind)) continue;
             side.set(data.tag, {tag: data.tag, values: kind === 'refused' || data.removed ? null : statedValues(data), gone: data.removed, refused: kind === 'refused', line: data.line});
         }
-        return new Scene({sensor: this.sensors[last.data.camera], request: [...sides.request.values()], result: [...sides.result.values()], parameters: new Map(), isWhole: false});
+        return new Scene({sensor: this.sensors[last.data.camera], request: [...sides.request.values()], result: [...sides.result.values()], parameters: new Map(), isWhole: false, wholes});
     }
 }
 
-const isOnePlace = (one, other) => one.data.frame !== undefined && one.data.frame === other.data.frame && one.group === other.group && one.data.camera === other.data.camera;
+function isOnePlace(one, other) {
+    if (one.group !== other.group || one.data.camera !== other.data.camera) return false;
+    return other.array !== undefined ? one.array === other.array : one.array === undefined && one.data.frame !== undefined && one.data.frame === other.data.frame;
+}
+
+// A request or result of a dump that lists all its entries.
+const isWholeArray = ({kind, data}) => ['request', 'result'].includes(kind) && data.tags !== undefined && !/missing/.test(data.cause || '');
 
 // Null for values that the lines state in part.
 function statedValues(data) {

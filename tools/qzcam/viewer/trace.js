@@ -1,7 +1,17 @@
 // SPDX-License-Identifier: Apache-2.0
 // The events of a phone for the timeline: facts from logs and dumps instead of the events of a session.
 
+// Counts of the table by parameter that are findings, worst first.
+const TRACE_FAULTS = {refused: ['bad', 'refused'], overflows: ['bad', 'overflows'], notOffered: ['bad', 'not offered'], undeclared: ['warn', 'tag not declared'], gated: ['warn', 'left out']};
 const TRACE_TONES = {refused: 'bad', undeclared: 'warn', gated: 'warn', lost: 'warn', told: 'good'};
+
+const verdictOf = (item, key) => (item.data.verdicts || []).find((each) => each.key === key);
+
+// The text that the application set, if the line has it.
+function parameterText(item, key) {
+    const field = item.kind === 'message' ? undefined : (item.data.fields || []).find((each) => each.name === key);
+    return field ? field.value : undefined;
+}
 
 // Milliseconds of a clock. A date has no year, and only differences count.
 function clockTime(time) {
@@ -32,9 +42,11 @@ class TraceEvents {
     // An item of no frame of its own comes after the frame before it in its group.
     add(data) {
         const last = this.all[this.all.length - 1];
+        if (data.tags) this.array = {index: this.all.length, text: data.text};
+        const isOfArray = data.event === 'entry' && this.array && (data.cause || '').endsWith(this.array.text);
         const before = last && last.group === this.groups.length ? last : null;
         this.all.push({index: this.all.length, kind: data.event, data, line: data.line, moment: this.all.length, session: this.inputs[data.input] || '', group: this.groups.length,
-            frame: data.frame === undefined ? (before ? before.frame : undefined) : data.frame, hasFrame: data.frame !== undefined, request: 0, isTrace: true,
+            frame: data.frame === undefined ? (before ? before.frame : undefined) : data.frame, hasFrame: data.frame !== undefined, request: 0, isTrace: true, array: isOfArray ? this.array.index : undefined,
             time: this.hasClock ? clockTime(data.time) : undefined});
     }
 
@@ -53,14 +65,21 @@ class TraceEvents {
 
     // The table by parameter: what did not arrive.
     find(row) {
-        for (const [kind, word] of [['refused', 'refused'], ['undeclared', 'tag not declared'], ['gated', 'left out']]) {
+        for (const [kind, [tone, what]] of Object.entries(TRACE_FAULTS)) {
             const count = row[kind];
             if (!count || count.times === 0) continue;
-            const item = this.all.find((each) => each.kind === kind && (each.data.keys || []).includes(row.key)) || this.all.find((each) => count.lines.includes(each.line));
+            const item = this.all.find((each) => this.isAbout(each, kind, row.key)) || this.all.find((each) => count.lines.includes(each.line));
             if (!item) continue;
-            const why = kind === 'refused' ? refusedText(row, item.data, this.writtenType(item)) : item.data.cause || '';
-            this.findings.push({tone: TRACE_TONES[kind], item, what: word, name: row.key, why, key: row.key, times: count.times, unit: 'lines'});
+            const verdict = verdictOf(item, row.key);
+            const text = verdict ? verdict.value : parameterText(item, row.key);
+            const why = kind === 'refused' ? refusedText(row, item.data, this.writtenType(item)) : verdict ? verdict.reason : item.data.cause || '';
+            this.findings.push({tone, item, what, name: text === undefined ? row.key : `${row.key}=${text}`, why, key: row.key, times: count.times, unit: 'lines'});
         }
+    }
+
+    isAbout(item, kind, key) {
+        if (kind === 'overflows' || kind === 'notOffered') return (item.data.verdicts || []).some((each) => each.key === key && each.verdict === (kind === 'overflows' ? kind : 'not-offered'));
+        return item.kind === kind && (item.data.keys || []).includes(key);
     }
 
     // The platform's line before a refusal names the type that was to be written.
@@ -70,10 +89,13 @@ class TraceEvents {
         return match ? match[1] : '';
     }
 
+    // Lines with a value that the device does not offer.
+    notOffered() { return this.all.filter((item) => (item.data.verdicts || []).some((each) => each.verdict === 'not-offered')).length; }
+
     badges() {
         const of = (kind) => this.all.filter((item) => item.kind === kind).length;
         return [badge('plain', counted(of('entry'), 'entry', 'entries')), badge('plain', counted(of('message'), 'message')),
-            of('refused') ? badge('bad', `${of('refused').toLocaleString('en')} refused`) : null, of('undeclared') ? badge('warn', `${of('undeclared').toLocaleString('en')} not declared`) : null].filter(Boolean);
+            of('refused') ? badge('bad', `${of('refused').toLocaleString('en')} refused`) : null, this.notOffered() ? badge('bad', `${this.notOffered().toLocaleString('en')} not offered`) : null, of('undeclared') ? badge('warn', `${of('undeclared').toLocaleString('en')} not declared`) : null].filter(Boolean);
     }
 
     // Fills the lanes in the place of those of a session. Another group begins with nothing.
@@ -87,8 +109,9 @@ class TraceEvents {
         if (data.tag && ['entry', 'told', 'refused'].includes(kind)) lanes.lane(side, data.tag, shortName(data.tag)).push(item.index, kind === 'refused' ? `refused: ${text}` : text, kind === 'entry' ? side : tone);
         for (const key of kind === 'entry' ? [] : data.keys || []) {
             const lane = lanes.lane('parameter', key, key);
+            const value = parameterText(item, key);
             lane.marks = true;
-            lane.push(item.index, kind === 'told' ? `${text}` : kind, tone === side ? 'info' : tone);
+            lane.push(item.index, value !== undefined ? value : kind === 'told' ? `${text}` : kind, verdictOf(item, key) ? 'bad' : tone === side ? 'info' : tone);
         }
         if (kind === 'message') lanes.mark('messages', item, data.message, data.derived ? 'plain' : 'info');
         else if (['request', 'result', 'list', 'parameters'].includes(kind)) lanes.mark('commands', item, data.text || kind, 'info');
@@ -128,7 +151,8 @@ function traceFacts(item) {
     return facts([['Input', item.session], ['Line', item.line], ['Time', data.time ? data.time.text : null], ['Frame', item.hasFrame ? data.frame : frameText(item) || 'unknown: no frame number belongs to this line'], ['Camera', data.camera], ['Client', data.client],
         ['Tag', data.tag ? el('code', {}, data.tag) : null], ['Value', data.value === null ? 'unknown' : data.value], ['Parameters', (data.keys || []).join(', ')], ['Status', data.status],
         ['Declared', data.declared], ['Message', data.message], ['Fields', (data.fields || []).map((field) => `${field.name} ${field.value}`).join(', ')],
-        ['Known from', data.derived ? 'the results: no line states it' : null], ['Text', data.text ? el('code', {}, data.text) : null], ['Cause', data.cause], ['Times', data.times > 1 ? data.times : null]]);
+        ['Known from', data.derived ? 'the results: no line states it' : null], ['Text', data.text ? el('code', {}, data.text) : null], ['Cause', data.cause],
+        ...(data.verdicts || []).map((row) => [`${row.key}=${row.value}`, el('span', {}, badge(verdictTone(row.verdict), verdictWord(row.verdict)), ` ${row.reason || ''}`)]), ['Times', data.times > 1 ? data.times : null]]);
 }
 
 function refusedText(row, {tag, value}, written) {
@@ -148,9 +172,9 @@ function traceText({kind, data}) {
 
 // The outcome of each parameter, and the parameters that no line names.
 function fatesView(events) {
-    const words = {refused: ['bad', 'refused'], undeclared: ['warn', 'undeclared'], gated: ['warn', 'left out'], written: ['good', 'written'], told: ['good', 'told'], set: ['info', 'set']};
+    const words = {refused: ['bad', 'refused'], overflows: ['bad', 'overflows'], notOffered: ['bad', 'not offered'], undeclared: ['warn', 'undeclared'], gated: ['warn', 'left out'], written: ['good', 'written'], told: ['good', 'told'], set: ['info', 'set']};
     const rows = events.parameters.map((row) => {
-        const fates = Object.keys(words).filter((fate) => row[fate].times > 0);
+        const fates = Object.keys(words).filter((fate) => row[fate] && row[fate].times > 0);
         const lines = (fate) => `${counted(row[fate].times, 'line')}: ${row[fate].lines.slice(0, 40).join(', ')}${row[fate].lines.length > 40 ? ' ...' : ''}`;
         return {group: 0, name: row.key, badge: words[fates[0]] || ['plain', 'named'], value: fates.map((fate) => `${words[fate][1]} ${row[fate].times}`).join(', '),
             facts: () => [...fates.map((fate) => [words[fate][1], lines(fate)]), ['Status', row.statuses.join(', ')], ['Declared', [row.declared].flat().join(', ')]]};
