@@ -28,7 +28,7 @@ using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::Not;
 
-// A session, and what a phone leaves of it.
+// A session, and the log and events that a phone writes for it.
 struct Recorded {
     explicit Recorded(std::string_view session, std::string dump = std::string(builtInDevice()))
         : deviceText(std::move(dump)) {
@@ -47,7 +47,7 @@ struct Recorded {
         }
     }
 
-    // The platform of a phone says this before.
+    // The platform of a phone logs this line before.
     static test::PhoneLine mistyped(test::PhoneLine line) {
         line.nanoseconds -= 1;
         line.tag = "Camera2-Metadata";
@@ -111,7 +111,7 @@ std::vector<std::string> entriesOf(const std::vector<TraceItem>& items) {
     return entries;
 }
 
-// The same from the player, in the same words.
+// Returns the same facts from the player, in the same words.
 void addEntries(std::vector<std::string>& all, int64_t frame, const char* side,
                 const std::vector<EntryRow>& entries) {
     for (const EntryRow& entry : entries) {
@@ -163,13 +163,13 @@ TEST(Trace, BuiltInSessionIsToldFromABugReport) {
     }
 }
 
-// Each fact without its line and time.
+// Returns each fact without its line and time.
 std::set<std::string> factsOf(const std::vector<TraceItem>& items, bool withSide) {
     std::set<std::string> facts;
     for (const TraceItem& item : items) {
         const bool isFact = item.kind == TraceItem::Kind::Entry || item.kind == TraceItem::Kind::Refused ||
                             item.kind == TraceItem::Kind::Told || item.kind == TraceItem::Kind::Gated;
-        // The name of a number may stand in a line that is missing.
+        // The name of a number may be in a line that is missing.
         if (!isFact || startsWith(item.tag, "0x")) continue;
         const bool sideCounts = withSide && item.side != TraceItem::Side::Unknown;
         facts.insert(fmt::format("{} {} {} {}", nameOf(item.kind), sideCounts ? nameOf(item.side) : "",
@@ -212,7 +212,8 @@ TEST(Trace, DamagedLogTellsNothingUntrue) {
     }
 }
 
-// Frames that no line ties to the log are told by themselves; the clock of the phone's start ties both.
+// Without a common clock or frame numbers, log and frames are shown one after the other. The clock of the
+// phone's start puts them in one order.
 TEST(Trace, LogAndFramesAreTiedByClockOrFrameNumber) {
     const Recorded recorded(
         "open 0\nset iso=1600;qz-mmi-afc-mode=on\nrequest\nresult focusVcmValue=3\nset iso=50\nrequest\n");
@@ -308,7 +309,7 @@ TEST_F(TraceTool, PrintsColumnsAndFiltersThem) {
     EXPECT_GT(lines("entry"), 2U);
     EXPECT_EQ(tool({"trace", path, "--frames", "5..1"}), kUsage);
     EXPECT_EQ(tool({"trace", file("empty", "nothing here\n")}), kBadInput);
-    EXPECT_THAT(mErr, HasSubstr("nothing in it tells of a camera session"));
+    EXPECT_THAT(mErr, HasSubstr("no camera session found"));
 }
 
 TEST_F(TraceTool, StandardInputIsToldAsItComes) {

@@ -66,7 +66,7 @@ void leaveNoOldReport(const std::vector<std::string>& words) {
     if (!isOneOf(path, inputs)) JUnitFile(path).begin();
 }
 
-// The texts of --help and --version are written like any other output.
+// Writes the texts of --help and --version like any other output.
 ExitStatus answer(const CLI::App& app, const CLI::ParseError& error, const std::vector<std::string>& words) {
     std::ostringstream out;
     std::ostringstream err;
@@ -80,17 +80,17 @@ ExitStatus answer(const CLI::App& app, const CLI::ParseError& error, const std::
 }  // namespace
 
 int runTool(int argc, const char* const* argv) {
-    CLI::App app{"Runs the camera library on a desk: plays sessions, and checks and compares devices.",
+    CLI::App app{"Runs the camera library on a Linux machine: plays sessions, checks and compares devices.",
                  "qzcam"};
     app.set_version_flag("--version", "qzcam " QZCAM_VERSION);
     app.require_subcommand(0, 1);
     app.footer(
         "Without a command: run, with the built-in session on the built-in device.\n\n"
         "Exit status: 0 fine, 1 an expectation or a check failed, 2 wrong usage, 3 a bad input file.\n"
-        "Inputs are known by their content: text in UTF-8, UTF-16 or Latin-1, gzip, zip. They end within 1024 MiB,\n"
-        "unpacked too; what is packed unpacks to at most 64 MiB or 500 times its size, and is packed at most 4\n"
-        "times over. A pipe may be silent for 60 seconds.\n"
-        "Environment: NO_COLOR switches colours off, XDG_STATE_HOME is where the shell keeps its history.");
+        "Inputs are recognised by their content: text in UTF-8, UTF-16 or Latin-1, gzip, zip. An input has at most\n"
+        "1024 MiB, also after unpacking. A packed input has after unpacking at most 64 MiB or 500 times its size,\n"
+        "and at most 4 layers of packing. A pipe may send no data for at most 60 seconds.\n"
+        "Environment: NO_COLOR switches colours off, XDG_STATE_HOME is the folder for the shell's history.");
     Action action;
     addCommands(app, action);
     for (CLI::App* command : app.get_subcommands([](CLI::App*) { return true; })) refuseEmpty(*command);

@@ -50,7 +50,7 @@ const MetadataArray* choose(const std::vector<const MetadataArray*>& arrays, con
     return nullptr;
 }
 
-// The session and the parameters that are played, and their name.
+// The session and the parameters that are played, and the name of both.
 struct Script {
     Session session;
     std::vector<Parameter> parameters;
@@ -66,7 +66,7 @@ std::optional<Script> sessionScript(const CompareOptions& options, std::vector<P
     return report(problems) ? std::optional(std::move(script)) : std::nullopt;
 }
 
-// A request with the parameters of the option, or with the best ones that the input has.
+// Returns a request with the parameters of the option, or with the best ones of the input.
 std::optional<Script> parameterScript(const CompareOptions& options, const InputText& input,
                                       std::vector<Parameter> parameters) {
     Problems none("");

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// `qzcam compare`: what a phone sent beside what the library would send.
+// `qzcam compare`: compares a phone's request or result with the library's.
 #pragma once
 
 #include "cli/Cli.h"

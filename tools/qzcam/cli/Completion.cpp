@@ -31,13 +31,13 @@ Suggestions among(const Names& names, size_t begin, std::string_view typed, cons
     Suggestions suggestions{begin, {}, after};
     for (auto name = names.lower_bound(std::string(typed)); name != names.end(); ++name) {
         if (!startsWith(*name, typed)) break;
-        if (visible(*name) != *name) continue;  // the terminal cannot take it
+        if (visible(*name) != *name) continue;  // a terminal cannot show it
         suggestions.texts.push_back(*name);
     }
     return suggestions;
 }
 
-// "a, b or c", as messages list words.
+// Returns the words of "a, b or c", a list as in messages.
 Names wordsIn(std::string_view list) {
     Names words;
     while (!trimmed(list).empty()) {
@@ -105,7 +105,7 @@ Completion::Completion(const Device& device, const std::vector<CommandForm>& mor
     }
 }
 
-// One that the application sets.
+// Adds a key that the application sets.
 void Completion::addKey(const std::string& key) {
     mValues[key];
     mKeyNames.insert(key);
@@ -118,7 +118,7 @@ void Completion::addValue(const std::string& key, const std::string& value) {
     if (!value.empty() && isNew) values.push_back(value);
 }
 
-// A value that is in no vocabulary, such as a number, keeps the order of the device.
+// Values that no vocabulary contains, such as numbers, keep the order of the device.
 void Completion::learnOffers(const Offers& offers) {
     for (auto& [key, values] : mValues) {
         const Ordered listed = listedValues(offers, key);
@@ -241,7 +241,7 @@ Suggestions Completion::tagAssignment(const Place& place) const {
                      place.typed.substr(equals + 1));
 }
 
-// Only the last of a list is completed.
+// Completes only the last element of a list.
 Suggestions Completion::tagValues(const std::string& tag, size_t begin, std::string_view typed) const {
     const auto found = mTagNames.resolve(tag);
     if (std::holds_alternative<std::string>(found)) return {};
@@ -254,7 +254,7 @@ Suggestions Completion::tagValues(const std::string& tag, size_t begin, std::str
     return among(names, begin + last, typed.substr(last), "");
 }
 
-// Names of a device are completed without their section, and with it once the user begins to type a section.
+// Tags are completed without their section, or with it if the user has begun to type a section.
 Completion::Names Completion::tags(std::string_view typed) const {
     Names names = mShortTags;
     if (!typed.empty()) names.insert(mFullTags.begin(), mFullTags.end());

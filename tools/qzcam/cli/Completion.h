@@ -31,19 +31,19 @@ struct CommandForm {
 
 class Completion {
   public:
-    // `more`: commands beside those of the session language.
+    // `more`: commands in addition to those of the session language.
     Completion(const Device& device, const std::vector<CommandForm>& more);
 
     // Adds the keys, words, commands and properties of the library.
     void learnRows();
 
-    // Puts the values that lists of the device offer for a parameter before all others.
+    // Moves the values that the device offers for a parameter before all others.
     void learnOffers(const Offers& offers);
 
-    // Keys that are published, and the values that published lists give for others.
+    // Adds keys that are published, and values for other keys from published lists.
     void learn(const Event& event);
 
-    // For the end of the line.
+    // Returns the suggestions for the end of the line.
     Suggestions at(std::string_view line) const;
 
   private:
@@ -68,8 +68,8 @@ class Completion {
     std::map<std::string, std::string> mForms;  // commands and their arguments
     Names mCommands;
     using Ordered = std::vector<std::string>;
-    std::map<std::string, Ordered> mValues;  // by the keys that the application sets
-    Names mKeyNames;                         // these, and those that are published
+    std::map<std::string, Ordered> mValues;  // values of each key that the application sets
+    Names mKeyNames;                         // keys that are set or published
     Names mCommandNumbers;
     Names mProperties;
 };

@@ -79,21 +79,21 @@ Properties readProperties(const std::string& path, Problems& problems) {
     return found;
 }
 
-// False when there is nothing of them to work with.
+// Returns false if there are no usable properties.
 bool setProperties(const SetupPaths& paths, const InputText& device, bool& whole) {
     const bool isGiven = !paths.properties.empty();
     Problems problems(isGiven ? inputName(paths.properties) : device.name);
     const Properties properties =
         isGiven ? readProperties(paths.properties, problems) : propertiesOf(partsOf(device.text), problems);
-    // Read-only properties of a device may be longer than the library's interface to them; none that matters
-    // here is.
+    // Read-only properties of a device may be longer than the library's interface allows; the library reads
+    // none of these.
     for (const auto& [name, value] : properties) setProperty(name, value);
     const bool good = report(problems);
     whole = whole && good;
     return good || !properties.empty() || !isGiven;
 }
 
-// Parameters that the option itself holds, or a file of nothing else.
+// Reads parameters from the option itself, or from a file that contains only parameters.
 ParameterText plainParameters(const InputText& input, Problems& problems) {
     return parseParameters(input.text, problems);
 }

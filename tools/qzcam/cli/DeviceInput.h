@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// The device that a command works on, with the system properties and the parameters that go with it.
+// The device of a command, with its system properties and parameters.
 #pragma once
 
 #include "device/Cameras.h"
@@ -18,7 +18,7 @@ namespace qzcam {
 // The camera of a dump. The readable part of a broken dump is used.
 struct DeviceInput {
     Device device;
-    bool whole = false;  // all of the dump was understood
+    bool whole = false;  // the complete dump was understood
     InputText text;      // the report points into it
     std::shared_ptr<const Report> report;
     // For sessions that open several cameras. Null if the user chose one, or none has a number.
@@ -28,42 +28,43 @@ struct DeviceInput {
 // Parts of a dump that a command needs.
 enum class Wants { Camera, VendorTags };
 
-// Prints a message and returns nothing if there is nothing that the command needs. The text may be a dump, a
-// bugreport, or a log that the dump was written to.
+// Prints a message and returns nothing if the parts that the command needs are missing. The text may be a
+// dump, a bugreport, or a log that contains the dump.
 std::optional<DeviceInput> readDevice(const InputText& dump, const std::string& camera,
                                       Wants wants = Wants::Camera);
 std::optional<DeviceInput> readDevice(const std::string& path, const std::string& camera,
                                       Wants wants = Wants::Camera);
 
-// Another camera of the same dump. Prints the damage of its entries, and faults that the input's camera does
-// not have.
+// Another camera of the same dump. otherCamera() prints the damage of its entries, and faults that the camera
+// of `input` does not have.
 struct OtherCamera {
     Device device;
     bool whole = false;
 };
 OtherCamera otherCamera(const DeviceInput& input, const std::string& camera);
 
-// Tells in a line which parts of a bugreport are used; nothing for a text that is all one.
+// Prints a line with the used parts of a bugreport; prints nothing for an input with a single part.
 void tellWhatIsUsed(const InputText& input, bool properties);
 
-// Everything that a session plays with.
+// All inputs of a session.
 struct Setup {
     DeviceInput input;
     std::vector<Parameter> parameters;
-    bool whole = true;  // no input had anything that could not be used
+    bool whole = true;  // no input is damaged
 };
 
 struct SetupPaths {
     std::string device;      // empty: the built-in one
     std::string camera;      // empty: the first one
     std::string properties;  // empty: those of the report that the device is from, if any
-    std::string parameters;  // themselves, or a file that has them
+    std::string parameters;  // the parameters themselves, or a file with them
 };
 
-// Reads it all and sets the system properties. Nothing, and a message, when there is nothing to work with.
+// Reads all inputs and sets the system properties. Prints a message and returns nothing if an input is
+// unusable.
 std::optional<Setup> readSetup(const SetupPaths& paths);
 
-// The same for a device that has been read.
+// Does the same for a device that has already been read.
 std::optional<Setup> readSetup(const InputText& device, const SetupPaths& paths);
 
 }  // namespace qzcam

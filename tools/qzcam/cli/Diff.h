@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// `qzcam diff`: two devices, or two sessions, side by side.
+// `qzcam diff`: compares two devices, or two sessions.
 #pragma once
 
 #include "cli/Cli.h"
@@ -15,7 +15,7 @@ constexpr const char* kSessions = "sessions";
 
 struct DiffOptions {
     std::string a;        // "-": standard input
-    std::string b;        // likewise; empty: what is built in
+    std::string b;        // likewise; empty: the built-in one
     std::string as;       // empty: determined by their content
     std::string session;  // session for two devices; empty: the built-in one
     std::string device;   // device for two sessions; empty: the built-in one

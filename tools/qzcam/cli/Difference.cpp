@@ -18,7 +18,7 @@ Fact factOf(uint32_t tag, const Values& values) {
     return {fmt::format("{} {}", typeAndCount(values), toText(values, tag)), values};
 }
 
-// `name` shows, if at all, in messages about the text.
+// `name` appears only in messages about the text.
 Session sessionOf(std::string_view text) {
     Problems problems("qzcam");
     return parseSession(text, "qzcam", problems);

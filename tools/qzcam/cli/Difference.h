@@ -14,10 +14,10 @@
 
 namespace qzcam {
 
-// Something that has a name: a type, a parameter's text, or the values of an entry.
+// A fact with a name: a type, a parameter's text, or the values of an entry.
 struct Fact {
     std::string text;
-    std::optional<Values> values = std::nullopt;  // when `text` shows them
+    std::optional<Values> values = std::nullopt;  // set if `text` shows them
 };
 using Facts = std::map<std::string, Fact>;
 
@@ -35,7 +35,7 @@ struct Portrait {
     std::vector<Request> requests;
 };
 
-// The device, what it publishes, and the requests of the session.
+// Returns the device, its published parameters, and the requests of the session.
 Portrait portraitOf(const Device& device, const Session& session);
 
 // Returns the parameters at the end of the session, and its requests.
@@ -49,7 +49,7 @@ struct Difference {
 
 struct Comparison {
     std::string title;
-    size_t compared;  // names of either side
+    size_t compared;  // number of names on both sides together
     std::vector<Difference> differences;
     Facts alike = {};
 };
@@ -66,7 +66,7 @@ struct DiffReport {
     Comparison tags;
     Comparison capabilities;
     Comparison parameters;
-    std::vector<RequestComparison> requests;  // those that differ
+    std::vector<RequestComparison> requests;  // only requests that differ
     size_t comparedRequests;
 
     bool empty() const;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Differences for people and for programs.
+// Prints differences for people and for programs.
 #include "cli/Difference.h"
 #include "output/JsonPrinter.h"
 
@@ -74,7 +74,7 @@ std::string headOf(const Comparison& comparison) {
                        comparison.compared);
 }
 
-// Side by side where that fits, otherwise one below the other.
+// Prints both sides side by side if the line is wide enough, otherwise one below the other.
 std::string table(const std::vector<Difference>& rows) {
     const size_t name = widest(rows, kWidestName, nameOf);
     const size_t a = widest(rows, kWidestFact, [](const Difference& row) { return textOf(row.a); });

@@ -111,7 +111,7 @@ void LineEditor::bindKeys() {
     el_set(
         mEdit, EL_ADDFN, "qzcam-suspend", "Stop until the shell continues the program",
         +[](editline*, int) -> unsigned char {
-            raise(SIGTSTP);  // libedit gives the terminal back, and takes it again afterwards
+            raise(SIGTSTP);  // libedit resets the terminal, and sets it up again afterwards
             return CC_NORM;
         });
     el_set(mEdit, EL_SETTY, "-d", "-isig", nullptr);

@@ -19,14 +19,15 @@ class LineEditor {
   public:
     using Complete = std::function<Suggestions(const std::string& line)>;
 
-    // Reads standard input and writes the line to `out`. The history is stored in a file. If that fails, it
-    // is lost at the end of the editor.
+    // Reads standard input and writes the line to `out`. The history is stored in a file. If the file cannot
+    // be written, the history is lost when the editor ends.
     LineEditor(std::FILE* out, std::string prompt, Complete complete, std::string historyFile);
     ~LineEditor();
     LineEditor(const LineEditor&) = delete;
     LineEditor& operator=(const LineEditor&) = delete;
 
-    // The next line without its end; nothing at the end of input. A line that the user drops is none.
+    // Returns the next line without its end, or nothing at the end of input. Continues after a line that the
+    // user drops.
     std::optional<std::string> line();
 
   private:
@@ -42,12 +43,12 @@ class LineEditor {
     Complete mComplete;
     std::string mHistoryFile;
     history* mHistory;
-    void (*mInterrupt)(int);  // earlier handler: during the editor's lifetime Ctrl-C ends at most a line
+    void (*mInterrupt)(int);  // the earlier handler: while the editor exists, Ctrl-C only drops a line
     editline* mEdit;
     bool mDropped = false;
 };
 
-// Below XDG_STATE_HOME or ~/.local/state; empty when neither is known.
+// Returns a path below XDG_STATE_HOME or ~/.local/state, or an empty text if neither is known.
 std::string historyFile();
 
 }  // namespace qzcam

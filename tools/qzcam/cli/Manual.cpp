@@ -21,7 +21,7 @@ namespace qzcam {
 
 namespace {
 
-// Text that roff prints as it is.
+// Escapes a text so that roff prints it unchanged.
 std::string escaped(std::string_view text) {
     std::string roff;
     if (startsWith(text, ".") || startsWith(text, "'")) roff = "\\&";
@@ -45,7 +45,7 @@ std::string escaped(std::string_view text) {
     return roff;
 }
 
-// An argument of a macro.
+// Quotes an argument of a macro.
 std::string argument(std::string_view text) {
     std::string roff = "\"";
     for (const char c : escaped(text)) roff += c == '"' ? std::string("\\(dq") : std::string(1, c);
@@ -58,11 +58,11 @@ std::string item(const std::string& bold, const std::string& plain, const std::s
     return fmt::format(".TP\n{}{}\n", term, escaped(text));
 }
 
-// Lines that belong together are filled, indented ones are left as they are. A heading opens a paragraph.
+// Joins the lines of a paragraph; indented lines stay separate. A heading begins a paragraph.
 std::string paragraphs(std::string_view text, bool afterHeading) {
     std::string roff;
-    bool isOpen = afterHeading;  // a paragraph
-    bool isVerbatim = false;     // lines of one
+    bool isOpen = afterHeading;  // a paragraph is open
+    bool isVerbatim = false;     // the open paragraph has indented lines
     Lines lines(text);
     for (std::string_view line; lines.next(line);) {
         const bool indented = startsWith(line, " ");
@@ -138,26 +138,24 @@ struct Example {
 };
 
 constexpr const char* kSessionIntroduction =
-    "A session is a text that says what an application, a camera service and a camera pipeline do, a command "
-    "a line. Expectations among its commands make it a test.\n";
+    "A session is a text with the actions of an application, a camera service and a camera pipeline, one "
+    "command on each line. A session with expectations is a test.\n";
 
 constexpr Example kExamples[] = {
     {"Which of the library's tags does a phone declare, and with the right types?",
      "adb shell dumpsys media.camera > phone.txt\nqzcam check --device phone.txt"},
     {"Why does a parameter not reach the HAL?", "qzcam explain zsl-mode --device phone.txt"},
-    {"Is a value one that the device offers?",
-     "qzcam explain iso --params iso=50 --device phone.txt --strict"},
+    {"Does the device offer a value?", "qzcam explain iso --params iso=50 --device phone.txt --strict"},
     {"Play a session as a test, with a report for a build server.",
      "qzcam run --strict --junit report.xml --device phone.txt session.qzs"},
-    {"Does the request of a phone have what the library would send?",
-     "qzcam compare bugreport.zip session.qzs"},
-    {"Write what the phone did as a session, and play it.",
+    {"Does the request of a phone equal the library's?", "qzcam compare bugreport.zip session.qzs"},
+    {"Write a session from a bugreport, and play it.",
      "qzcam record bugreport.zip -o recorded.qzs\nqzcam run recorded.qzs --device bugreport.zip"},
     {"Try it at a prompt.", "qzcam shell --device phone.txt"},
 };
 
 constexpr Example kSessionExamples[] = {
-    {"One parameter on its way, there and back.",
+    {"A parameter in a request, and a value in a result.",
      "open 0\nset iso=1600\nrequest\nexpect-entry iso 7\nexpect-verdict iso written\n"
      "result focusVcmValue=318\nsendcommand 202\nexpect-status 318"},
 };

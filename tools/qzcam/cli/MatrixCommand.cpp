@@ -21,7 +21,7 @@ namespace qzcam {
 
 namespace {
 
-// At a terminal only.
+// Shows the progress at a terminal only.
 void showProgress(size_t finished, size_t all) {
     if (isatty(STDERR_FILENO) != 1) return;
     if (finished < all) {

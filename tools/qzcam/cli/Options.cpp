@@ -27,12 +27,12 @@ namespace {
 constexpr const char* kExitStatus =
     "\nExit status: 0 fine, 1 an expectation failed, 2 wrong usage, 3 a bad input file.";
 
-// For each command that plays.
+// Adds the options of each command that plays a session.
 void addPlayOptions(CLI::App& app, RunOptions& options, const char* orInput) {
     addDevice(app, options.device, options.camera, orInput);
     addProperties(app, options.properties);
     app.add_option("--params", options.parameters,
-                   "Parameters set after each 'open': key=value;key=value, or a file that has them: a "
+                   "Parameters set after each 'open': key=value;key=value, or a file with them: a "
                    "dump, a log, a bugreport")
         ->type_name("TEXT|FILE");
     app.add_option(
@@ -50,8 +50,7 @@ void addPlayOptions(CLI::App& app, RunOptions& options, const char* orInput) {
 }
 
 constexpr const char* kStrict =
-    "Fail for values that the device does not offer, for numbers that do not fit, and for anything in the inputs "
-    "that cannot be used";
+    "Fail with status 1 for values that the device does not offer and for numbers that do not fit. ";
 
 void addRun(CLI::App& app, RunOptions& options) {
     app.add_option("SESSION", options.sessions,
@@ -83,8 +82,8 @@ void addShell(CLI::App& app, Action& action) {
         "Reads a line, plays it, and shows the result. At a terminal lines can be edited: Tab completes "
         "commands,\n"
         "keys, values and tags, and Ctrl-C drops the line. The history is kept in\n"
-        "$XDG_STATE_HOME/qzcam/history (~/.local/state/qzcam/history). Without a terminal lines are read as\n"
-        "they are. A wrong line gets a message and is skipped.\n\n" +
+        "$XDG_STATE_HOME/qzcam/history (~/.local/state/qzcam/history). Without a terminal there is no editing.\n"
+        "For a wrong line the shell prints a message and continues with the next one.\n\n" +
         sessionHelp() + "\n" + shellHelp() +
         "\nExit status: 0 fine; without a terminal also 1 an expectation failed, 3 a line was wrong. 2 wrong "
         "usage.");
@@ -117,7 +116,7 @@ void addDiff(CLI::App& app, Action& action) {
         "of a session on each. For two sessions: the parameters at their ends, and the requests one by one.\n"
         "Expectations are ignored, and so are tags that the device does not declare. Only differences are\n"
         "shown; '-' means absent.\n"
-        "\nExit status: 0 nothing differs, 1 something does, 2 wrong usage, 3 a bad input file.");
+        "\nExit status: 0 no difference, 1 a difference, 2 wrong usage, 3 a bad input file.");
 }
 
 void addParams(CLI::App& app, Action& action) {
@@ -140,33 +139,34 @@ void addExplain(CLI::App& app, Action& action) {
     addDevice(app, options->device, options->camera);
     addProperties(app, options->properties);
     app.add_option("--params", options->parameters,
-                   "Parameters that are set, KEY and others: key=value;key=value, or a file of them")
+                   "Parameters that are set, KEY and others: key=value;key=value, or a file with them")
         ->type_name("TEXT|FILE");
     addStrict(app, options->strict, kStrict);
     app.footer(
         "Shows the setter that reads the parameter, its values, its tag and the tag's declaration on the "
         "device,\nits conditions, and the values that the device publishes.\n"
-        "\nExit status: 0 fine, 1 with --strict for a value that is not offered or does not fit, 2 wrong usage, or no setter reads KEY; 3 a bad input file.");
+        "\nExit status: 0 fine, 1 with --strict for a value that is not offered or does not fit; 2 wrong usage, "
+        "or no setter\nreads KEY; 3 a bad input file.");
 }
 
 }  // namespace
 
 void addCommands(CLI::App& app, Action& action) {
     const auto options = std::make_shared<RunOptions>();
-    action = [options] { return run(*options); };  // also without a command
+    action = [options] { return run(*options); };  // this is also the action without a command
     addRun(*app.add_subcommand("run", "Play a session"), *options);
     addShell(*app.add_subcommand("shell", "Type a session and see the result of each line"), action);
     addDiff(*app.add_subcommand("diff", "Show how two devices or two sessions differ"), action);
     addCheck(*app.add_subcommand("check", "Check a device's tags against the library"), action);
     addMatrix(*app.add_subcommand("matrix", "Check many devices at once"), action);
-    addShow(*app.add_subcommand("show", "List what a dump, a bugreport or a log holds"), action);
+    addShow(*app.add_subcommand("show", "List the contents of a dump, a bugreport or a log"), action);
     addParams(*app.add_subcommand("params", "Explain the application's parameters"), action);
     addExplain(*app.add_subcommand("explain", "Show how a device handles one parameter"), action);
-    addCompare(*app.add_subcommand("compare", "Compare what a phone sent with what the library would send"),
+    addCompare(*app.add_subcommand("compare", "Compare a phone's request or result with the library's"),
                action);
-    addRecord(*app.add_subcommand("record", "Write what a phone did as a session"), action);
+    addRecord(*app.add_subcommand("record", "Write a session from a phone's dump or log"), action);
     addCompletion(*app.add_subcommand("completion", "Print the completion of a shell"), action);
-    addTrace(*app.add_subcommand("trace", "Tell what a phone did, from its logs and dumps"), action);
+    addTrace(*app.add_subcommand("trace", "Show what a phone did, from its logs and dumps"), action);
     addManual(*app.add_subcommand("manual", "Print the manual page"), action);
 }
 

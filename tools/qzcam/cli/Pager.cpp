@@ -45,7 +45,7 @@ std::string outputOf(const std::function<void()>& action) {
     std::FILE* file = std::tmpfile();
     const int before = dup(STDOUT_FILENO);
     if (file == nullptr || before < 0 || dup2(fileno(file), STDOUT_FILENO) < 0) {
-        action();  // at least it is printed
+        action();  // the text is at least printed
         return {};
     }
     action();

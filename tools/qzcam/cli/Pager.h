@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Answers at the shell's prompt: a long one goes through $PAGER.
+// Shows long answers at the shell's prompt with $PAGER.
 #pragma once
 
 #include <functional>
@@ -10,7 +10,7 @@ namespace qzcam {
 // Returns true if standard input and output are a terminal and $PAGER is set.
 bool hasPager();
 
-// Returns the standard output of the action.
+// Runs the action and returns its standard output.
 std::string outputOf(const std::function<void()>& action);
 
 // Prints the text, through $PAGER if it is set and the text has more lines than the terminal.

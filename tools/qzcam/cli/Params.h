@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// `qzcam params`: prints the reference, or the part of one name.
+// `qzcam params`: prints the reference, or the facts of one name.
 #pragma once
 
 #include "cli/Cli.h"
@@ -10,7 +10,7 @@ namespace qzcam {
 
 struct ParamsOptions {
     std::string name;
-    std::string device;  // with `camera`: none of them, no device
+    std::string device;  // empty, and `camera` empty: no device
     std::string camera;
     bool json = false;
     bool markdown = false;

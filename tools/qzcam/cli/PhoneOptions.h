@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// The options of the commands that read what a phone left: dumps, bugreports, logs.
+// The options of the commands that read files of a phone: dumps, bugreports, logs.
 #pragma once
 
 #include "cli/Cli.h"

@@ -14,7 +14,7 @@ class Camera;
 
 struct QuerySpec {
     const char* name;
-    const char* argument;  // null when it takes none
+    const char* argument;  // null if it takes none
     const char* help;
     std::string (*ask)(Camera& camera, const std::string& argument);
 };
@@ -24,7 +24,7 @@ const std::vector<QuerySpec>& querySpecs();
 // Returns the expected form for a command whose first `words` words are a query; empty if it is correct.
 std::string wrongWithQuery(const Command& command, size_t words);
 
-// The answer to a command's query; its words have been checked.
+// Returns the answer to a command's query. The words of the command have been checked.
 std::string askQuery(Camera& camera, const Command& command);
 
 }  // namespace qzcam

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// `qzcam record`: writes what a phone did as a session.
+// `qzcam record`: writes a session from a phone's dump or log.
 #pragma once
 
 #include "cli/Cli.h"

@@ -130,7 +130,7 @@ void Runner::begin(const Session& session) {
     mPage->print(SessionEvent{session.file});
 }
 
-// For the files beside the output.
+// Calls the outputs that write files.
 void Runner::record(const Event& event) {
     mJUnit.add(event);
     if (!mOptions.perfetto.empty()) mPerfetto.add(event);

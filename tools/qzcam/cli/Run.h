@@ -15,14 +15,14 @@ struct RunOptions {
     std::string device;                 // likewise
     std::string camera;                 // empty: the first one
     std::string properties;
-    std::string parameters;  // set after each `open`: themselves, or a file of them
-    std::string log;         // a LogFilter's; empty: warnings in a text, every line in JSON
+    std::string parameters;  // set after each `open`: the parameters themselves, or a file with them
+    std::string log;         // a LogFilter; empty: warnings as text, every line as JSON
     std::string junit;       // the file; empty: none
     std::string perfetto;    // the file; empty: none
     std::string html;        // likewise
     bool json = false;
-    bool verbose = false;  // name what of the dump is not used
-    bool strict = false;   // values must be offered, and inputs whole
+    bool verbose = false;  // list the unused parts of the dump
+    bool strict = false;   // fail for values that are not offered and for damaged inputs
     bool monitor = false;
 };
 

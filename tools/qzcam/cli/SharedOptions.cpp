@@ -17,12 +17,13 @@ void addDevice(CLI::App& app, std::string& device, std::string& camera, const ch
 }
 
 void addStrict(CLI::App& app, bool& strict, const std::string& more) {
-    app.add_flag("--strict", strict,
-                 more + "Exit with 3 when an input is damaged; otherwise what can be read of it is used");
+    app.add_flag(
+        "--strict", strict,
+        more + "Exit with status 3 if an input is damaged. Without this option its readable part is used");
 }
 
 void addVerbose(CLI::App& app, bool& verbose) {
-    app.add_flag("--verbose", verbose, "Name what of the dump is not used, each with its line");
+    app.add_flag("--verbose", verbose, "List the parts of the dump that are not used, with their lines");
 }
 
 void addProperties(CLI::App& app, std::string& properties) {
@@ -34,10 +35,8 @@ void addProperties(CLI::App& app, std::string& properties) {
 }
 
 void addHtml(CLI::App& app, std::string& html) {
-    app.add_option(
-           "--html", html,
-           "Write a page to this file too: everything in one HTML file, drawn in any browser, without "
-           "a network")
+    app.add_option("--html", html,
+                   "Also write a page to this file: one HTML file that any browser shows without a network")
         ->type_name("FILE");
 }
 

@@ -33,7 +33,7 @@ namespace {
 
 constexpr size_t kLongestLine = size_t{1} << 20U;
 
-// Lines without a terminal; one that does not end comes as far as the limit.
+// Reads a line without a terminal. A line that is too long is cut at the limit.
 std::optional<std::string> plainLine() {
     std::string line;
     int c = 0;
@@ -59,14 +59,14 @@ class Shell {
 
   private:
     std::optional<std::string> nextLine();
-    bool take(const std::string& line);  // false to leave
+    bool take(const std::string& line);  // false: leave the shell
     void play(const std::string& line);
     std::vector<std::string> onThisDevice(std::vector<std::string> words) const;
     void answer(const std::vector<std::string>& words);
     void hear(const Event& event);
     void complain(const Problems& problems);
 
-    std::string mDevice;  // as the command line names it
+    std::string mDevice;  // the path of the command line
     std::string mCamera;
     bool mAtTerminal;
     Printer mPrinter;
@@ -77,8 +77,8 @@ class Shell {
     std::string mSource;
     std::unique_ptr<LineEditor> mEditor;
     size_t mLine = 0;
-    bool mWrong = false;    // a line was
-    bool mLeaving = false;  // after the last line
+    bool mWrong = false;    // a line was wrong
+    bool mLeaving = false;  // the last line has been read
 };
 
 std::vector<CommandForm> shellForms() {
@@ -162,7 +162,7 @@ void Shell::complain(const Problems& problems) {
     report(problems);
 }
 
-// Words that are neither options nor their values.
+// Returns the number of words that are neither options nor their values.
 size_t countInputs(const std::vector<std::string>& words) {
     size_t count = 0;
     for (size_t i = 1; i < words.size(); ++i) {
@@ -174,7 +174,7 @@ size_t countInputs(const std::vector<std::string>& words) {
     return count;
 }
 
-// The device of the shell, and the parameters as they are set now, unless the line says otherwise.
+// Adds the device and the present parameters of the shell to a command, unless its words set them.
 std::vector<std::string> Shell::onThisDevice(std::vector<std::string> words) const {
     const auto says = [&](std::string_view option) {
         return std::any_of(words.begin(), words.end(),
@@ -196,7 +196,7 @@ std::vector<std::string> Shell::onThisDevice(std::vector<std::string> words) con
     return words;
 }
 
-// A command of the tool like any other, which leaves the vendor tags and the properties as they are.
+// Runs a command of the tool. The vendor tags and properties of the shell are restored afterwards.
 void Shell::answer(const std::vector<std::string>& words) {
     const VendorTagsInPlace tags;
     const PropertiesInPlace properties;

@@ -69,19 +69,18 @@ std::string noHelp(const std::string& word) {
 const std::vector<ShellCommand>& shellCommands() {
     static const std::vector<ShellCommand> commands{
         {"check", "[OPTIONS]", "check this device against the library", true},
-        {"explain", "KEY [OPTIONS]", "show what happens to a parameter on this device, as it is set now",
-         true},
+        {"explain", "KEY [OPTIONS]", "show how this device handles a parameter with its present value", true},
         {"params", "NAME", "show the reference of one name; without a name, all parameters that are set",
          true},
-        {"show", "[INPUT] [OPTIONS]", "show what the dump of this device, or another input, holds", true},
-        {"trace", "INPUT... [OPTIONS]", "tell what a phone did, from its logs and dumps", true},
+        {"show", "[INPUT] [OPTIONS]", "show the contents of this device's dump, or of another input", true},
+        {"trace", "INPUT... [OPTIONS]", "show what a phone did, from its logs and dumps", true},
         {"compare", "[INPUT] [SESSION]",
-         "compare what a phone sent with what the library would send: of a session, or as it is set now",
+         "compare a phone's request or result with the library's: of a session, or of the present parameters",
          true},
-        {"record", "INPUT -o SESSION", "write what a phone did as a session", true},
+        {"record", "INPUT -o SESSION", "write a session from a phone's dump or log", true},
         {"help", "[WORD]", "list the commands, or explain a command, question, verdict or name", false},
         {"quit", "", "leave, as Ctrl-D does", false},
-        {"exit", "", "likewise", false},
+        {"exit", "", "leave, like 'quit'", false},
     };
     return commands;
 }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Words at the shell's prompt beside the session language: other commands of the tool, and help.
+// Commands at the shell's prompt in addition to the session language: other commands of the tool, and help.
 #pragma once
 
 #include <string>
@@ -12,7 +12,7 @@ struct ShellCommand {
     const char* name;
     const char* arguments;
     const char* help;
-    bool isOfTool;  // a command of the command line, on the shell's device
+    bool isOfTool;  // a command of the tool, which runs on the shell's device
 };
 
 const std::vector<ShellCommand>& shellCommands();

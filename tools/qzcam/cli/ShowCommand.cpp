@@ -40,7 +40,7 @@ bool drawPage(const Contents& contents, const ShowOptions& options, const std::v
     return finishPage(options.html, fmt::format("qzcam show: {}", contents.input.name), data);
 }
 
-// Everything, down to the values of each entry.
+// Collects everything, including the values of each entry.
 bool drawContents(const Contents& contents, const ShowOptions& options) {
     if (options.html.empty()) return true;
     const auto arrays = arraysNamed(contents, "", options.camera);

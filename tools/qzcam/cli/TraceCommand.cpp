@@ -25,7 +25,7 @@ namespace qzcam {
 
 namespace {
 
-// Facts go to the output and into the table, as far as the filter shows them.
+// Passes the facts that the filter selects to the output and to the table.
 class TraceReport {
   public:
     explicit TraceReport(const TraceOptions& options, bool isLive = false) : mOptions(options) {
@@ -110,11 +110,11 @@ class TraceReport {
 };
 
 ExitStatus nothingFound(const std::string& name) {
-    complain(fmt::format(
-        "{}: nothing in it tells of a camera session: expected lines of the library ('adb logcat'), "
-        "events of the tag monitor ('adb shell dumpsys media.camera -m ...', 'cmd media.camera "
-        "watch'), or a bug report with them",
-        name));
+    complain(
+        fmt::format("{}: no camera session found: expected lines of the library ('adb logcat'), "
+                    "events of the tag monitor ('adb shell dumpsys media.camera -m ...', 'cmd media.camera "
+                    "watch'), or a bug report with them",
+                    name));
     return kBadInput;
 }
 
@@ -178,7 +178,7 @@ ExitStatus traceContent(const TraceOptions& options, StreamedInput& pieces, Evid
     return traceWhole(options, std::move(evidence));
 }
 
-// A line is told as soon as it is whole; what waits for further lines, when none come for a while.
+// Prints each line as soon as it is complete. A line that may continue is printed after a pause.
 class Stream {
   public:
     Stream(TraceReport& report, const TraceOptions& options, TraceCameras& cameras)

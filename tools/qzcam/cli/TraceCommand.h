@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Tells what a phone did: `qzcam trace`.
+// `qzcam trace`: shows what a phone did.
 #pragma once
 
 #include "cli/Cli.h"

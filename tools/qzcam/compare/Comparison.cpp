@@ -36,7 +36,7 @@ const std::set<std::string>& writtenTags() {
     return tags;
 }
 
-// Keys whose values go into the entry.
+// Returns the keys whose values go into the entry.
 std::vector<std::string> keysOf(const std::string& tag) {
     std::vector<std::string> keys;
     for (const qz::Parameter& row : qz::kParameters) {
@@ -51,7 +51,7 @@ std::vector<std::string> keysOf(const std::string& tag) {
     return keys;
 }
 
-// A dump prints eight decimals.
+// Compares with eight decimals, as in a dump.
 template <typename T>
 bool sameDecimals(const Values& a, const Values& b, size_t count) {
     for (size_t i = 0; i < count; ++i) {
@@ -75,7 +75,7 @@ bool sameValues(const EntryValues& there, const Values& here) {
     return std::equal(shown.bytes.begin(), shown.bytes.end(), here.bytes.begin());
 }
 
-// The phone's entry with the name that its device gives it.
+// An entry of the phone, with the name that its device declares.
 struct There {
     std::string tag;
     const ArrayEntry* entry;
@@ -169,7 +169,7 @@ void Comparer::addHere(std::vector<ComparedEntry>& rows) const {
     }
 }
 
-// Tells the verdicts on the parameters that write the entry.
+// Returns the first verdict about the parameters of the entry that is not "written".
 std::string Comparer::fateOf(const std::string& tag) const {
     for (const std::string& key : keysOf(tag)) {
         const VerdictRow* verdict = verdictOn(key);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Compares the entries that a phone sent with those that the library would send.
+// Compares the entries of a phone's request or result with those of the library.
 #pragma once
 
 #include "device/Device.h"
@@ -13,7 +13,7 @@
 
 namespace qzcam {
 
-// The last request that the library made of a session or of parameters, and the result before the end.
+// The last request that the library made from a session or from parameters, and the last result.
 struct LibrarySide {
     std::vector<EntryRow> request;
     std::vector<VerdictRow> verdicts;
@@ -31,28 +31,28 @@ struct ComparedEntry {
     std::string here;
     std::optional<Values> thereValues;
     std::optional<Values> hereValues;
-    bool cut = false;         // the dump shows the phone's first values only
+    bool cut = false;         // the dump shows only the first values of the phone
     bool isLibrarys = false;  // the library may write it
-    Texts parameters;         // parameters behind the entry of this side
+    Texts parameters;         // parameters that this side's entry is made from
     std::string reason;
 };
 
 const char* nameOf(ComparedEntry::Kind kind);  // "only there"
 
 struct ArrayComparison {
-    std::vector<ComparedEntry> entries;  // those that differ first, and the library's before all others
+    std::vector<ComparedEntry>
+        entries;  // entries that differ first, and entries of the library before all others
 
     size_t count(ComparedEntry::Kind kind) const;
-    // Entries of others say nothing about the library.
+    // Ignores entries that the library never writes.
     bool differs() const;
 };
 
-// The arrays of a request or a result that the report has for a camera, in the order in which one of them is
-// chosen without a name.
+// Returns the requests and results in the report for a camera. The first one is the default.
 std::vector<const MetadataArray*> comparableArrays(const Report& report, std::string_view camera);
 bool isResult(const MetadataArray& array);
 
-// A frame that was received is compared with the session's result, or with the request if it has none.
+// Compares a received frame with the session's result, or with the request if there is no result.
 ArrayComparison compareArray(const MetadataArray& array, const Device& device, const LibrarySide& library);
 
 }  // namespace qzcam

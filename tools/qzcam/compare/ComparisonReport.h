@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// A comparison as text and as JSON.
+// Prints a comparison as text and as JSON.
 #pragma once
 
 #include "compare/Comparison.h"

@@ -118,7 +118,7 @@ void Baseline::addBroken(std::vector<MatrixChange>& changes, const MatrixColumn&
     }
 }
 
-// An input that can no longer be used is reported.
+// Reports an input that can no longer be used.
 void Baseline::addGone(std::vector<MatrixChange>& changes, const Matrix& matrix) const {
     std::set<std::pair<std::string, std::string>> present;
     std::set<std::string> broken;

@@ -27,14 +27,14 @@ struct MatrixChange {
 };
 const char* nameOf(MatrixChange::Kind kind);
 
-// Cameras are found again by the name of their input and their number, whatever the version of their
-// provider.
+// An earlier matrix. A camera is identified by the name of its input and its number, and not by the version
+// of its provider.
 class Baseline {
   public:
     // Reads the output of `qzcam matrix --json`. Reports a problem and returns nothing for anything else.
     static std::optional<Baseline> read(std::string_view text, Problems& problems);
 
-    // Worse ones first, then what is gone.
+    // Returns the changes: worse tags first, then missing ones.
     std::vector<MatrixChange> changesTo(const Matrix& matrix) const;
 
   private:

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Many devices side by side: a column for each camera of each input, a row for each tag that the library
+// The checks of many devices: a column for each camera of each input, a row for each tag that the library
 // looks up.
 #pragma once
 
@@ -19,7 +19,7 @@ struct MatrixRow {
     std::string use;
 };
 
-// The same for all matrices, by feature.
+// Returns the rows, by feature. They are the same for all matrices.
 const std::vector<MatrixRow>& matrixRows();
 
 struct MatrixCell {
@@ -32,7 +32,7 @@ struct MatrixColumn {
     std::string camera;
     size_t vendorTags = 0;
     std::vector<MatrixCell> cells;  // cells of all rows; none for an input that cannot be used
-    std::string error;              // the reason in that case
+    std::string error;              // the reason why the input cannot be used; otherwise empty
     std::vector<std::string> messages;
 
     bool isUsable() const { return error.empty(); }
@@ -50,7 +50,7 @@ struct FeatureCell {
 };
 FeatureCell featureCell(const MatrixColumn& column, qz::Feature feature);
 
-// Features that have rows, worst first over all columns.
+// Returns the features that have rows, the worst over all columns first.
 std::vector<qz::Feature> featuresOf(const Matrix& matrix);
 
 // An input, and its name in the matrix.
@@ -59,9 +59,9 @@ struct MatrixInput {
     std::string name;
 };
 
-// Files, and those in folders and the folders below, by name; files whose name begins with a dot are left
-// out. A name is the file's within the folder that was given, or its last part, as long as it is the only
-// one. Folders without files are problems.
+// Returns the files of the paths, and the files in folders and the folders below them, sorted by name. Files
+// whose names begin with a dot are left out. The name of an input is its path within the given folder, or its
+// last part if no other input has this name. A folder without files is reported as a problem.
 std::vector<MatrixInput> matrixInputs(const std::vector<std::string>& paths, Problems& problems);
 
 // Reads the inputs on all cores, each in its own process. `progress` receives the number of finished inputs.

@@ -42,7 +42,7 @@ std::vector<MatrixInput> filesBelow(const fs::path& folder) {
     return files;
 }
 
-// Columns of a baseline are found again by their names.
+// Names must be distinct, because the columns of a baseline are identified by them.
 void makeNamesDistinct(std::vector<MatrixInput>& inputs) {
     std::map<std::string, size_t> uses;
     for (const MatrixInput& input : inputs) ++uses[input.name];
@@ -68,7 +68,7 @@ std::string reasonOf(const TagCheck& check) {
     return "declared " + check.declared + ", expected " + expected + ": " + check.problem;
 }
 
-// Rows that a check leaves out are standard entries without a fault.
+// A check leaves out standard entries without a fault: their rows stay fine.
 json columnOf(const Device& device) {
     json cells(matrixRows().size(), json::array({static_cast<int>(TagVerdict::Fine), ""}));
     for (const TagCheck& check : checkDevice(device).tags) {
@@ -101,7 +101,7 @@ std::vector<std::string> distinctLines(const std::string& text) {
     return distinct;
 }
 
-// The first message, without the name that the column has already.
+// Returns the first message, without the name of the input, which the column already has.
 std::string reasonIn(const std::vector<std::string>& messages, const MatrixInput& input) {
     if (messages.empty()) return "no camera in it";
     const std::string name = inputName(input.path) + ": ";

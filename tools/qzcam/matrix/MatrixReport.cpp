@@ -22,7 +22,7 @@ std::string columnName(const MatrixColumn& column) {
     return column.isUsable() ? fmt::format("{}, camera {}", column.input, column.camera) : column.input;
 }
 
-// "mistyped: declared int32, expected byte: the update fails (-38)"
+// Returns a text such as "mistyped: declared int32, expected byte: the update fails (-38)".
 std::string cellText(const MatrixCell& cell) {
     return cell.what.empty() ? nameOf(cell.verdict) : fmt::format("{}: {}", nameOf(cell.verdict), cell.what);
 }

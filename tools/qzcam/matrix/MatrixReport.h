@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// A matrix for people, spreadsheets and programs.
+// Prints a matrix for people, spreadsheets and programs.
 #pragma once
 
 #include "matrix/Baseline.h"
@@ -17,15 +17,15 @@ constexpr int kMatrixVersion = 1;
 struct MatrixView {
     const Matrix& matrix;
     bool byTag;  // a row for each tag; otherwise for each feature
-    const std::optional<std::vector<MatrixChange>>& changes;  // since the baseline
+    const std::optional<std::vector<MatrixChange>>& changes;  // changes since the baseline
 };
 
 std::string matrixText(const MatrixView& view, bool colour);
 
-// RFC 4180. With a baseline the changes are the lines, without one the rows of the matrix.
+// Prints CSV as in RFC 4180: the changes if there is a baseline, otherwise the rows of the matrix.
 std::string matrixCsv(const MatrixView& view);
 
-// Features and tags.
+// Prints features and tags.
 std::string matrixJson(const MatrixView& view);
 
 }  // namespace qzcam

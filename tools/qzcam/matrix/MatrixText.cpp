@@ -13,10 +13,10 @@ namespace {
 constexpr size_t kColumnsABlock = 12;
 constexpr int kCellWidth = 6;
 
-// Worst first, like TagVerdict.
+// The letters of TagVerdict, in its order.
 constexpr char kMarks[] = "TFDm-.";
 
-// Contents of one row of the text.
+// One row of the text.
 struct TextRow {
     std::string title;
     std::vector<std::string> cells;  // cells of all columns
@@ -77,7 +77,7 @@ void addCell(TextRow& row, const MatrixColumn& column, size_t matrixRow, const s
     row.isFine = false;
 }
 
-// "2T": the number of the feature's tags with its worst verdict.
+// Returns the number of the feature's tags with its worst verdict, such as "2T".
 TextRow MatrixText::featureRow(qz::Feature feature) const {
     TextRow row;
     row.title = qz::kFeatureNames[static_cast<size_t>(feature)];

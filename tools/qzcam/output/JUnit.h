@@ -28,13 +28,13 @@ class JUnit {
     std::vector<Suite> mSuites;
 };
 
-// The report file of a run. During the run it holds a report that says "not finished", so that an old report
-// is never mistaken for one of this run, however the run ends.
+// The report file of a run. During the run the file contains a report that says "not finished", so that an
+// old report is never mistaken for the report of this run, even if the run crashes.
 class JUnitFile {
   public:
     explicit JUnitFile(std::string path) : mPath(std::move(path)) {}  // empty: none
 
-    // False, and a message, when the file cannot be written.
+    // Return false and print a message if the file cannot be written.
     bool begin() const;
     bool finish(const JUnit& report) const;
 

@@ -98,7 +98,7 @@ Json jsonOf(const VerdictRow& row) {
     return json;
 }
 
-// Fields in their order; elements of a list have no name.
+// Prints fields in their order. The fields of an element of a list have no names.
 Json jsonOf(const Message::Field& field) {
     Json json{{"value", field.value}};
     if (!field.name.empty()) json["name"] = field.name;

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
-// Events for programs: one JSON object a line.
+// Prints events for programs: one JSON object on each line.
 //
-// The first line says {"format": "qzcam-events", "version": N}. Within a version members may be added, and
-// events too; a member that goes or changes its meaning makes another version.
+// The first line is {"format": "qzcam-events", "version": N}. Members and events may be added within a
+// version. If a member is removed or changes its meaning, the version changes.
 #pragma once
 
 #include "base/Output.h"
@@ -32,10 +32,10 @@ class JsonPrinter : public Output {
 
 nlohmann::ordered_json jsonOf(const Offer& offer);
 
-// The static entries that areas and crops refer to, as far as the device has them.
+// Returns the static entries that define the coordinates of areas and crops; only those of the device.
 nlohmann::ordered_json sensorJson(const Device& device);
 
-// The elements of an entry; a rational as [numerator, denominator].
+// Returns the elements of an entry; a rational is [numerator, denominator].
 nlohmann::ordered_json jsonOf(const Values& values);
 
 }  // namespace qzcam

@@ -44,7 +44,7 @@ class Perfetto::SessionTracks {
     void show(const RequestEvent& event);
     void show(const VerdictsEvent& event);
     void show(const ResultEvent& event);
-    void show(const ParamsEvent&) {}  // values that other events have set
+    void show(const ParamsEvent&) {}  // values set by other events
     void show(const PublishEvent& event);
     void show(const CallbackEvent& event);
     void show(const LogEvent& event);
@@ -163,7 +163,8 @@ void Perfetto::SessionTracks::show(const VerdictsEvent& event) {
     mParameters.keepOnly(mNow, keys);
 }
 
-// A request repeats until the next: a frame begins with its request, or with the end of the frame before.
+// A request repeats until the next one. So a frame begins with its request, or with the end of the previous
+// frame.
 void Perfetto::SessionTracks::show(const ResultEvent& event) {
     mEvents.begin(mFrames, mFrameBegin, fmt::format("frame {}", event.frame));
     mEvents.end(mFrames, mNow);

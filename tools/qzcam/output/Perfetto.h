@@ -29,7 +29,7 @@ class Perfetto {
     // The first event of a session is its SessionEvent.
     void add(const Event& event);
 
-    // Returns the whole file, and ends what is still going on.
+    // Ends open slices and returns the whole file.
     std::string finish();
 
   private:

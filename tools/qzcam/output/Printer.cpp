@@ -66,14 +66,14 @@ size_t widest(const Rows& rows, Text text) {
     return width;
 }
 
-// A value of any length, cut.
+// Returns a parameter with its value, which is cut if it is long.
 std::string assignment(const std::string& key, const std::string& value) {
     return key + "=" + cut(value, kWidestValue);
 }
 
 std::string fieldsOf(const Message& message) {
     std::string text;
-    bool inList = false;  // elements without a name follow each other without their separator
+    bool inList = false;  // elements without a name follow the previous one directly
     for (const auto& [name, value] : message.fields) {
         const char* gap = text.empty() ? "" : inList && name.empty() ? "," : "  ";
         text += name.empty() ? fmt::format("{}{}", gap, value) : fmt::format("{}{}={}", gap, name, value);
@@ -157,7 +157,7 @@ void Printer::show(const RequestEvent& event) {
     }
 }
 
-// "  <- iso=1600"
+// Returns the end of an entry's line: "  <- iso=1600".
 std::string Printer::originOf(const EntryRow& row) const {
     if (row.from.empty()) return {};
     std::string origin = "<-";
@@ -165,7 +165,7 @@ std::string Printer::originOf(const EntryRow& row) const {
     return "  " + styled(kDim, origin);
 }
 
-// Written parameters are only counted. Of the others, new ones are shown.
+// Written parameters are only counted. Of the others, only new ones are shown.
 void Printer::show(const VerdictsEvent& event) {
     if (event.rows.empty()) return;
     std::map<Verdict, size_t> counts;
@@ -249,7 +249,7 @@ void Printer::show(const CallbackEvent& event) {
     line("      " + styled(kCyan, "> ") + text);
 }
 
-// Lines that only repeat the one before are counted.
+// Counts lines that only repeat the previous one.
 void Printer::show(const LogEvent& event) {
     if (!mFilter.shows(event)) return;
     if (event.priority == mLastLog.priority && event.tag == mLastLog.tag && event.text == mLastLog.text) {
@@ -258,7 +258,7 @@ void Printer::show(const LogEvent& event) {
     }
     endRepeats();
     mLastLog = event;
-    // Further lines of a message stand below its first one.
+    // Prints further lines of a message below its first one.
     const std::string head = fmt::format("      {} {}: ", logLetter(event.priority), event.tag);
     std::string text = head;
     for (const char c : event.text.substr(0, event.text.find_last_not_of('\n') + 1)) {
@@ -274,7 +274,7 @@ void Printer::endRepeats() {
     mLastLog = {0, {}, {}};
 }
 
-// Success is not printed, except for commands, whose status is their answer.
+// Success is printed only for commands, whose status is their answer.
 void Printer::show(const StatusEvent& event) {
     if (event.isAnswer) {
         return line(fmt::format("      = {} returned {} ({:#x})", event.of, event.status,

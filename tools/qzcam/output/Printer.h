@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Events as text for reading.
+// Prints events as text for people.
 #pragma once
 
 #include "base/Output.h"
@@ -17,7 +17,7 @@ class Printer : public Output {
     Printer(std::FILE* out, bool colour, LogFilter filter)
         : Output(out), mColour(colour), mFilter(std::move(filter)) {}
 
-    // Lists also what of a device's dump is not used, line by line.
+    // Also lists the unused parts of a device's dump, line by line.
     void setVerbose(bool verbose) { mVerbose = verbose; }
 
     void device(const Device& device) override;
@@ -28,14 +28,14 @@ class Printer : public Output {
     void show(const CommandEvent& event);
     void show(const RequestEvent& event);
     void show(const VerdictsEvent& event);
-    void show(const ResultEvent&) {}  // the command line is enough
+    void show(const ResultEvent&) {}  // the line of the command shows them
     void show(const ParamsEvent& event);
     void show(const PublishEvent& event);
     void show(const CallbackEvent& event);
     void show(const LogEvent& event);
     void show(const StatusEvent& event);
     void show(const AnswerEvent& event);
-    void show(const ErrorEvent&) {}  // goes to where all messages go
+    void show(const ErrorEvent&) {}  // printed as a message on standard error
     void show(const NoteEvent& event);
     void show(const ExpectationEvent& event);
     void show(const SummaryEvent& event);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// The wire format of protocol buffers, as far as writing track events takes it.
+// Writes the wire format of protocol buffers, with the parts that track events need.
 #pragma once
 
 #include <cstdint>
@@ -9,7 +9,7 @@
 
 namespace qzcam {
 
-// One message, field by field. Fields may come in any order, and repeated ones several times.
+// Builds one message, field by field. Fields may come in any order, and repeated ones several times.
 class ProtoMessage {
   public:
     ProtoMessage& number(uint32_t field, uint64_t value) {

@@ -9,7 +9,7 @@
 
 namespace qzcam {
 
-// A single number that is neither a mode nor the number of a word.
+// Returns true for a single number that is neither a mode nor the number of a word.
 std::optional<double> quantityOf(const Values& values, uint32_t tag);
 
 }  // namespace qzcam

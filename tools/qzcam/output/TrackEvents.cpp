@@ -59,7 +59,7 @@ ProtoMessage eventOf(TrackEvents::Track track, uint64_t type) {
     return message;
 }
 
-// Texts come from files, and a field of text must be UTF-8.
+// Replaces invalid bytes: texts come from files, and a text field must be UTF-8.
 ProtoMessage namedEvent(TrackEvents::Track track, uint64_t type, std::string_view name,
                         const TrackEvents::Notes& notes) {
     ProtoMessage message = eventOf(track, type);

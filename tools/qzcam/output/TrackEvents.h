@@ -25,16 +25,17 @@ class TrackEvents {
 
     // Tracks of a parent are shown in the order in which they are added. One with tracks below it is a group.
     Track addTrack(Track parent, std::string_view name);
-    // `unit` is "ns" or any other; empty for none.
+    // `unit`: "ns" or another unit; empty for none.
     Track addCounter(Track parent, std::string_view name, std::string_view unit);
 
-    // Slices of a track must nest. Events may be added in any order; those of one time keep it.
+    // Slices of a track must nest. Events may be added in any order; events of the same time keep their
+    // order.
     void begin(Track track, Nanoseconds time, std::string_view name, const Notes& notes = {});
     void end(Track track, Nanoseconds time);
     void instant(Track track, Nanoseconds time, std::string_view name, const Notes& notes = {});
     void count(Track track, Nanoseconds time, double value);
 
-    // The whole file.
+    // Returns the whole file.
     std::string bytes() const;
 
   private:

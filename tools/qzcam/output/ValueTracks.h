@@ -16,21 +16,21 @@ class ValueTracks {
     struct Value {
         std::string text;
         TrackEvents::Notes notes = {};
-        std::optional<double> number = {};  // drawn as a curve, on a track below
+        std::optional<double> number = {};  // drawn as a curve, on a track below the slices
         const char* unit = "";
     };
 
     ValueTracks(TrackEvents& events, TrackEvents::Track parent, const char* title)
         : mEvents(events), mGroup(events.addTrack(parent, title)) {}
 
-    // From `time` on `name` has this value. `feature` is the group of a new name.
+    // Sets the value of `name` from `time` on. `feature` is the group of a new name.
     void show(TrackEvents::Nanoseconds time, const char* feature, const std::string& name,
               const Value& value);
 
-    // From `time` on `name` has no value.
+    // Ends the value of `name` at `time`.
     void hide(TrackEvents::Nanoseconds time, const std::string& name);
 
-    // Ends the values of all names but these.
+    // Ends the values of all other names.
     void keepOnly(TrackEvents::Nanoseconds time, const std::set<std::string>& names);
 
   private:

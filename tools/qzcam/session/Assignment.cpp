@@ -56,7 +56,7 @@ void DeviceComparison::check(const Command& command) {
             return check(command, command.word(0), rawFrom(command, 1, ","));
         case CommandId::ExpectNoEntry:
         case CommandId::ExpectChange:
-            // A name that no tag has never has an entry, so that such an expectation would always be met.
+            // An expectation about an entry that no tag has would always be met, so the name is an error.
             return check(command, command.word(0), "");
         default:
             return;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// "NAME=VALUES" of a session, for a tag of the device.
+// Parses the "NAME=VALUES" of a session for a tag of the device.
 #pragma once
 
 #include "device/Cameras.h"
@@ -16,9 +16,8 @@ std::variant<StaticEntry, std::string> parseAssignment(const TagNames& names, co
                                                        const std::string& list);
 std::variant<StaticEntry, std::string> parseAssignment(const TagNames& names, const std::string& assignment);
 
-// Checks a session against a device: the tags that it uses must exist and accept the given values. A tag that
-// this device does not declare, but the library looks up, is not a typing error: playing the session shows
-// the effect.
+// Checks a session against a device: the tags of the session must exist and accept the given values. A tag
+// that this device does not declare, but the library looks up, is not an error: the session shows the effect.
 //
 // With `cameras`, commands are checked against the camera that is opened before them, and every camera that
 // is opened must exist.

@@ -86,7 +86,7 @@ bool hasField(const Message& message, std::string_view field) {
     });
 }
 
-// All numbers; of a notification those behind the last one given are 0.
+// Compares all numbers. The omitted last numbers of a notification must be 0.
 bool hasNumbers(const Message& message, const Command& command) {
     std::vector<int32_t> numbers;
     const std::string list = rawFrom(command, 1, ",");
@@ -203,8 +203,7 @@ std::string fateOf(const std::string& capability, const PublishEvent& published)
     return hasRow ? "published" : kNothing;
 }
 
-// The short name of an undeclared capability leads to none of the device's tags, but to one that the library
-// looks for.
+// If no tag of the device has the short name, it may belong to a capability that the library looks up.
 Finding expectCapability(const Command& command, PlayState& state) {
     const std::string& name = command.word(0);
     const auto tag = (state.names.knows(name) ? state.names : libraryTags()).resolve(name);

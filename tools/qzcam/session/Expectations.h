@@ -18,7 +18,7 @@ namespace qzcam {
 struct Step {
     std::optional<int32_t> status;
     std::optional<bool> skipped;
-    std::vector<Message> messages;  // those that no expectation has taken yet
+    std::vector<Message> messages;  // messages that no expectation has matched yet
     std::vector<LogEvent> log;
 };
 
@@ -27,7 +27,7 @@ struct PlayState {
     Camera* camera = nullptr;
     std::vector<EntryRow> entries = {};     // entries of the last request
     std::vector<VerdictRow> verdicts = {};  // likewise
-    PublishEvent published = {};            // the last time
+    PublishEvent published = {};            // by the last 'publish'
     Step step = {};
 };
 
@@ -37,11 +37,12 @@ struct Finding {
     std::string actual;
 };
 
-// The words from `first` on, as they were written and joined by `separator`.
+// Returns the original words from `first` on, joined by `separator`.
 std::string rawFrom(const Command& command, size_t first, const char* separator);
-std::string textFrom(const Command& command, size_t first, const char* separator);  // without their quotes
+std::string textFrom(const Command& command, size_t first,
+                     const char* separator);  // the words without their quotes
 
-// An expected message counts as taken, so that "no other" can be expected afterwards.
+// Checks an expectation. A message that it matches is removed, so that 'expect-no-callback' can follow.
 Finding examine(const Command& expectation, PlayState& state);
 
 }  // namespace qzcam

@@ -103,7 +103,7 @@ void Player::playPiece(const Session& piece) {
 
 namespace {
 
-// True if one of the expectations behind the request is that verdict.
+// Returns true if an expectation directly after the request expects this verdict.
 bool expectsVerdict(const Session& session, size_t request, const VerdictRow& row) {
     for (size_t i = request + 1; i < session.commands.size(); ++i) {
         const Command& command = session.commands[i];
@@ -145,7 +145,7 @@ void Player::examineExpectation(const Session& session, const Command& command) 
 
 void Player::execute(const Command& command) {
     using Handler = void (Player::*)(const Command&);
-    // In the order of CommandId.
+    // The functions are in the order of CommandId.
     static constexpr std::array<Handler, 18> handlers{
         &Player::setProp, &Player::open,   &Player::client,      &Player::callbackFlag, &Player::recording,
         &Player::set,     &Player::unset,  &Player::params,      &Player::refresh,      &Player::publish,

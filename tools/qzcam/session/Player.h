@@ -28,26 +28,27 @@ namespace qzcam {
 
 class Player {
   public:
-    // Puts the device's vendor tags in place of the process's. `device` must outlive the player.
+    // Replaces the vendor tags of the process by the device's. `device` must outlive the player.
     Player(const Device& device, EventSink sink);
     ~Player();
     Player(const Player&) = delete;
     Player& operator=(const Player&) = delete;
 
-    // From now on `open N` opens camera N of these; otherwise the one device, whatever the number.
+    // From now on `open N` opens camera N of `cameras`. Without them it opens the one device for every
+    // number.
     void setCameras(std::shared_ptr<Cameras> cameras) { mCameras = std::move(cameras); }
 
     const TagNames& names() const { return mNames; }
     const Offers& offers() const { return mVerdicts->offers(); }
 
-    // All parameters as they are now, "key=value;key=value"; empty without a camera.
+    // Returns all present parameters, "key=value;key=value"; empty without a camera.
     std::string flattened() const;
 
-    // Parameters that the application sets right after each `open`.
+    // Sets the parameters that the application sets right after each `open`.
     void setParameters(std::vector<Parameter> parameters) { mInitial = std::move(parameters); }
 
-    // Parameters that the device does not offer, or whose number does not fit, count as failed expectations,
-    // but for those that the session expects to be so.
+    // From now on parameters that the device does not offer, or whose number does not fit, count as failed
+    // expectations. A parameter for which the session expects this verdict does not count.
     void beStrict() { mStrict = true; }
 
     // Returns false if an expectation was not met.
@@ -122,14 +123,14 @@ class Player {
     std::set<std::string> mOwnKeys;  // keys that the application set, not overwritten by publishing
     SetLines mSetLines;              // lines of the session that set parameters
     Circumstances mCircumstances;    // circumstances of the next request
-    std::vector<EntryRow> mResult;   // the last one's
+    std::vector<EntryRow> mResult;   // entries of the last result
     std::future<BackgroundCommand> mBackground;
     PlayState mState;
-    bool mPublished = false;  // by this camera
+    bool mPublished = false;  // this camera has published
     int64_t mFrame = 0;
     bool mStrict = false;
-    bool mExpectations = true;        // are examined
-    bool mBackgroundCommands = true;  // are played
+    bool mExpectations = true;        // expectations are examined
+    bool mBackgroundCommands = true;  // commands in the background are played
     size_t mMet = 0;
     size_t mFailed = 0;
 };

@@ -47,7 +47,7 @@ void markChanges(std::vector<EntryRow>& entries, const std::vector<EntryRow>& be
     entries.insert(entries.end(), gone.begin(), gone.end());
 }
 
-// The parameters whose value an entry has.
+// Returns the parameters whose values an entry has.
 Texts originOf(const EntryRow& entry, const std::vector<VerdictRow>& verdicts) {
     Texts origin;
     for (const VerdictRow& row : verdicts) {
@@ -140,7 +140,7 @@ void Player::params(const Command&) {
     mSink(event);
 }
 
-// Does what a service does with the adapter before it passes the parameters to the application.
+// Updates the adapter as a service does before it passes the parameters to the application.
 void Player::refresh(const Command&) {
     const Texts before = parameterTexts();
     mCamera->adapter().setShutterMute(mCamera->parameters());

@@ -50,14 +50,14 @@ enum class CommandId {
 
 struct Word {
     std::string text;  // without its quotes
-    std::string raw;   // as it was written
+    std::string raw;   // as in the session, with quotes
 };
 
 struct CommandSpec;
 
 struct Command {
     size_t line;
-    std::string text;         // as it was written, without comment
+    std::string text;         // as in the session, without comment
     std::vector<Word> words;  // the arguments
     const CommandSpec* syntax;
 
@@ -88,13 +88,13 @@ struct Session {
 // Reads a session line by line.
 class SessionReader {
   public:
-    // `help`: where to find the commands, for messages.
-    // `more`: words that may be meant beside the commands.
+    // `help`: the place where messages refer to for the commands.
+    // `more`: words that hints may suggest in addition to the commands.
     explicit SessionReader(const char* help = "'qzcam run --help'", std::vector<std::string> more = {})
         : mHelp(help), mMore(std::move(more)) {}
 
-    // The line's command; nothing for a line without one, or with a problem, after which the next line may
-    // follow.
+    // Returns the line's command. Returns nothing for a line without a command or with a problem; the next
+    // line may follow in both cases.
     std::optional<Command> line(size_t number, std::string_view text, Problems& problems);
 
   private:
@@ -108,7 +108,7 @@ class SessionReader {
     bool mInBackground = false;
 };
 
-// The whole session is read and checked before any of it is played.
+// Reads and checks a whole session.
 Session parseSession(std::string_view text, std::string_view file, Problems& problems);
 
 }  // namespace qzcam

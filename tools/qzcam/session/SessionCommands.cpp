@@ -111,7 +111,7 @@ bool isHex(std::string_view text) {
     return text.find_first_not_of("0123456789abcdefABCDEF") == std::string_view::npos;
 }
 
-// A number of a message, also as its bits.
+// Returns true for a number of a message: an int32, or its bits as an unsigned number.
 bool isMessageNumber(std::string_view text) {
     const auto number = parseInteger(text);
     return number && *number >= INT32_MIN && *number <= UINT32_MAX;

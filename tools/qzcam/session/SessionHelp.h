@@ -8,7 +8,7 @@
 
 namespace qzcam {
 
-// All of it; and its pieces.
+// Return the whole text, and parts of it.
 std::string sessionHelp();
 const char* sessionRules();
 std::string commandTable();
