@@ -19,7 +19,7 @@ Case = collections.namedtuple("Case", "name marked no_allocation allocations flo
 
 
 def functions_of(path, binutils):
-    """Addresses and names of the functions that a library tells of, in order."""
+    """Returns addresses and names of the functions in a library's symbol table, in order."""
     found = {}
     for dynamic in ([], ["--dynamic"]):
         listed = subprocess.run([f"{binutils}nm", "-C", "--defined-only", *dynamic, path], check=True, text=True,

@@ -37,7 +37,7 @@ void execute(Input& input) {
         require(outcomeOf(again) == published, "publishing twice is publishing once");
     }
     if (input.atEnd()) return;
-    // Publishes another sensor's characteristics over those of the first.
+    // Publishes the characteristics of another sensor after those of the first one.
     camera.info = metadataFrom(input, capabilityTags());
     require(camera.translator().metaDataToParam() == 0, "publishing returns 0");
     askAll(input, camera);

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// Reads any text as a camera service's dump. The result is written as a dump again and must then read the
-// same.
+// Reads any text as a dump of a camera service. The result is printed as a dump again, which must be read
+// with the same result.
 #include "Devices.h"
 #include "Target.h"
 
@@ -29,8 +29,8 @@ bool isOfEntries(qzcam::Left::Kind kind) {
            kind == Kind::Damaged;
 }
 
-// Each entry of the camera is used or named as left, and each line that looks like an entry is in an array,
-// named as left, or an error of the service ("!! ..."), which is told as such.
+// Checks that nothing is lost: each entry of the camera is used or listed as unused. Each line that looks
+// like an entry is in an array, listed as unused, or reported as an error of the service ("!! ...").
 void requireAccounted(std::string_view text) {
     const qzcam::Report report = qzcam::readDump(text);
     qzcam::Problems problems("dump");
@@ -93,7 +93,7 @@ std::string printed(const qzcam::Device& device, const android::CameraMetadata& 
                 tag.section + '\n';
     }
     return text + "== Camera HAL device device@3.4/legacy/0 (v3.4) static information: ==\n" +
-           printed(android::CameraMetadata(metadata));  // a copy has no more room than it needs
+           printed(android::CameraMetadata(metadata));  // a copy has exactly the needed room
 }
 
 void requireReadAgain(const qzcam::Device& device) {

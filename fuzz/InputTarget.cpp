@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Any bytes as a file that people hand to qzcam: unpacked, decoded, normalised, cut into parts.
+// Reads any bytes as an input file of qzcam: unpacks, decodes, normalises and splits it into parts.
 #include "Target.h"
 
 #include "device/FoundParameters.h"

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// Any text as a log, as events of the tag monitor, or as a dump with both: what is told of it has its line,
-// and can be printed.
+// Reads any text as a log, as events of the tag monitor, or as a dump with both. Each fact must have a line
+// of the text and must be printable.
 #include "Target.h"
 
 #include "base/Text.h"
@@ -67,7 +67,7 @@ void execute(Input& input) {
     for (const std::string_view line : qzcam::split(json, '\n')) {
         require(line.empty() || nlohmann::json::accept(line), "each line is JSON");
     }
-    require(printed(timelineOf(text), qzcam::traceJson) == json, "the same text tells the same");
+    require(printed(timelineOf(text), qzcam::traceJson) == json, "the same text gives the same facts");
 }
 
 }  // namespace qz::fuzz

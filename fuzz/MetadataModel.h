@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// A plain list of entries: the expected contents of a metadata buffer.
+// A simple list of entries: the expected contents of a metadata buffer.
 #pragma once
 
 #include "Target.h"

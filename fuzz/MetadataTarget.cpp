@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Changes the host platform's metadata and a plain list of entries, and compares them after each step.
+// Changes the host platform's metadata and a simple list of entries, and compares them after each step.
 #include "Devices.h"
 #include "FixedBuffer.h"
 
@@ -132,7 +132,8 @@ void sort(Pair& pair, bool locked) {
 }
 
 void append(Pair& to, const Pair& from, bool locked) {
-    // More entries reach nothing new, and two objects that are appended to each other grow fast.
+    // Limits the size: more entries test nothing new, and two objects that are appended to each other grow
+    // fast.
     if (to.model.entries.size() + from.model.entries.size() > 500) return;
     const status_t expected = locked ? INVALID_OPERATION : expectedOf(from, false);
     require(to.metadata.append(from.metadata) == expected, "appending is refused or done");

@@ -81,7 +81,7 @@ void integers(const char* text) {
     const int32_t number = parseInt32(text, &end);
     require(number == saturated(expected.value) && end == expected.end, "an integer saturates");
     require((errno == ERANGE) == (number != expected.value) && (errno == 0 || errno == ERANGE),
-            "errno tells so");
+            "errno reports the overflow");
     require(parseInt32(text) == number, "both forms agree");
 
     const int64_t wide = read(text, 0).value;

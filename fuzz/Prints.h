@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// An invariant of all output of the tool.
+// Checks that hold for all output of the tool.
 #pragma once
 
 #include "Target.h"

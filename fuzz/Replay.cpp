@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// Runs a target without the fuzzer: executes each given file, or each file of a given folder. Used with
-// compilers without a fuzzer, and to repeat earlier findings.
+// Runs a target without the fuzzer: executes each given file, or each file of a given folder. It serves
+// compilers without a fuzzer, and repeats earlier findings.
 #include "Target.h"
 
 #include <cstdio>

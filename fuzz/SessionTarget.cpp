@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 // Runs the whole tool, from its command line to its exit status, with files from the input. Lines of "%%"
-// divide the input into a session, a dump (none: the built-in one) and a set of parameters. The session's
-// first line chooses the command: "#!check", "#!diff" or "#!explain KEY"; otherwise the session is played.
+// divide the input into a session, a dump (empty: the built-in one) and a set of parameters. The first line
+// of the session chooses the command: "#!check", "#!diff" or "#!explain KEY". Without such a line the session
+// is played.
 #include "Prints.h"
 #include "Target.h"
 
@@ -107,7 +108,7 @@ std::string contentOf(const std::string& path) {
 }
 
 struct Counts {
-    size_t failed = 0;  // expectations
+    size_t failed = 0;  // numbers of expectations
     size_t errors = 0;
 };
 
@@ -142,7 +143,7 @@ void play(const std::string& session, Words rest) {
     require(json.status == status, "JSON has the same exit status");
     const Counts events = countEvents(json.out);
     const Counts cases = countCases(contentOf(report));
-    if (json.out.empty()) return require(cases.errors > 0, "a report tells why nothing was played");
+    if (json.out.empty()) return require(cases.errors > 0, "a report has the reason why nothing was played");
     require(cases.failed == events.failed && cases.errors == events.errors,
             "the report agrees with the events");
     if (events.errors > 0) return require(status == qzcam::kBadInput, "an error counts as bad input");
@@ -160,7 +161,7 @@ void diff(Words words) {
     require(json.out.empty() || nlohmann::json::accept(json.out), "it is JSON");
     const bool differs = text.out.find("\nNothing differs.\n") == std::string::npos;
     require(text.status > qzcam::kExpectationFailed || text.status == static_cast<int>(differs),
-            "the exit status tells of differences");
+            "the exit status reports differences");
 }
 
 void check(std::string_view dump) {

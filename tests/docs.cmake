@@ -1,7 +1,7 @@
 # SPDX-License-Identifier: Apache-2.0
 # Checks that the commands in the documents print the outputs that the documents show.
 if(NOT CMAKE_CROSSCOMPILING)
-    # The sections that install and build are slow: package.readme runs them.
+    # package.readme runs the sections that install and build, because they are slow.
     foreach(page README docs/qzcam docs/sessions docs/json docs/hosting)
         cmake_path(GET page FILENAME name)
         add_test(NAME docs.${name} COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/readme/check
@@ -22,7 +22,7 @@ string(REPLACE " " ";" emulated_words "${emulated}")
 add_test(NAME docs.schema COMMAND /usr/bin/python3 ${CMAKE_CURRENT_SOURCE_DIR}/schema/check ${emulated_words})
 add_test(NAME docs.completion COMMAND bash ${CMAKE_CURRENT_SOURCE_DIR}/completion/check ${emulated_words})
 
-# Comments, pages and messages are in plain words, and spelled correctly.
+# Checks that comments, pages and messages are in plain words, and spelled correctly.
 if(NOT CMAKE_CROSSCOMPILING AND NOT QZ_SANITIZE)
     add_test(NAME docs.words COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/words/check)
 endif()

@@ -1,5 +1,6 @@
 # SPDX-License-Identifier: Apache-2.0
-# Checks the library and the package as other projects get them. A build with a sanitizer is never installed.
+# Checks the library and the package in the form in which other projects get them. A build with a sanitizer is
+# never installed.
 if(QZ_SANITIZE)
     return()
 endif()
@@ -55,8 +56,8 @@ endif()
 add_test(NAME package.run COMMAND ${package}/run-twice ${PROJECT_VERSION})
 set_tests_properties(package.run PROPERTIES RUN_SERIAL ON)
 
-# The README installs a release, and docs/hosting.md builds another project against it, from nothing. The other tests look
-# into that copy.
+# The README installs a release, and docs/hosting.md builds another project with it, both from an empty folder. The other
+# tests check that copy.
 set(installed ${PROJECT_SOURCE_DIR}/build/installed)
 add_test(NAME package.readme COMMAND sh -c "rm -rf build/installed build/consumer &&
     tests/readme/check --only '(Install|Build against an installed copy)' $<TARGET_FILE_DIR:qzcam> README.md docs/hosting.md"

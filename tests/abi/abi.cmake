@@ -29,7 +29,7 @@ if(RENEW)
     return()
 endif()
 
-# Any report is a failure: abidiff does not count a changed layout as incompatible.
+# Any report is a failure, because abidiff does not count a changed layout as incompatible.
 execute_process(COMMAND ${ABIDIFF} --no-added-syms --suppressions ${CMAKE_CURRENT_LIST_DIR}/suppressions.ini
         --suppressions ${CMAKE_CURRENT_LIST_DIR}/compatible.ini ${RECORD} ${FRESH}
     RESULT_VARIABLE status OUTPUT_VARIABLE report ERROR_VARIABLE report)

@@ -18,7 +18,8 @@ function(lines_of variable)
     set(${variable} "${lines}" PARENT_SCOPE)
 endfunction()
 
-# A constructor or destructor has several symbols with the same demangled name: one line.
+# A constructor or destructor has several symbols with the same demangled name. The list has one line for
+# them.
 lines_of(lines ${NM} --dynamic --defined-only --demangle ${LIBRARY})
 set(exported "")
 foreach(line IN LISTS lines)
@@ -42,7 +43,7 @@ endif()
 
 if(RENEW)
     if(NOT POINTER_SIZE EQUAL 8)
-        message(FATAL_ERROR "Only a 64-bit build tells size_t from unsigned int.")
+        message(FATAL_ERROR "Only a 64-bit build distinguishes size_t from unsigned int.")
     endif()
     list(JOIN exported "\n" text)
     string(REPLACE "${size_type}" "size_t" text "${text}")

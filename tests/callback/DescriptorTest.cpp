@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// A camera at work while another thread replaces and clears the vendor tags.
+// A camera in use while another thread replaces and clears the vendor tags.
 #include "CameraQzCallBack.h"
 #include "QzPerformEx.h"
 #include "support/Device.h"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Cameras that are opened and closed again and again: a camera service runs for months.
+// Cameras that are opened and closed many times: a camera service runs for months.
 #include "CameraQzCallBack.h"
 #include "CameraQzSendCmd.h"
 #include "QzPerformEx.h"

@@ -100,7 +100,7 @@ TEST(CCameraQzParam, LongExposureAndPreShutter) {
         const std::string answer = row[7] == "need" ? "need pre shutter."
                                    : row[7] == "no" ? "doesn't need pre shutter."
                                                     : "pre shutter is not supported or is not qzcamera.";
-        if (row[3] + row[4] + row[5] != "110") lines.clear();  // not asked how long
+        if (row[3] + row[4] + row[5] != "110") lines.clear();  // the duration is not read
         lines.push_back({ANDROID_LOG_INFO, "CameraQzParam", "qzNeedPreShutter(), " + answer});
         EXPECT_EQ(translator.qzNeedPreShutter(), row[7] == "need");
         EXPECT_EQ(log.take(), lines);

@@ -30,7 +30,7 @@ class Device {
     VendorTags mTags{declarationsOf(kCapabilities)};
 
   public:
-    // "tag=1,2" is a static entry, "key=text" a parameter.
+    // Sets "tag=1,2", a static entry, or "key=text", a parameter.
     void has(const std::string& what) {
         const size_t end = what.find('=');
         const std::string name = what.substr(0, end);

@@ -118,7 +118,7 @@ TEST_F(CameraQzSendCmdTest, ReadsAfterEachPause) {
     }
 }
 
-// The contrast contains its counter, so that a torn or stale number is detected.
+// The contrast contains its counter, so that a half-written or old number is detected.
 TEST_F(CameraQzSendCmdTest, ReadsWhileResultsArrive) {
     std::atomic<bool> enough{false};
     std::thread resultThread([&] {

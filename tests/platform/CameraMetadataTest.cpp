@@ -27,8 +27,8 @@ constexpr std::array<uint8_t, 3> kBytes = {1, 2, 3};
 constexpr const uint8_t* kNoBytes = nullptr;
 const std::vector<std::string> kOneLine = {"Camera2-Metadata"};
 
-// Random changes beside a plain list of entries: fuzz/MetadataTarget.cpp, which the test fuzz.metadata
-// replays.
+// fuzz/MetadataTarget.cpp makes random changes and compares them with a simple list of entries; the test
+// fuzz.metadata replays its seeds.
 
 TEST(CameraMetadata, UpdateRefusesUnknownTagsAndOtherTypes) {
     const qz::test::VendorTags vendor(
@@ -106,7 +106,7 @@ TEST(CameraMetadata, ALockedObjectRefusesEveryChange) {
     EXPECT_EQ(metadata.update(ANDROID_CONTROL_MODE, kBytes.data(), 2), OK);
 }
 
-// Calls that a device refuses, and calls that would crash there.
+// Tests calls that a device refuses, and calls that would crash there.
 TEST(CameraMetadata, RefusalsAreLogged) {
     const std::array<int32_t, 4> numbers = {10, 20, 30, 40};
     CameraMetadata metadata;
@@ -142,7 +142,7 @@ TEST(CameraMetadata, RefusalsAreLogged) {
     EXPECT_TRUE(log.takeErrors().empty());
 }
 
-// An entry from before its tag was declared with another type keeps its type.
+// An entry keeps its type if its tag is later declared with another type.
 TEST(CameraMetadata, AnEntryOfAFormerTypeIsNotUpdated) {
     const int32_t number = 7;
     CameraMetadata metadata;

@@ -68,11 +68,11 @@ TEST(CameraParameters2, UnflattenReplacesTheSet) {
         EXPECT_STREQ(parameters.flatten().c_str(), row.flattened) << row.text;
         EXPECT_STREQ(parameters.get(row.key), row.value) << row.text;
     }
-    parameters = String8("z=26", 2);  // converts by itself
+    parameters = String8("z=26", 2);  // converts implicitly
     EXPECT_STREQ(parameters.get("z"), "");
 }
 
-// The second item after a change of the first.
+// The item that is found after a change of the first one.
 TEST(CameraParameters2, ARepeatedKeyIsTwoItems) {
     CameraParameters2 parameters(String8("a=1;b=2;a=3;a=4"));
     parameters.set("a", "5");
@@ -95,7 +95,7 @@ TEST(CameraParameters2, ComparesTheOrderOfSetting) {
         const char* first;
         const char* second;
         int status;
-        int order;  // 7: left alone
+        int order;  // 7: unchanged
     } kRows[] = {
         {"a", "b", 0, -1}, {"c", "a", 0, 1}, {"b", "b", 0, 0},       {"b", "c", 0, -1},
         {"a", "x", -2, 7}, {"", "a", -2, 7}, {nullptr, "a", -22, 7}, {"a", nullptr, -22, 7},

@@ -139,8 +139,8 @@ TEST(MetadataBuffer, Sizes) {
     EXPECT_EQ(get_camera_metadata_size(makeBuffer(3, 1).get()), none + 3 * 16 + 8);
 }
 
-// Equal contents have equal bytes, whatever was stored before: the padding is zero, after elements in the
-// data area and after those in the entry itself.
+// Equal contents have equal bytes, even if other elements were stored there before: the padding is zero,
+// after elements in the data area and after those in the entry itself.
 TEST(MetadataBuffer, PaddingIsZero) {
     const uint8_t bytes[16] = {1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16};
     for (const size_t count : {1U, 3U, 5U, 6U, 9U, 15U}) {
@@ -208,8 +208,8 @@ TEST(MetadataBuffer, AppendedEntriesKeepTheirElementsAndTheOrderIsKnown) {
     EXPECT_EQ(flags(), "Flags: 00000000");
 }
 
-// Each byte of a valid buffer takes each value. A buffer that is still valid must be readable and changeable
-// up to its end.
+// Sets each byte of a valid buffer to each value. A buffer that is still valid must be readable and
+// changeable up to its end.
 TEST(MetadataBuffer, ValidationAcceptsOnlyWhatIsSafeToUse) {
     const Buffer buffer = makeBuffer(3, 32);
     add<int32_t>(buffer, ANDROID_SCALER_CROP_REGION, {1, 2, 3});
@@ -223,7 +223,8 @@ TEST(MetadataBuffer, ValidationAcceptsOnlyWhatIsSafeToUse) {
     size_t refused = 0;
     for (size_t at = 0; at < size; ++at) {
         for (int value = 0; value < 256; ++value) {
-            std::vector<uint64_t> memory((size + 7) / 8);  // its own block, so that a sanitizer sees its end
+            std::vector<uint64_t> memory((size + 7) /
+                                         8);  // exactly this size, so that a sanitizer detects a read past it
             std::memcpy(memory.data(), buffer.get(), size);
             reinterpret_cast<uint8_t*>(memory.data())[at] = static_cast<uint8_t>(value);
             auto* const changed = reinterpret_cast<camera_metadata_t*>(memory.data());
@@ -259,16 +260,16 @@ TEST(MetadataBuffer, ValidationRefusesAStandardEntryOfAnotherType) {
     auto* const tag = reinterpret_cast<uint32_t*>(buffer.get()) + 8;
     ASSERT_EQ(*tag, static_cast<uint32_t>(ANDROID_CONTROL_MODE));
     for (const auto& [other, status] :
-         std::vector<std::pair<uint32_t, int>>{{ANDROID_CONTROL_AE_MODE, 0},     // a byte as well
+         std::vector<std::pair<uint32_t, int>>{{ANDROID_CONTROL_AE_MODE, 0},     // also a byte
                                                {ANDROID_SENSOR_SENSITIVITY, 1},  // an int32
-                                               {0x7fff0000, 1},                  // no tag
-                                               {0x80000000, 0}}) {  // its descriptor may come later
+                                               {0x7fff0000, 1},                  // not a tag
+                                               {0x80000000, 0}}) {  // its descriptor may be set later
         *tag = other;
         EXPECT_EQ(validate_camera_metadata_structure(buffer.get(), nullptr), status) << std::hex << other;
     }
 }
 
-// The text of a device's dump, entry for entry.
+// The text is the same as in the dump of a device.
 TEST(MetadataDump, WritesThePlatformsText) {
     const char* const section = "com.ambrix.device.capabilities";
     const qz::test::VendorTags vendor(std::vector<qz::test::VendorTag>{

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// The built-in device, read once for a test program.
+// The built-in device. A test program reads it only once.
 #pragma once
 
 #include "device/BuiltIn.h"

@@ -22,7 +22,7 @@ using testing::EndsWith;
 using testing::HasSubstr;
 using testing::Not;
 
-// The built-in device with another entry, or with another type for a tag.
+// Returns the built-in device with another entry, or with another type for a tag.
 std::string capability(const std::string& name, const std::string& entry, const std::string& values) {
     const std::string text(builtInDevice());
     const std::string begin = "com.ambrix.device.capabilities." + name + " (";
@@ -218,7 +218,7 @@ TEST_F(RunTool, CheckSortsByWorstAndSetsTheStatus) {
     EXPECT_THAT(mOut, Not(HasSubstr("other cameras:")));
 }
 
-// The second camera has one entry, and that makes no sense to its reader.
+// The second camera has one entry, with a value that the library cannot use.
 TEST_F(RunTool, CheckOfAllCamerasIsATable) {
     const std::string path = file(
         "two.txt", std::string(builtInDevice()) +
@@ -269,15 +269,15 @@ TEST_F(RunTool, CheckOfAPhoneWithoutTheTagsPrintsATable) {
     }
 }
 
-// Every command that takes a dump names the problem and its line, and uses the readable part of the dump.
+// Every command that reads a dump reports the problem with its line, and uses the readable part of the dump.
 TEST_F(RunTool, BrokenDumpIsReported) {
     const std::string whole(builtInDevice());
     const struct {
         const char* what;
         std::string dump;
-        std::string says;  // behind the file's name
+        std::string says;  // after the name of the file
         bool usable;
-        bool others = false;  // commands beside run
+        bool others = false;  // commands other than run
     } kRows[] = {
         {"cut", whole.substr(0, whole.find("[-12")),
          ":17: the dump ends here: the array 'static' of camera 0 has 4 of 127 entries", true, true},
@@ -332,7 +332,7 @@ TEST_F(RunTool, TellsFaultsOfTheHal) {
     }
 }
 
-// Parts of a dump serve what they can.
+// A part of a dump is enough for the commands that need only this part.
 TEST_F(RunTool, TakesPartsOfADump) {
     const std::string whole(builtInDevice());
     const size_t vendor = whole.find("== Vendor tags");

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Requests of a phone beside those of the library.
+// Compares requests of a phone with those of the library.
 #include "Tool.h"
 
 #include "device/BuiltIn.h"

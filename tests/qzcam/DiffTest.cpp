@@ -45,7 +45,7 @@ std::string repeated(const std::string& text, size_t times) {
     return all;
 }
 
-// "name a b" of each difference.
+// Returns "name a b" for each difference.
 std::vector<std::string> rows(const json& differences) {
     std::vector<std::string> texts;
     for (const json& row : differences) {
@@ -94,7 +94,7 @@ TEST_F(DiffTool, Devices) {
     EXPECT_THAT(mOut, HasSubstr("\n      B  byte[200] from value 151 on: 3 0 0 "));
     EXPECT_THAT(mOut, HasSubstr("\n      B  ... 200,auto,"));
 
-    // The default for B is the built-in device. People get a table.
+    // The default for B is the built-in device. The text output is a table.
     EXPECT_EQ(tool({"diff", b}), kExpectationFailed);
     EXPECT_THAT(mOut, testing::ContainsRegex("\nVendor tags: 3 of 218 differ\n +A +B\n"));
     EXPECT_THAT(mOut, testing::ContainsRegex("\n  qz-burst-support-count +10 +20\n"));

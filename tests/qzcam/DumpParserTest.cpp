@@ -26,7 +26,7 @@ struct Parsed {
     explicit Parsed(const std::string& text, const std::string& camera = "")
         : problems("d"), device(parseDump(text, "d", camera, problems)) {}
 
-    // "section.name type[count] values" of each entry
+    // Returns "section.name type[count] values" for each entry.
     std::vector<std::string> entries() const {
         const TagNames names(device.vendorTags);
         std::vector<std::string> texts;
@@ -128,7 +128,7 @@ TEST(DumpParser, ChoosesTheCameraInEverySpellingOfItsTitle) {
         EXPECT_THAT(parsed.entries(), ElementsAre(row.entry)) << row.camera;
         EXPECT_THAT(parsed.problems.first(), IsEmpty()) << row.camera;
     }
-    for (const std::string camera : {"7", "2", "legacy/12"}) {  // no part of a name or number
+    for (const std::string camera : {"7", "2", "legacy/12"}) {  // not part of a name or number
         const Parsed missing(text, camera);
         EXPECT_THAT(missing.problems.first(),
                     ElementsAre("d: no camera '" + camera + "': expected 0 or 1 or device@3.4/legacy/12"));
@@ -172,8 +172,7 @@ TEST(DumpParser, NamesWhatIsNotUsed) {
     EXPECT_THAT(parsed.problems.first(), IsEmpty());
 }
 
-// Tags and names that came after the platform whose headers this is built with; a newer platform may number
-// them otherwise.
+// Tags and names that are newer than the headers of this build. A newer platform may give them other numbers.
 TEST(DumpParser, ReadsNewerPlatforms) {
     const Parsed parsed(entry(
         "      android.control.zoomRatioRange (1002e): float[2]\n        [1.00000000 8.00000000 ]\n"
@@ -242,7 +241,7 @@ TEST(DumpParser, ReadsVendorBlocks) {
 TEST(DumpParser, NamesTheLineOfWhatIsBroken) {
     const struct {
         std::string text;
-        const char* problem;  // part of one
+        const char* problem;  // part of a name
     } kRows[] = {
         {"", "d: no camera in it"},
         {entry("      android.flash.info.available (50000): byte[1]\n        [TRUE \n"),
@@ -298,7 +297,7 @@ TEST(DumpParser, UsesTheRestOfABrokenDump) {
     EXPECT_EQ(parsed.problems.count(), 3U) << "both lines, and the array has fewer entries than it says";
 }
 
-// Wherever a dump is cut and whatever is written over it: it parses, and what comes out fits its tags.
+// A dump that is cut or overwritten at any place is parsed, and every entry has the type of its tag.
 TEST(DumpParser, SurvivesCutsAndGarbage) {
     const std::string whole(builtInDevice());
     uint32_t state = 7;

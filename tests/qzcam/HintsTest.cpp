@@ -32,7 +32,7 @@ TEST(Hints, Distance) {
     }
 }
 
-// The first hint of each; "" for none.
+// Returns the first hint of each name; "" for none.
 TEST(Hints, Keys) {
     const struct {
         const char* name;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Files of every container and encoding, and what they are cut into.
+// Tests files of every container and encoding, and the parts of their texts.
 #include "Tool.h"
 
 #include "device/BuiltIn.h"
@@ -139,7 +139,7 @@ TEST(Input, DamagedFilesAreReadAsFarAsTheyGo) {
     const std::string zip = zipped({{"main_entry.txt", "b.txt"}, {"b.txt", text}});
     const std::string gzip = gzipped(text);
     std::string flipped = gzip;
-    flipped[flipped.size() - 6] ^= 1;  // damages its checksum
+    flipped[flipped.size() - 6] ^= 1;  // changes its checksum
     const struct {
         std::string bytes;
         size_t least;

@@ -42,7 +42,7 @@ const std::vector<test::PhoneEvent>& builtIn() {
     return events;
 }
 
-// Each layout with each modifier gives back the message, and the fields that it has.
+// Each layout with each modifier is read with its message and its fields.
 TEST(Logcat, LayoutsAndModifiersAreRead) {
     using Layout = test::LogFormat::Layout;
     const std::vector<test::PhoneLine> lines{
@@ -74,7 +74,7 @@ TEST(Logcat, LayoutsAndModifiersAreRead) {
     }
 }
 
-// Each line of the library is recognised, also cut where no other line begins alike.
+// Each line of the library is recognised, even if it is cut, as long as no other line begins alike.
 TEST(LibraryLine, LinesOfRowsAreRecognised) {
     for (const qz::LogLine& line : qz::kLines) {
         std::string message = line.format;
@@ -154,7 +154,7 @@ TEST(LibraryLine, StatedValuesAreThoseOfTheEntry) {
     }
 }
 
-// All that the built-in session's requests and results change, back from the text of every version.
+// The changes of the built-in session's requests and results are read from the text of every version.
 TEST(TagMonitor, EventsOfEveryVersionAreRead) {
     const TagNames names(test::builtIn().vendorTags);
     for (const test::MonitorFormat format : test::kMonitorFormats) {
@@ -190,7 +190,7 @@ TEST(TagMonitor, EventsOfEveryVersionAreRead) {
     }
 }
 
-// Lines in the exact formats of the versions, with what the session does not have.
+// Lines in the exact formats of the versions, with cases that the session does not have.
 TEST(TagMonitor, OddLinesAreRead) {
     std::vector<MonitorEvent> events;
     {

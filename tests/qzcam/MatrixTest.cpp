@@ -223,7 +223,7 @@ size_t residentKilobytes() {
     return 0;
 }
 
-// Each input has 256 KiB of a HAL's own text.
+// Each input has 256 KiB of text of a HAL.
 TEST_F(MatrixTest, MemoryStaysFlatOverManyInputs) {
     std::string text =
         replaced(good(), "== Vendor tags: ==", std::string(size_t{1} << 18U, '\n') + "== Vendor tags: ==");

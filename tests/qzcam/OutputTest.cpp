@@ -207,7 +207,7 @@ TEST(Output, WriteErrors) {
     std::FILE* full = std::fopen("/dev/full", "w");
     Monitor monitor(full);
     monitor.print(SummaryEvent{1, 0});
-    EXPECT_FALSE(monitor.finish());  // small enough to fail when it is flushed only
+    EXPECT_FALSE(monitor.finish());  // so small that it fails only when it is flushed
     EXPECT_FALSE(writeAll(full, "text"));
     EXPECT_FALSE(JUnitFile("/dev/full").finish(JUnit()));
     std::fclose(full);
@@ -270,7 +270,7 @@ TEST(LogFilter, LevelsAndTags) {
     const LogEvent entering{ANDROID_LOG_ERROR, "CameraQzParam", "Enter setZslMode(512)"};
     const struct {
         const char* text;
-        std::string shown;  // the last of those four
+        std::string shown;  // the lines that the filter shows
     } kRows[] = {
         {"verbose", "dwme"},   {"warning", "w"},           {"E", ""},
         {"silent", ""},        {"CameraQzParam:D", "dwe"}, {"CameraQzParam:D *:S", "de"},

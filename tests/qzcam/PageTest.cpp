@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// The files that --html writes; what browsers make of them is tested in tests/web.
+// Tests the files of --html. tests/web tests the pages in a browser.
 #include "Tool.h"
 #include "device/BuiltIn.h"
 #include "support/DumpComposer.h"

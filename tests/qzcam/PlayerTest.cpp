@@ -132,7 +132,7 @@ TEST(Player, MarksWhatChangedBetweenRequests) {
     EXPECT_THAT(shown[1], Contains("+constrastValue 3"));
     EXPECT_THAT(shown[2], Contains("iso 1"));
     EXPECT_THAT(shown[2], Not(Contains(HasSubstr("zsl"))));
-    EXPECT_THAT(shown[3], Contains("+iso 1"));  // another camera has nothing to compare with
+    EXPECT_THAT(shown[3], Contains("+iso 1"));  // another camera has no earlier entries to compare with
 }
 
 TEST(Player, PublishNamesSourcesAndMissingTags) {
@@ -216,7 +216,7 @@ TEST(Player, BackgroundCommandGetsTheResultsOfTheSession) {
         "sendcommand 203 background\nresult qz-af-mmi-contrast-value=0xC0000010\n");
     EXPECT_TRUE(play.allMet);
     const auto statuses = play.all<StatusEvent>();
-    EXPECT_EQ(statuses.back().status, 0x10);  // the end of a session waits too
+    EXPECT_EQ(statuses.back().status, 0x10);  // the end of a session also waits for the command
 }
 
 TEST(Player, ClosesEachCameraThatItOpens) {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Sessions that a phone leaves as events of the tag monitor, recorded and played again.
+// Sessions are written as events of a phone's tag monitor, recorded and played again.
 #include "Tool.h"
 #include "device/BuiltIn.h"
 #include "device/DumpParser.h"
@@ -43,8 +43,8 @@ std::string entriesText(const Entries& entries) {
     return testing::PrintToString(sorted);
 }
 
-// Requests, results and their messages. One that is like the one before changes no tag: a phone's monitor
-// does not show it.
+// Requests, results and their messages. A request or result that equals the previous one changes no tag, so a
+// phone's monitor does not show it.
 std::vector<std::string> story(const std::vector<Event>& events) {
     std::vector<std::string> lines;
     std::string request;
@@ -67,8 +67,8 @@ std::vector<std::string> story(const std::vector<Event>& events) {
     return lines;
 }
 
-// Parameters whose entries come from nothing else. The monitor of Android 13 prints bytes without blanks
-// between them, so that a text cannot be told.
+// Parameters whose entries have no other source. The monitor of Android 13 prints bytes without blanks
+// between them, so a text cannot be read back.
 std::string randomSession(std::mt19937& random, bool withTexts = true) {
     std::vector<std::pair<const char*, std::vector<const char*>>> keys{
         {"iso", {"auto", "100", "1600"}},
@@ -115,7 +115,7 @@ std::string contentOf(const std::string& path) {
 
 class RecordTool : public RunTool {
   public:
-    // The recording of a dump, which meets its own expectations.
+    // A dump is recorded, and the recording meets its own expectations.
     std::string recorded(const std::string& dump) {
         const std::string input = file("phone.txt", dump);
         const std::string output = file("recorded.qzs", "");
@@ -145,7 +145,7 @@ TEST_F(RecordTool, ARecordedSessionGivesTheSameEntriesAndMessages) {
     EXPECT_GT(messages, 20U);
 }
 
-// The log says nothing of values that the events do not say, in whichever layout it stands beside them.
+// The log adds no values to those of the events, whatever its layout.
 TEST_F(RecordTool, TheLogOfASessionChangesNothing) {
     using Layout = test::LogFormat::Layout;
     std::mt19937 random(7);

@@ -38,7 +38,7 @@ std::string described(const std::string& name, const std::vector<test::DumpEntry
     return text;
 }
 
-// Everything that the composer has put into the dump, by place.
+// Each part that the composer has put into the dump is at its place.
 std::vector<std::string> composed(const DumpPhone& phone) {
     std::vector<std::string> arrays;
     for (const test::DumpCamera& camera : phone.cameras) {
@@ -121,7 +121,7 @@ TEST(Report, GivesEachCameraTheBlockOfItsProvider) {
 
     DumpPhone phone = samplePhone(13);
     phone.blocks[1].tags.push_back(phone.blocks[0].tags[2]);
-    phone.cameras[0].client.clear();  // nothing else tells
+    phone.cameras[0].client.clear();  // no other line has the client
     phone.previousSession.clear();
     const std::string alike = dumpOf(phone);
     Problems problems("d");
@@ -180,7 +180,7 @@ TEST(Report, NamesFaultsOfTheHal) {
                             "android.jpeg.maxSize is int32[3], but has 1 value"));
 }
 
-// A garbled line costs that line, whatever its indentation; a text may have lost that altogether.
+// A garbled line costs only this line, whatever its indentation. A text may also have lost its indentation.
 TEST(Report, ReadsOnBehindGarbledLines) {
     const DumpPhone phone = samplePhone(10);
     const std::string whole = dumpOf(phone);

@@ -207,7 +207,7 @@ TEST_F(RunTool, SessionsAreIndependent) {
                 HasSubstr("<testsuite name=\"" + second + "\" tests=\"1\" failures=\"0\" errors=\"0\">"));
 }
 
-// The report must show the error too, and must not be an old one.
+// The report must show the error too, and must not be a report of an earlier run.
 TEST_F(RunTool, ReportsSessionsThatCannotBePlayed) {
     const std::string wrong = file("wrong.qzs", "open 0\nrequst\nresult nothing=1\n");
     const std::string good = file("good.qzs", "open 0\nexpect-no-param iso\n");
@@ -232,7 +232,7 @@ TEST_F(RunTool, ReportsSessionsThatCannotBePlayed) {
 
 class JUnitReport : public RunTool {
   protected:
-    // Reads the report like a build server: nothing, or tests that passed, failed or were not run.
+    // Reads the report like a build server: no tests, or tests that passed, failed or were not run.
     std::string state() const {
         const auto xml = parseXml(textOf(mReport));
         if (!xml) return "not XML";

@@ -91,7 +91,7 @@ class ShellTool : public RunTool {
     }
 
   protected:
-    // Its input is a file: no terminal.
+    // The input is a file instead of a terminal.
     int shell(const std::string& lines, std::vector<std::string> words = {}) {
         words.insert(words.begin(), "shell");
         const std::string input = file("input", lines);
@@ -111,7 +111,7 @@ TEST_F(ShellTool, CompletesDropsRecallsAndLeaves) {
     Terminal terminal(mState);
     const std::string ctrlC = "\x03";
     terminal.type("", kPrompt);
-    // Before anything has been played: commands, keys, values, properties, tags.
+    // Before the first line is played: commands, keys, values, properties, tags.
     terminal.type("ope\t0\r", kPrompt);
     terminal.type("set scene-m\t", "ode=");
     terminal.type("qz\t", "auto");
@@ -120,7 +120,7 @@ TEST_F(ShellTool, CompletesDropsRecallsAndLeaves) {
     terminal.type(ctrlC, kPrompt);
     terminal.type("setprop camera.deb\t", "ug.mode");
     terminal.type(ctrlC, kPrompt);
-    // Values that the device offers stand first, in the order of the vocabulary; 50 and 1250 are not offered.
+    // Values that the device offers come first, in the order of the vocabulary. 50 and 1250 are not offered.
     EXPECT_THAT(terminal.type("set iso=\t", "1250"), testing::ContainsRegex("auto +1.*50 +"));
     terminal.type(ctrlC, kPrompt);
     EXPECT_THAT(terminal.type("result iso\t\t", "isoState"), Not(HasSubstr("burst")));
@@ -214,7 +214,7 @@ TEST_F(ShellTool, PlaysAScriptWithoutATerminal) {
     EXPECT_THAT(mOut, HasSubstr("3200"));
 }
 
-// The pager shows that it was there.
+// The pager writes a mark into its output.
 TEST_F(ShellTool, ALongAnswerGoesThroughThePager) {
     setenv("PAGER", "sed 's/^/paged /'", 1);
     Terminal terminal(mState);

@@ -20,7 +20,7 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::Not;
 
-// A camera that is open, one that is not, a session from before, a log and properties.
+// A dump with an open camera, a closed one and an earlier session, a log and properties.
 constexpr const char* kDump = R"(== Service global info: ==
 
 Number of camera devices: 2
@@ -184,7 +184,7 @@ TEST_F(RunTool, ShowCountsWhatTheTextHolds) {
     EXPECT_EQ(json["cuts"], nlohmann::json::array());
 }
 
-// Every version of the platform, counted line by line.
+// Counts every version of the platform line by line.
 TEST_F(RunTool, ShowCountsDumpsOfEveryVersion) {
     for (const int platform : test::kPlatforms) {
         SCOPED_TRACE(platform);

@@ -51,7 +51,7 @@ Device withoutStatic(uint32_t tag) {
     return device;
 }
 
-// After the last request of a session.
+// Returns the verdicts after the last request of a session.
 std::vector<VerdictRow> verdicts(const std::string& session, const Device& device = test::builtIn()) {
     Problems problems("s");
     const Session parsed = parseSession("open 0\n" + session + "\nrequest\n", "s", problems);
@@ -167,7 +167,7 @@ TEST(Verdict, ByDevice) {
     }
 }
 
-// The list that 16 values of a dump do not show whole.
+// The dump shows only 16 values of this list.
 Device withCut(const std::string& name) {
     Device device = test::builtIn();
     for (StaticEntry& entry : device.entries) {
@@ -240,7 +240,7 @@ TEST(Verdict, HoldsValuesAgainstWhatTheDeviceOffers) {
     EXPECT_EQ(verdictOn("iso", "set iso=50", without("supported_iso_values")).verdict, Verdict::Written);
 }
 
-// A later write that does not reach the device overrides nothing.
+// A later write that does not reach the device does not override the first one.
 TEST(Verdict, Overridden) {
     const std::string tag = "com.ambrix.capture.metadata.manualFocusValue";
     const Texts texts{{"qz-magnifier-step-value", "3"}, {"qz-manual-focus-step-value", "4"}};
@@ -269,7 +269,7 @@ TEST(Verdict, Overridden) {
     android::VendorTagDescriptor::clearGlobalVendorTagDescriptor();
 }
 
-// The entry that is written first may be the better one.
+// The entry that is written first may have the better verdict.
 TEST(Verdict, WorstEntryCounts) {
     Device both = without("proExposureTime");
     tagOf(both, "sensorExposureTime").type = TYPE_BYTE;

@@ -20,7 +20,7 @@
 namespace qzcam {
 namespace {
 
-// The entries of a request with these parameters.
+// Returns the entries of a request with these parameters.
 EntryTexts entriesOf(const std::vector<Parameter>& parameters) {
     static const VendorTagsInPlace inPlace(test::builtIn());
     static const android::CameraMetadata characteristics = staticCharacteristics(test::builtIn());
@@ -49,7 +49,7 @@ std::vector<Parameter> companyOf(const qz::Parameter& row, const qz::KeyRow& key
     return company;
 }
 
-// Whatever is given back writes the same again.
+// The returned parameters write the same entries again.
 TEST(WordsBack, GiveWhatWritesTheSameEntries) {
     size_t given = 0;
     for (const qz::Parameter& row : qz::kParameters) {

@@ -322,7 +322,7 @@ TEST(Pass, StateOfEarlierSetters) {
         const std::string outcome = bench.call("paramToMetaData", device);
         return outcome.substr(0, outcome.find(" | E "));
     };
-    // The refused iso ends nothing.
+    // A refused iso does not end the pass.
     bench.set("@flag=1;@client=com.instagram.android;iso=100;qz-magnifier-step-value=3;qz-face-beauty=off");
     bench.set("qz-manual-focus-step-value=9;qz-omron-face-beauty-level=2;qz-face-beauty-preview-only=yes");
     bench.set("qz-exposure-mode=star;qz-exposure-try-ae=on;video-stabilization=true");

@@ -17,7 +17,7 @@ namespace {
 using Texts = std::vector<std::string>;
 constexpr char kAbsent[] = "";
 
-// Values that together reach all branches of the function.
+// Values that reach all branches of the function together.
 Texts samplesOf(const Parameter& row, const KeyRow& key) {
     switch (key.form) {
         case KeyRow::Form::number:
@@ -293,7 +293,8 @@ TEST(RequestPass, ReadsTheKeysOfItsRowsInOrder) {
 
     for (const Parameter& row : kParameters) {
         for (const KeyRow& key : row.keys) host->parameters[key.name] = "1";
-        for (const EntryRow& entry : row.entries) host->refused.insert(entry.tag);  // which ends nothing
+        for (const EntryRow& entry : row.entries)
+            host->refused.insert(entry.tag);  // the refusal does not end the setter
     }
     host->parameters["qz-exposure-mode"] = "star";
     host->refused.erase(capture("lightPaintingMode"));

@@ -1,6 +1,6 @@
 # SPDX-License-Identifier: Apache-2.0
-#Every line of a lines.inc is written by some source, and no source writes one that stands nowhere.
-#cmake - DSOURCE = ... - P lines.cmake
+# Checks that a source writes every line of each lines.inc, and that no source writes a line that is in no list.
+# cmake -DSOURCE=... -P lines.cmake
 file(GLOB_RECURSE sources ${SOURCE}/src/*.cpp ${SOURCE}/src/*.h ${SOURCE}/src/*.inc)
 foreach(source ${sources})
     file(READ ${source} text)

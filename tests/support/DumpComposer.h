@@ -9,7 +9,7 @@
 
 namespace qzcam::test {
 
-// 7 is 7.1.
+// The version of Android; 7 stands for 7.1.
 constexpr int kPlatforms[] = {7, 8, 9, 10, 11, 12, 13, 14};
 
 struct DumpEntry {
@@ -43,7 +43,7 @@ struct DumpCamera {
     int orientation = 90;
     std::vector<DumpEntry> entries;
     std::vector<std::pair<std::string, std::vector<DumpEntry>>> physical;  // id, entries; since 10
-    std::vector<DumpArray> client;                                         // empty: the camera is closed
+    std::vector<DumpArray> client;                                         // empty: no camera is open
     std::vector<std::pair<std::string, std::string>> shim;
 };
 
@@ -55,11 +55,11 @@ struct DumpPhone {
     std::string monitor;                     // text of the open client's tag monitor, if any
 };
 
-// Two cameras, two providers where the version has them, an open client with shim parameters and a tag
-// monitor, and a previous session where the version has one. Every entry is one that qzcam can use.
+// Composes a dump with two cameras, two providers if the version has them, an open client with shim
+// parameters and a tag monitor, and a previous session if the version lists it. qzcam can use every entry.
 DumpPhone samplePhone(int platform);
 
-// "      name (id): type[count]" and the value lines of a metadata array.
+// Appends "      name (id): type[count]" and the value lines of a metadata array.
 std::string arrayText(const std::vector<DumpEntry>& entries, int indentation);
 std::string dumpOf(const DumpPhone& phone);
 

@@ -21,7 +21,7 @@ using F = std::vector<float>;
 using L = std::vector<int64_t>;
 using Elements = std::variant<B, I, F, L>;  // in the order of the platform's type codes
 
-// The allocation has exactly the entry's bytes, so that a sanitizer detects a read past the end.
+// The allocation has exactly the size of the entry, so that a sanitizer detects a read past the end.
 inline camera_metadata_ro_entry entryOf(uint32_t tag, const Elements& elements) {
     camera_metadata_ro_entry entry = {};
     entry.tag = tag;

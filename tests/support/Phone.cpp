@@ -19,7 +19,7 @@ namespace qzcam::test {
 namespace {
 
 constexpr int64_t kMillisecond = 1'000'000;
-constexpr int64_t kExposure = 20 * kMillisecond;  // a result's time is that of its exposure
+constexpr int64_t kExposure = 20 * kMillisecond;  // the time of a result is the time of its exposure
 constexpr size_t kNativeLimit = 1023;
 constexpr int kRequestThread = 2207;
 
@@ -60,7 +60,7 @@ size_t rowLength(uint8_t type) {
     return type == TYPE_INT32 || type == TYPE_FLOAT ? 8 : 4;
 }
 
-// One version prints bytes and floats without blanks.
+// Returns true for the version that prints bytes and floats without blanks.
 bool runsTogether(const Values& values, MonitorFormat format) {
     return format == MonitorFormat::Android13 && (values.type == TYPE_BYTE || values.type == TYPE_FLOAT);
 }
@@ -123,7 +123,7 @@ std::string monitorHead(const std::vector<PhoneEvent>& events) {
     return text + "     Monitored tag event log:\n";
 }
 
-// The frame number in a log line is the phone's.
+// The frame number in a log line is that of the phone.
 void renumber(LogEvent& line, int64_t frame) {
     constexpr std::string_view kFrame = "\nframe number: ";
     const size_t at = line.text.find(kFrame);
@@ -159,7 +159,7 @@ std::string escaped(const std::string& message) {
     return text;
 }
 
-// The text before and behind each line of a message.
+// Returns the texts before and after each line of a message.
 std::pair<std::string, std::string> around(const PhoneLine& line, const LogFormat& format) {
     using Layout = LogFormat::Layout;
     const std::string time = timeText(line, format);
@@ -213,7 +213,7 @@ std::vector<PhoneEvent> onPhone(const std::vector<Event>& session) {
     int64_t frame = 0;
     int64_t time = kPhoneStart;
     int tid = kRequestThread;
-    bool isUsed = false;  // the frame, by the command
+    bool isUsed = false;  // a command has used the frame
     for (Event event : session) {
         if (std::holds_alternative<CommandEvent>(event)) {
             tid = kRequestThread + (isResult(event) ? 1 : 0);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// A host that hands out entries of results and shows each message in the log, as "100[65656565 05000000]" or
+// A host that finds entries of results and shows each message in the log, as "100[65656565 05000000]" or
 // "10000(3, -4)".
 #pragma once
 
@@ -54,7 +54,7 @@ class ResultHost : public ExtCallBackInterface {
         return entryOf(tag, entries[asked.back()]);
     }
 
-    bool hasOwnEntries = true;  // instead of those of the result
+    bool hasOwnEntries = true;  // used instead of the entries of the result
     std::map<std::string, Elements> entries;
     std::vector<std::string> asked;
     const android::CameraMetadata* askedOf = nullptr;

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Vendor tags that a test declares as it likes: the functions of a HAL over a table, and the process's
-// descriptor of them.
+// Vendor tags of a test: the functions of a HAL over a table, and the process's descriptor with these tags.
 #pragma once
 
 #include <camera/VendorTagDescriptor.h>

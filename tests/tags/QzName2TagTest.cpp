@@ -63,7 +63,7 @@ TEST(QzName2Tag, VendorNames) {
                            {section + ".iso", TYPE_BYTE},
                            {"com.ambrix.device.iso", TYPE_BYTE},
                            {"a.b", TYPE_BYTE}});
-    expectTag("a.b", 0x80000003);  // looked up anew
+    expectTag("a.b", 0x80000003);  // looked up again
     expectTag("com.ambrix.device.iso", 0x80000002);
     expectTag("com.ambrix.capture.short", 0x80000000);
     expectTag("com.ambrix.capture.iso", kNone);
@@ -92,7 +92,7 @@ TEST(QzName2Tag, LongestOfManySections) {
     expectTag("a.b.cc.tag", 0x80000004);
     expectTag("a.b.d.tag", 0x80000005);
     expectTag("z.tag", 0x80000006);
-    // The name of a section is not a tag of that section, nor of a shorter one.
+    // The name of a section is not a tag of that section or of a shorter one.
     expectTag("a.b.c", kNone, "vendorTagFromName: Key length too short for key 'a.b.c'.");
     expectTag("z", kNone, "vendorTagFromName: Key length too short for key 'z'.");
     expectTag("a.b.x.tag", kNone);  // in a.b, which has no "x.tag"

@@ -117,7 +117,7 @@ TEST(Parsers, Coordinate) {
     }
 }
 
-// Asks for two numbers. errno has the value of an earlier conversion.
+// Parses two numbers. errno has the value of an earlier conversion.
 template <typename T>
 void expectTuples(int (*parse)(const char*, T*, size_t), const char* table) {
     for (const Row& row : rowsOf(table)) {

@@ -18,7 +18,7 @@ std::string printed(const Vocabulary& vocabulary, int number) {
     return text.replace(text.find("%u"), 2, std::to_string(number));
 }
 
-// Texts that are similar to the word: longer, shorter, in the other case.
+// Texts that are similar to the word: longer, shorter, or with capitals exchanged.
 std::vector<std::string> nearMisses(const std::string& word) {
     std::string other = word;
     for (char& c : other) c = static_cast<char>(std::isupper(c) != 0 ? std::tolower(c) : std::toupper(c));
