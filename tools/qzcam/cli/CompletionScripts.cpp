@@ -113,11 +113,11 @@ std::string zshArgument(const CLI::Option& option) {
     }
     std::string words;
     for (const std::string& name : namesOf(option)) {
-        const std::string value =
-            takes == Takes::Nothing
-                ? ""
-                : fmt::format(":{}:{}", zshText(option.get_type_name()), zshAction(takes));
-        words += fmt::format(" '{}[{}]{}'", name, zshText(option.get_description()), value);
+        words += fmt::format(" '{}[{}]", name, zshText(option.get_description()));
+        // Double quotes expand the list of keys.
+        words += takes == Takes::Nothing
+                     ? "'"
+                     : fmt::format(":{}:'\"{}\"", zshText(option.get_type_name()), zshAction(takes));
     }
     return words;
 }
@@ -178,6 +178,7 @@ std::string zshCompletion(const CLI::App& app) {
         "_qzcam() {{\n"
         "  local curcontext=$curcontext state line\n"
         "  local -a commands\n"
+        "  typeset -A opt_args\n"
         "  commands=(\n{}  )\n"
         "  _arguments -C '1:command:->command' '*::argument:->argument'\n"
         "  case $state in\n"

@@ -61,7 +61,7 @@ void addShow(CLI::App& app, Action& action) {
         app.add_option("--array", options->array,
                        "Print the entries of a metadata array: 'static', 'last request sent', or the "
                        "beginning of its name")
-            ->type_name("NAME");
+            ->type_name("ARRAY");
     app.add_option("--find", options->find,
                    "Print all lines with this text, and the part of the input that each belongs to")
         ->type_name("TEXT")
