@@ -111,7 +111,8 @@ TEST(DumpParser, ChoosesTheCameraInEverySpellingOfItsTitle) {
         "== Camera HAL device device@3.4/legacy/12 (v3.4) static information: ==\n  API2 characteristics:\n"
         "    Dumping camera metadata array: 1 / 9 entries\n"
         "      android.lens.facing (80005): byte[1]\n        [EXTERNAL ]\n"
-        "== Camera device 12 dynamic info: ==\n  Dumping camera metadata array: Not allocated\n";
+        "== Camera device 12 dynamic info: ==\n  Dumping camera metadata array: Not allocated\n"
+        "Camera traces (0):\n";
     const struct {
         const char* camera;
         const char* chosen;
@@ -147,7 +148,7 @@ TEST(DumpParser, NamesWhatIsNotUsed) {
               "        [8 9 10 11 ]\n        [12 13 14 15 ]\n"
               "      android.jpeg.quality (70004): byte[1]\n        [9 ]\n"
               "      android.jpeg.quality (70004): byte[1]\n        [8 ]\n") +
-        "== Another: ==\n" + kVendor);
+        "== Another: ==\n" + kVendor + "== Camera error traces (0): ==\n");
     EXPECT_THAT(
         parsed.left(),
         ElementsAre("line 5: entries of unknown tags: android.newest.location (1c0000) byte[1]",

@@ -133,6 +133,7 @@ std::string withoutVendorTags(std::string text) { return text.substr(0, text.fin
 
 TEST(Report, TellsWhereADumpIsCut) {
     const std::string text = dumpOf(samplePhone(11));
+    const std::string closed = dumpOf(samplePhone(13));
     const std::string inArray = text.substr(0, text.find("        [33 4000"));
     const struct {
         std::string text;
@@ -146,6 +147,12 @@ TEST(Report, TellsWhereADumpIsCut) {
          "the service did not finish its dump in time"},
         {dumpOf(samplePhone(7)).substr(0, dumpOf(samplePhone(7)).find("Camera 1 information")),
          "the dump ends with 1 of 2 cameras"},
+        {dumpOf(samplePhone(7)).substr(0, dumpOf(samplePhone(7)).find("Camera 0 information")),
+         "the dump ends with 0 of 2 cameras"},
+        {text.substr(0, text.find("  Dumping vendor tag", text.find("with id 3571857947"))),
+         "the dump ends before its camera traces"},
+        {closed.substr(0, closed.rfind("    Last request sent")),
+         "the dump ends within a session that was closed before"},
     };
     for (const auto& row : kRows) {
         const Report report = readDump(row.text);

@@ -99,6 +99,8 @@ Active Camera Clients:
     0x80000000 (iso) with type 0 (byte) defined in section com.ambrix.capture.metadata
     0x80000001 (burst-delay-ms) with type 1 (int32) defined in section com.ambrix.capture.metadata
 
+== Camera error traces (0): ==
+  No camera traces collected.
 **********Dumpsys from previous open session**********
 == Camera device 1 dynamic info: ==
   03-05 09:00:00 : Device 1 is open. Client instance dump:

@@ -199,9 +199,10 @@ std::string Comparer::reasonOf(const ComparedEntry& row) const {
     if (row.kind == Kind::OnlyThere) return whyOnlyThere(row);
     if (row.kind == Kind::OnlyHere) return whyOnlyHere(row);
     if (row.kind == Kind::Same) return row.cut ? "as far as the dump shows it" : "";
-    if (row.thereValues->type != row.hereValues->type)
+    if (row.thereValues->type != row.hereValues->type) {
         return fmt::format("{} there, {} here", typeAndCount(*row.thereValues),
                            typeAndCount(*row.hereValues));
+    }
     const std::string back = toText(wordsBackFor(row.tag, mTexts));
     return back.empty() ? fateOf(row.tag) : back + " there";
 }

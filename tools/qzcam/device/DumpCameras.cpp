@@ -142,6 +142,7 @@ void DumpReader::globalLine() {
     } else if (startsWith(mBody, "(Camera ID: ")) {
         mReport.clients.push_back({mNumber, mBody});
     } else if (startsWith(mBody, "Camera module HAL API version:")) {
+        mStartedModule = true;
         mReport.isDump = true;
     } else if (auto count = behind(mBody, "Number of camera devices:")) {
         mAnnouncedCameras =

@@ -85,19 +85,29 @@ void DumpReader::end() {
     const size_t last = mNumber++;
     mLine = mText.substr(mText.size());
     leave();
-    const bool isShort = mAnnouncedCameras > mModuleCameras && mModuleCameras > 0;
-    if (!mEnded && mStartedService && !mReport.hasVendorSection) {
-        cutAt(last, "the dump ends before its vendor tags");
-    } else if (!mEnded && isShort) {
-        cutAt(last, fmt::format("the dump ends with {} of {}", mModuleCameras,
-                                counted(mAnnouncedCameras, "camera")));
-    }
+    if (!mEnded) tellEarlyEnd(last);
     finishCameras();
     findVendorFaults(mReport);
     std::stable_sort(mReport.cameras.begin(), mReport.cameras.end(),
                      [](const auto& a, const auto& b) { return a.line < b.line; });
     std::stable_sort(mReport.left.begin(), mReport.left.end(),
                      [](const Left& a, const Left& b) { return a.line < b.line; });
+}
+
+// Sections follow one another in a fixed order, and the service prints each of them.
+void DumpReader::tellEarlyEnd(size_t line) {
+    if (mStartedService && !mReport.hasVendorSection) {
+        cutAt(line, "the dump ends before its vendor tags");
+    } else if (mAnnouncedCameras > mModuleCameras && (mModuleCameras > 0 || mStartedModule)) {
+        cutAt(line, fmt::format("the dump ends with {} of {}", mModuleCameras,
+                                counted(mAnnouncedCameras, "camera")));
+    } else if (!mReport.cuts.empty() || !mReport.errors.empty()) {
+        return;
+    } else if ((mStartedService || mStartedModule) && !mTraces) {
+        cutAt(line, "the dump ends before its camera traces");
+    } else if (mPrevious) {
+        cutAt(line, "the dump ends within a session that was closed before");
+    }
 }
 
 // A HAL's own text may hold anything, so that only titles of the service end it.
@@ -160,6 +170,7 @@ bool DumpReader::framedTitle() {
         const bool isKnown =
             startsWith(title, "Service global info") || startsWith(title, "Camera error traces");
         mStartedService = mStartedService || startsWith(title, "Service global info");
+        mTraces = mTraces || startsWith(title, "Camera error traces");
         if (!isKnown) leaveUnused(Left::Kind::Section, cut(title, kLongestName));
         return isKnown;
     }
@@ -181,6 +192,7 @@ bool DumpReader::moduleTitle() {
     } else if (contains(mBody, "events log (most recent at top)")) {
         enter(Region::Events);
     } else if (startsWith(mBody, "Camera traces (")) {
+        mTraces = true;
         enter(Region::Other);
     } else {
         return false;

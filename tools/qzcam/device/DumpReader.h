@@ -24,6 +24,7 @@ class DumpReader {
     void take();
     void takeInRegion();
     void end();
+    void tellEarlyEnd(size_t line);
 
     bool title();
     bool framedTitle();
@@ -100,6 +101,8 @@ class DumpReader {
     bool mPrevious = false;      // within sessions that were closed before
     bool mEnded = false;         // the service's time was over
     bool mStartedService = false;
+    bool mStartedModule = false;  // 7.1
+    bool mTraces = false;         // the last section but those of previous sessions
     size_t mAnnouncedCameras = 0;
     size_t mModuleCameras = 0;  // "Camera N information"
     std::vector<TextBlock>* mTexts = nullptr;

@@ -150,7 +150,7 @@ const FoundParameters* bestOf(const std::vector<FoundParameters>& found) {
     const FoundParameters* best = nullptr;
     for (const FoundParameters& one : found) {
         // The first defaults are those of the main camera.
-        const bool isBetter = !best || one.source > best->source ||
+        const bool isBetter = best == nullptr || one.source > best->source ||
                               (one.source == best->source && one.source != FoundParameters::Source::Defaults);
         if (isBetter) best = &one;
     }

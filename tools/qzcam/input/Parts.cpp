@@ -173,13 +173,11 @@ std::vector<Part> FrameCutter::cut() {
 
 void FrameCutter::line(std::string_view line) {
     if (mSeparated && !serviceOf(line).empty()) return service(line);
-    const bool inDump = mParts.current().kind == Kind::Dump;
+    const bool isRefused = mParts.current().kind == Kind::Dump && startsWith(line, "Error dumping service");
     if (!mService.empty() && isTimeout(line)) {
         fault(line);
         begin(Kind::Other, mService);
-    } else if (inDump && startsWith(line, "Error dumping service")) {
-        fault(line);
-    } else if (mService.empty() && !mSection.empty() && isStopped(line)) {
+    } else if (isRefused || (mService.empty() && !mSection.empty() && isStopped(line))) {
         fault(line);
     }
 }

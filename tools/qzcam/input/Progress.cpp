@@ -23,7 +23,7 @@ std::string mebibytes(size_t bytes) {
 
 }  // namespace
 
-Progress::Progress(std::string what)
+Progress::Progress(const std::string& what)
     : mWhat(visible(what)), mAtTerminal(isatty(STDERR_FILENO) == 1), mNext(Clock::now() + kPatience) {}
 
 Progress::~Progress() {

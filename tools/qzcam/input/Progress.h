@@ -11,8 +11,8 @@ namespace qzcam {
 
 class Progress {
   public:
-    explicit Progress(std::string what);  // "reading report.zip"
-    ~Progress();                          // takes the line away
+    explicit Progress(const std::string& what);  // "reading report.zip"
+    ~Progress();                                 // takes the line away
     Progress(const Progress&) = delete;
     Progress& operator=(const Progress&) = delete;
 

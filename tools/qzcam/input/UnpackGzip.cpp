@@ -86,7 +86,7 @@ std::string unpackGzip(Content& content, const UnpackLimits& limits) {
     while (more) {
         more = inflater.step(content.bytes);
         progress.reached(inflater.offset(), packed.size());
-        const std::string wrong = wrongSize(content.bytes.size(), packed.size(), limits);
+        std::string wrong = wrongSize(content.bytes.size(), packed.size(), limits);
         if (!wrong.empty()) return wrong;
     }
     std::string damage = inflater.damage();
