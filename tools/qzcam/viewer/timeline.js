@@ -61,11 +61,12 @@ class TimelineView {
         const found = [...this.events.findings].sort((a, b) => (a.tone === 'bad' ? 0 : 1) - (b.tone === 'bad' ? 0 : 1));
         if (found.length === 0 && this.events.readInto) return null;
         if (found.length === 0) return el('p', {class: 'findings none'}, badge('good', 'nothing failed'), ' Every parameter was written as it was set, and no expectation failed.');
-        const list = new VirtualList('Findings', 32, (row) => [badge(row.tone, row.what), el('code', {class: 'name', title: row.name}, row.name),
+        const rowHeight = innerWidth > 640 ? 32 : 54;  // the reason has a line of its own on a narrow screen
+        const list = new VirtualList('Findings', rowHeight, (row) => [badge(row.tone, row.what), el('code', {class: 'name', title: row.name}, row.name),
             el('span', {class: 'what', title: row.why}, row.why, row.times > 1 ? el('span', {class: 'muted'}, ` in ${row.times.toLocaleString('en')} ${row.unit || 'requests'}`) : null),
             el('span', {class: 'muted place'}, row.line ? `${placeText({...row.item, line: 0})}, set in line ${row.line}`.replace(/^, /, '') : placeText(row.item))],
         (row) => this.chooseFinding(row));
-        list.element.style.height = `${Math.min(found.length, 5) * 32 + 2}px`;
+        list.element.style.height = `${Math.min(found.length, 5) * rowHeight + 2}px`;
         list.show(found);
         return el('div', {class: 'findings'}, el('h2', {}, 'What did not go as asked', el('span', {class: 'count'}, found.length.toLocaleString('en'))), list.element);
     }
