@@ -30,7 +30,7 @@ bool isNameOf(std::string_view name, const VendorTag& tag) {
            startsWith(name, tag.section) && endsWith(name, tag.name);
 }
 
-// Vendor entries in all arrays of the camera, each once, in the order of the text.
+// Returns the vendor entries in all arrays of the camera, each once, in the order of the text.
 std::vector<const ArrayEntry*> vendorEntries(const Report& report, const ReportedCamera& camera) {
     std::vector<const ArrayEntry*> entries;
     std::set<NumberedName> seen;
@@ -43,7 +43,7 @@ std::vector<const ArrayEntry*> vendorEntries(const Report& report, const Reporte
     return entries;
 }
 
-// How many of the entries have their name and number from the block.
+// Returns the number of entries whose name and number are in the block.
 size_t agreement(const VendorBlock& block, const std::set<NumberedName>& entries) {
     std::set<NumberedName> agreed;
     for (const VendorTag& tag : block.tags) {

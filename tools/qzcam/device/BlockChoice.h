@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
-// Several providers have a block of vendor tags each, and a dump does not say which camera belongs to which.
-// Entries print name and number side by side, so that the camera's own arrays tell.
+// Finds the block of vendor tags of a camera. If several providers have a block each, a dump does not state
+// which camera belongs to which. But entries print name and number together, so the camera's own arrays show
+// the block.
 #pragma once
 
 #include "device/Report.h"
@@ -10,14 +11,14 @@
 namespace qzcam {
 
 struct BlockChoice {
-    const VendorBlock* block = nullptr;  // null when the report has none
-    std::string note;                    // empty unless several agree with the camera
+    const VendorBlock* block = nullptr;  // null if the report has none
+    std::string note;                    // empty unless several blocks fit the camera
 };
 
 // `camera` may be null.
 BlockChoice chooseBlock(const Report& report, const ReportedCamera* camera);
 
-// The vendor tags that entries of the camera name, for a text without a vendor section.
+// Returns the vendor tags of the camera's entries, for a text without a vendor section.
 std::vector<VendorTag> tagsOfEntries(const Report& report, const ReportedCamera& camera);
 
 }  // namespace qzcam

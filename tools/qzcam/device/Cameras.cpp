@@ -14,7 +14,7 @@ const Device* Cameras::find(int number) {
     if (known != mDevices.end()) return known->second.get();
     const ReportedCamera* camera = cameraOfNumber(*mReport, number);
     if (camera == nullptr || !camera->hasStatic) return nullptr;
-    Problems problems(mFile);  // those of other cameras than the chosen one are in the report's arrays
+    Problems problems(mFile);  // discarded: the report's arrays have them
     auto device = std::make_unique<Device>(deviceOf(*mReport, camera, problems));
     device->file = mFile;
     return mDevices.emplace(number, std::move(device)).first->second.get();

@@ -14,14 +14,15 @@ namespace qzcam {
 
 class Cameras {
   public:
-    // `file` is what messages call the text of the report.
+    // `file`: the name of the report's text in messages.
     Cameras(std::shared_ptr<const Report> report, std::string file)
         : mReport(std::move(report)), mFile(std::move(file)) {}
 
-    // The device that open(number) opens; null if the report has none. It lives as long as this.
+    // Returns the device that open(number) opens, or null if the report has none. It lives as long as this
+    // object.
     const Device* find(int number);
 
-    // Numbers that clients can open.
+    // Returns the numbers that clients can open.
     std::vector<int> numbers() const;
 
   private:

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
-// A device as a dump describes it: its vendor tags and the static characteristics of one of its cameras.
+// A device that a dump describes: its vendor tags and the static characteristics of one of its cameras.
 //
-// Everything is kept by name. Numbers of vendor tags differ from device to device and from one boot to the
-// next, and only the dump's own vendor section says which number a name has in it.
+// Tags are identified by their names. The numbers of vendor tags differ from device to device and from one
+// boot to the next. Only the vendor section of the same dump states the number of a name.
 #pragma once
 
 #include "base/Text.h"
@@ -31,27 +31,27 @@ struct Tag {
     std::string fullName() const { return section + "." + name; }
 };
 
-// Names to tags: the vendor tags of a device and all standard ones.
+// Finds tags by their names: the vendor tags of a device and all standard ones.
 class TagNames {
   public:
     explicit TagNames(const std::vector<Tag>& vendorTags);
 
-    // "section.name"; null when there is none.
+    // Finds "section.name". Returns null if there is no such tag.
     const Tag* find(const std::string& fullName) const;
 
-    // Also a name without section that stands in one section only. Otherwise the text says what is wrong with
-    // it.
+    // Also finds a name without section if only one section has it. Otherwise returns a text with the
+    // problem.
     std::variant<const Tag*, std::string> resolve(const std::string& name) const;
 
     // Returns true if there are one or more such tags.
     bool knows(const std::string& name) const;
 
-    // "section.name", or the number of a tag that has none.
+    // Returns "section.name", or the number of a tag without a name.
     std::string nameOf(uint32_t id) const;
 
     std::vector<std::string> fullNames() const;
 
-    // With and without their sections.
+    // Returns the names with and without their sections.
     std::vector<std::string> allNames() const;
 
   private:
@@ -65,16 +65,16 @@ class TagNames {
 struct StaticEntry {
     uint32_t tag = 0;
     Values values;
-    bool cut = false;                  // the dump shows its first elements only
+    bool cut = false;                  // the dump shows only the first elements
     std::vector<UnknownWord> words{};  // words without a known number
 };
 
-// An entry whose element type is not its tag's, or none at all. The metadata buffer cannot hold it, so that
-// the device does without.
+// An entry whose element type does not exist or is not the one of its tag. The metadata buffer cannot contain
+// it, so the device is used without it.
 struct MistypedEntry {
     uint32_t tag;
     size_t line;
-    std::string form;  // as the dump has it: "byte[2]"
+    std::string form;  // the text of the dump: "byte[2]"
 };
 
 struct Device {
@@ -82,7 +82,7 @@ struct Device {
     std::string camera;                     // "device@3.4/legacy/0", or "0"
     std::vector<std::string> otherCameras;  // other cameras of the dump
     bool hasVendorTags = false;
-    bool hasVendorSection = true;  // otherwise the tags are those that entries of the camera name
+    bool hasVendorSection = true;  // otherwise the tags are those of the camera's entries
     std::vector<Tag> vendorTags;
     std::vector<StaticEntry> entries;
     std::vector<MistypedEntry> mistyped;
@@ -92,8 +92,8 @@ struct Device {
     std::vector<std::string> notes;  // conclusions that the dump does not state
 };
 
-// Numbers for vendor tags without a unique one: the lowest unused numbers. The highest possible number means
-// "no tag", so counting up from the highest used number could reach it.
+// Finds numbers for vendor tags without a unique one: the lowest unused numbers. The highest possible number
+// means "no tag", so counting up from the highest used number could reach it.
 class FreeTagIds {
   public:
     template <typename Tags>
@@ -110,7 +110,7 @@ class FreeTagIds {
 // Makes the device's vendor tags those of the process.
 void installVendorTags(const Device& device);
 
-// The camera's static characteristics; the vendor tags must be installed.
+// Returns the camera's static characteristics. The vendor tags must be installed.
 android::CameraMetadata staticCharacteristics(const Device& device);
 
 }  // namespace qzcam

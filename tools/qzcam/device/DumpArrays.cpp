@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Metadata arrays and vendor tags of a dump.
+// Reads the metadata arrays and vendor tags of a dump.
 #include "device/DumpLines.h"
 #include "device/DumpReader.h"
 
@@ -18,7 +18,7 @@ struct Heading {
     Place place;
 };
 
-// In the order in which they are compared with the start of a line.
+// The order in which they are compared with the start of a line.
 constexpr std::array<Heading, 8> kHeadings{{{"Latest received frame", Place::LatestFrame},
                                             {"Latest captured frame", Place::CapturedFrame},
                                             {"Latest ZSL capture request", Place::ZslRequest},
@@ -36,7 +36,7 @@ std::string_view withoutColon(std::string_view heading) {
     return heading;
 }
 
-// Fewer or more items than announced; empty if they are as many.
+// Returns "LIST has 12 of 140 items" if another number was announced; otherwise an empty text.
 std::string difference(const std::string& list, size_t read, const std::optional<size_t>& announced,
                        std::string_view items) {
     if (!announced || read == *announced) return {};
@@ -127,7 +127,7 @@ void DumpReader::arrayLine() {
         mHeading = {};
         return takeInRegion();
     }
-    // A line that stands where values do is one of them, and the entry is short of it.
+    // A garbled line in the place of a value line counts as one, and the entry has too few values.
     if (mInEntry && mIndent > mEntryIndent && !isComplete(array.entries.back())) {
         mEntryGarbled = true;
         valueLine();
@@ -153,7 +153,7 @@ bool DumpReader::isComplete(const ArrayEntry& entry) const {
     return !mEntryGarbled && !entry.values.empty() && readValues(entry).wrong.empty();
 }
 
-// If a text has lost its indentation, only the next line tells.
+// Returns true for a line of the array. If a text has lost its indentation, the next line decides.
 bool DumpReader::isStillArray() const {
     if (mIndent > mArrayIndent) return true;
     const MetadataArray& array = mReport.arrays.back();
@@ -172,7 +172,7 @@ bool DumpReader::isEntry() const {
     return entry && isElementType(entry->type);
 }
 
-// An entry whose array has lost its head, or one that strayed into a list of other things.
+// Reads an entry whose array has lost its head, or an entry inside a list of something else.
 bool DumpReader::strayEntry() {
     if (!isEntry()) return false;
     const bool isPlace = mRegion == Region::Camera || mRegion == Region::Client || mRegion == Region::Other;

@@ -12,7 +12,7 @@ namespace qzcam {
 
 namespace {
 
-// Returns the text behind the start of a line; nothing for another line.
+// Returns the text after the start of a line; nothing for another line.
 std::optional<std::string_view> behind(std::string_view body, std::string_view start) {
     if (!startsWith(body, start)) return std::nullopt;
     return withoutBlanks(body.substr(start.size()));
@@ -63,7 +63,7 @@ void DumpReader::openCamera(std::string_view name, std::string_view version) {
     ReportedCamera* named = &camera(idOf(name));
     if (named->hasStatic && named->name != name) {
         named = &mReport.cameras.emplace_back();
-        named->id = name;  // another camera has the short one
+        named->id = name;  // another camera has the short name
     }
     mCamera = named->id;
     mStaticSeen = false;
@@ -125,7 +125,7 @@ void DumpReader::clientLine() {
     openLine();
 }
 
-// "Device 0 is open. Client instance dump:", since 12 behind a time.
+// Parses "Device 0 is open. Client instance dump:"; from Android 12 on a time stands before it.
 bool DumpReader::openLine() {
     if (mBody.find(" is open. Client instance dump:") == std::string_view::npos) return false;
     if (mRegion != Region::Client) enter(Region::Client);
@@ -183,11 +183,11 @@ void DumpReader::shimLine() {
         addShimParameter(rest.substr(0, tab), true);
         rest.remove_prefix(tab + 1);
     }
-    constexpr size_t kLongestLine = 254;  // with its tabulator
+    constexpr size_t kLongestLine = 254;  // with its tab
     addShimParameter(rest, rest.size() + 1 >= kLongestLine);
 }
 
-// A tabulator begins each parameter, unless it was lost on the way.
+// A tab begins each parameter, unless the text has lost it.
 bool DumpReader::isShimLine() const {
     const ShimParameters& shim = mReport.shimParameters.back();
     const bool isMarked = mIndent > 0 && mLine[mIndent - 1] == '\t';
@@ -209,7 +209,7 @@ void DumpReader::addShimParameter(std::string_view text, bool cut) {
     mReport.shimParameters.back().parameters.push_back(parameter);
 }
 
-// Takes facing, orientation and level from the static characteristics of a camera.
+// Reads facing, orientation and level from the static characteristics of a camera.
 void DumpReader::finishCameras() {
     for (const MetadataArray& array : mReport.arrays) {
         if (array.place == Place::PhysicalStatic)

@@ -21,7 +21,7 @@ std::optional<Number> wholeNumber(std::string_view text, int base) {
     return error == std::errc{} && stop == end ? std::optional(number) : std::nullopt;
 }
 
-// Takes what stands behind the last `start` off the end of the text, and `start` itself.
+// Returns the text after the last `start` and removes it, and `start`, from the text.
 std::optional<std::string_view> takeBehind(std::string_view& text, std::string_view start) {
     const size_t place = text.rfind(start);
     if (place == std::string_view::npos) return std::nullopt;
@@ -56,7 +56,7 @@ std::optional<uint64_t> takeDecimal(std::string_view& text) {
     return number;
 }
 
-// Read from its end: a vendor's names may hold blanks and brackets.
+// The line is read from its end, because a vendor's names may contain blanks and brackets.
 std::optional<ArrayEntry> parseEntry(std::string_view body) {
     if (body.empty() || body.front() == '[' || body.back() != ']') return std::nullopt;
     body.remove_suffix(1);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Single lines of a camera dump: entries, vendor tags, titles.
+// Parses single lines of a camera dump: entries, vendor tags, titles.
 #pragma once
 
 #include "device/Report.h"
@@ -10,20 +10,21 @@
 
 namespace qzcam {
 
-// The text without blanks around it. Faster than trimmed(), for texts of many megabytes.
+// Returns the text without blanks around it. It is faster than trimmed(), for texts of many megabytes.
 std::string_view withoutBlanks(std::string_view line);
 
-// Takes the text up to `end` and `end` itself off the text. Nothing, and the text as it was, without `end`.
+// Removes the text up to `end`, and `end` itself, and returns the text. Without `end` it returns nothing and
+// changes nothing.
 std::optional<std::string_view> takeUntil(std::string_view& text, std::string_view end);
 
-// A decimal number at the start of the text, which is taken off it.
+// Removes a decimal number from the start of the text and returns it.
 std::optional<uint64_t> takeDecimal(std::string_view& text);
 
-// "name (tag): type[count]" with a hexadecimal tag.
+// Parses "name (tag): type[count]" with a hexadecimal tag.
 std::optional<ArrayEntry> parseEntry(std::string_view body);
 
-// "0x80000000 (iso) with type 0 (byte) defined in section com.ambrix.capture.metadata". `typeName` is the
-// word in brackets.
+// Parses "0x80000000 (iso) with type 0 (byte) defined in section com.ambrix.capture.metadata". `typeName` is
+// the word in brackets.
 struct VendorTagLine {
     VendorTag tag;
     uint64_t type = 0;
@@ -31,13 +32,13 @@ struct VendorTagLine {
 };
 std::optional<VendorTagLine> parseVendorTag(std::string_view body);
 
-// `Device 4 maps to "8"`
+// Parses `Device 4 maps to "8"`.
 std::optional<ApiDevice> parseApiDevice(std::string_view body);
 
-// "== Title: ==" without its frame.
+// Returns the title of "== Title: ==".
 std::string_view titleOf(std::string_view body);
 
-// The camera that a title names, in the spellings of old and new platforms: "Camera HAL device
+// Finds the camera in a title, in the spellings of old and new platforms: "Camera HAL device
 // device@3.4/legacy/0 (v3.4) static information", "Camera device 0 static information", "Camera 0
 // information".
 struct CameraTitle {
@@ -46,7 +47,7 @@ struct CameraTitle {
 };
 std::optional<CameraTitle> cameraOfTitle(std::string_view title);
 
-// The name behind the last slash.
+// Returns the name after the last slash.
 std::string_view idOf(std::string_view name);
 
 // Returns true for a text of printable ASCII that is not empty.

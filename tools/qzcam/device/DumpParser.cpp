@@ -46,8 +46,8 @@ class DeviceBuilder {
     const ReportedCamera* mCamera;
     Problems& mProblems;
     Device mDevice;
-    std::unordered_map<std::string, size_t> mVendorNames;  // places in the device's tags
-    std::optional<bool> mWhole;                            // the array is, in this text
+    std::unordered_map<std::string, size_t> mVendorNames;  // indexes into the device's tags
+    std::optional<bool> mWhole;                            // the array is complete in this text
     std::set<uint32_t> mSeen;                              // tags of entries
     std::unique_ptr<TagNames> mNames;
 };
@@ -98,7 +98,7 @@ void DeviceBuilder::addVendorTags() {
     }
 }
 
-// A name finds the tag that the HAL lists last.
+// The tag that the HAL lists last has the name.
 void DeviceBuilder::addVendorTag(const VendorTag& raw) {
     Tag tag{raw.id, raw.type, std::string(raw.section), std::string(raw.name)};
     const auto [place, isNew] = mVendorNames.emplace(tag.fullName(), mDevice.vendorTags.size());
@@ -110,7 +110,7 @@ void DeviceBuilder::addVendorTag(const VendorTag& raw) {
     mDevice.vendorTags[place->second] = std::move(tag);
 }
 
-// If tags share a number, all but the first get another one: the library only sees names.
+// If tags share a number, all but the first get another one: the library uses only names.
 void DeviceBuilder::giveNumbers() {
     std::unordered_set<uint32_t> taken;
     std::vector<Tag*> without;
@@ -176,7 +176,7 @@ void DeviceBuilder::addUsable(const MetadataArray& array, const ArrayEntry& entr
     mDevice.entries.push_back({tag.id, std::move(read.values), read.cut, std::move(read.words)});
 }
 
-// An entry that is complete in the text, and still has fewer or more values than it says, is a fault of the
+// An entry that is complete in the text, but has fewer or more values than it announces, is a fault of the
 // HAL.
 void DeviceBuilder::addUnreadable(const MetadataArray& array, const ArrayEntry& entry,
                                   const EntryValues& read) {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// From a report, or the text of a dump, to one camera as a device.
+// Makes a device from one camera of a report or of the text of a dump.
 #pragma once
 
 #include "base/Text.h"
@@ -10,18 +10,19 @@
 
 namespace qzcam {
 
-// The camera's vendor tags and static entries. No camera gives vendor tags alone. What is damaged in its
-// entries is a problem, what is not used stands in Device::left.
+// Returns the camera's vendor tags and static entries. Without a camera it returns only vendor tags. Damage
+// in the entries is reported as a problem; unused parts are in Device::left.
 Device deviceOf(const Report& report, const ReportedCamera* camera, Problems& problems);
 
-// The same for a camera's name or id, the first for an empty text. A camera that is not there is a problem.
+// Does the same for a camera's name or id; an empty text means the first camera. A missing camera is a
+// problem.
 Device deviceOf(const Report& report, std::string_view camera, Problems& problems);
 
-// Adds the damage of the whole text, camera or not: where it was cut, lists that do not have what they
-// announce, lines that nobody understands.
+// Reports the damage of the whole text, even without a camera: places where it was cut, lists with another
+// number of items than announced, garbled lines.
 void addDamage(const Report& report, Problems& problems);
 
-// readDump(), addDamage() and deviceOf() in one.
+// Calls readDump(), addDamage() and deviceOf().
 Device parseDump(std::string_view text, std::string_view file, std::string_view camera, Problems& problems);
 
 }  // namespace qzcam

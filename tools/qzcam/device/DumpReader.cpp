@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Titles and regions.
+// Finds titles and the regions that they begin.
 #include "device/DumpReader.h"
 
 #include "device/DumpLines.h"
@@ -47,7 +47,7 @@ void DumpReader::take() {
     const size_t errors = mReport.errors.size();
     if (title()) {
         mReport.isDump = true;
-        // Two lines that have run together: the title counts, the entry behind it is lost.
+        // Two lines have run together: the title is read, the entry after it is lost.
         if (mReport.errors.size() == errors && isEntry())
             leaveUnused(Left::Kind::GarbledLine, excerpt(mBody));
         return;
@@ -78,7 +78,7 @@ void DumpReader::takeInRegion() {
     }
 }
 
-// Reports the lists that the end of the text cuts.
+// Reports lists that end early because the text ends.
 void DumpReader::end() {
     if (mRegion == Region::Array && !mEnded) closeArray(true);
     if (mRegion == Region::Vendor && !mEnded) closeVendor(true);
@@ -94,7 +94,7 @@ void DumpReader::end() {
                      [](const Left& a, const Left& b) { return a.line < b.line; });
 }
 
-// Sections follow one another in a fixed order, and the service prints each of them.
+// The service prints each section, in a fixed order. So a missing section shows that the text ends early.
 void DumpReader::tellEarlyEnd(size_t line) {
     if (mStartedService && !mReport.hasVendorSection) {
         cutAt(line, "the dump ends before its vendor tags");
@@ -110,7 +110,7 @@ void DumpReader::tellEarlyEnd(size_t line) {
     }
 }
 
-// A HAL's own text may hold anything, so that only titles of the service end it.
+// A HAL's own text may contain anything, so only titles of the service end it.
 bool DumpReader::endsHalText() const {
     const char first = mBody.front();
     if (first == '*') return contains(mBody, kPreviousSession) || contains(mBody, " DUMP TIMEOUT ");
@@ -177,7 +177,7 @@ bool DumpReader::framedTitle() {
     return true;
 }
 
-// Titles of 7.1 have no frame; other lines that are titles of any version.
+// Titles of 7.1 have no frame. Here they are, with other lines that are titles in any version.
 bool DumpReader::moduleTitle() {
     if (isModuleCamera(mBody)) {
         const auto named = cameraOfTitle(titleOf(mBody));
@@ -282,7 +282,7 @@ void DumpReader::closeText() {
     mTexts = nullptr;
 }
 
-// Lines of a kind that follow one another are one item.
+// Lines of the same kind that follow one another are one item.
 void DumpReader::leaveUnused(Left::Kind kind, std::string name) {
     if (!mReport.left.empty() && kind == Left::Kind::GarbledLine) {
         Left& last = mReport.left.back();

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// Reads a camera dump line by line into a report. Sections are found by their titles, in the spellings of all
-// versions, and end where something else begins.
+// Reads a camera dump line by line into a report. Sections begin with their titles, in the spellings of all
+// versions, and end where another section begins.
 #pragma once
 
 #include "base/Text.h"
@@ -83,23 +83,23 @@ class DumpReader {
     size_t mFirstLine;
     Report mReport;
     Region mRegion = Region::Other;
-    Region mOuter = Region::Other;  // around an array
+    Region mOuter = Region::Other;  // the region around an array
     size_t mNumber = 0;
     std::string_view mLine;
-    std::string_view mBody;     // without blanks around it
-    std::string_view mHeading;  // the line before, which may name an array
-    std::string_view mCamera;   // id of the camera at hand
+    std::string_view mBody;     // the line without blanks around it
+    std::string_view mHeading;  // the previous line, which may be the heading of an array
+    std::string_view mCamera;   // id of the present camera
     std::string_view mProvider;
     size_t mIndent = 0;
     size_t mArrayIndent = 0;
     size_t mEntryIndent = 0;
-    bool mStaticSeen = false;  // static section of the camera at hand
-    bool mBlockOpen = false;   // the last vendor block
+    bool mStaticSeen = false;  // the static section of the present camera was read
+    bool mBlockOpen = false;   // the last vendor block is open
     size_t mLeftOfBlock = 0;
-    bool mEntryGarbled = false;  // one of its value lines is
+    bool mEntryGarbled = false;  // one of its value lines is garbled
     bool mInEntry = false;       // value lines belong to the last entry of the array
-    bool mPrevious = false;      // within sessions that were closed before
-    bool mEnded = false;         // the service's time was over
+    bool mPrevious = false;      // within closed sessions
+    bool mEnded = false;         // the service did not answer in time
     bool mStartedService = false;
     bool mStartedModule = false;  // 7.1
     bool mTraces = false;         // the last section but those of previous sessions

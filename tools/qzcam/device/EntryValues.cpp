@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// The value lines of an entry.
+// Reads the value lines of an entry.
 #include "base/Text.h"
 #include "device/DumpLines.h"
 #include "device/Report.h"
@@ -26,7 +26,7 @@ std::optional<uint8_t> typeNamed(std::string_view name) {
                         : std::optional(static_cast<uint8_t>(found - camera_metadata_type_names));
 }
 
-// Words stand for the values of standard tags only. Numbers of tags may differ from platform to platform.
+// Only standard tags have words for values. Numbers of tags may differ from platform to platform.
 uint32_t standardTagOf(std::string_view name) {
     const size_t dot = name.rfind('.');
     if (dot == std::string_view::npos) return UINT32_MAX;
@@ -104,7 +104,7 @@ bool ValueReader::readLine(std::string_view line) {
     return true;
 }
 
-// Since 14 the number of a key is followed by its name: "65537 (aeExposureCompensation)".
+// From Android 14 on the number of a key is followed by its name: "65537 (aeExposureCompensation)".
 bool ValueReader::readElement(std::string_view& rest) {
     std::string_view element;
     if (mRead.values.type == TYPE_RATIONAL) return takeRational(rest, element) && append(element);

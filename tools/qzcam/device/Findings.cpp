@@ -15,7 +15,7 @@ struct LeftName {
     const char* text;
 };
 
-// In the order of Left::Kind.
+// The texts are in the order of Left::Kind.
 constexpr std::array<LeftName, 13> kLeftNames{{
     {"unknownTag", "entries of unknown tags"},
     {"unknownType", "entries of unknown types"},

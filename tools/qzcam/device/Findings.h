@@ -8,34 +8,34 @@
 
 namespace qzcam {
 
-// A fault of the HAL that the text shows. It has a consequence on the device too.
+// A fault of the HAL in the text. It has a consequence for the device too.
 struct Fault {
     enum class Kind { NameOfTwoTypes, NumberOfTwoNames, LengthAgainstType };
     Kind kind = Kind::NameOfTwoTypes;
     size_t line = 0;
-    size_t otherLine = 0;  // line of the first of two; otherwise 0
+    size_t otherLine = 0;  // line of the first of the two; otherwise 0
     std::string text;
     std::string consequence;
 };
 
-// The text ends before its time.
+// A place where the text ends early.
 struct Cut {
     size_t line = 0;
     std::string text;  // "the array of static characteristics ends with 12 of 140 entries"
 };
 
-// Part of the text that is not used. Many lines of a kind that follow one another are one item.
+// A part of the text that is not used. Many lines of the same kind that follow one another are one item.
 struct Left {
     enum class Kind {
         UnknownTag,     // an entry whose tag neither the tables nor the vendor tags have
         UnknownType,    // an entry or vendor tag of a type that does not exist
         Mistyped,       // an entry of another type than its tag's
-        Damaged,        // an entry whose values are not all there, or not its type's
-        UnknownWord,    // an entry that is used but for words that no table knows
-        RepeatedEntry,  // a second entry of one tag in an array
+        Damaged,        // an entry with missing values, or with values that are not of its type
+        UnknownWord,    // an entry that is used except for unknown words
+        RepeatedEntry,  // another entry of the same tag in an array
         RepeatedTag,    // a vendor tag that was declared before
-        TooManyTags,    // beyond what a descriptor takes
-        GarbledLine,    // not what its place wants
+        TooManyTags,    // tags beyond the limit of a descriptor
+        GarbledLine,    // a line that does not fit its place
         StrayArray,     // an array without a camera
         Section,        // a section of another kind
         HalText,        // free text of the HAL
@@ -48,14 +48,14 @@ struct Left {
     std::string name;  // name of the entry or tag, or the beginning of the line
 };
 
-// "unknownTag", for programs; "entries of unknown tags", for people.
+// Return "unknownTag", for programs, and "entries of unknown tags", for people.
 const char* nameOf(Left::Kind kind);
 const char* textOf(Left::Kind kind);
 
-// "entries of unknown tags (3), garbled lines (1)"; empty for nothing.
+// Returns "entries of unknown tags (3), garbled lines (1)"; an empty text for no items.
 std::string summaryOf(const std::vector<Left>& left);
 
-// "line 12: entries of unknown tags: android.newest.location (1c0000) byte[1]"
+// Returns "line 12: entries of unknown tags: android.newest.location (1c0000) byte[1]".
 std::string textOf(const Left& left);
 
 }  // namespace qzcam

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Findings of a dump in JSON.
+// Prints findings of a dump as JSON.
 #pragma once
 
 #include "device/Device.h"
@@ -8,7 +8,7 @@
 
 namespace qzcam {
 
-// Adds the members "left", "faults" and "notes", each if there is anything in it.
+// Adds the members "left", "faults" and "notes", each if it is not empty.
 void addFindings(nlohmann::ordered_json& json, const Device& device);
 
 }  // namespace qzcam

@@ -17,7 +17,7 @@ constexpr std::string_view kNativeDump = "dump: mMap.size = ";
 constexpr std::string_view kJavaDump = "dump: size=";
 constexpr std::string_view kJavaLine = "dump: ";
 constexpr std::string_view kDefaultsTag = "Camera2Client";
-constexpr size_t kFewest = 4;  // pairs that an application's own line must have
+constexpr size_t kFewest = 4;  // smallest number of pairs in an application's own line
 
 }  // namespace
 
@@ -115,8 +115,8 @@ bool ParameterFinder::logged(std::string_view message, size_t line) {
     return true;
 }
 
-// An application logs what it sets in words of its own: the pairs are what can be told apart. The platform
-// logs default parameters in a message of their own, behind the one that names the camera.
+// Applications log parameters in their own words: only the pairs can be recognised. The platform logs default
+// parameters in a separate message, after the one with the camera.
 void ParameterFinder::application(std::string_view tag, std::string_view message, size_t line) {
     const size_t first = message.find('=');
     if (first == std::string_view::npos) return;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Parameters where people find them: in a dump of the camera service, in a log, in a bugreport that has both.
+// Finds parameters in a dump of the camera service, in a log, and in a bugreport that has both.
 #pragma once
 
 #include "device/ParameterText.h"
@@ -14,12 +14,12 @@
 namespace qzcam {
 
 struct FoundParameters {
-    // From what says least about a running application to what says most.
+    // Sources in the order of their value: the last one describes a running application best.
     enum class Source { Defaults, Reported, Dumped, Set };
     Source source = Source::Set;
     std::string what;  // "setParameters of process 812"
     size_t line = 0;
-    std::optional<size_t> announced;  // parameters, by the head of a dump
+    std::optional<size_t> announced;  // number of parameters in the head of a dump
     ParameterText text;
 };
 
@@ -45,17 +45,17 @@ class ParameterFinder {
     void add(Source source, std::string what, size_t number, ParameterText text);
 
     std::vector<FoundParameters>& mFound;
-    std::string mTag;             // tag of the dump at hand
-    size_t mDump = 0;             // place of that dump among the sets found
-    size_t mAwaited = 0;          // pairs of it that are still to come
-    std::string_view mCamera;     // camera of the dump, as its title has it
-    std::string mDefaultsCamera;  // named by the last message about default parameters
+    std::string mTag;             // log tag of the present dump
+    size_t mDump = 0;             // index of that dump in the found sets
+    size_t mAwaited = 0;          // pairs that the dump has announced and not yet printed
+    std::string_view mCamera;     // camera in the title of the dump
+    std::string mDefaultsCamera;  // camera in the last message about default parameters
 };
 
-// All sets of parameters in the order of the text.
+// Returns all sets of parameters in the order of the text.
 std::vector<FoundParameters> findParameters(const std::vector<Part>& parts);
 
-// The last set of the source that says most. Null for none.
+// Returns the last set of the best source, or null if there is none.
 const FoundParameters* bestOf(const std::vector<FoundParameters>& found);
 
 }  // namespace qzcam

@@ -10,8 +10,8 @@ namespace qzcam {
 
 namespace {
 
-// The service prints a parameter into so many characters, its line end included. Of one that is longer the
-// line end is cut off too, and the next parameter follows at once.
+// The service prints a parameter into a buffer of this size, including its line end. A longer parameter loses
+// its line end, and the next parameter follows it directly.
 constexpr size_t kLongestLine = 254;
 
 void addFlattened(std::string_view line, size_t number, ParameterText& text, Problems& problems) {
@@ -37,7 +37,7 @@ bool isDumped(std::string_view line) {
     return colon != std::string_view::npos && colon < line.find('=');
 }
 
-// Parameters stand below the heading of their camera.
+// Parameters are printed below the heading of their camera.
 bool isHeading(std::string_view line) {
     return line.front() != '\t' && line.front() != ' ' && endsWith(line, ":");
 }
@@ -59,7 +59,7 @@ bool isFrame(std::string_view line) {
            startsWith(body, "==");
 }
 
-// The text behind `start`, wherever it is.
+// Returns the text after `start`, at any place.
 bool takeThrough(std::string_view& text, std::string_view start) {
     const size_t at = text.find(start);
     if (at == std::string_view::npos) return false;
@@ -92,7 +92,7 @@ bool isParameterKey(std::string_view text) {
     });
 }
 
-// Each begins with a tab, by which those can be told apart that a cut has run together.
+// Each parameter begins with a tab, which separates two parameters on one line.
 void addDumpedParameters(std::string_view line, size_t number, ParameterText& text, Problems& problems) {
     for (size_t tab = line.find('\t', 1); tab != std::string_view::npos; tab = line.find('\t', 1)) {
         const bool isCut = tab >= kLongestLine;

@@ -18,8 +18,8 @@ using Property = std::pair<std::string, std::string>;
 constexpr std::string_view kMiddle = "]: [";
 constexpr size_t kMostLines = 64;  // limit of a value
 
-// `getprop` prints line ends within a value as they are, so that a value ends at the first line with a
-// bracket. A line that was cut costs itself, and none of those behind it.
+// `getprop` prints line ends within a value unchanged, so a value ends at the first line with a bracket. A
+// line that was cut is lost, but no line after it.
 void parseBracketed(std::string_view line, Lines& lines, std::vector<Property>& properties,
                     Problems& problems) {
     const size_t start = lines.number();

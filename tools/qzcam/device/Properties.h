@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// System properties of a device, from what `getprop` prints or from a build.prop.
+// Reads the system properties of a device from the output of `getprop` or from a build.prop.
 #pragma once
 
 #include "base/Text.h"
@@ -15,17 +15,17 @@ namespace qzcam {
 
 using Properties = std::vector<std::pair<std::string, std::string>>;
 
-// "[name]: [value]", the value over several lines if need be, or "name=value"; '#' comments and blank lines.
-// A line that is neither is a problem, and the rest is read.
+// Parses "[name]: [value]", with values of one or several lines, or "name=value"; '#' comments and blank
+// lines are allowed. Any other line is reported as a problem, and the rest is read.
 Properties parseProperties(std::string_view text, Problems& problems, size_t firstLine = 1);
 
-// Those of the parts that hold properties.
+// Returns the properties of all parts that contain properties.
 Properties propertiesOf(const std::vector<Part>& parts, Problems& problems);
 
-// Sets one of this process. False for a name or value that no device would take either.
+// Sets a property of this process. Returns false for a name or value that no device accepts.
 bool setProperty(const std::string& name, const std::string& value);
 
-// Properties that setProperty() changes while this lives are as before when it goes.
+// Restores the properties that setProperty() changes during the lifetime of this object.
 class PropertiesInPlace {
   public:
     PropertiesInPlace();

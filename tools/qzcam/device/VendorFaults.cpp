@@ -13,8 +13,8 @@ namespace qzcam {
 
 namespace {
 
-// A tag of a block and a number that equal tags share. Devices have few tags, broken texts may have millions:
-// sorting numbers is faster than a map of names.
+// A tag of a block and a number that equal tags share. Devices have few tags, but broken texts may have
+// millions: sorting numbers is faster than a map of names.
 struct Key {
     uint64_t key;
     uint32_t index;
@@ -39,7 +39,7 @@ std::string fullName(const VendorTag& tag) { return fmt::format("{}.{}", tag.sec
 
 const char* typeOf(const VendorTag& tag) { return camera_metadata_type_names[tag.type]; }
 
-// Compares each tag with the one before it that shares its key.
+// Compares each tag with the previous one that has the same key.
 template <typename Compare>
 void comparePairs(const std::vector<VendorTag>& tags, const std::vector<Key>& keys, Compare compare) {
     for (size_t i = 1; i < keys.size(); ++i) {

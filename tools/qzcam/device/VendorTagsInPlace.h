@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Keeps the process's vendor tags, and puts them back at the end of the scope.
+// Saves the process's vendor tags, and restores them at the end of the scope.
 #pragma once
 
 #include "device/Device.h"

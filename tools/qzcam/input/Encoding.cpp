@@ -27,12 +27,12 @@ size_t countNuls(std::string_view text, size_t first) {
     return count;
 }
 
-// Plain English in UTF-16 is every other byte zero.
+// In UTF-16 every other byte of plain English is zero.
 bool isHalfEmpty(size_t nuls, size_t others, size_t size) {
     return nuls * 10 > size * 4 && others * 20 < size;
 }
 
-// Position of the first byte from `i` on that is not ASCII.
+// Returns the position of the first byte from `i` on that is not ASCII.
 size_t skipAscii(std::string_view text, size_t i) {
     constexpr uint64_t kHigh = 0x8080808080808080U;
     for (uint64_t word = 0; i + sizeof(word) <= text.size(); i += sizeof(word)) {
@@ -43,7 +43,7 @@ size_t skipAscii(std::string_view text, size_t i) {
     return i;
 }
 
-// Bytes of the character that begins there; 0 if none does.
+// Returns the number of bytes of the character at this place; 0 if it is not valid.
 size_t characterSize(std::string_view text, size_t i) {
     const unsigned first = byteAt(text, i);
     const size_t size = first >= 0xf0 ? 4 : first >= 0xe0 ? 3 : 2;
@@ -54,7 +54,7 @@ size_t characterSize(std::string_view text, size_t i) {
     return size;
 }
 
-// Latin-1 with any letter beyond ASCII is hardly ever valid UTF-8.
+// A Latin-1 text with letters beyond ASCII is hardly ever valid UTF-8.
 bool isLatin1(std::string_view text) {
     bool broken = false;
     for (size_t i = skipAscii(text, 0); i < text.size(); i = skipAscii(text, i)) {
@@ -80,7 +80,7 @@ void appendUtf8(Memory& text, uint32_t code) {
     text.filled(size);
 }
 
-// Code units of UTF-16; the last one is alone if the bytes are odd in number.
+// Returns the code units of UTF-16. If the number of bytes is odd, the last unit has only one byte.
 class Units {
   public:
     Units(std::string_view bytes, bool big) : mBytes(bytes), mBig(big) {}
@@ -135,7 +135,7 @@ Memory fromLatin1(Memory bytes) {
     return text;
 }
 
-// Editors of other systems mark their texts.
+// Editors of other systems write a mark at the start of a text.
 Memory withoutMark(Memory text) {
     if (!startsWith(text.view(), kUtf8Mark)) return text;
     std::memmove(text.data(), text.data() + kUtf8Mark.size(), text.size() - kUtf8Mark.size());

@@ -21,7 +21,7 @@ constexpr size_t kStep = size_t{256} << 10U;
 
 std::string cannotRead(int error) { return fmt::format("cannot read it: {}", std::strerror(error)); }
 
-// Waits for more of the file; people may think at their terminal.
+// Waits for more of the file. At a terminal there is no time limit.
 int waitFor(int file, const InputLimits& limits) {
     pollfd ready{file, POLLIN, 0};
     return poll(&ready, 1, isatty(file) == 1 ? -1 : limits.seconds * 1000);
@@ -62,7 +62,7 @@ std::string readFrom(Memory& bytes, int file, const std::string& name, const Inp
 
 }  // namespace
 
-// A pipe is not waited for without a limit when it is opened either.
+// Opening a pipe has a time limit too.
 std::string readBytes(Memory& bytes, const std::string& path, const InputLimits& limits) {
     if (path == "-") return readFrom(bytes, STDIN_FILENO, "standard input", limits);
     const int file = open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);

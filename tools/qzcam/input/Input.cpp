@@ -12,7 +12,7 @@ namespace qzcam {
 
 namespace {
 
-// Text in UTF-8, as it was written. Otherwise the text says what is wrong.
+// Converts the text to UTF-8 in its original form. Returns an empty text, or a description of the problem.
 std::string clean(Content& content, TextKind kind) {
     const Encoding encoding = encodingOf(content.bytes.view());
     if (encoding != Encoding::Utf8) content.steps.emplace_back(nameOf(encoding));

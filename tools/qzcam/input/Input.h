@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
-// Reads what people hand over: files, standard input, or what is built in.
+// Reads inputs: files, standard input, or built-in texts.
 //
-// A file is taken by its content, whatever its name: a text in UTF-8, UTF-16 or Latin-1, with any line ends,
-// quoted in a mail or copied from a web page; such a text in a gzip file or a zip, of a bugreport's zip its
-// main entry.
+// A file is recognised by its content and not by its name. It is a text in UTF-8, UTF-16 or Latin-1, with any
+// line ends, quoted in a mail or copied from a web page; or such a text in a gzip file or a zip. From the zip
+// of a bugreport the main entry is used.
 #pragma once
 
 #include "base/Text.h"
@@ -19,29 +19,30 @@
 
 namespace qzcam {
 
-// Standard input can be read once. False, and a message, when several of the paths are "-".
+// Checks that standard input is read only once. Returns false and prints a message if several of the paths
+// are "-".
 bool areReadOnce(const std::vector<std::string>& paths);
 
-// The name of a path in messages.
+// Returns the name of a path in messages.
 std::string inputName(const std::string& path);
 
-// The whole file, "-" for standard input. Nothing, and a message, when it cannot be read. What is missing of
-// it is told.
+// Reads the whole file, "-" for standard input. Returns nothing and prints a message if it cannot be read.
+// Missing parts are reported in a message.
 std::optional<InputText> readFile(const std::string& path, TextKind kind = TextKind::Report);
 
-// The same; messages are problems.
+// Does the same, and adds messages to `problems`.
 std::optional<InputText> readFile(const std::string& path, Problems& problems,
                                   TextKind kind = TextKind::Report, const InputLimits& limits = {});
 
-// The content of a file that is in memory.
+// Reads the content of a file that is in memory.
 std::optional<InputText> readContent(Content content, Problems& problems, TextKind kind = TextKind::Report,
                                      const UnpackLimits& limits = {});
 
-// Without a path, the text that is built in.
+// Reads the file, or returns the built-in text for an empty path.
 std::optional<InputText> readOr(const std::string& path, const char* builtInName, std::string_view builtIn,
                                 TextKind kind = TextKind::Report);
 
-// Prints them. True when there were none.
+// Prints the problems. Returns true if there are none.
 bool report(const Problems& problems);
 
 }  // namespace qzcam

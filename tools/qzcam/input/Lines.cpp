@@ -23,7 +23,7 @@ bool isKeyCharacter(char c) {
     return isDigit(c) || (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '-' || c == '_' || c == '.';
 }
 
-// Up to the '=' of "key=value"; empty if there is none.
+// Returns the text up to the '=' of "key=value"; empty if there is none.
 std::string_view keyOf(std::string_view line) {
     const auto end = std::find_if_not(line.begin(), line.end(), isKeyCharacter);
     const auto size = static_cast<size_t>(end - line.begin());

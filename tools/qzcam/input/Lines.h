@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Kinds of lines that tell which text begins with them.
+// Recognises lines that begin a kind of text.
 #pragma once
 
 #include <string_view>
@@ -12,13 +12,13 @@ bool isPropertyLine(std::string_view line);
 // "ro.product.model=Phone", of a build.prop
 bool isBuildPropertyLine(std::string_view line);
 
-// Has the fields of a log line, in any layout but the raw one.
+// Returns true for a line with the fields of a log line, in any layout except the raw one.
 bool isLogLine(std::string_view line);
 
 // "--------- beginning of main"
 bool isLogBeginning(std::string_view line);
 
-// A heading with which the dump of a camera service may begin.
+// Returns true for a heading with which the dump of a camera service may begin.
 bool isDumpHeading(std::string_view line);
 
 // "CameraParameters::dump: mMap.size = 88", or flattened: "key=value;key=value".

@@ -16,7 +16,7 @@ bool isDigit(char c) { return c >= '0' && c <= '9'; }
 
 bool isLevel(char c) { return std::string_view("VDIWEFA").find(c) != kNowhere; }
 
-// Takes characters off the text as the form wants them, where '0' stands for any digit.
+// Removes characters of the form from the text. '0' in the form stands for any digit.
 bool takeForm(std::string_view& text, std::string_view form) {
     if (text.size() < form.size()) return false;
     for (size_t i = 0; i < form.size(); ++i) {
@@ -45,7 +45,7 @@ bool takeTime(std::string_view& text) {
     return takeDigits(text) >= 3;
 }
 
-// A tag up to `end`, and the message behind it; one blank before the message belongs to the prefix.
+// Reads a tag up to `end`, and the message after it; one blank before the message belongs to the prefix.
 std::optional<Logged> tagAndMessage(std::string_view text, std::string_view end) {
     const size_t at = text.find(end);
     if (at == kNowhere) return std::nullopt;
@@ -55,7 +55,7 @@ std::optional<Logged> tagAndMessage(std::string_view text, std::string_view end)
     return Logged{trimmed(tag.substr(0, tag.find('('))), message};
 }
 
-// "D/Tag(  812): x" and "D/Tag: x" behind the level and its stroke.
+// Reads "D/Tag(  812): x" and "D/Tag: x" after the level and its slash.
 std::optional<Logged> briefLine(std::string_view text) {
     const size_t parenthesis = text.find('(');
     const size_t colon = text.find(": ");
@@ -64,7 +64,7 @@ std::optional<Logged> briefLine(std::string_view text) {
     return tagAndMessage(text, ":");
 }
 
-// "D(  812) x  (Tag)" and "D(  812: 2207) x" behind the level.
+// Reads "D(  812) x  (Tag)" and "D(  812: 2207) x" after the level.
 std::optional<Logged> processLine(std::string_view text) {
     takeForm(text, "(");
     takeBlanks(text);
@@ -83,7 +83,8 @@ std::optional<Logged> untimed(std::string_view line) {
     return line[1] == '(' ? processLine(line.substr(1)) : std::nullopt;
 }
 
-// Behind the time: "812  2207 D Tag: x", a zone and a user before that if need be, or "D/Tag(  812): x".
+// Reads the fields after the time: "812  2207 D Tag: x", perhaps after a zone and a user, or "D/Tag(  812):
+// x".
 std::optional<Logged> timed(std::string_view text) {
     constexpr size_t kMostFields = 5;
     for (size_t i = 0; i < kMostFields; ++i) {
@@ -111,7 +112,7 @@ std::string_view withoutColour(std::string_view line) {
 
 struct Found {
     std::string_view tag;
-    bool isLong = false;  // messages stand below their heads
+    bool isLong = false;  // messages follow their heads
 };
 
 std::optional<Found> findDump(std::string_view log) {

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Takes the prefix off a line that has gone through a log, so that a dump or parameters that were logged can
-// be read.
+// Removes the log prefix of a line, so that a dump or parameters in a log can be read.
 #pragma once
 
 #include <optional>
@@ -14,12 +13,12 @@ struct Logged {
     std::string_view message;
 };
 
-// A line in any layout of logcat but the raw one; of the long one it is the head of a message. Nothing for
-// other lines.
+// Reads a line in any layout of logcat except the raw one; in the long layout it is the head of a message.
+// Returns nothing for other lines.
 std::optional<Logged> withoutPrefix(std::string_view line);
 
-// A dump that was logged, with its log prefixes taken off and lines of other tags made empty. Line N stays
-// line N. Nothing if no line of the log has a heading of a camera dump as its message.
+// Returns a logged dump without its log prefixes, with empty lines in place of other tags' lines. Line N
+// stays line N. Returns nothing if no message in the log is a heading of a camera dump.
 std::optional<std::string> dumpInLog(std::string_view log);
 
 }  // namespace qzcam

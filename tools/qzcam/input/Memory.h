@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// Memory for a whole file. It grows without a copy, and gives back the pages of what has been worked off, so
-// that a text of hundreds of megabytes is never there twice.
+// Memory for a whole file. It grows without a copy, and releases the pages of processed bytes, so that a text
+// of hundreds of megabytes is never in memory twice.
 #pragma once
 
 #include <cstddef>
@@ -10,7 +10,7 @@ namespace qzcam {
 
 class Memory {
   public:
-    explicit Memory(size_t expected = 0);  // room for so many bytes
+    explicit Memory(size_t expected = 0);  // reserves this number of bytes
     Memory(Memory&& other) noexcept;
     Memory& operator=(Memory&& other) noexcept;
     Memory(const Memory&) = delete;
@@ -21,15 +21,16 @@ class Memory {
     size_t size() const { return mSize; }
     char* data() { return mData; }
 
-    // Room for at least so many bytes behind the content; filled() adds what was written there.
+    // Reserves at least this number of bytes after the content. filled() adds the bytes that were written
+    // there.
     char* room(size_t bytes);
     void filled(size_t bytes) { mSize += bytes; }
     void append(std::string_view bytes);
 
-    // Drops the end of the content.
+    // Removes the end of the content.
     void shrink(size_t size) { mSize = size; }
 
-    // Gives back the pages of the content's first bytes, which must not be read again.
+    // Releases the pages of the content's first bytes, which must not be read again.
     void release(size_t bytes);
 
   private:

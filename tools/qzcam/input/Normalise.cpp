@@ -18,12 +18,12 @@ struct Replacement {
 };
 
 constexpr std::array<Replacement, 3> kBlanks{{
-    {"\xc2\xa0", ' '},      // no break
-    {"\xe2\x80\xaf", ' '},  // no break, narrow
-    {"\xe2\x80\x87", ' '},  // as wide as a digit
+    {"\xc2\xa0", ' '},      // no-break space
+    {"\xe2\x80\xaf", ' '},  // narrow no-break space
+    {"\xe2\x80\x87", ' '},  // space of a digit's width
 }};
 
-// None of these can be part of another one, but for the first.
+// None of these is part of another one, except the first.
 constexpr std::array<Replacement, 14> kEntities{{{"&amp;", '&'},
                                                  {"&#38;", '&'},
                                                  {"&lt;", '<'},
@@ -39,7 +39,7 @@ constexpr std::array<Replacement, 14> kEntities{{{"&amp;", '&'},
                                                  {"&#160;", ' '},
                                                  {"&#xa0;", ' '}}};
 
-// Replaces in place, where the text only gets shorter.
+// Replaces in place. The text may only get shorter.
 class Rewriter {
   public:
     explicit Rewriter(Memory& text) : mText(text) {}
@@ -55,7 +55,7 @@ class Rewriter {
     }
     void skip(size_t bytes) { mRead += bytes; }
 
-    // The last byte of what is replaced holds the new one, which is read next.
+    // The new byte is written over the last byte of the old text, and is read next.
     void replace(size_t bytes, char by) {
         mRead += bytes - 1;
         mText.data()[mRead] = by;
@@ -113,7 +113,7 @@ bool isElement(std::string_view text) {
     return end != std::string_view::npos && text[end] == '>';
 }
 
-// In the source of a web page '<' begins elements only. A log that mentions "&lt;" has others as well.
+// In the source of a web page '<' only begins elements. A log that contains "&lt;" has other '<' as well.
 bool isFromWebPage(std::string_view text) {
     if (!holds(text, '&')) return false;
     for (size_t at = text.find('<'); at != std::string_view::npos; at = text.find('<', at + 1)) {
@@ -140,7 +140,7 @@ bool dropCarriageReturns(Memory& text) {
     return true;
 }
 
-// A mail quotes every line; a line that its sender wrote is none.
+// A mail quotes every line. A line without the mark was written by the sender.
 bool isQuoted(std::string_view text) {
     size_t quoted = 0;
     size_t other = 0;

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// Takes away what a text has caught on its way: line ends of other systems, blanks of web pages, marks of
-// quotations.
+// Removes changes that a text got on its way: line ends of other systems, blanks of web pages, quotation
+// marks of mails.
 #pragma once
 
 #include "input/Memory.h"
@@ -11,11 +11,12 @@
 
 namespace qzcam {
 
-// A session says what it means. A report was written by a program, and what differs from that has come later.
+// A session is used without these changes. A report was written by a program, so any deviation was added
+// later.
 enum class TextKind : uint8_t { Report, Session };
 
-// Changes the text in its place. Line N stays line N, and a text that was normalised stays as it is. Returns
-// what it has undone: "quotation marks '>'".
+// Changes the text in place. Line N stays line N, and a second call changes nothing. Returns the removed
+// changes: "quotation marks '>'".
 std::vector<std::string> normalise(Memory& text, TextKind kind);
 
 }  // namespace qzcam

@@ -15,7 +15,7 @@ namespace {
 
 using Kind = Part::Kind;
 
-// Walks over lines and knows where each begins.
+// Iterates over lines with the position of each.
 class LineWalk {
   public:
     explicit LineWalk(std::string_view text, size_t firstLine = 1) : mText(text), mNumber(firstLine) {}
@@ -29,7 +29,7 @@ class LineWalk {
         mEnd = std::min(end + 1, mText.size());
         return true;
     }
-    // The next line that is not empty: a text that was pasted may have one between all others.
+    // Returns the next line that is not empty: a pasted text may have empty lines between all others.
     std::string_view following() const {
         const size_t start = std::min(mText.find_first_not_of('\n', mEnd), mText.size());
         return mText.substr(start, std::min(mText.find('\n', start), mText.size()) - start);
@@ -45,7 +45,7 @@ class LineWalk {
     size_t mNumber;
 };
 
-// Parts of a text, each from where it begins up to the next one.
+// Collects the parts of a text. Each part ends where the next one begins.
 class PartList {
   public:
     PartList(std::string_view text, size_t firstLine) : mText(text) { mCurrent.firstLine = firstLine; }
@@ -74,7 +74,7 @@ class PartList {
     std::vector<Part> mParts;
 };
 
-// "------ SYSTEM LOG (logcat -v threadtime) ------" without its frame; empty for other lines.
+// Returns the title of "------ SYSTEM LOG (logcat -v threadtime) ------"; empty for other lines.
 std::string_view sectionOf(std::string_view line) {
     constexpr std::string_view kFrame = "------";
     if (line.size() < 16 || !startsWith(line, "------ ") || !endsWith(line, " ------")) return {};
@@ -85,7 +85,7 @@ bool isDuration(std::string_view section) {
     return section.find("s was the duration of '") != std::string_view::npos;
 }
 
-// Titles are in capitals, unlike what a driver may print between hyphens.
+// Titles are in capitals, unlike a driver's text between hyphens.
 std::string_view titleOf(std::string_view section) {
     const std::string_view title = trimmed(section.substr(0, section.find(" (")));
     const bool isTitle =
@@ -100,7 +100,7 @@ Kind kindOfSection(std::string_view title) {
 }
 
 bool isSeparator(std::string_view line) {
-    constexpr size_t kShortest = 40;  // 79 are printed
+    constexpr size_t kShortest = 40;  // a separator has 79
     return line.size() >= kShortest && line.find_first_not_of('-') == std::string_view::npos;
 }
 
@@ -129,7 +129,7 @@ bool isStopped(std::string_view line) {
                                         line.find(" failed: ") != std::string_view::npos);
 }
 
-// Cuts at the frames of sections and services. What stands outside of them has no title yet.
+// Splits a text at the frames of sections and services. Text outside of them has no title.
 class FrameCutter {
   public:
     explicit FrameCutter(std::string_view text) : mWalk(text), mParts(text, 1) {}
@@ -153,7 +153,7 @@ class FrameCutter {
     PartList mParts;
     std::string mSection;
     std::string mService;
-    bool mSeparated = true;  // the line before is a separator, or there is none
+    bool mSeparated = true;  // the previous line is a separator, or there is none
 };
 
 std::vector<Part> FrameCutter::cut() {
@@ -222,7 +222,7 @@ void FrameCutter::service(std::string_view line) {
     if (mService == "media.camera") beginBehind(Kind::Dump, mService);
 }
 
-// Cuts a text without frames where its kind of lines changes.
+// Splits a text without frames where the kind of its lines changes.
 class LooseCutter {
   public:
     explicit LooseCutter(const Part& part)

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// Cuts a text into its parts: a bugreport into its sections and services, `dumpsys` of all services into
-// these, what was pasted from a shell into the answers of its commands.
+// Splits a text into its parts: a bugreport into sections and services, `dumpsys` of all services into
+// services, and a text pasted from a shell into the outputs of its commands.
 #pragma once
 
 #include <cstddef>
@@ -16,7 +16,7 @@ struct Part {
         Dump,        // dump of the camera service
         Properties,  // lines of `getprop` or of a build.prop
         Log,         // lines of `logcat`, without the section's frame
-        Parameters,  // flattened, or as the camera service prints them, without a dump around them
+        Parameters,  // flattened, or printed by the camera service, without a dump around them
         Header,      // head of a bugreport: build, version, time
         Other,       // other sections and services, frames of sections, prompts
     };
@@ -25,17 +25,17 @@ struct Part {
     size_t firstLine = 1;  // number of its first line in the whole text
     std::string_view text;
 
-    // The text ends before its time: the service did not answer in time, or the command was stopped. The line
-    // that says so.
+    // The line that says that the text ends early: the service did not answer in time, or the command was
+    // stopped.
     std::string fault;
     size_t faultLine = 0;
 };
 
-// The parts follow one another, leave nothing out and never overlap. A bugreport may have several logs:
-// "SYSTEM LOG" may stand in it twice, and the second may repeat lines of the first.
+// Returns the parts in their order. Together they are the whole text, without overlaps. A bugreport may have
+// several logs: it may contain "SYSTEM LOG" twice, and the second one may repeat lines of the first.
 std::vector<Part> partsOf(std::string_view text);
 
-// A bugreport, or `dumpsys` of several services.
+// Returns true for a bugreport, or `dumpsys` of several services.
 bool isReport(const std::vector<Part>& parts);
 
 }  // namespace qzcam

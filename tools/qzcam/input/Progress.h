@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// Tells people at a terminal's standard error what is being read, once that takes more than a second. Prints
-// nothing elsewhere.
+// Shows the progress of reading on standard error, if it is a terminal and reading takes more than a second.
+// Prints nothing elsewhere.
 #pragma once
 
 #include <chrono>
@@ -12,7 +12,7 @@ namespace qzcam {
 class Progress {
   public:
     explicit Progress(const std::string& what);  // "reading report.zip"
-    ~Progress();                                 // takes the line away
+    ~Progress();                                 // removes the line
     Progress(const Progress&) = delete;
     Progress& operator=(const Progress&) = delete;
 

@@ -16,7 +16,7 @@ constexpr std::string_view kGzip = "\x1f\x8b";
 constexpr std::string_view kZip = "PK\x03\x04";
 constexpr std::string_view kEmptyZip = "PK\x05\x06";
 
-// Formats that are known by their first bytes and not read.
+// Formats that are recognised by their first bytes, but not supported.
 struct Other {
     std::string_view magic;
     const char* name;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Takes a text out of what it is packed in: gzip, zip, one in the other.
+// Unpacks a text: from gzip or zip, also in several layers.
 #pragma once
 
 #include "input/Memory.h"
@@ -12,31 +12,31 @@
 namespace qzcam {
 
 struct Content {
-    std::string name;  // for messages; gets the names of entries: "report.zip: bugreport-x.txt"
+    std::string name;  // name in messages; the names of entries are appended: "report.zip: bugreport-x.txt"
     Memory bytes;
     std::vector<std::string> cuts;   // missing pieces
     std::vector<std::string> steps;  // containers that were unpacked
 };
 
-// More than this is no text that anybody wants to read, but a file that was made to fill a disk.
+// Limits of unpacking. A file beyond them was made to fill a disk.
 struct UnpackLimits {
     size_t bytes = size_t{1} << 30U;
-    size_t freeBytes = size_t{64} << 20U;  // beyond these
-    size_t ratio = 500;                    // no more than so many times what is packed
-    size_t layers = 4;                     // one in the other
-    size_t entries = 100000;               // limit of a zip
+    size_t freeBytes = size_t{64} << 20U;  // always allowed
+    size_t ratio = 500;                    // beyond freeBytes: largest ratio of unpacked to packed size
+    size_t layers = 4;                     // packed files inside each other
+    size_t entries = 100000;               // largest number in a zip
 };
 
-// Unpacks as long as there is something packed. Of a zip one entry is taken: that of a bugreport which the
-// report itself names as its main one, otherwise the text that looks most like a report. What is damaged is
-// used as far as it goes. Otherwise the text says what is wrong.
+// Unpacks all layers. From a zip one entry is used: the main entry that a bugreport names, otherwise the text
+// that is most likely a report. The readable part of damaged data is used. Returns an empty text, or a
+// description of the problem.
 std::string unpack(Content& content, const UnpackLimits& limits = {});
 
-// Parts of unpack(), for one layer.
+// Unpack one layer.
 std::string unpackGzip(Content& content, const UnpackLimits& limits);
 std::string unpackZip(Content& content, const UnpackLimits& limits);
 
-// Empty, or a message: more than the limits allow.
+// Returns a message if the size is beyond the limits; otherwise an empty text.
 std::string wrongSize(size_t unpacked, size_t packed, const UnpackLimits& limits);
 
 }  // namespace qzcam

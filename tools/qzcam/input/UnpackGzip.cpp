@@ -15,7 +15,7 @@ namespace {
 
 constexpr size_t kStep = size_t{256} << 10U;
 
-// The inflation of one member after the other.
+// Inflates one member after the other.
 class Inflater {
   public:
     explicit Inflater(std::string_view packed) : mPacked(packed) {
@@ -26,7 +26,7 @@ class Inflater {
     Inflater(const Inflater&) = delete;
     Inflater& operator=(const Inflater&) = delete;
 
-    // Adds the next bytes. False at the end, or when the data is damaged.
+    // Adds the next bytes. Returns false at the end, or if the data is damaged.
     bool step(Memory& to);
 
     size_t offset() const { return mOffset; }
@@ -38,7 +38,7 @@ class Inflater {
 
     std::string_view mPacked;
     z_stream mStream{};
-    size_t mOffset = 0;  // position of the first byte that zlib has not been given or has not used
+    size_t mOffset = 0;  // position of the first byte that zlib has not used
     bool mReady = false;
     int mStatus = Z_OK;
 };

@@ -23,11 +23,11 @@ constexpr size_t kStart = 1000;  // enough for the name of the main entry
 struct Entry {
     std::string name;
     size_t size = 0;
-    std::string start;  // its first bytes
+    std::string start;  // the first bytes of the entry
 };
 
-// A zip's entries, one after the other. By its directory if it has one; otherwise, of a zip that was cut, as
-// they stand.
+// Reads the entries of a zip one after the other: by its directory if there is one, otherwise, for a cut zip,
+// in the order of the data.
 class Zip {
   public:
     Zip(std::string_view bytes, bool hasDirectory)
@@ -35,7 +35,7 @@ class Zip {
         mOpen = (hasDirectory ? openWhole() : openCut()) == ARCHIVE_OK;
     }
 
-    // False at the end, and when the rest cannot be read.
+    // Returns false at the end, and if the rest cannot be read.
     bool next() {
         if (!mOpen) return false;
         const int status = archive_read_next_header(mArchive.get(), &mEntry);
@@ -52,13 +52,13 @@ class Zip {
     bool isEncrypted() const { return archive_entry_is_encrypted(mEntry) != 0; }
     size_t size() const { return static_cast<size_t>(std::max<la_int64_t>(archive_entry_size(mEntry), 0)); }
 
-    // The next bytes of the entry, empty at its end. False if the data is damaged.
+    // Reads the next bytes of the entry; none at its end. Returns false if the data is damaged.
     bool read(std::string_view& bytes) {
         const void* block = nullptr;
         size_t size = 0;
         la_int64_t offset = 0;
         int status = ARCHIVE_OK;
-        while (status == ARCHIVE_OK && size == 0) {  // a block may hold nothing yet
+        while (status == ARCHIVE_OK && size == 0) {  // a block may be empty
             status = archive_read_data_block(mArchive.get(), &block, &size, &offset);
         }
         bytes = {static_cast<const char*>(block), status == ARCHIVE_EOF ? 0 : size};
@@ -79,8 +79,9 @@ class Zip {
         return archive_read_open(mArchive.get(), this, nullptr, takeBlock, nullptr);
     }
 
-    // The block in which the data ends is lost with what it unpacks to, so that blocks are small.
-    static la_ssize_t takeBlock(archive*, void* zip, const void** block) {
+    // The zip library drops the block
+    in which the data ends,
+        so blocks are small.static la_ssize_t takeBlock(archive*, void*zip, const void**block) {
         constexpr size_t kBlock = 128;
         std::string_view& rest = static_cast<Zip*>(zip)->mRest;
         const size_t size = std::min(rest.size(), kBlock);
@@ -105,10 +106,11 @@ std::string_view extensionOf(std::string_view name) {
 }
 
 bool namesMainEntry(std::string_view name) {
-    return name == "main_entry.txt" || name == "main-entry.txt";  // the second one in a description only
+    return name == "main_entry.txt" || name == "main-entry.txt";  // the second name is only in descriptions
 }
 
-// The report itself, before texts, before what may hold one, before anything else.
+// Ranks entries: the report itself first, then texts, then packed files that may contain one, then all
+// others.
 int rankOf(const Entry& entry, std::string_view mainEntry) {
     constexpr std::array<std::string_view, 5> kTexts{".txt", ".log", ".dump", ".dumpsys", ""};
     constexpr std::array<std::string_view, 5> kSmall{"version.txt", "dumpstate_log.txt", "title.txt",
@@ -125,16 +127,16 @@ int rankOf(const Entry& entry, std::string_view mainEntry) {
     return extension == ".zip" || extension == ".gz" ? 2 : 1;
 }
 
-// A zip as far as its entries' names go.
+// The names of a zip's entries.
 struct Listing {
     std::vector<Entry> entries;
-    std::string mainEntry;  // as the report names it
+    std::string mainEntry;  // the name that the report states
     bool damaged = false;
     bool encrypted = false;
     std::string wrong;
 };
 
-// Sizes that the entry's own header does not know are counted; that unpacks it.
+// Unpacks an entry to count its bytes if its own header does not state the size.
 std::string readStart(Zip& zip, Entry& entry, bool hasDirectory, size_t packed, const UnpackLimits& limits) {
     const bool wantsStart = isTop(entry.name) || extensionOf(entry.name) == ".txt";
     if (hasDirectory && !wantsStart) return {};
@@ -176,7 +178,7 @@ const Entry* chosenOf(const Listing& listing) {
     return any ? &*found : nullptr;
 }
 
-// Reads the entry into the content. Otherwise the text says what is wrong.
+// Reads the entry into the content. Returns an empty text, or a description of the problem.
 std::string extract(std::string_view packed, bool hasDirectory, const Entry& entry, Content& content,
                     const UnpackLimits& limits) {
     Zip zip(packed, hasDirectory);
@@ -231,7 +233,7 @@ std::string unpackZip(Content& content, const UnpackLimits& limits) {
     content.name += ": " + visible(chosen->name);
     std::string wrong = extract(packed.view(), hasDirectory, *chosen, content, limits);
     if (wrong.empty() || !hasDirectory || content.bytes.size() > 0) return wrong;
-    // Smaller steps get out what stands before the damage.
+    // Small steps keep the bytes before the damage.
     return extract(packed.view(), false, *chosen, content, limits);
 }
 

@@ -72,7 +72,7 @@ FormatPattern::FormatPattern(std::string_view format) {
         at = end;
         mPieces.push_back(std::exchange(piece, {}));
     }
-    // Editors and mail programs drop blanks at the end of a line.
+    // Editors and mail programs remove blanks at the end of a line.
     piece.literal.resize(piece.literal.find_last_not_of(' ') + 1);
     mPieces.push_back(piece);
 }
@@ -102,7 +102,7 @@ size_t FormatPattern::lengthOf(const Piece& piece, std::string_view text) {
     }
 }
 
-// A text ends where the rest of the format fits what follows it: the shortest one counts.
+// A text value ends where the rest of the format fits the rest of the line. The shortest value is used.
 bool FormatPattern::matchText(size_t place, std::string_view text, bool mayEnd, Match& match) const {
     const std::string_view next = mPieces[place + 1].literal;
     const bool isLast = place + 2 == mPieces.size();

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Reads printed text back by the format that it was printed with.
+// Reads the values of a printed text by the format that it was printed with.
 #pragma once
 
 #include <optional>
@@ -21,20 +21,20 @@ class FormatPattern {
 
     struct Match {
         std::vector<PrintedValue> values;
-        bool cut = false;  // the text ends before the format does
+        bool cut = false;  // the text ends before the format
     };
 
-    // Nothing for a text that the format cannot have printed.
+    // Returns nothing for a text that the format cannot have printed.
     std::optional<Match> match(std::string_view text) const;
 
-    // The same for a text whose end may be missing.
+    // Does the same for a text whose end may be missing.
     std::optional<Match> matchBeginning(std::string_view text) const;
 
     std::string_view beginning() const { return mPieces.front().literal; }  // up to the first conversion
     size_t literals() const;                                                // characters of the format itself
 
   private:
-    // A literal, and the conversion behind it; '\0': none.
+    // A literal, and the conversion after it; '\0': none.
     struct Piece {
         std::string literal;
         char kind = '\0';

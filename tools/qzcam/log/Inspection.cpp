@@ -28,7 +28,7 @@ Of ofUse(Use use) {
     }
 }
 
-// Where the library itself has the tag.
+// Returns the uses of the tag in the library's rows.
 const std::set<Of>& usesOf(const std::string& tag) {
     static const std::map<std::string, std::set<Of>> uses = [] {
         std::map<std::string, std::set<Of>> all;
@@ -40,8 +40,9 @@ const std::set<Of>& usesOf(const std::string& tag) {
     return found == uses.end() ? none : found->second;
 }
 
-// The place in the log says where a chosen tag was looked for. Lines may be missing, so that it counts only
-// where the rows do not contradict, and alone only on a thread that does nothing else.
+// Returns the owner of a chosen tag. The place in the log suggests it. Because lines may be missing, it is
+// accepted only if the rows do not contradict it. A tag without a row needs a thread that does only one kind
+// of inspection.
 Of agree(Of byPlace, const std::string& tag, const std::set<Of>& seenOnThread) {
     const std::set<Of>& uses = usesOf(tag);
     if (uses.empty()) return seenOnThread.size() == 1 ? byPlace : Of::Unknown;
@@ -49,7 +50,7 @@ Of agree(Of byPlace, const std::string& tag, const std::set<Of>& seenOnThread) {
     return uses.size() == 1 || seenOnThread.size() == 1 ? byPlace : Of::Unknown;
 }
 
-// The entries tell by themselves whose they are: the static ones have a section of their own.
+// Returns the owner of the entries by their tags: static entries have their own section.
 Of ofEntries(const Inspected& inspected, Of byPlace, const std::set<Of>& seenOnThread) {
     for (const auto& each : inspected.tags) {
         const std::set<Of>& uses = usesOf(each.second);
@@ -100,7 +101,8 @@ void InspectionReader::close(Thread& thread, bool beforeResult) {
     if (inspected.kind == Kind::Entries) inspected.of = ofEntries(inspected, place, thread.seen);
     if (inspected.kind == Kind::VendorTags) inspected.of = Of::Static;
     if (inspected.kind == Kind::ChosenTag) {
-        // Behind a request and before a result: of which of them the tags' uses must tell.
+        // The line is after a request and before a result. The uses of the tag decide which of them it
+        // belongs to.
         const bool isEither = beforeResult && thread.isFirst && thread.opener == Of::Request;
         if (isEither && usesOf(inspected.tag).count(Of::Result) == 0) place = Of::Request;
         inspected.of = agree(place, inspected.tag, thread.seen);
@@ -130,7 +132,7 @@ bool InspectionReader::feedOpener(const LogLine& log, const LibraryLine& line, T
     thread.seen.insert(thread.opener);
     thread.isFirst = true;
     thread.requestKind = isRequest ? line.text(0) : "";
-    if (isStatic) return false;  // nothing is found yet
+    if (isStatic) return false;  // nothing was found yet
     Inspected request;
     request.log = log;
     request.lastLine = log.line;
@@ -178,7 +180,8 @@ bool InspectionReader::feedChosen(const LogLine& log, const LibraryLine& line, T
     return true;
 }
 
-// A result's line comes behind that of its chosen tag, and is printed as two: the second has the frame.
+// The line of a result follows that of its chosen tag. It is printed as two lines, and the second has the
+// frame.
 bool InspectionReader::feedResult(const LogLine& log, const LibraryLine& line, Thread& thread) {
     if (!line.is(qz::line::ResultIdentity::format)) return false;
     thread.seen.insert(Of::Result);

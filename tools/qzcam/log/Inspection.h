@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Reads back what the library's inspection has logged at its levels 1 to 5: several lines give one fact.
+// Reads the lines of the library's inspection, levels 1 to 5. Several lines may give one fact.
 #pragma once
 
 #include "log/LibraryLine.h"
@@ -36,12 +36,12 @@ struct Inspected {
     uint32_t id = 0;                    // the chosen tag
     std::string tag;                    // empty if unknown
     std::string type;                   // element type: "int32"
-    std::vector<std::string> elements;  // as printed; a missing one is "?"
+    std::vector<std::string> elements;  // printed values; "?" for a missing one
     bool isAbsent = false;              // the metadata has no such entry, or an empty one
 
     std::vector<std::pair<uint32_t, std::string>> tags;  // numbers and full names
     std::optional<size_t> announced;                     // elements or tags
-    bool isWhole() const;                                // nothing announced is missing
+    bool isWhole() const;                                // no announced line is missing
 };
 
 class InspectionReader {
@@ -50,10 +50,10 @@ class InspectionReader {
 
     explicit InspectionReader(Take take) : mTake(std::move(take)) {}
 
-    // False for a line that is not one of them.
+    // Returns false for a line that is not an inspection line.
     bool feed(const LogLine& log, const LibraryLine& line);
 
-    // Gives what waits for further lines.
+    // Passes on the facts that are waiting for further lines.
     void end();
 
   private:
@@ -62,7 +62,7 @@ class InspectionReader {
         std::optional<Inspected> result;  // waits for the frame number
         Inspected::Of opener = Inspected::Of::Unknown;
         std::string requestKind;
-        bool isFirst = false;  // nothing has followed the opener
+        bool isFirst = false;  // no line has followed the opening one
         std::set<Inspected::Of> seen;
     };
 

@@ -19,7 +19,7 @@ using Kind = LibraryLine::Kind;
 struct Known {
     const qz::LogLine* line;
     size_t part;
-    bool namesFunction;  // as its first value
+    bool namesFunction;  // the first value is the function's name
     FormatPattern pattern;
 };
 
@@ -27,7 +27,7 @@ bool isNameCharacter(char c) {
     return std::isalnum(static_cast<unsigned char>(c)) != 0 || c == '_' || c == '~';
 }
 
-// The word that a text begins with: that of a function in most lines.
+// Returns the first word of a text; in most lines it is the name of a function.
 std::string_view leadingWord(std::string_view text) {
     size_t length = 0;
     while (length < text.size() && isNameCharacter(text[length])) ++length;
@@ -36,7 +36,7 @@ std::string_view leadingWord(std::string_view text) {
 
 bool isName(std::string_view text) { return !text.empty() && leadingWord(text).size() == text.size(); }
 
-// Lines by their log tag and the word that they begin with; an empty word stands for any.
+// Lines by their log tag and first word. An empty word stands for any word.
 class Index {
   public:
     Index() {
@@ -99,7 +99,7 @@ struct Candidate {
     FormatPattern::Match match;
 };
 
-// A function's name is one; without a log tag nothing else tells that a short text is the library's.
+// Rejects values that cannot be a function's name. Without a log tag a short text is not accepted either.
 bool isPlausible(const Candidate& candidate, bool lacksTag) {
     constexpr size_t fewLiterals = 6;
     const auto& values = candidate.match.values;
@@ -123,7 +123,7 @@ std::vector<Candidate> candidates(const LogLine& line, std::string_view message,
     return found;
 }
 
-// The one with the most characters in common. False if others have as many, and another format.
+// Keeps the lines with the most characters in common. Returns false if lines of different formats are left.
 bool keepBest(std::vector<Candidate>& found) {
     size_t most = 0;
     for (const Candidate& each : found) most = std::max(most, each.known->pattern.literals());
@@ -136,7 +136,7 @@ bool keepBest(std::vector<Candidate>& found) {
     });
 }
 
-// Lines of different formats may begin alike: then a cut one says nothing.
+// Lines of different formats may begin alike. In this case a cut line has no meaning.
 bool areOne(const std::vector<Candidate>& found) {
     return !found.empty() && std::all_of(found.begin(), found.end(), [&](const Candidate& each) {
         return std::string_view(each.known->line->format) == found.front().known->line->format;
@@ -207,7 +207,7 @@ LibraryLine describe(std::vector<Candidate>& found) {
     });
     if (!isOneFunction) line.function.clear();
     setRows(line);
-    // Getters of one line: which of them wrote it is not told, but that it is a getter.
+    // Several getters write this line. The getter is unknown, but it is a getter.
     if (!isOneFunction && findRow(qz::kCapabilities, best.known->line->function) != nullptr)
         line.kind = Kind::Capability;
     return line;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// The library's own lines in a log, recognised by the formats of the library's rows.
+// Recognises the library's lines in a log by the formats of its rows.
 #pragma once
 
 #include "log/FormatPattern.h"
@@ -20,38 +20,38 @@ namespace qzcam {
 struct LibraryLine {
     enum class Kind {
         Refused,      // the update of an entry failed
-        Information,  // a plain row tells the value that it is about to write
+        Information,  // a plain row logs the value that it is about to write
         Setter,       // another line of a setter
         Capability,
         Result,
-        Word,  // a number that no word of a vocabulary has
+        Word,  // a number for which a vocabulary has no word
         Inspection,
         TagLookup,
         Command,
         Other,
     };
     Kind kind = Kind::Other;
-    const qz::LogLine* line = nullptr;              // its format
-    std::string function;                           // the writer; empty if several could be
-    const qz::Parameter* parameter = nullptr;       // row of the setter that wrote it
-    const qz::EntryRow* entry = nullptr;            // entry of a failed update
+    const qz::LogLine* line = nullptr;         // the format of the line
+    std::string function;                      // the function that writes it; empty if several could be it
+    const qz::Parameter* parameter = nullptr;  // row of the setter that wrote it
+    const qz::EntryRow* entry = nullptr;       // entry of a failed update
     const qz::CapabilityRow* capability = nullptr;  // row of the getter that wrote it
     const qz::ResultRow* result = nullptr;          // row of the handler that wrote it
     std::vector<PrintedValue> values;               // in the order of the format, without the function's name
-    size_t part = 0;   // a format of several lines is printed as several: the number of this one
+    size_t part = 0;   // a format of several lines is printed as several lines: the number of this one
     bool cut = false;  // the message ends before its format does, or has the length at which the log cuts it
 
-    // The number of a value; nothing if it is missing.
+    // Returns the number of a value; nothing if it is missing.
     std::optional<int64_t> number(size_t index) const;
     std::string text(size_t index) const;
 
     bool is(const char* format) const;  // compares the texts
 };
 
-// Nothing for a line that is not the library's, or that lines of different meaning could be.
+// Returns nothing for a line that is not the library's, or that lines of different meaning could be.
 std::optional<LibraryLine> recogniseLibraryLine(const LogLine& line);
 
-// True for the log tags that the library writes under.
+// Returns true for the log tags that the library uses.
 bool isLibraryTag(const std::string& tag);
 
 }  // namespace qzcam

@@ -15,7 +15,7 @@ constexpr std::string_view kLevels = "VDIWEFA";
 
 bool isLevel(char letter) { return kLevels.find(letter) != std::string_view::npos; }
 
-// Takes "Tag     : message" off the scan: a layout pads the tag with blanks.
+// Removes "Tag     : message" from the scan. A layout pads the tag with blanks.
 bool takeTagAndMessage(Scan& scan, LogLine& line) {
     const std::string_view rest = scan.rest();
     size_t colon = rest.find(": ");
@@ -26,7 +26,7 @@ bool takeTagAndMessage(Scan& scan, LogLine& line) {
     return true;
 }
 
-// From one to three numbers. The first may be a user's name. Further ones are only counted.
+// Reads one to three numbers. The first may be a user's name. Further ones are only counted.
 struct Ids {
     std::array<std::string_view, 3> words;
     size_t count = 0;
@@ -37,7 +37,7 @@ struct Ids {
     }
 };
 
-// Takes "  1047:  812: 2207" off the scan.
+// Removes "  1047:  812: 2207" from the scan.
 Ids takeIds(Scan& scan) {
     Ids ids;
     do {
@@ -49,7 +49,7 @@ Ids takeIds(Scan& scan) {
     return ids;
 }
 
-// The last `numbers` of the ids are pid and perhaps tid; one more before them is the uid.
+// The last `numbers` ids are pid and perhaps tid; an id before them is the uid.
 bool setIds(LogLine& line, const Ids& ids, size_t numbers) {
     if (ids.count != numbers && ids.count != numbers + 1) return false;
     const size_t first = ids.count - numbers;
@@ -171,8 +171,8 @@ bool parse(std::string_view text, LogLine& line) {
 
 }  // namespace
 
-// In this layout the lines of a message follow its head, and an empty line ends it. A message may have empty
-// lines of its own: so the head counts for whatever follows up to the next one.
+// In this layout the lines of a message follow its head, and an empty line ends it. A message may also
+// contain empty lines, so the head is used up to the next head.
 bool LogcatReader::feedLong(std::string_view text, size_t line) {
     if (auto head = parseLongHead(text)) {
         mHead = std::move(head);

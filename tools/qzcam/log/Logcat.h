@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// The text that logcat prints, in every layout (brief, process, tag, thread, raw, time, threadtime, long) and
-// with every modifier, as lines with their fields.
+// Reads the text that logcat prints, in every layout (brief, process, tag, thread, raw, time, threadtime,
+// long) and with every modifier, into lines with their fields.
 #pragma once
 
 #include <cstddef>
@@ -23,7 +23,7 @@ struct LogTime {
     };
     Kind kind = Kind::None;
     int64_t nanoseconds = 0;
-    std::string text;  // as printed
+    std::string text;  // the printed time
 };
 
 struct LogLine {
@@ -35,12 +35,12 @@ struct LogLine {
     char level = 0;  // V D I W E F; 0: the layout has none
     std::string tag;
     std::string message;  // printable escapes are undone
-    bool isRaw = false;   // the line is nothing but a message, if it is one of a log at all
-    size_t folded = 0;    // further equal messages, which the log counts and does not print
-    size_t pruned = 0;    // lines before this one that the log counts and has lost
+    bool isRaw = false;   // the line is only a message, if it is a log line at all
+    size_t folded = 0;    // further equal messages, which the log only counts
+    size_t pruned = 0;    // earlier lines that the log has lost; it prints their number
 };
 
-// Reads a log line by line. Each line of a message with several lines is a line of its own, in every layout.
+// Reads a log line by line. A message of several lines gives several lines in every layout.
 class LogcatReader {
   public:
     using Take = std::function<void(LogLine)>;
@@ -58,7 +58,7 @@ class LogcatReader {
 
 std::vector<LogLine> readLogcat(std::string_view text, size_t firstLine = 1);
 
-// True for a line that has the fields of a log line.
+// Returns true for a line that has the fields of a log line.
 bool isLogcat(std::string_view text);
 
 }  // namespace qzcam

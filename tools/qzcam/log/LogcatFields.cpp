@@ -14,7 +14,7 @@ constexpr int64_t kDay = 86'400;
 constexpr int64_t kFirstEpoch = 100'000'000;  // seconds; a phone does not run for three years
 constexpr int kUnknownYear = 1972;            // a leap year
 
-// Days from 1970-01-01 to a date of the Gregorian calendar.
+// Returns the days from 1970-01-01 to a date of the Gregorian calendar.
 int64_t daysTo(int year, int month, int day) {
     const int64_t y = month <= 2 ? year - 1 : year;
     const int64_t era = y / 400;
@@ -31,14 +31,15 @@ std::optional<int64_t> parseDigits(std::string_view text) {
     return number;
 }
 
-// The value of up to nine digits. A log has millions of times, and this is faster than a general reader.
+// Returns the value of up to nine digits. A log has millions of times, and this is faster than a general
+// parser.
 int valueOf(std::string_view digits) {
     int number = 0;
     for (const char digit : digits) number = number * 10 + (digit - '0');
     return number;
 }
 
-// Takes a number of just so many digits.
+// Removes a number of exactly this many digits.
 std::optional<int> takeNumber(Scan& scan, size_t digits) {
     Scan ahead = scan;
     const std::string_view text = ahead.takeDigits();
@@ -102,7 +103,7 @@ std::optional<LogTime> takeWall(Scan& scan) {
     return LogTime{LogTime::Kind::Wall, (*days * kDay + *seconds - zone) * kSecond + *fraction, {}};
 }
 
-// Seconds since 1970, or since the phone was started.
+// Returns seconds since 1970, or since the phone was started.
 std::optional<LogTime> takeSeconds(Scan& scan) {
     scan.skipBlanks();
     const auto seconds = parseDigits(scan.takeDigits());
@@ -117,7 +118,7 @@ using Read = std::optional<LogTime> (*)(Scan&);
 
 bool isOctal(char c) { return c >= '0' && c <= '7'; }
 
-// The byte of a numeric escape behind its backslash: "\x1B", or one to three octal digits.
+// Reads a numeric escape after its backslash: "\x1B", or one to three octal digits.
 std::optional<char> takeNumericEscape(Scan& scan) {
     int base = 8;
     std::string_view digits;

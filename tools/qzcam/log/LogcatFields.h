@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Fields of log lines, and what modifiers of logcat do to the text.
+// Reads fields of log lines, and undoes the text changes of logcat's modifiers.
 #pragma once
 
 #include "log/Logcat.h"
@@ -10,7 +10,7 @@
 
 namespace qzcam {
 
-// A text that is taken off from the left.
+// A text that is read from the left; read characters are removed.
 class Scan {
   public:
     explicit Scan(std::string_view text) : mRest(text) {}
@@ -46,13 +46,13 @@ class Scan {
 
 std::optional<int> parseId(std::string_view text);
 
-// Takes a time with all its modifiers off the scan; nothing, and the scan as it was, if there is none.
+// Removes a time with all its modifiers from the scan. If there is none, returns nothing and leaves the scan
+// unchanged.
 std::optional<LogTime> takeTime(Scan& scan);
 
 std::string withoutColors(std::string_view text);
 
-// Undoes the escapes of the modifier "printable". A text in which a backslash stands for itself stays as it
-// is.
+// Undoes the escapes of the modifier "printable". Other backslashes stay.
 std::string withoutEscapes(std::string_view text);
 
 }  // namespace qzcam

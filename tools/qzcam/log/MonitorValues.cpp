@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// Values of tag-monitor events: numbers, names of standard values, and what a version runs together.
+// Reads the values of tag-monitor events: numbers, names of standard values, and elements that one version
+// prints without blanks.
 #include "base/Text.h"
 #include "facts/Tags.h"
 #include "log/TagMonitor.h"
@@ -16,7 +17,7 @@ constexpr size_t kLongestName = 28;
 
 using Words = std::vector<std::string>;
 
-// Blanks separate elements; "(1 / 3)" is one.
+// Blanks separate elements, except in a rational such as "(1 / 3)".
 Words wordsOf(std::string_view row) {
     Words words;
     while (!(row = trimmed(row)).empty()) {
@@ -68,7 +69,7 @@ bool appendDecimals(Values& values, uint32_t tag, std::string_view text) {
     return true;
 }
 
-// Names that follow one another without a blank; false if they could be read in two ways.
+// Splits names that follow one another without a blank. Returns false if there are two ways to split them.
 bool appendNames(Values& values, uint32_t tag, std::string_view text) {
     constexpr int mostValues = 256;
     while (!text.empty()) {
@@ -85,7 +86,7 @@ bool appendNames(Values& values, uint32_t tag, std::string_view text) {
     return true;
 }
 
-// True if the library writes or reads the tag with one element only.
+// Returns true if the library writes or reads only one element of the tag.
 bool hasOneElement(const std::string& tag) {
     for (const TagFact& fact : tagFacts()) {
         if (tag == fact.entry.tag && fact.entry.type == TYPE_BYTE)
@@ -94,7 +95,7 @@ bool hasOneElement(const std::string& tag) {
     return false;
 }
 
-// True for a row whose elements have no blank between them.
+// Returns true for a row whose elements have no blank between them.
 bool runsTogether(std::string_view row, uint8_t type) {
     return (type == TYPE_BYTE || type == TYPE_FLOAT) && row.find(' ') == std::string_view::npos &&
            !row.empty();

@@ -74,7 +74,7 @@ bool isKnownTag(const std::string& tag) {
     return false;
 }
 
-// Parameters of one message; below a head they are a message of their own.
+// Returns the parameters of one message. After a head they are in a separate message.
 std::optional<LoggedParameters> loggedBy(const LogLine& line) {
     const bool isClient = line.tag == "Camera2Client";
     if (!isClient && !line.tag.empty() && line.tag != "CameraClient") return std::nullopt;
@@ -112,7 +112,7 @@ std::optional<PlatformLine> recognisePlatformLine(const LogLine& line) {
     if (!line.tag.empty() && !isKnownTag(line.tag)) return std::nullopt;
     const std::string_view message = std::string_view(line.message).substr(0, kPayloadLimit);
     for (const Known& row : known()) {
-        // Without a log tag a list's "key: value" could be anything.
+        // Without a log tag the "key: value" of a list could be anything.
         if (line.tag.empty() ? row.kind == Kind::Parameter : line.tag != row.logTag) continue;
         if (const auto match = row.pattern.match(message)) return describe(row, match->values, line);
     }

@@ -12,8 +12,8 @@ namespace qzcam {
 
 namespace {
 
-// Information lines of setters with a function of their own: each with the failure line of the entry that it
-// tells the value of.
+// Information lines of setters with a function of their own, each with the failure line for the entry whose
+// value it has.
 struct Telling {
     const char* information;
     const char* refused;
@@ -53,8 +53,8 @@ std::string joined(const std::vector<std::string>& numbers, const qz::EntryRow& 
     return list;
 }
 
-// Lines that tell a message: its code, kind, and for each of the message's numbers the place of its value in
-// the line.
+// Lines that contain a message: its code, its kind, and for each of the message's numbers the index of its
+// value in the line.
 struct Announcement {
     const char* line;
     int32_t code;

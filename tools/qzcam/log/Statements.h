@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Facts that lines of the library state: values of entries, and messages to the application.
+// Facts in lines of the library: values of entries, and messages to the application.
 #pragma once
 
 #include "host/Messages.h"
@@ -17,13 +17,13 @@ namespace qzcam {
 struct StatedEntry {
     const qz::Parameter* parameter = nullptr;
     const qz::EntryRow* entry = nullptr;
-    std::string text;               // text of the parameter, where the line has it
-    std::string list;               // values: "20000/1000000", "1,2"; empty if the line has not all of them
+    std::string text;  // text of the parameter, if the line has it
+    std::string list;  // values: "20000/1000000", "1,2"; empty if the line does not have all of them
     std::optional<int64_t> status;  // status of a refused update
 };
 std::optional<StatedEntry> statedEntry(const LibraryLine& line);
 
-// A message that the line tells. Its bytes are unknown.
+// A message in the line. Its bytes are unknown.
 struct StatedMessage {
     const qz::MessageRow* message = nullptr;
     std::vector<Message::Field> fields;

@@ -33,7 +33,7 @@ bool takeFrame(Scan& scan, MonitorEvent& event) {
     return true;
 }
 
-// " 2             REQ:": the id of a physical camera, or none, and the direction.
+// Parses " 2             REQ:": the id of a physical camera, or none, and the direction.
 bool takeDirection(Scan& scan, MonitorEvent& event) {
     const std::string_view rest = scan.rest();
     const size_t request = rest.find("REQ:");
@@ -63,7 +63,7 @@ bool takeWatched(Scan& scan, MonitorEvent& event) {
     return true;
 }
 
-// "[7 ] output stream ids:  1  0 ": a row of values, and perhaps streams behind it.
+// Parses "[7 ] output stream ids:  1  0 ": a row of values, and perhaps streams after it.
 bool takeRow(std::string_view text, MonitorEvent& event) {
     const size_t open = text.find_first_not_of(' ');
     const size_t close = text.find(']');
@@ -94,7 +94,7 @@ bool readContent(std::string_view text, MonitorEvent& event) {
     return readTag(text, event);
 }
 
-// Where a version without a line end behind "(Removed)" has the next event.
+// In one version the next event follows "(Removed)" without a line end.
 size_t nextOnSameLine(std::string_view text) {
     for (size_t at = text.find(kRemoved); at != std::string_view::npos; at = text.find(kRemoved, at + 1)) {
         Scan scan(text.substr(at + kRemoved.size()));

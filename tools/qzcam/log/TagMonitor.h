@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Events of the platform's tag monitor, as dumps of every version and the command "watch" print them.
+// Events of the platform's tag monitor, in the text of dumps of every version and of the command "watch".
 #pragma once
 
 #include "base/Values.h"
@@ -25,13 +25,12 @@ struct MonitorEvent {
     std::string camera;  // only "watch" prints camera and client with an event
     std::string client;
     std::string physicalCamera;
-    std::string tag;                // section and name; empty for an event that tells streams only
-    std::vector<std::string> rows;  // the values as printed, a text for each pair of brackets
-    std::string streams;            // "output 1 0", as far as the event tells them
+    std::string tag;                // section and name; empty for an event that has only streams
+    std::vector<std::string> rows;  // the printed values, one text for each pair of brackets
+    std::string streams;            // "output 1 0", if the event has them
 };
 
-// Reads the lines of a dump or of "watch". A line that belongs to no event is left to others: feed() is false
-// then.
+// Reads the lines of a dump or of "watch". feed() returns false for a line that belongs to no event.
 class MonitorReader {
   public:
     using Take = std::function<void(MonitorEvent)>;
@@ -42,7 +41,7 @@ class MonitorReader {
     MonitorReader& operator=(const MonitorReader&) = delete;
 
     bool feed(std::string_view text, size_t line);
-    void end();  // gives the event that was waiting for further values
+    void end();  // passes on the event that was waiting for further values
 
     const std::string& camera() const { return mCamera; }
 
@@ -56,11 +55,11 @@ class MonitorReader {
     std::string mClient;
 };
 
-// The values of an event whose tag is known. Nothing if they cannot be told: in the format of one version the
-// numbers of a byte entry run together.
+// Returns the values of an event whose tag is known. Returns nothing if they are ambiguous: one version
+// prints the numbers of a byte entry without blanks.
 std::optional<Values> valuesOf(const MonitorEvent& event, const Tag& tag);
 
-// The same for display: the typed values if they can be told, otherwise the text as printed.
+// Returns a text for display: the typed values if they are known, otherwise the printed text.
 std::string valueText(const MonitorEvent& event, const Tag* tag);
 
 }  // namespace qzcam
