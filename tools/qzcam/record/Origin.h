@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Parameters that the entries of a request come from.
+// Finds the parameters that the entries of a request come from.
 #pragma once
 
 #include "device/Device.h"
@@ -10,21 +10,21 @@
 
 namespace qzcam {
 
-// A setter of the library writes this tag.
+// Returns true if a setter of the library writes this tag.
 bool isWritten(const std::string& tag);
 
-// A result handler of the library reads this tag.
+// Returns true if a result handler of the library reads this tag.
 bool isRead(const std::string& tag);
 
-// Lists the keys of one row that an entry may come from, each with its value. Several rows, or several
-// words of one key, leave it open.
+// The keys of one row that an entry may come from, each with its value. If several rows, or several words of
+// one key, give the entry, they are `choices`.
 struct Origin {
     std::vector<Candidate> certain;
     std::vector<Candidate> choices;
 };
 Origin originOf(const std::string& tag, const EntryTexts& entries);
 
-// Entries that every request has, whatever the application sets.
+// Returns the entries that every request has, even without parameters.
 EntryTexts entriesWithoutParameters(const Device& device);
 
 }  // namespace qzcam

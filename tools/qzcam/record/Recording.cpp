@@ -22,7 +22,7 @@ namespace qzcam {
 
 namespace {
 
-// One entry that a request or a result has from now on, or no longer.
+// The new value of an entry in a request or a result, or its removal.
 struct Change {
     size_t line = 0;
     std::string tag;
@@ -63,8 +63,8 @@ class Recorder {
     const EntryTexts mAlways;
     SessionText mText;
     Recording mDone;
-    Texts mSet;           // by the session
-    EntryTexts mRequest;  // as of the last frame
+    Texts mSet;           // parameters that the session has set
+    EntryTexts mRequest;  // entries in the last frame
     EntryTexts mResult;
     std::set<std::string> mNamed;  // comments that have been written
 };
@@ -89,7 +89,7 @@ void Recorder::writeHead() {
         mText.command("client " + sessionWord(std::string(camera->client)), camera->line);
 }
 
-// Those that the library reads.
+// Writes the properties that the library reads.
 void Recorder::writeProperties() {
     for (const Part& part : mInput.parts) {
         if (part.kind != Part::Kind::Properties) continue;
@@ -115,7 +115,7 @@ void Recorder::writeLog(const Evidence& evidence) {
     }
 }
 
-// A whole list each time: a key that is no longer in it has been removed, unless the list is cut.
+// Each message has the complete list: a key that is no longer in it has been removed, unless the list is cut.
 void Recorder::writeParameters(const PlatformLine& said, size_t line) {
     Texts target;
     if (said.cut) target = mSet;
@@ -190,7 +190,7 @@ void apply(EntryTexts& entries, const std::vector<Change>& changes) {
     }
 }
 
-// Each request has all entries, so that the parameters follow from all of them.
+// The parameters follow from all entries of a request, so the entries of the frame are completed first.
 void Recorder::writeRequest(const Frame& frame) {
     apply(mRequest, frame.request);
     Texts target;
@@ -229,7 +229,7 @@ void Recorder::expect(const std::vector<Change>& changes) {
     }
 }
 
-// A result too has all entries each time.
+// A result contains all entries, too.
 void Recorder::writeResult(const Frame& frame) {
     apply(mResult, frame.result);
     std::string text = "result";
@@ -258,7 +258,7 @@ std::vector<Change> Recorder::changesIn(const MetadataArray& array, bool ofResul
     return changes;
 }
 
-// Without events, the arrays of the dump tell about the last request and the last result.
+// Uses the arrays of the dump for the last request and the last result if there are no events.
 void Recorder::writeArrays() {
     const ReportedCamera* camera = findCamera(mInput.report, mInput.device.camera);
     bool hasRequest = mDone.requests > 0;
@@ -276,7 +276,7 @@ void Recorder::writeArrays() {
     }
 }
 
-// Drops the expectations that a replay on this device does not meet.
+// Turns expectations that a replay on this device does not meet into comments.
 void Recorder::verify() {
     Problems problems("session");
     const Session session = parseSession(mText.text(), "session", problems);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Writes what a phone did as a session that can be played again.
+// Writes a session from a phone's dump or log, which can be played again.
 #pragma once
 
 #include "device/Device.h"
@@ -13,7 +13,7 @@
 
 namespace qzcam {
 
-// The evidence that is recorded. All of it must outlive the call.
+// The evidence that is recorded. It must outlive the call.
 struct RecordingInput {
     const InputText& text;
     const std::vector<Part>& parts;
@@ -26,11 +26,11 @@ struct Recording {
     size_t requests = 0;
     size_t results = 0;
     size_t expectations = 0;
-    size_t open = 0;  // comments on what the evidence leaves open
+    size_t open = 0;  // comments about unknown values
 };
 
-// The session states its sources as comments. Its expectations are met on the device: one that is not, since
-// the evidence tells less than the phone knew, is a comment.
+// Returns a session with its sources as comments. The device meets all of its expectations. An expectation
+// that it does not meet, because the evidence is incomplete, becomes a comment.
 Recording record(const RecordingInput& input);
 
 }  // namespace qzcam

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Text of a session that is being written.
+// The text of a session that is being written.
 #pragma once
 
 #include "base/Values.h"
@@ -10,20 +10,20 @@
 
 namespace qzcam {
 
-// A word of the session language; quoted if it has to be.
+// Returns a word of the session language, quoted if necessary.
 std::string sessionWord(const std::string& text);
 
-// "1,2,3", as the session language takes the values of an entry.
+// Returns "1,2,3", the values of an entry in the session language.
 std::string sessionValues(const Values& values);
 
 class SessionText {
   public:
-    // A command, and the line of the input that it comes from; 0 for none.
+    // Adds a command, and the line of the input that it comes from; 0 for none.
     void command(const std::string& text, size_t source = 0);
     void comment(const std::string& text, size_t source = 0);
     void gap();
 
-    // Makes comments of the lines, each with its reason. Lines count from 1.
+    // Turns the lines into comments, each with its reason. Lines count from 1.
     void withdraw(size_t line, const std::string& reason);
 
     std::string text() const;

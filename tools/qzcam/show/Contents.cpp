@@ -65,7 +65,7 @@ class LogCounter {
     std::unordered_map<std::string, LogTag> mTags;
 };
 
-// "Build fingerprint: '...'", "== dumpstate: 2024-03-05 10:11:12"
+// Reads "Build fingerprint: '...'" and "== dumpstate: 2024-03-05 10:11:12".
 void addHeader(Contents& contents, const Part& part) {
     Lines lines(part.text);
     for (std::string_view line; lines.next(line);) {
@@ -92,7 +92,7 @@ FoundMonitor monitorOf(const TextBlock& block) {
     return found;
 }
 
-// Adds what no camera uses, and what each of them does not, once.
+// Adds the parts that no camera uses, and the parts that each camera does not use, each once.
 void addLeft(Contents& contents, const Report& report) {
     std::set<std::tuple<Left::Kind, size_t, std::string>> known;
     const auto add = [&](const Left& each) {
@@ -120,7 +120,7 @@ void addDump(Contents& contents, const Part& part) {
     contents.reports.push_back(std::move(report));
 }
 
-// Lines of a part that its reader refused. Their numbers count from `firstLine`.
+// Adds the lines that the reader of a part has rejected. Their numbers count from `firstLine`.
 void addRefused(Contents& contents, const Part& part, const Problems& problems, size_t firstLine) {
     if (problems.empty()) return;
     size_t named = 0;
@@ -164,7 +164,8 @@ void addParameters(Contents& contents, const Part& part) {
     addRefused(contents, part, problems, 1);
 }
 
-// Sets in logs. Most of them are cut, which is told beside each.
+// Adds the parameters in logs. Most of these lists are cut, and are marked as such.
+
 void addFound(Contents& contents, std::vector<FoundParameters> found) {
     for (FoundParameters& each : found) {
         if (each.text.parameters.empty()) continue;
@@ -176,7 +177,7 @@ void addFound(Contents& contents, std::vector<FoundParameters> found) {
                      [](const ParameterList& a, const ParameterList& b) { return a.line < b.line; });
 }
 
-// A dump that has gone through a log stands behind the part that has its lines.
+// Inserts a dump that was found inside a log after the part with its lines.
 void addLoggedDump(Contents& contents) {
     auto& parts = contents.parts;
     const auto isDump = [](const Part& part) { return part.kind == Part::Kind::Dump; };

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Everything that an input holds: what its dumps, logs, properties and parameters say, with their lines.
+// Everything that an input contains: its dumps, logs, properties and parameters, with their lines.
 #pragma once
 
 #include "device/Report.h"
@@ -17,9 +17,9 @@
 
 namespace qzcam {
 
-// The lines of a log that have one tag.
+// The lines of a log with the same tag.
 struct LogTag {
-    std::string tag;  // empty for lines without one
+    std::string tag;  // empty for lines without a tag
     size_t lines = 0;
     std::map<char, size_t> levels;
 };
@@ -27,8 +27,8 @@ struct LogTag {
 struct LogSummary {
     size_t sections = 0;
     size_t lines = 0;
-    std::vector<LogTag> tags;  // most lines first
-    std::string from;          // times of the first and the last line that have one
+    std::vector<LogTag> tags;  // sorted by their number of lines
+    std::string from;          // time of the first and the last line that have a time
     std::string to;
     size_t folded = 0;  // messages that the log only counts
     size_t pruned = 0;  // messages that the log has lost
@@ -43,16 +43,16 @@ struct ListedParameter {
     bool cut = false;
 };
 
-// Parameters as one place of the input has them.
+// The parameters in one place of the input.
 struct ParameterList {
     std::string where;  // "camera 0, as the platform converted them"
     size_t line = 0;
     std::optional<size_t> announced;
     std::vector<ListedParameter> parameters;
-    bool cut = false;  // the log cut the list: others may have followed
+    bool cut = false;  // the log cut the list: further parameters may be missing
 };
 
-// The events that a tag monitor of a dump has.
+// The events of a tag monitor in a dump.
 struct FoundMonitor {
     std::string camera;
     size_t line = 0;
@@ -65,15 +65,15 @@ struct Contents {
     InputText input;
     size_t lines = 0;
     std::vector<Part> parts;
-    std::shared_ptr<const std::string> loggedDump;            // a part of its own, without log prefixes
-    std::vector<Report> reports;                              // one for each dump, in their order
+    std::shared_ptr<const std::string> loggedDump;            // a separate text, without log prefixes
+    std::vector<Report> reports;                              // one for each dump, in the order of the dumps
     std::vector<std::pair<std::string, std::string>> header;  // lines of a bugreport: "Build", "UP1A..."
     std::vector<ParameterList> parameters;
     std::vector<std::pair<std::string, std::string>> properties;
     std::vector<FoundMonitor> monitors;
     LogSummary log;
-    std::vector<Cut> cuts;   // in the container, in services and in dumps
-    std::vector<Left> left;  // with the lines of properties and parameters that make no sense
+    std::vector<Cut> cuts;   // cuts of the container, of services and of dumps
+    std::vector<Left> left;  // unused parts, with the lines of properties and parameters that cannot be read
 
     bool isEmpty() const;
     bool hasFaults() const;
@@ -81,13 +81,13 @@ struct Contents {
 
 Contents readContents(const InputText& input);
 
-// All arrays of all dumps whose name begins with `name`, in any case of letters; of all cameras without
-// `camera`.
+// Returns the arrays of all dumps whose names begin with `name`, in upper or lower case; an empty `camera`
+// means all cameras.
 std::vector<const MetadataArray*> arraysNamed(const Contents& contents, const std::string& name,
                                               const std::string& camera);
 std::vector<std::string> arrayNames(const Contents& contents);
 
-// A line that has a text in it, and what it belongs to.
+// A line that contains a text, and the part of the input that it belongs to.
 struct FoundLine {
     size_t line = 0;
     std::string_view text;

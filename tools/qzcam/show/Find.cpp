@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Where the lines of an input belong.
+// Finds the part of the input that a line belongs to.
 #include "base/Text.h"
 #include "show/Contents.h"
 
@@ -12,11 +12,11 @@ namespace qzcam {
 
 namespace {
 
-// From a line on, lines belong to it, until another place begins.
+// The place of a line and of the lines after it, up to the next place.
 struct Place {
     size_t line = 0;
     std::string where;
-    bool begins = true;  // otherwise it only ends the one before it
+    bool begins = true;  // otherwise it only ends the previous place
 };
 using Places = std::vector<Place>;
 

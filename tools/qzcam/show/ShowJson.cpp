@@ -19,7 +19,7 @@ Json head(const Contents& contents) {
 }
 
 std::string dumped(const Json& json) {
-    // Names come out of files; what is no text in them must not stop the report.
+    // Names come from files. Invalid bytes in them must not stop the report.
     return json.dump(2, ' ', true, Json::error_handler_t::replace) + "\n";
 }
 

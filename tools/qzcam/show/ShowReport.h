@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
-// The contents of an input as text and as JSON.
+// Prints the contents of an input as text and as JSON.
 //
-// The first members of the JSON say {"format": "qzcam-show", "version": N}. Within a version members may be
-// added; a member that goes or changes its meaning makes another version.
+// The first members of the JSON are {"format": "qzcam-show", "version": N}. Members may be added within a
+// version. If a member is removed or changes its meaning, the version changes.
 #pragma once
 
 #include "show/Contents.h"
@@ -13,8 +13,8 @@
 namespace qzcam {
 
 struct ShowView {
-    std::string camera;    // only what is of this camera; empty: all
-    bool verbose = false;  // name what is only counted otherwise
+    std::string camera;    // print only this camera; empty: all
+    bool verbose = false;  // list the parts that are otherwise only counted
     bool colour = false;
 };
 
@@ -27,7 +27,7 @@ std::string arraysJson(const Contents& contents, const std::vector<const Metadat
 std::string foundText(const std::vector<FoundLine>& lines, const std::string& text);
 std::string foundJson(const Contents& contents, const std::vector<FoundLine>& lines, const std::string& text);
 
-// Names the kind of an input: "a bugreport", "a dump of the camera service".
+// Returns the name of an input's kind: "a bugreport", "a dump of the camera service".
 std::string kindOf(const Contents& contents);
 
 }  // namespace qzcam

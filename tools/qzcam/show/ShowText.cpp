@@ -13,7 +13,7 @@ namespace qzcam {
 
 namespace {
 
-constexpr size_t kMostTags = 12;  // listed of a log
+constexpr size_t kMostTags = 12;  // number of tags that are listed for a log
 
 class Text {
   public:
@@ -180,8 +180,8 @@ void Text::addParameters(std::vector<Row>& rows, const ParameterList& list) {
                         fmt::format("line {}", each.line), each.cut ? "cut" : ""});
 }
 
-// A log may have the parameters of an application a hundred times: of sets in a row that come from one place
-// only the last is shown.
+// A log may have the parameters of an application a hundred times. Of consecutive sets from the same place
+// only the last one is printed.
 void Text::addParameters() {
     if (mContents.parameters.empty()) return;
     heading("parameters");
@@ -262,7 +262,7 @@ std::string kindsOf(const std::vector<ReportedLine>& events) {
     return text;
 }
 
-// The service's own events, clients and messages.
+// Prints the events, clients and messages of the service.
 void Text::addService() {
     for (const Report& report : mContents.reports) {
         const std::pair<const char*, const std::vector<ReportedLine>*> lists[] = {

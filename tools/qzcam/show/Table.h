@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Texts that are laid out in columns.
+// Prints texts in columns.
 #pragma once
 
 #include <cstddef>
@@ -13,7 +13,7 @@ constexpr size_t kLongestLine = 160;
 
 using Row = std::vector<std::string>;
 
-// Returns the columns side by side, the last one as it is.
+// Returns the columns side by side; the last one is not padded.
 std::string table(const std::vector<Row>& rows);
 
 // Returns "138", or "138 / 140" if another number was announced.

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// From requests and results that a dump shows as whole arrays ("Last request sent", "Latest received frame")
-// to facts of the session.
+// Makes facts of the requests and results that a dump shows as whole arrays ("Last request sent", "Latest
+// received frame").
 #pragma once
 
 #include "device/Device.h"
@@ -15,13 +15,13 @@
 
 namespace qzcam {
 
-// True for an array that the phone has sent or received; default requests of the HAL and static arrays are
-// none.
+// Returns true for an array that the phone has sent or received, and false for default requests of the HAL
+// and static arrays.
 bool tellsOfSession(const MetadataArray& array);
 
-// The array, and its entries. Entries that are none of the library's, and those of the library that a whole
-// request or result lacks, are there for those who ask for them. A result tells its frame and its time
-// itself.
+// Returns a fact for the array, and one for each of its entries. Entries that are not the library's, and
+// entries of the library that a whole request or result lacks, are marked as shown only on request. A result
+// contains its frame and its time.
 std::vector<TraceItem> itemsOf(const MetadataArray& array, const MonitorPlace& place, size_t input,
                                const TagNames& names);
 

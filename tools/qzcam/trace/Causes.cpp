@@ -36,7 +36,7 @@ std::vector<Writer> writersOf(const std::string& tag) {
     return writers;
 }
 
-// The number that the library writes for a word: the low byte of it in a byte entry.
+// Returns the number that the library writes for a word; in a byte entry its low byte.
 std::optional<int32_t> onlyNumber(const Values& values) {
     if (values.count != 1) return std::nullopt;
     if (values.type == TYPE_BYTE) return values.bytes[0];

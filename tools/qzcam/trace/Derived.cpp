@@ -22,7 +22,7 @@ namespace {
 using Kind = TraceItem::Kind;
 using Side = TraceItem::Side;
 
-// Plays the results of a session to the library.
+// Gives the results of a session to the library.
 class Results {
   public:
     explicit Results(const Device& device)
@@ -31,7 +31,8 @@ class Results {
           mNames(device.vendorTags),
           mCamera(0, mNothing, [this](Message message) { mMessages.push_back(std::move(message)); }) {}
 
-    // The parameter that results are looked at for: its word for the value of its entry.
+    // Sets the parameter of an entry, because some messages depend on it: the word for the value of the
+    // entry.
     void request(const TraceItem& item) {
         if (!item.values || item.values->count != 1 || item.values->type != TYPE_BYTE) return;
         for (const std::string& key : item.keys) {
@@ -119,7 +120,7 @@ class Deriver {
         return device;
     }
 
-    // Empty, or why what the message is made of is not known.
+    // Returns an empty text, or the reason why the sources of the message are unknown.
     std::string unknownIn(const qz::ResultRow& row) const {
         for (const qz::EntryRow& entry : row.entries) {
             const std::string tag = entry.tag;
@@ -133,7 +134,7 @@ class Deriver {
         return {};
     }
 
-    // A mode of requests decides about some messages.
+    // Some messages depend on a mode in the requests.
     void checkMode() {
         for (const qz::ResultRow& row : qz::kResults) {
             if (!row.gates.has(qz::ResultGate::professionalMode) || !concerns(row)) continue;
@@ -170,7 +171,7 @@ class Deriver {
         mTags.clear();
     }
 
-    // A message that is sent with every result is told where one of its entries changes.
+    // A message that is sent with every result is shown only where one of its entries changes.
     bool concerns(const qz::ResultRow& row) const {
         return std::any_of(row.entries.begin(), row.entries.end(),
                            [this](const qz::EntryRow& entry) { return mTags.count(entry.tag) != 0; });

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Messages that no line tells, but that the library makes of results which lines do tell.
+// Finds messages that no line of the log has. The library makes them again from the results in the input.
 #pragma once
 
 #include "device/Device.h"
@@ -13,7 +13,7 @@ namespace qzcam {
 
 struct Derived {
     std::vector<TraceItem> messages;  // each with the frame and place of its result
-    std::vector<std::string> notes;   // unknown messages, and why
+    std::vector<std::string> notes;   // unknown messages, with the reason
 };
 
 // `items`: entries of requests and results of one session, by frame. `monitored`: names of the tags that were

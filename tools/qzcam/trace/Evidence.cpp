@@ -23,7 +23,7 @@ std::optional<uint8_t> typeOf(std::string_view name) {
     return static_cast<uint8_t>(found - std::begin(camera_metadata_type_names));
 }
 
-// The number of "== Camera device 0 dynamic info: ==" and of "Camera 0 information:".
+// Returns the number in "== Camera device 0 dynamic info: ==" and in "Camera 0 information:".
 std::optional<std::string> cameraOf(std::string_view text) {
     static const FormatPattern since8("== Camera device %s dynamic info: ==");
     static const FormatPattern before8("Camera %s information:");

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Finds what tells of a session in dumps, bug reports, logs and the output of "watch", line by line.
+// Finds the lines of a camera session in dumps, bug reports, logs and the output of "watch", line by line.
 #pragma once
 
 #include "device/Device.h"
@@ -17,7 +17,7 @@
 
 namespace qzcam {
 
-// The place in a dump where events of the tag monitor stand.
+// The place of tag-monitor events in a dump.
 struct MonitorPlace {
     size_t line = 0;     // line of its heading; 0: none
     size_t section = 0;  // line of the heading of the camera's part
@@ -39,10 +39,10 @@ class EvidenceReader {
 
     void feed(std::string_view text, size_t line);
 
-    // Gives what waits for further lines.
+    // Passes on the facts that are waiting for further lines.
     void end();
 
-    // The camera's part in which the line stands.
+    // Returns the camera's part of the dump that contains the line.
     MonitorPlace placeOf(size_t line) const;
 
   private:

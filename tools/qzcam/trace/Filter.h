@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Chooses facts of a session.
+// Selects facts of a session.
 #pragma once
 
 #include "trace/Item.h"
@@ -14,7 +14,7 @@ namespace qzcam {
 
 using FrameRange = std::pair<int64_t, int64_t>;
 
-// "1200..1300", "1200..", "..1300", "1203"; nothing for another text.
+// Parses "1200..1300", "1200..", "..1300" or "1203". Returns nothing for another text.
 std::optional<FrameRange> parseFrames(std::string_view text);
 
 struct TraceFilter {
@@ -27,7 +27,7 @@ struct TraceFilter {
     bool isEmpty() const;
     bool shows(const TraceItem& item) const;
 
-    // Drops what the fact says of other parameters' values.
+    // Removes the values of other parameters from the fact.
     void reduce(TraceItem& item) const;
 };
 

@@ -38,7 +38,7 @@ std::vector<std::string> keysOf(const qz::Parameter& row) {
     return keys;
 }
 
-// Lines of setters that leave a parameter out, beside those that could not read its text.
+// Lines of setters that skip a parameter, except those about a text that could not be read.
 constexpr const char* kGates[] = {
     qz::line::ChatBeautyIgnored::format,          qz::line::StabilisationIgnoredForAll::format,
     qz::line::StabilisationIgnoredForApp::format, qz::line::MaxZoomIsZero::format,
@@ -60,7 +60,7 @@ std::string joined(const std::vector<std::string>& words) {
     return text;
 }
 
-// A list of which lines are missing does not tell all.
+// A list of missing lines is not complete.
 std::string countText(const Inspected& inspected) {
     if (!inspected.announced) return fmt::format("{}, of an unknown number", inspected.tags.size());
     if (inspected.isWhole()) return fmt::format("{}", inspected.tags.size());
@@ -73,7 +73,8 @@ const char* listTitle(const Inspected& inspected) {
     return inspected.of == Inspected::Of::Request ? "entries of the request" : "entries, of what is unknown";
 }
 
-// The library's names that a whole list of the device's vendor tags or static entries does not have.
+// Returns the library's names that a complete list of the device's vendor tags or static entries does not
+// contain.
 std::string lackText(const Inspected& inspected) {
     std::set<std::string> there;
     for (const auto& each : inspected.tags) there.insert(each.second);
@@ -96,7 +97,7 @@ bool isEvidence(const LogLine& line) {
 LogItems::LogItems(Take take)
     : mTake(std::move(take)), mInspection([this](const Inspected& inspected) { this->take(inspected); }) {}
 
-// Two log sections of a bugreport repeat lines of each other.
+// Two log sections of a bugreport may repeat lines of each other.
 bool LogItems::isRepeated(const LogLine& line) {
     if (line.time.kind == LogTime::Kind::None) return false;
     const bool isNew = mSeen
@@ -132,7 +133,7 @@ void LogItems::giveHeld() {
     mTake(std::move(item));
 }
 
-// The log has counted further copies of the thread's message before; the last of them follows in full.
+// The log has counted further copies of this thread's message. The last copy follows in full.
 void LogItems::fold(const LogLine& line) {
     if (line.pruned > 0) {
         TraceItem item = itemOf(line);
@@ -198,7 +199,7 @@ bool LogItems::feedEntry(const LogLine& log, const LibraryLine& line) {
     return true;
 }
 
-// The elements of this message have a line each.
+// Each element of this message is in a line of its own.
 bool LogItems::feedFocusTest(const LogLine& log, const LibraryLine& line) {
     if (!line.is(qz::line::FocusTestValue::format)) return false;
     const auto place = line.number(0);
@@ -270,7 +271,7 @@ void LogItems::feedLibrary(const LogLine& log, const LibraryLine& line) {
     give(std::move(item));
 }
 
-// A whole list of the device's tags tells which ones of the library it lacks.
+// A complete list of the device's tags shows which tags of the library are missing.
 void LogItems::takeDeclared(const Inspected& inspected) {
     if (!inspected.isWhole()) return;
     std::set<std::string> declared;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// From lines of a log to facts of the session.
+// Makes facts of a session from the lines of a log.
 #pragma once
 
 #include "log/Inspection.h"
@@ -17,7 +17,7 @@
 
 namespace qzcam {
 
-// False for a line that tells nothing of a camera's session.
+// Returns false for a line that has no information about a camera session.
 bool isEvidence(const LogLine& line);
 
 class LogItems {
@@ -26,14 +26,16 @@ class LogItems {
 
     explicit LogItems(Take take);
 
-    // Lines in the order of their times.
+    // Reads a line. Lines must come in the order of their times.
     void feed(const LogLine& line, size_t input);
 
-    // Gives what waits for further lines.
+    // Passes on the facts that are waiting for further lines.
     void end();
 
     size_t recognised() const { return mRecognised; }
-    size_t repeated() const { return mRepeated; }  // lines that were there before, time and thread included
+    size_t repeated() const {
+        return mRepeated;
+    }  // lines that repeat an earlier one, with the same time and thread
 
   private:
     using Thread = std::pair<int, int>;
@@ -57,10 +59,10 @@ class LogItems {
 
     Take mTake;
     InspectionReader mInspection;
-    std::map<Thread, PlatformLine> mMistyped;  // the last one of a thread, which the next refusal is due to
+    std::map<Thread, PlatformLine> mMistyped;  // the last one of each thread: the cause of the next refusal
     std::map<Thread, TraceItem> mLast;
-    std::map<int, std::string> mCameras;  // by process, as far as it tells
-    std::optional<TraceItem> mHeld;       // a message that further lines add to
+    std::map<int, std::string> mCameras;  // cameras by process, if a line has shown them
+    std::optional<TraceItem> mHeld;       // a message that waits for further lines
     std::set<std::string> mSeen;
     size_t mInput = 0;
     size_t mRecognised = 0;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Sums up for each parameter what a session tells of it.
+// Counts the facts of a session for each parameter.
 #pragma once
 
 #include "trace/Item.h"
@@ -14,15 +14,15 @@ namespace qzcam {
 
 class ParameterTable {
   public:
-    // How many lines tell it, and which ones. A folded line counts as often as the log says.
+    // The number of lines with a fact, and the lines. A folded line counts as often as the log says.
     struct Count {
         size_t times = 0;
         std::vector<size_t> lines;
     };
     struct Row {
-        Count set;      // by an application
-        Count written;  // an entry of it is in a request
-        Count told;     // a setter tells its value
+        Count set;      // set by an application
+        Count written;  // a request has an entry of it
+        Count told;     // a setter has logged its value
         Count refused;
         Count undeclared;
         Count gated;
@@ -34,12 +34,12 @@ class ParameterTable {
 
     void add(const TraceItem& item);
 
-    // Drops all other parameters: a line may tell of several.
+    // Removes all other parameters: a line may belong to several.
     void keepOnly(const std::string& key);
 
     const std::map<std::string, Row>& rows() const { return mRows; }
 
-    // Parameters of the library that no line tells of.
+    // Returns the parameters of the library that no line contains.
     std::vector<std::string> neverSeen() const;
 
   private:

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Facts that the platform's lines tell, and tags that the device does not declare.
+// Makes facts from the platform's lines, and finds tags that the device does not declare.
 #include "facts/Tags.h"
 #include "trace/Causes.h"
 #include "trace/LogItems.h"

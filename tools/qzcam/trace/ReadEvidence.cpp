@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Takes the parts of an input that tell of a session.
+// Reads the parts of an input that contain facts of a session.
 #include "input/LogPrefix.h"
 #include "trace/ArrayItems.h"
 #include "trace/LogItems.h"
@@ -17,8 +17,8 @@ namespace qzcam {
 
 namespace {
 
-// Other sections of a bug report are none of the camera's. What stands outside of sections may be events of
-// the tag monitor.
+// Other sections of a bug report do not belong to the camera. Text outside of sections may be events of the
+// tag monitor.
 bool isRead(const Part& part) {
     return part.kind == Part::Kind::Dump || part.kind == Part::Kind::Log || part.title.empty();
 }
@@ -31,7 +31,7 @@ std::string placesOf(const std::vector<Part>& parts, Part::Kind kind) {
     return lines;
 }
 
-// Nothing for a text that is all one.
+// Returns nothing for a text with a single part.
 std::optional<std::string> whatIsTaken(const std::string& name, const std::vector<Part>& parts) {
     const std::string dumps = placesOf(parts, Part::Kind::Dump);
     const std::string logs = placesOf(parts, Part::Kind::Log);
@@ -43,7 +43,7 @@ std::optional<std::string> whatIsTaken(const std::string& name, const std::vecto
     return name + ": " + text;
 }
 
-// A dump may have gone through a log. The text that is returned has to outlive the parts.
+// Finds a dump inside a log. The returned text must outlive the parts.
 std::string addLoggedDump(std::vector<Part>& parts) {
     const auto isDump = [](const Part& part) { return part.kind == Part::Kind::Dump; };
     if (std::any_of(parts.begin(), parts.end(), isDump)) return {};

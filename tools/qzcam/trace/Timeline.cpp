@@ -20,7 +20,7 @@ namespace {
 using Kind = TraceItem::Kind;
 using Side = TraceItem::Side;
 
-constexpr size_t kRing = 100;  // events that the tag monitor keeps for a client
+constexpr size_t kRing = 100;  // number of events that the tag monitor keeps for a client
 
 std::string keyOf(const MonitorEvent& event) {
     return fmt::format("{} {} {} {} {} {} {} {}", event.frame, event.nanoseconds, event.isRequest,
@@ -28,7 +28,7 @@ std::string keyOf(const MonitorEvent& event) {
                        fmt::join(event.rows, "|"));
 }
 
-// One session may stand in several places: in dumps of different moments, in the output of "watch".
+// Events of one session may be in several places: in dumps of different moments, in the output of "watch".
 void joinStreams(std::vector<MonitorStream>& streams) {
     std::vector<MonitorStream> joined;
     std::map<std::string, size_t> places;
@@ -51,8 +51,8 @@ void joinStreams(std::vector<MonitorStream>& streams) {
     streams = std::move(joined);
 }
 
-// Requests before results of a frame, and in the order in which they happened. Dumps print the newest event
-// first.
+// Sorts the events of a frame: requests before results, and then in the order in which they happened. Dumps
+// print the newest event first.
 void sortByFrame(MonitorStream& stream) {
     auto& events = stream.events;
     if (events.size() > 1 && events.front().frame > events.back().frame)
@@ -69,7 +69,7 @@ std::string titleOf(const MonitorPlace& place) {
     return title;
 }
 
-// Lines may stand in the wrong order; those without a time stay where they are.
+// Lines may be in the wrong order. Lines without a time keep their place.
 std::vector<TraceItem> logItems(std::vector<Evidence::Log>& log, std::vector<std::string>& notes) {
     const bool haveTimes = std::all_of(log.begin(), log.end(), [&](const Evidence::Log& each) {
         return each.line.isRaw || each.line.time.kind == log.front().line.time.kind;
@@ -97,7 +97,8 @@ std::string fieldsText(const TraceItem& item) {
     return text;
 }
 
-// A message that the log tells and a result gives, as often by both, is one: so it has a frame and a time.
+// Joins a message of the log with the equal message of a result, so that it has a frame and a time. Both must
+// have it equally often.
 void joinMessages(std::vector<TraceItem>& log, std::vector<TraceItem>& derived) {
     std::map<std::string, std::vector<TraceItem*>> told;
     std::map<std::string, std::vector<TraceItem*>> made;
@@ -124,7 +125,7 @@ void joinMessages(std::vector<TraceItem>& log, std::vector<TraceItem>& derived) 
     derived = std::move(left);
 }
 
-// Messages behind the entries of their result.
+// Moves messages behind the entries of their result.
 void insertMessages(std::vector<TraceItem>& items, const std::vector<TraceItem>& messages) {
     items.insert(items.end(), messages.begin(), messages.end());
     std::stable_sort(items.begin(), items.end(), [](const TraceItem& a, const TraceItem& b) {
@@ -142,8 +143,9 @@ bool isMonotonic(const std::vector<TraceItem>& log) {
     });
 }
 
-// Both clocks run since the phone was started. Events keep the order of their frames: a result's time is that
-// of its exposure, before that of requests which came before it.
+// Merges log and events by their clocks, which both began at the phone's start. Events keep the order of
+// their frames: the time of a result is that of its exposure, which is before the time of requests that came
+// before it.
 std::vector<TraceItem> mergeByClock(std::vector<TraceItem> frames, const std::vector<TraceItem>& log) {
     std::vector<TraceItem> merged;
     auto next = log.begin();
@@ -157,8 +159,7 @@ std::vector<TraceItem> mergeByClock(std::vector<TraceItem> frames, const std::ve
     return merged;
 }
 
-// Lines of the log that tell a frame number follow what the events tell of this frame; other lines stay with
-// them.
+// Puts lines of the log with a frame number after the events of this frame. Other lines stay next to them.
 std::vector<TraceItem> mergeByFrame(std::vector<TraceItem> frames, const std::vector<TraceItem>& log) {
     std::vector<TraceItem> merged;
     auto next = frames.begin();
@@ -173,7 +174,7 @@ std::vector<TraceItem> mergeByFrame(std::vector<TraceItem> frames, const std::ve
 
 using Section = std::pair<size_t, size_t>;  // input and place
 
-// The last frame that the events of each place tell.
+// Returns the last frame in the events of each place.
 std::map<Section, int64_t> lastFrames(const std::vector<MonitorStream>& streams) {
     std::map<Section, int64_t> last;
     for (const MonitorStream& stream : streams) {
@@ -222,8 +223,8 @@ class Builder {
         mTimeline.groups.push_back(std::move(group));
     }
 
-    // A result tells its frame. The last request is behind the events of its own dump; where no later dump
-    // tells more of the session, it is the last that is known.
+    // A result contains its frame. The last request comes after the events of its own dump. If no later dump
+    // has facts of the session, it is the last known request.
     void addArray(DumpedArray& array) {
         const Section section{array.input, array.place.section};
         const auto [place, isNew] = mGroups.emplace(section, mTimeline.groups.size());
@@ -267,7 +268,7 @@ class Builder {
     Evidence mEvidence;
     std::map<Section, int64_t> mLastFrames;
     std::map<Section, size_t> mGroups;               // by place
-    std::map<size_t, std::vector<TraceItem>> mLast;  // behind everything else of a group
+    std::map<size_t, std::vector<TraceItem>> mLast;  // after all other facts of a group
     std::vector<TraceItem> mLog;
     Timeline mTimeline;
 };

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Merges the facts of a session: by frame number and by clock, as far as the formats tie them.
+// Merges the facts of a session by frame number and by clock, if the formats allow it.
 #pragma once
 
 #include "device/Device.h"
@@ -19,16 +19,16 @@
 
 namespace qzcam {
 
-// Facts in one order.
+// Facts that have one order.
 struct TraceGroup {
     std::string title;
     std::vector<TraceItem> items;
 };
 
 struct Timeline {
-    std::vector<std::string> inputs;  // names
+    std::vector<std::string> inputs;  // names of the inputs
     std::vector<TraceGroup> groups;
-    std::vector<std::string> notes;  // about the evidence as a whole
+    std::vector<std::string> notes;  // remarks on the whole evidence
 };
 
 // Events of the tag monitor during one open session of a camera.
@@ -39,14 +39,14 @@ struct MonitorStream {
     std::vector<std::pair<size_t, size_t>> sections = {};  // inputs and places that the events are from
 };
 
-// A request or a result that a dump shows as a whole: the array, and its entries.
+// A request or a result that a dump shows completely: the array, and its entries.
 struct DumpedArray {
     MonitorPlace place;
     size_t input = 0;
     std::vector<TraceItem> items;
 };
 
-// Everything that the inputs tell, before it is put in order.
+// All facts of the inputs, before they are sorted.
 struct Evidence {
     std::vector<std::string> inputs;
     struct Log {
@@ -57,7 +57,7 @@ struct Evidence {
     std::vector<MonitorStream> streams;
     std::vector<DumpedArray> arrays;
     std::shared_ptr<TraceCameras> cameras = std::make_shared<TraceCameras>();
-    std::vector<std::string> taken;   // for an input with several parts, what is taken from where
+    std::vector<std::string> taken;   // for an input with several parts, the parts that are used
     std::vector<std::string> faults;  // dumps that are cut
 
     void read(const InputText& input);
@@ -69,7 +69,7 @@ struct Evidence {
 
 Timeline timelineOf(Evidence evidence);
 
-// A fact of the tag monitor. The type of the values comes from the tags.
+// Returns the fact of a tag-monitor event. The type of the values comes from the tags.
 TraceItem itemOf(const MonitorEvent& event, const MonitorPlace& place, size_t input, const TagNames& tags);
 
 }  // namespace qzcam

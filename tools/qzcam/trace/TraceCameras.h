@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// The cameras that dumps describe, each with the vendor tags of its own provider.
+// The cameras in dumps, each with the vendor tags of its own provider.
 #pragma once
 
 #include "device/Device.h"
@@ -19,7 +19,7 @@ namespace qzcam {
 
 struct TraceCamera {
     size_t input = 0;
-    std::string id;  // "0"
+    std::string id;  // stands for the dump that the user chose as the device
     Device device;
     TagNames names;
 };
@@ -33,16 +33,16 @@ class TraceCameras {
     TraceCameras& operator=(const TraceCameras&) = delete;
 
     void add(size_t input, const Report& report);
-    void addTag(const Tag& tag);  // a vendor tag that stands in no dump
+    void addTag(const Tag& tag);  // adds a vendor tag that is in no dump
 
     const std::deque<TraceCamera>& all() const { return mCameras; }
 
-    // Tags of a camera's facts: those of its own dump, or of another one with this camera. If there is none,
-    // the tags that have one type everywhere.
+    // Return the tags for the facts of a camera: those of its own dump, or of another dump with this camera.
+    // If there is none, they return the tags that have the same type everywhere.
     const TagNames& namesFor(const std::string& camera, size_t input) const;
     const std::vector<Tag>& tagsFor(const std::string& camera, size_t input) const;
 
-    // Tags of the library that providers declare differently.
+    // Returns remarks about tags of the library that providers declare differently.
     std::vector<std::string> notes() const;
 
   private:

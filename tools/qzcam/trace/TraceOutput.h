@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// The timeline of a session for people and for programs.
+// Prints the timeline of a session for people and for programs.
 #pragma once
 
 #include "trace/Item.h"
@@ -23,13 +23,13 @@ class TraceOutput {
     virtual void group(const std::string& title) = 0;
     virtual void item(const TraceItem& item) = 0;
     virtual void note(const std::string& text) = 0;
-    // A part of the facts does not tell which parameters were never seen.
+    // `isPart`: the facts are filtered, so they do not show which parameters were never seen.
     virtual void table(const ParameterTable& table, bool isPart) = 0;
 };
 
 using WriteLine = std::function<void(const std::string&)>;
 std::unique_ptr<TraceOutput> traceText(WriteLine write);
-// The same with columns of a fixed width, so that each fact is written when it comes.
+// Prints the same with columns of a fixed width, so that each fact is written at once.
 std::unique_ptr<TraceOutput> traceLiveText(WriteLine write);
 std::unique_ptr<TraceOutput> traceJson(WriteLine write);
 

@@ -25,7 +25,7 @@ using Track = TrackEvents::Track;
 
 constexpr Time kStep = 1000;
 
-// 0, which no value has a name of, for a vendor tag.
+// Returns 0, which has no name, for a vendor tag.
 uint32_t standardTag(const std::string& fullName) {
     const size_t dot = std::min(fullName.rfind('.'), fullName.size());
     const auto* tag =
@@ -66,7 +66,7 @@ class TracePerfetto::CameraTracks {
     void end(Time now);
 
   private:
-    // Several frames are in flight at once: each has a lane until its result comes.
+    // Several frames are in flight at the same time: each has a lane until its result arrives.
     struct Lane {
         Track track;
         std::optional<int64_t> frame;
@@ -88,7 +88,7 @@ class TracePerfetto::CameraTracks {
     ValueTracks mStatic;
     Track mLog;
     std::vector<Lane> mLanes;
-    int64_t mLastFrame = -1;  // last frame that was begun
+    int64_t mLastFrame = -1;  // the last frame that has begun
 };
 
 void TracePerfetto::CameraTracks::show(Time now, const TraceItem& item, const Notes& notes) {
@@ -144,7 +144,7 @@ TracePerfetto::CameraTracks::Lane& TracePerfetto::CameraTracks::freeLane() {
     return mLanes.back();
 }
 
-// A frame is in flight from the first that is known of its request to the first of its result.
+// A frame is in flight from the first known fact of its request to the first fact of its result.
 void TracePerfetto::CameraTracks::showFrame(Time now, const TraceItem& item) {
     const int64_t frame = *item.frame;
     Lane* lane = laneOf(frame);

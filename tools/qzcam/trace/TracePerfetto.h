@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 // Writes the events of a phone as a timeline for the public trace viewer.
 //
-// A group begins at 0; the phone's own time is a detail of each event. Facts that have no time, or an earlier
-// one than the fact before them, follow in steps of a microsecond.
+// A group begins at 0; the phone's own time is a detail of each event. A fact without a time, or with an
+// earlier time than the previous fact, follows in steps of a microsecond.
 #pragma once
 
 #include "output/TrackEvents.h"
@@ -29,7 +29,7 @@ class TracePerfetto : public TraceOutput {
     void note(const std::string& text) override;
     void table(const ParameterTable& /*table*/, bool /*isPart*/) override {}
 
-    // Returns the whole file, and ends what is still going on.
+    // Ends open slices and returns the whole file.
     std::string finish();
 
   private:

@@ -37,7 +37,7 @@ struct Row {
     std::string place;
 };
 
-// Widths of the columns in front of the last one.
+// Widths of all columns except the last one.
 struct Widths {
     size_t time = 18;
     size_t frame = 6;
@@ -98,7 +98,7 @@ void addCause(Cells& cells, const std::string& cause) {
     if (!cause.empty()) cells.cause += (cells.cause.empty() ? "" : "; ") + cause;
 }
 
-// A line that speaks of no entry of a request or a result stands in the last column.
+// A line that belongs to no entry of a request or a result is printed in the last column.
 Cells cellsOf(const TraceItem& item) {
     Cells cells;
     const bool isText = item.kind == Kind::Line || item.kind == Kind::Lost || item.kind == Kind::Parameters;
@@ -211,7 +211,7 @@ class TraceText : public TraceOutput {
         if (mIsLive) printRows();
     }
 
-    // Columns are as wide as they have to be; a long cell moves the rest of its row.
+    // Columns are as wide as their cells. A long cell moves the rest of its row.
     void printRows() {
         Widths widths;
         if (mIsLive) widths.request = widths.result = kEntry;

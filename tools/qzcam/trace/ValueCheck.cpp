@@ -22,7 +22,7 @@ namespace {
 using Kind = TraceItem::Kind;
 using Side = TraceItem::Side;
 
-constexpr size_t kMostKnown = 1000;  // lists of parameters whose verdicts are kept
+constexpr size_t kMostKnown = 1000;  // number of parameter sets whose verdicts are kept
 
 bool hasCapabilities(const TraceCamera& camera) { return !camera.device.entries.empty(); }
 
@@ -34,7 +34,7 @@ EntryTexts updatesOf(const Trace& trace) {
     return entries;
 }
 
-// The entries of a parameter among those of a request.
+// Returns the entries of a parameter that the request has.
 std::vector<VerdictEntry> entriesOf(const qz::Parameter& row, const qz::KeyRow& key,
                                     const std::vector<VerdictEntry>& all) {
     std::vector<VerdictEntry> own;
@@ -57,7 +57,7 @@ bool isRequestEntry(const TraceItem& item) { return item.kind == Kind::Entry && 
 
 }  // namespace
 
-// A camera, and its offers as soon as they are asked for.
+// A camera, and its offers, which are computed when they are first needed.
 struct ValueCheck::Held {
     explicit Held(const TraceCamera& described) : camera(described) {}
 
@@ -148,7 +148,7 @@ std::optional<VerdictRow> ValueCheck::verdictOn(const TraceItem& item, const Can
     return std::nullopt;
 }
 
-// Entries that the library writes for the parameters where nothing of the device is in its way.
+// Returns the entries that the library writes for the parameters on a device that accepts everything.
 std::vector<VerdictEntry> ValueCheck::written(const Texts& parameters) {
     const TraceCamera* camera = mHeld.empty() ? nullptr : &mHeld.front()->camera;
     const Device& device = camera == nullptr ? mNothing : camera->device;
@@ -200,7 +200,8 @@ bool ValueCheck::isUnasked(const std::string& tag, const Values& values) {
     return found != mUnasked->end() && found->second == values;
 }
 
-// Where several parameters, or several of their texts, give the value, the device must offer none of them.
+// If several parameters, or several texts of them, give the value, the verdict requires that the device
+// offers none of them.
 void ValueCheck::judgeEntry(TraceItem& item, const EntryTexts& request) {
     if (!item.values || isUnasked(item.tag, *item.values)) return;
     std::optional<VerdictRow> first;
@@ -221,11 +222,11 @@ void ValueCheck::judge(TraceItem& item, const EntryTexts& request) {
     if (hasEntry) judgeEntry(item, request);
 }
 
-// An entry is judged with all others of its request: some parameters go into two. Events tell what changes
-// from frame to frame, an array of a dump has all of it.
+// An entry is checked together with all others of its request, because some parameters have two entries.
+// Events contain the changes from frame to frame, an array of a dump contains all entries.
 void ValueCheck::judge(TraceGroup& group) {
-    using Sent =
-        std::pair<std::string, int64_t>;  // physical camera and frame, or the array as a number below 0
+    using Sent = std::pair<std::string, int64_t>;  // physical camera and frame; an array of a dump has a
+                                                   // negative index instead
     std::map<std::string, EntryTexts> now;
     std::map<Sent, EntryTexts> requests;
     std::vector<Sent> places;

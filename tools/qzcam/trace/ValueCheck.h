@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
-// Holds values that a phone was seen to use against those that its device offers, and against the numbers
-// that their entries can hold.
+// Compares the values in a phone's log or dump with the values that its device offers, and with the numbers
+// that their entries can store.
 //
-// The device is one of a dump, with static entries. Without one, the keys count that log lines tell, as far
-// as they say the same wherever they stand. A fact whose camera is not known counts only if every camera
-// agrees.
+// The device comes from a dump with static entries. Without one, the published keys in log lines are used,
+// unless lines contradict each other. A fact whose camera is unknown gets a verdict only if it is the same
+// for every camera.
 #pragma once
 
 #include "trace/Item.h"
@@ -28,19 +28,20 @@ struct TraceGroup;
 
 class ValueCheck {
   public:
-    // `cameras` must outlive it. `camera`: that of facts that do not tell theirs; empty if unknown.
+    // `cameras` must outlive the object. `camera`: the camera of facts that do not state it; empty if
+    // unknown.
     ValueCheck(const TraceCameras& cameras, std::string camera);
     ~ValueCheck();
     ValueCheck(const ValueCheck&) = delete;
     ValueCheck& operator=(const ValueCheck&) = delete;
 
-    // Takes the published keys among the parameters of a fact.
+    // Stores the published keys among the parameters of a fact.
     void learn(const TraceItem& item);
 
-    // Adds verdicts to the fact. `request`: entries that its request has, with their values.
+    // Adds verdicts to the fact. `request`: all known entries of its request, with their values.
     void judge(TraceItem& item, const EntryTexts& request);
 
-    // The same for facts that belong together, in their order.
+    // Does the same for facts that belong together, in their order.
     void judge(TraceGroup& group);
 
   private:
@@ -53,7 +54,7 @@ class ValueCheck {
                                         const Texts& parameters, const std::vector<VerdictEntry>& entries);
     void exclude(VerdictRow& verdict, const TraceItem& item, const qz::Parameter& row, const qz::KeyRow& key,
                  const Texts& parameters);
-    // Offers with the camera that they are of, if there are several.
+    // Offers with their camera, if there are several cameras.
     using CameraOffers = std::vector<std::pair<const Offers*, std::string>>;
     CameraOffers offersFor(const TraceItem& item);
     std::vector<VerdictEntry> written(const Texts& parameters);
@@ -62,7 +63,7 @@ class ValueCheck {
     std::string mCamera;
     std::vector<std::unique_ptr<Held>> mHeld;
     std::map<std::string, std::string> mPublished;
-    std::set<std::string> mContradictory;  // published keys that lines give different values
+    std::set<std::string> mContradictory;  // published keys that have different values in different lines
     std::optional<Offers> mLearned;
     Device mNothing;
     std::map<Texts, std::vector<VerdictRow>> mKnown;  // verdicts on parameters, by camera and parameters
