@@ -79,9 +79,8 @@ class Zip {
         return archive_read_open(mArchive.get(), this, nullptr, takeBlock, nullptr);
     }
 
-    // The zip library drops the block
-    in which the data ends,
-        so blocks are small.static la_ssize_t takeBlock(archive*, void*zip, const void**block) {
+    // The zip library drops the block in which the data ends, so blocks are small.
+    static la_ssize_t takeBlock(archive*, void* zip, const void** block) {
         constexpr size_t kBlock = 128;
         std::string_view& rest = static_cast<Zip*>(zip)->mRest;
         const size_t size = std::min(rest.size(), kBlock);
