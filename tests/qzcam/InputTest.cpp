@@ -104,6 +104,7 @@ TEST(Input, ContentDecidesHowAFileIsRead) {
         {"UTF-16, big endian", utf16(plain, true)},
         {"CRLF", replaced(plain, "\n", "\r\n")},
         {"CRCRLF", replaced(plain, "\n", "\r\r\n")},
+        {"CR", replaced(plain, "\n", "\r")},
         {"quoted", "> " + replaced(plain.substr(0, plain.size() - 1), "\n", "\n> ") + "\n"},
         {"quoted twice", ">> " + replaced(plain.substr(0, plain.size() - 1), "\n", "\n>> ") + "\n"},
         {"blanks of a page", replaced(plain, " ", "\xc2\xa0")},
@@ -123,6 +124,9 @@ TEST(Input, ContentDecidesHowAFileIsRead) {
                                     {"dump", plain}})},
         {"zip of a zip",
          zipped({{"bugreport.zip", zipped({{"main_entry.txt", "b.txt"}, {"b.txt", plain}})}})},
+        {"zip of a zip and a note",
+         zipped({{"bugreport.zip", zipped({{"main_entry.txt", "b.txt"}, {"b.txt", plain}})},
+                 {"a.txt", "See it."}})},
         {"gzip in a zip", zipped({{"dump.gz", gzipped(plain)}})},
     };
     for (const auto& row : kRows) EXPECT_EQ(textOf(row.bytes), plain) << row.what;

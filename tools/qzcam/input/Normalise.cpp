@@ -126,6 +126,10 @@ size_t lineLength(std::string_view rest) { return std::min(rest.find('\n'), rest
 
 bool dropCarriageReturns(Memory& text) {
     if (!holds(text.view(), '\r')) return false;
+    if (!holds(text.view(), '\n')) {  // each of them ends a line
+        std::replace(text.data(), text.data() + text.size(), '\r', '\n');
+        return true;
+    }
     Rewriter rewriter(text);
     while (!rewriter.atEnd()) {
         const std::string_view rest = rewriter.rest();

@@ -108,8 +108,8 @@ bool namesMainEntry(std::string_view name) {
     return name == "main_entry.txt" || name == "main-entry.txt";  // the second name is only in descriptions
 }
 
-// Ranks entries: the report itself first, then texts, then packed files that may contain one, then all
-// others.
+// Ranks entries: the report itself first, then texts and packed files that may contain one, then all others.
+// A report that was packed again may lie beside a note: of equal ranks the larger entry is read.
 int rankOf(const Entry& entry, std::string_view mainEntry) {
     constexpr std::array<std::string_view, 5> kTexts{".txt", ".log", ".dump", ".dumpsys", ""};
     constexpr std::array<std::string_view, 5> kSmall{"version.txt", "dumpstate_log.txt", "title.txt",
@@ -122,8 +122,9 @@ int rankOf(const Entry& entry, std::string_view mainEntry) {
     if (startsWith(entry.name, "__MACOSX/") || namesMainEntry(entry.name)) return 0;
     if (isOne(kSmall, entry.name)) return 1;
     if (startsWith(entry.start, "====")) return isTop(entry.name) ? 5 : 4;
-    if (isOne(kTexts, extension)) return isTop(entry.name) ? 3 : 2;
-    return extension == ".zip" || extension == ".gz" ? 2 : 1;
+    const bool mayHold = isOne(kTexts, extension) || extension == ".zip" || extension == ".gz";
+    if (!mayHold) return 1;
+    return isTop(entry.name) ? 3 : 2;
 }
 
 // The names of a zip's entries.

@@ -56,12 +56,12 @@ std::string joined(const std::vector<std::string>& numbers, const qz::EntryRow& 
 // Lines that contain a message: its code, its kind, and for each of the message's numbers the index of its
 // value in the line.
 struct Announcement {
-    const char* line;
-    int32_t code;
-    int32_t kind;
+    const char* line = nullptr;
+    int32_t code = 0;
+    int32_t kind = 0;
     qz::Upto<size_t, 3> places;
 };
-const Announcement kAnnouncements[] = {
+constexpr Announcement kAnnouncements[] = {
     {qz::line::DualVerification::format, qz::MSG_DUAL_CAMERA_VERIFY_RESULT, 0, {size_t{0}, size_t{1}}},
     {qz::line::FeatureTest::format, qz::MSG_MMI_FEATURE_TEST_RESULT, 0, {size_t{0}, size_t{3}}},
     {qz::line::PdafVerification::format, qz::MSG_MMI_PDAF_VERIFY_RESULT, 0, {size_t{0}}},
