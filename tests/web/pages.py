@@ -384,8 +384,11 @@ class Pages(unittest.TestCase):
         self.assertIn("Crop by zoomnot in the last request sent", "".join(self.browser.texts(".legend > li")))
         self.browser.open(path, "parameters")
         rows = {row[0]: row[1:] for row in self.rows("browse")}
+        check = json.loads(qzcam("check", "--device", f"{OUT}/bugreport.txt", "--json"))
         self.assertEqual(rows["iso"], ["refused 1, not offered 1, written 3, set 1", "refused"])
         self.assertEqual(rows["brightness"], [None, "never seen"])
+        self.browser.open(path, "device")
+        self.assertEqual(self.browser.texts(".camera > .badges .badge"), [f"{count} {name}" for name, count in check["counts"].items() if count])
 
     def test_trace_by_clock(self):
         """A log with the clock of the frames: the page says between which frames a parameter failed."""

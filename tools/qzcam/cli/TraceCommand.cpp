@@ -12,6 +12,7 @@
 #include "trace/TraceOutput.h"
 #include "trace/TracePerfetto.h"
 #include "trace/ValueCheck.h"
+#include "verdict/CamerasReport.h"
 #include "viewer/Sensors.h"
 
 #include <fmt/format.h>
@@ -24,6 +25,19 @@
 namespace qzcam {
 
 namespace {
+
+// Of cameras with one number the first one counts: that of --device, or of the first dump.
+std::vector<PageData> pageData(const TraceCameras& cameras) {
+    SensorData sensors;
+    std::vector<CheckedCamera> checked;
+    for (const TraceCamera& each : cameras.all()) {
+        const bool isNew = sensors.add(each.id, each.device);
+        if (isNew && !each.device.vendorTags.empty())
+            checked.push_back({each.device, checkDevice(each.device)});
+    }
+    if (checked.empty()) return {sensors.data()};
+    return {sensors.data(), {"cameras", camerasJson(checked)}, rowData()};
+}
 
 // Passes the facts that the filter selects to the output and to the table.
 class TraceReport {
@@ -41,9 +55,9 @@ class TraceReport {
         tell([&](TraceOutput& output) { output.begin(inputs); });
     }
 
-    // The page draws areas on the sensors that the inputs state.
-    void sensorsOf(const TraceCameras& cameras) {
-        for (const TraceCamera& each : cameras.all()) mSensors.add(each.id, each.device);
+    // The page draws areas on the sensors of the cameras, and shows what they declare.
+    void add(const TraceCameras& cameras) {
+        if (mPage) mPageData = pageData(cameras);
     }
 
     void group(const TraceGroup& group) {
@@ -68,8 +82,8 @@ class TraceReport {
     void end() {
         if (!mOptions.filter.key.empty()) mTable.keepOnly(mOptions.filter.key);
         tell([&](TraceOutput& output) { output.table(mTable, !mOptions.filter.isEmpty()); });
-        const bool drawn =
-            finishPage(mOptions.html, mTitle, {{"trace", std::move(mPageText)}, mSensors.data()});
+        mPageData.push_back({"trace", std::move(mPageText)});
+        const bool drawn = finishPage(mOptions.html, mTitle, mPageData);
         const bool traced = !mPerfetto || writeFile(mOptions.perfetto, mPerfetto->finish());
         mFailed = mFailed || !drawn || !traced;
     }
@@ -104,7 +118,7 @@ class TraceReport {
     std::unique_ptr<TraceOutput> mPage;
     std::unique_ptr<TracePerfetto> mPerfetto;
     ParameterTable mTable;
-    SensorData mSensors;
+    std::vector<PageData> mPageData;
     size_t mItems = 0;
     bool mFailed = false;
 };
@@ -135,7 +149,7 @@ ExitStatus traceWhole(const TraceOptions& options, Evidence evidence) {
         for (const TraceItem& item : group.items) check.learn(item);
     }
     TraceReport report(options);
-    report.sensorsOf(*cameras);
+    report.add(*cameras);
     report.begin(timeline.inputs);
     for (TraceGroup& group : timeline.groups) {
         check.judge(group);
@@ -248,7 +262,7 @@ ExitStatus tellLines(const TraceOptions& options, StreamedInput& pieces, TraceCa
     stream.takeLines(pieces.text());
     stream.end(pieces.text());
     if (report.items() == 0) return nothingFound(inputName("-"));
-    report.sensorsOf(cameras);
+    report.add(cameras);
     report.end();
     report.flush();
     return report.status();

@@ -5,8 +5,10 @@
 
 namespace qzcam {
 
-void SensorData::add(const std::string& camera, const Device& device) {
-    if (!mCameras.contains(camera)) mCameras[camera] = sensorJson(device);
+bool SensorData::add(const std::string& camera, const Device& device) {
+    if (mCameras.contains(camera)) return false;
+    mCameras[camera] = sensorJson(device);
+    return true;
 }
 
 PageData SensorData::data() const {

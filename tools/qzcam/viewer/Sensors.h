@@ -13,8 +13,8 @@ namespace qzcam {
 
 class SensorData {
   public:
-    // A camera that is there already stays as it is.
-    void add(const std::string& camera, const Device& device);
+    // False for a camera that is there already: it stays as it is.
+    bool add(const std::string& camera, const Device& device);
 
     PageData data() const;
 
