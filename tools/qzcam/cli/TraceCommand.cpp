@@ -13,6 +13,7 @@
 #include "trace/TracePerfetto.h"
 #include "trace/ValueCheck.h"
 #include "verdict/CamerasReport.h"
+#include "viewer/Page.h"
 #include "viewer/Sensors.h"
 
 #include <fmt/format.h>
@@ -20,13 +21,15 @@
 #include <cstdio>
 #include <memory>
 #include <optional>
+#include <string>
 #include <utility>
+#include <vector>
 
 namespace qzcam {
 
 namespace {
 
-// Of cameras with one number the first one counts: that of --device, or of the first dump.
+// The first of several cameras with one number counts: that of --device, or of the first dump.
 std::vector<PageData> pageData(const TraceCameras& cameras) {
     SensorData sensors;
     std::vector<CheckedCamera> checked;
