@@ -170,7 +170,6 @@ Calls::Line lineOf(int priority, const char* tag, const char* format, va_list ar
 
 // A short line is printed with few arguments, because more would cost stack accesses that the library does
 // not make.
-
 void print(const Calls::Line& line) {
     int (*const log)(int, const char*, const char*, ...) = __android_log_print;
     const auto& [a, b, c, d, e, f, g, h, i, j, k, l] = line.words;

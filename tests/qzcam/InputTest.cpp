@@ -150,10 +150,10 @@ TEST(Input, DamagedFilesAreReadAsFarAsTheyGo) {
         const char* cut;
     } kRows[] = {
         {zip.substr(0, zip.size() * 3 / 4), text.size() / 2, "no directory at its end"},
-        {gzip.substr(0, gzip.size() * 3 / 4), text.size() / 2, "ends before its end"},
+        {gzip.substr(0, gzip.size() * 3 / 4), text.size() / 2, "the gzip data is cut"},
         {flipped, text.size(), "is damaged at byte"},
         {zipped({{"main_entry.txt", "gone.txt"}, {"b.txt", text}}), text.size(),
-         "'gone.txt', which the zip does not"},
+         "'gone.txt', which is not in the zip"},
     };
     for (const auto& row : kRows) {
         SCOPED_TRACE(row.cut);
@@ -180,15 +180,15 @@ TEST(Input, LimitsStopWhatUnpacksForever) {
     } kRows[] = {
         {gzipped(zeros), "file: it unpacks to more than 100 times its size"},
         {zipped({{"a.txt", zeros}}), "it unpacks to more than 100 times its size"},
-        {gzipped(gzipped(gzipped("x"))), "file: packed more than 2 times over"},
-        {zipped({}), "file: the zip holds no text"},
+        {gzipped(gzipped(gzipped("x"))), "file: packed more than 2 times"},
+        {zipped({}), "file: the zip contains no text"},
         {std::string("PK\3\4", 4) + std::string(100, 'x'), "file: the zip is damaged"},
         {std::string("\x1f\x8b", 2) + std::string(100, 'x'), "file: the gzip data is damaged"},
         {std::string("\xfd"
                      "7zXZ\0",
                      6),
          "file: it is packed with xz"},
-        {std::string("\x89PNG\r\n\x1a\n", 8) + std::string(100, '\0'), "file: it is no text"},
+        {std::string("\x89PNG\r\n\x1a\n", 8) + std::string(100, '\0'), "file: it is not a text"},
     };
     for (const auto& row : kRows) {
         Problems problems("file");

@@ -234,7 +234,7 @@ TEST(Trace, LogAndFramesAreTiedByClockOrFrameNumber) {
     EXPECT_LT(place("iso", "7"), place("iso", "1"));
     const Timeline untied = timeline(test::logText(recorded.lines, {}) + dump);
     EXPECT_EQ(untied.groups.size(), 2U);
-    EXPECT_THAT(untied.notes, Contains(HasSubstr("nothing ties")));
+    EXPECT_THAT(untied.notes, Contains(HasSubstr("different clocks")));
 }
 
 TEST(Trace, FoldedAndRepeatedLinesCountOnce) {

@@ -361,9 +361,9 @@ class Pages(unittest.TestCase):
         self.looks_well(path, "timeline", "bugreport")
         self.looks_well(path, "sensor", "bugreport-sensor")
         self.browser.open(path)
-        # Which parameter, when, and why; and that nothing ties the log to the frames.
+        # The page shows the parameter, the time and the reason, and that the log has another clock than the frames.
         self.assertEqual(self.browser.texts(".findings .row:first-child > *"), ["refused", "iso", "iso could not be set to 7: the device declares int32, the library writes byte, status -22", "03-05 10:11:12.345, line 11"])
-        self.assertIn("clocks that nothing ties", self.browser.texts(".note")[0])
+        self.assertIn("different clocks", self.browser.texts(".note")[0])
         self.assertEqual([option for option in self.browser.texts(".timeline select option") if "time" in option], [])
         self.assertIn("Evidence", "".join(self.browser.texts(".lanes .label")))
         self.browser.click(".findings .row:first-child")

@@ -23,7 +23,7 @@ namespace qzcam {
 namespace {
 
 std::string arrayName(const MetadataArray& array) {
-    return array.previousSession ? nameOf(array) + " of a session before" : nameOf(array);
+    return array.previousSession ? nameOf(array) + " of an earlier session" : nameOf(array);
 }
 
 std::vector<std::string> namesOf(const std::vector<const MetadataArray*>& arrays) {
@@ -35,8 +35,8 @@ std::vector<std::string> namesOf(const std::vector<const MetadataArray*>& arrays
 const MetadataArray* choose(const std::vector<const MetadataArray*>& arrays, const CompareOptions& options) {
     if (arrays.empty()) {
         complain(
-            fmt::format("{}: expected a dump with the request or the result of an open camera, and there "
-                        "is none; 'dumpsys media.camera' while the application runs has them",
+            fmt::format("{}: no request or result of an open camera in it: expected the output of "
+                        "'dumpsys media.camera' while the application runs",
                         inputName(options.input)));
         return nullptr;
     }

@@ -33,7 +33,7 @@ bool holds(const std::vector<Part>& parts, Kind kind) { return largest(parts, ki
 
 std::string whyNoDump(const std::vector<Part>& parts) {
     if (isReport(parts)) {
-        return "no media.camera in this report: expected one of the full kind, or the text of "
+        return "no media.camera in this report: expected a full bugreport, or the text of "
                "'adb shell dumpsys media.camera'";
     }
     constexpr const char* kExpected = "expected a dump of the camera service, or a bugreport";

@@ -186,13 +186,13 @@ std::string Comparer::whyOnlyThere(const ComparedEntry& row) const {
     const std::string back = toText(wordsBackFor(row.tag, mTexts));
     if (!back.empty()) return back + " there, not set here";
     const auto keys = keysOf(row.tag);
-    if (keys.empty()) return "written under other conditions than those here";
+    if (keys.empty()) return "written under conditions that are not met here";
     return fmt::format("{} not set here", fmt::join(keys, ", "));
 }
 
 std::string Comparer::whyOnlyHere(const ComparedEntry& row) const {
     if (!row.parameters.empty()) return "not set there, or refused there";
-    return keysOf(row.tag).empty() ? "not brought there" : "written on every request of the library";
+    return keysOf(row.tag).empty() ? "not in the result there" : "written on every request of the library";
 }
 
 std::string Comparer::reasonOf(const ComparedEntry& row) const {

@@ -75,8 +75,7 @@ const std::vector<HostKey>& hostKeys() {
 
 std::string noteOnHostKey(const std::string& key) {
     for (const HostKey& row : hostKeys()) {
-        if (key == row.key)
-            return fmt::format("no entry carries it; used by {}: {}", row.function, row.effect);
+        if (key == row.key) return fmt::format("no entry has it; used by {}: {}", row.function, row.effect);
     }
     return {};
 }

@@ -17,8 +17,7 @@ std::string clean(Content& content, TextKind kind) {
     const Encoding encoding = encodingOf(content.bytes.view());
     if (encoding != Encoding::Utf8) content.steps.emplace_back(nameOf(encoding));
     content.bytes = decoded(std::move(content.bytes), encoding);
-    if (isBinary(content.bytes.view()))
-        return "it is no text: expected a dump, a bugreport, a log or the like";
+    if (isBinary(content.bytes.view())) return "it is not a text: expected a dump, a bugreport or a log";
     for (std::string& step : normalise(content.bytes, kind)) content.steps.push_back(std::move(step));
     return {};
 }

@@ -57,14 +57,14 @@ std::string wrongSize(size_t unpacked, size_t packed, const UnpackLimits& limits
         return fmt::format("too large: expected at most {} MiB", limits.bytes >> 20U);
     }
     if (unpacked <= limits.freeBytes || unpacked / limits.ratio <= packed) return {};
-    return fmt::format("it unpacks to more than {} times its size, which no text does: not read further",
+    return fmt::format("it unpacks to more than {} times its size: expected a text, which unpacks to less",
                        limits.ratio);
 }
 
 std::string unpack(Content& content, const UnpackLimits& limits) {
     for (size_t layer = 0; isPacked(content.bytes.view()); ++layer) {
         if (layer == limits.layers) {
-            return fmt::format("packed more than {} times over: expected a text within", limits.layers);
+            return fmt::format("packed more than {} times: unpack it first", limits.layers);
         }
         const bool isGzip = startsWith(content.bytes.view(), kGzip);
         std::string wrong = isGzip ? unpackGzip(content, limits) : unpackZip(content, limits);

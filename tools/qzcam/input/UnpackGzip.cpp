@@ -70,8 +70,8 @@ bool Inflater::nextMember() {
 
 std::string Inflater::damage() const {
     if (mStatus == Z_STREAM_END) return {};
-    if (mStatus == Z_BUF_ERROR) return "the gzip data ends before its end: what there is of it is read";
-    return fmt::format("the gzip data is damaged at byte {}: what precedes it is read", mOffset);
+    if (mStatus == Z_BUF_ERROR) return "the gzip data is cut: its readable part is used";
+    return fmt::format("the gzip data is damaged at byte {}: the part before it is used", mOffset);
 }
 
 }  // namespace

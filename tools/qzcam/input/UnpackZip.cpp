@@ -197,19 +197,19 @@ std::string extract(std::string_view packed, bool hasDirectory, const Entry& ent
     if (good) return {};
     if (content.bytes.size() == 0) return fmt::format("it cannot be unpacked: {}", zip.error());
     content.cuts.push_back(
-        fmt::format("the zip's data is damaged ({}): what precedes it is read", zip.error()));
+        fmt::format("the zip's data is damaged ({}): the part before it is used", zip.error()));
     return {};
 }
 
 std::string nothingIn(const Listing& listing) {
     if (!listing.wrong.empty()) return listing.wrong;
-    if (listing.damaged) return "the zip is damaged: no entry of it can be read";
-    return "the zip holds no text: expected that of 'adb bugreport', or a dump";
+    if (listing.damaged) return "the zip is damaged: no entry can be read";
+    return "the zip contains no text: expected the zip of 'adb bugreport', or a dump";
 }
 
 void tellAboutMain(const Listing& listing, const Entry& chosen, Content& content) {
     if (listing.mainEntry.empty() || listing.mainEntry == chosen.name) return;
-    content.cuts.push_back(fmt::format("main_entry.txt names {}, which the zip does not hold: {} is read",
+    content.cuts.push_back(fmt::format("main_entry.txt names {}, which is not in the zip: {} is used",
                                        excerpt(listing.mainEntry), excerpt(chosen.name)));
 }
 
@@ -225,7 +225,7 @@ std::string unpackZip(Content& content, const UnpackLimits& limits) {
         hasDirectory = false;
         listing = list(packed.view(), hasDirectory, limits);
         content.cuts.emplace_back(
-            "the zip is cut: it has no directory at its end; what there is of it is read");
+            "the zip is cut: it has no directory at its end; its readable part is used");
     }
     const Entry* const chosen = listing.wrong.empty() ? chosenOf(listing) : nullptr;
     if (!chosen) return nothingIn(listing);

@@ -129,8 +129,7 @@ void Baseline::addGone(std::vector<MatrixChange>& changes, const Matrix& matrix)
     for (const auto& [name, input] : mInputs) {
         for (const auto& [number, camera] : input.names) {
             if (broken.count(name) != 0 || present.count({name, number}) != 0) continue;
-            changes.push_back(
-                {Kind::Gone, name, camera, {}, {}, kUsable, "", "not among the inputs any more"});
+            changes.push_back({Kind::Gone, name, camera, {}, {}, kUsable, "", "no longer among the inputs"});
         }
     }
 }

@@ -72,8 +72,8 @@ class Recorder {
 void Recorder::writeHead() {
     mText.comment(fmt::format("Recorded from {}, camera {}.", mInput.text.name, mInput.device.camera));
     mText.comment(
-        "What a line comes from stands behind it. A comment in place of a command is something that "
-        "the evidence leaves open.");
+        "A comment after a command has its line in the input. A comment in place of a command states "
+        "a value that the input leaves unknown.");
     writeProperties();
     const ReportedCamera* camera = findCamera(mInput.report, mInput.device.camera);
     int number = 0;
@@ -151,7 +151,7 @@ std::optional<Change> Recorder::changeOf(const MonitorEvent& event) {
     auto values = tag != nullptr ? valuesOf(event, *tag) : std::nullopt;
     if (values) return Change{event.line, event.tag, std::move(values)};
     if (mNamed.insert(event.tag).second) {
-        mText.comment(fmt::format("the values of {} cannot be told{}", event.tag,
+        mText.comment(fmt::format("the values of {} are unknown{}", event.tag,
                                   tag == nullptr ? ": the device does not declare it" : ""),
                       event.line);
         ++mDone.open;
@@ -213,7 +213,7 @@ void Recorder::writeOrigin(const std::string& tag, Texts& target) {
     if (!origin.choices.empty()) {
         mText.comment(fmt::format("{} {}: {}", tag, value, toText(origin.choices)));
     } else {
-        mText.comment(fmt::format("{} {}: no text of a parameter gives it for certain", tag, value));
+        mText.comment(fmt::format("{} {}: no parameter is known to give it", tag, value));
     }
     ++mDone.open;
 }
@@ -251,7 +251,7 @@ std::vector<Change> Recorder::changesIn(const MetadataArray& array, bool ofResul
         if (isWhole) {
             changes.push_back({entry.line, std::move(tag), std::move(read.values)});
         } else {
-            mText.comment(tag + ": the dump does not show all of it", entry.line);
+            mText.comment(tag + ": the dump does not show all of its values", entry.line);
             ++mDone.open;
         }
     }

@@ -165,7 +165,6 @@ void addParameters(Contents& contents, const Part& part) {
 }
 
 // Adds the parameters in logs. Most of these lists are cut, and are marked as such.
-
 void addFound(Contents& contents, std::vector<FoundParameters> found) {
     for (FoundParameters& each : found) {
         if (each.text.parameters.empty()) continue;

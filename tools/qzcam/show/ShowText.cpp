@@ -319,7 +319,7 @@ void Text::addLeft() {
     if (mContents.left.empty()) return;
     std::map<Left::Kind, size_t> counts;
     for (const Left& each : mContents.left) counts[each.kind] += each.count;
-    heading(mView.verbose ? "not used" : "not used; --verbose names them");
+    heading(mView.verbose ? "not used" : "not used; --verbose lists them");
     for (const auto& [kind, count] : counts) {
         mText += fmt::format("  {}: {}\n", textOf(kind), count);
         for (const Left& each : mContents.left) {

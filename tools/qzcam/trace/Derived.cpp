@@ -105,8 +105,7 @@ class Deriver {
             if (isLast) endFrame(item);
         }
         for (const auto& [message, why] : mUnknown) {
-            mDerived.notes.push_back(
-                fmt::format("message {}: not told for all frames, since {}", message, why));
+            mDerived.notes.push_back(fmt::format("message {}: not known for all frames: {}", message, why));
         }
         return std::move(mDerived);
     }
@@ -124,8 +123,7 @@ class Deriver {
     std::string unknownIn(const qz::ResultRow& row) const {
         for (const qz::EntryRow& entry : row.entries) {
             const std::string tag = entry.tag;
-            if (mUnread.count(tag) != 0)
-                return fmt::format("the values of {} cannot be told", shortName(tag));
+            if (mUnread.count(tag) != 0) return fmt::format("the values of {} are unknown", shortName(tag));
             if (mSeen.count(tag) != 0) continue;
             if (mMonitored.count(tag) == 0) return fmt::format("{} was not monitored", shortName(tag));
             if (!mIsWhole)
@@ -142,7 +140,7 @@ class Deriver {
             const bool isKnown = mSeen.count(tag) != 0 || (mIsWhole && mMonitored.count(tag) != 0);
             const qz::MessageRow* message = qz::findMessage(row.message, row.kind);
             if (isKnown || message == nullptr) continue;
-            mUnknown[message->name] = fmt::format("{} of the requests is not known", shortName(tag));
+            mUnknown[message->name] = fmt::format("{} of the requests is unknown", shortName(tag));
         }
     }
 

@@ -70,7 +70,8 @@ std::string countText(const Inspected& inspected) {
 const char* listTitle(const Inspected& inspected) {
     if (inspected.kind == Inspected::Kind::VendorTags) return "vendor tags declared";
     if (inspected.of == Inspected::Of::Static) return "static entries";
-    return inspected.of == Inspected::Of::Request ? "entries of the request" : "entries, of what is unknown";
+    return inspected.of == Inspected::Of::Request ? "entries of the request"
+                                                  : "entries of a request or static info, unknown which";
 }
 
 // Returns the library's names that a complete list of the device's vendor tags or static entries does not
@@ -299,13 +300,14 @@ void LogItems::take(const Inspected& inspected) {
         item.tag = inspected.tag.empty() ? fmt::format("{:#x}", inspected.id) : inspected.tag;
         item.isRemoved = inspected.isAbsent;
         item.value = joined(inspected.elements);
-        item.cause = inspected.of == Inspected::Of::Unknown ? "inspected; of what is unknown" : "inspected";
+        item.cause =
+            inspected.of == Inspected::Of::Unknown ? "inspected; request or result unknown" : "inspected";
         if (!inspected.isAbsent && !inspected.isWhole()) item.cause += ", elements are missing";
         if (item.side == Side::Request) item.keys = keysWriting(item.tag);
         if (!inspected.isAbsent && inspected.elements.empty()) {
             item.kind = Kind::Line;
-            item.text = fmt::format("{}: inspected, and the lines that tell its value are missing",
-                                    shortName(item.tag));
+            item.text =
+                fmt::format("{}: inspected, but the lines with its value are missing", shortName(item.tag));
             item.cause.clear();
         }
         return give(std::move(item));

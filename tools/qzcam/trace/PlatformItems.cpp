@@ -33,7 +33,7 @@ void LogItems::feedUndeclared(const LogLine& log, const std::string& name) {
         item.side = sideOf(fact.use);
         if (item.side == Side::Request) item.keys = fact.names;
         item.cause = "the device declares no such tag";
-        if (names.size() > 1) item.cause += "; of which section is not told";
+        if (names.size() > 1) item.cause += "; its section is unknown";
         give(std::move(item));
     }
 }
@@ -59,7 +59,7 @@ void LogItems::feedParameters(const LogLine& log, const PlatformLine& line) {
         item.keys.push_back(key);
         item.fields.push_back({key, value});
     }
-    if (line.cut) item.cause = "cut: the parameters behind it are unknown";
+    if (line.cut) item.cause = "cut: the parameters after it are unknown";
     if (line.kind == PlatformLine::Kind::DefaultParameters) item.cause = "defaults of the platform";
     if (!item.keys.empty()) give(std::move(item));
 }

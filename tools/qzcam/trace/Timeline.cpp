@@ -250,16 +250,16 @@ class Builder {
         if (mTimeline.groups.size() == 1 && (isMonotonic(mLog) || hasFrames)) {
             TraceGroup& group = mTimeline.groups.front();
             mTimeline.notes.emplace_back(
-                isMonotonic(mLog) ? "log and frames are tied by their clock"
-                                  : "log and frames are tied by the frame numbers in the log; lines "
-                                    "between two of them stand behind the earlier frame");
+                isMonotonic(mLog) ? "log and frames are put in one order by their clock"
+                                  : "log and frames are put in one order by the frame numbers in the log; "
+                                    "lines between two numbers follow the earlier frame");
             group.items = isMonotonic(mLog) ? mergeByClock(std::move(group.items), mLog)
                                             : mergeByFrame(std::move(group.items), mLog);
             return;
         }
         if (!mTimeline.groups.empty()) {
             mTimeline.notes.emplace_back(
-                "log and frames have clocks that nothing ties: each is told by itself. 'logcat -v monotonic' "
+                "log and frames have different clocks, so each is shown separately. 'logcat -v monotonic' "
                 "has the clock of the frames");
         }
         mTimeline.groups.push_back({"log", std::move(mLog)});

@@ -118,7 +118,7 @@ std::vector<std::string> TraceCameras::notes() const {
             fmt::format("providers declare {} differently: {}; each camera's values are read by its own",
                         name, fmt::join(forms, ", ")));
     }
-    if (others > 0) notes.back() += fmt::format("; so it is for {} more", counted(others, "tag"));
+    if (others > 0) notes.back() += fmt::format("; likewise for {} more", counted(others, "tag"));
     return notes;
 }
 

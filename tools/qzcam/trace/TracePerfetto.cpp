@@ -180,7 +180,7 @@ void TracePerfetto::group(const std::string& title) {
 TracePerfetto::CameraTracks& TracePerfetto::tracksOf(const std::string& camera) {
     auto& tracks = mCameras[camera];
     if (tracks == nullptr) {
-        const std::string title = camera.empty() ? "camera not told" : "camera " + camera;
+        const std::string title = camera.empty() ? "camera unknown" : "camera " + camera;
         tracks = std::make_unique<CameraTracks>(mEvents, mEvents.addTrack(*mGroup, title));
     }
     return *tracks;

@@ -20,7 +20,7 @@ constexpr size_t kEntry = 38;  // widths of live columns
 constexpr size_t kMessage = 44;
 constexpr size_t kMostLines = 6;  // lines in a cell
 constexpr size_t kWidth = 110;    // width of a list
-constexpr const char* kTableRow = "{1:>5} {2:>8} {3:>5} {4:>11} {5:>6} {6:>12} {7:>10}  {8:<{0}}  {9}";
+constexpr const char* kTableRow = "{1:>5} {2:>8} {3:>7} {4:>11} {5:>6} {6:>12} {7:>10}  {8:<{0}}  {9}";
 
 // The cells of a row.
 struct Cells {
@@ -182,7 +182,7 @@ class TraceText : public TraceOutput {
     void table(const ParameterTable& table, bool isPart) override {
         printRows();
         print("");
-        if (!table.rows().empty()) print("parameters: how many lines tell that each was ...");
+        if (!table.rows().empty()) print("parameters: number of lines for each state");
         size_t widest = 0;
         size_t refused = std::string_view("refused").size();
         for (const auto& [key, row] : table.rows()) {
@@ -193,7 +193,7 @@ class TraceText : public TraceOutput {
             print(fmt::format("{:<{}}", key, widest) + fmt::format(kTableRow, refused, cells...));
         };
         if (!table.rows().empty())
-            line("", "set", "written", "told", "undeclared", "gated", "not offered", "overflows", "refused",
+            line("", "set", "written", "logged", "undeclared", "gated", "not offered", "overflows", "refused",
                  "lines");
         for (const auto& [key, row] : table.rows()) {
             line(key, countText(row.set), countText(row.written), countText(row.told),

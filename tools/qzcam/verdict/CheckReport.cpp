@@ -105,8 +105,7 @@ void CheckText::addVerdict(const Device& device) {
     const size_t malformed = mCheck.count(TagVerdict::Malformed);
     const size_t missing = mCheck.count(TagVerdict::Missing);
     if (!device.hasVendorSection) {
-        mText +=
-            "\nNo vendor tag section in this text: which tags the device declares beside these is not known.\n";
+        mText += "\nNo vendor tag section in this text: the device may declare further tags.\n";
     }
     if (mCheck.failed()) {
         mText += fmt::format("\n{} mistyped, {} malformed, {} missing\n", mistyped, malformed, missing);
@@ -121,7 +120,6 @@ void CheckText::addVerdict(const Device& device) {
 }
 
 // Returns one count, or a description of the valid counts in words.
-
 nlohmann::ordered_json countsJson(const qz::EntryRow& entry) {
     if (entry.least == entry.most) return entry.least;
     return countText(entry);

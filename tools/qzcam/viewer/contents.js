@@ -37,7 +37,7 @@ function findingsView(rows) {
     return new BrowseView({label: 'Findings', many: ['finding'], what: 'findings', rows, groups: present(FINDING_GROUPS, rows)});
 }
 
-const arrayTitle = (array) => `${array.camera ? `camera ${array.camera}, ` : ''}${array.name}${array.previousSession ? ' of a session before' : ''}`;
+const arrayTitle = (array) => `${array.camera ? `camera ${array.camera}, ` : ''}${array.name}${array.previousSession ? ' of an earlier session' : ''}`;
 
 function entryRow(entry, group) {
     const kinds = [VENDOR.test(entry.tag) ? 'vendor' : 'platform'];
