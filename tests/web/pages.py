@@ -18,7 +18,7 @@ OUT = f"{ROOT}/build/web"
 SIZES = [(360, 740), (1280, 900), (2560, 1440)]
 TONES = {"fine": "good", "mistyped": "bad", "malformed": "bad", "doubtful": "warn", "missing": "plain", "noEntry": "plain"}
 
-# The contrast of each text in sight with what is behind it; those that are hard to read are named.
+# Returns texts in sight whose contrast with their background is too low.
 CONTRAST = """
 const parse = (c) => { const m = c.match(/[\\d.]+/g).map(Number); return m.length < 4 ? [...m, 1] : m; };
 const lum = (c) => { const [r, g, b] = c.slice(0, 3).map((v) => { v /= 255; return v <= .03928 ? v / 12.92 : ((v + .055) / 1.055) ** 2.4; });
@@ -34,14 +34,14 @@ for (const e of document.querySelectorAll('#page *')) {
 }
 return hard;"""
 
-# Controls without a name, and ids that occur twice.
+# Finds controls without a name, and ids that occur twice.
 UNNAMED = """
 const named = (e) => e.textContent.trim() || e.getAttribute('aria-label') || e.getAttribute('aria-labelledby') || (e.labels && e.labels.length);
 const ids = [...document.querySelectorAll('[id]')].map((e) => e.id);
 return [...[...document.querySelectorAll('button, input, select, [tabindex], [role=listbox], [role=region], [role=img], [role=tabpanel], nav, aside')].filter((e) => !named(e)).map((e) => e.outerHTML.slice(0, 80)),
   ...ids.filter((id, at) => ids.indexOf(id) !== at)];"""
 
-# One step of zooming or moving the lanes, and its picture.
+# Zooms or moves the lanes by one step and draws them.
 FRAME = """
 const [n, done] = arguments;
 document.querySelector('.lane-scroller').dispatchEvent(new WheelEvent('wheel',
@@ -78,7 +78,7 @@ def report(name, replace=None):
     return f"{OUT}/{name}"
 
 
-# A tag of two types, an entry without its value, parameters of an application.
+# A tag with two types, an entry without its value, parameters of an application.
 FAULTS = {"(hdrMode) with type 0 (byte) defined in section org.example.imaging": "(iso) with type 1 (int32) defined in section com.ambrix.capture.metadata",
           "capabilities.zslSupported (80010001): byte[1]\n        [1 ]": "capabilities.zslSupported (80010001): byte[1]\n        [zz ]"}
 
@@ -177,7 +177,7 @@ class Pages(unittest.TestCase):
         for text in ("wrong type", "declared as int32", "line 3", "refused, status -38"):
             self.assertIn(text, self.browser.texts(".details")[0])
         self.browser.picture(f"{OUT}/failures-chosen.png")
-        # The failed expectation leads to the entry, and that to its parameter.
+        # A link leads from the failed expectation to the entry, and from the entry to its parameter.
         self.browser.click(".findings .row:nth-child(2)")
         self.assertEqual(self.browser.texts(".chain code"), ["iso = 1600", "iso = 7", "expect-entry iso 6"])
         self.assertEqual(self.browser.get("[document.querySelectorAll('.link').length, document.querySelectorAll('.frame').length]"), [2, 3])
@@ -290,7 +290,7 @@ class Pages(unittest.TestCase):
                                          "Parameters": str(sum(each["count"] for each in show["parameters"])), "Properties": "2", "Log tags": str(len(show["log"]["tags"]))})
         self.assertIn("1 fault", self.badges())
         self.assertEqual(self.browser.texts(".sheet tbody th"), ["0", f"Block in line {show['vendorBlocks'][0]['line']}", *[f"camera 0, {array['name']}" for array in show["arrays"]], "0", show["parameters"][0]["where"]])
-        # A link leads to the entries of its array; keys go through them.
+        # A link leads to the entries of its array; the arrow keys select them.
         self.browser.run("[...document.querySelectorAll('.link-button')].find((link) => link.textContent.includes('last request sent')).click()")
         request = next(array for array in arrays if array["name"] == "last request sent")["entries"]
         self.assertEqual(self.rows("browse"), [[entry["tag"], " ".join(map(str, entry["values"])), f"{entry['type']}[{entry['count']}]"] for entry in request])
@@ -298,7 +298,7 @@ class Pages(unittest.TestCase):
         self.browser.keys("Down", "Down")
         for text in (request[1]["tag"], f"Line{request[1]['line']}"):
             self.assertIn(text, self.browser.texts(".details")[0])
-        # The search goes through values too, and a toggle leaves kinds out.
+        # The search finds values too, and a toggle hides a kind.
         self.browser.click(".feature[aria-pressed=false]")
         self.browser.type("input[type=search]", "5200")
         self.assertEqual([row[0] for row in self.rows("browse")], ["com.ambrix.capture.metadata.sensorWbValue"])
@@ -348,7 +348,7 @@ class Pages(unittest.TestCase):
         self.browser.run("document.querySelector('.list').focus()")
         self.browser.keys("Down")
         self.assertIn("Reasoniso=1600 there", self.browser.texts(".details")[0])
-        # Both sides have the area, on the array that the dump states.
+        # Both sides have the area, on the active array that the dump states.
         self.browser.open(path, "sensor")
         self.assertEqual(self.boxes("metering"), [[2000, 1500, 200, 150]])
         self.browser.run("document.querySelector('.slider input').focus()")
@@ -369,14 +369,14 @@ class Pages(unittest.TestCase):
         self.browser.click(".findings .row:first-child")
         for text in ("unknown: no frame number belongs to this line", "line 10 iso: update of byte refused"):
             self.assertIn(text, self.browser.texts(".details")[0])
-        # No line states the zoom: the area has a picture of its own.
+        # No line states the zoom, so the area has a separate picture.
         self.browser.open(path, "sensor")
         self.assertIn("frame 1203", self.browser.texts(".slider output")[0])
         self.assertIn("whose place on the array is unknown", self.browser.texts("figcaption")[0])
         self.assertEqual(self.boxes("metering"), [[0, 0, 100, 100]])
         legend = dict(zip(self.browser.texts(".legend label"), self.browser.texts(".legend > li")))
         self.assertTrue(any(name.startswith("Faces") and "unknown" in text for name, text in legend.items()))
-        # The last request is listed whole: it has no zoom.
+        # The dump lists the whole last request: it has no zoom.
         self.browser.run("document.querySelector('.slider input').focus()")
         self.browser.keys("End")
         self.assertIn("last request sent", self.browser.texts(".slider output")[0])
@@ -410,7 +410,7 @@ class Pages(unittest.TestCase):
         self.browser.run("document.querySelector('.slider input').focus()")
         self.browser.keys("Right", "Right")
         self.assertEqual((self.boxes("crop"), self.boxes("metering"), self.boxes("face")), ([], [[2000, 1500, 200, 150]], [[100, 200, 200, 300]]))
-        # The result that the dump lists whole has no faces.
+        # The dump lists the whole result: it has no faces.
         self.browser.keys("End")
         self.assertEqual(self.boxes("face"), [])
         self.assertIn("Facesnot in the latest received frame", "".join(self.browser.texts(".legend > li")))
@@ -505,7 +505,7 @@ class Pages(unittest.TestCase):
         path = page("many", "run", f"{OUT}/many.qzs")
         self.browser.open(path, "timeline")
         self.assertIn("20,000 requests", self.badges())
-        # The time of the page's thread, so that other programs on the machine do not count.
+        # Measures the time of the page's thread, so that other programs on the machine do not count.
         self.browser.cdp("Performance.enable", timeDomain="threadTicks")
         times = []
         for n in range(40):

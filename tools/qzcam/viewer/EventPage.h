@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// The page of a run: its events, every line of its log among them, and what `check` says about the device.
+// The page of a run: its events with every line of its log, and the findings of `check` about the device.
 #pragma once
 
 #include "base/Output.h"

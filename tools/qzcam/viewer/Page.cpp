@@ -39,7 +39,7 @@ std::string escaped(std::string_view text) {
     return html;
 }
 
-// Leaves out the white space within objects: it is a third of a page. Objects keep a line each.
+// Removes the white space within objects, which is a third of a page. Each object keeps its own line.
 std::string compact(const std::string& json) {
     std::string text;
     text.reserve(json.size());
@@ -57,7 +57,8 @@ std::string compact(const std::string& json) {
     return text;
 }
 
-// In JSON these characters stand in strings only. Escaped they can neither end nor open anything in a page.
+// In JSON these characters occur only in strings. In escaped form they can neither end nor begin an element
+// of the page.
 std::string inScript(const std::string& json) {
     std::string text;
     text.reserve(json.size() + json.size() / 64);
@@ -75,7 +76,7 @@ std::string inScript(const std::string& json) {
     return text;
 }
 
-// A page is mailed: it goes without the margins and the comments of the viewer's sources.
+// Removes margins and comments of the viewer's sources, because a page is sent by mail.
 std::string lean(std::string_view source) {
     std::string text;
     Lines lines(source);
@@ -90,7 +91,7 @@ std::string headOf(std::string_view title) {
     return std::string(kHead) + "<title>" + escaped(visible(title)) + "</title>\n";
 }
 
-// Stands in the file until the command ends.
+// The content of the file until the command ends.
 std::string unfinishedPage() {
     return headOf("qzcam: not finished") +
            "</head>\n<body>\n<p>Not finished: the command was stopped, or is still going on.</p>\n"

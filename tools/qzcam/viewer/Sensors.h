@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// The sizes of the sensors that dumps state: areas and crops are drawn on them.
+// The sizes of the sensors in dumps. Areas and crops are drawn on them.
 #pragma once
 
 #include "device/Device.h"
@@ -13,7 +13,7 @@ namespace qzcam {
 
 class SensorData {
   public:
-    // False for a camera that is there already: it stays as it is.
+    // Returns false, and changes nothing, for a camera that is already known.
     bool add(const std::string& camera, const Device& device);
 
     PageData data() const;

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// A list to search: groups at its side, toggles above it, details beside it. A row has a name, and perhaps a value, a
-// badge ([tone, text]), a line, kinds that a toggle hides, and pairs of facts for the details.
+// A list with a search: groups at its side, toggles above it, details beside it. A row has a name, and perhaps a
+// value, a badge ([tone, text]), a line, kinds that a toggle hides, and pairs of facts for the details.
 
 class BrowseView {
     // `groups` are {id, label}, in their order; `kinds` are the toggles.
@@ -40,7 +40,7 @@ class BrowseView {
         this.list.element.scrollTop = 0;
     }
 
-    // The text that a search looks through is made when it is needed first.
+    // The text for the search is built when it is first needed.
     matches(row) {
         if (this.text === '') return true;
         if (row.search === undefined) row.search = [row.name, row.value, ...(row.badge || []).slice(1), ...(row.words || [])].join('\n').toLowerCase();

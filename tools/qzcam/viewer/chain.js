@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// Related changes: a parameter, its entries, the results and the messages. A node is a change
-// of a lane: {lane, at}, with `at` the place in the lane's lists.
+// Related changes: a parameter, its entries, the results and the messages. A node is a change of a lane:
+// {lane, at}, where `at` is the index in the lane's lists.
 
 class Chains {
     constructor(events, lanes) {
@@ -17,7 +17,7 @@ class Chains {
 
     item(node) { return this.events.all[node.lane.at[node.at]]; }
 
-    // The node with all that it comes from and leads to: nodes, and links between them.
+    // Returns the node with all its causes and effects: nodes, and links between them.
     of(start) {
         if (this.events.neighbours) {
             const around = this.events.neighbours(this, start).slice(0, 12);
@@ -59,7 +59,7 @@ class Chains {
 
     entryOf(item, tag) { return (item.data.entries || []).find((entry) => entry.tag === tag); }
 
-    // The verdicts of a request stand right behind it.
+    // The verdicts of a request follow it directly.
     verdictsAfter(item) {
         for (let i = item.index; i < this.events.all.length && i < item.index + 40; ++i) {
             if (this.events.all[i].kind === 'verdicts') return this.events.all[i];
@@ -86,7 +86,7 @@ class Chains {
         return written.map((entry) => this.node(`request:${entry.tag}`, request.index)).filter(Boolean);
     }
 
-    // The first result with the entry while the request's value holds.
+    // Returns the first result with the entry while the request's value is valid.
     resultAfter(node, item) {
         const lane = this.lanes.byId.get(`result:${node.lane.name}`);
         if (!lane) return [];
@@ -112,7 +112,7 @@ class Chains {
         return (item.data.from || []).map((tag) => this.node(`result:${tag}`, item.index)).filter(Boolean);
     }
 
-    // The entry or parameter that an expectation is about.
+    // Returns the entry or parameter of an expectation.
     subjectOf(item) {
         const [command, name] = item.data.text.split(/\s+/);
         if (!/^expect-(no-)?(entry|verdict|param)/.test(command) || !name) return [];

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// The views of `show`: what an input holds.
+// The views of `show`: the contents of an input.
 
 const lineText = (line) => (line ? `line ${line}` : null);
 const LEFT_WORDS = {halText: 'text of the HAL', otherBlock: 'block of another vendor', strayArray: 'array without a camera', mistyped: 'entry of another type than its tag', section: 'other section',
@@ -7,7 +7,7 @@ const LEFT_WORDS = {halText: 'text of the HAL', otherBlock: 'block of another ve
 const HARMLESS = ['section', 'halText', 'otherBlock'];
 const VENDOR = /^com\.|unknown/;
 
-// The input's findings: what its reader should know before all else.
+// The findings about the input, which come first.
 function findingRows(show) {
     const row = (group, tone, what, name, line, more) => ({group, badge: [tone, what], name, line, title: name,
         facts: () => [['Text', el('code', {}, name)], ['Line', line || null], ...(more || [])]});
@@ -99,7 +99,7 @@ function foundView(data) {
 
 // Cameras, providers, blocks and arrays on one sheet.
 class ContentsView {
-    // `open` leads to a view, and to a group in it.
+    // `open` opens a view at one of its groups.
     constructor(show, open) {
         this.element = el('section', {class: 'contents'}, this.summary(show),
             sheet('Cameras', ['Camera', 'Name', 'Facing', 'Orientation', 'Level', 'Provider', 'Physical', 'Open by', 'Line'], show.cameras.map((camera) => [camera.id, el('code', {}, camera.name), camera.facing,
@@ -122,7 +122,7 @@ class ContentsView {
 
 const link = (text, onclick) => el('button', {type: 'button', class: 'link-button', onclick}, text);
 
-// A table; nothing when it has no row. Columns without any text are left out.
+// Returns a table, or nothing without rows. Columns without any text are left out.
 function sheet(title, columns, rows) {
     if (rows.length === 0) return null;
     const isEmpty = (cell) => cell === '' || cell === null || cell === undefined;

@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: Apache-2.0
-// The JSON of the page, read into what the views draw.
+// Reads the JSON of the page into the data of the views.
 
-// Integers that a number of the browser cannot hold stay texts.
+// Integers that are too large for a number of the browser stay texts.
 function parseJson(text) {
     if (!/\d{16}/.test(text)) return JSON.parse(text);
     return JSON.parse(text.replace(/"(?:[^"\\]|\\.)*"|-?\d+(?:\.\d+)?(?:[eE][-+]?\d+)?/g,
         (token) => (/^-?\d{16,}$/.test(token) && !Number.isSafeInteger(Number(token)) ? `"${token}"` : token)));
 }
 
-// One object, or an array of the objects of JSON lines.
+// Returns one object, or an array of the objects of JSON lines.
 function readData(name) {
     const script = document.querySelector(`script[type="application/json"][data-name="${name}"]`);
     if (!script) return null;
@@ -26,8 +26,8 @@ const verdictTone = (verdict) => VERDICT_TONES[verdict] || 'warn';
 const VERDICT_WORDS = {fallback: 'fallback written', undeclared: 'tag not declared', unread: 'read by no setter'};
 const verdictWord = (verdict) => VERDICT_WORDS[verdict] || verdict.replace(/-/g, ' ');
 
-// The events with the places that they have in a run: the session, the command that they belong to, the number
-// of requests so far, and the frame.
+// Adds to the events their places in a run: the session, the command that they belong to, the number of
+// requests so far, and the frame.
 class Events {
     constructor(list) {
         this.all = [];
@@ -68,11 +68,11 @@ class Events {
         if (data.event === 'verdicts') this.findVerdicts(item);
     }
 
-    // A parameter that fares as before is one finding, with the number of requests.
+    // Equal verdicts of one parameter are one finding, with the number of requests.
     findVerdicts(item) {
         this.known = this.known || new Map();
         for (const row of item.data.parameters) {
-            if (row.verdict === 'written' || row.owner) continue;  // other keys than the library's are not lost
+            if (row.verdict === 'written' || row.owner) continue;  // keys that are not the library's are not findings
             const id = JSON.stringify([item.session, row.key, row.value, row.verdict]);
             const known = this.known.get(id);
             if (known) {
@@ -89,7 +89,7 @@ class Events {
     count(kind, test) { return this.all.filter((item) => item.kind === kind && (!test || test(item.data))).length; }
 }
 
-// "Request 3", "frame 7", "line 12": the words for a place in a session.
+// Returns the words for a place in a session: "Request 3", "frame 7", "line 12".
 function placeText(item) {
     const parts = [];
     if (item.isTrace) return [frameText(item) || (item.data.time && item.data.time.text), `line ${item.line}`].filter(Boolean).join(', ');

@@ -93,7 +93,7 @@ class Details {
             el('label', {class: 'only'}, box, 'Show only these lanes'));
     }
 
-    // Everything that its command brought, in order.
+    // All effects of the event's command, in order.
     sameMoment(item) {
         const {all} = this.events;
         const near = [];

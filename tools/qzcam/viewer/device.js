@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// The Device view: every tag that the library looks up, by feature, and what the device makes of it.
+// The Device view: every tag that the library looks up, by feature, with its finding.
 
 const CHECK_WORDS = {
     fine: ['fine', 'declared as the library needs it'],
@@ -88,7 +88,7 @@ class DeviceView {
                 ['Consequence', row.what || null]]), ...this.rowFacts(row));
     }
 
-    // The library's own rows about the tag, when the page has them.
+    // The library's rows about the tag, if the page has them.
     rowFacts(row) {
         if (!this.rows) return [];
         const found = ['parameters', 'published', 'results'].flatMap((section) => (this.rows[section] || [])
@@ -107,7 +107,7 @@ class DeviceView {
     }
 }
 
-// The share of each finding among the tags.
+// The share of each finding in all tags.
 function stackedBar(tags) {
     const order = ['bad', 'warn', 'plain', 'good'];
     const bar = svg('svg', {class: 'stack', viewBox: '0 0 100 4', preserveAspectRatio: 'none', 'aria-hidden': 'true'});
@@ -120,7 +120,7 @@ function stackedBar(tags) {
     return bar;
 }
 
-// Several cameras of one device, one at a time.
+// Shows several cameras of one device, one at a time.
 class CamerasView {
     constructor(cameras, rows) {
         this.body = el('div', {class: 'camera'});

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// The Difference view: two sides, and only what differs unless more is asked for.
+// The Difference view: two sides. Equal values are shown only on request.
 
 const DIFFERENCE_SECTIONS = [['tags', 'Vendor tags'], ['capabilities', 'Static entries'], ['parameters', 'Parameters']];
 
@@ -8,7 +8,7 @@ function factText(fact) {
     return typeof fact === 'object' ? `${fact.type} ${valueText(fact.values)}` : fact;
 }
 
-// Two devices or two sessions.
+// Compares two devices or two sessions.
 function diffSides(diff) {
     const alike = diff.alike || {};
     const sections = DIFFERENCE_SECTIONS.filter(([id]) => diff[id]).map(([id, title]) => ({group: id, title, rows: diff[id], alike: alike[id] || []}));
@@ -21,14 +21,14 @@ function diffSides(diff) {
     return {names: ['A', 'B'], texts: [diff.a, diff.b], sections};
 }
 
-// Differences of two types show them.
+// For values of two types the types are shown.
 function comparedText(side, other, isCut) {
     if (!side) return null;
     const values = valueText(side.values) + (isCut ? ' ...' : '');
     return other && other.type !== side.type ? `${side.type} ${values}` : values;
 }
 
-// A phone and the library.
+// Compares a phone and the library.
 function comparedSides(compare) {
     const rowOf = (entry) => {
         const from = Object.entries(entry.parameters || {}).map(([key, value]) => `${key}=${value}`).join(' ');
@@ -54,7 +54,7 @@ function compareBadges(compare) {
 }
 
 class DifferenceView {
-    // `sides`: names and texts of both, and sections of rows.
+    // `sides`: names and texts of both sides, and sections with their rows.
     constructor(sides) {
         this.sides = sides;
         this.text = '';
@@ -78,7 +78,7 @@ class DifferenceView {
         this.showDetails(null);
     }
 
-    // All requests are one choice.
+    // All requests are one entry of the list.
     groupsOf(sections) {
         const groups = new Map();
         for (const {group, title, rows} of sections) {

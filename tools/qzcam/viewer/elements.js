@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Elements of the page. Texts become text nodes, so that nothing from a file is read as HTML.
+// Creates elements of the page. Texts become text nodes, so that nothing from a file is read as HTML.
 
 const SVG = 'http://www.w3.org/2000/svg';
 
@@ -19,7 +19,7 @@ function fill(node, attributes, children) {
 const el = (name, attributes, ...children) => fill(document.createElement(name), attributes, children);
 const svg = (name, attributes, ...children) => fill(document.createElementNS(SVG, name), attributes, children);
 
-// Characters that do not print, or that turn the direction of writing, are shown by their numbers.
+// Shows the code of characters that do not print or that change the direction of writing.
 function visible(text) {
     return String(text).replace(/[\u0000-\u0008\u000b-\u001f\u007f-\u009f\u200b-\u200f\u2028-\u202e\u2060-\u2069\ufeff]/g,
         (c) => '\\u' + c.charCodeAt(0).toString(16).padStart(4, '0'));
@@ -39,13 +39,13 @@ const counted = (count, one, many) => `${count.toLocaleString('en')} ${count ===
 // A small label with a colour: good, warn, bad, info or plain.
 const badge = (tone, text) => el('span', {class: `badge ${tone}`}, text);
 
-// Pairs of a name and a text or element; pairs without a second part are left out.
+// A list of pairs: a name and a text or element. Pairs without a second part are left out.
 function facts(pairs) {
     const rows = pairs.filter(([, value]) => value !== undefined && value !== null && value !== '');
     return el('dl', {class: 'facts'}, rows.map(([name, value]) => [el('dt', {}, name), el('dd', {}, value)]));
 }
 
-// Calls `draw` once before the next picture, however often it was asked for.
+// Calls `draw` once before the next frame, even if it is requested several times.
 function onceAFrame(draw) {
     let waiting = false;
     return () => {
@@ -58,7 +58,7 @@ function onceAFrame(draw) {
     };
 }
 
-// While the page is printed, views draw all that they have, whoever asks for it.
+// While the page is printed, views draw everything instead of the visible part.
 const paper = {on: false};
 addEventListener('beforeprint', () => { paper.on = true; });
 addEventListener('afterprint', () => { paper.on = false; });
@@ -68,7 +68,7 @@ function forPaper(draw) {
     addEventListener('afterprint', draw);
 }
 
-// A row of buttons of which each is on or off.
+// A row of buttons. Each button is on or off.
 function toggles(label, choices, onChange) {
     const buttons = choices.map((choice) => {
         const button = el('button', {
@@ -84,7 +84,7 @@ function toggles(label, choices, onChange) {
     return el('div', {class: 'toggles', role: 'group', 'aria-label': label}, buttons);
 }
 
-// A field to search with; what is typed is told once a frame.
+// A search field. It reports the typed text once for each frame.
 function searchField(label, onInput) {
     const field = el('input', {type: 'search', placeholder: label, 'aria-label': label, spellcheck: 'false', autocomplete: 'off'});
     field.addEventListener('input', onceAFrame(() => onInput(field.value.trim().toLowerCase())));

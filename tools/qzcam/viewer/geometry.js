@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: Apache-2.0
-// Areas, crops and points of one request, in pixels of the array that they lie on.
+// Areas, crops and points of one request, in pixels of the array that they refer to.
 //
 // Areas are in the coordinates of the parameter interface: -1000 to 1000 from the left to the right edge and from
-// the upper to the lower edge of the picture, which is what digital zoom leaves of the active array. Crops and
-// faces are in pixels of their array.
+// the upper to the lower edge of the picture, which is the part of the active array inside the digital zoom.
+// Crops and faces are in pixels of their array.
 
 const endsWithName = (tag, name) => tag === name || tag.endsWith('.' + name);
 
-// [left, top, width, height] of an entry with two or four numbers.
+// Returns [left, top, width, height] of an entry with two or four numbers.
 function arrayOf(values) {
     if (!Array.isArray(values)) return null;
     if (values.length === 2) return {left: 0, top: 0, width: values[0], height: values[1]};
@@ -24,7 +24,7 @@ function cropByZoom(array, ratio) {
 const xOfArea = (crop, x) => crop.left + ((x + 1000) / 2000) * crop.width;
 const yOfArea = (crop, y) => crop.top + ((y + 1000) / 2000) * crop.height;
 
-// "(left,top,right,bottom,weight),..." as lists of five numbers.
+// Returns "(left,top,right,bottom,weight),..." as lists of five numbers.
 function areasOf(text) {
     const areas = [];
     for (const match of String(text).matchAll(/\(([^()]*)\)/g)) {
@@ -39,7 +39,8 @@ function areaShape(crop, [left, top, right, bottom, weight]) {
         height: yOfArea(crop, bottom) - yOfArea(crop, top), weight, text: `${left}, ${top}, ${right}, ${bottom}`};
 }
 
-// Places on the sensor of one request and its result. What `isWhole` does not cover is unknown unless an entry states it.
+// Returns the places on the sensor of one request and its result. Without `isWhole` a place without an entry
+// is unknown.
 class Scene {
     constructor({sensor, request, result, parameters, isWhole, isLibrarys, wholes}) {
         Object.assign(this, {request, result, parameters, isWhole, isLibrarys, wholes: wholes || {}});
@@ -49,7 +50,8 @@ class Scene {
         const zoom = this.values('qz-zoom-in');
         this.ratio = zoom ? Math.max(1, zoom[0]) : this.lacks('qz-zoom-in') ? 1 : null;
         this.crop = this.active && this.ratio ? cropByZoom(this.active, this.ratio) : null;
-        // Areas lie on the crop, or, while its place is unknown, on a picture of their own.
+        // Areas are drawn on the crop. While the place of the crop is unknown, they are drawn on a separate
+        // picture.
         this.ground = this.crop || {left: -1000, top: -1000, width: 2000, height: 2000};
     }
 
@@ -65,13 +67,13 @@ class Scene {
         return entry ? Boolean(entry.gone) : this.isWhole || Boolean(this.wholeWithout(name, 'request'));
     }
 
-    // A request or result that is listed whole, and does not have the entry.
+    // Returns true for a request or result that is listed whole and does not have the entry.
     wholeWithout(name, side) {
         const whole = this.wholes[side];
         return whole && !whole.tags.some((tag) => endsWithName(tag, name)) ? whole : null;
     }
 
-    // Why an entry is not drawn.
+    // Returns the reason why an entry is not drawn.
     absence(names, list) {
         const entry = names.map((name) => this.entry(name, list)).find(Boolean);
         const whole = entry ? null : this.wholeWithout(names[0], list ? 'result' : 'request');
@@ -82,7 +84,7 @@ class Scene {
         return `unknown: ${entry.values ? `${entry.values.length} values make no shape` : `line ${entry.line} states it in part`}`;
     }
 
-    // All areas of the parameter, and which of them the request has: the last one.
+    // Returns all areas of the parameter. Only the last one is in the request.
     areas(key, tag) {
         const values = this.values(tag);
         const sent = values && values.length === 5 ? values.join() : null;
@@ -91,8 +93,8 @@ class Scene {
         return all.map((area) => ({...areaShape(this.ground, area), sent: area.join() === sent}));
     }
 
-    // The library's own crop region is that of the secondary sensor, if it streams alone; that of a phone tells by the
-    // mode which sensor it lies on. Null: unknown.
+    // Returns true if the library's own crop region is on the secondary sensor: when only that sensor streams, or, for a
+    // phone, by the mode. Null: unknown.
     isSecondary() {
         if (this.isLibrarys) return true;
         const mode = this.values('dualSensorMode');
@@ -128,7 +130,7 @@ class Scene {
         return point;
     }
 
-    // One number; its upper and lower half are read as two coordinates.
+    // One number: its upper and its lower half are two coordinates.
     mirror() {
         const values = this.values('mirrorPoint');
         if (!values) return null;

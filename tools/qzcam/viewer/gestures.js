@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// The timeline under the pointer and the keys, and its overview.
+// Mouse and keys of the timeline, and its overview.
 
 Object.assign(TimelineView.prototype, {
     listen() {
@@ -75,7 +75,7 @@ Object.assign(TimelineView.prototype, {
         if (lane) this.choose({lane, at: Math.min(at, lane.at.length - 1)});
     },
 
-    // The change of the other lane that holds at the same place.
+    // Returns the change of the other lane that is valid at the same place.
     stepLane(by) {
         if (!this.node) return this.stepTo(0);
         const lane = this.shownLanes[this.shownLanes.indexOf(this.node.lane) + by];
@@ -93,7 +93,7 @@ Object.assign(TimelineView.prototype, {
         return at < 0 || lane.texts[at] === null ? null : {lane, at};
     },
 
-    // The last change of the lane that is not beyond the place.
+    // Returns the last change of the lane at or before the place.
     lastAt(lane, unit) {
         let low = 0;
         let high = lane.at.length;
@@ -105,7 +105,7 @@ Object.assign(TimelineView.prototype, {
         return low - 1;
     },
 
-    // Marks stand beside each other; in a lane of values the last change before the place holds.
+    // Marks are separate. In a lane of values the last change before the place is valid.
     nearest(lane, x) {
         const unit = this.scale.unit(x);
         const last = this.lastAt(lane, unit);
@@ -157,7 +157,7 @@ Object.assign(TimelineView.prototype, {
         this.tip.style.top = `${event.clientY - box.top + 18}px`;
     },
 
-    // The whole run in one strip, with all that failed.
+    // Draws the whole run in one strip, with all failures.
     drawOverview() {
         const width = this.scroller.clientWidth;
         if (!width || !this.scale) return;

@@ -3,13 +3,13 @@
 
 const LANE_GROUPS = [['session', 'Session'], ['parameter', 'Parameters'], ['request', 'Request entries'], ['result', 'Result entries']];
 
-// A lane of values has a value from one change to the next one; a lane of marks has something at some places.
+// In a lane of values each value lasts until the next change. A lane of marks has single marks.
 class Lane {
     constructor(group, name, label, marks) {
         Object.assign(this, {id: `${group}:${name}`, group, name, label, marks, at: [], texts: [], tones: [], worst: 'good'});
     }
 
-    // `text` null: nothing from here on.
+    // `text` null: no value from here on.
     push(index, text, tone) {
         if (this.at[this.at.length - 1] === index && this.texts[this.texts.length - 1] === null) this.drop();
         this.at.push(index);
@@ -18,7 +18,7 @@ class Lane {
         if (tone === 'bad' || (tone === 'warn' && this.worst !== 'bad')) this.worst = tone;
     }
 
-    // A value that ends and begins anew at one place does not end.
+    // A value that ends and begins again at one place continues.
     drop() {
         this.at.pop();
         this.texts.pop();
@@ -27,11 +27,11 @@ class Lane {
 
     get active() { return !this.marks && this.texts.length > 0 && this.texts[this.texts.length - 1] !== null; }
 
-    // The last change at or before the event; -1 when there is none.
+    // Returns the last change at or before the event, or -1.
     before(index) { return upperBound(this.at, index) - 1; }
 }
 
-// The number of elements that are not above the value, in a sorted list.
+// Returns how many elements of a sorted list are not above the value.
 function upperBound(list, value) {
     let low = 0;
     let high = list.length;
@@ -79,7 +79,7 @@ class Lanes {
         if (kind === 'result') this.readEntries('result', item);
     }
 
-    // Another session or another camera begins with nothing.
+    // Another session or another camera begins without values.
     endAll(index) {
         for (const lane of this.byId.values()) if (lane.active) lane.push(index, null, 'plain');
     }
@@ -107,7 +107,7 @@ class Lanes {
     }
 }
 
-// Lines that only say where the library is count as debug, whatever their level.
+// Lines that only name a function count as debug, whatever their level.
 function logTone(data) {
     const level = data.countsAs || data.level;
     if (level === 'E' || level === 'F') return 'bad';

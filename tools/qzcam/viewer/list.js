@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
-// A list of any length, of which only the rows in sight are elements. Rows have one height.
+// A list of any length. Only the rows in sight are elements. All rows have the same height.
 
 class VirtualList {
-    // `render` gives the content of a row as children; `choose` hears of the row that was chosen.
+    // `render` returns the content of a row as children; `choose` is called with the chosen row.
     constructor(label, rowHeight, render, choose) {
         this.rowHeight = rowHeight;
         this.render = render;
@@ -27,7 +27,7 @@ class VirtualList {
         this.drawNow();
     }
 
-    // Paper has no scroll bar: it gets the rows from the first one on, up to a number that a printer can take.
+    // Paper has no scroll bar: it gets the rows from the first one on, up to a limit for printers.
     drawNow() {
         const onPaper = paper.on;
         const most = 3000;
@@ -77,7 +77,7 @@ class VirtualList {
         this.select(this.nextRow(this.chosen + steps[event.key], Math.sign(steps[event.key])));
     }
 
-    // The nearest row from there on that is no heading.
+    // Returns the nearest row from there on that is not a heading.
     nextRow(index, direction) {
         const last = this.rows.length - 1;
         let next = Math.min(Math.max(index, 0), last);

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// The Matrix view: features down, cameras of many devices across; a feature opens into its tags.
+// The Matrix view: a row for each feature, a column for each camera of many devices. A feature opens to show
+// its tags.
 
 function matrixBadges(matrix) {
     if (!matrix) return [];
@@ -27,7 +28,7 @@ class MatrixView {
         this.draw();
     }
 
-    // Paper takes so many devices beside each other; the others follow below.
+    // On paper only this number of devices fits side by side; the others follow below.
     draw() {
         const {columns} = this.matrix;
         const shown = columns.map((column, index) => ({...column, index})).filter((column) => `${column.input} ${column.camera || ''}`.toLowerCase().includes(this.text));

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
-// Draws the lanes in sight as SVG: one path for all changes of a lane that look alike, and a text where there is
-// room for one. Changes too narrow to be seen apart become one block.
+// Draws the visible lanes as SVG: one path for all changes of a lane that look alike, and a text where there is
+// room. Changes that are too narrow become one block.
 
 const ROW = 26;
 const AXIS = 24;
 const NARROWEST = 3;
 
-// Where things are: units of the axis to pixels.
+// Converts units of the axis to pixels.
 class Scale {
     constructor(units, width, left) { Object.assign(this, {units, width, left, from: 0, perUnit: 1}); }
     get fit() { return (this.width - this.left) / Math.max(1, this.units); }
@@ -28,7 +28,8 @@ class Scale {
     }
 }
 
-// Pieces of a lane between two edges: {from, to, at} or, for a block, {from, to, block: true, tone}.
+// Returns the pieces of a lane between two edges: {from, to, at} or, for a block, {from, to, block: true,
+// tone}.
 function piecesOf(lane, axis, scale) {
     const pieces = [];
     const unitAt = (at) => axis[lane.at[at]];
@@ -61,7 +62,7 @@ function piecesOf(lane, axis, scale) {
     return pieces;
 }
 
-// Marks at one place are one piece: that of the worst.
+// Several marks at one place are drawn as the worst of them.
 function worstMark(lane, at, next, from, to) {
     const tone = worstBetween(lane, at, next);
     let worst = at;
@@ -81,7 +82,7 @@ function addBlock(pieces, lane, at, next, from, to) {
     pieces.push({from, to, at, block: true, tone, count: next - at});
 }
 
-// The places of bad and doubtful changes are sorted lists of their own.
+// The places of bad and doubtful changes are in separate sorted lists.
 function worstBetween(lane, at, next) {
     if (!lane.places) {
         lane.places = {bad: [], warn: []};
@@ -112,7 +113,7 @@ function drawLane(lane, axis, scale, y) {
 
 const round = (number) => Math.round(number * 10) / 10;
 
-// Ticks at a distance that leaves room for their labels.
+// Draws ticks with enough room for their labels.
 function drawAxis(scale, labelAt) {
     const least = 84 / scale.perUnit;
     const power = 10 ** Math.floor(Math.log10(Math.max(least, 1e-9)));

@@ -11,7 +11,7 @@ class RunScenes {
         this.events = events;
         this.count = events.requests.length;
         this.what = 'Request';
-        // A request that shows something, if there is one.
+        // Begins at a request with something to draw, if there is one.
         const tells = (at) => events.all[at].data.entries.some((entry) => placeTag(entry.tag));
         this.first = Math.max(0, events.requests.slice(0, 2000).findIndex(tells));
     }
@@ -21,7 +21,7 @@ class RunScenes {
         return `Request ${(number + 1).toLocaleString('en')} of ${this.count.toLocaleString('en')}${line ? `, line ${line}` : ''}`;
     }
 
-    // The verdicts follow the request; results count until the next one.
+    // The verdicts follow the request. Results belong to it until the next request.
     scene(number) {
         const {all, requests, devices} = this.events;
         const there = (data) => data.entries.filter((entry) => entry.change !== 'gone');
@@ -43,7 +43,7 @@ class TraceScenes {
         this.sensors = sensors || {};
         this.what = 'Place';
         this.first = 0;
-        this.places = [];  // the last item of each
+        this.places = [];  // the last item of each kind
         for (const item of events.all) {
             if (!['entry', 'told', 'refused'].includes(item.kind) || !placeTag(item.data.tag || '')) continue;
             const before = this.places[this.places.length - 1];
@@ -61,7 +61,8 @@ class TraceScenes {
         return `Place ${number + 1} of ${this.count}: ${parts.filter(Boolean).join(', ')}`;
     }
 
-    // The values that the lines up to there state, of this camera. A value holds until a line states another one.
+    // The values of this camera in all lines up to this place. A value is valid until a line states another
+    // one.
     scene(number) {
         const last = this.places[number];
         const sides = {request: new Map(), result: new Map()};
@@ -89,14 +90,14 @@ function isOnePlace(one, other) {
 // A request or result of a dump that lists all its entries.
 const isWholeArray = ({kind, data}) => ['request', 'result'].includes(kind) && data.tags !== undefined && !/missing/.test(data.cause || '');
 
-// Null for values that the lines state in part.
+// Null for values of which a line states only a part.
 function statedValues(data) {
     if (data.values) return data.values;
     const values = String(data.value === null ? '?' : data.value).split(' ').map(Number);
     return values.every(Number.isFinite) && !/missing/.test(data.cause || '') ? values : null;
 }
 
-// The phone's array first, then what the library would send.
+// The phone's array comes first, then that of the library.
 class CompareScenes {
     constructor(compare, sensors) {
         Object.assign(this, {compare, count: 2, what: 'Side', first: 0});

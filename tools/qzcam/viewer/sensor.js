@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// The Sensor view: what a request says about places on the sensor, to scale.
+// The Sensor view: places on the sensor in a request, to scale.
 
 const PICTURE = 'read as -1000 to 1000 across the crop by zoom';
 const LAYERS = [
@@ -76,7 +76,7 @@ class SensorView {
         return {region: isSecondary === null ? [{...shape, unknown: 'unknown which of the two sensors it lies on'}] : onArray([shape]), sub};
     }
 
-    // Why nothing is drawn of a layer.
+    // Returns the reason why a layer is empty.
     absenceOf(layer, scene) {
         if (layer.names) return scene.absence(layer.names, layer.ofResult ? scene.result : null);
         return layer.id === 'sub' && scene.isDescribed ? 'not declared' : 'unknown: no input states it';
@@ -124,7 +124,7 @@ class SensorView {
         return figures.length > 0 ? figures : [el('p', {class: 'muted'}, 'Nothing can be drawn: see the legend for what is unknown.')];
     }
 
-    // All pictures have one scale: so many pixels of the screen for one of the sensor.
+    // All pictures have the same scale, in pixels of the screen for one pixel of the sensor.
     figure(title, array, shapes, outline, pixels) {
         const box = boundsOf(array, shapes);
         const unit = 1 / pixels;
@@ -142,7 +142,7 @@ class SensorView {
 
 const rectangleText = (box) => [box.left, box.top, box.width, box.height].map((number) => Math.round(number * 10) / 10).join(', ');
 
-// Pixels of the screen for one of the sensor, so that one or two pictures fit beside or below each other.
+// Returns the scale at which one or two pictures fit beside or below each other.
 function scaleFor(room, one, two) {
     const fit = (width, height) => Math.min(room.width / width, room.height / height);
     if (!two) return fit(one.width, one.height);
@@ -151,7 +151,7 @@ function scaleFor(room, one, two) {
     return Math.max(beside, below);
 }
 
-// The array with a margin, and what lies outside it as far as three arrays away.
+// Returns the array with a margin, and shapes outside it up to a distance of three arrays.
 function boundsOf(array, shapes) {
     const margin = array.width * 0.06;
     let [left, top, right, bottom] = [array.left, array.top, array.left + array.width, array.top + array.height];
@@ -179,7 +179,7 @@ function ticks(array, unit) {
         text(array.left + array.width, array.top + array.height + 16 * unit, 'end', `${array.left + array.width}, ${array.top + array.height}`)];
 }
 
-// The shape without its label, which is put down for later.
+// Draws the shape without its label, which is placed later.
 function drawShape(shape, unit, labels) {
     if (shape.x !== undefined) return drawPoint(shape, unit, labels);
     const [left, right] = [shape.left, shape.left + shape.width].sort((a, b) => a - b);
@@ -207,7 +207,8 @@ function drawPoint(shape, unit, labels) {
     return nodes;
 }
 
-// Each label goes to the first of its places where no other one and no point is, or else below the one that is in its way.
+// Each label gets the first of its places that is free of other labels and points. If there is none, it is
+// placed below the label in its way.
 function placeLabels(labels, shapes, unit) {
     const r = 9 * unit;
     const taken = shapes.filter((shape) => shape.x !== undefined).map((shape) => ({x: shape.x - r, y: shape.y - r, right: shape.x + r, bottom: shape.y + r}));

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Puts the page together from the data that it holds.
+// Builds the page from its data.
 
 const asList = (data) => (Array.isArray(data) ? data : [data]);
 
@@ -22,7 +22,7 @@ function viewsOf(events, open) {
     return views;
 }
 
-// Nothing when no place on the sensor is known.
+// Returns nothing if no place on the sensor is known.
 function scenesOf(events) {
     const compare = readData('compare');
     if (compare) {
@@ -74,7 +74,7 @@ function camerasBadges(data) {
     return [badge('plain', counted(data.cameras.length, 'camera')), badge(data.failed ? 'bad' : 'good', data.failed ? 'failed' : 'nothing failed')];
 }
 
-// Tabs as the authoring practices have them: arrows go from one to the next, the panel follows.
+// Tabs work as in the ARIA authoring practices: arrows go from one to the next, and the panel follows.
 class Tabs {
     constructor(views) {
         this.views = views.map(([id, label, make]) => ({id, label, make, panel: null}));

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// The Timeline view: lanes over the commands, requests or time of a run; zoom, pan, choose.
+// The Timeline view: lanes over the commands, requests or time of a run, with zoom, panning and selection.
 
 const AXES = {
     moment: ['by command', (item) => item.moment],
@@ -56,7 +56,7 @@ class TimelineView {
         return this.events.axes ? this.events.axes(names) : names;
     }
 
-    // Worst first; what a newcomer looks for.
+    // The findings, worst first.
     findings() {
         const found = [...this.events.findings].sort((a, b) => (a.tone === 'bad' ? 0 : 1) - (b.tone === 'bad' ? 0 : 1));
         if (found.length === 0 && this.events.readInto) return null;
@@ -143,7 +143,7 @@ class TimelineView {
         this.drawWindow();
     }
 
-    // On paper every sheet has an axis, and no lane is cut.
+    // On paper every sheet has an axis, and no lane is split.
     drawPaper() {
         const [width, lanes, most] = [700, 28, 560];
         this.measure(width);

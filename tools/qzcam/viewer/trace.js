@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
-// The events of a phone for the timeline: facts from logs and dumps instead of the events of a session.
+// Reads the events of a phone for the timeline: facts from logs and dumps instead of the events of a session.
 
-// Counts of the table by parameter that are findings, worst first.
+// The columns of the parameter table that are findings, worst first.
 const TRACE_FAULTS = {refused: ['bad', 'refused'], overflows: ['bad', 'overflows'], notOffered: ['bad', 'not offered'], undeclared: ['warn', 'tag not declared'], gated: ['warn', 'left out']};
 const TRACE_TONES = {refused: 'bad', undeclared: 'warn', gated: 'warn', lost: 'warn', told: 'good'};
 
@@ -13,7 +13,7 @@ function parameterText(item, key) {
     return field ? field.value : undefined;
 }
 
-// Milliseconds of a clock. A date has no year, and only differences count.
+// Returns milliseconds of a clock. A date has no year, and only differences matter.
 function clockTime(time) {
     if (!time) return undefined;
     if (time.nanoseconds !== undefined) return Number(time.nanoseconds) / 1e6;
@@ -39,7 +39,7 @@ class TraceEvents {
         this.findNextFrames();
     }
 
-    // An item of no frame of its own comes after the frame before it in its group.
+    // An item without a frame comes after the previous frame of its group.
     add(data) {
         const last = this.all[this.all.length - 1];
         if (data.tags) this.array = {index: this.all.length, text: data.text};
@@ -63,7 +63,7 @@ class TraceEvents {
     // Frames of several groups do not share an axis.
     axes(names) { return names.filter((name) => name !== 'frame' || this.groups.length < 2); }
 
-    // The table by parameter: what did not arrive.
+    // The findings in the table by parameter.
     find(row) {
         for (const [kind, [tone, what]] of Object.entries(TRACE_FAULTS)) {
             const count = row[kind];
@@ -82,7 +82,7 @@ class TraceEvents {
         return item.kind === kind && (item.data.keys || []).includes(key);
     }
 
-    // The platform's line before a refusal names the type that was to be written.
+    // The platform's line before a refusal has the type that was to be written.
     writtenType(item) {
         const lines = this.all.slice(Math.max(0, item.index - 3), item.index).filter((each) => each.data.tag === item.data.tag && each.kind === 'line');
         const match = lines.map((each) => /update of (\w+) refused/.exec(each.data.text || '')).find(Boolean);
@@ -98,7 +98,7 @@ class TraceEvents {
             of('refused') ? badge('bad', `${of('refused').toLocaleString('en')} refused`) : null, this.notOffered() ? badge('bad', `${this.notOffered().toLocaleString('en')} not offered`) : null, of('undeclared') ? badge('warn', `${of('undeclared').toLocaleString('en')} not declared`) : null].filter(Boolean);
     }
 
-    // Fills the lanes in the place of those of a session. Another group begins with nothing.
+    // Fills the lanes instead of those of a session. Another group begins without values.
     readInto(lanes, item) {
         const {kind, data} = item;
         if (item.index > 0 && this.all[item.index - 1].group !== item.group) lanes.endAll(item.index);
@@ -123,10 +123,10 @@ class TraceEvents {
         if (!lane.active) lane.push(item.index, this.groups[item.group - 1] || '', 'plain');
     }
 
-    // The facts before and after it, as the lines of a command are shown in a run.
+    // The facts before and after the selected one, like the lines of a command in a run.
     around(item) { return this.all.slice(Math.max(0, item.index - 5), item.index + 6).filter((each) => each.group === item.group); }
 
-    // The lanes that one line feeds belong together, and a message to the results of its frame.
+    // Connects the lanes of one line, and a message with the results of its frame.
     neighbours(chains, node) {
         const item = chains.item(node);
         const at = (index) => chains.lanes.all.map((lane) => ({lane, at: lane.before(index)})).filter((each) => each.at >= 0 && each.lane.at[each.at] === index);
@@ -138,14 +138,14 @@ class TraceEvents {
     }
 }
 
-// The frame of an item, or those before and after it; empty if none of them is known.
+// Returns the frame of an item, or the frames before and after it; empty if they are unknown.
 function frameText({hasFrame, frame, nextFrame}) {
     if (hasFrame || (frame !== undefined && frame === nextFrame)) return `frame ${frame}`;
     if (frame !== undefined && nextFrame !== undefined) return `between frames ${frame} and ${nextFrame}`;
     return frame !== undefined ? `after frame ${frame}` : nextFrame !== undefined ? `before frame ${nextFrame}` : '';
 }
 
-// The facts of one line, for the details.
+// Returns the facts of one line, for the details.
 function traceFacts(item) {
     const {data} = item;
     return facts([['Input', item.session], ['Line', item.line], ['Time', data.time ? data.time.text : null], ['Frame', item.hasFrame ? data.frame : frameText(item) || 'unknown: no frame number belongs to this line'], ['Camera', data.camera], ['Client', data.client],
@@ -170,7 +170,7 @@ function traceText({kind, data}) {
     return texts[kind] ? texts[kind]() : data.text || kind;
 }
 
-// The outcome of each parameter, and the parameters that no line names.
+// The outcome of each parameter, and the parameters that no line contains.
 function fatesView(events) {
     const words = {refused: ['bad', 'refused'], overflows: ['bad', 'overflows'], notOffered: ['bad', 'not offered'], undeclared: ['warn', 'undeclared'], gated: ['warn', 'left out'], written: ['good', 'written'], told: ['good', 'told'], set: ['info', 'set']};
     const rows = events.parameters.map((row) => {
