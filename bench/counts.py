@@ -30,7 +30,7 @@ def functions_of(path, binutils):
 
 
 class Process:
-    """What lies where in the measured program."""
+    """The places of libraries and functions in the measured program."""
 
     def __init__(self, maps, binutils):
         self.libraries = {}
@@ -41,7 +41,7 @@ class Process:
         self.functions = {path: functions_of(path, binutils) for path in self.libraries}
 
     def function(self, address):
-        """Library, function and distance from where the function begins."""
+        """Returns the library, the function and the distance from its beginning."""
         for path, (base, end) in self.libraries.items():
             if base <= address < end:
                 functions = self.functions[path]
@@ -63,7 +63,7 @@ class Process:
 
 
 def measure(build, emulator, binutils, plugin, short=False):
-    """All cases, without those that grow when short."""
+    """Returns all cases, or with `short` the cases without growing inputs."""
     with tempfile.TemporaryDirectory() as folder:
         output = subprocess.run(
             [*emulator, "-plugin", f"{plugin},out={folder}/blocks", f"{build}/bench/cost", *["--short"] * short],

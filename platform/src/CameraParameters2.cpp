@@ -71,7 +71,7 @@ const char* CameraParameters2::get(const char* key) const {
 int CameraParameters2::getInt(const char* key) const {
     const char* const text = get(key);
     if (text == nullptr) return -1;
-    // Where `long` has 64 bits, strtol saturates at 64 bits, and this saturates at 32 bits.
+    // A 64-bit `long` lets strtol saturate at 64 bits. This saturates at 32 bits.
     return static_cast<int>(std::clamp<int64_t>(std::strtol(text, nullptr, 0), INT32_MIN, INT32_MAX));
 }
 

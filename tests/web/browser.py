@@ -69,7 +69,7 @@ class Browser:
         self.settle()
 
     def settle(self):
-        """Waits for the pictures that a change asks for."""
+        """Waits until the browser has drawn a change."""
         self.run("const done = arguments[0]; requestAnimationFrame(() => requestAnimationFrame(() => requestAnimationFrame(done)));", wait=True)
 
     def run(self, script, *arguments, wait=False):
@@ -110,7 +110,7 @@ class Browser:
         return [entry["message"] for entry in self.call("POST", "/se/log", {"type": "browser"})]
 
     def requests(self):
-        """The addresses that were asked for since the last call."""
+        """Returns the addresses that were requested since the last call."""
         messages = [json.loads(entry["message"])["message"] for entry in self.call("POST", "/se/log", {"type": "performance"})]
         return [message["params"]["request"]["url"] for message in messages if message["method"] == "Network.requestWillBeSent"]
 

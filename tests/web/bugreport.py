@@ -8,7 +8,7 @@ def section(title, text):
 
 
 def compose(dump, log):
-    """`log` has no uid column; a bugreport has."""
+    """Returns the text of a bugreport. Its log has a uid column, which `log` lacks."""
     lines = "".join(f"{line[:18]}  1047{line[18:]}\n" if line[:1].isdigit() else f"{line}\n" for line in log.splitlines())
     service = f"{'-' * 79}\nDUMP OF SERVICE media.camera:\n{dump}--------- 0.412s was the duration of dumpsys media.camera, ending at: 2024-03-05 10:11:40\n"
     return (f"{RULE}\n== dumpstate: 2024-03-05 10:11:40\n{RULE}\n\nBuild: UP1A.000000.001\n\n" + section("SYSTEM LOG (logcat -v threadtime -v uid -d *:v)", lines) +

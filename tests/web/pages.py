@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: Apache-2.0
-"""Pages of --html in a browser: what they show is what their JSON says. Pictures go to build/web for people to look at."""
+"""Checks the pages of --html in a browser against their JSON. Writes pictures of the pages to build/web."""
 import glob
 import json
 import os
@@ -67,7 +67,7 @@ def data(path, name):
 
 
 def report(name, replace=None):
-    """A bugreport of the examples, as a file. `replace`: pairs of texts in it."""
+    """Writes a bugreport of the examples to a file. `replace`: pairs of texts in it."""
     with open(f"{ROOT}/examples/running.dumpsys", encoding="utf-8") as dump, open(f"{ROOT}/examples/phone.log", encoding="utf-8") as log:
         text = bugreport.compose(dump.read(), log.read())
     for old, new in (replace or {}).items():
@@ -106,7 +106,7 @@ class Pages(unittest.TestCase):
         return self.browser.texts("header .badge")
 
     def looks_well(self, path, view, name):
-        """Three sizes, two schemes: a picture of each, nothing beside the page, nothing hard to read, no noise."""
+        """Takes a picture in each size and colour scheme. Nothing may be outside the page, hard to read, or logged as an error."""
         for width, height in SIZES:
             for scheme in ("light", "dark"):
                 with self.subTest(page=name, width=width, scheme=scheme):
@@ -265,17 +265,17 @@ class Pages(unittest.TestCase):
         self.browser.picture(f"{OUT}/trace-chosen.png")
 
     def rows(self, view):
-        """Tag or name, value and badge of each row in sight."""
+        """Returns tag or name, value and badge of each row in sight."""
         return self.browser.run("return [...document.querySelectorAll(`.${arguments[0]} [role=option]`)].map((row) => [row.querySelector('.name').title, "
                                 "...['.text', '.badge'].map((part) => (row.querySelector(part) || {}).textContent)]);", view)
 
     def boxes(self, name):
-        """The rectangles of a layer."""
+        """Returns the rectangles of a layer."""
         return self.browser.run("return [...document.querySelectorAll('rect.shape.' + arguments[0])].map((r) => "
                                 "['x', 'y', 'width', 'height'].map((a) => Math.round(1000 * r.getAttribute(a)) / 1000));", name)
 
     def counts(self):
-        """The numbers on the tabs."""
+        """Returns the numbers on the tabs."""
         return dict(re.match(r"(.*?) ?([\d,]*)$", text).groups() for text in self.browser.texts("[role=tab]"))
 
     def test_show(self):
@@ -391,7 +391,7 @@ class Pages(unittest.TestCase):
         self.assertEqual(self.browser.texts(".camera > .badges .badge"), [f"{count} {name}" for name, count in check["counts"].items() if count])
 
     def test_trace_by_clock(self):
-        """A log with the clock of the frames: the page says between which frames a parameter failed."""
+        """A log has the clock of the frames, so the page shows the frames before and after a failed parameter."""
         with open(f"{ROOT}/examples/phone.log", encoding="utf-8") as log, open(f"{OUT}/clock.log", "w", encoding="utf-8") as file:
             file.write(re.sub(r"(?m)^03-05 10:11:(\d+\.\d+)", lambda match: f"   {81234.567890 + float(match[1]) - 12.341:.6f}", log.read()))
         path = page("clock", "trace", f"{OUT}/clock.log", "examples/running.dumpsys")
@@ -416,7 +416,7 @@ class Pages(unittest.TestCase):
         self.assertIn("Facesnot in the latest received frame", "".join(self.browser.texts(".legend > li")))
 
     def test_paper(self):
-        """Whole lists, no controls, nothing beside the sheet."""
+        """A printed page has whole lists, no controls, and nothing outside the sheet."""
         pages = [("paper-show", "arrays", 21, ("show", "examples/running.dumpsys")), ("paper-check", "device", 222, ("check", "--device", "examples/phone.dumpsys")),
                  ("paper-diff", "difference", None, ("diff", "examples/phone.dumpsys")), ("paper-run", "timeline", None, ("run", "examples/session.qzs")),
                  ("paper-sensor", "sensor", None, ("run", "tests/web/sensor.qzs")), ("paper-matrix", "matrix", None, ("matrix", *[f"examples/{name}.dumpsys" for name in ("phone", "device", "running")] * 3))]

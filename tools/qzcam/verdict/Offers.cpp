@@ -118,7 +118,7 @@ bool isWithin(const Offer& offer, const std::vector<double>& numbers) {
     return true;
 }
 
-// Where "auto" is written as 0, the value 0 has the same meaning.
+// The value 0 means "auto" if "auto" is written as 0.
 bool isAuto(const qz::KeyRow& key, const std::string& value) {
     const bool hasAuto = key.form == qz::KeyRow::Form::seconds ||
                          (key.form == qz::KeyRow::Form::number && key.as == qz::KeyRow::As::text);
