@@ -50,16 +50,6 @@ Of agree(Of byPlace, const std::string& tag, const std::set<Of>& seenOnThread) {
     return uses.size() == 1 || seenOnThread.size() == 1 ? byPlace : Of::Unknown;
 }
 
-// Returns the owner of the entries by their tags: static entries have their own section.
-Of ofEntries(const Inspected& inspected, Of byPlace, const std::set<Of>& seenOnThread) {
-    for (const auto& each : inspected.tags) {
-        const std::set<Of>& uses = usesOf(each.second);
-        if (uses.size() == 1 && *uses.begin() == Of::Static) return Of::Static;
-        if (!uses.empty() && uses.count(Of::Static) == 0) return Of::Request;
-    }
-    return seenOnThread.size() == 1 ? byPlace : Of::Unknown;
-}
-
 std::string fullName(const LibraryLine& line, size_t section) {
     return line.text(section) + "." + line.text(section + 1);
 }
@@ -71,7 +61,10 @@ uint32_t tagNumber(const LibraryLine& line, size_t index) {
 }  // namespace
 
 bool Inspected::isWhole() const {
-    if (kind == Kind::VendorTags || kind == Kind::Entries) return announced == tags.size();
+    if (kind == Kind::VendorTags || kind == Kind::Entries) {
+        const std::set<std::pair<uint32_t, std::string>> different(tags.begin(), tags.end());
+        return announced == tags.size() && different.size() == tags.size();
+    }
     return announced == elements.size() && std::count(elements.begin(), elements.end(), "?") == 0;
 }
 
@@ -98,7 +91,7 @@ void InspectionReader::close(Thread& thread, bool beforeResult) {
     Inspected inspected = std::move(*thread.open);
     thread.open.reset();
     Of place = beforeResult ? Of::Result : thread.opener;
-    if (inspected.kind == Kind::Entries) inspected.of = ofEntries(inspected, place, thread.seen);
+    if (inspected.kind == Kind::Entries) return takeEntries(thread, std::move(inspected), place);
     if (inspected.kind == Kind::VendorTags) inspected.of = Of::Static;
     if (inspected.kind == Kind::ChosenTag) {
         // The line is after a request and before a result. The uses of the tag decide which of them it
@@ -112,6 +105,33 @@ void InspectionReader::close(Thread& thread, bool beforeResult) {
     if (beforeResult && inspected.of == Of::Result) {
         thread.result = std::move(inspected);
     } else {
+        mTake(inspected);
+    }
+}
+
+// Entries tell by themselves whether they are static ones or a request's. Where lines are missing, what is
+// left may be of two lists, so that each entry counts alone.
+void InspectionReader::takeEntries(Thread& thread, Inspected inspected, Inspected::Of place) {
+    std::map<Of, std::vector<std::pair<uint32_t, std::string>>> lists;
+    for (const auto& tag : inspected.tags) {
+        const std::set<Of>& uses = usesOf(tag.second);
+        const bool isStatic = uses.size() == 1 && uses.count(Of::Static) != 0;
+        const bool isRequest = !uses.empty() && uses.count(Of::Static) == 0;
+        lists[isStatic ? Of::Static : isRequest ? Of::Request : Of::Unknown].push_back(tag);
+    }
+    const bool isOne = lists.count(Of::Static) == 0 || lists.count(Of::Request) == 0;
+    const bool fits = isOne && lists.count(place == Of::Static ? Of::Request : Of::Static) == 0;
+    if (inspected.isWhole() && fits) {
+        const bool isTold = lists.count(place) != 0 || thread.seen.size() == 1;
+        lists = {{isTold ? place : Of::Unknown, inspected.tags}};
+    } else if (inspected.isWhole()) {
+        inspected.announced.reset();  // the number is that of another list
+    }
+    if (lists.count(Of::Request) != 0 && thread.isFirst) inspected.requestKind = thread.requestKind;
+    thread.isFirst = false;
+    for (auto& [of, tags] : lists) {
+        inspected.of = of;
+        inspected.tags = std::move(tags);
         mTake(inspected);
     }
 }
@@ -229,8 +249,11 @@ bool InspectionReader::feedList(const LogLine& log, const LibraryLine& line, Thr
 }
 
 bool InspectionReader::feed(const LogLine& log, const LibraryLine& line) {
-    if (line.kind != LibraryLine::Kind::Inspection) return false;
     Thread& thread = mThreads[{log.pid, log.tid}];
+    if (line.kind != LibraryLine::Kind::Inspection) {
+        close(thread);  // nothing stands between the lines of an inspection
+        return false;
+    }
     return feedOpener(log, line, thread) || feedResult(log, line, thread) || feedChosen(log, line, thread) ||
            feedList(log, line, thread);
 }

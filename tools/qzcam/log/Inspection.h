@@ -41,7 +41,7 @@ struct Inspected {
 
     std::vector<std::pair<uint32_t, std::string>> tags;  // numbers and full names
     std::optional<size_t> announced;                     // elements or tags
-    bool isWhole() const;                                // no announced line is missing
+    bool isWhole() const;                                // no announced line is missing, none is doubled
 };
 
 class InspectionReader {
@@ -74,6 +74,7 @@ class InspectionReader {
     Inspected& open(const LogLine& log, Thread& thread, Inspected::Kind kind);
     Inspected& openChosen(const LogLine& log, Thread& thread, uint32_t id);
     void close(Thread& thread, bool beforeResult = false);
+    void takeEntries(Thread& thread, Inspected inspected, Inspected::Of place);
     void closeResult(Thread& thread);
 
     Take mTake;

@@ -74,6 +74,17 @@ const char* listTitle(const Inspected& inspected) {
                                                   : "entries of a request or static info, unknown which";
 }
 
+// Every camera has these static entries. In a log that is out of order, a number may stand before entries of
+// another list.
+bool hasWhatEachCameraHas(const Inspected& inspected) {
+    const auto has = [&](const char* name) {
+        return std::any_of(inspected.tags.begin(), inspected.tags.end(),
+                           [&](const auto& each) { return each.second == name; });
+    };
+    return inspected.kind == Inspected::Kind::VendorTags ||
+           (has("android.info.supportedHardwareLevel") && has("android.lens.facing"));
+}
+
 // Returns the library's names that a complete list of the device's vendor tags or static entries does not
 // contain.
 std::string lackText(const Inspected& inspected) {
@@ -299,7 +310,10 @@ void LogItems::take(const Inspected& inspected) {
         item.kind = Kind::Entry;
         item.tag = inspected.tag.empty() ? fmt::format("{:#x}", inspected.id) : inspected.tag;
         item.isRemoved = inspected.isAbsent;
-        item.value = joined(inspected.elements);
+        auto elements = inspected.elements;
+        if (inspected.announced && !elements.empty())
+            elements.resize(std::max(elements.size(), *inspected.announced), "?");
+        item.value = joined(elements);
         item.cause =
             inspected.of == Inspected::Of::Unknown ? "inspected; request or result unknown" : "inspected";
         if (!inspected.isAbsent && !inspected.isWhole()) item.cause += ", elements are missing";
@@ -315,7 +329,8 @@ void LogItems::take(const Inspected& inspected) {
     item.kind = Kind::List;
     for (const auto& each : inspected.tags) item.tags.push_back(each.second);
     item.text = fmt::format("{}: {}", listTitle(inspected), countText(inspected));
-    if (item.side == Side::Static && inspected.isWhole()) item.cause = lackText(inspected);
+    const bool isAll = item.side == Side::Static && inspected.isWhole() && hasWhatEachCameraHas(inspected);
+    if (isAll) item.cause = lackText(inspected);
     give(std::move(item));
     if (inspected.kind == I::VendorTags) takeDeclared(inspected);
 }
