@@ -264,7 +264,10 @@ void LogItems::feedLibrary(const LogLine& log, const LibraryLine& line) {
     }
     if (mInspection.feed(log, line)) return;
     if (feedEntry(log, line) || feedMessage(log, line) || feedGate(log, line)) return;
-    if (line.is(qz::line::NoVendorSection::format)) return feedUndeclared(log, line.text(0));
+    // The platform's own tags have no section among the vendor's: the library finds them elsewhere.
+    const bool isUndeclared =
+        line.is(qz::line::NoVendorSection::format) && !startsWith(line.text(0), "android.");
+    if (isUndeclared) return feedUndeclared(log, line.text(0));
     TraceItem item = itemOf(log);
     item.text = log.message;
     if (line.parameter != nullptr) {

@@ -83,6 +83,15 @@ std::vector<TraceItem> logItems(std::vector<Evidence::Log>& log, std::vector<std
     LogItems reader([&items](TraceItem item) { items.push_back(std::move(item)); });
     for (const Evidence::Log& each : log) reader.feed(each.line, each.input);
     reader.end();
+    // A fact of several lines is whole behind those of other threads.
+    const bool allTimes = std::all_of(items.begin(), items.end(), [](const TraceItem& item) {
+        return item.time.kind != LogTime::Kind::None;
+    });
+    if (haveTimes && allTimes) {
+        std::stable_sort(items.begin(), items.end(), [](const TraceItem& a, const TraceItem& b) {
+            return a.time.nanoseconds < b.time.nanoseconds;
+        });
+    }
     if (reader.repeated() > 0) {
         notes.push_back(
             fmt::format("log: {} left out as repeated: time, thread and text are those of an earlier one",
