@@ -244,6 +244,10 @@ TEST(Parts, FollowTheFramesOfAReport) {
                       "DUMP OF SERVICE audio:\nx\n"),
               "O1 D3! O6 ");
     EXPECT_EQ(kindsOf(kSeparator + "DUMP OF SERVICE media.camera:\n" + dump), "O1 D3! ");
+    EXPECT_EQ(kindsOf("------ DUMPSYS (dumpsys) ------\n" +
+                      service("media.camera", dump + "------ STREAMS OF THE HAL ------\nx\n")),
+              "O1 O2 D4 O9 ")
+        << "a heading of the driver";
     EXPECT_EQ(kindsOf(kSeparator + "\nDUMP OF SERVICE media.camera:\n\n" + dump), "O1 D4! ")
         << "pasted with an empty line between all lines";
     EXPECT_EQ(kindsOf(""), "");

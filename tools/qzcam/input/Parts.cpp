@@ -132,7 +132,7 @@ bool isStopped(std::string_view line) {
 // Splits a text at the frames of sections and services. Text outside of them has no title.
 class FrameCutter {
   public:
-    explicit FrameCutter(std::string_view text) : mWalk(text), mParts(text, 1) {}
+    explicit FrameCutter(std::string_view text) : mText(text), mWalk(text), mParts(text, 1) {}
 
     std::vector<Part> cut();
 
@@ -148,11 +148,14 @@ class FrameCutter {
     }
     void fault(std::string_view text);
     void leaveService(std::string_view fault);
+    size_t endOfService() const;
 
+    std::string_view mText;
     LineWalk mWalk;
     PartList mParts;
     std::string mSection;
     std::string mService;
+    size_t mServiceEnd = 0;  // the place of its last line
     bool mSeparated = true;  // the previous line is a separator, or there is none
 };
 
@@ -204,6 +207,8 @@ void FrameCutter::framed(std::string_view line) {
     } else if (isSeparator(line) && !serviceOf(mWalk.following()).empty()) {
         leaveService("the dump ends without its last line");
         begin(Kind::Other, serviceOf(mWalk.following()));
+    } else if (!mService.empty() && mWalk.start() < mServiceEnd) {
+        return;  // a driver's own heading
     } else if (!section.empty() && isDuration(section)) {
         leaveService("the dump ends without its last line");
         begin(Kind::Other, mSection);
@@ -219,7 +224,19 @@ void FrameCutter::framed(std::string_view line) {
 
 void FrameCutter::service(std::string_view line) {
     mService = serviceOf(line);
-    if (mService == "media.camera") beginBehind(Kind::Dump, mService);
+    mServiceEnd = 0;
+    if (mService != "media.camera") return;
+    mServiceEnd = endOfService();
+    beginBehind(Kind::Dump, mService);
+}
+
+// Finds the last line of the service, which must stand before the next service. Returns 0 if it is missing.
+size_t FrameCutter::endOfService() const {
+    const size_t start = mWalk.end();
+    const std::string_view rest = mText.substr(start);
+    const std::string_view own = rest.substr(0, rest.find("\nDUMP OF SERVICE "));
+    const size_t footer = own.rfind("s was the duration of dumpsys " + mService);
+    return footer == std::string_view::npos ? 0 : start + footer;
 }
 
 // Splits a text without frames where the kind of its lines changes.

@@ -152,7 +152,7 @@ Matrix readMatrix(const std::vector<MatrixInput>& inputs, const std::function<vo
     progress(finished);
     workInProcesses(
         inputs.size(), [&](size_t i) { return columnsOf(inputs[i].path); },
-        [&](size_t i, WorkResult result) {
+        [&](size_t i, const WorkResult& result) {
             columns[i] = columnsOf(inputs[i], result);
             progress(++finished);
         });

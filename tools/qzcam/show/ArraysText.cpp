@@ -35,9 +35,10 @@ std::string arraysText(const std::vector<const MetadataArray*>& arrays, const Sh
 
 std::string foundText(const std::vector<FoundLine>& lines, const std::string& text) {
     std::string out;
-    for (const FoundLine& each : lines)
+    for (const FoundLine& each : lines) {
         out += fmt::format("{:>6}  {}{}{}\n", each.line, visible(each.where), each.where.empty() ? "" : ": ",
                            cut(trimmed(each.text), kLongestLine));
+    }
     return out + fmt::format("{} with {}\n", counted(lines.size(), "line"), excerpt(text));
 }
 

@@ -134,9 +134,10 @@ void addRefused(Contents& contents, const Part& part, const Problems& problems, 
         contents.left.push_back({Left::Kind::GarbledLine, line, line, 1, std::string(what)});
         ++named;
     }
-    if (named < problems.count())
+    if (named < problems.count()) {
         contents.left.push_back({Left::Kind::GarbledLine, part.firstLine, part.firstLine,
                                  problems.count() - named, "further lines of " + part.title});
+    }
 }
 
 void addProperties(Contents& contents, const Part& part) {

@@ -50,7 +50,7 @@ struct DumpedArray {
 struct Evidence {
     std::vector<std::string> inputs;
     struct Log {
-        size_t input;
+        size_t input = 0;
         LogLine line;
     };
     std::vector<Log> log;
