@@ -315,6 +315,12 @@ class Pages(unittest.TestCase):
         self.browser.open(path, "properties")
         self.assertEqual({row[0]: row[1] for row in self.rows("browse")}, show["properties"]["values"])
 
+    def test_numbers_are_not_rounded(self):
+        """Wide numbers are shown as the dump has them."""
+        path = page("wide", "show", report("wide.txt", {"[20000000 ]": "[9223372036854775807 ]"}))
+        self.browser.open(path, "arrays")
+        self.assertEqual(self.rows("browse")[0][:2], ["android.sensor.exposureTime", "9223372036854775807"])
+
     def test_parts_of_show(self):
         dump = "examples/running.dumpsys"
         self.browser.open(page("show-array", "show", dump, "--array", "static"))

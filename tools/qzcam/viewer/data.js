@@ -1,23 +1,25 @@
 // SPDX-License-Identifier: Apache-2.0
 // Reads the JSON of the page into the data of the views.
 
-// Integers that are too large for a number of the browser stay texts.
+// Integers that are too large for a number of the browser stay texts. In a text of many megabytes they are rounded.
 function parseJson(text) {
     if (!/\d{16}/.test(text)) return JSON.parse(text);
-    return JSON.parse(text.replace(/"(?:[^"\\]|\\.)*"|-?\d+(?:\.\d+)?(?:[eE][-+]?\d+)?/g,
-        (token) => (/^-?\d{16,}$/.test(token) && !Number.isSafeInteger(Number(token)) ? `"${token}"` : token)));
+    let exact = text;
+    try {
+        exact = text.replace(/"[^"\\]*(?:\\.[^"\\]*)*"|-?\d+(?:\.\d+)?(?:[eE][-+]?\d+)?/g,
+            (token) => (/^-?\d{16,}$/.test(token) && !Number.isSafeInteger(Number(token)) ? `"${token}"` : token));
+    } catch (error) {
+        if (!(error instanceof RangeError)) throw error;
+    }
+    return JSON.parse(exact);
 }
 
-// Returns one object, or an array of the objects of JSON lines.
+// Returns one object, or an array of the objects of JSON lines. An object of the page has no line ends.
 function readData(name) {
     const script = document.querySelector(`script[type="application/json"][data-name="${name}"]`);
     if (!script) return null;
-    const text = script.textContent.trim();
-    try {
-        return parseJson(text);
-    } catch (error) {
-        return text.split('\n').filter((line) => line !== '').map(parseJson);
-    }
+    const lines = script.textContent.trim().split('\n');
+    return lines.length === 1 ? parseJson(lines[0]) : lines.map(parseJson);
 }
 
 const VERDICT_TONES = {written: 'good', 'wrong-type': 'bad', 'not-offered': 'bad', overflows: 'bad'};
