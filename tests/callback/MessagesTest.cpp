@@ -17,7 +17,7 @@ TEST(CameraQzCallBack, NeedsAHostAndATranslator) {
     EXPECT_EQ(session.trace(), create + "(1214): failed, qzParam is NULL.\n");
 }
 
-TEST(CameraQzCallBack, SendsWhatTheHostAsksFor) {
+TEST(CameraQzCallBack, SendsMessagesForTheHost) {
     Session session;
     session.host->status = 7;
     EXPECT_EQ(session.callBack->callbackHDCCalibResult(-3), 7);

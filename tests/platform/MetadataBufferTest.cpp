@@ -210,7 +210,7 @@ TEST(MetadataBuffer, AppendedEntriesKeepTheirElementsAndTheOrderIsKnown) {
 
 // Sets each byte of a valid buffer to each value. A buffer that is still valid must be readable and
 // changeable up to its end.
-TEST(MetadataBuffer, ValidationAcceptsOnlyWhatIsSafeToUse) {
+TEST(MetadataBuffer, ValidationAcceptsOnlySafeBuffers) {
     const Buffer buffer = makeBuffer(3, 32);
     add<int32_t>(buffer, ANDROID_SCALER_CROP_REGION, {1, 2, 3});
     add<uint8_t>(buffer, ANDROID_CONTROL_MODE, {1});

@@ -315,7 +315,7 @@ TEST_F(RunTool, BrokenDumpIsReported) {
     }
 }
 
-TEST_F(RunTool, TellsFaultsOfTheHal) {
+TEST_F(RunTool, ReportsFaultsOfTheHal) {
     const struct {
         std::string dump;
         const char* says;

@@ -136,7 +136,7 @@ TEST(DumpParser, ChoosesTheCameraInEverySpellingOfItsTitle) {
     }
 }
 
-TEST(DumpParser, NamesWhatIsNotUsed) {
+TEST(DumpParser, ListsUnusedParts) {
     const Parsed parsed(
         "== Service global info: ==\nNumber of camera devices: 2\n" +
         entry("      android.newest.location (1c0000): byte[1]\n        [INTERIOR ]\n"
@@ -239,7 +239,7 @@ TEST(DumpParser, ReadsVendorBlocks) {
     EXPECT_TRUE(none.device.hasVendorSection && !none.device.hasVendorTags);
 }
 
-TEST(DumpParser, NamesTheLineOfWhatIsBroken) {
+TEST(DumpParser, ReportsBrokenPartsWithTheirLine) {
     const struct {
         std::string text;
         const char* problem;  // part of a name

@@ -78,7 +78,7 @@ TEST(Hints, NearestFirst) {
     EXPECT_THAT(nearest("contrasts", {"contrasted", "contrast"}), ElementsAre("contrast", "contrasted"));
 }
 
-TEST_F(RunTool, KeysOfOthersAreOneLine) {
+TEST_F(RunTool, KeysOfThePlatformAreCountedInOneLine) {
     const std::string session = file("s.qzs",
                                      "open 0\nset flash-mode=torch;effect=mono;iso-mode-values=auto;"
                                      "isoo=100;qz-exposure-mode=super-nigth\nrequest\nrequest\n");
@@ -95,7 +95,7 @@ TEST_F(RunTool, KeysOfOthersAreOneLine) {
     EXPECT_THAT(mOut, HasSubstr(R"("perhaps":["iso"])"));
 }
 
-TEST_F(RunTool, UnknownNamesAreHintedAt) {
+TEST_F(RunTool, UnknownNamesGetHints) {
     const std::string session = file("s.qzs", "opne 0\nopen 0\nresult focusVcmValu=3\n");
     const struct {
         std::vector<std::string> words;

@@ -138,7 +138,7 @@ TEST(Input, ContentDecidesHowAFileIsRead) {
     EXPECT_EQ(textOf("I wrote\n> a\nthis\n"), "I wrote\n> a\nthis\n") << "no quotation";
 }
 
-TEST(Input, DamagedFilesAreReadAsFarAsTheyGo) {
+TEST(Input, ReadablePartOfADamagedFileIsUsed) {
     const std::string text(builtInDevice());
     const std::string zip = zipped({{"main_entry.txt", "b.txt"}, {"b.txt", text}});
     const std::string gzip = gzipped(text);
@@ -167,7 +167,7 @@ TEST(Input, DamagedFilesAreReadAsFarAsTheyGo) {
     }
 }
 
-TEST(Input, LimitsStopWhatUnpacksForever) {
+TEST(Input, LimitsStopEndlessUnpacking) {
     UnpackLimits limits;
     limits.bytes = 1 << 16;
     limits.freeBytes = 1 << 12;
@@ -269,7 +269,7 @@ TEST(Parts, FollowTheLinesOfAPastedText) {
     EXPECT_EQ(kindsOf("hello\n\nworld"), "O1 ");
 }
 
-TEST(LogPrefix, IsTakenOffInEveryLayout) {
+TEST(LogPrefix, IsRemovedInEveryLayout) {
     const std::string kMessage = "  Dumping camera metadata array: 2 / 9 entries";
     for (const std::string line :
          {"D/Cam     (  812): ", "D/Cam: ", "D(  812: 2207) ", "03-05 10:11:12.345 D/Cam     (  812): ",

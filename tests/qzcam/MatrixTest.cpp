@@ -124,7 +124,7 @@ TEST_F(MatrixTest, CsvIsQuotedAndHarmless) {
     EXPECT_EQ(mOut.find('\x1b'), std::string::npos);
 }
 
-TEST_F(MatrixTest, BaselineTellsWhatChanged) {
+TEST_F(MatrixTest, BaselineShowsChanges) {
     put("same", good());
     put("worse", good());
     put("better", mistyped());

@@ -35,7 +35,7 @@ class Pages : public RunTool {
     }
 };
 
-TEST_F(Pages, HoldTheJsonOfTheCommand) {
+TEST_F(Pages, ContainTheJsonOfTheCommand) {
     const std::string page = file("page.html", "");
     ASSERT_EQ(tool({"check", "--json", "--html", page}), 0) << mErr;
     EXPECT_EQ(json::parse(data(read(page), "check")), json::parse(mOut));
@@ -56,7 +56,7 @@ TEST_F(Pages, HoldTheJsonOfTheCommand) {
     }
 }
 
-TEST_F(Pages, HoldWhatShowAndComparePrint) {
+TEST_F(Pages, ContainTheOutputOfShowAndCompare) {
     test::DumpPhone sample = test::samplePhone(14);
     sample.cameras[0].entries.push_back(
         {"android.sensor.info.activeArraySize", 0xf0000, "int32", {"0", "0", "4000", "3000"}});
@@ -104,7 +104,7 @@ TEST_F(Pages, KeepDataApartFromThePage) {
     for (const char* raw : {"<", "&", "\xE2\x80\xA8"}) EXPECT_THAT(events, Not(HasSubstr(raw)));
 }
 
-TEST_F(Pages, DoNotReplaceInputsAndDoNotStayFromBefore) {
+TEST_F(Pages, DoNotReplaceInputsAndReplaceOldPages) {
     const std::string session = file("a.qzs", "open 0\n");
     EXPECT_EQ(tool({"run", session, "--html", session}), 2);
     EXPECT_THAT(mErr, HasSubstr("is an input: expected another file for --html"));

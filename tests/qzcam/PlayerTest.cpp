@@ -105,7 +105,7 @@ TEST(Player, ExamineExpectations) {
     }
 }
 
-TEST(Player, MarksWhatChangedBetweenRequests) {
+TEST(Player, MarksChangesBetweenRequests) {
     const Play play(
         "open 0\nset iso=1600;zsl-mode=on\nrequest\nset iso=50;contrast=150\nunset "
         "zsl-mode\nrequest\nrequest\n"

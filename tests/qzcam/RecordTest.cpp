@@ -163,7 +163,7 @@ TEST_F(RecordTool, TheLogOfASessionChangesNothing) {
     }
 }
 
-TEST_F(RecordTool, WhatTheEvidenceLeavesOpenIsAComment) {
+TEST_F(RecordTool, UnknownValuesBecomeComments) {
     const std::vector<Event> events = played(
         "open 0\nset iso=1601;qz-dual-primary-mode=primary;qz-manual-focus-step-value=350;contrast=50\nrequest\n");
     const std::string text =

@@ -131,7 +131,7 @@ TEST(Report, GivesEachCameraTheBlockOfItsProvider) {
 
 std::string withoutVendorTags(std::string text) { return text.substr(0, text.find("== Vendor tags")); }
 
-TEST(Report, TellsWhereADumpIsCut) {
+TEST(Report, ReportsWhereADumpIsCut) {
     const std::string text = dumpOf(samplePhone(11));
     const std::string closed = dumpOf(samplePhone(13));
     const std::string inArray = text.substr(0, text.find("        [33 4000"));
@@ -188,7 +188,7 @@ TEST(Report, NamesFaultsOfTheHal) {
 }
 
 // A garbled line costs only this line, whatever its indentation. A text may also have lost its indentation.
-TEST(Report, ReadsOnBehindGarbledLines) {
+TEST(Report, ContinuesAfterGarbledLines) {
     const DumpPhone phone = samplePhone(10);
     const std::string whole = dumpOf(phone);
     size_t lines = 0;

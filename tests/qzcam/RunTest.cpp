@@ -401,7 +401,7 @@ TEST_F(RunTool, OpensEachCameraOfADump) {
     EXPECT_THAT(mErr, HasSubstr(absent + ":1: no camera 7 in the dump: expected 0 or 1"));
 }
 
-TEST_F(RunTool, NamesWhatOfADumpIsNotUsed) {
+TEST_F(RunTool, ListsUnusedPartsOfADump) {
     const std::string phone = file("phone.txt", test::dumpOf(test::samplePhone(8)));
     const std::string session = file("s.qzs", "open 0\n");
     EXPECT_EQ(tool({"run", session, "--device", phone}), kFine);

@@ -156,7 +156,7 @@ size_t announcedIn(const std::string& text) {
     return sum;
 }
 
-TEST_F(RunTool, ShowCountsWhatTheTextHolds) {
+TEST_F(RunTool, ShowCountsTheContents) {
     const std::string text = bugreport();
     EXPECT_EQ(tool({"show", file("bugreport.txt", text), "--json"}), kFine) << mErr;
     const auto json = nlohmann::json::parse(mOut);
@@ -287,7 +287,7 @@ TEST_F(RunTool, ShowHasTheParametersOfALog) {
     EXPECT_THAT(mOut, HasSubstr("'1301'  line 5  the last of 2\n"));
 }
 
-TEST_F(RunTool, ShowRefusesWhatHasNothing) {
+TEST_F(RunTool, ShowRefusesAnInputWithoutContents) {
     EXPECT_EQ(tool({"show", file("x.txt", "nothing in here\n")}), kBadInput);
     EXPECT_THAT(mErr, HasSubstr("expected a camera dump, a bugreport, a log, properties or parameters"));
 }

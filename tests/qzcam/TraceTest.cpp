@@ -130,7 +130,7 @@ std::string withMistypedIso() {
     return dump;
 }
 
-TEST(Trace, BuiltInSessionIsToldFromABugReport) {
+TEST(Trace, BuiltInSessionIsReadFromABugReport) {
     for (const std::string& dump : {std::string(builtInDevice()), withMistypedIso()}) {
         const Recorded recorded(builtInSession(), dump);
         std::vector<std::string> entries;
@@ -217,7 +217,7 @@ std::vector<test::PhoneLine> damaged(const std::vector<test::PhoneLine>& lines, 
 
 // Each statement about the rest of a log must be one about the whole log too. Only layouts with times tell a
 // doubled line from one that was written twice.
-TEST(Trace, DamagedLogTellsNothingUntrue) {
+TEST(Trace, DamagedLogGivesNoWrongFacts) {
     const char* session =
         "open 0\ninspect 4 captag com.ambrix.device.capabilities.sensorWbRange\nrequest\nopen 0\npublish\n"
         "inspect 5 ctrltag com.ambrix.capture.metadata.iso stattag "
@@ -252,7 +252,7 @@ TEST(Trace, DamagedLogTellsNothingUntrue) {
 
 // Without a common clock or frame numbers, log and frames are shown one after the other. The clock of the
 // phone's start puts them in one order.
-TEST(Trace, LogAndFramesAreTiedByClockOrFrameNumber) {
+TEST(Trace, LogAndFramesAreMergedByClockOrFrameNumber) {
     const Recorded recorded(
         "open 0\nset iso=1600;qz-mmi-afc-mode=on\nrequest\nresult focusVcmValue=3\nset iso=50\nrequest\n");
     const std::string dump = test::dumpWith(
@@ -350,7 +350,7 @@ TEST_F(TraceTool, PrintsColumnsAndFiltersThem) {
     EXPECT_THAT(mErr, HasSubstr("no camera session found"));
 }
 
-TEST_F(TraceTool, StandardInputIsToldAsItComes) {
+TEST_F(TraceTool, StandardInputIsPrintedAsItArrives) {
     const Recorded recorded(builtInSession(), withMistypedIso());
     const std::string path = file("log", test::logText(recorded.lines, {}));
     EXPECT_EQ(toolWithInput({"trace", "-", "--json"}, path), kFine);

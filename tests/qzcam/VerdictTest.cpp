@@ -176,7 +176,7 @@ Device withCut(const std::string& name) {
     return device;
 }
 
-TEST(Verdict, HoldsValuesAgainstWhatTheDeviceOffers) {
+TEST(Verdict, ComparesValuesWithTheDevice) {
     const struct {
         const char* session;
         const char* key;

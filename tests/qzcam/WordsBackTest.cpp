@@ -50,7 +50,7 @@ std::vector<Parameter> companyOf(const qz::Parameter& row, const qz::KeyRow& key
 }
 
 // The returned parameters write the same entries again.
-TEST(WordsBack, GiveWhatWritesTheSameEntries) {
+TEST(WordsBack, GiveParametersOfTheSameEntries) {
     size_t given = 0;
     for (const qz::Parameter& row : qz::kParameters) {
         for (const qz::KeyRow& key : row.keys) {
@@ -72,7 +72,7 @@ TEST(WordsBack, GiveWhatWritesTheSameEntries) {
     EXPECT_GT(given, 250U);
 }
 
-TEST(WordsBack, NameEveryChoice) {
+TEST(WordsBack, ListEveryChoice) {
     const auto back = [](const std::vector<Parameter>& parameters, const std::string& tag) {
         return toText(wordsBackFor("com.ambrix.capture.metadata." + tag, entriesOf(parameters)));
     };
