@@ -33,7 +33,7 @@ class CameraQzSendCmd : public virtual android::RefBase {
     status_t commandGetFocusContrastValue();
 
     CCameraQzParam* mQzParam;    // not owned
-    int32_t mContrastCount = 0;  // rolling counter (-2 to 1) of the last contrast value handed out
+    int32_t mContrastCount = 0;  // rolling counter (-2 to 1) of the last contrast value that was returned
 };
 
 // Creates a command sender. Logs an error and returns null for a null translator. The translator must outlive

@@ -140,7 +140,8 @@ TEST(Check, Findings) {
     }
 }
 
-// A feature with two mistyped tags stands before one with one, and malformed entries come after them.
+// A feature with two mistyped tags comes before a feature with one. Malformed entries come after mistyped
+// tags.
 TEST(Check, SortsWorstFirst) {
     std::string text = capability("denoiseSupported", "byte[1]", "7");
     const auto change = [&](const std::string& tag, const std::string& with) {

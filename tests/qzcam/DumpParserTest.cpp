@@ -242,7 +242,7 @@ TEST(DumpParser, ReadsVendorBlocks) {
 TEST(DumpParser, ReportsBrokenPartsWithTheirLine) {
     const struct {
         std::string text;
-        const char* problem;  // part of a name
+        const char* problem;  // part of the message
     } kRows[] = {
         {"", "d: no camera in it"},
         {entry("      android.flash.info.available (50000): byte[1]\n        [TRUE \n"),

@@ -250,7 +250,7 @@ TEST_F(EvidenceTool, AStreamIsSummedUpOnCtrlCAndEndsWithItsReader) {
     }
 }
 
-// A dump is told when all of it is there, however slowly it comes.
+// A dump is read after its end, even if it arrives slowly.
 TEST_F(EvidenceTool, ADumpOnStandardInputIsReadToItsEnd) {
     const std::string dump = test::dumpOf(phone(14));
     const pid_t process = start({"trace", "-", "--key", "iso"});

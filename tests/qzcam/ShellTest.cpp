@@ -196,7 +196,7 @@ TEST_F(ShellTool, PlaysAScriptWithoutATerminal) {
         EXPECT_THAT(mOut, Not(HasSubstr("\033")));
         EXPECT_THAT(mErr, row.err.empty() ? HasSubstr("") : HasSubstr(row.err));
     }
-    // Questions about the shell's own device, about another input, and with the parameters as they are set.
+    // Commands for the shell's own device, for another input, and with the present parameters.
     const std::string running = file("running", test::dumpOf(test::samplePhone(11)));
     const std::vector<std::string> onIt{"--device", running};
     EXPECT_EQ(shell("show --array \"last request sent\"\n", onIt), kFine);

@@ -215,8 +215,8 @@ std::vector<test::PhoneLine> damaged(const std::vector<test::PhoneLine>& lines, 
     return log;
 }
 
-// Each statement about the rest of a log must be one about the whole log too. Only layouts with times tell a
-// doubled line from one that was written twice.
+// Every fact from a damaged log must also be a fact from the whole log. Only a layout with times
+// distinguishes a repeated line from a line that was written twice.
 TEST(Trace, DamagedLogGivesNoWrongFacts) {
     const char* session =
         "open 0\ninspect 4 captag com.ambrix.device.capabilities.sensorWbRange\nrequest\nopen 0\npublish\n"

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
-// Prints what a phone leaves, for the transcripts:
+// Prints dumps and logs of a phone for the transcripts:
 //   compose_phone dump PLATFORM                        a camera service's dump of 7 (7.1) to 14
-//   compose_phone log|watch|dump|bugreport SESSION     what is left of a session on the built-in device
+//   compose_phone log|watch|dump|bugreport SESSION     the log or the events of a session on the built-in
+//   device
 #include "device/Properties.h"
 #include "qzcam/BuiltIn.h"
 #include "session/Player.h"

@@ -66,7 +66,7 @@ class Shell {
     void hear(const Event& event);
     void complain(const Problems& problems);
 
-    std::string mDevice;  // the path of the command line
+    std::string mDevice;  // the path in the command line
     std::string mCamera;
     bool mAtTerminal;
     Printer mPrinter;

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// Standard input in pieces, as they come. While it lives, Ctrl-C ends the input instead of the program, and
-// so does a closed pipe behind standard output: what was told until then can be summed up.
+// Reads standard input in pieces, as they arrive. While this object exists, Ctrl-C ends the input instead of
+// the program, and so does a closed pipe at standard output. So the results can still be summed up.
 #pragma once
 
 #include <csignal>
@@ -20,13 +20,13 @@ class StreamedInput {
     // Waits a while for more.
     Came more();
 
-    // Waits for a beginning that tells what it is.
+    // Waits until the beginning shows the kind of the input.
     void begin();
 
-    // True for a dump, a bug report and what is packed: they make sense only as a whole.
+    // Returns true for a dump, a bug report and a packed file, which can be read only as a whole.
     bool isOneWhole() const;
 
-    // The text that has come and has not been taken yet.
+    // Returns the text that has arrived and has not been taken yet.
     std::string& text() { return mText; }
 
   private:

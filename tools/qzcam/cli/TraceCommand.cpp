@@ -234,7 +234,7 @@ class Stream {
     }
 
   private:
-    // An entry stands for itself here: others of its request may not have come yet.
+    // An entry is checked alone here, because others of its request may not have arrived yet.
     void tell(TraceItem item) {
         mCheck.learn(item);
         EntryTexts own;

@@ -13,7 +13,7 @@ namespace qzcam {
 struct TraceOptions {
     std::vector<std::string> inputs;
     TraceFilter filter;
-    std::string device;    // a dump that values are held against; empty: those among the inputs
+    std::string device;    // a dump whose device values are compared with; empty: those among the inputs
     std::string html;      // the file of a page; empty: none
     std::string perfetto;  // likewise
     bool json = false;

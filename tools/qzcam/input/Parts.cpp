@@ -230,7 +230,7 @@ void FrameCutter::service(std::string_view line) {
     beginBehind(Kind::Dump, mService);
 }
 
-// Finds the last line of the service, which must stand before the next service. Returns 0 if it is missing.
+// Finds the last line of the service, which must come before the next service. Returns 0 if it is missing.
 size_t FrameCutter::endOfService() const {
     const size_t start = mWalk.end();
     const std::string_view rest = mText.substr(start);

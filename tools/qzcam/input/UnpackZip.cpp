@@ -109,7 +109,7 @@ bool namesMainEntry(std::string_view name) {
 }
 
 // Ranks entries: the report itself first, then texts and packed files that may contain one, then all others.
-// A report that was packed again may lie beside a note: of equal ranks the larger entry is read.
+// If two entries have the same rank, the larger one is read: a small note may be packed with a report.
 int rankOf(const Entry& entry, std::string_view mainEntry) {
     constexpr std::array<std::string_view, 5> kTexts{".txt", ".log", ".dump", ".dumpsys", ""};
     constexpr std::array<std::string_view, 5> kSmall{"version.txt", "dumpstate_log.txt", "title.txt",

@@ -109,8 +109,8 @@ void InspectionReader::close(Thread& thread, bool beforeResult) {
     }
 }
 
-// Entries tell by themselves whether they are static ones or a request's. Where lines are missing, what is
-// left may be of two lists, so that each entry counts alone.
+// The tag of an entry shows whether it belongs to static info or to a request. If lines are missing, the
+// others may belong to two lists, so each entry is assigned separately.
 void InspectionReader::takeEntries(Thread& thread, Inspected inspected, Inspected::Of place) {
     std::map<Of, std::vector<std::pair<uint32_t, std::string>>> lists;
     for (const auto& tag : inspected.tags) {
@@ -251,7 +251,7 @@ bool InspectionReader::feedList(const LogLine& log, const LibraryLine& line, Thr
 bool InspectionReader::feed(const LogLine& log, const LibraryLine& line) {
     Thread& thread = mThreads[{log.pid, log.tid}];
     if (line.kind != LibraryLine::Kind::Inspection) {
-        close(thread);  // nothing stands between the lines of an inspection
+        close(thread);  // the lines of an inspection follow one another
         return false;
     }
     return feedOpener(log, line, thread) || feedResult(log, line, thread) || feedChosen(log, line, thread) ||

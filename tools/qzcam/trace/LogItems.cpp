@@ -74,7 +74,7 @@ const char* listTitle(const Inspected& inspected) {
                                                   : "entries of a request or static info, unknown which";
 }
 
-// Every camera has these static entries. In a log that is out of order, a number may stand before entries of
+// Every camera has these static entries. In a log that is out of order, a number may come before entries of
 // another list.
 bool hasWhatEachCameraHas(const Inspected& inspected) {
     const auto has = [&](const char* name) {

@@ -83,7 +83,7 @@ std::vector<TraceItem> logItems(std::vector<Evidence::Log>& log, std::vector<std
     LogItems reader([&items](TraceItem item) { items.push_back(std::move(item)); });
     for (const Evidence::Log& each : log) reader.feed(each.line, each.input);
     reader.end();
-    // A fact of several lines is whole behind those of other threads.
+    // A fact of several lines is complete only after facts of other threads.
     const bool allTimes = std::all_of(items.begin(), items.end(), [](const TraceItem& item) {
         return item.time.kind != LogTime::Kind::None;
     });
@@ -134,7 +134,7 @@ void joinMessages(std::vector<TraceItem>& log, std::vector<TraceItem>& derived) 
     derived = std::move(left);
 }
 
-// Moves messages behind the entries of their result.
+// Moves messages after the entries of their result.
 void insertMessages(std::vector<TraceItem>& items, const std::vector<TraceItem>& messages) {
     items.insert(items.end(), messages.begin(), messages.end());
     std::stable_sort(items.begin(), items.end(), [](const TraceItem& a, const TraceItem& b) {

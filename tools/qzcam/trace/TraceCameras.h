@@ -19,14 +19,14 @@ namespace qzcam {
 
 struct TraceCamera {
     size_t input = 0;
-    std::string id;  // stands for the dump that the user chose as the device
+    std::string id;  // "0"
     Device device;
     TagNames names;
 };
 
 class TraceCameras {
   public:
-    static constexpr size_t kChosen = SIZE_MAX;  // the input of a dump that the user chose for the device
+    static constexpr size_t kChosen = SIZE_MAX;  // stands for the dump that the user chose as the device
 
     TraceCameras() = default;
     TraceCameras(const TraceCameras&) = delete;

@@ -22,7 +22,7 @@ class Offers {
     // camera.
     Offers(const Device& device, const android::CameraMetadata& characteristics);
 
-    // Offers of published keys alone, as a log tells them. `nothing` is a device without anything.
+    // Uses only published keys, which a log contains. `nothing` is an empty device.
     Offers(const Device& nothing, const Texts& published);
 
     // Returns everything that the device offers for the key. `parameters`: those that are set; one of them
