@@ -13,6 +13,7 @@ void ParameterTable::addTo(const TraceItem& item, const std::vector<std::string>
         Row& row = mRows[key];
         (row.*count).times += item.times;
         (row.*count).lines.push_back(item.line);
+        (row.*count).inputs.push_back(item.input);
         if (count != &Row::refused) continue;
         if (item.status) row.statuses.insert(*item.status);
         if (!item.declared.empty()) row.declared.insert(item.declared);

@@ -18,6 +18,7 @@ class ParameterTable {
     struct Count {
         size_t times = 0;
         std::vector<size_t> lines;
+        std::vector<size_t> inputs;  // number of the input of each line
     };
     struct Row {
         Count set;      // set by an application

@@ -6,6 +6,7 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <cstdint>
 #include <string_view>
 #include <utility>
 
@@ -142,16 +143,24 @@ std::string refusedText(const ParameterTable::Row& row) {
     return why.empty() ? text : text + " (" + why + ")";
 }
 
-std::string linesText(const ParameterTable::Row& row) {
-    std::set<size_t> lines;
+// "4, 9", or with several inputs "phone.log:4, 9; running.dumpsys:27".
+std::string linesText(const ParameterTable::Row& row, const std::vector<std::string>& inputs) {
+    std::set<std::pair<size_t, size_t>> places;  // input and line
     for (const auto* count : {&row.set, &row.written, &row.told, &row.refused, &row.undeclared, &row.gated,
-                              &row.notOffered, &row.overflows})
-        lines.insert(count->lines.begin(), count->lines.end());
+                              &row.notOffered, &row.overflows}) {
+        for (size_t i = 0; i < count->lines.size(); ++i) places.emplace(count->inputs[i], count->lines[i]);
+    }
     std::string text;
     size_t shown = 0;
-    for (const size_t line : lines) {
-        if (shown++ == kMostLines) return text + fmt::format(" and {} more", lines.size() - kMostLines);
-        text += (text.empty() ? "" : ", ") + fmt::to_string(line);
+    size_t last = SIZE_MAX;
+    for (const auto& [input, line] : places) {
+        if (shown++ == kMostLines) return text + fmt::format(" and {} more", places.size() - kMostLines);
+        const bool isNamed = inputs.size() > 1 && input != last;
+        const std::string separator = shown == 1 ? "" : isNamed ? "; " : ", ";
+        const std::string name =
+            isNamed ? inputs[input].substr(inputs[input].find_last_of('/') + 1) + ":" : "";
+        text += separator + name + fmt::to_string(line);
+        last = input;
     }
     return text;
 }
@@ -198,7 +207,7 @@ class TraceText : public TraceOutput {
         for (const auto& [key, row] : table.rows()) {
             line(key, countText(row.set), countText(row.written), countText(row.told),
                  countText(row.undeclared), countText(row.gated), countText(row.notOffered),
-                 countText(row.overflows), refusedText(row), linesText(row));
+                 countText(row.overflows), refusedText(row), linesText(row, mInputs));
         }
         if (!isPart) list("never seen:", table.neverSeen());
     }
