@@ -228,6 +228,14 @@ bool Contents::hasFaults() const {
                        [](const Report& report) { return !report.faults.empty(); });
 }
 
+std::string kindOf(const Contents& contents) {
+    if (isReport(contents.parts)) return contents.header.empty() ? "a dump of services" : "a bugreport";
+    if (!contents.reports.empty()) return "a dump of the camera service";
+    if (contents.log.lines > 0) return "a log";
+    if (!contents.properties.empty()) return "properties";
+    return contents.parameters.empty() ? "a text" : "parameters";
+}
+
 Contents readContents(const InputText& input) {
     Contents contents;
     contents.input = input;

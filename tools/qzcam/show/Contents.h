@@ -81,6 +81,9 @@ struct Contents {
 
 Contents readContents(const InputText& input);
 
+// Returns the name of an input's kind: "a bugreport", "a dump of the camera service".
+std::string kindOf(const Contents& contents);
+
 // Returns the arrays of all dumps whose names begin with `name`, in upper or lower case; an empty `camera`
 // means all cameras.
 std::vector<const MetadataArray*> arraysNamed(const Contents& contents, const std::string& name,

@@ -93,11 +93,12 @@ void addReport(Json& json, const Report& report, const ShowView& view) {
         if (shows(camera.id)) json["cameras"].push_back(cameraJson(camera));
     for (const ApiDevice& device : report.apiMap)
         json["open"].push_back({{"number", device.number}, {"camera", device.id}, {"line", device.line}});
-    for (const Provider& each : report.providers)
+    for (const Provider& each : report.providers) {
         json["providers"].push_back({{"name", each.name},
                                      {"version", each.version},
                                      {"announced", orNull(each.announced)},
                                      {"line", each.line}});
+    }
     for (const VendorBlock& block : report.vendorBlocks)
         json["vendorBlocks"].push_back(blockJson(block, view.verbose));
     for (const MetadataArray& array : report.arrays)
@@ -118,9 +119,10 @@ Json parametersJson(const ParameterList& list, bool verbose) {
               {"cut", list.cut}};
     if (!verbose) return json;
     json["parameters"] = Json::array();
-    for (const ListedParameter& each : list.parameters)
+    for (const ListedParameter& each : list.parameters) {
         json["parameters"].push_back(
             {{"line", each.line}, {"key", each.key}, {"value", each.value}, {"cut", each.cut}});
+    }
     return json;
 }
 
@@ -169,12 +171,13 @@ std::string contentsJson(const Contents& contents, const ShowView& view) {
     for (const Report& report : contents.reports) addReport(json, report, view);
     for (const ParameterList& list : contents.parameters)
         json["parameters"].push_back(parametersJson(list, view.verbose));
-    for (const FoundMonitor& each : contents.monitors)
+    for (const FoundMonitor& each : contents.monitors) {
         json["monitors"].push_back({{"camera", each.camera},
                                     {"line", each.line},
                                     {"requests", each.requests},
                                     {"results", each.results},
                                     {"previousSession", each.previousSession}});
+    }
     json["properties"] = {{"count", contents.properties.size()}, {"values", Json::object()}};
     for (const auto& [name, value] : contents.properties) json["properties"]["values"][name] = value;
     json["log"] = logJson(contents.log);

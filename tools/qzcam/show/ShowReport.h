@@ -27,7 +27,4 @@ std::string arraysJson(const Contents& contents, const std::vector<const Metadat
 std::string foundText(const std::vector<FoundLine>& lines, const std::string& text);
 std::string foundJson(const Contents& contents, const std::vector<FoundLine>& lines, const std::string& text);
 
-// Returns the name of an input's kind: "a bugreport", "a dump of the camera service".
-std::string kindOf(const Contents& contents);
-
 }  // namespace qzcam

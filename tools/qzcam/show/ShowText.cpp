@@ -97,10 +97,11 @@ void Text::addCameras() {
                             fmt::format("line {}", camera.line)});
         }
         for (const ApiDevice& device : report.apiMap) {
-            if (shows(device.id))
+            if (shows(device.id)) {
                 numbers.push_back({fmt::format("open {}", device.number),
                                    fmt::format("opens camera {}", visible(device.id)),
                                    fmt::format("line {}", device.line)});
+            }
         }
     }
     if (rows.empty()) return;
@@ -164,10 +165,11 @@ void Text::addArrays() {
 void Text::addMonitors() {
     std::vector<Row> rows;
     for (const FoundMonitor& each : mContents.monitors) {
-        if (shows(each.camera))
+        if (shows(each.camera)) {
             rows.push_back({"camera " + visible(each.camera), counted(each.requests, "request event"),
                             counted(each.results, "result event"), fmt::format("line {}", each.line),
                             each.previousSession ? "previous session" : ""});
+        }
     }
     if (rows.empty()) return;
     heading(counted(rows.size(), "tag monitor"));
@@ -175,9 +177,10 @@ void Text::addMonitors() {
 }
 
 void Text::addParameters(std::vector<Row>& rows, const ParameterList& list) {
-    for (const ListedParameter& each : list.parameters)
+    for (const ListedParameter& each : list.parameters) {
         rows.push_back({"", fmt::format("{}={}", visible(each.key), cut(each.value, kLongestLine)),
                         fmt::format("line {}", each.line), each.cut ? "cut" : ""});
+    }
 }
 
 // A log may have the parameters of an application a hundred times. Of consecutive sets from the same place
@@ -242,9 +245,10 @@ void Text::addLog() {
         }
     }
     mText += table(rows);
-    if (rest > 0)
+    if (rest > 0) {
         mText += fmt::format("  and {} of {}; --verbose lists them\n", counted(rest, "line"),
                              counted(log.tags.size() - rows.size(), "other tag"));
+    }
 }
 
 // "3 CONNECT, 2 DISCONNECT": an event is "03-05 10:11:12 : CONNECT device 0 ...".
@@ -333,14 +337,6 @@ void Text::addLeft() {
 }
 
 }  // namespace
-
-std::string kindOf(const Contents& contents) {
-    if (isReport(contents.parts)) return contents.header.empty() ? "a dump of services" : "a bugreport";
-    if (!contents.reports.empty()) return "a dump of the camera service";
-    if (contents.log.lines > 0) return "a log";
-    if (!contents.properties.empty()) return "properties";
-    return contents.parameters.empty() ? "a text" : "parameters";
-}
 
 std::string contentsText(const Contents& contents, const ShowView& view) {
     return Text(contents, view).whole();

@@ -22,9 +22,10 @@ void ParameterTable::addTo(const TraceItem& item, const std::vector<std::string>
 
 void ParameterTable::add(const TraceItem& item) {
     using Kind = TraceItem::Kind;
-    for (const VerdictRow& verdict : item.verdicts)
+    for (const VerdictRow& verdict : item.verdicts) {
         addTo(item, {verdict.key},
               verdict.verdict == Verdict::Overflows ? &Row::overflows : &Row::notOffered);
+    }
     const bool isRequest = item.side == TraceItem::Side::Request;
     switch (item.kind) {
         case Kind::Entry:
