@@ -90,7 +90,9 @@ Json jsonOf(const TraceItem& item) {
     return json;
 }
 
-Json jsonOf(const ParameterTable::Count& count) { return {{"times", count.times}, {"lines", count.lines}, {"inputs", count.inputs}}; }
+Json jsonOf(const ParameterTable::Count& count) {
+    return {{"times", count.times}, {"lines", count.lines}, {"inputs", count.inputs}};
+}
 
 class TraceJson : public TraceOutput {
   public:
