@@ -43,9 +43,12 @@ void encodings(std::string_view bytes) {
     Memory text = decoded(memoryOf(bytes), encoding);
     const size_t lines = linesOf(text.view());
     require(lines == linesOf(bytes, encoding), "decoding adds and removes no line");
+    // Lines may end with CR alone.
+    const auto returns = static_cast<size_t>(std::count(text.view().begin(), text.view().end(), '\r'));
+    const size_t normalLines = lines == 0 ? returns : lines;
     for (const TextKind kind : {TextKind::Session, TextKind::Report}) {
         normalise(text, kind);
-        require(linesOf(text.view()) == lines, "and neither does normalising");
+        require(linesOf(text.view()) == normalLines, "normalising adds and removes no line");
         Memory again = memoryOf(text.view());
         require(normalise(again, kind).empty() && again.view() == text.view(), "what is normalised stays");
     }
