@@ -201,9 +201,10 @@ class TraceText : public TraceOutput {
         const auto line = [&](const std::string& key, const auto&... cells) {
             print(fmt::format("{:<{}}", key, widest) + fmt::format(kTableRow, refused, cells...));
         };
-        if (!table.rows().empty())
+        if (!table.rows().empty()) {
             line("", "set", "written", "logged", "undeclared", "gated", "not offered", "overflows", "refused",
                  "lines");
+        }
         for (const auto& [key, row] : table.rows()) {
             line(key, countText(row.set), countText(row.written), countText(row.told),
                  countText(row.undeclared), countText(row.gated), countText(row.notOffered),

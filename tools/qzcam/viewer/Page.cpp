@@ -116,7 +116,7 @@ std::string htmlPage(std::string_view title, const std::vector<PageData>& data) 
     page += "<noscript>This page is drawn by its script, which is switched off here.</noscript>\n";
     page += "<div id=\"page\"></div>\n";
     for (const PageData& each : data) {
-        page.append("<script type=\"application/json\" data-name=\"").append(each.name).append("\">\n");
+        page.append(R"(<script type="application/json" data-name=")").append(each.name).append("\">\n");
         page += inScript(each.json) + "</script>\n";
     }
     page.append("<script>\n'use strict';\n(() => {\n")
