@@ -163,7 +163,7 @@ void Recorder::writeStreams(const Evidence& evidence) {
     const ReportedCamera* camera = findCamera(mInput.report, mInput.device.camera);
     for (const MonitorStream& stream : evidence.streams) {
         const bool isKnown = camera != nullptr && !stream.place.camera.empty();
-        if (isKnown && stream.place.camera != camera->id) continue;  // of another camera
+        if (isKnown && stream.place.camera != camera->id) continue;  // events of another camera
         std::map<int64_t, Frame> frames;
         std::vector<const MonitorEvent*> events;
         for (const MonitorEvent& event : stream.events) events.push_back(&event);
