@@ -29,7 +29,17 @@ std::string otherCamerasText(const Device& device) {
     return fmt::format("  other cameras: {}; --camera chooses one\n", fmt::join(device.otherCameras, ", "));
 }
 
+// A dump that ends before its tags and entries says nothing about the device.
+bool isEmpty(const Device& device) {
+    return !device.hasVendorSection && device.vendorTags.empty() && device.entries.empty();
+}
+
 ExitStatus checkOne(const CheckOptions& options, const DeviceInput& input) {
+    if (isEmpty(input.device)) {
+        complain(fmt::format("{}: nothing to check: expected vendor tags, or static entries of camera {}",
+                             input.device.file, input.device.camera));
+        return kBadInput;
+    }
     const DeviceCheck result = checkDevice(input.device);
     const bool colour = wantsColour(stdout);
     std::string text;

@@ -30,6 +30,8 @@ void refuseEmpty(CLI::App& app) {
 }
 
 std::string noCommand(const CLI::App& app, const std::string& word) {
+    if (word == "help")
+        return "no command 'help': 'qzcam --help' lists the commands, 'qzcam COMMAND --help' explains one";
     std::vector<std::string> commands;
     for (const CLI::App* command : app.get_subcommands([](const CLI::App*) { return true; }))
         commands.push_back(command->get_name());

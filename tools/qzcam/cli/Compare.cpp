@@ -34,10 +34,11 @@ std::vector<std::string> namesOf(const std::vector<const MetadataArray*>& arrays
 
 const MetadataArray* choose(const std::vector<const MetadataArray*>& arrays, const CompareOptions& options) {
     if (arrays.empty()) {
-        complain(
-            fmt::format("{}: no request or result of an open camera in it: expected the output of "
-                        "'dumpsys media.camera' while the application runs",
-                        inputName(options.input)));
+        complain(fmt::format(
+            "{}: no request or result of an open camera in it: expected the output of "
+            "'dumpsys media.camera' while the application runs. 'qzcam trace' and 'qzcam record' also "
+            "read logs and events of the tag monitor",
+            inputName(options.input)));
         return nullptr;
     }
     if (options.array.empty()) return arrays.front();

@@ -114,6 +114,7 @@ void addDiff(CLI::App& app, Action& action) {
     app.footer(
         "For two devices: vendor tags and their types, static entries, published parameters, and the requests\n"
         "of a session on each. For two sessions: the parameters at their ends, and the requests one by one.\n"
+        "To compare what two phones sent, write a session of each with 'qzcam record', and compare the sessions.\n"
         "Expectations are ignored, and so are tags that the device does not declare. Only differences are\n"
         "shown; '-' means absent.\n"
         "\nExit status: 0 no difference, 1 a difference, 2 wrong usage, 3 a bad input file.");

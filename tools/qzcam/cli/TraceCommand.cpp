@@ -6,6 +6,7 @@
 #include "base/WriteAll.h"
 #include "cli/DeviceInput.h"
 #include "cli/StreamedInput.h"
+#include "facts/Lookup.h"
 #include "input/Input.h"
 #include "trace/LogItems.h"
 #include "trace/Timeline.h"
@@ -13,14 +14,18 @@
 #include "trace/TracePerfetto.h"
 #include "trace/ValueCheck.h"
 #include "verdict/CamerasReport.h"
+#include "verdict/Explanation.h"
 #include "viewer/Page.h"
 #include "viewer/Sensors.h"
 
 #include <fmt/format.h>
 
+#include <algorithm>
+#include <cstdint>
 #include <cstdio>
 #include <memory>
 #include <optional>
+#include <set>
 #include <string>
 #include <utility>
 #include <vector>
@@ -41,6 +46,33 @@ std::vector<PageData> pageData(const TraceCameras& cameras) {
     if (checked.empty()) return {sensors.data()};
     return {sensors.data(), {"cameras", camerasJson(checked)}, rowData()};
 }
+
+// The cameras, frames and processes of facts, for a message about filters that select none of them.
+class Seen {
+  public:
+    void add(const TraceItem& item) {
+        if (!item.camera.empty()) mCameras.insert(visible(item.camera));
+        if (item.pid >= 0) mProcesses.insert(item.pid);
+        if (!item.frame) return;
+        mFirst = std::min(mFirst.value_or(*item.frame), *item.frame);
+        mLast = std::max(mLast.value_or(*item.frame), *item.frame);
+    }
+
+    std::string text() const {
+        std::vector<std::string> parts;
+        if (!mCameras.empty()) parts.push_back(fmt::format("camera {}", fmt::join(mCameras, ", ")));
+        if (mFirst) parts.push_back(fmt::format("frames {} to {}", *mFirst, *mLast));
+        if (!mProcesses.empty()) parts.push_back(fmt::format("process {}", fmt::join(mProcesses, ", ")));
+        return parts.empty() ? "no camera, frame or process number"
+                             : fmt::format("{}", fmt::join(parts, "; "));
+    }
+
+  private:
+    std::set<std::string> mCameras;
+    std::set<int> mProcesses;
+    std::optional<int64_t> mFirst;
+    std::optional<int64_t> mLast;
+};
 
 // Passes the facts that the filter selects to the output and to the table.
 class TraceReport {
@@ -76,13 +108,18 @@ class TraceReport {
 
     void item(TraceItem item) {
         ++mItems;
-        if (!mOptions.filter.shows(item)) return;
+        if (!mOptions.filter.shows(item)) {
+            mSeen.add(item);
+            return;
+        }
+        ++mShown;
         mOptions.filter.reduce(item);
         tell([&](TraceOutput& output) { output.item(item); });
         mTable.add(item);
     }
 
     void end() {
+        if (mShown == 0 && mItems > 0) complain(nothingShown());
         if (!mOptions.filter.key.empty()) mTable.keepOnly(mOptions.filter.key);
         tell([&](TraceOutput& output) { output.table(mTable, !mOptions.filter.isEmpty()); });
         mPageData.push_back({"trace", std::move(mPageText)});
@@ -102,6 +139,14 @@ class TraceReport {
     ExitStatus status() const { return mFailed ? kBadInput : kFine; }
 
   private:
+    std::string nothingShown() const {
+        const std::string& key = mOptions.filter.key;
+        const bool isUnread = !key.empty() && readKeys().count(key) == 0;
+        return fmt::format(
+            "qzcam: the filters match nothing: the input has {}{}", mSeen.text(),
+            isUnread ? fmt::format("; no setter reads {}{}", excerpt(key), whyUnread(key)) : "");
+    }
+
     static WriteLine writer(std::string& text) {
         return [&text](const std::string& line) { text += line + "\n"; };
     }
@@ -122,7 +167,9 @@ class TraceReport {
     std::unique_ptr<TracePerfetto> mPerfetto;
     ParameterTable mTable;
     std::vector<PageData> mPageData;
+    Seen mSeen;
     size_t mItems = 0;
+    size_t mShown = 0;
     bool mFailed = false;
 };
 

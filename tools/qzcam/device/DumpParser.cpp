@@ -92,9 +92,9 @@ void DeviceBuilder::addVendorTags() {
     giveNumbers();
     mDevice.hasVendorTags = !mDevice.vendorTags.empty();
     if (isInferred) {
-        mDevice.notes.push_back(
-            fmt::format("no vendor tag section in this text: {} known from entries, others not",
-                        counted(inferred.size(), "vendor tag")));
+        mDevice.notes.push_back(fmt::format(
+            "no vendor tag section in this text: {} known from entries; the device may declare others",
+            counted(inferred.size(), "vendor tag")));
     }
 }
 

@@ -213,6 +213,23 @@ void tellAboutMain(const Listing& listing, const Entry& chosen, Content& content
                                        excerpt(listing.mainEntry), excerpt(chosen.name)));
 }
 
+// Names the other reports and texts of the zip. The zip of 'adb bugreport' has many files beside its report,
+// which nobody expects to be read.
+void tellAboutOthers(const Listing& listing, const Entry& chosen, Content& content) {
+    const int least = std::clamp(rankOf(chosen, listing.mainEntry), 3, 5);
+    std::vector<std::string> names;
+    for (const Entry& entry : listing.entries) {
+        const bool isOther = entry.name != chosen.name && entry.size > 0;
+        if (isOther && rankOf(entry, listing.mainEntry) >= least) names.push_back(excerpt(entry.name));
+    }
+    if (names.empty()) return;
+    constexpr size_t kMost = 5;
+    const size_t more = names.size() - std::min(names.size(), kMost);
+    names.resize(names.size() - more);
+    content.cuts.push_back(fmt::format("also in the zip, and not used: {}{}", fmt::join(names, ", "),
+                                       more == 0 ? "" : fmt::format(" and {} more", more)));
+}
+
 }  // namespace
 
 std::string unpackZip(Content& content, const UnpackLimits& limits) {
@@ -230,6 +247,7 @@ std::string unpackZip(Content& content, const UnpackLimits& limits) {
     const Entry* const chosen = listing.wrong.empty() ? chosenOf(listing) : nullptr;
     if (!chosen) return nothingIn(listing);
     tellAboutMain(listing, *chosen, content);
+    tellAboutOthers(listing, *chosen, content);
     content.name += ": " + visible(chosen->name);
     std::string wrong = extract(packed.view(), hasDirectory, *chosen, content, limits);
     if (wrong.empty() || !hasDirectory || content.bytes.size() > 0) return wrong;

@@ -53,8 +53,12 @@ std::string withWords(const Writer& writer, int32_t number, uint8_t type) {
         if (written == number)
             words += fmt::format("{}{}={}", words.empty() ? "" : " or ", writer.key->name, word.text);
     }
-    if (words.empty()) return fmt::format("{}, no word of which is {}", writer.key->name, number);
-    return words;
+    if (!words.empty()) return words;
+    const int unknown = writer.row->conversion.vocabulary->whenUnknown;
+    const bool isFallback = number == (type == TYPE_BYTE ? static_cast<uint8_t>(unknown) : unknown);
+    return fmt::format(
+        isFallback ? "{}: {} stands for a text that is not one of its words" : "{}: no word gives {}",
+        writer.key->name, number);
 }
 
 std::string causeBy(const Writer& writer, const std::optional<Values>& values) {
