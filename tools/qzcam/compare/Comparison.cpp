@@ -7,13 +7,11 @@
 #include "verdict/WordsBack.h"
 
 #include <fmt/format.h>
-#include <request/Parameters.h>
 
 #include <algorithm>
 #include <array>
 #include <cmath>
 #include <cstring>
-#include <set>
 
 namespace qzcam {
 
@@ -24,32 +22,6 @@ using Kind = ComparedEntry::Kind;
 constexpr std::array<Place, 7> kPlaces{Place::LastRequest,      Place::CaptureRequest, Place::PreviewRequest,
                                        Place::RecordingRequest, Place::ZslRequest,     Place::LatestFrame,
                                        Place::CapturedFrame};
-
-const std::set<std::string>& writtenTags() {
-    static const std::set<std::string> tags = [] {
-        std::set<std::string> all;
-        for (const qz::Parameter& row : qz::kParameters) {
-            for (const qz::EntryRow& entry : row.entries) all.insert(entry.tag);
-        }
-        return all;
-    }();
-    return tags;
-}
-
-// Returns the keys whose values go into the entry.
-std::vector<std::string> keysOf(const std::string& tag) {
-    std::vector<std::string> keys;
-    for (const qz::Parameter& row : qz::kParameters) {
-        for (size_t i = 0; i < row.entries.count; ++i) {
-            if (tag != row.entries[i].tag) continue;
-            for (const qz::KeyRow& key : row.keys) {
-                const bool isNew = std::find(keys.begin(), keys.end(), key.name) == keys.end();
-                if (isNew && ownsEntry(row, key, i)) keys.emplace_back(key.name);
-            }
-        }
-    }
-    return keys;
-}
 
 // Compares with eight decimals, as in a dump.
 template <typename T>
@@ -143,7 +115,7 @@ void Comparer::addThere(std::vector<ComparedEntry>& rows) const {
         row.there = toText(*there.entry, there.values);
         row.thereValues = there.values.values;
         row.cut = there.values.cut;
-        row.isLibrarys = writtenTags().count(there.tag) != 0;
+        row.isLibrarys = !rowsWriting(there.tag).empty();
         row.kind = Kind::OnlyThere;
         if (const EntryRow* here = hereOf(there.tag)) {
             row.kind = sameValues(there.values, here->values) ? Kind::Same : Kind::Different;
@@ -171,7 +143,7 @@ void Comparer::addHere(std::vector<ComparedEntry>& rows) const {
 
 // Returns the first verdict about the parameters of the entry that is not "written".
 std::string Comparer::fateOf(const std::string& tag) const {
-    for (const std::string& key : keysOf(tag)) {
+    for (const std::string& key : keysWriting(tag)) {
         const VerdictRow* verdict = verdictOn(key);
         if (verdict == nullptr || verdict->verdict == Verdict::Written) continue;
         return fmt::format("{}={}: {}{}{}", key, verdict->value, verdictMeaning(verdict->verdict),
@@ -185,14 +157,15 @@ std::string Comparer::whyOnlyThere(const ComparedEntry& row) const {
     if (std::string fate = fateOf(row.tag); !fate.empty()) return fate;
     const std::string back = toText(wordsBackFor(row.tag, mTexts));
     if (!back.empty()) return back + " there, not set here";
-    const auto keys = keysOf(row.tag);
+    const auto keys = keysWriting(row.tag);
     if (keys.empty()) return "written under conditions that are not met here";
     return fmt::format("{} not set here", fmt::join(keys, ", "));
 }
 
 std::string Comparer::whyOnlyHere(const ComparedEntry& row) const {
     if (!row.parameters.empty()) return "not set there, or refused there";
-    return keysOf(row.tag).empty() ? "not in the result there" : "written on every request of the library";
+    return keysWriting(row.tag).empty() ? "not in the result there"
+                                        : "written on every request of the library";
 }
 
 std::string Comparer::reasonOf(const ComparedEntry& row) const {

@@ -36,6 +36,30 @@ bool ownsEntry(const qz::Parameter& row, const qz::KeyRow& key, size_t index) {
     return own.size() != row.entries.count || own[index] == &key;
 }
 
+std::vector<const qz::Parameter*> rowsWriting(std::string_view tag) {
+    std::vector<const qz::Parameter*> rows;
+    for (const qz::Parameter& row : qz::kParameters) {
+        if (std::any_of(row.entries.begin(), row.entries.end(),
+                        [&](const qz::EntryRow& entry) { return tag == entry.tag; }))
+            rows.push_back(&row);
+    }
+    return rows;
+}
+
+std::vector<std::string> keysWriting(std::string_view tag) {
+    std::vector<std::string> keys;
+    for (const qz::Parameter* row : rowsWriting(tag)) {
+        for (size_t i = 0; i < row->entries.count; ++i) {
+            if (tag != row->entries[i].tag) continue;
+            for (const qz::KeyRow& key : row->keys) {
+                const bool isNew = std::find(keys.begin(), keys.end(), key.name) == keys.end();
+                if (isNew && ownsEntry(*row, key, i)) keys.emplace_back(key.name);
+            }
+        }
+    }
+    return keys;
+}
+
 const qz::CapabilityRow* findPublisher(std::string_view key) {
     for (const qz::CapabilityRow& row : qz::kCapabilities) {
         for (const qz::Publication& publication : row.publishes) {

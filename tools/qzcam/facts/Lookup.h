@@ -22,6 +22,10 @@ const qz::KeyRow* keyIn(const qz::Parameter& row, const std::string& key);
 // Returns true if the key's value goes into entry `index` of the row.
 bool ownsEntry(const qz::Parameter& row, const qz::KeyRow& key, size_t index);
 
+// Return the rows that write the tag, and the keys whose values go into its entry.
+std::vector<const qz::Parameter*> rowsWriting(std::string_view tag);
+std::vector<std::string> keysWriting(std::string_view tag);
+
 // Returns null for a key that no getter publishes.
 const qz::CapabilityRow* findPublisher(std::string_view key);
 

@@ -5,22 +5,13 @@
 #include "facts/Tags.h"
 #include "session/Player.h"
 
-#include <request/Parameters.h>
-
 #include <algorithm>
 #include <set>
 #include <utility>
 
 namespace qzcam {
 
-bool isWritten(const std::string& tag) {
-    for (const qz::Parameter& row : qz::kParameters) {
-        for (const qz::EntryRow& entry : row.entries) {
-            if (tag == entry.tag) return true;
-        }
-    }
-    return false;
-}
+bool isWritten(const std::string& tag) { return !rowsWriting(tag).empty(); }
 
 bool isRead(const std::string& tag) {
     return std::any_of(tagFacts().begin(), tagFacts().end(),
@@ -34,10 +25,8 @@ Origin originOf(const std::string& tag, const EntryTexts& entries) {
     std::set<const qz::Parameter*> rows;
     for (const Candidate& each : origin.choices) {
         keys.insert(each.key);
-        for (const qz::Parameter& row : qz::kParameters) {
-            const auto has = [&](const qz::EntryRow& entry) { return tag == entry.tag; };
-            if (keyIn(row, each.key) != nullptr && std::any_of(row.entries.begin(), row.entries.end(), has))
-                rows.insert(&row);
+        for (const qz::Parameter* row : rowsWriting(tag)) {
+            if (keyIn(*row, each.key) != nullptr) rows.insert(row);
         }
     }
     const bool isCertain = keys.size() == origin.choices.size() && rows.size() == 1;

@@ -2,6 +2,7 @@
 #include "trace/ArrayItems.h"
 
 #include "base/Text.h"
+#include "facts/Lookup.h"
 #include "facts/Tags.h"
 #include "trace/Causes.h"
 

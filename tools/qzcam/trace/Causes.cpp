@@ -25,11 +25,11 @@ struct Writer {
 
 std::vector<Writer> writersOf(const std::string& tag) {
     std::vector<Writer> writers;
-    for (const qz::Parameter& row : qz::kParameters) {
-        for (size_t i = 0; i < row.entries.count; ++i) {
-            if (tag != row.entries[i].tag) continue;
-            for (const qz::KeyRow& key : row.keys) {
-                if (ownsEntry(row, key, i)) writers.push_back({&row, &key});
+    for (const qz::Parameter* row : rowsWriting(tag)) {
+        for (size_t i = 0; i < row->entries.count; ++i) {
+            if (tag != row->entries[i].tag) continue;
+            for (const qz::KeyRow& key : row->keys) {
+                if (ownsEntry(*row, key, i)) writers.push_back({row, &key});
             }
         }
     }
@@ -73,15 +73,6 @@ std::string causeBy(const Writer& writer, const std::optional<Values>& values) {
 }
 
 }  // namespace
-
-std::vector<std::string> keysWriting(const std::string& tag) {
-    std::vector<std::string> keys;
-    for (const Writer& writer : writersOf(tag)) {
-        if (std::find(keys.begin(), keys.end(), writer.key->name) == keys.end())
-            keys.emplace_back(writer.key->name);
-    }
-    return keys;
-}
 
 std::string causeOf(const std::string& tag, const std::optional<Values>& values) {
     std::string text;

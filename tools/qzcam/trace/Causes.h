@@ -12,9 +12,6 @@
 
 namespace qzcam {
 
-// Returns the parameters that write the entry.
-std::vector<std::string> keysWriting(const std::string& tag);
-
 // Returns "iso=1600", or "qz-iris=on or qz-lens=on" if several words or parameters give the value. Returns
 // only the keys if the value does not show the words.
 std::string causeOf(const std::string& tag, const std::optional<Values>& values);

@@ -2,6 +2,7 @@
 #include "trace/LogItems.h"
 
 #include "base/Text.h"
+#include "facts/Lookup.h"
 #include "facts/Tags.h"
 #include "log/Statements.h"
 #include "trace/Causes.h"

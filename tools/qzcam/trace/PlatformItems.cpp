@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 // Makes facts from the platform's lines, and finds tags that the device does not declare.
+#include "facts/Lookup.h"
 #include "facts/Tags.h"
 #include "trace/Causes.h"
 #include "trace/LogItems.h"

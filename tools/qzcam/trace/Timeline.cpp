@@ -2,6 +2,7 @@
 #include "trace/Timeline.h"
 
 #include "base/Text.h"
+#include "facts/Lookup.h"
 #include "trace/Causes.h"
 #include "trace/Derived.h"
 #include "trace/LogItems.h"

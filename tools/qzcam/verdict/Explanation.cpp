@@ -68,16 +68,6 @@ std::vector<std::string> conditionsOf(const std::vector<const Row*>& rows, const
     return lines;
 }
 
-std::vector<std::string> keysThatWrite(const std::string& tag) {
-    std::vector<std::string> keys;
-    for (const Row& row : qz::kParameters) {
-        const auto isTag = [&](const qz::EntryRow& entry) { return tag == entry.tag; };
-        if (std::none_of(row.entries.begin(), row.entries.end(), isTag)) continue;
-        for (const qz::KeyRow& key : row.keys) addLine(keys, key.name);
-    }
-    return keys;
-}
-
 }  // namespace
 
 std::string whyUnread(const std::string& key) {
@@ -86,7 +76,7 @@ std::string whyUnread(const std::string& key) {
     const std::string note = noteOnHostKey(key);
     if (!note.empty()) return "; " + note;
     if (key.find('=') != std::string::npos) return "; a value goes into --params KEY=VALUE";
-    const auto writing = keysThatWrite(key);
+    const auto writing = keysWriting(key);
     if (!writing.empty())
         return fmt::format("; it is a tag, which is written for {}", fmt::join(writing, ", "));
     return perhaps(likelyKeys(key));
