@@ -74,7 +74,7 @@ TEST_F(MatrixTest, CellsAreTheVerdictsOfCheck) {
     put("below/c.txt", replaced(good(), "device@3.4/legacy/0", "device@3.4/legacy/7"));
     put(".hidden", "x");
     put("broken.txt", "no dump");
-    const json all = matrix({}, kExpectationFailed);
+    const json all = matrix({}, kBadInput);
     ASSERT_EQ(all.at("columns").size(), 4U);
     EXPECT_EQ(all.at("columns").at(2).at("input"), "below/c.txt");
     EXPECT_THAT(all.at("columns").at(3).at("error"), StartsWith("no camera in it"));
@@ -97,28 +97,28 @@ TEST_F(MatrixTest, CellsAreTheVerdictsOfCheck) {
     EXPECT_EQ(worst.at("cells").at(1).at("tag"), "com.ambrix.capture.metadata.iso");
     EXPECT_TRUE(worst.at("cells").at(3).is_null());
 
-    EXPECT_EQ(tool({"matrix", mFolder.string()}), kExpectationFailed);
+    EXPECT_EQ(tool({"matrix", mFolder.string()}), kBadInput);
     EXPECT_THAT(mOut, HasSubstr("   4  broken.txt   cannot be used: no camera in it"));
     EXPECT_THAT(mOut, HasSubstr("1T     .     ?\n"));
     EXPECT_THAT(
         mOut,
         HasSubstr(
             "image     column 2: mistyped com.ambrix.capture.metadata.iso: declared int32, expected byte"));
-    EXPECT_EQ(tool({"matrix", mFolder.string(), "--tags"}), kExpectationFailed);
+    EXPECT_EQ(tool({"matrix", mFolder.string(), "--tags"}), kBadInput);
     EXPECT_THAT(mOut, HasSubstr("com.ambrix.capture.metadata.iso (request)"));
 }
 
 TEST_F(MatrixTest, CsvIsQuotedAndHarmless) {
     put("=a,\"b\".txt", mistyped());
     put("x\x1b[31m.txt", "");
-    EXPECT_EQ(tool({"matrix", "--csv", mFolder.string()}), kExpectationFailed);
+    EXPECT_EQ(tool({"matrix", "--csv", mFolder.string()}), kBadInput);
     EXPECT_THAT(mOut,
                 StartsWith("feature,\"'=a,\"\"b\"\".txt, camera device@3.4/legacy/0\",x\\x1b[31m.txt\r\n"));
     EXPECT_THAT(
         mOut,
         HasSubstr(
             "\r\nimage,\"mistyped com.ambrix.capture.metadata.iso (request): declared int32, expected byte:"));
-    EXPECT_EQ(tool({"matrix", "--csv", "--tags", mFolder.string()}), kExpectationFailed);
+    EXPECT_EQ(tool({"matrix", "--csv", "--tags", mFolder.string()}), kBadInput);
     EXPECT_THAT(mOut,
                 HasSubstr("\r\nimage,com.ambrix.capture.metadata.iso,request,\"mistyped: declared int32"));
     EXPECT_EQ(mOut.find('\x1b'), std::string::npos);
@@ -131,7 +131,7 @@ TEST_F(MatrixTest, BaselineShowsChanges) {
     put("gone", good());
     put("breaks", good());
     put("mended", "");
-    const std::string baseline = file("baseline.json", matrix({}, kExpectationFailed).dump());
+    const std::string baseline = file("baseline.json", matrix({}, kBadInput).dump());
     EXPECT_EQ(matrix({"--baseline", baseline}, kFine).at("changes"), json::array());
 
     put("worse", mistyped());
@@ -165,6 +165,7 @@ TEST_F(MatrixTest, BaselineShowsChanges) {
 TEST_F(MatrixTest, WrongInputIsReported) {
     put("a", good());
     const std::string folder = mFolder.string();
+    const std::string known = file("known.json", matrix({}, kFine).dump());
     const struct {
         std::vector<std::string> words;
         int status;
@@ -173,7 +174,8 @@ TEST_F(MatrixTest, WrongInputIsReported) {
         {{"matrix"}, kUsage, "INPUT is required"},
         {{"matrix", folder + "/below"}, kBadInput, "no file in it"},
         {{"matrix", folder + "/x"}, kBadInput, "cannot read it"},
-        {{"matrix", folder, folder + "/x"}, kFine, "cannot read it"},
+        {{"matrix", folder, folder + "/x"}, kBadInput, "cannot read it"},
+        {{"matrix", folder, folder + "/x", "--baseline", known}, kBadInput, "cannot read it"},
         {{"matrix", folder, "--baseline", folder + "/x"}, kBadInput, "cannot read it"},
         {{"matrix", folder, "--baseline", folder + "/a"},
          kBadInput,

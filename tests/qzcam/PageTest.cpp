@@ -118,6 +118,13 @@ TEST_F(Pages, DoNotReplaceInputsAndReplaceOldPages) {
     const std::string page = file("page.html", "old");
     EXPECT_EQ(tool({"check", "--device", dump, "--html", page}), 3);
     EXPECT_THAT(read(page), HasSubstr("Not finished"));
+    EXPECT_EQ(tool({"check", "--device", dump, "--html", temporary("new.html")}), 3);
+    EXPECT_FALSE(std::ifstream(temporary("new.html")));
+    const std::string kept = file("page.html", "old");
+    EXPECT_EQ(tool({"run", "-", "--device", "-", "--html", kept}), 2);
+    EXPECT_EQ(tool({"trace", "-", "--html", kept, "--perfetto", "-"}), 2);
+    EXPECT_THAT(mErr, HasSubstr("--perfetto: expected a file, not '-'"));
+    EXPECT_EQ(read(kept), "old");
     EXPECT_EQ(tool({"check", "--html", testing::TempDir()}), 3);
     EXPECT_THAT(mErr, HasSubstr("cannot write it"));
 }

@@ -1,13 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "cli/CheckCommand.h"
 
-#include "base/WriteAll.h"
+#include "cli/CommandFiles.h"
 #include "cli/DeviceInput.h"
 #include "device/BuiltIn.h"
 #include "output/Printer.h"
 #include "verdict/CamerasReport.h"
 #include "verdict/CheckReport.h"
-#include "viewer/Page.h"
 
 #include <android/log.h>
 #include <fmt/format.h>
@@ -29,17 +28,7 @@ std::string otherCamerasText(const Device& device) {
     return fmt::format("  other cameras: {}; --camera chooses one\n", fmt::join(device.otherCameras, ", "));
 }
 
-// A dump that ends before its tags and entries says nothing about the device.
-bool isEmpty(const Device& device) {
-    return !device.hasVendorSection && device.vendorTags.empty() && device.entries.empty();
-}
-
 ExitStatus checkOne(const CheckOptions& options, const DeviceInput& input) {
-    if (isEmpty(input.device)) {
-        complain(fmt::format("{}: nothing to check: expected vendor tags, or static entries of camera {}",
-                             input.device.file, input.device.camera));
-        return kBadInput;
-    }
     const DeviceCheck result = checkDevice(input.device);
     const bool colour = wantsColour(stdout);
     std::string text;
@@ -51,9 +40,10 @@ ExitStatus checkOne(const CheckOptions& options, const DeviceInput& input) {
         printer.device(input.device);
         text = otherCamerasText(input.device) + "\n" + checkText(input.device, result, colour);
     }
-    const bool drawn = finishPage(options.html, fmt::format("qzcam check: {}", input.device.file),
-                                  {{"check", checkJson(input.device, result)}, rowData()});
-    if (!writeAll(stdout, text) || !drawn || (options.strict && !input.whole)) return kBadInput;
+    const bool written = writeResult(text, options.html, "check: " + input.device.file, [&] {
+        return std::vector<PageData>{{"check", checkJson(input.device, result)}, rowData()};
+    });
+    if (!written || (options.strict && !input.whole)) return kBadInput;
     return result.failed() || !input.device.faults.empty() ? kExpectationFailed : kFine;
 }
 
@@ -71,16 +61,17 @@ ExitStatus checkAll(const CheckOptions& options, const DeviceInput& first) {
         return camera.check.failed() || !camera.device.faults.empty();
     });
     const std::string text = options.json ? camerasJson(cameras) : camerasText(cameras, wantsColour(stdout));
-    const bool drawn = finishPage(options.html, fmt::format("qzcam check: {}", first.device.file),
-                                  {{"cameras", camerasJson(cameras)}, rowData()});
-    if (!writeAll(stdout, text) || !drawn || (options.strict && !isWhole)) return kBadInput;
+    const bool written = writeResult(text, options.html, "check: " + first.device.file, [&] {
+        return std::vector<PageData>{{"cameras", camerasJson(cameras)}, rowData()};
+    });
+    if (!written || (options.strict && !isWhole)) return kBadInput;
     return failed ? kExpectationFailed : kFine;
 }
 
 }  // namespace
 
 ExitStatus check(const CheckOptions& options) {
-    if (const auto wrong = beginPage(options.html, {options.device})) return *wrong;
+    if (const auto wrong = prepareFiles({options.device}, options.html)) return *wrong;
     const bool wantsAll = options.camera.empty() || options.camera == kAllCameras;
     const auto dump = readOr(options.device, "built-in device", builtInDevice());
     if (!dump) return kBadInput;
@@ -88,6 +79,7 @@ ExitStatus check(const CheckOptions& options) {
     const auto input = readDevice(*dump, wantsAll ? std::string() : options.camera, Wants::VendorTags);
     if (!input) return kBadInput;
     const bool isTable = options.camera == kAllCameras || (wantsAll && !input->device.otherCameras.empty());
+    if (!isTable && !canBeChecked(input->device)) return kBadInput;
     return isTable ? checkAll(options, *input) : checkOne(options, *input);
 }
 

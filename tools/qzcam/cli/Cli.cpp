@@ -65,7 +65,7 @@ void leaveNoOldReport(const std::vector<std::string>& words) {
             inputs.insert(inputs.end(), {word, value});
         }
     }
-    if (!isOneOf(path, inputs)) JUnitFile(path).begin();
+    if (path != "-" && !isOneOf(path, inputs)) JUnitFile(path).begin();
 }
 
 // Writes the texts of --help and --version like any other output.

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "cli/Compare.h"
 
-#include "base/WriteAll.h"
+#include "cli/CommandFiles.h"
 #include "cli/DeviceInput.h"
 #include "compare/ComparisonReport.h"
 #include "device/FoundParameters.h"
@@ -103,13 +103,11 @@ LibrarySide play(const Device& device, const Script& script) {
     return side;
 }
 
-bool drawPage(const CompareOptions& options, const Device& device, const ComparedSides& sides,
-              const ArrayComparison& comparison) {
-    if (options.html.empty()) return true;
+std::vector<PageData> pageData(const Device& device, const ComparedSides& sides,
+                               const ArrayComparison& comparison) {
     SensorData sensors;
     sensors.add(device.camera.substr(device.camera.rfind('/') + 1), device);
-    return finishPage(options.html, fmt::format("qzcam compare: {}", sides.file),
-                      {{"compare", comparisonJson(sides, comparison)}, sensors.data()});
+    return {{"compare", comparisonJson(sides, comparison)}, sensors.data()};
 }
 
 }  // namespace
@@ -117,8 +115,7 @@ bool drawPage(const CompareOptions& options, const Device& device, const Compare
 ExitStatus compare(const CompareOptions& options) {
     const std::vector<std::string> inputs{options.input, options.session, options.properties,
                                           options.parameters};
-    if (const auto wrong = beginPage(options.html, inputs)) return *wrong;
-    if (!areReadOnce(inputs)) return kUsage;
+    if (const auto wrong = prepareFiles(inputs, options.html)) return *wrong;
     const PropertiesInPlace restored;
     const auto text = readFile(options.input);
     auto setup =
@@ -142,8 +139,8 @@ ExitStatus compare(const CompareOptions& options) {
     }
     const std::string output =
         options.json ? comparisonJson(sides, comparison) : comparisonText(sides, comparison);
-    const bool drawn = drawPage(options, device->device, sides, comparison);
-    if (!writeAll(stdout, output) || !drawn) return kBadInput;
+    const auto page = [&] { return pageData(device->device, sides, comparison); };
+    if (!writeResult(output, options.html, "compare: " + sides.file, page)) return kBadInput;
     return comparison.differs() ? kExpectationFailed : kFine;
 }
 

@@ -169,6 +169,13 @@ DeviceInput deviceOfText(const InputText& text, size_t firstLine, const std::str
 
 }  // namespace
 
+bool canBeChecked(const Device& device) {
+    if (device.hasVendorSection || !device.vendorTags.empty() || !device.entries.empty()) return true;
+    complain(fmt::format("{}: nothing to check: expected vendor tags, or static entries of camera {}",
+                         device.file, device.camera));
+    return false;
+}
+
 OtherCamera otherCamera(const DeviceInput& input, const std::string& camera) {
     Problems problems(input.device.file);
     OtherCamera other{deviceOf(*input.report, camera, problems), false};

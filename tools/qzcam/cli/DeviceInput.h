@@ -35,6 +35,10 @@ std::optional<DeviceInput> readDevice(const InputText& dump, const std::string& 
 std::optional<DeviceInput> readDevice(const std::string& path, const std::string& camera,
                                       Wants wants = Wants::Camera);
 
+// A dump that ends before its tags and entries says nothing about the device. canBeChecked() prints a message
+// and returns false for it.
+bool canBeChecked(const Device& device);
+
 // Another camera of the same dump. otherCamera() prints the damage of its entries, and faults that the camera
 // of `input` does not have.
 struct OtherCamera {

@@ -1,12 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "cli/Diff.h"
 
-#include "base/WriteAll.h"
+#include "cli/CommandFiles.h"
 #include "cli/DeviceInput.h"
 #include "cli/Difference.h"
 #include "device/BuiltIn.h"
 #include "device/Report.h"
-#include "viewer/Page.h"
 
 #include <fmt/format.h>
 
@@ -34,10 +33,11 @@ std::optional<Session> readSession(const std::string& path) {
 }
 
 ExitStatus tell(const DiffReport& report, const DiffOptions& options, bool whole) {
-    const bool drawn = finishPage(options.html, fmt::format("qzcam diff: {} and {}", report.a, report.b),
-                                  {{"diff", diffJson(report)}});
     const std::string text = options.json ? diffJson(report) : diffText(report);
-    if (!writeAll(stdout, text) || !drawn || !whole) return kBadInput;
+    const auto page = [&] { return std::vector<PageData>{{"diff", diffJson(report)}}; };
+    const bool written =
+        writeResult(text, options.html, fmt::format("diff: {} and {}", report.a, report.b), page);
+    if (!written || !whole) return kBadInput;
     return report.empty() ? kFine : kExpectationFailed;
 }
 
@@ -80,8 +80,7 @@ InputKind kindOf(std::string_view text) {
 
 ExitStatus diff(const DiffOptions& options) {
     const std::vector<std::string> inputs{options.a, options.b, options.session, options.device};
-    if (const auto wrong = beginPage(options.html, inputs)) return *wrong;
-    if (!areReadOnce(inputs)) return kUsage;
+    if (const auto wrong = prepareFiles(inputs, options.html)) return *wrong;
     const auto a = readFile(options.a);
     const auto b = options.b.empty() ? std::nullopt : readFile(options.b);
     if (!a || (!b && !options.b.empty())) return kBadInput;

@@ -2,13 +2,12 @@
 #include "cli/MatrixCommand.h"
 
 #include "base/Text.h"
-#include "base/WriteAll.h"
+#include "cli/CommandFiles.h"
 #include "input/Input.h"
 #include "matrix/Baseline.h"
 #include "matrix/Matrix.h"
 #include "matrix/MatrixReport.h"
 #include "output/Printer.h"
-#include "viewer/Page.h"
 
 #include <fmt/format.h>
 #include <unistd.h>
@@ -55,13 +54,22 @@ void complainAbout(const Matrix& matrix) {
     }
 }
 
+// An input that the baseline has, usable or not, is a change or none. Any other unusable input is an error.
+bool areUnusable(const Matrix& matrix, const std::optional<std::vector<MatrixChange>>& changes) {
+    const auto isUsable = [](const MatrixColumn& column) { return column.isUsable(); };
+    if (!changes) return !std::all_of(matrix.begin(), matrix.end(), isUsable);
+    return std::none_of(matrix.begin(), matrix.end(), isUsable) ||
+           std::any_of(changes->begin(), changes->end(), [](const MatrixChange& change) {
+               return change.kind == MatrixChange::Kind::New && change.camera.empty();
+           });
+}
+
 }  // namespace
 
 ExitStatus matrix(const MatrixOptions& options) {
     std::vector<std::string> paths = options.inputs;
     paths.push_back(options.baseline);
-    if (const auto wrong = beginPage(options.html, paths)) return *wrong;
-    if (!areReadOnce(paths)) return kUsage;
+    if (const auto wrong = prepareFiles(paths, options.html)) return *wrong;
     Problems problems("qzcam");
     const std::vector<MatrixInput> inputs = matrixInputs(options.inputs, problems);
     const bool hasAll = report(problems);
@@ -73,12 +81,9 @@ ExitStatus matrix(const MatrixOptions& options) {
     if (baseline) changes = baseline->changesTo(all);
     complainAbout(all);
     const MatrixView view{all, options.tags, changes};
-    const bool drawn =
-        options.html.empty() || finishPage(options.html, "qzcam matrix", {{"matrix", matrixJson(view)}});
-    if (!writeAll(stdout, textOf(options, view)) || !drawn) return kBadInput;
-    const bool hasAny =
-        std::any_of(all.begin(), all.end(), [](const MatrixColumn& column) { return column.isUsable(); });
-    if (!hasAny || !hasAll) return kBadInput;
+    const auto page = [&] { return std::vector<PageData>{{"matrix", matrixJson(view)}}; };
+    if (!writeResult(textOf(options, view), options.html, "matrix", page)) return kBadInput;
+    if (!hasAll || areUnusable(all, changes)) return kBadInput;
     return (changes ? isWorse(*changes) : failed(all)) ? kExpectationFailed : kFine;
 }
 

@@ -63,13 +63,10 @@ void addRun(CLI::App& app, RunOptions& options) {
                  "Print only the entries that change, request and result in columns")
         ->excludes(json);
     addStrict(app, options.strict, kStrict);
-    app.add_option(
-           "--junit", options.junit,
-           "Write the expectations to this file as JUnit XML; until the run ends the file says 'not finished'")
-        ->type_name("FILE");
-    app.add_option("--perfetto", options.perfetto,
-                   "Write a timeline to this file, for the trace viewer at ui.perfetto.dev")
-        ->type_name("FILE");
+    addOutputFile(
+        app, "--junit", options.junit,
+        "Write the expectations to this file as JUnit XML; until the run ends the file says 'not finished'");
+    addPerfetto(app, options.perfetto);
     addHtml(app, options.html);
     app.footer(sessionHelp() + kExitStatus);
 }

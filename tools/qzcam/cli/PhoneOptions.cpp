@@ -48,7 +48,8 @@ void addMatrix(CLI::App& app, Action& action) {
         "number of tags that have it. A column is compared with the column of the baseline that has the same input\n"
         "name and camera number.\n"
         "\nExit status: 0 fine, 1 a tag is mistyped or an entry malformed; with a baseline instead: 1 a tag got\n"
-        "worse, or a camera is missing; 2 wrong usage; 3 no input can be used.");
+        "worse, an input became unusable, or a camera is missing; 2 wrong usage; 3 an input cannot be used, the\n"
+        "others are in the matrix.");
 }
 
 void addShow(CLI::App& app, Action& action) {
@@ -100,9 +101,7 @@ void addTrace(CLI::App& app, Action& action) {
         ->type_name("FILE");
     app.add_flag("--json", options->json, "Print JSON, one event on each line, for programs");
     addHtml(app, options->html);
-    app.add_option("--perfetto", options->perfetto,
-                   "Write a timeline to this file, for the trace viewer at ui.perfetto.dev")
-        ->type_name("FILE");
+    addPerfetto(app, options->perfetto);
     app.footer(
         "Shows what a phone did. It reads the library's lines in a log (of any layout of logcat, also cut, folded\n"
         "or repeated), the platform's lines about mistyped and missing tags, events of the tag monitor, and the\n"

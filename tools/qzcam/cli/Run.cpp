@@ -2,6 +2,7 @@
 #include "cli/Run.h"
 
 #include "base/OutputFile.h"
+#include "cli/CommandFiles.h"
 #include "cli/DeviceInput.h"
 #include "device/BuiltIn.h"
 #include "device/Properties.h"
@@ -15,7 +16,6 @@
 #include "session/Player.h"
 #include "session/Session.h"
 #include "viewer/EventPage.h"
-#include "viewer/Page.h"
 
 #include <fmt/format.h>
 
@@ -231,22 +231,13 @@ ExitStatus playNothing(const std::vector<Script>& scripts, const std::string& ju
     return kBadInput;
 }
 
-bool isInput(const std::string& file, const char* option, const RunOptions& options) {
-    if (!isOneOf(file, inputsOf(options))) return false;
-    complain(fmt::format("qzcam: {} is an input: expected another file for {}", file, option));
-    return true;
-}
-
 }  // namespace
 
 ExitStatus run(const RunOptions& options) {
-    if (isInput(options.junit, "--junit", options) || isInput(options.perfetto, "--perfetto", options)) {
-        return kUsage;
-    }
-    if (!options.perfetto.empty() && !canWriteFile(options.perfetto)) return kBadInput;
-    if (const auto wrong = beginPage(options.html, inputsOf(options))) return *wrong;
+    const auto inputs = inputsOf(options);
+    if (isInput(options.junit, "--junit", inputs)) return kUsage;
     if (!JUnitFile(options.junit).begin()) return kBadInput;
-    if (!areReadOnce(inputsOf(options))) return kUsage;
+    if (const auto wrong = prepareFiles(inputs, options.html, options.perfetto)) return *wrong;
     const PropertiesInPlace restored;
     auto setup = readSetup({options.device, options.camera, options.properties, options.parameters});
     auto scripts = readScripts(options.sessions);

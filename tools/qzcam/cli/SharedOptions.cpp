@@ -34,10 +34,20 @@ void addProperties(CLI::App& app, std::string& properties) {
         ->type_name("GETPROP");
 }
 
+void addOutputFile(CLI::App& app, const char* name, std::string& file, const std::string& description) {
+    app.add_option(name, file, description)->type_name("FILE")->check([](const std::string& word) {
+        return word == "-" ? "expected a file, not '-': standard output has the output of the command" : "";
+    });
+}
+
 void addHtml(CLI::App& app, std::string& html) {
-    app.add_option("--html", html,
-                   "Also write a page to this file: one HTML file that any browser shows without a network")
-        ->type_name("FILE");
+    addOutputFile(app, "--html", html,
+                  "Also write a page to this file: one HTML file that any browser shows without a network");
+}
+
+void addPerfetto(CLI::App& app, std::string& perfetto) {
+    addOutputFile(app, "--perfetto", perfetto,
+                  "Write a timeline to this file, for the trace viewer at ui.perfetto.dev");
 }
 
 }  // namespace qzcam

@@ -26,6 +26,9 @@ void addDevice(CLI::App& app, std::string& device, std::string& camera, const ch
 void addStrict(CLI::App& app, bool& strict, const std::string& more = {});
 void addVerbose(CLI::App& app, bool& verbose);
 void addProperties(CLI::App& app, std::string& properties);
+// A file that is written in addition to the output of the command.
+void addOutputFile(CLI::App& app, const char* name, std::string& file, const std::string& description);
 void addHtml(CLI::App& app, std::string& html);
+void addPerfetto(CLI::App& app, std::string& perfetto);
 
 }  // namespace qzcam

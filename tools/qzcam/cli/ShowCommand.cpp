@@ -2,13 +2,12 @@
 #include "cli/ShowCommand.h"
 
 #include "base/Text.h"
-#include "base/WriteAll.h"
+#include "cli/CommandFiles.h"
 #include "device/BuiltIn.h"
 #include "facts/Hints.h"
 #include "input/Input.h"
 #include "output/Printer.h"
 #include "show/ShowReport.h"
-#include "viewer/Page.h"
 
 #include <fmt/format.h>
 
@@ -36,17 +35,15 @@ std::string cameras(const Contents& contents) {
     return ids.empty() ? "none" : ids;
 }
 
-bool drawPage(const Contents& contents, const ShowOptions& options, const std::vector<PageData>& data) {
-    return finishPage(options.html, fmt::format("qzcam show: {}", contents.input.name), data);
+bool write(const std::string& text, const Contents& contents, const ShowOptions& options,
+           const std::function<std::vector<PageData>()>& page) {
+    return writeResult(text, options.html, "show: " + contents.input.name, page);
 }
 
-// Collects everything, including the values of each entry.
-bool drawContents(const Contents& contents, const ShowOptions& options) {
-    if (options.html.empty()) return true;
-    const auto arrays = arraysNamed(contents, "", options.camera);
-    return drawPage(contents, options,
-                    {{"show", contentsJson(contents, {options.camera, true, false})},
-                     {"arrays", arraysJson(contents, arrays)}});
+// Everything, including the values of each entry.
+std::vector<PageData> wholePage(const Contents& contents, const std::string& camera) {
+    return {{"show", contentsJson(contents, {camera, true, false})},
+            {"arrays", arraysJson(contents, arraysNamed(contents, "", camera))}};
 }
 
 ExitStatus showArrays(const Contents& contents, const ShowOptions& options, const ShowView& view) {
@@ -60,22 +57,22 @@ ExitStatus showArrays(const Contents& contents, const ShowOptions& options, cons
         return kUsage;
     }
     const std::string text = options.json ? arraysJson(contents, arrays) : arraysText(arrays, view);
-    const bool drawn = drawPage(contents, options, {{"arrays", arraysJson(contents, arrays)}});
-    return writeAll(stdout, text) && drawn ? kFine : kBadInput;
+    const auto page = [&] { return std::vector<PageData>{{"arrays", arraysJson(contents, arrays)}}; };
+    return write(text, contents, options, page) ? kFine : kBadInput;
 }
 
 ExitStatus showFound(const Contents& contents, const ShowOptions& options) {
     const auto lines = findText(contents, options.find);
-    const std::string text =
-        options.json ? foundJson(contents, lines, options.find) : foundText(lines, options.find);
-    const bool drawn = drawPage(contents, options, {{"found", foundJson(contents, lines, options.find)}});
-    return writeAll(stdout, text) && drawn ? kFine : kBadInput;
+    const std::string json = foundJson(contents, lines, options.find);
+    const std::string text = options.json ? json : foundText(lines, options.find);
+    const auto page = [&] { return std::vector<PageData>{{"found", json}}; };
+    return write(text, contents, options, page) ? kFine : kBadInput;
 }
 
 }  // namespace
 
 ExitStatus show(const ShowOptions& options) {
-    if (const auto wrong = beginPage(options.html, {options.input})) return *wrong;
+    if (const auto wrong = prepareFiles({options.input}, options.html)) return *wrong;
     const auto input = readOr(options.input, "built-in device", builtInDevice());
     if (!input) return kBadInput;
     const Contents contents = readContents(*input);
@@ -93,8 +90,8 @@ ExitStatus show(const ShowOptions& options) {
         return kBadInput;
     }
     const std::string text = options.json ? contentsJson(contents, view) : contentsText(contents, view);
-    const bool drawn = drawContents(contents, options);
-    if (!writeAll(stdout, text) || !drawn) return kBadInput;
+    const auto page = [&] { return wholePage(contents, options.camera); };
+    if (!write(text, contents, options, page)) return kBadInput;
     return contents.hasFaults() ? kExpectationFailed : kFine;
 }
 

@@ -4,6 +4,7 @@
 #include "base/OutputFile.h"
 #include "base/Text.h"
 #include "base/WriteAll.h"
+#include "cli/CommandFiles.h"
 #include "cli/DeviceInput.h"
 #include "cli/StreamedInput.h"
 #include "facts/Lookup.h"
@@ -15,7 +16,6 @@
 #include "trace/ValueCheck.h"
 #include "verdict/CamerasReport.h"
 #include "verdict/Explanation.h"
-#include "viewer/Page.h"
 #include "viewer/Sensors.h"
 
 #include <fmt/format.h>
@@ -123,7 +123,7 @@ class TraceReport {
         if (!mOptions.filter.key.empty()) mTable.keepOnly(mOptions.filter.key);
         tell([&](TraceOutput& output) { output.table(mTable, !mOptions.filter.isEmpty()); });
         mPageData.push_back({"trace", std::move(mPageText)});
-        const bool drawn = finishPage(mOptions.html, mTitle, mPageData);
+        const bool drawn = !mPage || writeFile(mOptions.html, htmlPage(mTitle, mPageData));
         const bool traced = !mPerfetto || writeFile(mOptions.perfetto, mPerfetto->finish());
         mFailed = mFailed || !drawn || !traced;
     }
@@ -332,14 +332,7 @@ ExitStatus traceStream(const TraceOptions& options) {
 ExitStatus trace(const TraceOptions& options) {
     std::vector<std::string> all = options.inputs;
     all.push_back(options.device);
-    if (const auto wrong = beginPage(options.html, all)) return *wrong;
-    if (!areReadOnce(all)) return kUsage;
-    if (isOneOf(options.perfetto, all)) {
-        complain(
-            fmt::format("qzcam: {} is an input: expected another file for --perfetto", options.perfetto));
-        return kUsage;
-    }
-    if (!options.perfetto.empty() && !canWriteFile(options.perfetto)) return kBadInput;
+    if (const auto wrong = prepareFiles(all, options.html, options.perfetto)) return *wrong;
     const bool isStream = options.inputs.size() == 1 && options.inputs.front() == "-";
     return isStream ? traceStream(options) : traceFiles(options);
 }

@@ -178,9 +178,10 @@ const Entry* chosenOf(const Listing& listing) {
     return any ? &*found : nullptr;
 }
 
-// Reads the entry into the content. Returns an empty text, or a description of the problem.
+// Reads the entry into the content. Returns an empty text, or a description of the problem. `damage`: the
+// reason why the entry ends early; empty if it does not.
 std::string extract(std::string_view packed, bool hasDirectory, const Entry& entry, Content& content,
-                    const UnpackLimits& limits) {
+                    const UnpackLimits& limits, std::string& damage) {
     Zip zip(packed, hasDirectory);
     while (zip.next() && zip.name() != entry.name) {
     }
@@ -194,16 +195,13 @@ std::string extract(std::string_view packed, bool hasDirectory, const Entry& ent
         std::string wrong = wrongSize(content.bytes.size(), packed.size(), limits);
         if (!wrong.empty()) return wrong;
     }
-    if (good) return {};
-    if (content.bytes.size() == 0) return fmt::format("it cannot be unpacked: {}", zip.error());
-    content.cuts.push_back(
-        fmt::format("the zip's data is damaged ({}): the part before it is used", zip.error()));
+    damage = good ? std::string() : zip.error();
     return {};
 }
 
 std::string nothingIn(const Listing& listing) {
     if (!listing.wrong.empty()) return listing.wrong;
-    if (listing.damaged) return "the zip is damaged: no entry can be read";
+    if (listing.damaged) return "the zip is damaged: no entry can be read; copy it again";
     return "the zip contains no text: expected the zip of 'adb bugreport', or a dump";
 }
 
@@ -236,23 +234,32 @@ std::string unpackZip(Content& content, const UnpackLimits& limits) {
     const Memory packed = std::move(content.bytes);
     content.bytes = Memory();
     content.steps.emplace_back("zip");
-    bool hasDirectory = true;
-    Listing listing = list(packed.view(), hasDirectory, limits);
-    if (listing.entries.empty() && listing.damaged) {
-        hasDirectory = false;
-        listing = list(packed.view(), hasDirectory, limits);
-        content.cuts.emplace_back(
-            "the zip is cut: it has no directory at its end; its readable part is used");
-    }
+    Listing listing = list(packed.view(), true, limits);
+    const bool isCut = listing.entries.empty() && listing.damaged;
+    if (isCut) listing = list(packed.view(), false, limits);
     const Entry* const chosen = listing.wrong.empty() ? chosenOf(listing) : nullptr;
     if (!chosen) return nothingIn(listing);
+    if (isCut)
+        content.cuts.emplace_back(
+            "the zip is cut: it has no directory at its end; its readable part is used");
     tellAboutMain(listing, *chosen, content);
     tellAboutOthers(listing, *chosen, content);
     content.name += ": " + visible(chosen->name);
-    std::string wrong = extract(packed.view(), hasDirectory, *chosen, content, limits);
-    if (wrong.empty() || !hasDirectory || content.bytes.size() > 0) return wrong;
-    // Small steps keep the bytes before the damage.
-    return extract(packed.view(), false, *chosen, content, limits);
+    std::string damage;
+    std::string wrong = extract(packed.view(), !isCut, *chosen, content, limits, damage);
+    const bool hasNothing = !damage.empty() && content.bytes.size() == 0;
+    if (hasNothing && !isCut) {  // small steps keep the bytes before the damage
+        wrong = extract(packed.view(), false, *chosen, content, limits, damage);
+    }
+    if (!wrong.empty() || damage.empty()) return wrong;
+    if (content.bytes.size() == 0 && isCut)
+        return "the zip is cut: nothing of its text is left; copy it again";
+    if (content.bytes.size() == 0) return fmt::format("it cannot be unpacked: {}", damage);
+    if (!isCut) {
+        content.cuts.push_back(
+            fmt::format("the zip's data is damaged ({}): the part before it is used", damage));
+    }
+    return {};
 }
 
 }  // namespace qzcam

@@ -81,8 +81,8 @@ json columnOf(const Device& device) {
 std::string columnsOf(const std::string& path) {
     json columns = json::array();
     const auto text = readFile(path);
-    auto first = text ? readDevice(*text, {}) : std::nullopt;
-    if (first) {
+    const auto first = text ? readDevice(*text, {}) : std::nullopt;
+    if (first && (!first->device.otherCameras.empty() || canBeChecked(first->device))) {
         columns.push_back(columnOf(first->device));
         for (const std::string& camera : first->device.otherCameras) {
             columns.push_back(columnOf(otherCamera(*first, camera).device));
@@ -101,11 +101,12 @@ std::vector<std::string> distinctLines(const std::string& text) {
     return distinct;
 }
 
-// Returns the first message, without the name of the input, which the column already has.
+// Returns the last message, without the name of the input, which the column already has. The messages before
+// it are about parts that were used.
 std::string reasonIn(const std::vector<std::string>& messages, const MatrixInput& input) {
     if (messages.empty()) return "no camera in it";
     const std::string name = inputName(input.path) + ": ";
-    return startsWith(messages.front(), name) ? messages.front().substr(name.size()) : messages.front();
+    return startsWith(messages.back(), name) ? messages.back().substr(name.size()) : messages.back();
 }
 
 std::vector<MatrixColumn> columnsOf(const MatrixInput& input, const WorkResult& result) {

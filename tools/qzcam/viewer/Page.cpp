@@ -7,10 +7,10 @@
 #include "facts/Reference.h"
 #include "input/Lines.h"
 
-#include <fmt/format.h>
-
 #include <algorithm>
+#include <filesystem>
 #include <iterator>
+#include <system_error>
 
 namespace qzcam {
 
@@ -94,7 +94,8 @@ std::string headOf(std::string_view title) {
 // The content of the file until the command ends.
 std::string unfinishedPage() {
     return headOf("qzcam: not finished") +
-           "</head>\n<body>\n<p>Not finished: the command was stopped, or is still going on.</p>\n"
+           "</head>\n<body>\n<p>Not finished: the command is still going on, was stopped, or has failed. Its "
+           "messages say why.</p>\n"
            "</body>\n</html>\n";
 }
 
@@ -125,19 +126,12 @@ std::string htmlPage(std::string_view title, const std::vector<PageData>& data) 
     return page + "</body>\n</html>\n";
 }
 
-std::optional<ExitStatus> beginPage(const std::string& path, const std::vector<std::string>& inputs) {
-    if (path.empty()) return std::nullopt;
-    if (isOneOf(path, inputs)) {
-        complain(fmt::format("qzcam: {} is an input: expected another file for --html", path));
-        return kUsage;
-    }
-    if (!canWriteFile(path)) return kBadInput;
-    if (isPlainFile(path) && !writeFile(path, unfinishedPage())) return kBadInput;
-    return std::nullopt;
-}
-
-bool finishPage(const std::string& path, std::string_view title, const std::vector<PageData>& data) {
-    return path.empty() || writeFile(path, htmlPage(title, data));
+bool beginPage(const std::string& path) {
+    if (path.empty()) return true;
+    if (!canWriteFile(path)) return false;
+    std::error_code ignored;
+    const bool isOld = std::filesystem::is_regular_file(path, ignored);
+    return !isOld || writeFile(path, unfinishedPage());
 }
 
 }  // namespace qzcam

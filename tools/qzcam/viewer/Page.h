@@ -2,9 +2,6 @@
 // A page: the JSON of a command in one HTML file, with the viewer that draws it. It loads nothing.
 #pragma once
 
-#include "cli/Cli.h"
-
-#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -22,11 +19,9 @@ PageData rowData();
 
 std::string htmlPage(std::string_view title, const std::vector<PageData>& data);
 
-// Writes a page that says "not finished" into the file of --html, if there is one. If the file is one of the
-// inputs or cannot be written, prints a message and returns the exit status.
-std::optional<ExitStatus> beginPage(const std::string& path, const std::vector<std::string>& inputs);
-
-// Returns true if the page was written or no file was given. Otherwise prints a message and returns false.
-bool finishPage(const std::string& path, std::string_view title, const std::vector<PageData>& data);
+// Replaces an older page by one that says "not finished", so that it is never mistaken for the page of this
+// command, even if the command fails. Creates no file. Prints a message and returns false if the file cannot
+// be written.
+bool beginPage(const std::string& path);
 
 }  // namespace qzcam
