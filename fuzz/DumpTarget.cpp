@@ -51,7 +51,7 @@ void requireAccounted(std::string_view text) {
     for (const auto& error : report.errors) lines.insert(error.line);
     qzcam::Lines all(text);
     for (std::string_view line; all.next(line);) {
-        const auto entry = qzcam::parseEntry(qzcam::withoutBlanks(line));
+        const auto entry = qzcam::parseEntry(qzcam::trimmed(line));
         if (!entry || entry->type != "byte" || lines.count(all.number()) != 0) continue;
         const auto holds = [&](const auto& each) {
             return each.line <= all.number() && all.number() <= each.lastLine;

@@ -10,7 +10,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstring>
 #include <map>
 #include <set>
 
@@ -22,13 +21,6 @@ constexpr int64_t kMillisecond = 1'000'000;
 constexpr int64_t kExposure = 20 * kMillisecond;  // the time of a result is the time of its exposure
 constexpr size_t kNativeLimit = 1023;
 constexpr int kRequestThread = 2207;
-
-template <typename T>
-T elementAt(const Values& values, size_t index) {
-    T element{};
-    std::memcpy(&element, values.bytes.data() + index * sizeof(T), sizeof(T));
-    return element;
-}
 
 template <typename T>
 std::string nameOr(uint32_t tag, T number) {

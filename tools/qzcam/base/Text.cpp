@@ -13,9 +13,10 @@ namespace qzcam {
 
 namespace {
 
-constexpr std::string_view kBlanks = " \t\r\n\v\f";
 constexpr size_t kMostProblems = 20;
 constexpr size_t kExcerpt = 60;
+
+bool isBlank(char c) { return c == ' ' || (c >= '\t' && c <= '\r'); }
 
 // Valid UTF-8 that must not reach a terminal: non-characters, and characters that change the display of
 // others.
@@ -62,9 +63,9 @@ void moveVisible(std::string_view& text, std::string& shown) {
 }  // namespace
 
 std::string_view trimmed(std::string_view text) {
-    const size_t begin = text.find_first_not_of(kBlanks);
-    if (begin == std::string_view::npos) return {};
-    return text.substr(begin, text.find_last_not_of(kBlanks) - begin + 1);
+    while (!text.empty() && isBlank(text.front())) text.remove_prefix(1);
+    while (!text.empty() && isBlank(text.back())) text.remove_suffix(1);
+    return text;
 }
 
 bool startsWith(std::string_view text, std::string_view start) {
@@ -85,18 +86,28 @@ std::vector<std::string_view> split(std::string_view text, char separator) {
     }
 }
 
-bool holdsNul(std::string_view text) { return text.find('\0') != std::string_view::npos; }
+bool contains(std::string_view text, std::string_view part) {
+    return text.find(part) != std::string_view::npos;
+}
+
+std::optional<std::string_view> takeUntil(std::string_view& text, std::string_view end) {
+    const size_t stop = text.find(end);
+    if (stop == std::string_view::npos) return std::nullopt;
+    const std::string_view taken = text.substr(0, stop);
+    text.remove_prefix(stop + end.size());
+    return taken;
+}
 
 std::string_view takeWord(std::string_view& text) {
-    const size_t begin = std::min(text.find_first_not_of(kBlanks), text.size());
-    const size_t end = std::min(text.find_first_of(kBlanks, begin), text.size());
-    const std::string_view word = text.substr(begin, end - begin);
-    text.remove_prefix(end);
+    while (!text.empty() && isBlank(text.front())) text.remove_prefix(1);
+    const auto* const end = std::find_if(text.begin(), text.end(), isBlank);
+    const std::string_view word = text.substr(0, static_cast<size_t>(end - text.begin()));
+    text.remove_prefix(word.size());
     return word;
 }
 
 std::string counted(size_t count, std::string_view what) {
-    return fmt::format("{} {}{}", count, what, count == 1 ? "" : "s");
+    return counted(count, what, fmt::format("{}s", what));
 }
 
 std::string counted(size_t count, std::string_view one, std::string_view many) {

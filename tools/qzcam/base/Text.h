@@ -15,10 +15,15 @@ namespace qzcam {
 std::string_view trimmed(std::string_view text);
 bool startsWith(std::string_view text, std::string_view start);
 bool endsWith(std::string_view text, std::string_view end);
+bool contains(std::string_view text, std::string_view part);
 std::vector<std::string_view> split(std::string_view text, char separator);
 
 // Removes the first word from the text and returns it; returns an empty text at the end.
 std::string_view takeWord(std::string_view& text);
+
+// Removes the text up to `end`, and `end` itself, and returns the text before it. Without `end` it returns
+// nothing and changes nothing.
+std::optional<std::string_view> takeUntil(std::string_view& text, std::string_view end);
 
 // "1 value", "2 values"
 std::string counted(size_t count, std::string_view what);
@@ -36,9 +41,6 @@ std::string excerpt(std::string_view text);
 
 // Prints a message to standard error, in visible form.
 void complain(std::string_view text);
-
-// Returns true if the text contains a NUL byte, so that a C string of it would end early.
-bool holdsNul(std::string_view text);
 
 // Parses the whole text as a number: decimal, or hexadecimal after 0x.
 std::optional<int64_t> parseInteger(std::string_view text);

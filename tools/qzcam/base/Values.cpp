@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "base/Values.h"
 
+#include "base/Find.h"
 #include "base/Text.h"
 
 #include <fmt/format.h>
@@ -9,8 +10,7 @@
 
 #include <algorithm>
 #include <charconv>
-#include <cstring>
-#include <limits>
+#include <type_traits>
 
 namespace qzcam {
 
@@ -27,22 +27,16 @@ bool append(Values& values, T element) {
     return true;
 }
 
-template <typename T>
-T elementAt(const Values& values, size_t index) {
-    T element{};
-    std::memcpy(&element, values.bytes.data() + index * sizeof(element), sizeof(element));
-    return element;
-}
-
 // A hexadecimal number may be the bit pattern of a negative one.
 template <typename T>
 std::optional<T> integerOf(std::string_view text) {
     const auto number = parseInteger(text);
-    const bool pattern = startsWith(text, "0x");
-    const int64_t highest = pattern ? int64_t{std::numeric_limits<std::make_unsigned_t<T>>::max()}
-                                    : int64_t{std::numeric_limits<T>::max()};
-    if (!number || *number < std::numeric_limits<T>::min() || *number > highest) return std::nullopt;
-    return static_cast<T>(*number);
+    if (!number) return std::nullopt;
+    const auto element = static_cast<T>(*number);
+    const auto pattern = static_cast<std::make_unsigned_t<T>>(element);
+    const bool fits = element == *number ||
+                      (startsWith(text, "0x") && *number >= 0 && static_cast<uint64_t>(*number) == pattern);
+    return fits ? std::optional(element) : std::nullopt;
 }
 
 template <typename T>
@@ -63,27 +57,21 @@ std::optional<camera_metadata_rational_t> rationalOf(std::string_view text) {
 }
 
 template <typename T>
-bool appendIf(Values& values, const std::optional<T>& element) {
-    return element && append(values, *element);
+std::optional<T> parseElement(std::string_view text) {
+    if constexpr (std::is_integral_v<T>) {
+        return integerOf<T>(text);
+    } else if constexpr (std::is_floating_point_v<T>) {
+        return realOf<T>(text);
+    } else {
+        return rationalOf(text);
+    }
 }
 
 bool appendNumber(Values& values, std::string_view text) {
-    switch (values.type) {
-        case TYPE_BYTE:
-            return appendIf(values, integerOf<uint8_t>(text));
-        case TYPE_INT32:
-            return appendIf(values, integerOf<int32_t>(text));
-        case TYPE_INT64:
-            return appendIf(values, parseInteger(text));
-        case TYPE_FLOAT:
-            return appendIf(values, realOf<float>(text));
-        case TYPE_DOUBLE:
-            return appendIf(values, realOf<double>(text));
-        case TYPE_RATIONAL:
-            return appendIf(values, rationalOf(text));
-        default:
-            return false;
-    }
+    return withElementType(values.type, [&](auto zero) {
+        const auto element = parseElement<decltype(zero)>(text);
+        return element && append(values, *element);
+    });
 }
 
 void appendBytes(Values& values, const void* data, size_t size) {
@@ -116,32 +104,9 @@ bool takeElement(Values& values, uint32_t tag, std::string_view& list) {
     return appendElement(values, tag, element);
 }
 
-std::string elementText(const Values& values, size_t index) {
-    switch (values.type) {
-        case TYPE_BYTE:
-            return fmt::to_string(elementAt<uint8_t>(values, index));
-        case TYPE_INT32:
-            return fmt::to_string(elementAt<int32_t>(values, index));
-        case TYPE_INT64:
-            return fmt::to_string(elementAt<int64_t>(values, index));
-        case TYPE_FLOAT:
-            return fmt::to_string(elementAt<float>(values, index));
-        case TYPE_DOUBLE:
-            return fmt::to_string(elementAt<double>(values, index));
-        case TYPE_RATIONAL: {
-            const auto ratio = elementAt<camera_metadata_rational_t>(values, index);
-            return fmt::format("{}/{}", ratio.numerator, ratio.denominator);
-        }
-        default:
-            return "?";
-    }
-}
-
 const char* elementName(const Values& values, uint32_t tag, size_t index) {
-    if (values.type == TYPE_BYTE) return qz::host::nameOfValue(tag, elementAt<uint8_t>(values, index));
-    if (values.type == TYPE_INT32) return qz::host::nameOfValue(tag, elementAt<int32_t>(values, index));
-    if (values.type == TYPE_INT64) return qz::host::nameOfValue(tag, elementAt<int64_t>(values, index));
-    return nullptr;
+    const auto number = integerAt(values, index);
+    return number ? qz::host::nameOfValue(tag, *number) : nullptr;
 }
 
 std::string orEmpty(const char* text) { return text == nullptr ? std::string() : text; }
@@ -169,6 +134,34 @@ std::string textIn(const Values& values, size_t step) {
 bool appendElement(Values& values, uint32_t tag, std::string_view text) {
     const auto named = qz::host::valueOfName(tag, text);
     return named ? appendNumber(values, fmt::to_string(*named)) : appendNumber(values, text);
+}
+
+std::optional<uint8_t> typeNamed(std::string_view name) {
+    const auto* const* const found =
+        findIf(camera_metadata_type_names, [&](auto* each) { return name == each; });
+    if (found == nullptr) return std::nullopt;
+    return static_cast<uint8_t>(found - camera_metadata_type_names);
+}
+
+const char* typeName(uint8_t type) { return type < NUM_TYPES ? camera_metadata_type_names[type] : "unknown"; }
+
+std::optional<int64_t> integerAt(const Values& values, size_t index) {
+    if (values.type == TYPE_BYTE) return elementAt<uint8_t>(values, index);
+    if (values.type == TYPE_INT32) return elementAt<int32_t>(values, index);
+    if (values.type == TYPE_INT64) return elementAt<int64_t>(values, index);
+    return std::nullopt;
+}
+
+std::string elementText(const Values& values, size_t index) {
+    if (values.type >= NUM_TYPES) return "?";
+    return withElementType(values.type, [&](auto zero) {
+        const auto element = elementAt<decltype(zero)>(values, index);
+        if constexpr (std::is_same_v<decltype(zero), camera_metadata_rational_t>) {
+            return fmt::format("{}/{}", element.numerator, element.denominator);
+        } else {
+            return fmt::to_string(element);
+        }
+    });
 }
 
 std::string elementForm(uint8_t type) {
@@ -229,39 +222,17 @@ Values valuesOf(const camera_metadata_ro_entry_t& entry) {
     return values;
 }
 
-namespace {
-
-template <typename T>
-android::status_t updateAs(android::CameraMetadata& metadata, uint32_t tag, const Values& values) {
-    std::vector<T> elements(values.count);
-    if (!elements.empty()) std::memcpy(elements.data(), values.bytes.data(), values.bytes.size());
-    return metadata.update(tag, elements.data(), elements.size());
-}
-
-}  // namespace
-
 android::status_t update(android::CameraMetadata& metadata, uint32_t tag, const Values& values) {
-    switch (values.type) {
-        case TYPE_BYTE:
-            return updateAs<uint8_t>(metadata, tag, values);
-        case TYPE_INT32:
-            return updateAs<int32_t>(metadata, tag, values);
-        case TYPE_FLOAT:
-            return updateAs<float>(metadata, tag, values);
-        case TYPE_INT64:
-            return updateAs<int64_t>(metadata, tag, values);
-        case TYPE_DOUBLE:
-            return updateAs<double>(metadata, tag, values);
-        case TYPE_RATIONAL:
-            return updateAs<camera_metadata_rational_t>(metadata, tag, values);
-        default:
-            return android::BAD_TYPE;
-    }
+    if (values.type >= NUM_TYPES) return android::BAD_TYPE;
+    return withElementType(values.type, [&](auto zero) {
+        std::vector<decltype(zero)> elements(values.count);
+        if (!elements.empty()) std::memcpy(elements.data(), values.bytes.data(), values.bytes.size());
+        return metadata.update(tag, elements.data(), elements.size());
+    });
 }
 
 std::string typeAndCount(const Values& values) {
-    const char* type = values.type < NUM_TYPES ? camera_metadata_type_names[values.type] : "unknown";
-    return fmt::format("{}[{}]", type, values.count);
+    return fmt::format("{}[{}]", typeName(values.type), values.count);
 }
 
 }  // namespace qzcam

@@ -6,6 +6,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -33,6 +34,43 @@ struct UnknownWord {
 // Appends the element in the text: a number, "n/d" for a rational, or the name of one of the standard tag's
 // values. Returns false and appends nothing if the text is not an element of this type.
 bool appendElement(Values& values, uint32_t tag, std::string_view text);
+
+// Returns the element type with this name, and the name of a type.
+std::optional<uint8_t> typeNamed(std::string_view name);
+const char* typeName(uint8_t type);
+
+// Returns one element. T is the C++ type of the entry's element type.
+template <typename T>
+T elementAt(const Values& values, size_t index) {
+    T element{};
+    std::memcpy(&element, values.bytes.data() + index * sizeof(element), sizeof(element));
+    return element;
+}
+
+// Calls `use` with a zero of the C++ type of an element type below NUM_TYPES.
+template <typename Use>
+auto withElementType(uint8_t type, Use use) {
+    switch (type) {
+        case TYPE_BYTE:
+            return use(uint8_t{});
+        case TYPE_INT32:
+            return use(int32_t{});
+        case TYPE_FLOAT:
+            return use(float{});
+        case TYPE_INT64:
+            return use(int64_t{});
+        case TYPE_DOUBLE:
+            return use(double{});
+        default:
+            return use(camera_metadata_rational_t{});
+    }
+}
+
+// Returns an element of type byte, int32 or int64; nothing for another type.
+std::optional<int64_t> integerAt(const Values& values, size_t index);
+
+// Returns an element as a number, a rational as "n/d".
+std::string elementText(const Values& values, size_t index);
 
 // Describes a valid element for messages: "a number from 0 to 255".
 std::string elementForm(uint8_t type);

@@ -104,11 +104,10 @@ std::vector<VendorTag> tagsOfEntries(const Report& report, const ReportedCamera&
     std::vector<VendorTag> tags;
     for (const ArrayEntry* entry : vendorEntries(report, camera)) {
         const size_t dot = entry->name.rfind('.');
-        const auto* const end = camera_metadata_type_names + NUM_TYPES;
-        const auto* const type = std::find(camera_metadata_type_names, end, entry->type);
-        if (type == end) continue;
-        tags.push_back({entry->line, entry->id, static_cast<uint8_t>(type - camera_metadata_type_names),
-                        entry->name.substr(0, dot), entry->name.substr(dot + 1)});
+        const auto type = typeNamed(entry->type);
+        if (!type) continue;
+        tags.push_back(
+            {entry->line, entry->id, *type, entry->name.substr(0, dot), entry->name.substr(dot + 1)});
     }
     return tags;
 }

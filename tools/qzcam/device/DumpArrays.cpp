@@ -48,11 +48,6 @@ std::string titleOf(const MetadataArray& array) {
     return fmt::format("the array '{}'{}", nameOf(array), of);
 }
 
-bool isElementType(std::string_view name) {
-    const auto* const end = camera_metadata_type_names + NUM_TYPES;
-    return std::find(camera_metadata_type_names, end, name) != end;
-}
-
 }  // namespace
 
 // "Dumping camera metadata array: 138 / 140 entries, 20 / 640 bytes of extra data."
@@ -69,7 +64,7 @@ void DumpReader::openArray() {
     array.line = mNumber;
     array.camera = mCamera;
     array.previousSession = mPrevious;
-    std::string_view rest = withoutBlanks(mBody.substr(mBody.find(':') + 1));
+    std::string_view rest = trimmed(mBody.substr(mBody.find(':') + 1));
     if (const auto count = takeDecimal(rest)) array.announced = *count;
     setPlace(array);
     mHeading = {};
@@ -160,7 +155,7 @@ bool DumpReader::isStillArray() const {
     if (!array.announced || array.entries.size() >= *array.announced) return false;
     Lines lines(mText.substr(offset() + mLine.size()));
     for (std::string_view line; lines.next(line);) {
-        line = withoutBlanks(line);
+        line = trimmed(line);
         if (!line.empty()) return line.front() == '[' || parseEntry(line).has_value();
     }
     return false;
@@ -169,7 +164,7 @@ bool DumpReader::isStillArray() const {
 bool DumpReader::isEntry() const {
     if (mBody.back() != ']') return false;
     const auto entry = parseEntry(mBody);
-    return entry && isElementType(entry->type);
+    return entry && typeNamed(entry->type);
 }
 
 // Reads an entry whose array has lost its head, or an entry inside a list of something else.
@@ -201,7 +196,7 @@ void DumpReader::openVendorBlock() {
     closeBlock(false);
     VendorBlock& block = mReport.vendorBlocks.emplace_back();
     block.line = mNumber;
-    std::string_view id = withoutBlanks(mBody.substr(mBody.rfind(" id ") + 4));
+    std::string_view id = trimmed(mBody.substr(mBody.rfind(" id ") + 4));
     if (const auto number = takeDecimal(id)) block.vendorId = *number;
     mBlockOpen = true;
 }
@@ -217,7 +212,7 @@ void DumpReader::openTagList() {
     }
     mBlockOpen = true;
     VendorBlock& block = mReport.vendorBlocks.back();
-    std::string_view count = withoutBlanks(mBody.substr(mBody.find(':') + 1));
+    std::string_view count = trimmed(mBody.substr(mBody.find(':') + 1));
     if (const auto number = takeDecimal(count)) block.announced = *number;
     constexpr size_t kShortestTag = 40;
     block.tags.reserve(std::min(block.announced.value_or(0), (mText.size() - offset()) / kShortestTag));

@@ -15,7 +15,7 @@ namespace {
 // Returns the text after the start of a line; nothing for another line.
 std::optional<std::string_view> behind(std::string_view body, std::string_view start) {
     if (!startsWith(body, start)) return std::nullopt;
-    return withoutBlanks(body.substr(start.size()));
+    return trimmed(body.substr(start.size()));
 }
 
 std::string_view facingNamed(std::string_view word) {

@@ -30,23 +30,7 @@ std::optional<std::string_view> takeBehind(std::string_view& text, std::string_v
     return taken;
 }
 
-bool isBlank(char c) { return c == ' ' || (c >= '\t' && c <= '\r'); }
-
 }  // namespace
-
-std::string_view withoutBlanks(std::string_view line) {
-    while (!line.empty() && isBlank(line.front())) line.remove_prefix(1);
-    while (!line.empty() && isBlank(line.back())) line.remove_suffix(1);
-    return line;
-}
-
-std::optional<std::string_view> takeUntil(std::string_view& text, std::string_view end) {
-    const size_t stop = text.find(end);
-    if (stop == std::string_view::npos) return std::nullopt;
-    const std::string_view taken = text.substr(0, stop);
-    text.remove_prefix(stop + end.size());
-    return taken;
-}
 
 std::optional<uint64_t> takeDecimal(std::string_view& text) {
     uint64_t number = 0;

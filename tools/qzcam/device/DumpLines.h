@@ -10,13 +10,6 @@
 
 namespace qzcam {
 
-// Returns the text without blanks around it. It is faster than trimmed(), for texts of many megabytes.
-std::string_view withoutBlanks(std::string_view line);
-
-// Removes the text up to `end`, and `end` itself, and returns the text. Without `end` it returns nothing and
-// changes nothing.
-std::optional<std::string_view> takeUntil(std::string_view& text, std::string_view end);
-
 // Removes a decimal number from the start of the text and returns it.
 std::optional<uint64_t> takeDecimal(std::string_view& text);
 

@@ -18,10 +18,6 @@ constexpr std::string_view kPreviousSession = "Dumpsys from previous open sessio
 constexpr size_t kLongestName = 100;
 constexpr std::string_view kServiceEnd = "s was the duration of dumpsys";
 
-bool contains(std::string_view text, std::string_view part) {
-    return text.find(part) != std::string_view::npos;
-}
-
 // "Camera 0 information", without a frame.
 bool isModuleCamera(std::string_view body) {
     return startsWith(body, "Camera ") && endsWith(body, " information:");
@@ -32,7 +28,7 @@ bool isModuleCamera(std::string_view body) {
 Report DumpReader::read() {
     Lines lines(mText);
     while (lines.next(mLine)) {
-        mBody = withoutBlanks(mLine);
+        mBody = trimmed(mLine);
         if (mBody.empty() || mEnded) continue;
         mNumber = mFirstLine + lines.number() - 1;
         mIndent = static_cast<size_t>(mBody.data() - mLine.data());
@@ -275,7 +271,7 @@ void DumpReader::closeText() {
     block.text = block.text.substr(0, static_cast<size_t>(mLine.data() - block.text.data()));
     if (mTexts == &mReport.halTexts) {
         leaveUnused(Left::Kind::HalText,
-                    cut(withoutBlanks(block.text.substr(0, block.text.find('\n'))), kLongestName));
+                    cut(trimmed(block.text.substr(0, block.text.find('\n'))), kLongestName));
         mReport.left.back().line = block.line;
         mReport.left.back().lastLine = std::max(block.line, mNumber - 1);
     }

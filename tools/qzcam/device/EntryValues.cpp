@@ -19,13 +19,6 @@ constexpr size_t kShownOfCutList = 16;
 constexpr size_t kShortestCutWord = 27;  // a platform that cuts words prints at least as much
 constexpr int kHighestCutWord = 255;
 
-std::optional<uint8_t> typeNamed(std::string_view name) {
-    const auto* const end = camera_metadata_type_names + NUM_TYPES;
-    const auto* const found = std::find(camera_metadata_type_names, end, name);
-    return found == end ? std::nullopt
-                        : std::optional(static_cast<uint8_t>(found - camera_metadata_type_names));
-}
-
 // Only standard tags have words for values. Numbers of tags may differ from platform to platform.
 uint32_t standardTagOf(std::string_view name) {
     const size_t dot = name.rfind('.');
@@ -73,7 +66,7 @@ EntryValues ValueReader::read() {
     Lines lines(mEntry.values);
     for (std::string_view line; lines.next(line);) {
         mLine = mEntry.valuesLine + lines.number() - 1;
-        line = withoutBlanks(line);
+        line = trimmed(line);
         if (!line.empty() && !readLine(line)) return std::move(mRead);
     }
     mRead.cut = mRead.values.count == kShownOfCutList && mEntry.count > kShownOfCutList;
@@ -91,7 +84,7 @@ bool ValueReader::readLine(std::string_view line) {
     if (line.back() != ']') {
         return fail(fmt::format("expected ']' at the end of the values, not {}", excerpt(line)));
     }
-    std::string_view rest = withoutBlanks(line.substr(1, line.size() - 2));
+    std::string_view rest = trimmed(line.substr(1, line.size() - 2));
     while (!rest.empty()) {
         if (mRead.values.count == mEntry.count) {
             mRead.wrongLength = true;
@@ -99,7 +92,7 @@ bool ValueReader::readLine(std::string_view line) {
                 fmt::format("expected {} of {}, not more", counted(mEntry.count, "value"), mEntry.name));
         }
         if (!readElement(rest)) return false;
-        rest = withoutBlanks(rest);
+        rest = trimmed(rest);
     }
     return true;
 }

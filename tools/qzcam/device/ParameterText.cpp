@@ -59,23 +59,15 @@ bool isFrame(std::string_view line) {
            startsWith(body, "==");
 }
 
-// Returns the text after `start`, at any place.
-bool takeThrough(std::string_view& text, std::string_view start) {
-    const size_t at = text.find(start);
-    if (at == std::string_view::npos) return false;
-    text.remove_prefix(at + start.size());
-    return true;
-}
-
 // "(pid 812) (iso=100;zoom=0)"
 LoggedParameters ofProcess(LoggedParameters::Kind kind, std::string_view message, size_t line) {
     LoggedParameters logged;
     logged.kind = kind;
     logged.cut = !endsWith(message, ")") || message.size() >= kNativeLimit;
     if (!logged.cut) message.remove_suffix(1);
-    takeThrough(message, "(pid ");
+    takeUntil(message, "(pid ");
     logged.of = message.substr(0, message.find(')'));
-    if (takeThrough(message, ") (")) logged.text = parseFlattened(message, line, logged.cut);
+    if (takeUntil(message, ") (")) logged.text = parseFlattened(message, line, logged.cut);
     return logged;
 }
 
@@ -114,7 +106,7 @@ ParameterText parseParameters(std::string_view text, Problems& problems, size_t 
     Lines lines(text, firstLine);
     for (std::string_view line; lines.next(line);) {
         if (trimmed(line).empty() || isFrame(line)) continue;
-        if (holdsNul(line)) {
+        if (line.find('\0') != std::string_view::npos) {
             problems.add(lines.number(), fmt::format("{} contains a NUL byte", excerpt(line)));
         } else if (isDumped(line)) {
             addDumpedParameters(line, lines.number(), found, problems);
@@ -140,9 +132,9 @@ std::optional<LoggedParameters> parseLogged(std::string_view message, size_t lin
     LoggedParameters logged;
     logged.kind = Kind::Defaults;
     logged.cut = message.size() >= kNativeLimit;
-    if (!takeThrough(message, "Default parameters converted from camera ")) return std::nullopt;
+    if (!takeUntil(message, "Default parameters converted from camera ")) return std::nullopt;
     logged.of = message.substr(0, message.find(':'));
-    if (takeThrough(message, ":")) logged.text = parseFlattened(trimmed(message), line, logged.cut);
+    if (takeUntil(message, ":")) logged.text = parseFlattened(trimmed(message), line, logged.cut);
     return logged;
 }
 

@@ -8,7 +8,6 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <cstring>
 #include <optional>
 #include <set>
 
@@ -24,10 +23,7 @@ constexpr size_t kMostUnknown = 8;  // largest number of unknown values in a mes
 std::string values(size_t count) { return counted(count, "value"); }
 
 int32_t numberAt(const Values& entry, size_t index) {
-    if (entry.type == TYPE_BYTE) return entry.bytes[index];
-    int32_t number = 0;
-    if (entry.type == TYPE_INT32) std::memcpy(&number, &entry.bytes[index * sizeof(number)], sizeof(number));
-    return number;
+    return static_cast<int32_t>(integerAt(entry, index).value_or(0));
 }
 
 EntryFinding malformed(std::string problem) { return {TagVerdict::Malformed, std::move(problem)}; }

@@ -10,7 +10,6 @@
 #include <cmath>
 #include <cstdint>
 #include <cstdlib>
-#include <cstring>
 
 namespace qzcam {
 
@@ -66,11 +65,7 @@ struct Element {
 
 void addElements(std::vector<Element>& elements, const Values& values) {
     for (size_t i = 0; i < values.count; ++i) {
-        if (values.type == TYPE_BYTE) elements.push_back({double(values.bytes[i]), TYPE_BYTE});
-        if (values.type != TYPE_INT32) continue;
-        int32_t number = 0;
-        std::memcpy(&number, &values.bytes[i * sizeof(number)], sizeof(number));
-        elements.push_back({double(number), TYPE_INT32});
+        if (const auto number = integerAt(values, i)) elements.push_back({double(*number), values.type});
     }
 }
 

@@ -68,8 +68,7 @@ std::vector<std::string> listIn(std::string_view value) {
 
 std::vector<int32_t> int32sOf(const StaticEntry& entry) {
     std::vector<int32_t> numbers(entry.values.type == TYPE_INT32 ? entry.values.count : 0);
-    if (!numbers.empty())
-        std::memcpy(numbers.data(), entry.values.bytes.data(), numbers.size() * sizeof(int32_t));
+    for (size_t i = 0; i < numbers.size(); ++i) numbers[i] = elementAt<int32_t>(entry.values, i);
     return numbers;
 }
 

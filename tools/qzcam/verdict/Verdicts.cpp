@@ -14,7 +14,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cstring>
 #include <iterator>
 #include <optional>
 
@@ -45,9 +44,8 @@ const TraceStep* firstOf(const Trace& steps, Kind kind) {
 // Returns true if the values are one element equal to the number. A byte has the low eight bits of the
 // number.
 bool holdsNumber(const Values& values, int32_t number) {
-    if (values.count != 1) return false;
-    if (values.type == TYPE_BYTE) return values.bytes[0] == static_cast<uint8_t>(number);
-    return values.type == TYPE_INT32 && std::memcmp(values.bytes.data(), &number, sizeof(number)) == 0;
+    const bool isByte = values.type == TYPE_BYTE;
+    return values.count == 1 && integerAt(values, 0) == (isByte ? static_cast<uint8_t>(number) : number);
 }
 
 // One request: the steps of its rows on the device and on a complete one.

@@ -16,25 +16,6 @@ namespace {
 using Form = qz::KeyRow::Form;
 using As = qz::KeyRow::As;
 
-template <typename T>
-T elementAt(const Values& values, size_t index) {
-    T element{};
-    std::memcpy(&element, &values.bytes[index * sizeof(T)], sizeof(T));
-    return element;
-}
-
-// Returns the elements of an entry of any type as texts of numbers; rationals as "n/d".
-void addElements(std::vector<std::string>& texts, const Values& values) {
-    for (size_t i = 0; i < values.count; ++i) {
-        if (values.type == TYPE_BYTE) texts.push_back(fmt::to_string(values.bytes[i]));
-        if (values.type == TYPE_INT32) texts.push_back(fmt::to_string(elementAt<int32_t>(values, i)));
-        if (values.type == TYPE_FLOAT) texts.push_back(fmt::to_string(elementAt<float>(values, i)));
-        if (values.type != TYPE_RATIONAL) continue;
-        const auto rational = elementAt<camera_metadata_rational_t>(values, i);
-        texts.push_back(fmt::format("{}/{}", rational.numerator, rational.denominator));
-    }
-}
-
 // One key of a row, and the values of its entries.
 class KeyBack {
   public:
@@ -65,7 +46,7 @@ KeyBack::KeyBack(const qz::Parameter& row, const qz::KeyRow& key, const EntryTex
         mWhole = mWhole && found != entries.end() && found->second.type == row.entries[i].type;
         if (!mWhole) return;
         if (mFirst == nullptr) mFirst = &found->second;
-        addElements(mElements, found->second);
+        for (size_t j = 0; j < found->second.count; ++j) mElements.push_back(elementText(found->second, j));
     }
     const bool isShared = row.entries.count == 1 && row.keys.count > 1 && mElements.size() == row.keys.count;
     if (isShared) mElements = {mElements[static_cast<size_t>(&key - row.keys.begin())]};
