@@ -8,6 +8,7 @@
 #include <capabilities/Capabilities.h>
 #include <inspect/SizeLists.h>
 #include <request/Parameters.h>
+#include <tags/TagNames.h>
 
 #include <algorithm>
 #include <unordered_map>
@@ -135,6 +136,13 @@ std::vector<std::string> capabilityNames() {
         if (fact.capability != nullptr && isVendorTag(fact.entry.tag)) names.emplace_back(fact.entry.tag);
     }
     return names;
+}
+
+std::string shortName(const std::string& tag) {
+    for (const std::string_view section : {CAPTURE(""), CAPABILITY("")}) {
+        if (startsWith(tag, section)) return tag.substr(section.size());
+    }
+    return tag;
 }
 
 bool isVendorTag(const std::string& name) { return !startsWith(name, "android."); }

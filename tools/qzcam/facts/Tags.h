@@ -34,6 +34,9 @@ std::vector<std::string> capabilityNames();
 
 bool isVendorTag(const std::string& name);
 
+// Returns the name without the library's own section.
+std::string shortName(const std::string& tag);
+
 // Returns true for a name that the library looks up without a section.
 bool lacksSection(const std::string& name);
 

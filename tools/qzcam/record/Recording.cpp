@@ -213,11 +213,9 @@ void Recorder::writeOrigin(const std::string& tag, Texts& target) {
     if (always != mAlways.end() && always->second == mRequest.at(tag)) return;
     const std::string value = sessionValues(mRequest.at(tag));
     if (!origin.certain.empty() || !mNamed.insert(tag + " " + value).second) return;
-    if (!origin.choices.empty()) {
-        mText.comment(fmt::format("{} {}: {}", tag, value, toText(origin.choices)));
-    } else {
-        mText.comment(fmt::format("{} {}: no parameter is known to give it", tag, value));
-    }
+    const std::string cause = causeOf(tag, mRequest);
+    mText.comment(
+        fmt::format("{} {}: {}", tag, value, cause.empty() ? "no parameter is known to give it" : cause));
     ++mDone.open;
 }
 

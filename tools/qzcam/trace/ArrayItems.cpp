@@ -4,7 +4,7 @@
 #include "base/Text.h"
 #include "facts/Lookup.h"
 #include "facts/Tags.h"
-#include "trace/Causes.h"
+#include "verdict/WordsBack.h"
 
 #include <fmt/format.h>
 
@@ -80,6 +80,7 @@ class ArrayReader {
             others += entries.back().isAside ? 1U : 0U;
             there.insert(entries.back().tag);
         }
+        if (!isResult(mArray)) addCauses(entries);
         TraceItem head = headWith(others);
         head.tags.assign(there.begin(), there.end());
         std::vector<TraceItem> all{std::move(head)};
@@ -120,11 +121,22 @@ class ArrayReader {
         if (isRead) item.values = read.values;
         item.isAside = mTags.count(item.tag) == 0;
         if (!isResult(mArray)) item.keys = keysWriting(item.tag);
-        if (!isResult(mArray)) item.cause = causeOf(item.tag, item.values);
         if (read.cut) addCause(item, fmt::format("the dump shows {} of {}", read.values.count, entry.count));
         if (!read.wrong.empty()) addCause(item, read.wrong);
         addCause(item, name());
         return item;
+    }
+
+    // Some parameters have several entries, so the cause of one depends on the others.
+    static void addCauses(std::vector<TraceItem>& items) {
+        EntryTexts request;
+        for (const TraceItem& item : items) {
+            if (item.values) request.emplace(item.tag, *item.values);
+        }
+        for (TraceItem& item : items) {
+            const std::string cause = causeOf(item.tag, request);
+            if (!cause.empty()) item.cause = cause + "; " + item.cause;
+        }
     }
 
     TraceItem absent(const std::string& tag) const {

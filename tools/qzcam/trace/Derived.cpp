@@ -3,9 +3,9 @@
 
 #include "device/VendorTagsInPlace.h"
 #include "facts/Lookup.h"
+#include "facts/Tags.h"
 #include "host/Camera.h"
 #include "host/LogCapture.h"
-#include "trace/Causes.h"
 
 #include <callback/Results.h>
 #include <fmt/format.h>

@@ -5,7 +5,7 @@
 #include "facts/Lookup.h"
 #include "facts/Tags.h"
 #include "log/Statements.h"
-#include "trace/Causes.h"
+#include "verdict/WordsBack.h"
 
 #include <fmt/format.h>
 #include <rows/Line.h>
@@ -198,8 +198,10 @@ bool LogItems::feedEntry(const LogLine& log, const LibraryLine& line) {
     if (!stated->list.empty()) item.values = parseValues(stated->entry->type, 0, stated->list);
     const bool isOneKey = item.keys.size() == 1 && !stated->text.empty() && !line.cut;
     if (isOneKey) item.fields.push_back({item.keys.front(), stated->text});
-    item.cause = fmt::format("{}", fmt::join(item.keys, " or "));
-    if (!stated->text.empty()) item.cause += "=" + stated->text;
+    EntryTexts request;
+    if (item.values) request.emplace(item.tag, *item.values);
+    item.cause = stated->text.empty() ? causeOf(item.tag, request)
+                                      : fmt::format("{}={}", fmt::join(item.keys, " or "), stated->text);
     if (item.kind == Kind::Refused) {
         const auto mistyped = mMistyped.find({log.pid, log.tid});
         const bool isDue = mistyped != mMistyped.end() && endsWith(item.tag, mistyped->second.tag);

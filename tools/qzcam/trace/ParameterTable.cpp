@@ -2,7 +2,6 @@
 #include "trace/ParameterTable.h"
 
 #include "facts/Lookup.h"
-#include "trace/Causes.h"
 
 #include <iterator>
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 // Makes facts from the platform's lines, and finds tags that the device does not declare.
+#include "base/Text.h"
 #include "facts/Lookup.h"
 #include "facts/Tags.h"
-#include "trace/Causes.h"
 #include "trace/LogItems.h"
 
 #include <fmt/format.h>
@@ -19,6 +19,19 @@ using Side = TraceItem::Side;
 Side sideOf(Use use) {
     if (use == Use::Request) return Side::Request;
     return use == Use::Result ? Side::Result : Side::Static;
+}
+
+// Returns the full names of the library's tags that end in this name.
+std::vector<std::string> fullNamesOf(const std::string& name) {
+    std::vector<std::string> names;
+    for (const TagFact& fact : tagFacts()) {
+        const std::string_view tag = fact.entry.tag;
+        if ((tag == name || endsWith(tag, "." + name)) &&
+            std::find(names.begin(), names.end(), tag) == names.end()) {
+            names.emplace_back(tag);
+        }
+    }
+    return names;
 }
 
 }  // namespace

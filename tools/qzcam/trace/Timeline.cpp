@@ -3,9 +3,9 @@
 
 #include "base/Text.h"
 #include "facts/Lookup.h"
-#include "trace/Causes.h"
 #include "trace/Derived.h"
 #include "trace/LogItems.h"
+#include "verdict/WordsBack.h"
 
 #include <fmt/format.h>
 
@@ -147,6 +147,26 @@ void insertMessages(std::vector<TraceItem>& items, const std::vector<TraceItem>&
     });
 }
 
+// Some parameters have several entries, so the cause of one depends on the others of its request. Events are
+// changes: a request has the entries of the previous request, too.
+void addCauses(std::vector<TraceItem>& items) {
+    std::map<std::string, EntryTexts> requests;  // by physical camera
+    for (auto frame = items.begin(); frame != items.end();) {
+        const auto end = std::find_if(frame, items.end(),
+                                      [&](const TraceItem& item) { return item.frame != frame->frame; });
+        for (auto item = frame; item != end; ++item) {
+            if (item->side != Side::Request) continue;
+            EntryTexts& request = requests[item->physicalCamera];
+            request.erase(item->tag);
+            if (item->values) request.emplace(item->tag, *item->values);
+        }
+        for (; frame != end; ++frame) {
+            if (frame->side == Side::Request && !frame->isRemoved)
+                frame->cause = causeOf(frame->tag, requests[frame->physicalCamera]);
+        }
+    }
+}
+
 bool isMonotonic(const std::vector<TraceItem>& log) {
     return !log.empty() && std::all_of(log.begin(), log.end(), [](const TraceItem& item) {
         return item.time.kind == LogTime::Kind::Monotonic;
@@ -223,6 +243,7 @@ class Builder {
         for (const MonitorEvent& event : stream.events) {
             group.items.push_back(itemOf(event, stream.place, stream.input, names));
         }
+        addCauses(group.items);
         const auto& tags = mEvidence.cameras->tagsFor(stream.place.camera, stream.input);
         Derived derived = messagesOf(group.items, tags, stream.place.monitored,
                                      stream.events.size() < kRing && !stream.place.monitored.empty());
@@ -311,7 +332,9 @@ TraceItem itemOf(const MonitorEvent& event, const MonitorPlace& place, size_t in
     item.text = event.streams;
     if (event.isRequest) {
         item.keys = keysWriting(event.tag);
-        item.cause = event.isRemoved ? "" : causeOf(event.tag, item.values);
+        EntryTexts request;
+        if (item.values) request.emplace(event.tag, *item.values);
+        if (!event.isRemoved) item.cause = causeOf(event.tag, request);
     }
     return item;
 }

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "base/Text.h"
-#include "trace/Causes.h"
+#include "facts/Tags.h"
 #include "trace/TraceOutput.h"
 
 #include <fmt/format.h>

@@ -178,4 +178,31 @@ std::string toText(const std::vector<Candidate>& candidates) {
     return text;
 }
 
+std::optional<std::string> fallbackKey(const std::string& tag, const Values& values) {
+    const auto keys = keysWriting(tag);
+    const auto rows = rowsWriting(tag);
+    if (keys.size() != 1 || rows.size() != 1 || values.count != 1 || !isWrittenBack(*rows.front()))
+        return std::nullopt;
+    const qz::Conversion& conversion = rows.front()->conversion;
+    if (conversion.kind != qz::Conversion::Kind::words || values.type != rows.front()->entries[0].type)
+        return std::nullopt;
+    const int unknown = conversion.vocabulary->whenUnknown;
+    const bool isUnknown = values.type == TYPE_BYTE
+                               ? values.bytes[0] == static_cast<uint8_t>(unknown)
+                               : values.type == TYPE_INT32 && elementAt<int32_t>(values, 0) == unknown;
+    const bool isWord = !wordsBackFor(tag, {{tag, values}}).empty();
+    return isUnknown && !isWord ? std::optional(keys.front()) : std::nullopt;
+}
+
+std::string causeOf(const std::string& tag, const EntryTexts& entries) {
+    const auto candidates = wordsBackFor(tag, entries);
+    if (!candidates.empty()) return toText(candidates);
+    const auto entry = entries.find(tag);
+    if (entry != entries.end()) {
+        if (const auto key = fallbackKey(tag, entry->second))
+            return *key + " with a text that is not one of its words";
+    }
+    return fmt::format("{}", fmt::join(keysWriting(tag), " or "));
+}
+
 }  // namespace qzcam

@@ -9,6 +9,7 @@
 #include <request/Parameter.h>
 
 #include <map>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -31,5 +32,13 @@ std::vector<Candidate> wordsBackFor(const std::string& tag, const EntryTexts& en
 
 // "iso=1600", "qz-dual-primary-mode=primary or qz-dual-primary-mode=default"
 std::string toText(const std::vector<Candidate>& candidates);
+
+// Returns the key of the parameter that was set to none of its words, so that the row wrote the number for an
+// unknown text. Returns nothing if the value has another reason, or if several parameters may be the reason.
+std::optional<std::string> fallbackKey(const std::string& tag, const Values& values);
+
+// Returns the parameters that give the entry, as text; only their keys if its value does not show the words.
+// Returns an empty text if no parameter writes it.
+std::string causeOf(const std::string& tag, const EntryTexts& entries);
 
 }  // namespace qzcam
