@@ -23,8 +23,8 @@ qzcam::Device parse(std::string_view text) {
     return qzcam::parseDump(text, "dump", "", problems);
 }
 
-bool isOfEntries(qzcam::Left::Kind kind) {
-    using Kind = qzcam::Left::Kind;
+bool isOfEntries(qzcam::UnusedPart::Kind kind) {
+    using Kind = qzcam::UnusedPart::Kind;
     return kind == Kind::UnknownTag || kind == Kind::Mistyped || kind == Kind::RepeatedEntry ||
            kind == Kind::Damaged;
 }
@@ -37,11 +37,12 @@ void requireAccounted(std::string_view text) {
     if (const auto* camera = qzcam::findCamera(report, "")) {
         const qzcam::Device device = qzcam::deviceOf(report, camera, problems);
         const auto* array = qzcam::staticOf(report, *camera);
-        const auto left = std::count_if(device.left.begin(), device.left.end(),
-                                        [](const qzcam::Left& each) { return isOfEntries(each.kind); });
+        const auto unused =
+            std::count_if(device.unused.begin(), device.unused.end(),
+                          [](const qzcam::UnusedPart& each) { return isOfEntries(each.kind); });
         require((array == nullptr ? 0 : array->entries.size()) ==
-                    device.entries.size() + static_cast<size_t>(left),
-                "an entry is read or left");
+                    device.entries.size() + static_cast<size_t>(unused),
+                "an entry is read or listed");
     }
     if (!report.cuts.empty()) return;
     std::set<size_t> lines;
@@ -56,7 +57,7 @@ void requireAccounted(std::string_view text) {
         const auto holds = [&](const auto& each) {
             return each.line <= all.number() && all.number() <= each.lastLine;
         };
-        require(!report.monitors.empty() || std::any_of(report.left.begin(), report.left.end(), holds),
+        require(!report.monitors.empty() || std::any_of(report.unused.begin(), report.unused.end(), holds),
                 "a line that is no entry of an array is named");
     }
 }

@@ -3,7 +3,7 @@
 // declares.
 #include "device/BuiltIn.h"
 #include "device/DumpParser.h"
-#include "device/VendorTagsInPlace.h"
+#include "device/ScopedVendorTags.h"
 #include "facts/Lookup.h"
 #include "facts/Tags.h"
 #include "host/Camera.h"
@@ -42,7 +42,7 @@ std::set<std::string> lookedUp() {
     Device stranger;
     stranger.hasVendorTags = true;
     stranger.vendorTags = {{CAMERA_METADATA_VENDOR_TAG_BOUNDARY, TYPE_BYTE, "nothing", "nothing"}};
-    const VendorTagsInPlace inPlace(stranger);
+    const ScopedVendorTags inPlace(stranger);
     std::set<std::string> names;
     const LogListener listener([&](const LogEvent& line) {
         if (std::string name = missingName(line); !name.empty()) names.insert(std::move(name));

@@ -43,7 +43,7 @@ struct Parsed {
     }
     std::vector<std::string> left() const {
         std::vector<std::string> texts;
-        for (const Left& each : device.left) texts.push_back(textOf(each));
+        for (const UnusedPart& each : device.unused) texts.push_back(textOf(each));
         return texts;
     }
 
@@ -160,7 +160,7 @@ TEST(DumpParser, ListsUnusedParts) {
                     "line 19: repeated entries: android.jpeg.quality (70004) byte[1]",
                     "line 21: other sections: Another"));
     EXPECT_EQ(
-        summaryOf(parsed.device.left),
+        summaryOf(parsed.device.unused),
         "entries of unknown tags (2), entries of another type than their tag's (1), entries with unknown words "
         "(1), repeated entries (1), other sections (1)");
     EXPECT_EQ(parsed.device.cutLists, 1U);
@@ -208,7 +208,7 @@ TEST(DumpParser, TakesAsManyVendorTagsAsThePlatform) {
     EXPECT_THAT(
         parsed.problems.first(),
         ElementsAre("d:65540: more than 65536 vendor tags: this one and those after it are left out"));
-    EXPECT_EQ(summaryOf(parsed.device.left), "vendor tags beyond what a device takes (2)");
+    EXPECT_EQ(summaryOf(parsed.device.unused), "vendor tags beyond what a device takes (2)");
     installVendorTags(parsed.device);
     EXPECT_EQ(android::VendorTagDescriptor::getGlobalVendorTagDescriptor()->getTagCount(), 65536);
     android::VendorTagDescriptor::clearGlobalVendorTagDescriptor();
@@ -225,7 +225,7 @@ TEST(DumpParser, ReadsVendorBlocks) {
     for (const Tag& tag : parsed.device.vendorTags)
         tags.push_back(fmt::format("{:x} {}", tag.id, tag.fullName()));
     EXPECT_THAT(tags, ElementsAre("80000000 org.other.fps (max)", "80000008 org.other.fps"));
-    EXPECT_EQ(summaryOf(parsed.device.left), "entries of unknown types (1), repeated vendor tags (1)");
+    EXPECT_EQ(summaryOf(parsed.device.unused), "entries of unknown types (1), repeated vendor tags (1)");
     EXPECT_THAT(parsed.problems.first(), IsEmpty());
     ASSERT_EQ(parsed.device.faults.size(), 1U);
     EXPECT_EQ(parsed.device.faults[0].text,

@@ -27,7 +27,7 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 
 std::vector<test::PhoneEvent> phone(std::string_view text) {
-    const PropertiesInPlace properties;
+    const ScopedProperties properties;
     Problems problems("s");
     const Session session = parseSession(text, "s", problems);
     EXPECT_THAT(problems.first(), IsEmpty());

@@ -72,9 +72,10 @@ TEST(Report, HoldsEveryEntryOfEachVersion) {
             const Device device = deviceOf(report, camera.id, problems);
             EXPECT_EQ(device.entries.size(), camera.entries.size()) << platform << " " << camera.id;
             EXPECT_THAT(device.notes, IsEmpty());
-            for (const Left& left : device.left) {
-                EXPECT_TRUE(left.kind == Left::Kind::HalText || left.kind == Left::Kind::OtherBlock)
-                    << textOf(left);
+            for (const UnusedPart& part : device.unused) {
+                EXPECT_TRUE(part.kind == UnusedPart::Kind::HalText ||
+                            part.kind == UnusedPart::Kind::OtherBlock)
+                    << textOf(part);
             }
         }
         EXPECT_THAT(problems.first(), IsEmpty()) << platform;

@@ -32,7 +32,7 @@ using testing::Not;
 struct Recorded {
     explicit Recorded(std::string_view session, std::string dump = std::string(builtInDevice()))
         : deviceText(std::move(dump)) {
-        const PropertiesInPlace properties;
+        const ScopedProperties properties;
         setProperty("camera.qzperformex.loglevel", "0");  // other tests may have left one
         Problems problems("s");
         const Device device = parseDump(deviceText, "device", "", problems);

@@ -3,7 +3,7 @@
 
 #include "device/BuiltIn.h"
 #include "device/DumpParser.h"
-#include "device/VendorTagsInPlace.h"
+#include "device/ScopedVendorTags.h"
 #include "host/Camera.h"
 #include "host/LogCapture.h"
 #include "qzcam/BuiltIn.h"
@@ -22,7 +22,7 @@ namespace {
 
 // Returns the entries of a request with these parameters.
 EntryTexts entriesOf(const std::vector<Parameter>& parameters) {
-    static const VendorTagsInPlace inPlace(test::builtIn());
+    static const ScopedVendorTags inPlace(test::builtIn());
     static const android::CameraMetadata characteristics = staticCharacteristics(test::builtIn());
     static const TagNames names(test::builtIn().vendorTags);
     const LogListener silence([](const LogEvent&) {});

@@ -26,7 +26,7 @@ std::string read(const std::string& path) {
 }
 
 std::vector<test::PhoneEvent> played(const std::string& session) {
-    const PropertiesInPlace properties;
+    const ScopedProperties properties;
     Problems problems(session);
     std::vector<Event> events;
     Player player(test::builtIn(), [&events](const Event& event) { events.push_back(event); });

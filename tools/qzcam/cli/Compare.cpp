@@ -116,7 +116,7 @@ ExitStatus compare(const CompareOptions& options) {
     const std::vector<std::string> inputs{options.input, options.session, options.properties,
                                           options.parameters};
     if (const auto wrong = prepareFiles(inputs, options.html)) return *wrong;
-    const PropertiesInPlace restored;
+    const ScopedProperties restored;
     const auto text = readFile(options.input);
     auto setup =
         text ? readSetup(*text, {options.input, options.camera, options.properties, options.parameters})

@@ -54,7 +54,7 @@ class Observer {
 };
 
 Observer play(const Device& device, const Session& session) {
-    const PropertiesInPlace restored;
+    const ScopedProperties restored;
     Observer observer;
     Player player(device, [&](const Event& event) { observer.hear(event); });
     player.playAsGuest(session);

@@ -106,7 +106,7 @@ std::string explanationText(const Explanation& found, const Device& device) {
 
 ExitStatus explain(const ExplainOptions& options) {
     if (!areReadOnce({options.device, options.properties, options.parameters})) return kUsage;
-    const PropertiesInPlace restored;
+    const ScopedProperties restored;
     const auto setup = readSetup({options.device, options.camera, options.properties, options.parameters});
     if (!setup) return kBadInput;
     Texts given;

@@ -194,7 +194,7 @@ bool expectsSomething(const Session& session) {
 }
 
 bool Runner::play(const Session& session) {
-    const PropertiesInPlace restored;
+    const ScopedProperties restored;
     begin(session);
     Player player(mDevice, [&](const Event& event) {
         mOutput->print(event);
@@ -238,7 +238,7 @@ ExitStatus run(const RunOptions& options) {
     if (isInput(options.junit, "--junit", inputs)) return kUsage;
     if (!JUnitFile(options.junit).begin()) return kBadInput;
     if (const auto wrong = prepareFiles(inputs, options.html, options.perfetto)) return *wrong;
-    const PropertiesInPlace restored;
+    const ScopedProperties restored;
     auto setup = readSetup({options.device, options.camera, options.properties, options.parameters});
     auto scripts = readScripts(options.sessions);
     if (setup && !isGuest(options)) checkScripts(setup->input, scripts);

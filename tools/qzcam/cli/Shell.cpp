@@ -8,7 +8,7 @@
 #include "cli/Run.h"
 #include "cli/ShellCommands.h"
 #include "device/Properties.h"
-#include "device/VendorTagsInPlace.h"
+#include "device/ScopedVendorTags.h"
 #include "facts/Vocabulary.h"
 #include "output/Printer.h"
 #include "session/Assignment.h"
@@ -198,8 +198,8 @@ std::vector<std::string> Shell::onThisDevice(std::vector<std::string> words) con
 
 // Runs a command of the tool. The vendor tags and properties of the shell are restored afterwards.
 void Shell::answer(const std::vector<std::string>& words) {
-    const VendorTagsInPlace tags;
-    const PropertiesInPlace properties;
+    const ScopedVendorTags tags;
+    const ScopedProperties properties;
     const std::vector<std::string> line = onThisDevice(words);
     std::vector<const char*> argv{"qzcam"};
     for (const std::string& word : line) argv.push_back(word.c_str());
@@ -245,7 +245,7 @@ std::string shellHelp() {
 ExitStatus shell(const RunOptions& options) {
     const std::string commands = "-";
     if (!areReadOnce({commands, options.device, options.properties, options.parameters})) return kUsage;
-    const PropertiesInPlace restored;
+    const ScopedProperties restored;
     auto setup = readSetup({options.device, options.camera, options.properties, options.parameters});
     if (!setup) return kBadInput;
     const bool atTerminal = isatty(STDIN_FILENO) == 1;

@@ -87,7 +87,7 @@ struct Device {
     std::vector<StaticEntry> entries;
     std::vector<MistypedEntry> mistyped;
     size_t cutLists = 0;             // entries of which the dump shows only the first 16 elements
-    std::vector<Left> left;          // parts of the dump that are not used
+    std::vector<UnusedPart> unused;  // parts of the dump that are not used
     std::vector<Fault> faults;       // faults of the camera's HAL
     std::vector<std::string> notes;  // conclusions that the dump does not state
 };

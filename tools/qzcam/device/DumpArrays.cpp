@@ -129,11 +129,11 @@ void DumpReader::arrayLine() {
     } else {
         mInEntry = false;
     }
-    leaveUnused(Left::Kind::GarbledLine, excerpt(mBody));
+    leaveUnused(UnusedPart::Kind::GarbledLine, excerpt(mBody));
 }
 
 void DumpReader::valueLine() {
-    if (!mInEntry) return leaveUnused(Left::Kind::GarbledLine, excerpt(mBody));
+    if (!mInEntry) return leaveUnused(UnusedPart::Kind::GarbledLine, excerpt(mBody));
     ArrayEntry& entry = mReport.arrays.back().entries.back();
     if (entry.values.empty()) {
         entry.values = mBody;
@@ -172,7 +172,7 @@ bool DumpReader::strayEntry() {
     if (!isEntry()) return false;
     const bool isPlace = mRegion == Region::Camera || mRegion == Region::Client || mRegion == Region::Other;
     if (!isPlace) {
-        leaveUnused(Left::Kind::GarbledLine, excerpt(mBody));
+        leaveUnused(UnusedPart::Kind::GarbledLine, excerpt(mBody));
         return true;
     }
     openArray();
@@ -244,11 +244,11 @@ void DumpReader::vendorLine() {
     if (!isTag) return;
     auto line = parseVendorTag(mBody);
     if (!line || line->tag.id < CAMERA_METADATA_VENDOR_TAG_BOUNDARY) {
-        return leaveUnused(Left::Kind::GarbledLine, excerpt(mBody));
+        return leaveUnused(UnusedPart::Kind::GarbledLine, excerpt(mBody));
     }
     if (line->type >= NUM_TYPES) {
         ++mLeftOfBlock;
-        return leaveUnused(Left::Kind::UnknownType,
+        return leaveUnused(UnusedPart::Kind::UnknownType,
                            fmt::format("{}.{} (type {})", line->tag.section, line->tag.name, line->type));
     }
     const char* type = camera_metadata_type_names[line->type];

@@ -41,7 +41,7 @@ bool DumpReader::hasRoomFor(std::string_view name) {
     if (isKnown || mReport.cameras.size() < kMostCameras) return true;
     enter(Region::Other);
     mCamera = {};
-    leaveUnused(Left::Kind::Section, cut(name, 60));
+    leaveUnused(UnusedPart::Kind::Section, cut(name, 60));
     return false;
 }
 
@@ -200,7 +200,7 @@ void DumpReader::addShimParameter(std::string_view text, bool cut) {
     const size_t colon = text.find(':');
     const std::string_view key = text.substr(0, colon);
     if (colon == std::string_view::npos || !isParameterKey(key))
-        return leaveUnused(Left::Kind::GarbledLine, excerpt(text));
+        return leaveUnused(UnusedPart::Kind::GarbledLine, excerpt(text));
     ShimParameter parameter;
     parameter.line = mNumber;
     parameter.key = key;

@@ -39,8 +39,8 @@ class DeviceBuilder {
     void addUnreadable(const MetadataArray& array, const ArrayEntry& entry, const EntryValues& read);
     bool isWhole(const MetadataArray& array) const;
     const Tag* tagOf(const ArrayEntry& entry) const;
-    void leave(Left::Kind kind, const ArrayEntry& entry);
-    void leave(Left::Kind kind, size_t line, std::string name);
+    void leave(UnusedPart::Kind kind, const ArrayEntry& entry);
+    void leave(UnusedPart::Kind kind, size_t line, std::string name);
 
     const Report& mReport;
     const ReportedCamera* mCamera;
@@ -53,7 +53,7 @@ class DeviceBuilder {
 };
 
 Device DeviceBuilder::build() {
-    mDevice.left = mReport.left;
+    mDevice.unused = mReport.unused;
     describe();
     addVendorTags();
     mNames = std::make_unique<TagNames>(mDevice.vendorTags);
@@ -61,8 +61,8 @@ Device DeviceBuilder::build() {
     if (array != nullptr) {
         for (const ArrayEntry& entry : array->entries) addEntry(*array, entry);
     }
-    std::stable_sort(mDevice.left.begin(), mDevice.left.end(),
-                     [](const Left& a, const Left& b) { return a.line < b.line; });
+    std::stable_sort(mDevice.unused.begin(), mDevice.unused.end(),
+                     [](const UnusedPart& a, const UnusedPart& b) { return a.line < b.line; });
     return std::move(mDevice);
 }
 
@@ -106,7 +106,7 @@ void DeviceBuilder::addVendorTag(const VendorTag& raw) {
         mDevice.vendorTags.push_back(std::move(tag));
         return;
     }
-    leave(Left::Kind::RepeatedTag, raw.line, cut(place->first, kLongestName));
+    leave(UnusedPart::Kind::RepeatedTag, raw.line, cut(place->first, kLongestName));
     mDevice.vendorTags[place->second] = std::move(tag);
 }
 
@@ -127,7 +127,7 @@ void DeviceBuilder::leaveOtherBlocks(const VendorBlock* chosen) {
         const bool isChosen = &block == chosen;
         if (!isChosen && !block.tags.empty()) {
             const std::string id = block.vendorId ? fmt::format("vendor id {}, ", *block.vendorId) : "";
-            leave(Left::Kind::OtherBlock, block.line, id + counted(block.tags.size(), "tag"));
+            leave(UnusedPart::Kind::OtherBlock, block.line, id + counted(block.tags.size(), "tag"));
         }
     }
     const auto [first, last] = chosen == nullptr || chosen->tags.empty()
@@ -139,9 +139,9 @@ void DeviceBuilder::leaveOtherBlocks(const VendorBlock* chosen) {
 }
 
 void DeviceBuilder::leaveTagsFrom(const std::vector<VendorTag>& tags, size_t index) {
-    leave(Left::Kind::TooManyTags, tags[index].line, cut(tags[index].name, kLongestName));
-    mDevice.left.back().lastLine = tags.back().line;
-    mDevice.left.back().count = tags.size() - index;
+    leave(UnusedPart::Kind::TooManyTags, tags[index].line, cut(tags[index].name, kLongestName));
+    mDevice.unused.back().lastLine = tags.back().line;
+    mDevice.unused.back().count = tags.size() - index;
     mProblems.add(
         tags[index].line,
         fmt::format("more than {} vendor tags: this one and those after it are left out", kMostVendorTags));
@@ -155,12 +155,12 @@ const Tag* DeviceBuilder::tagOf(const ArrayEntry& entry) const {
 
 void DeviceBuilder::addEntry(const MetadataArray& array, const ArrayEntry& entry) {
     const Tag* tag = tagOf(entry);
-    if (tag == nullptr) return leave(Left::Kind::UnknownTag, entry);
+    if (tag == nullptr) return leave(UnusedPart::Kind::UnknownTag, entry);
     if (entry.type != camera_metadata_type_names[tag->type]) {
         mDevice.mistyped.push_back({tag->id, entry.line, fmt::format("{}[{}]", entry.type, entry.count)});
-        return leave(Left::Kind::Mistyped, entry);
+        return leave(UnusedPart::Kind::Mistyped, entry);
     }
-    if (mSeen.count(tag->id) != 0) return leave(Left::Kind::RepeatedEntry, entry);
+    if (mSeen.count(tag->id) != 0) return leave(UnusedPart::Kind::RepeatedEntry, entry);
     addUsable(array, entry, *tag);
 }
 
@@ -168,9 +168,9 @@ void DeviceBuilder::addUsable(const MetadataArray& array, const ArrayEntry& entr
     EntryValues read = readValues(entry);
     if (!read.wrong.empty()) return addUnreadable(array, entry, read);
     mSeen.insert(tag.id);
-    if (!read.words.empty()) leave(Left::Kind::UnknownWord, entry);
+    if (!read.words.empty()) leave(UnusedPart::Kind::UnknownWord, entry);
     for (const UnknownWord& word : read.words) {
-        mDevice.left.back().name += fmt::format(" {}", cut(word.word, kLongestName));
+        mDevice.unused.back().name += fmt::format(" {}", cut(word.word, kLongestName));
     }
     if (read.cut) ++mDevice.cutLists;
     mDevice.entries.push_back({tag.id, std::move(read.values), read.cut, std::move(read.words)});
@@ -183,9 +183,9 @@ void DeviceBuilder::addUnreadable(const MetadataArray& array, const ArrayEntry& 
     if (!mWhole) mWhole = isWhole(array);
     if (!read.wrongLength || !*mWhole) {
         mProblems.add(read.wrongLine, read.wrong);
-        return leave(Left::Kind::Damaged, entry);
+        return leave(UnusedPart::Kind::Damaged, entry);
     }
-    leave(Left::Kind::Damaged, entry);
+    leave(UnusedPart::Kind::Damaged, entry);
     const bool isEmpty = entry.values.empty();
     mDevice.faults.push_back({Fault::Kind::LengthAgainstType, entry.line, 0,
                               fmt::format("{} is {}[{}], but has {}", entry.name, entry.type, entry.count,
@@ -197,24 +197,24 @@ void DeviceBuilder::addUnreadable(const MetadataArray& array, const ArrayEntry& 
 bool DeviceBuilder::isWhole(const MetadataArray& array) const {
     if (array.announced != array.entries.size()) return false;
     const size_t last = array.entries.back().valuesLine;
-    return std::none_of(mReport.left.begin(), mReport.left.end(), [&](const Left& left) {
-        return left.kind == Left::Kind::GarbledLine && left.line > array.line && left.line <= last;
+    return std::none_of(mReport.unused.begin(), mReport.unused.end(), [&](const UnusedPart& part) {
+        return part.kind == UnusedPart::Kind::GarbledLine && part.line > array.line && part.line <= last;
     });
 }
 
-void DeviceBuilder::leave(Left::Kind kind, const ArrayEntry& entry) {
+void DeviceBuilder::leave(UnusedPart::Kind kind, const ArrayEntry& entry) {
     leave(kind, entry.line,
           fmt::format("{} ({:x}) {}[{}]", cut(entry.name, kLongestName), entry.id,
                       cut(entry.type, kLongestName), entry.count));
 }
 
-void DeviceBuilder::leave(Left::Kind kind, size_t line, std::string name) {
-    Left left;
-    left.kind = kind;
-    left.line = line;
-    left.lastLine = line;
-    left.name = std::move(name);
-    mDevice.left.push_back(std::move(left));
+void DeviceBuilder::leave(UnusedPart::Kind kind, size_t line, std::string name) {
+    UnusedPart part;
+    part.kind = kind;
+    part.line = line;
+    part.lastLine = line;
+    part.name = std::move(name);
+    mDevice.unused.push_back(std::move(part));
 }
 
 std::vector<std::string_view> describedCameras(const Report& report) {
@@ -244,12 +244,12 @@ void addDamage(const Report& report, Problems& problems) {
     for (const ReportedLine& error : report.errors) problems.add(error.line, error.text);
     for (const Cut& cut : report.cuts) problems.add(cut.line, cut.text);
     for (const Cut& difference : report.differences) problems.add(difference.line, difference.text);
-    for (const Left& left : report.left) {
-        if (left.kind != Left::Kind::GarbledLine) continue;
+    for (const UnusedPart& part : report.unused) {
+        if (part.kind != UnusedPart::Kind::GarbledLine) continue;
         const std::string more =
-            left.count > 1 ? fmt::format(", and {} more", counted(left.count - 1, "line")) : "";
-        problems.add(left.line,
-                     fmt::format("expected an entry, its values or a vendor tag, not {}{}", left.name, more));
+            part.count > 1 ? fmt::format(", and {} more", counted(part.count - 1, "line")) : "";
+        problems.add(part.line,
+                     fmt::format("expected an entry, its values or a vendor tag, not {}{}", part.name, more));
     }
 }
 

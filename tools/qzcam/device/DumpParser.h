@@ -11,7 +11,7 @@
 namespace qzcam {
 
 // Returns the camera's vendor tags and static entries. Without a camera it returns only vendor tags. Damage
-// in the entries is reported as a problem; unused parts are in Device::left.
+// in the entries is reported as a problem; unused parts are in Device::unused.
 Device deviceOf(const Report& report, const ReportedCamera* camera, Problems& problems);
 
 // Does the same for a camera's name or id; an empty text means the first camera. A missing camera is a

@@ -45,7 +45,7 @@ void DumpReader::take() {
         mReport.isDump = true;
         // Two lines have run together: the title is read, the entry after it is lost.
         if (mReport.errors.size() == errors && isEntry())
-            leaveUnused(Left::Kind::GarbledLine, excerpt(mBody));
+            leaveUnused(UnusedPart::Kind::GarbledLine, excerpt(mBody));
         return;
     }
     takeInRegion();
@@ -86,8 +86,8 @@ void DumpReader::end() {
     findVendorFaults(mReport);
     std::stable_sort(mReport.cameras.begin(), mReport.cameras.end(),
                      [](const auto& a, const auto& b) { return a.line < b.line; });
-    std::stable_sort(mReport.left.begin(), mReport.left.end(),
-                     [](const Left& a, const Left& b) { return a.line < b.line; });
+    std::stable_sort(mReport.unused.begin(), mReport.unused.end(),
+                     [](const UnusedPart& a, const UnusedPart& b) { return a.line < b.line; });
 }
 
 // The service prints each section, in a fixed order. So a missing section shows that the text ends early.
@@ -167,7 +167,7 @@ bool DumpReader::framedTitle() {
             startsWith(title, "Service global info") || startsWith(title, "Camera error traces");
         mStartedService = mStartedService || startsWith(title, "Service global info");
         mTraces = mTraces || startsWith(title, "Camera error traces");
-        if (!isKnown) leaveUnused(Left::Kind::Section, cut(title, kLongestName));
+        if (!isKnown) leaveUnused(UnusedPart::Kind::Section, cut(title, kLongestName));
         return isKnown;
     }
     return true;
@@ -270,30 +270,30 @@ void DumpReader::closeText() {
     TextBlock& block = mTexts->back();
     block.text = block.text.substr(0, static_cast<size_t>(mLine.data() - block.text.data()));
     if (mTexts == &mReport.halTexts) {
-        leaveUnused(Left::Kind::HalText,
+        leaveUnused(UnusedPart::Kind::HalText,
                     cut(trimmed(block.text.substr(0, block.text.find('\n'))), kLongestName));
-        mReport.left.back().line = block.line;
-        mReport.left.back().lastLine = std::max(block.line, mNumber - 1);
+        mReport.unused.back().line = block.line;
+        mReport.unused.back().lastLine = std::max(block.line, mNumber - 1);
     }
     mTexts = nullptr;
 }
 
 // Lines of the same kind that follow one another are one item.
-void DumpReader::leaveUnused(Left::Kind kind, std::string name) {
-    if (!mReport.left.empty() && kind == Left::Kind::GarbledLine) {
-        Left& last = mReport.left.back();
+void DumpReader::leaveUnused(UnusedPart::Kind kind, std::string name) {
+    if (!mReport.unused.empty() && kind == UnusedPart::Kind::GarbledLine) {
+        UnusedPart& last = mReport.unused.back();
         if (last.kind == kind && last.lastLine + 1 == mNumber) {
             ++last.count;
             last.lastLine = mNumber;
             return;
         }
     }
-    Left left;
-    left.kind = kind;
-    left.line = mNumber;
-    left.lastLine = mNumber;
-    left.name = std::move(name);
-    mReport.left.push_back(std::move(left));
+    UnusedPart part;
+    part.kind = kind;
+    part.line = mNumber;
+    part.lastLine = mNumber;
+    part.name = std::move(name);
+    mReport.unused.push_back(std::move(part));
 }
 
 void DumpReader::cutAt(size_t line, std::string text) { mReport.cuts.push_back({line, std::move(text)}); }

@@ -71,7 +71,7 @@ class DumpReader {
     void openText(std::vector<TextBlock>& blocks);
     void closeText();
 
-    void leaveUnused(Left::Kind kind, std::string name);
+    void leaveUnused(UnusedPart::Kind kind, std::string name);
     void finishCameras();
     void finishCamera(ReportedCamera& at, const ArrayEntry& entry);
     void addPhysicalId(std::string_view of, std::string id);

@@ -10,13 +10,13 @@ namespace qzcam {
 
 namespace {
 
-struct LeftName {
+struct UnusedName {
     const char* name;
     const char* text;
 };
 
-// The texts are in the order of Left::Kind.
-constexpr std::array<LeftName, 13> kLeftNames{{
+// The texts are in the order of UnusedPart::Kind.
+constexpr std::array<UnusedName, 13> kUnusedNames{{
     {"unknownTag", "entries of unknown tags"},
     {"unknownType", "entries of unknown types"},
     {"mistyped", "entries of another type than their tag's"},
@@ -31,29 +31,29 @@ constexpr std::array<LeftName, 13> kLeftNames{{
     {"halText", "texts of the HAL"},
     {"otherBlock", "blocks of other vendors"},
 }};
-static_assert(kLeftNames.size() == static_cast<size_t>(Left::Kind::OtherBlock) + 1);
+static_assert(kUnusedNames.size() == static_cast<size_t>(UnusedPart::Kind::OtherBlock) + 1);
 
 }  // namespace
 
-const char* nameOf(Left::Kind kind) { return kLeftNames[static_cast<size_t>(kind)].name; }
+const char* nameOf(UnusedPart::Kind kind) { return kUnusedNames[static_cast<size_t>(kind)].name; }
 
-const char* textOf(Left::Kind kind) { return kLeftNames[static_cast<size_t>(kind)].text; }
+const char* textOf(UnusedPart::Kind kind) { return kUnusedNames[static_cast<size_t>(kind)].text; }
 
-std::string summaryOf(const std::vector<Left>& left) {
-    std::array<size_t, kLeftNames.size()> counts{};
-    for (const Left& each : left) counts[static_cast<size_t>(each.kind)] += each.count;
+std::string summaryOf(const std::vector<UnusedPart>& unused) {
+    std::array<size_t, kUnusedNames.size()> counts{};
+    for (const UnusedPart& each : unused) counts[static_cast<size_t>(each.kind)] += each.count;
     std::string text;
     for (size_t kind = 0; kind < counts.size(); ++kind) {
         if (counts[kind] == 0) continue;
-        text += fmt::format("{}{} ({})", text.empty() ? "" : ", ", kLeftNames[kind].text, counts[kind]);
+        text += fmt::format("{}{} ({})", text.empty() ? "" : ", ", kUnusedNames[kind].text, counts[kind]);
     }
     return text;
 }
 
-std::string textOf(const Left& left) {
-    const std::string lines = left.lastLine > left.line ? fmt::format("lines {}-{}", left.line, left.lastLine)
-                                                        : fmt::format("line {}", left.line);
-    return fmt::format("{}: {}: {}", lines, textOf(left.kind), left.name);
+std::string textOf(const UnusedPart& part) {
+    const std::string lines = part.lastLine > part.line ? fmt::format("lines {}-{}", part.line, part.lastLine)
+                                                        : fmt::format("line {}", part.line);
+    return fmt::format("{}: {}: {}", lines, textOf(part.kind), part.name);
 }
 
 }  // namespace qzcam

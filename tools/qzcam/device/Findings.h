@@ -25,7 +25,7 @@ struct Cut {
 };
 
 // A part of the text that is not used. Many lines of the same kind that follow one another are one item.
-struct Left {
+struct UnusedPart {
     enum class Kind {
         UnknownTag,     // an entry whose tag neither the tables nor the vendor tags have
         UnknownType,    // an entry or vendor tag of a type that does not exist
@@ -49,13 +49,13 @@ struct Left {
 };
 
 // Return "unknownTag", for programs, and "entries of unknown tags", for people.
-const char* nameOf(Left::Kind kind);
-const char* textOf(Left::Kind kind);
+const char* nameOf(UnusedPart::Kind kind);
+const char* textOf(UnusedPart::Kind kind);
 
 // Returns "entries of unknown tags (3), garbled lines (1)"; an empty text for no items.
-std::string summaryOf(const std::vector<Left>& left);
+std::string summaryOf(const std::vector<UnusedPart>& unused);
 
 // Returns "line 12: entries of unknown tags: android.newest.location (1c0000) byte[1]".
-std::string textOf(const Left& left);
+std::string textOf(const UnusedPart& part);
 
 }  // namespace qzcam

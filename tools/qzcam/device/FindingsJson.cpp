@@ -11,12 +11,12 @@ namespace {
 
 using Json = nlohmann::ordered_json;
 
-Json jsonOf(const Left& left) {
-    return {{"kind", nameOf(left.kind)},
-            {"line", left.line},
-            {"lastLine", left.lastLine},
-            {"count", left.count},
-            {"name", visible(left.name)}};
+Json jsonOf(const UnusedPart& part) {
+    return {{"kind", nameOf(part.kind)},
+            {"line", part.line},
+            {"lastLine", part.lastLine},
+            {"count", part.count},
+            {"name", visible(part.name)}};
 }
 
 const char* nameOf(Fault::Kind kind) {
@@ -47,7 +47,7 @@ Json listOf(const Items& items) {
 }  // namespace
 
 void addFindings(Json& json, const Device& device) {
-    if (!device.left.empty()) json["left"] = listOf(device.left);
+    if (!device.unused.empty()) json["left"] = listOf(device.unused);
     if (!device.faults.empty()) json["faults"] = listOf(device.faults);
     for (const std::string& note : device.notes) json["notes"].push_back(visible(note));
 }

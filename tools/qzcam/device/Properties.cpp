@@ -72,11 +72,11 @@ std::vector<Property> propertiesOf(const std::vector<Part>& parts, Problems& pro
     return properties;
 }
 
-PropertiesInPlace* PropertiesInPlace::sInnermost = nullptr;
+ScopedProperties* ScopedProperties::sInnermost = nullptr;
 
-PropertiesInPlace::PropertiesInPlace() : mOuter(sInnermost) { sInnermost = this; }
+ScopedProperties::ScopedProperties() : mOuter(sInnermost) { sInnermost = this; }
 
-PropertiesInPlace::~PropertiesInPlace() {
+ScopedProperties::~ScopedProperties() {
     sInnermost = mOuter;
     for (const auto& [name, value] : mBefore) property_set(name.c_str(), value.c_str());
 }
@@ -85,7 +85,7 @@ bool setProperty(const std::string& name, const std::string& value) {
     if (name.empty() || value.size() >= PROPERTY_VALUE_MAX) return false;
     std::array<char, PROPERTY_VALUE_MAX> before{};
     property_get(name.c_str(), before.data(), "");
-    for (auto* place = PropertiesInPlace::sInnermost; place; place = place->mOuter) {
+    for (auto* place = ScopedProperties::sInnermost; place; place = place->mOuter) {
         place->mBefore.emplace(name, before.data());
     }
     return property_set(name.c_str(), value.c_str()) == 0;

@@ -26,20 +26,20 @@ Properties propertiesOf(const std::vector<Part>& parts, Problems& problems);
 bool setProperty(const std::string& name, const std::string& value);
 
 // Restores the properties that setProperty() changes during the lifetime of this object.
-class PropertiesInPlace {
+class ScopedProperties {
   public:
-    PropertiesInPlace();
-    ~PropertiesInPlace();
-    PropertiesInPlace(const PropertiesInPlace&) = delete;
-    PropertiesInPlace& operator=(const PropertiesInPlace&) = delete;
+    ScopedProperties();
+    ~ScopedProperties();
+    ScopedProperties(const ScopedProperties&) = delete;
+    ScopedProperties& operator=(const ScopedProperties&) = delete;
 
   private:
     friend bool setProperty(const std::string& name, const std::string& value);
 
-    static PropertiesInPlace* sInnermost;
+    static ScopedProperties* sInnermost;
 
     std::map<std::string, std::string> mBefore;
-    PropertiesInPlace* mOuter;
+    ScopedProperties* mOuter;
 };
 
 }  // namespace qzcam

@@ -3,7 +3,7 @@
 //
 // A report does not copy the text: all views point into the text, which must outlive the report. Line numbers
 // are those of the file. Nothing is lost: each entry of the text is in an array, and unusable parts are
-// listed in `left`.
+// listed in `unused`.
 #pragma once
 
 #include "base/Values.h"
@@ -165,7 +165,8 @@ struct Report {
     std::vector<Fault> faults;          // faults of the vendor tags
     std::vector<Cut> cuts;
     std::vector<Cut> differences;  // lists with more or fewer items than announced
-    std::vector<Left> left;  // parts that no camera uses; deviceOf() adds the unused parts of its camera
+    std::vector<UnusedPart>
+        unused;  // parts that no camera uses; deviceOf() adds the unused parts of its camera
 };
 
 // `firstLine`: number of the text's first line in its file.

@@ -114,9 +114,9 @@ bool Printer::flush() {
 void Printer::device(const Device& device) {
     line(styled(kBold, fmt::format("{}, camera {}", device.file, device.camera)));
     line(fmt::format("  {} vendor tags, {} static entries", device.vendorTags.size(), device.entries.size()));
-    const std::string left = summaryOf(device.left);
-    if (!left.empty()) line(fmt::format("  not used: {}", left));
-    for (const Left& each : device.left) {
+    const std::string unused = summaryOf(device.unused);
+    if (!unused.empty()) line(fmt::format("  not used: {}", unused));
+    for (const UnusedPart& each : device.unused) {
         if (mVerbose) line("    " + visible(textOf(each)));
     }
     for (const std::string& note : device.notes) line("  " + visible(note));

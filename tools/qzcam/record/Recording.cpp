@@ -286,7 +286,7 @@ void Recorder::verify() {
         const auto* expectation = std::get_if<ExpectationEvent>(&event);
         if (expectation != nullptr && !expectation->met) unmet[expectation->line] = expectation->actual;
     });
-    const PropertiesInPlace restored;
+    const ScopedProperties restored;
     player.play(session);
     for (const auto& [line, actual] : unmet) mText.withdraw(line, "played: " + actual);
     mDone.expectations -= std::min(mDone.expectations, unmet.size());

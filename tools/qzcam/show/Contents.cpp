@@ -94,15 +94,15 @@ FoundMonitor monitorOf(const TextBlock& block) {
 
 // Adds the parts that no camera uses, and the parts that each camera does not use, each once.
 void addLeft(Contents& contents, const Report& report) {
-    std::set<std::tuple<Left::Kind, size_t, std::string>> known;
-    const auto add = [&](const Left& each) {
-        if (each.kind == Left::Kind::OtherBlock) return;
-        if (known.emplace(each.kind, each.line, each.name).second) contents.left.push_back(each);
+    std::set<std::tuple<UnusedPart::Kind, size_t, std::string>> known;
+    const auto add = [&](const UnusedPart& each) {
+        if (each.kind == UnusedPart::Kind::OtherBlock) return;
+        if (known.emplace(each.kind, each.line, each.name).second) contents.unused.push_back(each);
     };
-    for (const Left& each : report.left) add(each);
+    for (const UnusedPart& each : report.unused) add(each);
     for (const ReportedCamera& camera : report.cameras) {
         Problems ignored{std::string()};
-        for (const Left& each : deviceOf(report, &camera, ignored).left) add(each);
+        for (const UnusedPart& each : deviceOf(report, &camera, ignored).unused) add(each);
     }
 }
 
@@ -131,12 +131,12 @@ void addRefused(Contents& contents, const Part& part, const Problems& problems, 
         if (!number) continue;
         const size_t line = firstLine + static_cast<size_t>(*number) - 1;
         const std::string_view what = trimmed(text.substr(text.find(':') + 1));
-        contents.left.push_back({Left::Kind::GarbledLine, line, line, 1, std::string(what)});
+        contents.unused.push_back({UnusedPart::Kind::GarbledLine, line, line, 1, std::string(what)});
         ++named;
     }
     if (named < problems.count()) {
-        contents.left.push_back({Left::Kind::GarbledLine, part.firstLine, part.firstLine,
-                                 problems.count() - named, "further lines of " + part.title});
+        contents.unused.push_back({UnusedPart::Kind::GarbledLine, part.firstLine, part.firstLine,
+                                   problems.count() - named, "further lines of " + part.title});
     }
 }
 

@@ -72,8 +72,9 @@ struct Contents {
     std::vector<std::pair<std::string, std::string>> properties;
     std::vector<FoundMonitor> monitors;
     LogSummary log;
-    std::vector<Cut> cuts;   // cuts of the container, of services and of dumps
-    std::vector<Left> left;  // unused parts, with the lines of properties and parameters that cannot be read
+    std::vector<Cut> cuts;  // cuts of the container, of services and of dumps
+    std::vector<UnusedPart>
+        unused;  // unused parts, with the lines of properties and parameters that cannot be read
 
     bool isEmpty() const;
     bool hasFaults() const;

@@ -137,9 +137,9 @@ Json logJson(const LogSummary& log) {
     return json;
 }
 
-Json leftJson(const std::vector<Left>& left) {
-    std::map<Left::Kind, Json> kinds;
-    for (const Left& each : left) {
+Json unusedJson(const std::vector<UnusedPart>& unused) {
+    std::map<UnusedPart::Kind, Json> kinds;
+    for (const UnusedPart& each : unused) {
         Json& json = kinds[each.kind];
         if (json.is_null()) json = {{"kind", ""}, {"count", 0}, {"names", Json::array()}};
         json["count"] = json["count"].get<size_t>() + each.count;
@@ -182,7 +182,7 @@ std::string contentsJson(const Contents& contents, const ShowView& view) {
     for (const auto& [name, value] : contents.properties) json["properties"]["values"][name] = value;
     json["log"] = logJson(contents.log);
     for (const Cut& cut : contents.cuts) json["cuts"].push_back({{"line", cut.line}, {"text", cut.text}});
-    json["left"] = leftJson(contents.left);
+    json["left"] = unusedJson(contents.unused);
     return dumped(json);
 }
 

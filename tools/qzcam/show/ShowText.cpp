@@ -320,13 +320,13 @@ void Text::addDifferences() {
 }
 
 void Text::addLeft() {
-    if (mContents.left.empty()) return;
-    std::map<Left::Kind, size_t> counts;
-    for (const Left& each : mContents.left) counts[each.kind] += each.count;
+    if (mContents.unused.empty()) return;
+    std::map<UnusedPart::Kind, size_t> counts;
+    for (const UnusedPart& each : mContents.unused) counts[each.kind] += each.count;
     heading(mView.verbose ? "not used" : "not used; --verbose lists them");
     for (const auto& [kind, count] : counts) {
         mText += fmt::format("  {}: {}\n", textOf(kind), count);
-        for (const Left& each : mContents.left) {
+        for (const UnusedPart& each : mContents.unused) {
             if (each.kind != kind || !mView.verbose) continue;
             const std::string lines = each.lastLine > each.line
                                           ? fmt::format("lines {} to {}", each.line, each.lastLine)

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "trace/Derived.h"
 
-#include "device/VendorTagsInPlace.h"
+#include "device/ScopedVendorTags.h"
 #include "facts/Lookup.h"
 #include "facts/Tags.h"
 #include "host/Camera.h"
@@ -70,7 +70,7 @@ class Results {
 
   private:
     LogListener mListener;
-    VendorTagsInPlace mTags;
+    ScopedVendorTags mTags;
     TagNames mNames;
     android::CameraMetadata mNothing;
     std::map<std::string, Values> mState;

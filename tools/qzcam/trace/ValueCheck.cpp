@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "trace/ValueCheck.h"
 
-#include "device/VendorTagsInPlace.h"
+#include "device/ScopedVendorTags.h"
 #include "facts/Lookup.h"
 #include "trace/Timeline.h"
 #include "verdict/CompleteDevice.h"
@@ -63,7 +63,7 @@ struct ValueCheck::Held {
 
     const Offers& offered() {
         if (offers) return *offers;
-        const VendorTagsInPlace tags(camera.device);
+        const ScopedVendorTags tags(camera.device);
         offers.emplace(camera.device, staticCharacteristics(camera.device));
         return *offers;
     }
@@ -152,7 +152,7 @@ std::optional<VerdictRow> ValueCheck::verdictOn(const TraceItem& item, const Can
 std::vector<VerdictEntry> ValueCheck::written(const Texts& parameters) {
     const TraceCamera* camera = mHeld.empty() ? nullptr : &mHeld.front()->camera;
     const Device& device = camera == nullptr ? mNothing : camera->device;
-    const VendorTagsInPlace tags(device);
+    const ScopedVendorTags tags(device);
     const android::CameraMetadata characteristics = staticCharacteristics(device);
     std::vector<VerdictEntry> entries;
     for (auto& [tag, values] : updatesOf(CompleteDevice(device, characteristics).request(parameters, {})))

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "verdict/Check.h"
 
-#include "device/VendorTagsInPlace.h"
+#include "device/ScopedVendorTags.h"
 #include "facts/Tags.h"
 #include "host/Camera.h"
 #include "host/LogCapture.h"
@@ -88,7 +88,7 @@ class DeviceChecker {
   public:
     explicit DeviceChecker(const Device& device)
         : mDevice(device),
-          mInPlace(device),
+          mTags(device),
           mDeclared(declaredTags(device)),
           mComplaints(complaints(device)),
           mNames(device.vendorTags) {}
@@ -104,7 +104,7 @@ class DeviceChecker {
     bool isUsed(const Tag& tag) const;
 
     const Device& mDevice;
-    const VendorTagsInPlace mInPlace;
+    const ScopedVendorTags mTags;
     const DeclaredTags mDeclared;
     const std::map<std::string, std::string> mComplaints;
     const TagNames mNames;

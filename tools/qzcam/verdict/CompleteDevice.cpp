@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "verdict/CompleteDevice.h"
 
-#include "device/VendorTagsInPlace.h"
+#include "device/ScopedVendorTags.h"
 #include "host/Camera.h"
 #include "host/LogCapture.h"
 
@@ -48,7 +48,7 @@ CompleteDevice::CompleteDevice(const Device& device, const android::CameraMetada
     : mDevice(device), mCharacteristics(characteristics) {}
 
 Trace CompleteDevice::request(const Texts& parameters, const Circumstances& circumstances) const {
-    const VendorTagsInPlace restored;
+    const ScopedVendorTags restored;
     if (mDescriptor == nullptr) {
         installVendorTags(completed(mDevice));
         mDescriptor = VendorTagDescriptor::getGlobalVendorTagDescriptor();

@@ -2,7 +2,7 @@
 #include "verdict/DeviceSection.h"
 
 #include "base/Text.h"
-#include "device/VendorTagsInPlace.h"
+#include "device/ScopedVendorTags.h"
 #include "verdict/Offers.h"
 
 #include <fmt/format.h>
@@ -59,7 +59,7 @@ Section deviceSection(const Device& device, const Reference& shown) {
                      {"Entry of the request", "declared", "entries", Style::Code},
                      {"Offered", "offered", "offered", Style::Code}},
                     {}};
-    const VendorTagsInPlace inPlace(device);
+    const ScopedVendorTags inPlace(device);
     const android::CameraMetadata characteristics = staticCharacteristics(device);
     const Offers offers(device, characteristics);
     const TagNames names(device.vendorTags);
