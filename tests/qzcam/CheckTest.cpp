@@ -294,7 +294,7 @@ TEST_F(RunTool, BrokenDumpIsReported) {
                      "ELF\0\1\2\3\xff\xfe",
                      10),
          ": no camera in it", false, true},
-        {"nothing", "", ": no camera in it", false},
+        {"nothing", "", ": it is empty", false},
     };
     for (const auto& row : kRows) {
         SCOPED_TRACE(row.what);

@@ -64,7 +64,15 @@ TEST_F(RunTool, ExitStatus) {
         {{"run", testing::TempDir()}, kBadInput, "", "cannot read it"},
         {{"run", good, "--device", cut}, kFine, "1 expectation met", cut + ":"},
         {{"run", good, "--device", cut, "--strict"}, kBadInput, "1 expectation met", cut + ":"},
-        {{"run", good, "--device", empty}, kBadInput, "", "no camera in it"},
+        {{"run", good, "--device", empty}, kBadInput, "", "it is empty: expected a dump"},
+        {{"run", unplayable, "--device", good}, kBadInput, "", "it is a session: expected a dump"},
+        {{"run", file("five.qzs", "open 1\nopen 5\n")},
+         kBadInput,
+         "",
+         ":2: no camera 5 on this device: expected 0 or 1"},
+        {{"explain", "iso", good, "--device", good}, kUsage, "", "excludes"},
+        {{"explain", good, "iso"}, kUsage, "", "it is a file: expected the name first"},
+        {{"run", good, "--params", "isoo"}, kBadInput, "", "there is no file 'isoo'"},
         {{"run", good, "--camera", "9"}, kBadInput, "", "no camera '9'"},
         {{"run", good, "--props", props}, kBadInput, "", props + ":1: expected '[name]: [value]'"},
         {{"run", "--log", "loud"}, kUsage, "", "expected verbose, debug"},
@@ -398,7 +406,7 @@ TEST_F(RunTool, OpensEachCameraOfADump) {
 
     const std::string absent = file("absent.qzs", "open 7\n");
     EXPECT_EQ(tool({"run", absent, "--device", phone}), kBadInput);
-    EXPECT_THAT(mErr, HasSubstr(absent + ":1: no camera 7 in the dump: expected 0 or 1"));
+    EXPECT_THAT(mErr, HasSubstr(absent + ":1: no camera 7 on this device: expected 0 or 1"));
 }
 
 TEST_F(RunTool, ListsUnusedPartsOfADump) {

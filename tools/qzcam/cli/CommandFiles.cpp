@@ -9,6 +9,8 @@
 #include <fmt/format.h>
 
 #include <cstdio>
+#include <filesystem>
+#include <system_error>
 
 namespace qzcam {
 
@@ -16,6 +18,12 @@ bool isInput(const std::string& file, const char* option, const std::vector<std:
     if (!isOneOf(file, inputs)) return false;
     complain(fmt::format("qzcam: {} is an input: expected another file for {}", file, option));
     return true;
+}
+
+std::string whyFile(const std::string& name) {
+    std::error_code ignored;
+    return std::filesystem::exists(name, ignored) ? "; it is a file: expected the name first, then the dump"
+                                                  : "";
 }
 
 std::optional<ExitStatus> prepareFiles(const std::vector<std::string>& inputs, const std::string& html,

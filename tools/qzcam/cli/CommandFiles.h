@@ -15,6 +15,9 @@ namespace qzcam {
 // Prints a message and returns true if the file of an option is one of the inputs.
 bool isInput(const std::string& file, const char* option, const std::vector<std::string>& inputs);
 
+// Returns the end of a message about an unknown name that is a file; empty for another name.
+std::string whyFile(const std::string& name);
+
 // Checks the files before the command does anything. Prints a message and returns the exit status if they are
 // wrong usage, or if an output cannot be written. Otherwise an older page says from now on that it is not
 // finished. An empty path is an option that is not set.

@@ -3,6 +3,7 @@
 
 #include "cli/CommandFiles.h"
 #include "cli/DeviceInput.h"
+#include "cli/InputKind.h"
 #include "compare/ComparisonReport.h"
 #include "device/FoundParameters.h"
 #include "device/Properties.h"
@@ -63,7 +64,7 @@ std::optional<Script> sessionScript(const CompareOptions& options, std::vector<P
     const auto text = readFile(options.session, problems);
     Script script{
         {inputName(options.session), {}}, std::move(parameters), "session " + inputName(options.session)};
-    if (text) script.session = parseSession(text->text, text->name, problems);
+    if (text) script.session = readSession(*text, problems);
     return report(problems) ? std::optional(std::move(script)) : std::nullopt;
 }
 
@@ -122,6 +123,7 @@ ExitStatus compare(const CompareOptions& options) {
         text ? readSetup(*text, {options.input, options.camera, options.properties, options.parameters})
              : std::nullopt;
     if (!setup) return kBadInput;
+    if (!options.parameters.empty()) reportUnread(setup->parameters);
     const DeviceInput* const device = &setup->input;
     const ReportedCamera* camera = findCamera(*device->report, device->device.camera);
     const auto arrays = comparableArrays(*device->report, camera != nullptr ? camera->id : "");

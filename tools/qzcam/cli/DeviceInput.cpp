@@ -1,17 +1,22 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "cli/DeviceInput.h"
 
+#include "cli/InputKind.h"
 #include "device/BuiltIn.h"
 #include "device/DumpParser.h"
 #include "device/FoundParameters.h"
 #include "device/Properties.h"
+#include "facts/Hints.h"
+#include "facts/Lookup.h"
 #include "input/LogPrefix.h"
 #include "input/Parts.h"
+#include "verdict/Explanation.h"
 
 #include <fmt/format.h>
 
 #include <algorithm>
 #include <filesystem>
+#include <set>
 #include <system_error>
 #include <utility>
 
@@ -29,20 +34,15 @@ const Part* largest(const std::vector<Part>& parts, Kind kind) {
     return found;
 }
 
-bool holds(const std::vector<Part>& parts, Kind kind) { return largest(parts, kind) != nullptr; }
-
-std::string whyNoDump(const std::vector<Part>& parts) {
-    if (isReport(parts)) {
+// Returns an empty text for an input that may be a dump without its headings.
+std::string whyNoDump(InputKind kind) {
+    if (kind == InputKind::Report) {
         return "no media.camera in this report: expected a full bugreport, or the text of "
                "'adb shell dumpsys media.camera'";
     }
-    constexpr const char* kExpected = "expected a dump of the camera service, or a bugreport";
-    if (holds(parts, Kind::Log)) return fmt::format("no camera in it, it is a log: {}", kExpected);
-    if (holds(parts, Kind::Properties)) {
-        return fmt::format("no camera in it, it is a list of properties: {}; --getprop takes properties",
-                           kExpected);
-    }
-    return {};
+    if (kind == InputKind::Dump) return {};
+    return notExpected(kind,
+                       "a dump of the camera service ('adb shell dumpsys media.camera'), or a bugreport");
 }
 
 // The text of a dump, and the number of its first line.
@@ -72,8 +72,7 @@ Properties readProperties(const std::string& path, Problems& problems) {
     const auto input = readFile(path, problems);
     if (!input) return {};
     const auto parts = partsOf(input->text);
-    const bool isPure = !isReport(parts) && !holds(parts, Kind::Dump) && !holds(parts, Kind::Log);
-    if (isPure) return parseProperties(input->text, problems);
+    if (!isOfPhone(kindOf(input->text, parts))) return parseProperties(input->text, problems);
     Properties found = propertiesOf(parts, problems);
     if (found.empty()) problems.add(0, "no properties in it: expected lines '[name]: [value]' or name=value");
     return found;
@@ -93,11 +92,6 @@ bool setProperties(const SetupPaths& paths, const InputText& device, bool& whole
     return good || !properties.empty() || !isGiven;
 }
 
-// Reads parameters from the option itself, or from a file that contains only parameters.
-ParameterText plainParameters(const InputText& input, Problems& problems) {
-    return parseParameters(input.text, problems);
-}
-
 std::optional<ParameterText> takeFound(const InputText& input, const std::vector<FoundParameters>& found,
                                        Problems& problems) {
     const FoundParameters* const best = bestOf(found);
@@ -115,9 +109,8 @@ std::optional<ParameterText> takeFound(const InputText& input, const std::vector
 std::optional<ParameterText> parametersOf(const InputText& input, Problems& problems) {
     const auto parts = partsOf(input.text);
     const auto found = findParameters(parts);
-    const bool isPlain =
-        found.empty() && !isReport(parts) && !holds(parts, Kind::Dump) && !holds(parts, Kind::Log);
-    return isPlain ? plainParameters(input, problems) : takeFound(input, found, problems);
+    const bool isPlain = found.empty() && !isOfPhone(kindOf(input.text, parts));
+    return isPlain ? parseParameters(input.text, problems) : takeFound(input, found, problems);
 }
 
 bool isFile(const std::string& textOrFile) {
@@ -134,8 +127,22 @@ void tellCuts(const InputText& input, const ParameterText& text) {
     }
 }
 
+// Returns true, with a message, for a key that has no value.
+bool isOnlyKey(const std::string& textOrFile) {
+    std::error_code ignored;
+    if (!isFile(textOrFile) || std::filesystem::exists(textOrFile, ignored)) return false;
+    const std::set<std::string> keys = readKeys();
+    const std::string key = nearestOne(textOrFile, {keys.begin(), keys.end()});
+    if (key.empty()) return false;
+    complain(fmt::format(
+        "qzcam: --params: there is no file '{}': expected a file, or key=value; perhaps '{}=...' is meant",
+        textOrFile, key));
+    return true;
+}
+
 std::optional<std::vector<Parameter>> readParameters(const std::string& textOrFile, bool& whole) {
     if (textOrFile.empty()) return std::vector<Parameter>{};
+    if (isOnlyKey(textOrFile)) return std::nullopt;
     const bool isTyped = !isFile(textOrFile);
     const auto input = isTyped ? textInput("--params", textOrFile) : readFile(textOrFile);
     if (!input) return std::nullopt;
@@ -167,6 +174,11 @@ DeviceInput deviceOfText(const InputText& text, size_t firstLine, const std::str
     return input;
 }
 
+// Sessions open a back and a front camera. The built-in device has one, which is used as both.
+void addFrontCamera(DeviceInput& builtIn) {
+    if (builtIn.cameras) builtIn.cameras->addNumber(1, 0);
+}
+
 }  // namespace
 
 bool canBeChecked(const Device& device) {
@@ -195,8 +207,8 @@ std::optional<DeviceInput> readDevice(const InputText& file, const std::string& 
     const auto parts = partsOf(file.text);
     std::string unwrapped;
     const DumpText dump = dumpIn(parts, file, unwrapped, problems);
-    const std::string why = largest(parts, Kind::Dump) || !unwrapped.empty() ? "" : whyNoDump(parts);
-    if (!why.empty()) {
+    const bool hasDump = largest(parts, Kind::Dump) != nullptr || !unwrapped.empty();
+    if (const std::string why = hasDump ? "" : whyNoDump(kindOf(file.text, parts)); !why.empty()) {
         problems.add(0, why);
         report(problems);
         return std::nullopt;
@@ -216,9 +228,7 @@ std::optional<DeviceInput> readDevice(const std::string& path, const std::string
     const auto dump = readOr(path, "built-in device", builtInDevice());
     if (!dump) return std::nullopt;
     tellWhatIsUsed(*dump, false);
-    auto input = readDevice(*dump, camera, wants);
-    if (input && path.empty()) input->cameras = nullptr;  // sessions may call the built-in one by any number
-    return input;
+    return readDevice(*dump, camera, wants);
 }
 
 void tellWhatIsUsed(const InputText& input, bool properties) {
@@ -243,11 +253,19 @@ std::optional<Setup> readSetup(const InputText& input, const SetupPaths& paths) 
     setup.whole = device && device->whole;
     auto parameters = readParameters(paths.parameters, setup.whole);
     if (!setProperties(paths, input, setup.whole) || !device || !parameters) return std::nullopt;
+    if (paths.device.empty()) addFrontCamera(*device);
     setup.input = std::move(*device);
-    if (paths.device.empty())
-        setup.input.cameras = nullptr;  // sessions may open the built-in one by any number
     setup.parameters = std::move(*parameters);
     return setup;
+}
+
+void reportUnread(const std::vector<Parameter>& parameters) {
+    const std::set<std::string> keys = readKeys();
+    for (const auto& [key, value] : parameters) {
+        const bool isKnown =
+            keys.count(key) != 0 || ownerOf(key) != KeyOwner::None || !noteOnHostKey(key).empty();
+        if (!isKnown) complain(fmt::format("qzcam: no setter reads '{}'{}", key, whyUnread(key)));
+    }
 }
 
 }  // namespace qzcam

@@ -71,4 +71,7 @@ std::optional<Setup> readSetup(const SetupPaths& paths);
 // Does the same for a device that has already been read.
 std::optional<Setup> readSetup(const InputText& device, const SetupPaths& paths);
 
+// Prints a message for each parameter that nothing reads, such as a misspelt one.
+void reportUnread(const std::vector<Parameter>& parameters);
+
 }  // namespace qzcam

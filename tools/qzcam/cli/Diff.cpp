@@ -4,8 +4,8 @@
 #include "cli/CommandFiles.h"
 #include "cli/DeviceInput.h"
 #include "cli/Difference.h"
+#include "cli/InputKind.h"
 #include "device/BuiltIn.h"
-#include "device/Report.h"
 
 #include <fmt/format.h>
 
@@ -19,11 +19,9 @@ namespace qzcam {
 
 namespace {
 
-const char* nameOf(InputKind kind) { return kind == InputKind::Dump ? "a dump" : "a session"; }
-
 std::optional<Session> readSession(const InputText& input) {
     Problems problems(input.name);
-    Session session = parseSession(input.text, input.name, problems);
+    Session session = readSession(input, problems);
     return report(problems) ? std::optional(std::move(session)) : std::nullopt;
 }
 
@@ -62,21 +60,19 @@ ExitStatus diffSessions(const DiffOptions& options, const InputText& a, const st
                 options, !options.strict || device->whole);
 }
 
-}  // namespace
-
-InputKind kindOf(std::string_view text) {
-    if (readDump(text).isDump) return InputKind::Dump;
-    Lines lines(text);
-    for (std::string_view line; lines.next(line);) {
-        const std::string_view word = takeWord(line);
-        if (word.empty() || word.front() == '#') continue;
-        for (const CommandSpec& syntax : commandSpecs()) {
-            if (word == syntax.name) return InputKind::Session;
-        }
-        return InputKind::Unknown;
-    }
-    return InputKind::Unknown;
+// Prints a message and returns nothing for an input that is neither a session nor has a dump.
+std::optional<InputKind> kindOfInput(const InputText& input) {
+    const InputKind kind = kindOf(input.text);
+    if (kind == InputKind::Session || kind == InputKind::Dump || kind == InputKind::Report) return kind;
+    const std::string other = notExpected(kind, "a dump or a session");
+    complain(fmt::format("{}: {}", input.name,
+                         other.empty()
+                             ? "cannot tell whether it is a dump or a session: expected one of these, or --as"
+                             : other));
+    return std::nullopt;
 }
+
+}  // namespace
 
 ExitStatus diff(const DiffOptions& options) {
     const std::vector<std::string> inputs{options.a, options.b, options.session, options.device};
@@ -87,20 +83,22 @@ ExitStatus diff(const DiffOptions& options) {
     if (options.as == kDevices) return diffDevices(options, *a, b);
     if (options.as == kSessions) return diffSessions(options, *a, b);
 
-    const InputKind kind = kindOf(a->text);
-    const InputKind other = b ? kindOf(b->text) : kind;
-    if (kind == InputKind::Unknown || other == InputKind::Unknown) {
-        complain(
-            fmt::format("{}: cannot tell whether it is a dump or a session: expected one of these, or --as",
-                        kind == InputKind::Unknown ? a->name : b->name));
-        return kBadInput;
-    }
-    if (kind != other) {
-        complain(fmt::format("qzcam: {} is {} and {} is {}: expected two of one kind", a->name, nameOf(kind),
-                             b->name, nameOf(other)));
+    const auto kindA = kindOfInput(*a);
+    const auto kindB = b ? kindOfInput(*b) : kindA;
+    if (!kindA || !kindB) return kBadInput;
+    const bool isOfSessions = kindA == InputKind::Session;
+    if (isOfSessions != (kindB == InputKind::Session)) {
+        complain(fmt::format("qzcam: {} is a {} and {} is a {}: expected two of one kind", a->name,
+                             isOfSessions ? "session" : "dump", b->name, isOfSessions ? "dump" : "session"));
         return kUsage;
     }
-    return kind == InputKind::Dump ? diffDevices(options, *a, b) : diffSessions(options, *a, b);
+    if (isOfSessions) return diffSessions(options, *a, b);
+    if (kindA == InputKind::Report || kindB == InputKind::Report) {
+        complain(
+            "qzcam: only the devices of the bugreports are compared, not what happened; 'qzcam compare' compares "
+            "what a phone sent with the library");
+    }
+    return diffDevices(options, *a, b);
 }
 
 }  // namespace qzcam

@@ -5,7 +5,6 @@
 #include "cli/Cli.h"
 
 #include <string>
-#include <string_view>
 
 namespace qzcam {
 
@@ -26,8 +25,5 @@ struct DiffOptions {
 };
 
 ExitStatus diff(const DiffOptions& options);
-
-enum class InputKind { Dump, Session, Unknown };
-InputKind kindOf(std::string_view text);
 
 }  // namespace qzcam

@@ -2,6 +2,7 @@
 #include "cli/Explain.h"
 
 #include "base/WriteAll.h"
+#include "cli/CommandFiles.h"
 #include "cli/DeviceInput.h"
 #include "device/Properties.h"
 #include "host/EventWords.h"
@@ -105,10 +106,15 @@ std::string explanationText(const Explanation& found, const Device& device) {
 }  // namespace
 
 ExitStatus explain(const ExplainOptions& options) {
+    if (const std::string file = whyFile(options.key); !file.empty()) {
+        complain(fmt::format("qzcam: no setter reads '{}'{}", options.key, file));
+        return kUsage;
+    }
     if (!areReadOnce({options.device, options.properties, options.parameters})) return kUsage;
     const ScopedProperties restored;
     const auto setup = readSetup({options.device, options.camera, options.properties, options.parameters});
     if (!setup) return kBadInput;
+    reportUnread(setup->parameters);
     Texts given;
     for (const auto& [key, value] : setup->parameters) given[key] = value;
 

@@ -111,7 +111,9 @@ void addDiff(CLI::App& app, Action& action) {
     app.footer(
         "For two devices: vendor tags and their types, static entries, published parameters, and the requests\n"
         "of a session on each. For two sessions: the parameters at their ends, and the requests one by one.\n"
-        "To compare what two phones sent, write a session of each with 'qzcam record', and compare the sessions.\n"
+        "Of two bugreports only the devices are compared, not what happened: 'qzcam compare' compares what a phone\n"
+        "sent with the library. To compare what two phones sent, write a session of each with 'qzcam record', and\n"
+        "compare the sessions.\n"
         "Expectations are ignored, and so are tags that the device does not declare. Only differences are\n"
         "shown; '-' means absent.\n"
         "\nExit status: 0 no difference, 1 a difference, 2 wrong usage, 3 a bad input file.");
@@ -125,6 +127,7 @@ void addParams(CLI::App& app, Action& action) {
     const auto json = app.add_flag("--json", options->json, "Print JSON");
     app.add_flag("--markdown", options->markdown, "Print Markdown: docs/reference.md")->excludes(json);
     addDevice(app, options->device, options->camera);
+    addDumpArgument(app, options->device);
     app.footer(
         "Shows the parameters that an application sets and reads, the entries of results, and every line of\n"
         "the log: the rows of the library, in the order of its passes. With a device, also the values that it offers.\n"
@@ -135,6 +138,7 @@ void addExplain(CLI::App& app, Action& action) {
     const auto options = onChosen(app, action, explain);
     app.add_option("KEY", options->key, "The parameter")->required();
     addDevice(app, options->device, options->camera);
+    addDumpArgument(app, options->device);
     addProperties(app, options->properties);
     app.add_option("--params", options->parameters,
                    "Parameters that are set, KEY and others: key=value;key=value, or a file with them")

@@ -3,6 +3,7 @@
 
 #include "base/Text.h"
 #include "base/WriteAll.h"
+#include "cli/CommandFiles.h"
 #include "cli/DeviceInput.h"
 #include "facts/Hints.h"
 #include "facts/Reference.h"
@@ -27,10 +28,12 @@ void complainOf(const std::string& name) {
     auto similar = nearest(name, allNames(wholeReference()));
     if (similar.empty()) similar = similarNames(wholeReference(), name);
     if (similar.empty()) similar = likelyKeys(name);
+    const std::string file = whyFile(name);
     complain(fmt::format(
         "qzcam: the library has no parameter, message, command, property, tag or other name '{}'{}", name,
-        findStandardKey(name) != nullptr ? "; it is a standard key, which the platform handles"
-                                         : perhaps(similar)));
+        !file.empty()                      ? file
+        : findStandardKey(name) != nullptr ? "; it is a standard key, which the platform handles"
+                                           : perhaps(similar)));
 }
 
 }  // namespace

@@ -15,7 +15,7 @@ void addCheck(CLI::App& app, Action& action) {
     const auto options = onChosen(app, action, check);
     addDevice(app, options->device, options->camera, kOrInput,
               "Camera of the dump, or 'all' for a table of all; default: all if there are several");
-    app.add_option("DUMP", options->device, "The same as --device")->excludes(app.get_option("--device"));
+    addDumpArgument(app, options->device);
     addStrict(app, options->strict);
     addVerbose(app, options->verbose);
     app.add_flag("--json", options->json, "Print JSON");

@@ -4,9 +4,9 @@
 #include "base/OutputFile.h"
 #include "cli/CommandFiles.h"
 #include "cli/DeviceInput.h"
+#include "cli/InputKind.h"
 #include "device/BuiltIn.h"
 #include "device/Properties.h"
-#include "input/Parts.h"
 #include "output/JUnit.h"
 #include "output/JsonPrinter.h"
 #include "output/Monitor.h"
@@ -23,7 +23,6 @@
 #include <cstdio>
 #include <memory>
 #include <optional>
-#include <string_view>
 #include <utility>
 
 namespace qzcam {
@@ -56,33 +55,13 @@ struct Script {
 
 constexpr const char* kBuiltIn = "built-in session";
 
-// Returns a message about a text that is no session, but another input of qzcam; otherwise an empty text.
-std::string otherKind(std::string_view text) {
-    const auto parts = partsOf(text);
-    const auto holds = [&](Part::Kind kind) {
-        return std::any_of(parts.begin(), parts.end(),
-                           [kind](const Part& part) { return part.kind == kind; });
-    };
-    const bool isDump = isReport(parts) || holds(Part::Kind::Dump);
-    if (!isDump && !holds(Part::Kind::Log)) return {};
-    return fmt::format("it is {}, not a session: {}'qzcam trace' and 'qzcam record' read what a phone did",
-                       isReport(parts) ? "a bugreport"
-                       : isDump        ? "a dump"
-                                       : "a log",
-                       isDump ? "'qzcam run --device FILE' plays on its device, " : "");
-}
-
 Script readScript(const std::string& path) {
     const std::string name = path.empty() ? kBuiltIn : inputName(path);
     Script script{{name, {}}, Problems(name)};
     const auto text = path.empty() ? readOr(path, kBuiltIn, builtInSession())
                                    : readFile(path, script.problems, TextKind::Session);
     if (!text) return script;
-    if (std::string other = otherKind(text->text); !other.empty()) {
-        script.problems.add(0, std::move(other));
-    } else {
-        script.session = parseSession(text->text, name, script.problems);
-    }
+    script.session = readSession(*text, script.problems);
     return script;
 }
 

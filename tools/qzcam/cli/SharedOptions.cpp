@@ -16,6 +16,10 @@ void addDevice(CLI::App& app, std::string& device, std::string& camera, const ch
     app.add_option("--camera", camera, whichCamera)->type_name("ID");
 }
 
+void addDumpArgument(CLI::App& app, std::string& device) {
+    app.add_option("DUMP", device, "The same as --device")->excludes(app.get_option("--device"));
+}
+
 void addStrict(CLI::App& app, bool& strict, const std::string& more) {
     app.add_flag(
         "--strict", strict,

@@ -23,6 +23,8 @@ constexpr const char* kOrInput = ", '-' for standard input";
 
 void addDevice(CLI::App& app, std::string& device, std::string& camera, const char* orInput = kOrInput,
                const char* whichCamera = "Camera of the dump; default: its first");
+// Adds the dump as an argument too.
+void addDumpArgument(CLI::App& app, std::string& device);
 void addStrict(CLI::App& app, bool& strict, const std::string& more = {});
 void addVerbose(CLI::App& app, bool& verbose);
 void addProperties(CLI::App& app, std::string& properties);

@@ -23,6 +23,7 @@
 #include <cstdlib>
 #include <memory>
 #include <optional>
+#include <set>
 #include <string>
 #include <utility>
 #include <vector>
@@ -164,11 +165,12 @@ void Shell::complain(const Problems& problems) {
 
 // Returns the number of words that are neither options nor their values.
 size_t countInputs(const std::vector<std::string>& words) {
+    static const std::set<std::string> kFlags{"--json", "--verbose", "--help", "--strict", "--markdown"};
     size_t count = 0;
     for (size_t i = 1; i < words.size(); ++i) {
         const bool isOption = words[i].size() > 1 && startsWith(words[i], "-");
         if (!isOption) ++count;
-        const bool isFlag = words[i] == "--json" || words[i] == "--verbose" || words[i] == "--help";
+        const bool isFlag = kFlags.count(words[i]) != 0;
         if (isOption && !isFlag && words[i].find('=') == std::string::npos) ++i;
     }
     return count;
@@ -182,11 +184,12 @@ std::vector<std::string> Shell::onThisDevice(std::vector<std::string> words) con
     };
     const bool isCompare = words[0] == "compare";
     const bool takesInput = words[0] == "trace" || words[0] == "record" || words[0] == "show" || isCompare;
-    if (!takesInput && !mDevice.empty() && !says("--device")) {
+    size_t inputs = countInputs(words);
+    const bool hasDevice = says("--device") || inputs > (words[0] == "check" ? 0U : 1U);
+    if (!takesInput && !mDevice.empty() && !hasDevice) {
         words.insert(words.end(), {"--device", mDevice});
         if (!mCamera.empty() && !says("--camera")) words.insert(words.end(), {"--camera", mCamera});
     }
-    size_t inputs = countInputs(words);
     const bool isOfDevice = (words[0] == "show" || isCompare) && inputs == 0 && !mDevice.empty();
     if (isOfDevice) words.insert(words.begin() + 1, mDevice);
     if (isOfDevice) ++inputs;

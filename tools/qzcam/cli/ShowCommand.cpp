@@ -3,6 +3,7 @@
 
 #include "base/Text.h"
 #include "cli/CommandFiles.h"
+#include "cli/InputKind.h"
 #include "device/BuiltIn.h"
 #include "facts/Hints.h"
 #include "input/Input.h"
@@ -85,8 +86,10 @@ ExitStatus show(const ShowOptions& options) {
     const ShowView view{options.camera, options.verbose, wantsColour(stdout)};
     if (!options.array.empty()) return showArrays(contents, options, view);
     if (contents.isEmpty()) {
-        complain(fmt::format("{}: expected a camera dump, a bugreport, a log, properties or parameters",
-                             contents.input.name));
+        constexpr const char* kExpected = "a camera dump, a bugreport, a log, properties or parameters";
+        const std::string other = notExpected(kindOf(input->text, contents.parts), kExpected);
+        complain(fmt::format("{}: {}", contents.input.name,
+                             other.empty() ? fmt::format("expected {}", kExpected) : other));
         return kBadInput;
     }
     const std::string text = options.json ? contentsJson(contents, view) : contentsText(contents, view);

@@ -6,8 +6,11 @@
 #include "base/WriteAll.h"
 #include "cli/CommandFiles.h"
 #include "cli/DeviceInput.h"
+#include "cli/InputKind.h"
 #include "cli/StreamedInput.h"
+#include "facts/Hints.h"
 #include "facts/Lookup.h"
+#include "facts/Tags.h"
 #include "input/Input.h"
 #include "trace/LogItems.h"
 #include "trace/Timeline.h"
@@ -140,11 +143,14 @@ class TraceReport {
 
   private:
     std::string nothingShown() const {
-        const std::string& key = mOptions.filter.key;
-        const bool isUnread = !key.empty() && readKeys().count(key) == 0;
-        return fmt::format(
-            "qzcam: the filters match nothing: the input has {}{}", mSeen.text(),
-            isUnread ? fmt::format("; no setter reads {}{}", excerpt(key), whyUnread(key)) : "");
+        const auto& [camera, frames, entry, key, pid] = mOptions.filter;
+        std::string why;
+        if (!key.empty() && readKeys().count(key) == 0)
+            why = fmt::format("; no setter reads {}{}", excerpt(key), whyUnread(key));
+        if (!entry.empty() && !libraryTags().knows(entry))
+            why += fmt::format("; the library has no tag {}{}", excerpt(entry),
+                               perhaps(nearest(entry, libraryTags().allNames())));
+        return fmt::format("qzcam: the filters match nothing: the input has {}{}", mSeen.text(), why);
     }
 
     static WriteLine writer(std::string& text) {
@@ -173,13 +179,21 @@ class TraceReport {
     bool mFailed = false;
 };
 
-ExitStatus nothingFound(const std::string& name) {
-    complain(
-        fmt::format("{}: no camera session found: expected lines of the library ('adb logcat'), "
-                    "events of the tag monitor ('adb shell dumpsys media.camera -m ...', 'cmd media.camera "
-                    "watch'), or a bug report with them",
-                    name));
+ExitStatus nothingFound(const std::string& name, InputKind kind) {
+    constexpr const char* kExpected =
+        "lines of the library ('adb logcat'), events of the tag monitor ('adb shell dumpsys media.camera -m "
+        "...', 'cmd media.camera watch'), or a bug report with them";
+    const bool isOther = kind != InputKind::Other && kind != InputKind::Watch && !isOfPhone(kind);
+    complain(fmt::format("{}: {}", name,
+                         isOther ? notExpected(kind, kExpected)
+                                 : fmt::format("no camera session found: expected {}", kExpected)));
     return kBadInput;
+}
+
+// Large inputs are logs and dumps, and their parts are not cut twice.
+InputKind kindOfSmall(const InputText& input) {
+    constexpr size_t kSmall = size_t{1} << 20U;
+    return input.text.size() <= kSmall ? kindOf(input.text) : InputKind::Other;
 }
 
 // False when there is a dump to be read, and nothing in it.
@@ -190,7 +204,8 @@ bool addDevice(TraceCameras& cameras, const TraceOptions& options) {
     return device.has_value();
 }
 
-ExitStatus traceWhole(const TraceOptions& options, Evidence evidence) {
+// `kind`: that of the first input.
+ExitStatus traceWhole(const TraceOptions& options, Evidence evidence, InputKind kind) {
     for (const std::string& text : evidence.taken) complain(text);
     const auto cameras = evidence.cameras;
     Timeline timeline = timelineOf(std::move(evidence));
@@ -205,7 +220,7 @@ ExitStatus traceWhole(const TraceOptions& options, Evidence evidence) {
         check.judge(group);
         report.group(group);
     }
-    if (report.items() == 0) return nothingFound(options.inputs.front());
+    if (report.items() == 0) return nothingFound(options.inputs.front(), kind);
     for (const std::string& note : timeline.notes) report.note(note);
     report.end();
     report.flush();
@@ -215,12 +230,14 @@ ExitStatus traceWhole(const TraceOptions& options, Evidence evidence) {
 ExitStatus traceFiles(const TraceOptions& options) {
     Evidence evidence;
     if (!addDevice(*evidence.cameras, options)) return kBadInput;
+    auto kind = InputKind::Other;
     for (const std::string& path : options.inputs) {
         const auto input = readFile(path);
         if (!input) return kBadInput;
+        if (evidence.inputs.empty()) kind = kindOfSmall(*input);
         evidence.read(*input);
     }
-    return traceWhole(options, std::move(evidence));
+    return traceWhole(options, std::move(evidence), kind);
 }
 
 ExitStatus traceContent(const TraceOptions& options, StreamedInput& pieces, Evidence evidence) {
@@ -238,8 +255,9 @@ ExitStatus traceContent(const TraceOptions& options, StreamedInput& pieces, Evid
     const auto input = readContent(std::move(content), problems);
     report(problems);
     if (!input) return kBadInput;
+    const InputKind kind = kindOfSmall(*input);
     evidence.read(*input);
-    return traceWhole(options, std::move(evidence));
+    return traceWhole(options, std::move(evidence), kind);
 }
 
 // Prints each line as soon as it is complete. A line that may continue is printed after a pause.
@@ -311,7 +329,7 @@ ExitStatus tellLines(const TraceOptions& options, StreamedInput& pieces, TraceCa
     }
     stream.takeLines(pieces.text());
     stream.end(pieces.text());
-    if (report.items() == 0) return nothingFound(inputName("-"));
+    if (report.items() == 0) return nothingFound(inputName("-"), InputKind::Other);
     report.add(cameras);
     report.end();
     report.flush();

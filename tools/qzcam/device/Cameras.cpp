@@ -10,6 +10,8 @@
 namespace qzcam {
 
 const Device* Cameras::find(int number) {
+    const auto other = mOtherNumbers.find(number);
+    if (other != mOtherNumbers.end()) return find(other->second);
     const auto known = mDevices.find(number);
     if (known != mDevices.end()) return known->second.get();
     const ReportedCamera* camera = cameraOfNumber(*mReport, number);
@@ -32,6 +34,7 @@ std::vector<int> Cameras::numbers() const {
         if (mReport->apiMap.empty() && camera.hasStatic && isNumber)
             numbers.push_back(static_cast<int>(*number));
     }
+    for (const auto& [other, number] : mOtherNumbers) numbers.push_back(other);
     std::sort(numbers.begin(), numbers.end());
     numbers.erase(std::unique(numbers.begin(), numbers.end()), numbers.end());
     return numbers;

@@ -22,12 +22,16 @@ class Cameras {
     // object.
     const Device* find(int number);
 
+    // From now on open(other) opens the camera of open(number).
+    void addNumber(int other, int number) { mOtherNumbers[other] = number; }
+
     // Returns the numbers that clients can open.
     std::vector<int> numbers() const;
 
   private:
     std::shared_ptr<const Report> mReport;
     std::string mFile;
+    std::map<int, int> mOtherNumbers;
     std::map<int, std::unique_ptr<Device>> mDevices;
 };
 

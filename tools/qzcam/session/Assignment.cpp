@@ -71,7 +71,7 @@ void DeviceComparison::open(const Command& command) {
         mNames = mOpened.get();
         return;
     }
-    mProblems.add(command.line, fmt::format("no camera {} in the dump: expected {}", number,
+    mProblems.add(command.line, fmt::format("no camera {} on this device: expected {}", number,
                                             fmt::join(mCameras->numbers(), " or ")));
 }
 

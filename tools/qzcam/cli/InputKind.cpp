@@ -1,0 +1,109 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "cli/InputKind.h"
+
+#include "base/Text.h"
+#include "input/LogPrefix.h"
+#include "log/TagMonitor.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+
+namespace qzcam {
+
+namespace {
+
+// Returns true if the first word is a command of the session language.
+bool isSession(std::string_view text) {
+    Lines lines(text);
+    for (std::string_view line; lines.next(line);) {
+        const std::string_view word = takeWord(line);
+        if (word.empty() || word.front() == '#') continue;
+        const auto& all = commandSpecs();
+        return std::any_of(all.begin(), all.end(),
+                           [&](const CommandSpec& spec) { return word == spec.name; });
+    }
+    return false;
+}
+
+bool hasMonitorEvent(std::string_view text) {
+    MonitorReader reader([](const MonitorEvent&) {});
+    Lines lines(text);
+    for (std::string_view line; lines.next(line);) {
+        if (reader.feed(line, lines.number())) return true;
+    }
+    return false;
+}
+
+struct KindText {
+    const char* name;
+    const char* use;
+};
+
+KindText textOf(InputKind kind) {
+    constexpr const char* kOfPhone =
+        "--device takes it, 'qzcam trace' and 'qzcam record' read what the phone did";
+    switch (kind) {
+        case InputKind::Report:
+            return {"a bugreport", kOfPhone};
+        case InputKind::Dump:
+            return {"a dump of the camera service", kOfPhone};
+        case InputKind::Session:
+            return {"a session", "'qzcam run' plays it"};
+        case InputKind::Log:
+            return {"a log without a dump", "'qzcam trace' shows what the phone did"};
+        case InputKind::Watch:
+            return {"output of 'cmd media.camera watch'", "'qzcam trace' shows its events"};
+        case InputKind::Properties:
+            return {"a list of properties", "--getprop takes it"};
+        case InputKind::Parameters:
+            return {"a list of parameters", "--params takes it"};
+        case InputKind::Empty:
+        case InputKind::Other:
+            break;
+    }
+    return {"empty", nullptr};
+}
+
+}  // namespace
+
+InputKind kindOf(std::string_view text) { return kindOf(text, partsOf(text)); }
+
+InputKind kindOf(std::string_view text, const std::vector<Part>& parts) {
+    const auto isAny = [&](const auto& is) { return std::any_of(parts.begin(), parts.end(), is); };
+    const auto holds = [&](Part::Kind kind) {
+        return isAny([kind](const Part& part) { return part.kind == kind; });
+    };
+    if (trimmed(text).empty()) return InputKind::Empty;
+    if (isReport(parts)) return InputKind::Report;
+    if (holds(Part::Kind::Dump)) return InputKind::Dump;
+    if (isSession(text)) return InputKind::Session;
+    const auto isLoggedDump = [](const Part& part) {
+        return part.kind == Part::Kind::Log && dumpInLog(part.text);
+    };
+    if (holds(Part::Kind::Log)) return isAny(isLoggedDump) ? InputKind::Dump : InputKind::Log;
+    if (holds(Part::Kind::Properties)) return InputKind::Properties;
+    if (holds(Part::Kind::Parameters)) return InputKind::Parameters;
+    return hasMonitorEvent(text) ? InputKind::Watch : InputKind::Other;
+}
+
+bool isOfPhone(InputKind kind) {
+    return kind == InputKind::Report || kind == InputKind::Dump || kind == InputKind::Log;
+}
+
+std::string notExpected(InputKind kind, std::string_view expected) {
+    if (kind == InputKind::Other) return {};
+    const auto [name, use] = textOf(kind);
+    return fmt::format("it is {}: expected {}{}", name, expected, use ? fmt::format("; {}", use) : "");
+}
+
+Session readSession(const InputText& input, Problems& problems) {
+    const InputKind kind = kindOf(input.text);
+    // An empty session is a session.
+    const bool isOther = kind != InputKind::Session && kind != InputKind::Empty && kind != InputKind::Other;
+    if (!isOther) return parseSession(input.text, input.name, problems);
+    problems.add(0, notExpected(kind, "a session"));
+    return {input.name, {}};
+}
+
+}  // namespace qzcam
