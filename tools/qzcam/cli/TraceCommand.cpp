@@ -232,10 +232,10 @@ ExitStatus traceFiles(const TraceOptions& options) {
     if (!addDevice(*evidence.cameras, options)) return kBadInput;
     auto kind = InputKind::Other;
     for (const std::string& path : options.inputs) {
-        const auto input = readFile(path);
-        if (!input) return kBadInput;
-        if (evidence.inputs.empty()) kind = kindOfSmall(*input);
-        evidence.read(*input);
+        const auto texts = readTexts(path);
+        if (texts.empty()) return kBadInput;
+        if (evidence.inputs.empty()) kind = kindOfSmall(texts.front());
+        for (const InputText& text : texts) evidence.read(text);
     }
     return traceWhole(options, std::move(evidence), kind);
 }

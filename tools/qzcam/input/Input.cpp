@@ -6,6 +6,8 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <filesystem>
+#include <system_error>
 #include <utility>
 
 namespace qzcam {
@@ -26,6 +28,30 @@ InputText inputTextOf(Content content) {
     const auto storage = std::make_shared<const Memory>(std::move(content.bytes));
     return {std::move(content.name), storage->view(), std::move(content.cuts), std::move(content.steps),
             storage};
+}
+
+Content contentOf(const std::string& path) { return {inputName(path), Memory(), {}, {}}; }
+
+std::optional<InputText> readFile(Content content, const std::string& path, Problems& problems, TextKind kind,
+                                  const InputLimits& limits) {
+    const std::string wrong = readBytes(content.bytes, path, limits);
+    if (!wrong.empty()) {
+        problems.add(0, wrong);
+        return std::nullopt;
+    }
+    UnpackLimits unpackLimits;
+    unpackLimits.bytes = limits.bytes;
+    return readContent(std::move(content), problems, kind, unpackLimits);
+}
+
+// Prints the problems and the missing parts.
+std::optional<InputText> readFile(Content content, const std::string& path, TextKind kind) {
+    Problems problems(inputName(path));
+    auto input = readFile(std::move(content), path, problems, kind, {});
+    report(problems);
+    if (!input) return std::nullopt;
+    for (const std::string& cut : input->cuts) complain(fmt::format("{}: {}", input->name, cut));
+    return input;
 }
 
 }  // namespace
@@ -49,24 +75,28 @@ std::optional<InputText> readContent(Content content, Problems& problems, TextKi
 
 std::optional<InputText> readFile(const std::string& path, Problems& problems, TextKind kind,
                                   const InputLimits& limits) {
-    Content content{inputName(path), Memory(), {}, {}};
-    const std::string wrong = readBytes(content.bytes, path, limits);
-    if (!wrong.empty()) {
-        problems.add(0, wrong);
-        return std::nullopt;
-    }
-    UnpackLimits unpackLimits;
-    unpackLimits.bytes = limits.bytes;
-    return readContent(std::move(content), problems, kind, unpackLimits);
+    return readFile(contentOf(path), path, problems, kind, limits);
 }
 
 std::optional<InputText> readFile(const std::string& path, TextKind kind) {
-    Problems problems(inputName(path));
-    auto input = readFile(path, problems, kind);
-    report(problems);
-    if (!input) return std::nullopt;
-    for (const std::string& cut : input->cuts) complain(fmt::format("{}: {}", input->name, cut));
-    return input;
+    return readFile(contentOf(path), path, kind);
+}
+
+std::vector<InputText> readTexts(const std::string& path) {
+    std::vector<InputText> texts;
+    std::vector<std::string> entries{""};
+    std::error_code ignored;
+    const bool canReadAgain = std::filesystem::is_regular_file(path, ignored);
+    for (size_t i = 0; i < entries.size(); ++i) {
+        std::vector<std::string> others;
+        Content content = contentOf(path);
+        content.entry = entries[i];
+        if (canReadAgain) content.others = &others;
+        if (auto text = readFile(std::move(content), path, TextKind::Report))
+            texts.push_back(std::move(*text));
+        entries.insert(entries.end(), others.begin(), others.end());
+    }
+    return texts;
 }
 
 std::optional<InputText> readOr(const std::string& path, const char* builtInName, std::string_view builtIn,

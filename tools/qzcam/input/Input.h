@@ -30,7 +30,10 @@ std::string inputName(const std::string& path);
 // Missing parts are reported in a message.
 std::optional<InputText> readFile(const std::string& path, TextKind kind = TextKind::Report);
 
-// Does the same, and adds messages to `problems`.
+// Reads every text of a file: a zip may have several. Returns nothing if none can be read.
+std::vector<InputText> readTexts(const std::string& path);
+
+// Does the same as readFile, and adds messages to `problems`.
 std::optional<InputText> readFile(const std::string& path, Problems& problems,
                                   TextKind kind = TextKind::Report, const InputLimits& limits = {});
 

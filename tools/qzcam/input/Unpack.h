@@ -16,6 +16,9 @@ struct Content {
     Memory bytes;
     std::vector<std::string> cuts;   // missing pieces
     std::vector<std::string> steps;  // containers that were unpacked
+    std::string entry = {};          // the entry of the outer zip to read; empty: the best one
+    // Receives the names of the further texts in the outer zip. Null: a cut reports them as not used.
+    std::vector<std::string>* others = nullptr;
 };
 
 // Limits of unpacking. A file beyond them was made to fill a disk.

@@ -211,21 +211,51 @@ void tellAboutMain(const Listing& listing, const Entry& chosen, Content& content
                                        excerpt(listing.mainEntry), excerpt(chosen.name)));
 }
 
-// Names the other reports and texts of the zip. The zip of 'adb bugreport' has many files beside its report,
-// which nobody expects to be read.
-void tellAboutOthers(const Listing& listing, const Entry& chosen, Content& content) {
+// Returns the other reports and texts of the zip. The zip of 'adb bugreport' has many files beside its
+// report, which nobody expects to be read.
+std::vector<std::string> othersIn(const Listing& listing, const Entry& chosen) {
     const int least = std::clamp(rankOf(chosen, listing.mainEntry), 3, 5);
     std::vector<std::string> names;
     for (const Entry& entry : listing.entries) {
         const bool isOther = entry.name != chosen.name && entry.size > 0;
-        if (isOther && rankOf(entry, listing.mainEntry) >= least) names.push_back(excerpt(entry.name));
+        if (isOther && rankOf(entry, listing.mainEntry) >= least) names.push_back(entry.name);
     }
-    if (names.empty()) return;
+    return names;
+}
+
+void tellAboutOthers(const std::vector<std::string>& names, Content& content) {
     constexpr size_t kMost = 5;
-    const size_t more = names.size() - std::min(names.size(), kMost);
-    names.resize(names.size() - more);
-    content.cuts.push_back(fmt::format("also in the zip, and not used: {}{}", fmt::join(names, ", "),
-                                       more == 0 ? "" : fmt::format(" and {} more", more)));
+    std::vector<std::string> shown;
+    for (size_t i = 0; i < std::min(names.size(), kMost); ++i) shown.push_back(excerpt(names[i]));
+    const std::string more =
+        names.size() > kMost ? fmt::format(" and {} more", names.size() - kMost) : std::string();
+    if (!names.empty())
+        content.cuts.push_back(
+            fmt::format("also in the zip, and not used: {}{}", fmt::join(shown, ", "), more));
+}
+
+const Entry* entryNamed(const Listing& listing, const std::string& name) {
+    const auto found = std::find_if(listing.entries.begin(), listing.entries.end(),
+                                    [&](const Entry& entry) { return entry.name == name; });
+    return found == listing.entries.end() ? nullptr : &*found;
+}
+
+// Chooses the entry to read, and reports or passes on the others.
+const Entry* choose(const Listing& listing, Content& content) {
+    if (!listing.wrong.empty()) return nullptr;
+    if (!content.entry.empty()) return entryNamed(listing, std::exchange(content.entry, {}));
+    const Entry* const chosen = chosenOf(listing);
+    if (!chosen) return nullptr;
+    tellAboutMain(listing, *chosen, content);
+    constexpr size_t kMostPassed = 20;  // each is read from the whole zip
+    auto others = othersIn(listing, *chosen);
+    if (auto* const passed = std::exchange(content.others, nullptr)) {
+        const auto end = others.begin() + static_cast<std::ptrdiff_t>(std::min(others.size(), kMostPassed));
+        passed->assign(others.begin(), end);
+        others.erase(others.begin(), end);
+    }
+    tellAboutOthers(others, content);
+    return chosen;
 }
 
 }  // namespace
@@ -237,13 +267,11 @@ std::string unpackZip(Content& content, const UnpackLimits& limits) {
     Listing listing = list(packed.view(), true, limits);
     const bool isCut = listing.entries.empty() && listing.damaged;
     if (isCut) listing = list(packed.view(), false, limits);
-    const Entry* const chosen = listing.wrong.empty() ? chosenOf(listing) : nullptr;
-    if (!chosen) return nothingIn(listing);
     if (isCut)
         content.cuts.emplace_back(
             "the zip is cut: it has no directory at its end; its readable part is used");
-    tellAboutMain(listing, *chosen, content);
-    tellAboutOthers(listing, *chosen, content);
+    const Entry* const chosen = choose(listing, content);
+    if (!chosen) return nothingIn(listing);
     content.name += ": " + visible(chosen->name);
     std::string damage;
     std::string wrong = extract(packed.view(), !isCut, *chosen, content, limits, damage);
