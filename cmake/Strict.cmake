@@ -14,7 +14,8 @@ function(qz_strict target)
         -Wmissing-declarations -Wredundant-decls -Wimplicit-fallthrough
         -ffp-contract=off)
     if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
-        target_compile_options(${target} PRIVATE -Wduplicated-cond -Wlogical-op)
+        # Below 300 MB g++ does not collect garbage, which takes an eighth of the compile time.
+        target_compile_options(${target} PRIVATE -Wduplicated-cond -Wlogical-op --param=ggc-min-heapsize=300000)
     endif()
     if(QZ_SANITIZE)
         target_compile_options(${target} PRIVATE -fsanitize=${QZ_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
