@@ -1,6 +1,4 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "cli/Diff.h"
-
 #include "Tool.h"
 #include "device/BuiltIn.h"
 

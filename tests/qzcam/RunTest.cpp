@@ -1,6 +1,4 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "cli/Run.h"
-
 #include "Tool.h"
 #include "Xml.h"
 #include "device/BuiltIn.h"

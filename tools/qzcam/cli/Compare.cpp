@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "cli/Compare.h"
+#include "cli/Commands.h"
 
 #include "cli/CommandFiles.h"
 #include "cli/DeviceInput.h"
@@ -39,7 +39,7 @@ const MetadataArray* choose(const std::vector<const MetadataArray*>& arrays, con
             "{}: no request or result of an open camera in it: expected the output of "
             "'dumpsys media.camera' while the application runs. 'qzcam trace' and 'qzcam record' also "
             "read logs and events of the tag monitor",
-            inputName(options.input)));
+            inputName(options.device)));
         return nullptr;
     }
     if (options.array.empty()) return arrays.front();
@@ -47,7 +47,7 @@ const MetadataArray* choose(const std::vector<const MetadataArray*>& arrays, con
         return arrayName(*array) == options.array;
     });
     if (found != arrays.end()) return *found;
-    complain(fmt::format("qzcam: {} has no array {}: expected {}", inputName(options.input),
+    complain(fmt::format("qzcam: {} has no array {}: expected {}", inputName(options.device),
                          excerpt(options.array), fmt::join(namesOf(arrays), ", ")));
     return nullptr;
 }
@@ -114,14 +114,12 @@ std::vector<PageData> pageData(const Device& device, const ComparedSides& sides,
 }  // namespace
 
 ExitStatus compare(const CompareOptions& options) {
-    const std::vector<std::string> inputs{options.input, options.session, options.properties,
-                                          options.parameters};
+    std::vector<std::string> inputs = options.inputs();
+    inputs.push_back(options.session);
     if (const auto wrong = prepareFiles(inputs, options.html)) return *wrong;
     const ScopedProperties restored;
-    const auto text = readFile(options.input);
-    auto setup =
-        text ? readSetup(*text, {options.input, options.camera, options.properties, options.parameters})
-             : std::nullopt;
+    const auto text = readFile(options.device);
+    auto setup = text ? readSetup(*text, options) : std::nullopt;
     if (!setup) return kBadInput;
     if (!options.parameters.empty()) reportUnread(setup->parameters);
     const DeviceInput* const device = &setup->input;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "cli/DeviceInput.h"
 
+#include "cli/Commands.h"
 #include "cli/InputKind.h"
 #include "device/BuiltIn.h"
 #include "device/DumpParser.h"
@@ -79,11 +80,11 @@ Properties readProperties(const std::string& path, Problems& problems) {
 }
 
 // Returns false if there are no usable properties.
-bool setProperties(const SetupPaths& paths, const InputText& device, bool& whole) {
-    const bool isGiven = !paths.properties.empty();
-    Problems problems(isGiven ? inputName(paths.properties) : device.name);
+bool setProperties(const SetupOptions& options, const InputText& device, bool& whole) {
+    const bool isGiven = !options.properties.empty();
+    Problems problems(isGiven ? inputName(options.properties) : device.name);
     const Properties properties =
-        isGiven ? readProperties(paths.properties, problems) : propertiesOf(partsOf(device.text), problems);
+        isGiven ? readProperties(options.properties, problems) : propertiesOf(partsOf(device.text), problems);
     // Read-only properties of a device may be longer than the library's interface allows; the library reads
     // none of these.
     for (const auto& [name, value] : properties) setProperty(name, value);
@@ -241,19 +242,19 @@ void tellWhatIsUsed(const InputText& input, bool properties) {
     complain(text);
 }
 
-std::optional<Setup> readSetup(const SetupPaths& paths) {
-    const auto input = readOr(paths.device, "built-in device", builtInDevice());
-    return input ? readSetup(*input, paths) : std::nullopt;
+std::optional<Setup> readSetup(const SetupOptions& options) {
+    const auto input = readOr(options.device, "built-in device", builtInDevice());
+    return input ? readSetup(*input, options) : std::nullopt;
 }
 
-std::optional<Setup> readSetup(const InputText& input, const SetupPaths& paths) {
-    tellWhatIsUsed(input, paths.properties.empty());
-    auto device = readDevice(input, paths.camera);
+std::optional<Setup> readSetup(const InputText& input, const SetupOptions& options) {
+    tellWhatIsUsed(input, options.properties.empty());
+    auto device = readDevice(input, options.camera);
     Setup setup;
     setup.whole = device && device->whole;
-    auto parameters = readParameters(paths.parameters, setup.whole);
-    if (!setProperties(paths, input, setup.whole) || !device || !parameters) return std::nullopt;
-    if (paths.device.empty()) addFrontCamera(*device);
+    auto parameters = readParameters(options.parameters, setup.whole);
+    if (!setProperties(options, input, setup.whole) || !device || !parameters) return std::nullopt;
+    if (options.device.empty()) addFrontCamera(*device);
     setup.input = std::move(*device);
     setup.parameters = std::move(*parameters);
     return setup;

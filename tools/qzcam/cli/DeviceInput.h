@@ -50,6 +50,8 @@ OtherCamera otherCamera(const DeviceInput& input, const std::string& camera);
 // Prints a line with the used parts of a bugreport; prints nothing for an input with a single part.
 void tellWhatIsUsed(const InputText& input, bool properties);
 
+struct SetupOptions;
+
 // All inputs of a session.
 struct Setup {
     DeviceInput input;
@@ -57,19 +59,12 @@ struct Setup {
     bool whole = true;  // no input is damaged
 };
 
-struct SetupPaths {
-    std::string device;      // empty: the built-in one
-    std::string camera;      // empty: the first one
-    std::string properties;  // empty: those of the report that the device is from, if any
-    std::string parameters;  // the parameters themselves, or a file with them
-};
-
 // Reads all inputs and sets the system properties. Prints a message and returns nothing if an input is
 // unusable.
-std::optional<Setup> readSetup(const SetupPaths& paths);
+std::optional<Setup> readSetup(const SetupOptions& options);
 
 // Does the same for a device that has already been read.
-std::optional<Setup> readSetup(const InputText& device, const SetupPaths& paths);
+std::optional<Setup> readSetup(const InputText& device, const SetupOptions& options);
 
 // Prints a message for each parameter that nothing reads, such as a misspelt one.
 void reportUnread(const std::vector<Parameter>& parameters);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "cli/Diff.h"
+#include "cli/Commands.h"
 
 #include "cli/CommandFiles.h"
 #include "cli/DeviceInput.h"

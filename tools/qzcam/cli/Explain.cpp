@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "cli/Explain.h"
+#include "cli/Commands.h"
 
 #include "base/WriteAll.h"
 #include "cli/CommandFiles.h"
@@ -110,9 +110,9 @@ ExitStatus explain(const ExplainOptions& options) {
         complain(fmt::format("qzcam: no setter reads '{}'{}", options.key, file));
         return kUsage;
     }
-    if (!areReadOnce({options.device, options.properties, options.parameters})) return kUsage;
+    if (!areReadOnce(options.inputs())) return kUsage;
     const ScopedProperties restored;
-    const auto setup = readSetup({options.device, options.camera, options.properties, options.parameters});
+    const auto setup = readSetup(options);
     if (!setup) return kBadInput;
     reportUnread(setup->parameters);
     Texts given;

@@ -2,23 +2,13 @@
 #include "cli/Options.h"
 
 #include "cli/CompletionScripts.h"
-#include "cli/Diff.h"
-#include "cli/Explain.h"
 #include "cli/Manual.h"
-#include "cli/Params.h"
-#include "cli/PhoneOptions.h"
-#include "cli/Run.h"
-#include "cli/SharedOptions.h"
-#include "cli/Shell.h"
+#include "cli/ShellCommands.h"
 #include "facts/Vocabulary.h"
+#include "host/LogFilter.h"
 #include "session/SessionHelp.h"
 
 #include <fmt/format.h>
-
-#include <CLI/CLI.hpp>
-
-#include <memory>
-#include <string>
 
 namespace qzcam {
 
@@ -31,10 +21,9 @@ constexpr const char* kExitStatus =
 void addPlayOptions(CLI::App& app, RunOptions& options, const char* orInput) {
     addDevice(app, options.device, options.camera, orInput);
     addProperties(app, options.properties);
-    app.add_option("--params", options.parameters,
-                   "Parameters set after each 'open': key=value;key=value, or a file with them: a "
-                   "dump, a log, a bugreport")
-        ->type_name("TEXT|FILE");
+    addParameters(app, options.parameters,
+                  "Parameters set after each 'open': key=value;key=value, or a file with them: a "
+                  "dump, a log, a bugreport");
     app.add_option(
            "--log", options.log,
            fmt::format(
@@ -57,8 +46,7 @@ void addRun(CLI::App& app, RunOptions& options) {
                    "Sessions to play, '-' for standard input; default: the built-in one");
     addPlayOptions(app, options, kOrInput);
     addVerbose(app, options.verbose);
-    CLI::Option* json =
-        app.add_flag("--json", options.json, "Print JSON, one event on each line, for programs");
+    CLI::Option* json = addJson(app, options.json, kJsonEvents);
     app.add_flag("--monitor", options.monitor,
                  "Print only the entries that change, request and result in columns")
         ->excludes(json);
@@ -106,7 +94,7 @@ void addDiff(CLI::App& app, Action& action) {
                    "Camera of the dump, or of both dumps 'A,B'; default: the first of each")
         ->type_name("ID");
     addStrict(app, options->strict);
-    app.add_flag("--json", options->json, "Print JSON");
+    addJson(app, options->json);
     addHtml(app, options->html);
     app.footer(
         "For two devices: vendor tags and their types, static entries, published parameters, and the requests\n"
@@ -124,7 +112,7 @@ void addParams(CLI::App& app, Action& action) {
     app.add_option("NAME", options->name,
                    "A key, setter, getter, handler, message, command number, property, vocabulary or tag; "
                    "default: all");
-    const auto json = app.add_flag("--json", options->json, "Print JSON");
+    CLI::Option* json = addJson(app, options->json);
     app.add_flag("--markdown", options->markdown, "Print Markdown: docs/reference.md")->excludes(json);
     addDevice(app, options->device, options->camera);
     addDumpArgument(app, options->device);
@@ -140,9 +128,8 @@ void addExplain(CLI::App& app, Action& action) {
     addDevice(app, options->device, options->camera);
     addDumpArgument(app, options->device);
     addProperties(app, options->properties);
-    app.add_option("--params", options->parameters,
-                   "Parameters that are set, KEY and others: key=value;key=value, or a file with them")
-        ->type_name("TEXT|FILE");
+    addParameters(app, options->parameters,
+                  "Parameters that are set, KEY and others: key=value;key=value, or a file with them");
     addStrict(app, options->strict, kStrict);
     app.footer(
         "Shows the setter that reads the parameter, its values, its tag and the tag's declaration on the "

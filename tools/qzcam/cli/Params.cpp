@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "cli/Params.h"
+#include "cli/Commands.h"
 
 #include "base/Text.h"
 #include "base/WriteAll.h"

@@ -1,13 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "cli/PhoneOptions.h"
-
-#include "cli/CheckCommand.h"
-#include "cli/Compare.h"
-#include "cli/MatrixCommand.h"
-#include "cli/Record.h"
-#include "cli/SharedOptions.h"
-#include "cli/ShowCommand.h"
-#include "cli/TraceCommand.h"
+#include "cli/Options.h"
 
 namespace qzcam {
 
@@ -18,7 +10,7 @@ void addCheck(CLI::App& app, Action& action) {
     addDumpArgument(app, options->device);
     addStrict(app, options->strict);
     addVerbose(app, options->verbose);
-    app.add_flag("--json", options->json, "Print JSON");
+    addJson(app, options->json);
     addHtml(app, options->html);
     app.footer(
         "Checks every vendor tag that the library looks up: the device must declare it with the element type that\n"
@@ -38,7 +30,7 @@ void addMatrix(CLI::App& app, Action& action) {
     app.add_option("--baseline", options->baseline,
                    "An earlier matrix in JSON: show the tags that got better or worse")
         ->type_name("FILE");
-    CLI::Option* json = app.add_flag("--json", options->json, "Print JSON: features and tags");
+    CLI::Option* json = addJson(app, options->json, "Print JSON: features and tags");
     app.add_flag("--csv", options->csv, "Print CSV: the matrix, or with a baseline the changes")
         ->excludes(json);
     addHtml(app, options->html);
@@ -58,7 +50,7 @@ void addShow(CLI::App& app, Action& action) {
                    "Dump, bugreport, log, properties or parameters, '-' for standard input; default: the "
                    "built-in device")
         ->type_name("FILE");
-    app.add_option("--camera", options->camera, "Print only this camera")->type_name("ID");
+    addCamera(app, options->camera, "Print only this camera");
     CLI::Option* array =
         app.add_option("--array", options->array,
                        "Print the entries of a metadata array: 'static', 'last request sent', or the "
@@ -69,7 +61,7 @@ void addShow(CLI::App& app, Action& action) {
         ->type_name("TEXT")
         ->excludes(array);
     app.add_flag("--verbose", options->verbose, "List the parts that are otherwise only counted");
-    app.add_flag("--json", options->json, "Print JSON");
+    addJson(app, options->json);
     addHtml(app, options->html);
     app.footer(
         "Prints the contents of an input, with line numbers: cameras, providers and vendor tags, metadata arrays\n"
@@ -83,9 +75,7 @@ void addTrace(CLI::App& app, Action& action) {
     app.add_option("INPUT", options->inputs,
                    "Bug reports, dumps, logs and output of 'watch'; '-' for standard input")
         ->required();
-    app.add_option("--camera", options->filter.camera,
-                   "Show only this camera, and events whose camera is not known")
-        ->type_name("ID");
+    addCamera(app, options->filter.camera, "Show only this camera, and events whose camera is not known");
     app.add_option("--frames", options->filter.frames, "Show only these frames: 1200..1300, 1200.. or 1203")
         ->type_name("A..B")
         ->check([](const std::string& word) {
@@ -99,7 +89,7 @@ void addTrace(CLI::App& app, Action& action) {
     app.add_option("--device", options->device,
                    "Compare values with the device of this dump; default: that of a dump among the inputs")
         ->type_name("FILE");
-    app.add_flag("--json", options->json, "Print JSON, one event on each line, for programs");
+    addJson(app, options->json, kJsonEvents);
     addHtml(app, options->html);
     addPerfetto(app, options->perfetto);
     app.footer(
@@ -116,18 +106,17 @@ void addTrace(CLI::App& app, Action& action) {
 
 void addCompare(CLI::App& app, Action& action) {
     const auto options = onChosen(app, action, compare);
-    app.add_option("INPUT", options->input, "Dump or bugreport of the phone, '-' for standard input")
+    app.add_option("INPUT", options->device, "Dump or bugreport of the phone, '-' for standard input")
         ->required();
     app.add_option("SESSION", options->session,
                    "Session whose last request is compared; default: the application's parameters in INPUT");
     app.add_option("--array", options->array,
                    "Array of the dump: 'last request sent', 'preview request' ...; default: the first one");
-    app.add_option("--camera", options->camera, "Camera of the dump; default: its first")->type_name("ID");
+    addCamera(app, options->camera);
     addProperties(app, options->properties);
-    app.add_option("--params", options->parameters,
-                   "Parameters that are set: key=value;key=value, or a file with them")
-        ->type_name("TEXT|FILE");
-    app.add_flag("--json", options->json, "Print JSON");
+    addParameters(app, options->parameters,
+                  "Parameters that are set: key=value;key=value, or a file with them");
+    addJson(app, options->json);
     addHtml(app, options->html);
     app.footer(
         "Compares a request or result in the dump with that of the library: the last request of a session, or the\n"
@@ -143,7 +132,7 @@ void addRecord(CLI::App& app, Action& action) {
     app.add_option("-o,--output", options->output, "The session, '-' for standard output")
         ->type_name("FILE")
         ->required();
-    app.add_option("--camera", options->camera, "Camera of the dump; default: its first")->type_name("ID");
+    addCamera(app, options->camera);
     app.footer(
         "Writes a session with the camera, properties, client, parameters, requests and results of the input, and\n"
         "the expectations that follow from them, each with its line. Parameters come from the log, or from the\n"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "cli/Run.h"
+#include "cli/Commands.h"
 
 #include "base/OutputFile.h"
 #include "cli/CommandFiles.h"
@@ -39,12 +39,6 @@ std::unique_ptr<Output> outputFor(const RunOptions& options) {
     auto printer = std::make_unique<Printer>(stdout, wantsColour(stdout), filterOf(options.log));
     printer->setVerbose(options.verbose);
     return printer;
-}
-
-std::vector<std::string> inputsOf(const RunOptions& options) {
-    std::vector<std::string> paths = options.sessions;
-    paths.insert(paths.end(), {options.device, options.properties, options.parameters});
-    return paths;
 }
 
 // A session and its problems. A session with problems is not played.
@@ -213,12 +207,13 @@ ExitStatus playNothing(const std::vector<Script>& scripts, const std::string& ju
 }  // namespace
 
 ExitStatus run(const RunOptions& options) {
-    const auto inputs = inputsOf(options);
+    std::vector<std::string> inputs = options.inputs();
+    inputs.insert(inputs.end(), options.sessions.begin(), options.sessions.end());
     if (isInput(options.junit, "--junit", inputs)) return kUsage;
     if (!JUnitFile(options.junit).begin()) return kBadInput;
     if (const auto wrong = prepareFiles(inputs, options.html, options.perfetto)) return *wrong;
     const ScopedProperties restored;
-    auto setup = readSetup({options.device, options.camera, options.properties, options.parameters});
+    auto setup = readSetup(options);
     auto scripts = readScripts(options.sessions);
     if (setup && !isGuest(options)) checkScripts(setup->input, scripts);
     const bool good = reportAll(scripts);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "cli/SharedOptions.h"
+#include "cli/Options.h"
 
 #include <fmt/format.h>
 
@@ -13,7 +13,11 @@ void addDevice(CLI::App& app, std::string& device, std::string& camera, const ch
                "Device: 'dumpsys media.camera', or a bugreport, as text, zip or gzip{}; default: the built-in one",
                orInput))
         ->type_name("DUMP");
-    app.add_option("--camera", camera, whichCamera)->type_name("ID");
+    addCamera(app, camera, whichCamera);
+}
+
+void addCamera(CLI::App& app, std::string& camera, const char* description) {
+    app.add_option("--camera", camera, description)->type_name("ID");
 }
 
 void addDumpArgument(CLI::App& app, std::string& device) {
@@ -36,6 +40,14 @@ void addProperties(CLI::App& app, std::string& properties) {
            "System properties: text of 'getprop', name=value lines, or a bugreport; default: those of the "
            "bugreport that is the device")
         ->type_name("GETPROP");
+}
+
+void addParameters(CLI::App& app, std::string& parameters, const char* description) {
+    app.add_option("--params", parameters, description)->type_name("TEXT|FILE");
+}
+
+CLI::Option* addJson(CLI::App& app, bool& json, const char* description) {
+    return app.add_flag("--json", json, description);
 }
 
 void addOutputFile(CLI::App& app, const char* name, std::string& file, const std::string& description) {

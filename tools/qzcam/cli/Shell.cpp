@@ -1,11 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "cli/Shell.h"
+#include "cli/Commands.h"
 
 #include "cli/Completion.h"
 #include "cli/DeviceInput.h"
 #include "cli/LineEditor.h"
 #include "cli/Pager.h"
-#include "cli/Run.h"
 #include "cli/ShellCommands.h"
 #include "device/Properties.h"
 #include "device/ScopedVendorTags.h"
@@ -235,15 +234,6 @@ ExitStatus Shell::end() {
 }
 
 }  // namespace
-
-std::string shellHelp() {
-    std::string help = "At the prompt also:\n";
-    for (const ShellCommand& command : shellCommands()) {
-        help +=
-            fmt::format("  {:<37} {}\n", fmt::format("{} {}", command.name, command.arguments), command.help);
-    }
-    return help;
-}
 
 ExitStatus shell(const RunOptions& options) {
     const std::string commands = "-";

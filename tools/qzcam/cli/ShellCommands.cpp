@@ -3,7 +3,6 @@
 
 #include "base/Text.h"
 #include "cli/Queries.h"
-#include "cli/Shell.h"
 #include "facts/Hints.h"
 #include "facts/Lookup.h"
 #include "facts/Reference.h"
@@ -83,6 +82,15 @@ const std::vector<ShellCommand>& shellCommands() {
         {"exit", "", "leave, like 'quit'", false},
     };
     return commands;
+}
+
+std::string shellHelp() {
+    std::string help = "At the prompt also:\n";
+    for (const ShellCommand& command : shellCommands()) {
+        help +=
+            fmt::format("  {:<37} {}\n", fmt::format("{} {}", command.name, command.arguments), command.help);
+    }
+    return help;
 }
 
 std::vector<std::string> wordsOf(std::string_view line) {

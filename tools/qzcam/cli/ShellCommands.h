@@ -16,6 +16,7 @@ struct ShellCommand {
 };
 
 const std::vector<ShellCommand>& shellCommands();
+std::string shellHelp();  // a table of them
 
 // Splits a line into words like the command line of a shell. Returns nothing if a closing quote is missing.
 std::vector<std::string> wordsOf(std::string_view line);

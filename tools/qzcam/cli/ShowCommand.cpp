@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "cli/ShowCommand.h"
+#include "cli/Commands.h"
 
 #include "base/Text.h"
 #include "cli/CommandFiles.h"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "cli/TraceCommand.h"
+#include "cli/Commands.h"
 
 #include "base/OutputFile.h"
 #include "base/Text.h"
