@@ -5,7 +5,7 @@
 namespace qz::test {
 namespace {
 
-TEST(Getter, OfEachKind) {
+TEST(Getter, EachKindIsPublished) {
     play(R"(
 getBurstSupported|burstModeSupported=0|qz-r7-burst-supported=false
 getBurstSupported|burstModeSupported=2|qz-r7-burst-supported=true
@@ -32,7 +32,7 @@ getSupportedApertureValue|apertureValueSupported=0,56|qz-supported-aperture-valu
 )");
 }
 
-TEST(Getter, OfRangesAndDecimals) {
+TEST(Getter, PublishesRangesAndDecimals) {
     play(R"(
 getFaceBeautyRange|faceBeautyRange=-7,100|qz-min-beauty-level=-7;qz-max-beauty-level=100
 getFaceBeautyRange|faceBeautyRange=1,2,3|||I enMaxBeautyLevel.count = 3
@@ -75,7 +75,7 @@ getOisDefaultGryoGain|oisDefaultGryoGain=1234567,123456|qz_ois_default_gryo_gain
 )");
 }
 
-TEST(Getter, OfListsThatAFunctionWrites) {
+TEST(Getter, FunctionPublishesAList) {
     play(R"(
 getSensorBinningSizes|qz-sensor-binning-sizes-supported=1,2|qz-sensor-binning-sizes-supported=1,2,
     |D sensor binning sizes supported = 1,2,
@@ -117,7 +117,7 @@ getSupportedExtScene|android.control.availableSceneModes=33
 )");
 }
 
-TEST(Getter, OfValuesThatAreKept) {
+TEST(Getter, KeepsValues) {
     play(R"(
 getQuickThumbnailSize|qz-quickthumbnail-size=-12,1||mMaxQuickThumbnailSize: -12|I mMaxQuickThumbnailSize:-12
 getSlowJpegModeThreshold|qz-slow-jpeg-mode-threshold=-5000000000,1

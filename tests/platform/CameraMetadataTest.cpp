@@ -58,7 +58,7 @@ TEST(CameraMetadata, AnEmptyEntryIsPresentAndATextKeepsItsTerminator) {
                  "GPS fix");
 }
 
-TEST(CameraMetadata, ALockedObjectRefusesEveryChange) {
+TEST(CameraMetadata, LockedObjectRefusesEveryChange) {
     CameraMetadata metadata;
     ASSERT_EQ(metadata.update(ANDROID_CONTROL_MODE, kBytes.data(), 1), OK);
     CameraMetadata other(metadata);

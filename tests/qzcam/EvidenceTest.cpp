@@ -80,7 +80,7 @@ TEST(Arrays, AreFactsBehindTheEventsOfTheirSession) {
 }
 
 // Lines keep their numbers where the dump has gone through a log.
-TEST(Arrays, OfALoggedDumpHaveTheirLines) {
+TEST(Arrays, LoggedDumpGivesLineNumbers) {
     const std::string dump = test::dumpOf(phone(11));
     std::string log;
     for (const std::string_view line : split(dump, '\n'))
@@ -171,7 +171,7 @@ class EvidenceTool : public RunTool {
 const char* const kRefusal =
     "03-05 10:11:12.345   812  2207 E CameraQzParam: setIso(), failed to update iso: 7, return: -22\n";
 
-TEST_F(EvidenceTool, EntriesAsideAreShownOnRequest) {
+TEST_F(EvidenceTool, OtherEntriesAreShownOnRequest) {
     const std::string path = file("dump", test::dumpOf(phone(11)));
     EXPECT_EQ(tool({"trace", path}), kFine);
     EXPECT_THAT(mOut, HasSubstr("2 entries, 1 of which is not the library's"));
@@ -184,7 +184,7 @@ TEST_F(EvidenceTool, EntriesAsideAreShownOnRequest) {
     EXPECT_THAT(mOut, Not(HasSubstr("iso")));
 }
 
-TEST_F(EvidenceTool, ValuesAreHeldAgainstTheDevice) {
+TEST_F(EvidenceTool, ValuesAreComparedWithTheDevice) {
     const std::string device = file("device", test::dumpOf(phone(14)));  // offers auto and 100 to 6400
     const auto set = [](const std::string& parameters) {
         return "03-05 10:11:12.301   812  2207 D CameraClient: setParameters (pid 1301) (" + parameters +
@@ -229,7 +229,7 @@ TEST_F(EvidenceTool, ValuesAreHeldAgainstTheDevice) {
     EXPECT_THAT(mErr, HasSubstr("the camera dump from line 2, the log from line 1"));
 }
 
-TEST_F(EvidenceTool, AStreamIsSummedUpOnCtrlCAndEndsWithItsReader) {
+TEST_F(EvidenceTool, StreamPrintsItsSummaryOnCtrlC) {
     const std::string lines = std::string(kRefusal) + kRefusal;
     for (const bool isInterrupted : {true, false}) {
         const std::string timeline = temporary("timeline");

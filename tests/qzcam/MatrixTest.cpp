@@ -196,7 +196,7 @@ TEST_F(MatrixTest, WrongInputIsReported) {
     }
 }
 
-TEST(Workers, BrokenWorkBreaksNoOther) {
+TEST(Workers, FailureOfOneTaskStopsNoOther) {
     std::map<size_t, WorkResult> results;
     workInProcesses(
         50,

@@ -63,7 +63,7 @@ TEST(Json, BeginsWithFormatAndVersion) {
     EXPECT_EQ(lines.at(1).at("event"), "device");
 }
 
-TEST(Json, HoldsEveryElementType) {
+TEST(Json, PrintsEveryElementType) {
     const struct {
         uint8_t type;
         const char* list;

@@ -57,7 +57,7 @@ std::vector<std::string> composed(const DumpPhone& phone) {
     return arrays;
 }
 
-TEST(Report, HoldsEveryEntryOfEachVersion) {
+TEST(Report, ReadsEveryEntryOfEachVersion) {
     for (const int platform : kPlatforms) {
         const DumpPhone phone = samplePhone(platform);
         const std::string text = dumpOf(phone);

@@ -107,7 +107,7 @@ class ShellTool : public RunTool {
     const std::string mState = temporary("state");
 };
 
-TEST_F(ShellTool, CompletesDropsRecallsAndLeaves) {
+TEST_F(ShellTool, EditsTheLineAndLeaves) {
     Terminal terminal(mState);
     const std::string ctrlC = "\x03";
     terminal.type("", kPrompt);

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 // Tests one plain row of each kind, and the functions that read one key.
-#include "Bench.h"
+#include "Script.h"
 
 namespace qz::test {
 namespace {
 
-TEST(Row, OfEachKind) {
+TEST(Row, EachKindIsWritten) {
     play(R"(
     setIso iso:b
         + ->
@@ -44,7 +44,7 @@ TEST(Row, OfEachKind) {
         @lightPainting=255 + -> lightPaintingRelayoutMode=1 | I ~(), set relayout mode: 1)");
 }
 
-TEST(Row, OfANumberByAFunction) {
+TEST(Row, FunctionWritesANumber) {
     play(R"(
     $enter E Enter setZslMode(512)
     setZslMode qz-zsl-mode:b
@@ -69,7 +69,7 @@ TEST(Row, OfANumberByAFunction) {
         x -> -38 | E ~(), failed to update extended scene mode: 35, return: -38)");
 }
 
-TEST(Row, OfSeveralNumbersByAFunction) {
+TEST(Row, FunctionWritesSeveralNumbers) {
     play(R"(
     setTargetTrackingCoord qz-device-target-tracking-coordinate:i
         target-coordinates=3,-4 + -> qz-device-target-tracking-coordinate=3,-4

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 // Tests setters with a function: gates, stored state, several keys or entries, arithmetic.
-#include "Bench.h"
+#include "Script.h"
 
 namespace qz::test {
 namespace {
@@ -201,7 +201,7 @@ TEST(Step, ReadingOfTexts) {
         qz-exposure-compensation-value=16777217 - ->
         + -> exposureCompValue=16777216 | I set qz exposure = 16777216.000000
         x -> -38 | E ~(), failed to update qz exposure compentation value: 16777216.000000, return: -38)");
-    Bench bench;
+    ScriptCamera bench;
     for (const char* text : {"abc", ""}) {
         bench.set("qz-exposure-compensation-value", text);
         EXPECT_EQ(bench.call("setQzExposureCompValue", {}), "E getInt setQzExposureCompValue failed ");
@@ -317,7 +317,7 @@ TEST(Pass, StateOfEarlierSetters) {
         "iso:b manualFocusValue:i faceBeautyMode:b faceBeautyLevel:i lightPaintingMode:b "
         "lightPaintingTryAe:b",
         "x+++++");
-    Bench bench;
+    ScriptCamera bench;
     const auto entries = [&] {
         const std::string outcome = bench.call("paramToMetaData", device);
         return outcome.substr(0, outcome.find(" | E "));

@@ -115,7 +115,7 @@ std::set<std::string> namesOf(const Parameter& row, KeyRow::As as) {
     return names;
 }
 
-TEST(RequestRow, AsksItsKeysAndNoOther) {
+TEST(RequestRow, ReadsOnlyItsKeys) {
     for (const Parameter& row : kParameters) {
         SCOPED_TRACE(row.setter);
         Trial trial(row);
@@ -125,7 +125,7 @@ TEST(RequestRow, AsksItsKeysAndNoOther) {
     }
 }
 
-TEST(RequestRow, ReadsItsStaticEntriesAndNoOther) {
+TEST(RequestRow, ReadsOnlyItsStaticEntries) {
     for (const Parameter& row : kParameters) {
         SCOPED_TRACE(row.setter);
         Trial trial(row);
@@ -138,7 +138,7 @@ TEST(RequestRow, ReadsItsStaticEntriesAndNoOther) {
     }
 }
 
-TEST(RequestRow, WritesItsEntriesInOrderAndNoOther) {
+TEST(RequestRow, WritesOnlyItsEntriesInOrder) {
     for (const Parameter& row : kParameters) {
         SCOPED_TRACE(row.setter);
         Trial trial(row);

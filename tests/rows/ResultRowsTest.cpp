@@ -81,7 +81,7 @@ std::vector<std::string> tagsOf(const ResultRow& row) {
     return tags;
 }
 
-TEST(ResultRow, AsksItsEntriesInOrderAndSendsItsMessage) {
+TEST(ResultRow, ReadsItsEntriesInOrderAndSendsItsMessage) {
     for (const ResultRow& row : kResults) {
         SCOPED_TRACE(row.handler);
         Trial trial(row);
@@ -214,7 +214,7 @@ TEST(ResultRow, PrintsItsInformationLineBeforeTheMessage) {
     }
 }
 
-TEST(ResultPass, AsksInTheOrderOfItsRows) {
+TEST(ResultPass, ReadsInTheOrderOfItsRows) {
     std::vector<std::string> stated;
     Declarations tags;
     const android::sp<ResultHost> host(new ResultHost);

@@ -104,14 +104,14 @@ inline Texts entriesOf(const android::CameraMetadata& request) {
     return entries;
 }
 
-class Bench {
+class ScriptCamera {
   public:
-    Bench() = default;
-    ~Bench() {
+    ScriptCamera() = default;
+    ~ScriptCamera() {
         for (const std::string& property : mProperties) property_set(property.c_str(), "");
     }
-    Bench(const Bench&) = delete;
-    Bench& operator=(const Bench&) = delete;
+    ScriptCamera(const ScriptCamera&) = delete;
+    ScriptCamera& operator=(const ScriptCamera&) = delete;
 
     // Sets "key=text;key=text": parameters, properties that begin with "camera.", and after '@' other inputs.
     // A key without a value is removed.
@@ -123,7 +123,7 @@ class Bench {
         }
     }
     void set(const std::string& key, const std::string& text) {
-        if (key[0] == '@') setWorld(key, text);
+        if (key[0] == '@') setInput(key, text);
         camera.parameters.set(key.c_str(), text.c_str());
         if (key.rfind("camera.", 0) != 0) return;
         mProperties.push_back(key);
@@ -158,7 +158,7 @@ class Bench {
   private:
     static constexpr const char* kArray = "com.ambrix.device.capabilities.qzSubActiveArraySize";
 
-    void setWorld(const std::string& what, const std::string& text) {
+    void setInput(const std::string& what, const std::string& text) {
         const auto number = static_cast<uint32_t>(strtoul(text.c_str(), nullptr, 0));
         if (what == "@lightPainting") translator().*TestPeer::lightPainting = static_cast<uint8_t>(number);
         if (what == "@ownCamera") translator().*TestPeer::isQzCamera = number != 0;
@@ -191,7 +191,7 @@ class Bench {
 // the next line. "~" is the setter's name. "$word text" defines $word as the text.
 inline void play(const std::string& script) {
     std::map<std::string, std::string> words;
-    std::unique_ptr<Bench> bench;
+    std::unique_ptr<ScriptCamera> camera;
     std::string tags;
     for (const std::string& line : linesOf(script)) {
         const size_t arrow = line.find(" ->");
@@ -201,8 +201,8 @@ inline void play(const std::string& script) {
         } else if (arrow == std::string::npos) {
             words["~"] = line.substr(0, space);
             tags = line.substr(space);
-            bench.reset();  // one at a time
-            bench = std::make_unique<Bench>();
+            camera.reset();  // one at a time
+            camera = std::make_unique<ScriptCamera>();
         } else {
             std::string expected = line.substr(std::min(arrow + 4, line.size()));
             for (const auto& [word, text] : words) {
@@ -211,9 +211,10 @@ inline void play(const std::string& script) {
                 }
             }
             const size_t how = line.rfind(' ', arrow - 1) + 1;
-            bench->set(line.substr(0, how == 0 ? 0 : how - 1));
-            const std::string outcome = bench->call(words["~"], declare(tags, line.substr(how, arrow - how)));
-            EXPECT_EQ(join({outcome, bench->changes}), expected) << words["~"] << ": " << line;
+            camera->set(line.substr(0, how == 0 ? 0 : how - 1));
+            const std::string outcome =
+                camera->call(words["~"], declare(tags, line.substr(how, arrow - how)));
+            EXPECT_EQ(join({outcome, camera->changes}), expected) << words["~"] << ": " << line;
         }
     }
 }
