@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <set>
+#include <tuple>
 #include <utility>
 
 namespace qzcam {
@@ -56,11 +57,12 @@ size_t agreement(const VendorBlock& block, const std::set<NumberedName>& entries
 }
 
 bool areEqual(const VendorBlock& a, const VendorBlock& b) {
-    return std::equal(a.tags.begin(), a.tags.end(), b.tags.begin(), b.tags.end(),
-                      [](const VendorTag& one, const VendorTag& other) {
-                          return one.id == other.id && one.type == other.type && one.name == other.name &&
-                                 one.section == other.section;
-                      });
+    const auto fields = [](const VendorTag& tag) {
+        return std::tie(tag.id, tag.type, tag.name, tag.section);
+    };
+    return std::equal(
+        a.tags.begin(), a.tags.end(), b.tags.begin(), b.tags.end(),
+        [&](const VendorTag& one, const VendorTag& other) { return fields(one) == fields(other); });
 }
 
 std::string nameOf(const VendorBlock& block) {

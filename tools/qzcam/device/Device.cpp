@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "device/Device.h"
 
+#include "base/Find.h"
+
 #include <camera/VendorTagDescriptor.h>
 #include <fmt/format.h>
 #include <host/StandardTags.h>
 
-#include <algorithm>
+#include <iterator>
 #include <set>
 
 namespace qzcam {
@@ -53,20 +55,15 @@ void TagNames::add(const Tag& tag) {
     mById.emplace(tag.id, &place->second);
 }
 
-const Tag* TagNames::find(const std::string& fullName) const {
-    const auto found = mByFullName.find(fullName);
-    return found == mByFullName.end() ? nullptr : &found->second;
-}
+const Tag* TagNames::find(const std::string& fullName) const { return findValue(mByFullName, fullName); }
 
 std::variant<const Tag*, std::string> TagNames::resolve(const std::string& name) const {
     if (const Tag* tag = find(name)) return tag;
     const auto [begin, end] = mByName.equal_range(name);
     if (begin == end) return fmt::format("this device declares no tag '{}'", name);
     if (std::next(begin) == end) return begin->second;
-    std::vector<std::string> candidates;
-    std::transform(begin, end, std::back_inserter(candidates),
-                   [](const auto& item) { return item.second->fullName(); });
-    std::sort(candidates.begin(), candidates.end());
+    std::set<std::string> candidates;
+    for (auto each = begin; each != end; ++each) candidates.insert(each->second->fullName());
     return fmt::format("'{}' may be {}: expected one of these", name, fmt::join(candidates, " or "));
 }
 
@@ -75,8 +72,8 @@ bool TagNames::knows(const std::string& name) const {
 }
 
 std::string TagNames::nameOf(uint32_t id) const {
-    const auto found = mById.find(id);
-    return found == mById.end() ? fmt::format("{:#x}", id) : found->second->fullName();
+    const auto* tag = findValue(mById, id);
+    return tag == nullptr ? fmt::format("{:#x}", id) : (*tag)->fullName();
 }
 
 std::vector<std::string> TagNames::fullNames() const {

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 // Reads the metadata arrays and vendor tags of a dump.
+#include "base/Find.h"
 #include "device/DumpLines.h"
 #include "device/DumpReader.h"
 
@@ -8,6 +9,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 namespace qzcam {
 
@@ -36,13 +38,6 @@ std::string_view withoutColon(std::string_view heading) {
     return heading;
 }
 
-// Returns "LIST has 12 of 140 items" if another number was announced; otherwise an empty text.
-std::string difference(const std::string& list, size_t read, const std::optional<size_t>& announced,
-                       std::string_view items) {
-    if (!announced || read == *announced) return {};
-    return fmt::format("{} has {} of {} {}", list, read, *announced, items);
-}
-
 std::string titleOf(const MetadataArray& array) {
     const std::string of = array.camera.empty() ? "" : fmt::format(" of camera {}", cut(array.camera, 40));
     return fmt::format("the array '{}'{}", nameOf(array), of);
@@ -50,10 +45,22 @@ std::string titleOf(const MetadataArray& array) {
 
 }  // namespace
 
+// Reports a list whose head announces another number of items than were read.
+template <typename List>
+void DumpReader::checkCount(const List& list, size_t read, const std::string& name, const char* items,
+                            bool early) {
+    if (!list.announced || read == *list.announced) return;
+    const std::string text = fmt::format("{} has {} of {} {}", name, read, *list.announced, items);
+    if (early && read < *list.announced) {
+        cutAt(mNumber, "the dump ends here: " + text);
+    } else {
+        mReport.differences.push_back({list.line, text});
+    }
+}
+
 // "Dumping camera metadata array: 138 / 140 entries, 20 / 640 bytes of extra data."
 void DumpReader::openArray() {
-    const bool isPlace = mRegion == Region::Camera || mRegion == Region::Client || mRegion == Region::Other;
-    const Region outer = isPlace ? mRegion : mRegion == Region::Array ? mOuter : Region::Client;
+    const Region outer = isPlaceOfArrays() ? mRegion : mRegion == Region::Array ? mOuter : Region::Client;
     const std::string_view heading = mHeading;
     enter(Region::Array);
     mOuter = outer;
@@ -64,8 +71,7 @@ void DumpReader::openArray() {
     array.line = mNumber;
     array.camera = mCamera;
     array.previousSession = mPrevious;
-    std::string_view rest = trimmed(mBody.substr(mBody.find(':') + 1));
-    if (const auto count = takeDecimal(rest)) array.announced = *count;
+    array.announced = numberAfter(mBody, ":");
     setPlace(array);
     mHeading = {};
     mReport.arrays.push_back(std::move(array));
@@ -73,19 +79,18 @@ void DumpReader::openArray() {
 
 void DumpReader::setPlace(MetadataArray& array) {
     const std::string_view heading = withoutColon(mHeading);
-    const auto* const known = std::find_if(kHeadings.begin(), kHeadings.end(), [&](const Heading& each) {
-        return startsWith(heading, each.text);
-    });
+    const Heading* known =
+        findIf(kHeadings, [&](const Heading& each) { return startsWith(heading, each.text); });
     if (mOuter == Region::Camera && startsWith(heading, kPhysicalStatic)) {
         std::string_view id = heading.substr(kPhysicalStatic.size());
         array.place = Place::PhysicalStatic;
         array.physicalCamera = takeWord(id);
-    } else if (known != kHeadings.end()) {
+    } else if (known != nullptr) {
         array.place = known->place;
         std::string_view rest = heading.substr(known->text.size());
         if (known->place == Place::Template) array.detail = rest;
         if (startsWith(rest, kPhysicalFrame)) array.physicalCamera = rest.substr(kPhysicalFrame.size());
-    } else if (const bool isFirst = mOuter == Region::Camera && !mStaticSeen; isFirst) {
+    } else if (mOuter == Region::Camera && !mStaticSeen) {
         array.place = Place::Static;
         mStaticSeen = true;
     } else {
@@ -96,13 +101,7 @@ void DumpReader::setPlace(MetadataArray& array) {
 void DumpReader::closeArray(bool early) {
     const MetadataArray& array = mReport.arrays.back();
     mRegion = mOuter;
-    const std::string text = difference(titleOf(array), array.entries.size(), array.announced, "entries");
-    if (text.empty()) return;
-    if (early && array.entries.size() < *array.announced) {
-        cutAt(mNumber, "the dump ends here: " + text);
-    } else {
-        mReport.differences.push_back({array.line, text});
-    }
+    checkCount(array, array.entries.size(), titleOf(array), "entries", early);
 }
 
 void DumpReader::arrayLine() {
@@ -129,11 +128,11 @@ void DumpReader::arrayLine() {
     } else {
         mInEntry = false;
     }
-    leaveUnused(UnusedPart::Kind::GarbledLine, excerpt(mBody));
+    addGarbled(mBody);
 }
 
 void DumpReader::valueLine() {
-    if (!mInEntry) return leaveUnused(UnusedPart::Kind::GarbledLine, excerpt(mBody));
+    if (!mInEntry) return addGarbled(mBody);
     ArrayEntry& entry = mReport.arrays.back().entries.back();
     if (entry.values.empty()) {
         entry.values = mBody;
@@ -170,9 +169,8 @@ bool DumpReader::isEntry() const {
 // Reads an entry whose array has lost its head, or an entry inside a list of something else.
 bool DumpReader::strayEntry() {
     if (!isEntry()) return false;
-    const bool isPlace = mRegion == Region::Camera || mRegion == Region::Client || mRegion == Region::Other;
-    if (!isPlace) {
-        leaveUnused(UnusedPart::Kind::GarbledLine, excerpt(mBody));
+    if (!isPlaceOfArrays()) {
+        addGarbled(mBody);
         return true;
     }
     openArray();
@@ -196,8 +194,7 @@ void DumpReader::openVendorBlock() {
     closeBlock(false);
     VendorBlock& block = mReport.vendorBlocks.emplace_back();
     block.line = mNumber;
-    std::string_view id = trimmed(mBody.substr(mBody.rfind(" id ") + 4));
-    if (const auto number = takeDecimal(id)) block.vendorId = *number;
+    block.vendorId = numberAfter(mBody, " id ");
     mBlockOpen = true;
 }
 
@@ -212,44 +209,29 @@ void DumpReader::openTagList() {
     }
     mBlockOpen = true;
     VendorBlock& block = mReport.vendorBlocks.back();
-    std::string_view count = trimmed(mBody.substr(mBody.find(':') + 1));
-    if (const auto number = takeDecimal(count)) block.announced = *number;
+    block.announced = numberAfter(mBody, ":");
     constexpr size_t kShortestTag = 40;
     block.tags.reserve(std::min(block.announced.value_or(0), (mText.size() - offset()) / kShortestTag));
-}
-
-void DumpReader::closeVendor(bool early) {
-    closeBlock(early);
-    mRegion = Region::Other;
 }
 
 void DumpReader::closeBlock(bool early) {
     if (!mBlockOpen) return;
     mBlockOpen = false;
     const VendorBlock& block = mReport.vendorBlocks.back();
-    const std::string text =
-        difference("the list of vendor tags", block.tags.size() + mLeftOfBlock, block.announced, "tags");
-    mLeftOfBlock = 0;
-    if (text.empty()) return;
-    if (early && block.tags.size() < *block.announced) {
-        cutAt(mNumber, "the dump ends here: " + text);
-    } else {
-        mReport.differences.push_back({block.line, text});
-    }
+    checkCount(block, block.tags.size() + std::exchange(mUnusedTags, 0), "the list of vendor tags", "tags",
+               early);
 }
 
 void DumpReader::vendorLine() {
-    const bool isTag =
-        startsWith(mBody, "0x") || mBody.find(" defined in section ") != std::string_view::npos;
-    if (!isTag) return;
+    if (!startsWith(mBody, "0x") && !contains(mBody, " defined in section ")) return;
     auto line = parseVendorTag(mBody);
     if (!line || line->tag.id < CAMERA_METADATA_VENDOR_TAG_BOUNDARY) {
-        return leaveUnused(UnusedPart::Kind::GarbledLine, excerpt(mBody));
+        return addGarbled(mBody);
     }
     if (line->type >= NUM_TYPES) {
-        ++mLeftOfBlock;
-        return leaveUnused(UnusedPart::Kind::UnknownType,
-                           fmt::format("{}.{} (type {})", line->tag.section, line->tag.name, line->type));
+        ++mUnusedTags;
+        return addUnused(UnusedPart::Kind::UnknownType,
+                         fmt::format("{}.{} (type {})", line->tag.section, line->tag.name, line->type));
     }
     const char* type = camera_metadata_type_names[line->type];
     if (line->typeName != type) {

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 // Reads the parts of a dump about the service and its cameras, other than metadata.
+#include "base/Find.h"
 #include "device/DumpLines.h"
 #include "device/DumpReader.h"
 #include "device/ParameterText.h"
@@ -35,20 +36,19 @@ bool isEvent(std::string_view body) {
 // Devices have a few cameras, broken texts may have millions.
 bool DumpReader::hasRoomFor(std::string_view name) {
     constexpr size_t kMostCameras = 256;
-    const bool isKnown =
-        std::any_of(mReport.cameras.begin(), mReport.cameras.end(),
-                    [&](const ReportedCamera& each) { return each.id == name || each.id == idOf(name); });
+    const bool isKnown = anyOf(mReport.cameras, [&](const ReportedCamera& each) {
+        return each.id == name || each.id == idOf(name);
+    });
     if (isKnown || mReport.cameras.size() < kMostCameras) return true;
     enter(Region::Other);
     mCamera = {};
-    leaveUnused(UnusedPart::Kind::Section, cut(name, 60));
+    addUnused(UnusedPart::Kind::Section, cut(name, 60));
     return false;
 }
 
 ReportedCamera& DumpReader::camera(std::string_view id) {
-    auto found = std::find_if(mReport.cameras.begin(), mReport.cameras.end(),
-                              [&](const ReportedCamera& each) { return each.id == id; });
-    if (found != mReport.cameras.end()) return *found;
+    auto* known = findIf(mReport.cameras, [&](const ReportedCamera& each) { return each.id == id; });
+    if (known != nullptr) return *known;
     ReportedCamera camera;
     camera.id = id;
     camera.name = id;
@@ -90,18 +90,15 @@ void DumpReader::openDynamic(std::string_view id) {
 // "legacy/0 (v2.4, remote) static info: 2 devices"
 void DumpReader::openProvider(std::string_view title) {
     enter(Region::Other);
-    Provider provider;
-    provider.line = mNumber;
-    if (const auto name = takeUntil(title, " (v")) {
-        provider.name = *name;
-        provider.version = takeUntil(title, ") static info: ").value_or("");
-        if (const auto count = takeDecimal(title)) provider.announced = *count;
-    } else {
-        provider.name = title;
-    }
-    mProvider = provider.name;
     mCamera = {};
-    mReport.providers.push_back(provider);
+    const auto name = takeUntil(title, " (v");
+    mProvider = name.value_or(title);
+    Provider& provider = mReport.providers.emplace_back();
+    provider.line = mNumber;
+    provider.name = mProvider;
+    if (!name) return;
+    provider.version = takeUntil(title, ") static info: ").value_or("");
+    provider.announced = takeDecimal(title);
 }
 
 void DumpReader::cameraLine() {
@@ -109,10 +106,9 @@ void DumpReader::cameraLine() {
     ReportedCamera& at = camera(mCamera);
     if (const auto facing = behind(mBody, "Facing:")) {
         if (at.facing.empty()) at.facing = facingNamed(*facing);
-    } else if (auto orientation = behind(mBody, "Orientation:")) {
-        if (const auto degrees = takeDecimal(*orientation); degrees && *degrees <= 360) {
-            at.orientation = static_cast<int>(*degrees);
-        }
+    } else if (startsWith(mBody, "Orientation:")) {
+        const auto degrees = numberAfter(mBody, ":");
+        if (degrees && *degrees <= 360) at.orientation = static_cast<int>(*degrees);
     } else if (const auto version = behind(mBody, "Device version:")) {
         at.version = *version;
     }
@@ -127,7 +123,7 @@ void DumpReader::clientLine() {
 
 // Parses "Device 0 is open. Client instance dump:"; from Android 12 on a time stands before it.
 bool DumpReader::openLine() {
-    if (mBody.find(" is open. Client instance dump:") == std::string_view::npos) return false;
+    if (!contains(mBody, " is open. Client instance dump:")) return false;
     if (mRegion != Region::Client) enter(Region::Client);
     mHeading = {};
     if (!mPrevious && !mCamera.empty()) camera(mCamera).isOpen = true;
@@ -144,9 +140,9 @@ void DumpReader::globalLine() {
     } else if (startsWith(mBody, "Camera module HAL API version:")) {
         mStartedModule = true;
         mReport.isDump = true;
-    } else if (auto count = behind(mBody, "Number of camera devices:")) {
+    } else if (startsWith(mBody, "Number of camera devices:")) {
         mAnnouncedCameras =
-            static_cast<size_t>(std::min<uint64_t>(takeDecimal(*count).value_or(0), SIZE_MAX));
+            static_cast<size_t>(std::min<uint64_t>(numberAfter(mBody, ":").value_or(0), SIZE_MAX));
         mReport.isDump = true;
     }
     mHeading = mBody;
@@ -160,18 +156,13 @@ void DumpReader::openShim() {
     const Region outer = mRegion == Region::Camera ? Region::Camera : Region::Client;
     enter(Region::Shim);
     mOuter = outer;
-    ShimParameters& shim = mReport.shimParameters.emplace_back();
-    shim.camera = mCamera;
-    shim.line = mNumber;
-    shim.previousSession = mPrevious;
+    mReport.shimParameters.push_back({mCamera, mNumber, std::nullopt, mPrevious, {}});
 }
 
 void DumpReader::shimLine() {
     ShimParameters& shim = mReport.shimParameters.back();
-    constexpr std::string_view kSize = "mMap.size = ";
-    if (const size_t size = mBody.find(kSize); size != std::string_view::npos && !shim.announced) {
-        std::string_view count = mBody.substr(size + kSize.size());
-        if (const auto number = takeDecimal(count)) shim.announced = *number;
+    if (constexpr const char* kSize = "mMap.size = "; contains(mBody, kSize) && !shim.announced) {
+        shim.announced = numberAfter(mBody, kSize);
         return;
     }
     if (!isShimLine()) {
@@ -179,10 +170,7 @@ void DumpReader::shimLine() {
         return takeInRegion();
     }
     std::string_view rest = mLine.substr(mIndent);
-    for (size_t tab = rest.find('\t'); tab != std::string_view::npos; tab = rest.find('\t')) {
-        addShimParameter(rest.substr(0, tab), true);
-        rest.remove_prefix(tab + 1);
-    }
+    while (const auto cutParameter = takeUntil(rest, "\t")) addShimParameter(*cutParameter, true);
     constexpr size_t kLongestLine = 254;  // with its tab
     addShimParameter(rest, rest.size() + 1 >= kLongestLine);
 }
@@ -199,14 +187,9 @@ bool DumpReader::isShimLine() const {
 void DumpReader::addShimParameter(std::string_view text, bool cut) {
     const size_t colon = text.find(':');
     const std::string_view key = text.substr(0, colon);
-    if (colon == std::string_view::npos || !isParameterKey(key))
-        return leaveUnused(UnusedPart::Kind::GarbledLine, excerpt(text));
-    ShimParameter parameter;
-    parameter.line = mNumber;
-    parameter.key = key;
-    parameter.value = text.substr(std::min(colon + 2, text.size()));
-    parameter.cut = cut;
-    mReport.shimParameters.back().parameters.push_back(parameter);
+    if (colon == std::string_view::npos || !isParameterKey(key)) return addGarbled(text);
+    const std::string_view value = text.substr(std::min(colon + 2, text.size()));
+    mReport.shimParameters.back().parameters.push_back({mNumber, key, value, cut});
 }
 
 // Reads facing, orientation and level from the static characteristics of a camera.
@@ -229,21 +212,18 @@ void DumpReader::finishCamera(ReportedCamera& at, const ArrayEntry& entry) {
     } else if (entry.name == "android.info.supportedHardwareLevel") {
         if (at.level.empty()) at.level = word();
     } else if (entry.name == "android.logicalMultiCamera.physicalIds") {
-        std::string id;
-        for (const uint8_t byte : readValues(entry).values.bytes) {
-            if (byte != 0) {
-                id += static_cast<char>(byte);
-            } else if (!id.empty()) {
-                addPhysicalId(at.id, std::exchange(id, {}));
-            }
-        }
+        const auto bytes = readValues(entry).values.bytes;
+        const std::string text(bytes.begin(), bytes.end());
+        std::string_view rest = text;
+        while (const auto id = takeUntil(rest, std::string_view("\0", 1)))
+            addPhysicalId(at.id, std::string(*id));
     }
 }
 
 void DumpReader::addPhysicalId(std::string_view of, std::string id) {
-    if (of.empty()) return;
+    if (of.empty() || id.empty()) return;
     auto& ids = camera(of).physicalIds;
-    if (std::find(ids.begin(), ids.end(), id) == ids.end()) ids.push_back(std::move(id));
+    if (!hasElement(ids, id)) ids.push_back(std::move(id));
 }
 
 }  // namespace qzcam

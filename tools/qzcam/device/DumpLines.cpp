@@ -40,6 +40,12 @@ std::optional<uint64_t> takeDecimal(std::string_view& text) {
     return number;
 }
 
+std::optional<uint64_t> numberAfter(std::string_view text, std::string_view start) {
+    if (!takeUntil(text, start)) return std::nullopt;
+    text = trimmed(text);
+    return takeDecimal(text);
+}
+
 // The line is read from its end, because a vendor's names may contain blanks and brackets.
 std::optional<ArrayEntry> parseEntry(std::string_view body) {
     if (body.empty() || body.front() == '[' || body.back() != ']') return std::nullopt;
@@ -51,12 +57,8 @@ std::optional<ArrayEntry> parseEntry(std::string_view body) {
     const auto number = wholeNumber<uint32_t>(*id, 16);
     const auto elements = wholeNumber<uint64_t>(*count, 10);
     if (!number || !elements) return std::nullopt;
-    ArrayEntry entry;
-    entry.id = *number;
-    entry.count = static_cast<size_t>(std::min<uint64_t>(*elements, SIZE_MAX));
-    entry.name = body;
-    entry.type = *type;
-    return entry;
+    const auto most = static_cast<size_t>(std::min<uint64_t>(*elements, SIZE_MAX));
+    return ArrayEntry{0, *number, most, body, *type, {}, 0};
 }
 
 std::optional<VendorTagLine> parseVendorTag(std::string_view body) {
@@ -70,14 +72,8 @@ std::optional<VendorTagLine> parseVendorTag(std::string_view body) {
     const auto number = wholeNumber<uint32_t>(*id, 16);
     const auto typeNumber = wholeNumber<uint64_t>(*type, 10);
     if (!number || !typeNumber) return std::nullopt;
-    VendorTagLine line;
-    line.tag.id = *number;
-    line.tag.type = static_cast<uint8_t>(std::min<uint64_t>(*typeNumber, UINT8_MAX));
-    line.tag.section = body;
-    line.tag.name = *name;
-    line.type = *typeNumber;
-    line.typeName = *typeName;
-    return line;
+    const auto elementType = static_cast<uint8_t>(std::min<uint64_t>(*typeNumber, UINT8_MAX));
+    return VendorTagLine{{0, *number, elementType, body, *name}, *typeNumber, *typeName};
 }
 
 std::optional<ApiDevice> parseApiDevice(std::string_view body) {

@@ -13,6 +13,9 @@ namespace qzcam {
 // Removes a decimal number from the start of the text and returns it.
 std::optional<uint64_t> takeDecimal(std::string_view& text);
 
+// Returns the decimal number that follows the first `start`, perhaps after blanks.
+std::optional<uint64_t> numberAfter(std::string_view text, std::string_view start);
+
 // Parses "name (tag): type[count]" with a hexadecimal tag.
 std::optional<ArrayEntry> parseEntry(std::string_view body);
 

@@ -32,15 +32,15 @@ class DeviceBuilder {
     void addVendorTags();
     void addVendorTag(const VendorTag& tag);
     void giveNumbers();
-    void leaveOtherBlocks(const VendorBlock* chosen);
+    void addOtherBlocks(const VendorBlock* chosen);
     void leaveTagsFrom(const std::vector<VendorTag>& tags, size_t index);
     void addEntry(const MetadataArray& array, const ArrayEntry& entry);
     void addUsable(const MetadataArray& array, const ArrayEntry& entry, const Tag& tag);
     void addUnreadable(const MetadataArray& array, const ArrayEntry& entry, const EntryValues& read);
     bool isWhole(const MetadataArray& array) const;
     const Tag* tagOf(const ArrayEntry& entry) const;
-    void leave(UnusedPart::Kind kind, const ArrayEntry& entry);
-    void leave(UnusedPart::Kind kind, size_t line, std::string name);
+    void addUnused(UnusedPart::Kind kind, const ArrayEntry& entry);
+    void addUnused(UnusedPart::Kind kind, size_t line, std::string name);
 
     const Report& mReport;
     const ReportedCamera* mCamera;
@@ -61,8 +61,7 @@ Device DeviceBuilder::build() {
     if (array != nullptr) {
         for (const ArrayEntry& entry : array->entries) addEntry(*array, entry);
     }
-    std::stable_sort(mDevice.unused.begin(), mDevice.unused.end(),
-                     [](const UnusedPart& a, const UnusedPart& b) { return a.line < b.line; });
+    sortByLine(mDevice.unused);
     return std::move(mDevice);
 }
 
@@ -77,7 +76,7 @@ void DeviceBuilder::describe() {
 void DeviceBuilder::addVendorTags() {
     const BlockChoice choice = chooseBlock(mReport, mCamera);
     if (!choice.note.empty()) mDevice.notes.push_back(choice.note);
-    leaveOtherBlocks(choice.block);
+    addOtherBlocks(choice.block);
     const bool isInferred = choice.block == nullptr && !mReport.hasVendorSection && mCamera != nullptr;
     const std::vector<VendorTag> inferred =
         isInferred ? tagsOfEntries(mReport, *mCamera) : std::vector<VendorTag>();
@@ -106,7 +105,7 @@ void DeviceBuilder::addVendorTag(const VendorTag& raw) {
         mDevice.vendorTags.push_back(std::move(tag));
         return;
     }
-    leave(UnusedPart::Kind::RepeatedTag, raw.line, cut(place->first, kLongestName));
+    addUnused(UnusedPart::Kind::RepeatedTag, raw.line, cut(place->first, kLongestName));
     mDevice.vendorTags[place->second] = std::move(tag);
 }
 
@@ -122,24 +121,21 @@ void DeviceBuilder::giveNumbers() {
     for (Tag* tag : without) tag->id = freeIds.next();
 }
 
-void DeviceBuilder::leaveOtherBlocks(const VendorBlock* chosen) {
+void DeviceBuilder::addOtherBlocks(const VendorBlock* chosen) {
     for (const VendorBlock& block : mReport.vendorBlocks) {
-        const bool isChosen = &block == chosen;
-        if (!isChosen && !block.tags.empty()) {
-            const std::string id = block.vendorId ? fmt::format("vendor id {}, ", *block.vendorId) : "";
-            leave(UnusedPart::Kind::OtherBlock, block.line, id + counted(block.tags.size(), "tag"));
-        }
+        if (&block == chosen || block.tags.empty()) continue;
+        const std::string id = block.vendorId ? fmt::format("vendor id {}, ", *block.vendorId) : "";
+        addUnused(UnusedPart::Kind::OtherBlock, block.line, id + counted(block.tags.size(), "tag"));
     }
-    const auto [first, last] = chosen == nullptr || chosen->tags.empty()
-                                   ? std::pair<size_t, size_t>(1, 0)
-                                   : std::pair(chosen->line, chosen->tags.back().line);
+    if (chosen == nullptr || chosen->tags.empty()) return;
     for (const Fault& fault : mReport.faults) {
-        if (fault.line >= first && fault.line <= last) mDevice.faults.push_back(fault);
+        const bool isOfChosen = fault.line >= chosen->line && fault.line <= chosen->tags.back().line;
+        if (isOfChosen) mDevice.faults.push_back(fault);
     }
 }
 
 void DeviceBuilder::leaveTagsFrom(const std::vector<VendorTag>& tags, size_t index) {
-    leave(UnusedPart::Kind::TooManyTags, tags[index].line, cut(tags[index].name, kLongestName));
+    addUnused(UnusedPart::Kind::TooManyTags, tags[index].line, cut(tags[index].name, kLongestName));
     mDevice.unused.back().lastLine = tags.back().line;
     mDevice.unused.back().count = tags.size() - index;
     mProblems.add(
@@ -155,12 +151,12 @@ const Tag* DeviceBuilder::tagOf(const ArrayEntry& entry) const {
 
 void DeviceBuilder::addEntry(const MetadataArray& array, const ArrayEntry& entry) {
     const Tag* tag = tagOf(entry);
-    if (tag == nullptr) return leave(UnusedPart::Kind::UnknownTag, entry);
+    if (tag == nullptr) return addUnused(UnusedPart::Kind::UnknownTag, entry);
     if (entry.type != camera_metadata_type_names[tag->type]) {
         mDevice.mistyped.push_back({tag->id, entry.line, fmt::format("{}[{}]", entry.type, entry.count)});
-        return leave(UnusedPart::Kind::Mistyped, entry);
+        return addUnused(UnusedPart::Kind::Mistyped, entry);
     }
-    if (mSeen.count(tag->id) != 0) return leave(UnusedPart::Kind::RepeatedEntry, entry);
+    if (mSeen.count(tag->id) != 0) return addUnused(UnusedPart::Kind::RepeatedEntry, entry);
     addUsable(array, entry, *tag);
 }
 
@@ -168,7 +164,7 @@ void DeviceBuilder::addUsable(const MetadataArray& array, const ArrayEntry& entr
     EntryValues read = readValues(entry);
     if (!read.wrong.empty()) return addUnreadable(array, entry, read);
     mSeen.insert(tag.id);
-    if (!read.words.empty()) leave(UnusedPart::Kind::UnknownWord, entry);
+    if (!read.words.empty()) addUnused(UnusedPart::Kind::UnknownWord, entry);
     for (const UnknownWord& word : read.words) {
         mDevice.unused.back().name += fmt::format(" {}", cut(word.word, kLongestName));
     }
@@ -183,9 +179,9 @@ void DeviceBuilder::addUnreadable(const MetadataArray& array, const ArrayEntry& 
     if (!mWhole) mWhole = isWhole(array);
     if (!read.wrongLength || !*mWhole) {
         mProblems.add(read.wrongLine, read.wrong);
-        return leave(UnusedPart::Kind::Damaged, entry);
+        return addUnused(UnusedPart::Kind::Damaged, entry);
     }
-    leave(UnusedPart::Kind::Damaged, entry);
+    addUnused(UnusedPart::Kind::Damaged, entry);
     const bool isEmpty = entry.values.empty();
     mDevice.faults.push_back({Fault::Kind::LengthAgainstType, entry.line, 0,
                               fmt::format("{} is {}[{}], but has {}", entry.name, entry.type, entry.count,
@@ -202,19 +198,14 @@ bool DeviceBuilder::isWhole(const MetadataArray& array) const {
     });
 }
 
-void DeviceBuilder::leave(UnusedPart::Kind kind, const ArrayEntry& entry) {
-    leave(kind, entry.line,
-          fmt::format("{} ({:x}) {}[{}]", cut(entry.name, kLongestName), entry.id,
-                      cut(entry.type, kLongestName), entry.count));
+void DeviceBuilder::addUnused(UnusedPart::Kind kind, const ArrayEntry& entry) {
+    addUnused(kind, entry.line,
+              fmt::format("{} ({:x}) {}[{}]", cut(entry.name, kLongestName), entry.id,
+                          cut(entry.type, kLongestName), entry.count));
 }
 
-void DeviceBuilder::leave(UnusedPart::Kind kind, size_t line, std::string name) {
-    UnusedPart part;
-    part.kind = kind;
-    part.line = line;
-    part.lastLine = line;
-    part.name = std::move(name);
-    mDevice.unused.push_back(std::move(part));
+void DeviceBuilder::addUnused(UnusedPart::Kind kind, size_t line, std::string name) {
+    mDevice.unused.push_back({kind, line, line, 1, std::move(name)});
 }
 
 std::vector<std::string_view> describedCameras(const Report& report) {

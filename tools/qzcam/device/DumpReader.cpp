@@ -2,6 +2,7 @@
 // Finds titles and the regions that they begin.
 #include "device/DumpReader.h"
 
+#include "base/Find.h"
 #include "device/DumpLines.h"
 #include "device/VendorFaults.h"
 
@@ -44,8 +45,7 @@ void DumpReader::take() {
     if (title()) {
         mReport.isDump = true;
         // Two lines have run together: the title is read, the entry after it is lost.
-        if (mReport.errors.size() == errors && isEntry())
-            leaveUnused(UnusedPart::Kind::GarbledLine, excerpt(mBody));
+        if (mReport.errors.size() == errors && isEntry()) addGarbled(mBody);
         return;
     }
     takeInRegion();
@@ -53,45 +53,28 @@ void DumpReader::take() {
 
 void DumpReader::takeInRegion() {
     if (mRegion != Region::Array && mRegion != Region::Monitor && strayEntry()) return;
-    switch (mRegion) {
-        case Region::Other:
-            return globalLine();
-        case Region::Events:
-            return eventLine();
-        case Region::Camera:
-            return cameraLine();
-        case Region::Client:
-            return clientLine();
-        case Region::Array:
-            return arrayLine();
-        case Region::Vendor:
-            return vendorLine();
-        case Region::Shim:
-            return shimLine();
-        case Region::Monitor:
-        case Region::HalText:
-            return;
-    }
+    // In the order of Region. Others read a tag monitor and a HAL's own text.
+    static constexpr void (DumpReader::*readLine[])() = {
+        &DumpReader::globalLine, &DumpReader::eventLine,  &DumpReader::cameraLine, &DumpReader::clientLine,
+        &DumpReader::arrayLine,  &DumpReader::vendorLine, &DumpReader::shimLine};
+    if (mRegion < Region::Monitor) (this->*readLine[static_cast<size_t>(mRegion)])();
 }
 
 // Reports lists that end early because the text ends.
 void DumpReader::end() {
-    if (mRegion == Region::Array && !mEnded) closeArray(true);
-    if (mRegion == Region::Vendor && !mEnded) closeVendor(true);
-    const size_t last = mNumber++;
+    const size_t last = mNumber;
+    if (mTexts != nullptr) ++mNumber;
     mLine = mText.substr(mText.size());
-    leave();
-    if (!mEnded) tellEarlyEnd(last);
+    leave(true);
+    if (!mEnded) reportEarlyEnd(last);
     finishCameras();
     findVendorFaults(mReport);
-    std::stable_sort(mReport.cameras.begin(), mReport.cameras.end(),
-                     [](const auto& a, const auto& b) { return a.line < b.line; });
-    std::stable_sort(mReport.unused.begin(), mReport.unused.end(),
-                     [](const UnusedPart& a, const UnusedPart& b) { return a.line < b.line; });
+    sortByLine(mReport.cameras);
+    sortByLine(mReport.unused);
 }
 
 // The service prints each section, in a fixed order. So a missing section shows that the text ends early.
-void DumpReader::tellEarlyEnd(size_t line) {
+void DumpReader::reportEarlyEnd(size_t line) {
     if (mStartedService && !mReport.hasVendorSection) {
         cutAt(line, "the dump ends before its vendor tags");
     } else if (mAnnouncedCameras > mModuleCameras && (mModuleCameras > 0 || mStartedModule)) {
@@ -121,27 +104,25 @@ bool DumpReader::endsHalText() const {
 }
 
 bool DumpReader::title() {
-    switch (mBody.front()) {
-        case '=':
-            return startsWith(mBody, "==") && framedTitle();
-        case '*':
-        case '-':
-            return mark();
-        case 'D':
-            return listTitle();
-        case 'H':
-            if (!startsWith(mBody, "HAL device dump:")) return false;
-            enter(Region::HalText);
-            openText(mReport.halTexts);
-            return true;
-        case 'T':
-            if (!startsWith(mBody, "Tag monitoring enabled for tags:")) return false;
-            enter(Region::Monitor);
-            openText(mReport.monitors);
-            return true;
-        default:
-            return moduleTitle() || errorLine();
-    }
+    struct Title {
+        std::string_view start;
+        void (DumpReader::*open)();
+    };
+    static constexpr Title kTitles[] = {
+        {"Dumping camera metadata array:", &DumpReader::openArray},
+        {"Dumping vendor tag descriptors for vendor with id ", &DumpReader::openVendorBlock},
+        {"Dumping configured vendor tag descriptors:", &DumpReader::openTagList},
+        {"HAL device dump:", &DumpReader::openHalText},
+        {"Tag monitoring enabled for tags:", &DumpReader::openMonitor},
+        {"Camera1 API shim is using parameters:", &DumpReader::openShim},
+        {"Camera traces (", &DumpReader::openTraces}};
+    const char first = mBody.front();
+    if (first == '=') return startsWith(mBody, "==") && framedTitle();
+    if (first == '*' || first == '-') return mark();
+    const Title* known = findIf(kTitles, [&](const Title& each) { return startsWith(mBody, each.start); });
+    if (known == nullptr) return first == 'D' ? openLine() : moduleTitle() || errorLine();
+    (this->*known->open)();
+    return true;
 }
 
 bool DumpReader::framedTitle() {
@@ -154,8 +135,7 @@ bool DumpReader::framedTitle() {
     } else if (startsWith(title, "Camera Provider HAL ")) {
         openProvider(title.substr(20));
     } else if (startsWith(title, "Camera HAL device ") && endsWith(title, " dumpState")) {
-        enter(Region::HalText);
-        openText(mReport.halTexts);
+        openHalText();
     } else if (title == "Vendor tags") {
         openVendor();
     } else if (contains(title, "events log")) {
@@ -167,7 +147,7 @@ bool DumpReader::framedTitle() {
             startsWith(title, "Service global info") || startsWith(title, "Camera error traces");
         mStartedService = mStartedService || startsWith(title, "Service global info");
         mTraces = mTraces || startsWith(title, "Camera error traces");
-        if (!isKnown) leaveUnused(UnusedPart::Kind::Section, cut(title, kLongestName));
+        if (!isKnown) addUnused(UnusedPart::Kind::Section, cut(title, kLongestName));
         return isKnown;
     }
     return true;
@@ -183,13 +163,8 @@ bool DumpReader::moduleTitle() {
     } else if (mBody == "Vendor tag definitions:" || mBody == "Vendor tags:" ||
                mBody == "Vendor tags left unimplemented.") {
         openVendor();
-    } else if (startsWith(mBody, "Camera1 API shim is using parameters:")) {
-        openShim();
     } else if (contains(mBody, "events log (most recent at top)")) {
         enter(Region::Events);
-    } else if (startsWith(mBody, "Camera traces (")) {
-        mTraces = true;
-        enter(Region::Other);
     } else {
         return false;
     }
@@ -209,25 +184,10 @@ bool DumpReader::mark() {
         return true;
     }
     if (!startsWith(mBody, "*** SERVICE ") || !contains(mBody, " EXPIRED ***")) return false;
-    if (mRegion == Region::Array) closeArray(true);
-    if (mRegion == Region::Vendor) closeVendor(true);
-    leave();
+    leave(true);
     mRegion = Region::Other;
     cutAt(mNumber, "the service did not finish its dump in time");
     mEnded = true;
-    return true;
-}
-
-bool DumpReader::listTitle() {
-    if (startsWith(mBody, "Dumping camera metadata array:")) {
-        openArray();
-    } else if (startsWith(mBody, "Dumping vendor tag descriptors for vendor with id ")) {
-        openVendorBlock();
-    } else if (startsWith(mBody, "Dumping configured vendor tag descriptors:")) {
-        openTagList();
-    } else {
-        return openLine();
-    }
     return true;
 }
 
@@ -238,8 +198,7 @@ bool DumpReader::errorLine() {
                                                              "Error dumping service info:",
                                                              "Can't find service:",
                                                              "<Error reading camera characteristics"};
-    const bool isError = std::any_of(kErrors.begin(), kErrors.end(),
-                                     [&](std::string_view start) { return startsWith(mBody, start); });
+    const bool isError = anyOf(kErrors, [&](std::string_view start) { return startsWith(mBody, start); });
     if (isError) mReport.errors.push_back({mNumber, mBody});
     return isError;
 }
@@ -250,19 +209,28 @@ void DumpReader::enter(Region region) {
     mHeading = {};
 }
 
-void DumpReader::leave() {
-    if (mRegion == Region::Array) closeArray(false);
-    if (mRegion == Region::Vendor) closeVendor(false);
+bool DumpReader::isPlaceOfArrays() const {
+    return mRegion == Region::Camera || mRegion == Region::Client || mRegion == Region::Other;
+}
+
+// `early`: the text ends here.
+void DumpReader::leave(bool early) {
+    if (mRegion == Region::Array) closeArray(early);
+    if (mRegion == Region::Vendor) {
+        closeBlock(early);
+        mRegion = Region::Other;
+    }
     if (mTexts != nullptr) closeText();
 }
 
-void DumpReader::openText(std::vector<TextBlock>& blocks) {
-    TextBlock block;
-    block.camera = mCamera;
-    block.line = mNumber;
-    block.text = mText.substr(offset());
-    block.previousSession = mPrevious;
-    blocks.push_back(block);
+void DumpReader::openTraces() {
+    mTraces = true;
+    enter(Region::Other);
+}
+
+void DumpReader::openText(Region region, std::vector<TextBlock>& blocks) {
+    enter(region);
+    blocks.push_back({mCamera, mNumber, mText.substr(offset()), mPrevious});
     mTexts = &blocks;
 }
 
@@ -270,16 +238,16 @@ void DumpReader::closeText() {
     TextBlock& block = mTexts->back();
     block.text = block.text.substr(0, static_cast<size_t>(mLine.data() - block.text.data()));
     if (mTexts == &mReport.halTexts) {
-        leaveUnused(UnusedPart::Kind::HalText,
-                    cut(trimmed(block.text.substr(0, block.text.find('\n'))), kLongestName));
+        addUnused(UnusedPart::Kind::HalText,
+                  cut(trimmed(block.text.substr(0, block.text.find('\n'))), kLongestName));
         mReport.unused.back().line = block.line;
         mReport.unused.back().lastLine = std::max(block.line, mNumber - 1);
     }
     mTexts = nullptr;
 }
 
-// Lines of the same kind that follow one another are one item.
-void DumpReader::leaveUnused(UnusedPart::Kind kind, std::string name) {
+// Garbled lines that follow one another are one item.
+void DumpReader::addUnused(UnusedPart::Kind kind, std::string name) {
     if (!mReport.unused.empty() && kind == UnusedPart::Kind::GarbledLine) {
         UnusedPart& last = mReport.unused.back();
         if (last.kind == kind && last.lastLine + 1 == mNumber) {
@@ -288,12 +256,7 @@ void DumpReader::leaveUnused(UnusedPart::Kind kind, std::string name) {
             return;
         }
     }
-    UnusedPart part;
-    part.kind = kind;
-    part.line = mNumber;
-    part.lastLine = mNumber;
-    part.name = std::move(name);
-    mReport.unused.push_back(std::move(part));
+    mReport.unused.push_back({kind, mNumber, mNumber, 1, std::move(name)});
 }
 
 void DumpReader::cutAt(size_t line, std::string text) { mReport.cuts.push_back({line, std::move(text)}); }

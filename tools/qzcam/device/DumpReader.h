@@ -24,17 +24,17 @@ class DumpReader {
     void take();
     void takeInRegion();
     void end();
-    void tellEarlyEnd(size_t line);
+    void reportEarlyEnd(size_t line);
 
     bool title();
     bool framedTitle();
     bool moduleTitle();
     bool mark();
-    bool listTitle();
     bool errorLine();
     bool endsHalText() const;
+    bool isPlaceOfArrays() const;
     void enter(Region region);
-    void leave();
+    void leave(bool early = false);
 
     void openCamera(std::string_view name, std::string_view version);
     bool hasRoomFor(std::string_view name);
@@ -59,7 +59,6 @@ class DumpReader {
     void openVendor();
     void openVendorBlock();
     void openTagList();
-    void closeVendor(bool early);
     void closeBlock(bool early);
     void vendorLine();
 
@@ -68,10 +67,16 @@ class DumpReader {
     bool isShimLine() const;
     void addShimParameter(std::string_view text, bool cut);
 
-    void openText(std::vector<TextBlock>& blocks);
+    void openHalText() { openText(Region::HalText, mReport.halTexts); }
+    void openMonitor() { openText(Region::Monitor, mReport.monitors); }
+    void openText(Region region, std::vector<TextBlock>& blocks);
     void closeText();
+    void openTraces();
 
-    void leaveUnused(UnusedPart::Kind kind, std::string name);
+    void addUnused(UnusedPart::Kind kind, std::string name);
+    void addGarbled(std::string_view text) { addUnused(UnusedPart::Kind::GarbledLine, excerpt(text)); }
+    template <typename List>
+    void checkCount(const List& list, size_t read, const std::string& name, const char* items, bool early);
     void finishCameras();
     void finishCamera(ReportedCamera& at, const ArrayEntry& entry);
     void addPhysicalId(std::string_view of, std::string id);
@@ -93,9 +98,9 @@ class DumpReader {
     size_t mIndent = 0;
     size_t mArrayIndent = 0;
     size_t mEntryIndent = 0;
-    bool mStaticSeen = false;  // the static section of the present camera was read
-    bool mBlockOpen = false;   // the last vendor block is open
-    size_t mLeftOfBlock = 0;
+    bool mStaticSeen = false;    // the static section of the present camera was read
+    bool mBlockOpen = false;     // the last vendor block is open
+    size_t mUnusedTags = 0;      // tags of the last block that are not read
     bool mEntryGarbled = false;  // one of its value lines is garbled
     bool mInEntry = false;       // value lines belong to the last entry of the array
     bool mPrevious = false;      // within closed sessions

@@ -16,7 +16,7 @@ struct UnusedName {
 };
 
 // The texts are in the order of UnusedPart::Kind.
-constexpr std::array<UnusedName, 13> kUnusedNames{{
+constexpr std::array<UnusedName, 12> kUnusedNames{{
     {"unknownTag", "entries of unknown tags"},
     {"unknownType", "entries of unknown types"},
     {"mistyped", "entries of another type than their tag's"},
@@ -26,7 +26,6 @@ constexpr std::array<UnusedName, 13> kUnusedNames{{
     {"repeatedTag", "repeated vendor tags"},
     {"tooManyTags", "vendor tags beyond what a device takes"},
     {"garbledLine", "garbled lines"},
-    {"strayArray", "arrays without a camera"},
     {"section", "other sections"},
     {"halText", "texts of the HAL"},
     {"otherBlock", "blocks of other vendors"},
@@ -34,6 +33,11 @@ constexpr std::array<UnusedName, 13> kUnusedNames{{
 static_assert(kUnusedNames.size() == static_cast<size_t>(UnusedPart::Kind::OtherBlock) + 1);
 
 }  // namespace
+
+const char* nameOf(Fault::Kind kind) {
+    constexpr const char* names[] = {"nameOfTwoTypes", "numberOfTwoNames", "lengthAgainstType"};
+    return names[static_cast<size_t>(kind)];
+}
 
 const char* nameOf(UnusedPart::Kind kind) { return kUnusedNames[static_cast<size_t>(kind)].name; }
 

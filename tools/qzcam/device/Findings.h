@@ -2,6 +2,7 @@
 // Faults of a dump and its unused parts, each with its line.
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <string>
 #include <vector>
@@ -17,6 +18,8 @@ struct Fault {
     std::string text;
     std::string consequence;
 };
+
+const char* nameOf(Fault::Kind kind);
 
 // A place where the text ends early.
 struct Cut {
@@ -36,7 +39,6 @@ struct UnusedPart {
         RepeatedTag,    // a vendor tag that was declared before
         TooManyTags,    // tags beyond the limit of a descriptor
         GarbledLine,    // a line that does not fit its place
-        StrayArray,     // an array without a camera
         Section,        // a section of another kind
         HalText,        // free text of the HAL
         OtherBlock,     // vendor tags of another provider than the camera's
@@ -51,6 +53,12 @@ struct UnusedPart {
 // Return "unknownTag", for programs, and "entries of unknown tags", for people.
 const char* nameOf(UnusedPart::Kind kind);
 const char* textOf(UnusedPart::Kind kind);
+
+template <typename Items>
+void sortByLine(Items& items) {
+    std::stable_sort(items.begin(), items.end(),
+                     [](const auto& a, const auto& b) { return a.line < b.line; });
+}
 
 // Returns "entries of unknown tags (3), garbled lines (1)"; an empty text for no items.
 std::string summaryOf(const std::vector<UnusedPart>& unused);

@@ -19,17 +19,6 @@ Json jsonOf(const UnusedPart& part) {
             {"name", visible(part.name)}};
 }
 
-const char* nameOf(Fault::Kind kind) {
-    switch (kind) {
-        case Fault::Kind::NameOfTwoTypes:
-            return "nameOfTwoTypes";
-        case Fault::Kind::NumberOfTwoNames:
-            return "numberOfTwoNames";
-        default:
-            return "lengthAgainstType";
-    }
-}
-
 Json jsonOf(const Fault& fault) {
     return {{"kind", nameOf(fault.kind)},
             {"line", fault.line},

@@ -38,8 +38,7 @@ struct ArrayEntry {
     size_t line = 0;
     uint32_t id = 0;
     size_t count = 0;
-    std::string_view
-        name;  // with its section, as printed; "unknownSection.unknownTag" if the platform knew none
+    std::string_view name;    // as printed; "unknownSection.unknownTag" if the platform knew none
     std::string_view type;    // as printed: "byte"
     std::string_view values;  // the value lines, from the first '[' to the end of the last line
     size_t valuesLine = 0;    // first value line
@@ -164,9 +163,8 @@ struct Report {
     std::vector<ReportedLine> errors;   // "Permission Denial ...", "!! No camera HAL available !!"
     std::vector<Fault> faults;          // faults of the vendor tags
     std::vector<Cut> cuts;
-    std::vector<Cut> differences;  // lists with more or fewer items than announced
-    std::vector<UnusedPart>
-        unused;  // parts that no camera uses; deviceOf() adds the unused parts of its camera
+    std::vector<Cut> differences;    // lists with more or fewer items than announced
+    std::vector<UnusedPart> unused;  // deviceOf() adds the unused parts of its camera
 };
 
 // `firstLine`: number of the text's first line in its file.
