@@ -59,7 +59,8 @@ void execute(Input& input) {
     const std::string text(input.rest());
     const qzcam::Timeline timeline = timelineOf(text);
     requireSound(timeline, qzcam::split(text, '\n').size());
-    const std::string shown = printed(timeline, qzcam::traceText);
+    const auto asText = [](qzcam::WriteLine write) { return qzcam::traceText(std::move(write), {}); };
+    const std::string shown = printed(timeline, asText);
     for (const std::string_view line : qzcam::split(shown, '\n')) {
         require(qzcam::visible(line) == line, "each line can be shown");
     }

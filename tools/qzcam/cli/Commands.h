@@ -102,6 +102,8 @@ struct TraceOptions : OutputOptions {
     TraceFilter filter;
     std::string device;    // a dump whose device values are compared with; empty: those among the inputs
     std::string perfetto;  // the file; empty: none
+    bool all = false;      // print long texts on one line, and what is otherwise only counted
+    bool strict = false;   // fail for damaged inputs
 };
 ExitStatus trace(const TraceOptions& options);
 

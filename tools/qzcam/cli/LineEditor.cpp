@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "cli/LineEditor.h"
 
+#include "base/Terminal.h"
 #include "base/Text.h"
 
 #include <fmt/format.h>
 #include <histedit.h>
-#include <sys/ioctl.h>
 
 #include <algorithm>
 #include <cerrno>
@@ -22,13 +22,6 @@ namespace {
 
 constexpr int kHistoryLines = 1000;
 constexpr size_t kMostShown = 120;
-constexpr size_t kUsualWidth = 80;
-
-size_t widthOf(std::FILE* terminal) {
-    winsize size{};
-    const bool known = ioctl(fileno(terminal), TIOCGWINSZ, &size) == 0 && size.ws_col > 0;
-    return known ? size.ws_col : kUsualWidth;
-}
 
 std::string commonStart(const std::vector<std::string>& texts) {
     std::string common = texts.front();
@@ -162,7 +155,7 @@ unsigned char LineEditor::complete() {
 }
 
 void LineEditor::show(const Suggestions& suggestions) {
-    fmt::print(mOut, "\n{}", columns(suggestions.texts, widthOf(mOut)));
+    fmt::print(mOut, "\n{}", columns(suggestions.texts, terminalWidth(mOut)));
     std::fflush(mOut);
 }
 

@@ -89,19 +89,26 @@ void addTrace(CLI::App& app, Action& action) {
     app.add_option("--device", options->device,
                    "Compare values with the device of this dump; default: that of a dump among the inputs")
         ->type_name("FILE");
+    app.add_flag(
+        "--all", options->all,
+        "Print each fact on one line, however long; also lines that only name a function, and the keys "
+        "of the parameters that no line contains");
+    addStrict(app, options->strict);
     addJson(app, options->json, kJsonEvents);
     addHtml(app, options->html);
     addPerfetto(app, options->perfetto);
     app.footer(
         "Shows what a phone did. It reads the library's lines in a log (of any layout of logcat, also cut, folded\n"
         "or repeated), the platform's lines about mistyped and missing tags, events of the tag monitor, and the\n"
-        "requests and results in a dump. A timeline has requests, results, messages to the application and causes\n"
-        "in columns. A table at its end counts for each parameter the lines which report that it was set, written,\n"
-        "refused, undeclared or skipped, that the device does not offer it, or that its number does not fit.\n"
-        "'unknown' means that no line has the value.\n"
+        "requests and results in a dump. Each fact has its time, its frame, the part of the pipeline that it is of\n"
+        "(request, result, static info, message to the application, log), and its cause after '<-'. A table at the\n"
+        "end counts for each parameter the lines which report that it was set, written, logged by its setter or\n"
+        "refused; that its tag is not declared, a gate was closed, the fallback was written, the device does not\n"
+        "offer the value, or the number does not fit. 'unknown' means that no line has the value.\n"
         "A log on standard input alone is read line by line as it arrives, until its end or Ctrl-C:\n"
         "  adb logcat | qzcam trace -\n"
-        "\nExit status: 0 fine, 2 wrong usage, 3 a bad input file, or no camera session is found.");
+        "\nExit status: 0 fine, 2 wrong usage, 3 a bad input file, or no camera session is found; with --strict\n"
+        "also a damaged input.");
 }
 
 void addCompare(CLI::App& app, Action& action) {

@@ -2,6 +2,7 @@
 #include "cli/Commands.h"
 
 #include "base/OutputFile.h"
+#include "base/Terminal.h"
 #include "base/Text.h"
 #include "base/WriteAll.h"
 #include "cli/CommandFiles.h"
@@ -23,11 +24,8 @@
 
 #include <fmt/format.h>
 
-#include <algorithm>
-#include <cstdint>
 #include <cstdio>
 #include <memory>
-#include <optional>
 #include <set>
 #include <string>
 #include <utility>
@@ -50,40 +48,12 @@ std::vector<PageData> pageData(const TraceCameras& cameras) {
     return {sensors.data(), {"cameras", camerasJson(checked)}, rowData()};
 }
 
-// The cameras, frames and processes of facts, for a message about filters that select none of them.
-class Seen {
-  public:
-    void add(const TraceItem& item) {
-        if (!item.camera.empty()) mCameras.insert(visible(item.camera));
-        if (item.pid >= 0) mProcesses.insert(item.pid);
-        if (!item.frame) return;
-        mFirst = std::min(mFirst.value_or(*item.frame), *item.frame);
-        mLast = std::max(mLast.value_or(*item.frame), *item.frame);
-    }
-
-    std::string text() const {
-        std::vector<std::string> parts;
-        if (!mCameras.empty()) parts.push_back(fmt::format("camera {}", fmt::join(mCameras, ", ")));
-        if (mFirst) parts.push_back(fmt::format("frames {} to {}", *mFirst, *mLast));
-        if (!mProcesses.empty()) parts.push_back(fmt::format("process {}", fmt::join(mProcesses, ", ")));
-        return parts.empty() ? "no camera, frame or process number"
-                             : fmt::format("{}", fmt::join(parts, "; "));
-    }
-
-  private:
-    std::set<std::string> mCameras;
-    std::set<int> mProcesses;
-    std::optional<int64_t> mFirst;
-    std::optional<int64_t> mLast;
-};
-
 // Passes the facts that the filter selects to the output and to the table.
 class TraceReport {
   public:
-    explicit TraceReport(const TraceOptions& options, bool isLive = false) : mOptions(options) {
+    explicit TraceReport(const TraceOptions& options) : mOptions(options) {
         mOutput = options.json ? traceJson(writer(mText))
-                  : isLive     ? traceLiveText(writer(mText))
-                               : traceText(writer(mText));
+                               : traceText(writer(mText), {terminalWidth(stdout), options.all});
         if (!options.html.empty()) mPage = traceJson(writer(mPageText));
         if (!options.perfetto.empty()) mPerfetto = std::make_unique<TracePerfetto>();
     }
@@ -112,7 +82,7 @@ class TraceReport {
     void item(TraceItem item) {
         ++mItems;
         if (!mOptions.filter.shows(item)) {
-            mSeen.add(item);
+            mFilteredOut.add(item);
             return;
         }
         ++mShown;
@@ -150,7 +120,7 @@ class TraceReport {
         if (!entry.empty() && !libraryTags().knows(entry))
             why += fmt::format("; the library has no tag {}{}", excerpt(entry),
                                perhaps(nearest(entry, libraryTags().allNames())));
-        return fmt::format("qzcam: the filters match nothing: the input has {}{}", mSeen.text(), why);
+        return fmt::format("qzcam: the filters match nothing: the input has {}{}", mFilteredOut.text(), why);
     }
 
     static WriteLine writer(std::string& text) {
@@ -173,7 +143,7 @@ class TraceReport {
     std::unique_ptr<TracePerfetto> mPerfetto;
     ParameterTable mTable;
     std::vector<PageData> mPageData;
-    Seen mSeen;
+    FilteredOut mFilteredOut;
     size_t mItems = 0;
     size_t mShown = 0;
     bool mFailed = false;
@@ -196,18 +166,25 @@ InputKind kindOfSmall(const InputText& input) {
     return input.text.size() <= kSmall ? kindOf(input.text) : InputKind::Other;
 }
 
-// False when there is a dump to be read, and nothing in it.
-bool addDevice(TraceCameras& cameras, const TraceOptions& options) {
+// Returns false for a dump that cannot be used.
+bool addDevice(Evidence& evidence, const TraceOptions& options) {
     if (options.device.empty()) return true;
     const auto device = readDevice(options.device, "");
-    if (device) cameras.add(TraceCameras::kChosen, *device->report);
-    return device.has_value();
+    if (!device) return false;
+    evidence.cameras->add(TraceCameras::kChosen, *device->report);
+    evidence.isDamaged = evidence.isDamaged || !device->whole;
+    return true;
+}
+
+ExitStatus statusOf(const TraceReport& report, const TraceOptions& options, bool isDamaged) {
+    return options.strict && isDamaged ? kBadInput : report.status();
 }
 
 // `kind`: that of the first input.
 ExitStatus traceWhole(const TraceOptions& options, Evidence evidence, InputKind kind) {
     for (const std::string& text : evidence.taken) complain(text);
     const auto cameras = evidence.cameras;
+    const bool isDamaged = evidence.isDamaged;
     Timeline timeline = timelineOf(std::move(evidence));
     ValueCheck check(*cameras, options.filter.camera);
     for (TraceGroup& group : timeline.groups) {
@@ -224,12 +201,12 @@ ExitStatus traceWhole(const TraceOptions& options, Evidence evidence, InputKind 
     for (const std::string& note : timeline.notes) report.note(note);
     report.end();
     report.flush();
-    return report.status();
+    return statusOf(report, options, isDamaged);
 }
 
 ExitStatus traceFiles(const TraceOptions& options) {
     Evidence evidence;
-    if (!addDevice(*evidence.cameras, options)) return kBadInput;
+    if (!addDevice(evidence, options)) return kBadInput;
     auto kind = InputKind::Other;
     for (const std::string& path : options.inputs) {
         const auto texts = readTexts(path);
@@ -316,8 +293,9 @@ class Stream {
     size_t mLine = 0;
 };
 
-ExitStatus tellLines(const TraceOptions& options, StreamedInput& pieces, TraceCameras& cameras) {
-    TraceReport report(options, true);
+ExitStatus tellLines(const TraceOptions& options, StreamedInput& pieces, const Evidence& evidence) {
+    TraceCameras& cameras = *evidence.cameras;
+    TraceReport report(options);
     report.begin({inputName("-")});
     report.title(inputName("-"));
     Stream stream(report, options, cameras);
@@ -333,16 +311,16 @@ ExitStatus tellLines(const TraceOptions& options, StreamedInput& pieces, TraceCa
     report.add(cameras);
     report.end();
     report.flush();
-    return report.status();
+    return statusOf(report, options, evidence.isDamaged);
 }
 
 ExitStatus traceStream(const TraceOptions& options) {
     StreamedInput pieces;
     Evidence evidence;
-    if (!addDevice(*evidence.cameras, options)) return kBadInput;
+    if (!addDevice(evidence, options)) return kBadInput;
     pieces.begin();
     if (pieces.isOneWhole()) return traceContent(options, pieces, std::move(evidence));
-    return tellLines(options, pieces, *evidence.cameras);
+    return tellLines(options, pieces, evidence);
 }
 
 }  // namespace

@@ -10,6 +10,8 @@
 
 namespace qzcam {
 
+bool isFunctionStart(std::string_view text) { return startsWith(text, "Enter "); }
+
 std::optional<LogFilter> LogFilter::parse(std::string_view text) {
     if (const auto level = logLevel(trimmed(text))) return LogFilter(*level);
     LogFilter filter(*logLevel(kDefault));
@@ -38,7 +40,7 @@ bool LogFilter::add(std::string_view rule) {
 // The platform logs each name that a device does not declare as an error. For the library that is a normal
 // answer, and verdicts and publishing list those names. Some error lines of the library only name a function.
 int LogFilter::levelOf(const LogEvent& line) {
-    const bool isTrace = line.tag == "VendorTagDescriptor" || startsWith(line.text, "Enter ");
+    const bool isTrace = line.tag == "VendorTagDescriptor" || isFunctionStart(line.text);
     return isTrace ? std::min<int>(line.priority, ANDROID_LOG_DEBUG) : line.priority;
 }
 

@@ -11,6 +11,9 @@
 
 namespace qzcam {
 
+// Returns true for a line of the library that only names the function that begins.
+bool isFunctionStart(std::string_view text);
+
 class LogFilter {
   public:
     // Shows lines of this level and above, of any tag.

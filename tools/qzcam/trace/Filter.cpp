@@ -3,6 +3,8 @@
 
 #include "base/Text.h"
 
+#include <fmt/format.h>
+
 #include <algorithm>
 #include <limits>
 
@@ -56,6 +58,22 @@ void TraceFilter::reduce(TraceItem& item) const {
     verdicts.erase(std::remove_if(verdicts.begin(), verdicts.end(),
                                   [&](const VerdictRow& verdict) { return verdict.key != key; }),
                    verdicts.end());
+}
+
+void FilteredOut::add(const TraceItem& item) {
+    if (!item.camera.empty()) mCameras.insert(visible(item.camera));
+    if (item.pid >= 0) mProcesses.insert(item.pid);
+    if (!item.frame) return;
+    const FrameRange known = mFrames.value_or(FrameRange{*item.frame, *item.frame});
+    mFrames = {std::min(known.first, *item.frame), std::max(known.second, *item.frame)};
+}
+
+std::string FilteredOut::text() const {
+    std::vector<std::string> parts;
+    if (!mCameras.empty()) parts.push_back(fmt::format("camera {}", fmt::join(mCameras, ", ")));
+    if (mFrames) parts.push_back(fmt::format("frames {} to {}", mFrames->first, mFrames->second));
+    if (!mProcesses.empty()) parts.push_back(fmt::format("process {}", fmt::join(mProcesses, ", ")));
+    return parts.empty() ? "no camera, frame or process number" : fmt::format("{}", fmt::join(parts, "; "));
 }
 
 }  // namespace qzcam

@@ -6,6 +6,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <set>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -29,6 +30,18 @@ struct TraceFilter {
 
     // Removes the values of other parameters from the fact.
     void reduce(TraceItem& item) const;
+};
+
+// The cameras, frames and processes of facts that a filter leaves out, for a message if it shows nothing.
+class FilteredOut {
+  public:
+    void add(const TraceItem& item);
+    std::string text() const;
+
+  private:
+    std::set<std::string> mCameras;
+    std::set<int> mProcesses;
+    std::optional<FrameRange> mFrames;
 };
 
 }  // namespace qzcam

@@ -22,8 +22,11 @@ void ParameterTable::addTo(const TraceItem& item, const std::vector<std::string>
 void ParameterTable::add(const TraceItem& item) {
     using Kind = TraceItem::Kind;
     for (const VerdictRow& verdict : item.verdicts) {
+        const bool isFallback = verdict.verdict == Verdict::Fallback;
         addTo(item, {verdict.key},
-              verdict.verdict == Verdict::Overflows ? &Row::overflows : &Row::notOffered);
+              verdict.verdict == Verdict::Overflows ? &Row::overflows
+              : isFallback                          ? &Row::fallback
+                                                    : &Row::notOffered);
     }
     const bool isRequest = item.side == TraceItem::Side::Request;
     switch (item.kind) {

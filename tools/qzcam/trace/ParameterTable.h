@@ -4,6 +4,7 @@
 
 #include "trace/Item.h"
 
+#include <array>
 #include <cstddef>
 #include <map>
 #include <set>
@@ -27,11 +28,28 @@ class ParameterTable {
         Count refused;
         Count undeclared;
         Count gated;
+        Count fallback;                  // an unknown text, for which the fallback is written
         Count notOffered;                // a value that the device does not offer
         Count overflows;                 // a number that does not fit
         std::set<int64_t> statuses;      // statuses of refusals
         std::set<std::string> declared;  // element types that the device declares instead
     };
+
+    // The counts of a row, with their names for programs and for people.
+    struct Column {
+        const char* name;
+        const char* words;
+        Count Row::*count;
+    };
+    static constexpr std::array<Column, 9> kColumns{{{"set", "set", &Row::set},
+                                                     {"written", "written", &Row::written},
+                                                     {"told", "logged", &Row::told},
+                                                     {"refused", "refused", &Row::refused},
+                                                     {"undeclared", "tag not declared", &Row::undeclared},
+                                                     {"gated", "gate closed", &Row::gated},
+                                                     {"fallback", "fallback written", &Row::fallback},
+                                                     {"notOffered", "not offered", &Row::notOffered},
+                                                     {"overflows", "overflows", &Row::overflows}}};
 
     void add(const TraceItem& item);
 

@@ -99,6 +99,7 @@ void Evidence::readLines(const Part& part, size_t input, const Report* report) {
 void Evidence::read(const InputText& input) {
     const size_t number = inputs.size();
     inputs.push_back(input.name);
+    isDamaged = isDamaged || !input.cuts.empty();
     std::vector<Part> parts = partsOf(input.text);
     const std::string logged = addLoggedDump(parts);
     for (Part& part : parts) {
@@ -110,6 +111,7 @@ void Evidence::read(const InputText& input) {
         std::optional<Report> report;
         if (part.kind == Part::Kind::Dump) report = readDump(part.text, part.firstLine);
         if (report) cameras->add(number, *report);
+        isDamaged = isDamaged || !part.fault.empty();
         if (report && !part.fault.empty())
             faults.push_back(fmt::format("{}:{}: the camera dump is cut: {}", input.name, part.faultLine,
                                          cut(part.fault, 100)));

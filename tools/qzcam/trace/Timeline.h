@@ -59,6 +59,7 @@ struct Evidence {
     std::shared_ptr<TraceCameras> cameras = std::make_shared<TraceCameras>();
     std::vector<std::string> taken;   // for an input with several parts, the parts that are used
     std::vector<std::string> faults;  // dumps that are cut
+    bool isDamaged = false;           // an input ends early, or a part of it
 
     void read(const InputText& input);
 

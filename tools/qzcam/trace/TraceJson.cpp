@@ -109,18 +109,11 @@ class TraceJson : public TraceOutput {
 
     void table(const ParameterTable& table, bool isPart) override {
         for (const auto& [key, row] : table.rows()) {
-            print({{"event", "parameter"},
-                   {"key", key},
-                   {"set", jsonOf(row.set)},
-                   {"written", jsonOf(row.written)},
-                   {"told", jsonOf(row.told)},
-                   {"refused", jsonOf(row.refused)},
-                   {"undeclared", jsonOf(row.undeclared)},
-                   {"gated", jsonOf(row.gated)},
-                   {"notOffered", jsonOf(row.notOffered)},
-                   {"overflows", jsonOf(row.overflows)},
-                   {"statuses", row.statuses},
-                   {"declared", row.declared}});
+            Json json{{"event", "parameter"}, {"key", key}};
+            for (const auto& column : ParameterTable::kColumns) json[column.name] = jsonOf(row.*column.count);
+            json["statuses"] = row.statuses;
+            json["declared"] = row.declared;
+            print(json);
         }
         if (!isPart) print({{"event", "never-seen"}, {"keys", table.neverSeen()}});
     }

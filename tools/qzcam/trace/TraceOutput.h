@@ -28,9 +28,12 @@ class TraceOutput {
 };
 
 using WriteLine = std::function<void(const std::string&)>;
-std::unique_ptr<TraceOutput> traceText(WriteLine write);
-// Prints the same with columns of a fixed width, so that each fact is written at once.
-std::unique_ptr<TraceOutput> traceLiveText(WriteLine write);
+
+struct TraceTextView {
+    size_t width = 80;  // columns of the terminal
+    bool all = false;   // each fact on one line, lines that only name a function, all keys that were not seen
+};
+std::unique_ptr<TraceOutput> traceText(WriteLine write, TraceTextView view);
 std::unique_ptr<TraceOutput> traceJson(WriteLine write);
 
 }  // namespace qzcam

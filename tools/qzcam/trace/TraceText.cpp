@@ -1,12 +1,15 @@
 // SPDX-License-Identifier: Apache-2.0
+#include "base/Terminal.h"
 #include "base/Text.h"
 #include "facts/Tags.h"
+#include "host/EventWords.h"
+#include "host/LogFilter.h"
 #include "trace/TraceOutput.h"
 
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <cstdint>
+#include <set>
 #include <string_view>
 #include <utility>
 
@@ -17,53 +20,32 @@ namespace {
 using Kind = TraceItem::Kind;
 using Side = TraceItem::Side;
 
-constexpr size_t kEntry = 38;  // widths of live columns
-constexpr size_t kMessage = 44;
-constexpr size_t kMostLines = 6;  // lines in a cell
-constexpr size_t kWidth = 110;    // width of a list
-constexpr const char* kTableRow = "{1:>5} {2:>8} {3:>7} {4:>11} {5:>6} {6:>12} {7:>10}  {8:<{0}}  {9}";
+constexpr size_t kMostLines = 6;    // number of lines that are listed for a parameter, unless all are shown
+constexpr size_t kIndent = 2;       // indentation of further lines
+constexpr size_t kFactIndent = 36;  // indentation of further lines of a fact, below its text
+constexpr const char* kRow = "{:<18} {:>6}  {:<7}  {}";
 
-// The cells of a row.
-struct Cells {
-    std::string request;
-    std::string result;
-    std::string message;
-    std::string cause;
-};
-
-struct Row {
-    std::string time;
-    std::string frame;
-    Cells cells;
-    std::string place;
-};
-
-// Widths of all columns except the last one.
-struct Widths {
-    size_t time = 18;
-    size_t frame = 6;
-    size_t request = 0;
-    size_t result = 0;
-    size_t message = 0;
-
-    void fit(const Row& row) {
-        const auto grow = [](size_t& width, const std::string& text) {
-            if (text.size() <= kMessage) width = std::max(width, text.size());
-        };
-        grow(time, row.time);
-        grow(frame, row.frame);
-        grow(request, row.cells.request);
-        grow(result, row.cells.result);
-        grow(message, row.cells.message);
-    }
-};
+bool isText(Kind kind) { return kind == Kind::Line || kind == Kind::Lost || kind == Kind::Parameters; }
 
 std::string valueOr(const TraceItem& item, const char* gone) {
     if (item.isRemoved) return gone;
     return item.value.empty() ? "unknown" : item.value;
 }
 
-std::string entryText(const TraceItem& item) {
+std::string fieldsText(std::string text, const TraceItem& item) {
+    for (const Message::Field& field : item.fields)
+        text += field.name.empty() ? " " + field.value : fmt::format(" {}={}", field.name, field.value);
+    return text;
+}
+
+std::string listText(const TraceItem& item) {
+    std::string text = item.text;
+    if (item.side != Side::Request) return text;
+    for (const std::string& tag : item.tags) text += ' ' + shortName(tag);
+    return text;
+}
+
+std::string factText(const TraceItem& item) {
     const std::string name = shortName(item.tag);
     switch (item.kind) {
         case Kind::Entry:
@@ -73,194 +55,146 @@ std::string entryText(const TraceItem& item) {
         case Kind::Refused:
             return fmt::format("{}: {} REFUSED", name, valueOr(item, ""));
         case Kind::Undeclared:
-            return name + ": undeclared";
+            return name + ": tag not declared";
         case Kind::Gated:
-            return fmt::format("{}: left out", item.keys.empty() ? name : item.keys.front());
+            return fmt::format("{}: gate closed", item.keys.empty() ? name : item.keys.front());
+        case Kind::Message:
+            return fieldsText(item.message, item);
+        case Kind::Parameters:
+            return fieldsText("parameters:", item);
+        case Kind::List:
+            return listText(item);
         default:
             return item.text;
     }
 }
 
-std::string messageText(const TraceItem& item) {
-    std::string text = item.message;
-    for (const Message::Field& field : item.fields) {
-        text += field.name.empty() ? " " + field.value : fmt::format(" {}={}", field.name, field.value);
-    }
-    return text;
+std::string originOf(const TraceItem& item) {
+    if (item.kind == Kind::Message) return "message";
+    return isText(item.kind) || item.side == Side::Unknown ? "log" : nameOf(item.side);
 }
 
-std::string parametersText(const TraceItem& item) {
-    std::string text = "parameters:";
-    for (const Message::Field& field : item.fields) text += fmt::format(" {}={}", field.name, field.value);
-    return text;
-}
-
-void addCause(Cells& cells, const std::string& cause) {
-    if (!cause.empty()) cells.cause += (cells.cause.empty() ? "" : "; ") + cause;
-}
-
-// A line that belongs to no entry of a request or a result is printed in the last column.
-Cells cellsOf(const TraceItem& item) {
-    Cells cells;
-    const bool isText = item.kind == Kind::Line || item.kind == Kind::Lost || item.kind == Kind::Parameters;
-    if (item.kind == Kind::Message) {
-        cells.message = messageText(item);
-    } else if (isText) {
-        cells.cause = item.kind == Kind::Parameters ? parametersText(item) : item.text;
-    } else if (item.side == Side::Request) {
-        cells.request = entryText(item);
-    } else if (item.side == Side::Result) {
-        cells.result = entryText(item);
-    } else {
-        cells.cause = (item.side == Side::Static ? "static: " : "") + entryText(item);
+// Returns the fact, its cause and its verdicts.
+std::vector<std::string> piecesOf(const TraceItem& item) {
+    std::vector<std::string> pieces{factText(item)};
+    if (!item.physicalCamera.empty()) pieces.front() += ", physical camera " + item.physicalCamera;
+    if (item.times > 1 && item.kind != Kind::Lost) pieces.front() += fmt::format(", {} times", item.times);
+    if (!item.cause.empty()) pieces.push_back("<- " + item.cause);
+    for (const VerdictRow& row : item.verdicts) {
+        const std::string verdict = verdictMeaning(row.verdict);
+        pieces.push_back(row.value.empty()
+                             ? fmt::format("! {} {}", row.key, verdict)  // the cause has the reason
+                             : fmt::format("! {}={} {}: {}", row.key, row.value, verdict, row.reason));
     }
-    if (item.kind == Kind::List && item.side == Side::Request) {
-        for (const std::string& tag : item.tags)
-            cells.cause += (cells.cause.empty() ? "" : ", ") + shortName(tag);
-    }
-    if (!item.physicalCamera.empty()) addCause(cells, "physical camera " + item.physicalCamera);
-    addCause(cells, item.cause);
-    for (const VerdictRow& verdict : item.verdicts) {
-        addCause(cells, fmt::format("{}={} {}: {}", verdict.key, verdict.value,
-                                    verdict.verdict == Verdict::Overflows ? "overflows" : "not offered",
-                                    verdict.reason));
-    }
-    if (item.times > 1 && item.kind != Kind::Lost) addCause(cells, fmt::format("{} times", item.times));
-    return cells;
-}
-
-std::string countText(const ParameterTable::Count& count) {
-    return count.times == 0 ? "-" : fmt::to_string(count.times);
+    return pieces;
 }
 
 std::string refusedText(const ParameterTable::Row& row) {
-    if (row.refused.times == 0) return "-";
-    std::string text = fmt::format("{}", row.refused.times);
-    std::string why = fmt::format("{}", fmt::join(row.statuses, ", "));
-    if (!why.empty()) why = "status " + why;
-    if (!row.declared.empty())
-        why += fmt::format("{}declared {}", why.empty() ? "" : ", ", fmt::join(row.declared, ", "));
-    return why.empty() ? text : text + " (" + why + ")";
+    std::vector<std::string> why;
+    if (!row.statuses.empty()) why.push_back(fmt::format("status {}", fmt::join(row.statuses, ", ")));
+    if (!row.declared.empty()) why.push_back(fmt::format("declared {}", fmt::join(row.declared, ", ")));
+    return why.empty() ? "" : fmt::format(" ({})", fmt::join(why, ", "));
 }
 
-// "4, 9", or with several inputs "phone.log:4, 9; running.dumpsys:27".
-std::string linesText(const ParameterTable::Row& row, const std::vector<std::string>& inputs) {
-    std::set<std::pair<size_t, size_t>> places;  // input and line
-    for (const auto* count : {&row.set, &row.written, &row.told, &row.refused, &row.undeclared, &row.gated,
-                              &row.notOffered, &row.overflows}) {
-        for (size_t i = 0; i < count->lines.size(); ++i) places.emplace(count->inputs[i], count->lines[i]);
+// "3 written, 1 refused (status -22)"
+std::string countsText(const ParameterTable::Row& row) {
+    std::vector<std::string> counts;
+    for (const auto& column : ParameterTable::kColumns) {
+        const ParameterTable::Count& count = row.*column.count;
+        if (count.times == 0) continue;
+        counts.push_back(fmt::format("{} {}{}", count.times, column.words,
+                                     &count == &row.refused ? refusedText(row) : ""));
     }
-    std::string text;
-    size_t shown = 0;
-    size_t last = SIZE_MAX;
-    for (const auto& [input, line] : places) {
-        if (shown++ == kMostLines) return text + fmt::format(" and {} more", places.size() - kMostLines);
-        const bool isNamed = inputs.size() > 1 && input != last;
-        const std::string separator = shown == 1 ? "" : isNamed ? "; " : ", ";
-        const std::string name =
-            isNamed ? inputs[input].substr(inputs[input].find_last_of('/') + 1) + ":" : "";
-        text += separator + name + fmt::to_string(line);
-        last = input;
-    }
-    return text;
+    return fmt::format("{}", fmt::join(counts, ", "));
 }
 
 class TraceText : public TraceOutput {
   public:
-    TraceText(WriteLine write, bool isLive) : mWrite(std::move(write)), mIsLive(isLive) {}
+    TraceText(WriteLine write, TraceTextView view) : mWrite(std::move(write)), mView(view) {}
 
-    void begin(const std::vector<std::string>& inputs) override { mInputs = inputs; }
+    void begin(const std::vector<std::string>& inputs) override {
+        for (const std::string& input : inputs) mInputs.push_back(input.substr(input.find_last_of('/') + 1));
+    }
 
     void group(const std::string& title) override {
-        printRows();
-        print(title);
-        row("time", "frame", {"request", "result", "message", "cause"}, "[line]");
+        print({title});
+        print({fmt::format(kRow, "time", "frame", "of", "fact  <- cause  [line]")});
     }
 
     void item(const TraceItem& item) override {
-        const std::string place = mInputs.size() > 1 ? fmt::format("[{}:{}]", mInputs[item.input], item.line)
-                                                     : fmt::format("[{}]", item.line);
-        row(item.time.text, item.frame ? fmt::to_string(*item.frame) : "", cellsOf(item), place);
+        if (!mView.all && item.kind == Kind::Line && isFunctionStart(item.text)) {
+            ++mFunctionStarts;
+            return;
+        }
+        auto pieces = piecesOf(item);
+        pieces.front() = fmt::format(kRow, item.time.text, item.frame ? fmt::to_string(*item.frame) : "",
+                                     originOf(item), pieces.front());
+        pieces.push_back(mInputs.size() > 1 ? fmt::format("[{}:{}]", mInputs[item.input], item.line)
+                                            : fmt::format("[{}]", item.line));
+        print(std::move(pieces), mView.width >= 2 * kFactIndent ? kFactIndent : kIndent);
     }
 
-    void note(const std::string& text) override {
-        printRows();
-        print("note: " + text);
-    }
+    void note(const std::string& text) override { print({"note: " + text}); }
 
     void table(const ParameterTable& table, bool isPart) override {
-        printRows();
-        print("");
-        if (!table.rows().empty()) print("parameters: number of lines for each state");
+        if (mFunctionStarts > 0)
+            print({fmt::format("left out: {} \"Enter <function>\"; --all shows them",
+                               counted(mFunctionStarts, "line"))});
+        mWrite("");
         size_t widest = 0;
-        size_t refused = std::string_view("refused").size();
+        for (const auto& [key, row] : table.rows()) widest = std::max(widest, key.size());
+        if (!table.rows().empty()) print({"parameters, with the number of lines that report each outcome"});
         for (const auto& [key, row] : table.rows()) {
-            widest = std::max(widest, key.size());
-            refused = std::max(refused, refusedText(row).size());
+            print({fmt::format("{:<{}}  {}", key, widest, countsText(row)), "[" + linesText(row) + "]"},
+                  std::min(widest + 2, kFactIndent));
         }
-        const auto line = [&](const std::string& key, const auto&... cells) {
-            print(fmt::format("{:<{}}", key, widest) + fmt::format(kTableRow, refused, cells...));
-        };
-        if (!table.rows().empty()) {
-            line("", "set", "written", "logged", "undeclared", "gated", "not offered", "overflows", "refused",
-                 "lines");
-        }
-        for (const auto& [key, row] : table.rows()) {
-            line(key, countText(row.set), countText(row.written), countText(row.told),
-                 countText(row.undeclared), countText(row.gated), countText(row.notOffered),
-                 countText(row.overflows), refusedText(row), linesText(row, mInputs));
-        }
-        if (!isPart) list("never seen:", table.neverSeen());
+        if (!isPart) neverSeen(table.neverSeen());
     }
 
   private:
-    void print(const std::string& text) { mWrite(visible(text)); }
-
-    void row(const std::string& time, const std::string& frame, Cells cells, const std::string& place) {
-        mRows.push_back({time, frame, std::move(cells), place});
-        if (mIsLive) printRows();
+    void print(std::vector<std::string> pieces, size_t indent = kIndent) {
+        for (std::string& piece : pieces) piece = visible(piece);
+        mWrite(mView.all ? fmt::format("{}", fmt::join(pieces, "  ")) : wrapped(pieces, mView.width, indent));
     }
 
-    // Columns are as wide as their cells. A long cell moves the rest of its row.
-    void printRows() {
-        Widths widths;
-        if (mIsLive) widths.request = widths.result = kEntry;
-        if (mIsLive) widths.message = kMessage;
-        for (const Row& row : mRows) widths.fit(row);
-        for (const Row& row : mRows) {
-            const std::string text =
-                fmt::format("{:<{}} {:>{}}  {:<{}}  {:<{}}  {:<{}}  {}", row.time, widths.time, row.frame,
-                            widths.frame, row.cells.request, widths.request, row.cells.result, widths.result,
-                            row.cells.message, widths.message, row.cells.cause);
-            print(text.substr(0, text.find_last_not_of(' ') + 1) +
-                  (row.place.empty() ? "" : "  " + row.place));
-        }
-        mRows.clear();
+    void neverSeen(const std::vector<std::string>& keys) {
+        if (keys.empty()) return;
+        const std::string count = fmt::format("never seen: {}", counted(keys.size(), "parameter"));
+        if (!mView.all) return print({count + "; --all lists them"});
+        mWrite(wrapped(fmt::format("{}: {}", count, fmt::join(keys, " ")), mView.width, kIndent));
     }
 
-    void list(const std::string& title, const std::vector<std::string>& words) {
-        std::string text = title;
-        for (const std::string& word : words) {
-            if (text.size() + word.size() >= kWidth) print(std::exchange(text, " "));
-            text += " " + word;
+    // "4, 9", or with several inputs "phone.log:4, 9; running.dumpsys:27".
+    std::string linesText(const ParameterTable::Row& row) const {
+        std::set<std::pair<size_t, size_t>> places;  // input and line
+        for (const auto& column : ParameterTable::kColumns) {
+            const ParameterTable::Count& count = row.*column.count;
+            for (size_t i = 0; i < count.lines.size(); ++i) places.emplace(count.inputs[i], count.lines[i]);
         }
-        if (!words.empty()) print(text);
+        std::string text;
+        size_t shown = 0;
+        size_t last = SIZE_MAX;
+        for (const auto& [input, line] : places) {
+            if (shown++ == kMostLines && !mView.all)
+                return text + fmt::format(" and {} more", places.size() - kMostLines);
+            const bool isNamed = mInputs.size() > 1 && input != last;
+            text += shown == 1 ? "" : isNamed ? "; " : ", ";
+            text += isNamed ? fmt::format("{}:{}", mInputs[input], line) : fmt::to_string(line);
+            last = input;
+        }
+        return text;
     }
 
     WriteLine mWrite;
-    bool mIsLive;
-    std::vector<std::string> mInputs;
-    std::vector<Row> mRows;  // rows of the group
+    TraceTextView mView;
+    std::vector<std::string> mInputs;  // without folders
+    size_t mFunctionStarts = 0;
 };
 
 }  // namespace
 
-std::unique_ptr<TraceOutput> traceText(WriteLine write) {
-    return std::make_unique<TraceText>(std::move(write), false);
-}
-
-std::unique_ptr<TraceOutput> traceLiveText(WriteLine write) {
-    return std::make_unique<TraceText>(std::move(write), true);
+std::unique_ptr<TraceOutput> traceText(WriteLine write, TraceTextView view) {
+    return std::make_unique<TraceText>(std::move(write), view);
 }
 
 }  // namespace qzcam

@@ -137,9 +137,15 @@ std::optional<VerdictRow> ValueCheck::verdictOn(const TraceItem& item, const Can
                                                 const std::vector<VerdictEntry>& entries) {
     for (const qz::Parameter* row : rowsOf(candidate.key)) {
         const qz::KeyRow& key = *keyIn(*row, candidate.key);
-        if (key.condition || !misunderstanding(*row, key, candidate.value).empty()) continue;
+        if (key.condition) continue;
         VerdictRow verdict{
             candidate.key, candidate.value, Verdict::Written, {}, entriesOf(*row, key, entries)};
+        verdict.reason = misunderstanding(*row, key, candidate.value);
+        if (!verdict.reason.empty()) {
+            if (verdict.entries.empty()) continue;  // nothing is written
+            verdict.verdict = Verdict::Fallback;
+            return verdict;
+        }
         if (!verdict.entries.empty())
             verdict.overflow = overflowOf(*row, key, verdict.value, verdict.entries);
         exclude(verdict, item, *row, key, parameters);
@@ -200,10 +206,14 @@ bool ValueCheck::isUnasked(const std::string& tag, const Values& values) {
     return found != mUnasked->end() && found->second == values;
 }
 
-// If several parameters, or several texts of them, give the value, the verdict requires that the device
-// offers none of them.
+// A fallback does not show the text. If several parameters, or several texts of them, give the value, the
+// verdict requires that the device offers none of them.
 void ValueCheck::judgeEntry(TraceItem& item, const EntryTexts& request) {
     if (!item.values || isUnasked(item.tag, *item.values)) return;
+    if (const auto key = fallbackKey(item.tag, *item.values)) {
+        item.verdicts.push_back({*key, "", Verdict::Fallback, "its text is not one of its words", {}});
+        return;
+    }
     std::optional<VerdictRow> first;
     for (const Candidate& candidate : wordsBackFor(item.tag, request)) {
         auto verdict = verdictOn(item, candidate, {{candidate.key, candidate.value}}, {});

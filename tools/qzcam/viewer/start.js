@@ -12,7 +12,7 @@ function viewsOf(events, open) {
     const cameras = readData('cameras');
     if (cameras) views.push(['device', 'Device', () => new CamerasView(cameras.cameras, readData('rows'))]);
     if (check) views.push(['device', 'Device', () => new DeviceView(check, readData('rows'))]);
-    if (events && events.readInto && events.parameters.length + events.neverSeen.length > 0) views.push(['parameters', `Parameters ${events.parameters.length}`, () => fatesView(events)]);
+    if (events && events.readInto && events.parameters.length + events.neverSeen.length > 0) views.push(['parameters', `Parameters ${events.parameters.length}`, () => outcomesView(events)]);
     const matrix = readData('matrix');
     if (matrix) views.push(['matrix', 'Matrix', () => new MatrixView(matrix)]);
     if (diff) views.push(['difference', 'Difference', () => new DifferenceView(diffSides(diff))]);

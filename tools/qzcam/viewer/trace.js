@@ -2,7 +2,9 @@
 // Reads the events of a phone for the timeline: facts from logs and dumps instead of the events of a session.
 
 // The columns of the parameter table that are findings, worst first.
-const TRACE_FAULTS = {refused: ['bad', 'refused'], overflows: ['bad', 'overflows'], notOffered: ['bad', 'not offered'], undeclared: ['warn', 'tag not declared'], gated: ['warn', 'left out']};
+const TRACE_FAULTS = {refused: ['bad', 'refused'], overflows: ['bad', 'overflows'], notOffered: ['bad', 'not offered'], undeclared: ['warn', 'tag not declared'], gated: ['warn', 'gate closed'], fallback: ['warn', 'fallback written']};
+// Columns that count verdicts, with the words of the verdicts.
+const TRACE_VERDICTS = {overflows: 'overflows', notOffered: 'not-offered', fallback: 'fallback'};
 const TRACE_TONES = {refused: 'bad', undeclared: 'warn', gated: 'warn', lost: 'warn', told: 'good'};
 
 const verdictOf = (item, key) => (item.data.verdicts || []).find((each) => each.key === key);
@@ -73,12 +75,12 @@ class TraceEvents {
             const verdict = verdictOf(item, row.key);
             const text = verdict ? verdict.value : parameterText(item, row.key);
             const why = kind === 'refused' ? refusedText(row, item.data, this.writtenType(item)) : verdict ? verdict.reason : item.data.cause || '';
-            this.findings.push({tone, item, what, name: text === undefined ? row.key : `${row.key}=${text}`, why, key: row.key, times: count.times, unit: 'lines'});
+            this.findings.push({tone, item, what, name: text ? `${row.key}=${text}` : row.key, why, key: row.key, times: count.times, unit: 'lines'});
         }
     }
 
     isAbout(item, kind, key) {
-        if (kind === 'overflows' || kind === 'notOffered') return (item.data.verdicts || []).some((each) => each.key === key && each.verdict === (kind === 'overflows' ? kind : 'not-offered'));
+        if (TRACE_VERDICTS[kind]) return (item.data.verdicts || []).some((each) => each.key === key && each.verdict === TRACE_VERDICTS[kind]);
         return item.kind === kind && (item.data.keys || []).includes(key);
     }
 
@@ -89,13 +91,12 @@ class TraceEvents {
         return match ? match[1] : '';
     }
 
-    // Lines with a value that the device does not offer.
-    notOffered() { return this.all.filter((item) => (item.data.verdicts || []).some((each) => each.verdict === 'not-offered')).length; }
-
     badges() {
         const of = (kind) => this.all.filter((item) => item.kind === kind).length;
+        const judged = (verdict) => this.all.filter((item) => (item.data.verdicts || []).some((each) => each.verdict === verdict)).length;
+        const found = [['bad', of('refused'), 'refused'], ['bad', judged('not-offered'), 'not offered'], ['warn', of('undeclared'), 'not declared'], ['warn', judged('fallback'), 'fallback written']];
         return [badge('plain', counted(of('entry'), 'entry', 'entries')), badge('plain', counted(of('message'), 'message')),
-            of('refused') ? badge('bad', `${of('refused').toLocaleString('en')} refused`) : null, this.notOffered() ? badge('bad', `${this.notOffered().toLocaleString('en')} not offered`) : null, of('undeclared') ? badge('warn', `${of('undeclared').toLocaleString('en')} not declared`) : null].filter(Boolean);
+            ...found.filter(([, count]) => count > 0).map(([tone, count, what]) => badge(tone, `${count.toLocaleString('en')} ${what}`))];
     }
 
     // Fills the lanes instead of those of a session. Another group begins without values.
@@ -111,7 +112,7 @@ class TraceEvents {
             const lane = lanes.lane('parameter', key, key);
             const value = parameterText(item, key);
             lane.marks = true;
-            lane.push(item.index, value !== undefined ? value : kind === 'told' ? `${text}` : kind, verdictOf(item, key) ? 'bad' : tone === side ? 'info' : tone);
+            lane.push(item.index, value !== undefined ? value : kind === 'told' ? `${text}` : kind, verdictOf(item, key) ? verdictTone(verdictOf(item, key).verdict) : tone === side ? 'info' : tone);
         }
         if (kind === 'message') lanes.mark('messages', item, data.message, data.derived ? 'plain' : 'info');
         else if (['request', 'result', 'list', 'parameters'].includes(kind)) lanes.mark('commands', item, data.text || kind, 'info');
@@ -152,7 +153,7 @@ function traceFacts(item) {
         ['Tag', data.tag ? el('code', {}, data.tag) : null], ['Value', data.value === null ? 'unknown' : data.value], ['Parameters', (data.keys || []).join(', ')], ['Status', data.status],
         ['Declared', data.declared], ['Message', data.message], ['Fields', (data.fields || []).map((field) => `${field.name} ${field.value}`).join(', ')],
         ['Known from', data.derived ? 'the results: no line states it' : null], ['Text', data.text ? el('code', {}, data.text) : null], ['Cause', data.cause],
-        ...(data.verdicts || []).map((row) => [`${row.key}=${row.value}`, el('span', {}, badge(verdictTone(row.verdict), verdictWord(row.verdict)), ` ${row.reason || ''}`)]), ['Times', data.times > 1 ? data.times : null]]);
+        ...(data.verdicts || []).map((row) => [row.value ? `${row.key}=${row.value}` : row.key, el('span', {}, badge(verdictTone(row.verdict), verdictWord(row.verdict)), ` ${row.reason || ''}`)]), ['Times', data.times > 1 ? data.times : null]]);
 }
 
 function refusedText(row, {tag, value}, written) {
@@ -163,21 +164,21 @@ function refusedText(row, {tag, value}, written) {
 function traceText({kind, data}) {
     const value = data.removed ? 'removed' : data.value === null ? 'unknown' : data.value;
     const texts = {
-        entry: () => `${data.of} ${shortName(data.tag)}: ${value}`, told: () => `${shortName(data.tag)}: ${value}, to be written`, undeclared: () => `${shortName(data.tag)}: not declared`,
-        refused: () => `${shortName(data.tag)}: ${value} refused, status ${data.status === undefined ? 'unknown' : data.status}`, gated: () => `${(data.keys || []).join(', ')} left out: ${data.cause}`,
+        entry: () => `${data.of} ${shortName(data.tag)}: ${value}`, told: () => `${shortName(data.tag)}: ${value}, to be written`, undeclared: () => `${shortName(data.tag)}: tag not declared`,
+        refused: () => `${shortName(data.tag)}: ${value} refused, status ${data.status === undefined ? 'unknown' : data.status}`, gated: () => `${(data.keys || []).join(', ')}: gate closed: ${data.cause}`,
         message: () => `message ${data.message} ${(data.fields || []).map((field) => (field.name ? `${field.name}=${field.value}` : field.value)).join(' ')}`,
     };
     return texts[kind] ? texts[kind]() : data.text || kind;
 }
 
 // The outcome of each parameter, and the parameters that no line contains.
-function fatesView(events) {
-    const words = {refused: ['bad', 'refused'], overflows: ['bad', 'overflows'], notOffered: ['bad', 'not offered'], undeclared: ['warn', 'undeclared'], gated: ['warn', 'left out'], written: ['good', 'written'], told: ['good', 'told'], set: ['info', 'set']};
+function outcomesView(events) {
+    const words = {...TRACE_FAULTS, written: ['good', 'written'], told: ['good', 'logged'], set: ['info', 'set']};
     const rows = events.parameters.map((row) => {
-        const fates = Object.keys(words).filter((fate) => row[fate] && row[fate].times > 0);
-        const lines = (fate) => `${counted(row[fate].times, 'line')}: ${row[fate].lines.slice(0, 40).join(', ')}${row[fate].lines.length > 40 ? ' ...' : ''}`;
-        return {group: 0, name: row.key, badge: words[fates[0]] || ['plain', 'named'], value: fates.map((fate) => `${words[fate][1]} ${row[fate].times}`).join(', '),
-            facts: () => [...fates.map((fate) => [words[fate][1], lines(fate)]), ['Status', row.statuses.join(', ')], ['Declared', [row.declared].flat().join(', ')]]};
+        const outcomes = Object.keys(words).filter((outcome) => row[outcome] && row[outcome].times > 0);
+        const lines = (outcome) => `${counted(row[outcome].times, 'line')}: ${row[outcome].lines.slice(0, 40).join(', ')}${row[outcome].lines.length > 40 ? ' ...' : ''}`;
+        return {group: 0, name: row.key, badge: words[outcomes[0]] || ['plain', 'named'], value: outcomes.map((outcome) => `${words[outcome][1]} ${row[outcome].times}`).join(', '),
+            facts: () => [...outcomes.map((outcome) => [words[outcome][1], lines(outcome)]), ['Status', row.statuses.join(', ')], ['Declared', [row.declared].flat().join(', ')]]};
     });
     rows.push(...events.neverSeen.map((name) => ({group: 1, name, badge: ['plain', 'never seen'], facts: () => [['Seen', 'no line names it']]})));
     return new BrowseView({label: 'Parameters', many: ['parameter'], what: 'parameters and what became of them', rows, groups: present([{id: 0, label: 'Named by lines'}, {id: 1, label: 'Never seen'}], rows)});
