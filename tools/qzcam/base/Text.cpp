@@ -171,6 +171,21 @@ std::optional<std::string> takeQuoted(std::string_view& text) {
     return std::nullopt;
 }
 
+std::string replaced(std::string_view text, Replacements replacements) {
+    std::string result;
+    result.reserve(text.size() + text.size() / 64);
+    for (const char c : text) {
+        const auto* const found = std::find_if(replacements.begin(), replacements.end(),
+                                               [c](const auto& each) { return each.first == c; });
+        if (found == replacements.end()) {
+            result += c;
+        } else {
+            result += found->second;
+        }
+    }
+    return result;
+}
+
 bool Lines::next(std::string_view& line) {
     if (mRest.empty()) return false;
     const size_t end = mRest.find('\n');

@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <initializer_list>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -38,6 +39,10 @@ std::string cut(std::string_view text, size_t most);
 
 // Quotes a line for a message, in visible form and cut.
 std::string excerpt(std::string_view text);
+
+// Returns the text with other texts in place of some characters.
+using Replacements = std::initializer_list<std::pair<char, std::string_view>>;
+std::string replaced(std::string_view text, Replacements replacements);
 
 // Prints a message to standard error, in visible form.
 void complain(std::string_view text);

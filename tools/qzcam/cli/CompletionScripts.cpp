@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "cli/CompletionScripts.h"
 
+#include "base/Text.h"
 #include "base/WriteAll.h"
 #include "facts/Lookup.h"
 
@@ -85,17 +86,7 @@ std::string bashWords(const CLI::App& command) {
 
 // Escapes the text of a description for single quotes and square brackets.
 std::string zshText(std::string_view text) {
-    std::string plain;
-    for (const char c : text) {
-        if (c == '\'') {
-            plain += "'\\''";
-        } else if (c == '[' || c == ']' || c == ':') {
-            plain += std::string("\\") + c;
-        } else {
-            plain += c;
-        }
-    }
-    return plain;
+    return replaced(text, {{'\'', "'\\''"}, {'[', "\\["}, {']', "\\]"}, {':', "\\:"}});
 }
 
 const char* zshAction(Takes takes) {

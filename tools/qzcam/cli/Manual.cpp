@@ -23,33 +23,18 @@ namespace {
 
 // Escapes a text so that roff prints it unchanged.
 std::string escaped(std::string_view text) {
-    std::string roff;
-    if (startsWith(text, ".") || startsWith(text, "'")) roff = "\\&";
-    for (const char c : text) {
-        if (c == '\\') {
-            roff += "\\e";
-        } else if (c == '-') {
-            roff += "\\-";
-        } else if (c == '\'') {
-            roff += "\\(aq";
-        } else if (c == '^') {
-            roff += "\\(ha";
-        } else if (c == '~') {
-            roff += "\\(ti";
-        } else if (c == '`') {
-            roff += "\\(ga";
-        } else {
-            roff += c;
-        }
-    }
-    return roff;
+    const bool isRequest = startsWith(text, ".") || startsWith(text, "'");
+    return (isRequest ? "\\&" : "") + replaced(text, {{'\\', "\\e"},
+                                                      {'-', "\\-"},
+                                                      {'\'', "\\(aq"},
+                                                      {'^', "\\(ha"},
+                                                      {'~', "\\(ti"},
+                                                      {'`', "\\(ga"}});
 }
 
 // Quotes an argument of a macro.
 std::string argument(std::string_view text) {
-    std::string roff = "\"";
-    for (const char c : escaped(text)) roff += c == '"' ? std::string("\\(dq") : std::string(1, c);
-    return roff + "\"";
+    return fmt::format("\"{}\"", replaced(escaped(text), {{'"', "\\(dq"}}));
 }
 
 std::string item(const std::string& bold, const std::string& plain, const std::string& text) {

@@ -9,7 +9,6 @@
 
 #include <fmt/format.h>
 
-#include <algorithm>
 #include <cstdio>
 
 namespace qzcam {
@@ -19,12 +18,9 @@ ExitStatus record(const RecordOptions& options) {
     const auto text = readFile(options.input);
     if (!text) return kBadInput;
     const auto parts = partsOf(text->text);
-    const auto dump = std::find_if(parts.begin(), parts.end(),
-                                   [](const Part& part) { return part.kind == Part::Kind::Dump; });
-    const Report report = dump == parts.end() ? Report{} : readDump(dump->text, dump->firstLine);
     const auto device = readDevice(*text, options.camera);
     if (!device) return kBadInput;
-    const Recording recording = record(RecordingInput{*text, parts, report, device->device});
+    const Recording recording = record(RecordingInput{*text, parts, *device->report, device->device});
     if (recording.requests + recording.results == 0) {
         complain(
             fmt::format("{}: expected requests or results: parameters in a log, events of the tag monitor, "

@@ -16,33 +16,29 @@ namespace {
 using Kind = Part::Kind;
 
 // Iterates over lines with the position of each.
-class LineWalk {
+class LinePositions {
   public:
-    explicit LineWalk(std::string_view text, size_t firstLine = 1) : mText(text), mNumber(firstLine) {}
+    explicit LinePositions(std::string_view text, size_t firstLine = 1)
+        : mText(text), mLines(text, firstLine) {}
 
     bool next(std::string_view& line) {
-        mStart = mEnd;
-        if (mStart >= mText.size()) return false;
-        mNumber += mStart == 0 ? 0 : 1;
-        const size_t end = std::min(mText.find('\n', mStart), mText.size());
-        line = mText.substr(mStart, end - mStart);
-        mEnd = std::min(end + 1, mText.size());
-        return true;
+        mStart = end();
+        return mLines.next(line);
     }
     // Returns the next line that is not empty: a pasted text may have empty lines between all others.
     std::string_view following() const {
-        const size_t start = std::min(mText.find_first_not_of('\n', mEnd), mText.size());
-        return mText.substr(start, std::min(mText.find('\n', start), mText.size()) - start);
+        const size_t start = mLines.rest().find_first_not_of('\n');
+        const std::string_view rest = start == std::string_view::npos ? "" : mLines.rest().substr(start);
+        return rest.substr(0, rest.find('\n'));
     }
     size_t start() const { return mStart; }
-    size_t end() const { return mEnd; }
-    size_t number() const { return mNumber; }
+    size_t end() const { return mText.size() - mLines.rest().size(); }
+    size_t number() const { return mLines.number(); }
 
   private:
     std::string_view mText;
+    Lines mLines;
     size_t mStart = 0;
-    size_t mEnd = 0;
-    size_t mNumber;
 };
 
 // Collects the parts of a text. Each part ends where the next one begins.
@@ -130,28 +126,28 @@ bool isStopped(std::string_view line) {
 }
 
 // Splits a text at the frames of sections and services. Text outside of them has no title.
-class FrameCutter {
+class FrameSplitter {
   public:
-    explicit FrameCutter(std::string_view text) : mText(text), mWalk(text), mParts(text, 1) {}
+    explicit FrameSplitter(std::string_view text) : mText(text), mLines(text), mParts(text, 1) {}
 
-    std::vector<Part> cut();
+    std::vector<Part> split();
 
   private:
     void line(std::string_view line);
     void framed(std::string_view line);
     void service(std::string_view line);
     void begin(Kind kind, std::string_view title) {
-        mParts.begin(kind, title, mWalk.start(), mWalk.number());
+        mParts.begin(kind, title, mLines.start(), mLines.number());
     }
-    void beginBehind(Kind kind, std::string_view title) {
-        mParts.begin(kind, title, mWalk.end(), mWalk.number() + 1);
+    void beginAfterLine(Kind kind, std::string_view title) {
+        mParts.begin(kind, title, mLines.end(), mLines.number() + 1);
     }
     void fault(std::string_view text);
     void leaveService(std::string_view fault);
     size_t endOfService() const;
 
     std::string_view mText;
-    LineWalk mWalk;
+    LinePositions mLines;
     PartList mParts;
     std::string mSection;
     std::string mService;
@@ -159,8 +155,8 @@ class FrameCutter {
     bool mSeparated = true;  // the previous line is a separator, or there is none
 };
 
-std::vector<Part> FrameCutter::cut() {
-    for (std::string_view text; mWalk.next(text);) {
+std::vector<Part> FrameSplitter::split() {
+    for (std::string_view text; mLines.next(text);) {
         if (text.empty()) continue;
         const char first = text.front();
         if (first == '-') {
@@ -174,7 +170,7 @@ std::vector<Part> FrameCutter::cut() {
     return mParts.finish();
 }
 
-void FrameCutter::line(std::string_view line) {
+void FrameSplitter::line(std::string_view line) {
     if (mSeparated && !serviceOf(line).empty()) return service(line);
     const bool isRefused = mParts.current().kind == Kind::Dump && startsWith(line, "Error dumping service");
     if (!mService.empty() && isTimeout(line)) {
@@ -185,54 +181,54 @@ void FrameCutter::line(std::string_view line) {
     }
 }
 
-void FrameCutter::fault(std::string_view text) {
+void FrameSplitter::fault(std::string_view text) {
     mParts.current().fault = text;
-    mParts.current().faultLine = mWalk.number();
+    mParts.current().faultLine = mLines.number();
 }
 
-void FrameCutter::leaveService(std::string_view fault) {
+void FrameSplitter::leaveService(std::string_view fault) {
     Part& part = mParts.current();
     if (part.kind == Kind::Dump && part.fault.empty()) {
         part.fault = fault;
-        part.faultLine = mWalk.number();
+        part.faultLine = mLines.number();
     }
     mService.clear();
 }
 
-void FrameCutter::framed(std::string_view line) {
+void FrameSplitter::framed(std::string_view line) {
     const std::string_view section = sectionOf(line);
     if (!mService.empty() && isFooterOf(line, mService)) {
         mService.clear();
         begin(Kind::Other, mSection);
-    } else if (isSeparator(line) && !serviceOf(mWalk.following()).empty()) {
+    } else if (isSeparator(line) && !serviceOf(mLines.following()).empty()) {
         leaveService("the dump ends without its last line");
-        begin(Kind::Other, serviceOf(mWalk.following()));
-    } else if (!mService.empty() && mWalk.start() < mServiceEnd) {
+        begin(Kind::Other, serviceOf(mLines.following()));
+    } else if (!mService.empty() && mLines.start() < mServiceEnd) {
         return;  // a driver's own heading
     } else if (!section.empty() && isDuration(section)) {
         leaveService("the dump ends without its last line");
         begin(Kind::Other, mSection);
         mSection.clear();
-        beginBehind(Kind::Other, {});
+        beginAfterLine(Kind::Other, {});
     } else if (!section.empty() && !titleOf(section).empty()) {
         leaveService("the dump ends without its last line");
         mSection = titleOf(section);
         begin(Kind::Other, mSection);
-        beginBehind(kindOfSection(mSection), mSection);
+        beginAfterLine(kindOfSection(mSection), mSection);
     }
 }
 
-void FrameCutter::service(std::string_view line) {
+void FrameSplitter::service(std::string_view line) {
     mService = serviceOf(line);
     mServiceEnd = 0;
     if (mService != "media.camera") return;
     mServiceEnd = endOfService();
-    beginBehind(Kind::Dump, mService);
+    beginAfterLine(Kind::Dump, mService);
 }
 
 // Finds the last line of the service, which must come before the next service. Returns 0 if it is missing.
-size_t FrameCutter::endOfService() const {
-    const size_t start = mWalk.end();
+size_t FrameSplitter::endOfService() const {
+    const size_t start = mLines.end();
     const std::string_view rest = mText.substr(start);
     const std::string_view own = rest.substr(0, rest.find("\nDUMP OF SERVICE "));
     const size_t footer = own.rfind("s was the duration of dumpsys " + mService);
@@ -240,44 +236,44 @@ size_t FrameCutter::endOfService() const {
 }
 
 // Splits a text without frames where the kind of its lines changes.
-class LooseCutter {
+class UnframedSplitter {
   public:
-    explicit LooseCutter(const Part& part)
-        : mWalk(part.text, part.firstLine), mParts(part.text, part.firstLine) {}
+    explicit UnframedSplitter(const Part& part)
+        : mLines(part.text, part.firstLine), mParts(part.text, part.firstLine) {}
 
-    std::vector<Part> cut();
+    std::vector<Part> split();
 
   private:
     Kind kindFrom(std::string_view line);
     Kind kindOfBeginning(std::string_view line) const;
 
-    LineWalk mWalk;
+    LinePositions mLines;
     PartList mParts;
     Kind mKind = Kind::Other;
 };
 
-std::vector<Part> LooseCutter::cut() {
-    for (std::string_view line; mWalk.next(line);) {
+std::vector<Part> UnframedSplitter::split() {
+    for (std::string_view line; mLines.next(line);) {
         if (line.empty()) continue;
         const Kind kind = kindFrom(line);
         if (kind == mKind) continue;
         mKind = kind;
-        mParts.begin(kind, {}, mWalk.start(), mWalk.number());
+        mParts.begin(kind, {}, mLines.start(), mLines.number());
         if (startsWith(line, "Can't find service") || startsWith(line, "Error dumping service")) {
             mParts.current().fault = line;
-            mParts.current().faultLine = mWalk.number();
+            mParts.current().faultLine = mLines.number();
         }
     }
     return mParts.finish();
 }
 
-Kind LooseCutter::kindFrom(std::string_view line) {
+Kind UnframedSplitter::kindFrom(std::string_view line) {
     const bool indented = line.front() == ' ' || line.front() == '\t';
     if (!indented && isPromptLine(line)) return Kind::Other;
     if (mKind == Kind::Other) return kindOfBeginning(line);
     if (isLogBeginning(line)) return Kind::Log;
     if (mKind == Kind::Dump) {
-        return isPropertyLine(line) && isPropertyLine(mWalk.following()) ? Kind::Properties : mKind;
+        return isPropertyLine(line) && isPropertyLine(mLines.following()) ? Kind::Properties : mKind;
     }
     if (mKind == Kind::Log) return startsWith(line, "== Service global info") ? Kind::Dump : mKind;
     if (isDumpHeading(line)) return Kind::Dump;
@@ -285,7 +281,7 @@ Kind LooseCutter::kindFrom(std::string_view line) {
     return mKind;
 }
 
-Kind LooseCutter::kindOfBeginning(std::string_view line) const {
+Kind UnframedSplitter::kindOfBeginning(std::string_view line) const {
     if (isLogBeginning(line) || isLogLine(line)) return Kind::Log;
     if (isDumpHeading(line)) return Kind::Dump;
     if (isPropertyLine(line) || isBuildPropertyLine(line)) return Kind::Properties;
@@ -298,11 +294,11 @@ bool isHeader(std::string_view text) { return startsWith(text, "====") && text.f
 
 std::vector<Part> partsOf(std::string_view text) {
     std::vector<Part> parts;
-    for (Part& part : FrameCutter(text).cut()) {
+    for (Part& part : FrameSplitter(text).split()) {
         const bool loose = part.kind == Kind::Other && part.title.empty();
         if (loose && isHeader(part.text)) part.kind = Kind::Header;
         if (loose && part.kind == Kind::Other) {
-            auto pieces = LooseCutter(part).cut();
+            auto pieces = UnframedSplitter(part).split();
             std::move(pieces.begin(), pieces.end(), std::back_inserter(parts));
         } else {
             parts.push_back(std::move(part));

@@ -42,9 +42,7 @@ std::string csvCell(std::string_view text) {
         cell.insert(0, "'");
     }
     if (cell.find_first_of("\",") == std::string::npos) return cell;
-    std::string quoted = "\"";
-    for (const char c : cell) quoted.append(c == '"' ? 2 : 1, c);
-    return quoted + "\"";
+    return fmt::format("\"{}\"", replaced(cell, {{'"', "\"\""}}));
 }
 
 std::string csvLine(const std::vector<std::string>& cells) {

@@ -18,6 +18,14 @@ namespace {
 
 constexpr const char* kNothing = "nothing";
 
+std::string joined(const Command& command, size_t first, const char* separator, std::string Word::*part) {
+    std::string text;
+    for (size_t i = first; i < command.words.size(); ++i) {
+        text.append(i == first ? "" : separator).append(command.words[i].*part);
+    }
+    return text;
+}
+
 Finding expectParam(const Command& command, PlayState& state) {
     const char* value = state.camera->parameters().get(command.word(0).c_str());
     const bool met = value != nullptr && command.word(1) == value;
@@ -191,7 +199,7 @@ Finding expectChange(const Command& command, PlayState& state) {
             row != nullptr ? changeWord(row->change) : nothingOf(command, state)};
 }
 
-std::string fateOf(const std::string& capability, const PublishEvent& published) {
+std::string outcomeOf(const std::string& capability, const PublishEvent& published) {
     const auto has = [&](const auto& list) {
         return std::find(list.begin(), list.end(), capability) != list.end();
     };
@@ -208,54 +216,30 @@ Finding expectCapability(const Command& command, PlayState& state) {
     const std::string& name = command.word(0);
     const auto tag = (state.names.knows(name) ? state.names : libraryTags()).resolve(name);
     const auto* found = std::get_if<const Tag*>(&tag);
-    const std::string fate = fateOf(found ? (*found)->fullName() : name, state.published);
-    return {fate == command.word(1), command.word(1), fate};
+    const std::string outcome = outcomeOf(found ? (*found)->fullName() : name, state.published);
+    return {outcome == command.word(1), command.word(1), outcome};
 }
-
-using Examine = Finding (*)(const Command&, PlayState&);
-
-struct Row {
-    CommandId id;
-    Examine examine;
-};
-
-constexpr std::array<Row, 14> kRows{{{CommandId::ExpectParam, expectParam},
-                                     {CommandId::ExpectNoParam, expectNoParam},
-                                     {CommandId::ExpectEntry, expectEntry},
-                                     {CommandId::ExpectNoEntry, expectNoEntry},
-                                     {CommandId::ExpectCallback, expectCallback},
-                                     {CommandId::ExpectNoCallback, expectNoCallback},
-                                     {CommandId::ExpectStatus, expectStatus},
-                                     {CommandId::ExpectLog, expectLog},
-                                     {CommandId::ExpectNoLog, expectNoLog},
-                                     {CommandId::ExpectSkip, expectSkip},
-                                     {CommandId::ExpectQuery, expectQuery},
-                                     {CommandId::ExpectVerdict, expectVerdict},
-                                     {CommandId::ExpectChange, expectChange},
-                                     {CommandId::ExpectCapability, expectCapability}}};
 
 }  // namespace
 
 std::string rawFrom(const Command& command, size_t first, const char* separator) {
-    std::string joined;
-    for (size_t i = first; i < command.words.size(); ++i) {
-        joined.append(i == first ? "" : separator).append(command.words[i].raw);
-    }
-    return joined;
+    return joined(command, first, separator, &Word::raw);
 }
 
 std::string textFrom(const Command& command, size_t first, const char* separator) {
-    std::string joined;
-    for (size_t i = first; i < command.words.size(); ++i) {
-        joined.append(i == first ? "" : separator).append(command.word(i));
-    }
-    return joined;
+    return joined(command, first, separator, &Word::text);
 }
 
 Finding examine(const Command& expectation, PlayState& state) {
-    const auto row = std::find_if(kRows.begin(), kRows.end(),
-                                  [&](const Row& each) { return each.id == expectation.syntax->id; });
-    return row->examine(expectation, state);
+    using Examine = Finding (*)(const Command&, PlayState&);
+    // The functions are in the order of CommandId.
+    static constexpr std::array<Examine, 14> functions{
+        expectParam,      expectNoParam, expectEntry,  expectNoEntry,   expectCallback,
+        expectNoCallback, expectStatus,  expectLog,    expectNoLog,     expectSkip,
+        expectQuery,      expectVerdict, expectChange, expectCapability};
+    const auto place =
+        static_cast<size_t>(expectation.syntax->id) - static_cast<size_t>(CommandId::ExpectParam);
+    return functions[place](expectation, state);
 }
 
 }  // namespace qzcam

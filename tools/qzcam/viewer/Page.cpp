@@ -25,20 +25,6 @@ constexpr std::string_view kHead = R"(<!DOCTYPE html>
 <meta http-equiv="Content-Security-Policy" content="default-src 'none'; style-src 'unsafe-inline'; script-src 'unsafe-inline'">
 )";
 
-std::string escaped(std::string_view text) {
-    std::string html;
-    for (const char c : text) {
-        if (c == '&') {
-            html += "&amp;";
-        } else if (c == '<') {
-            html += "&lt;";
-        } else {
-            html += c;
-        }
-    }
-    return html;
-}
-
 // Removes the white space within objects, which is a third of a page. Each object keeps its own line.
 std::string compact(const std::string& json) {
     std::string text;
@@ -60,20 +46,7 @@ std::string compact(const std::string& json) {
 // In JSON these characters occur only in strings. In escaped form they can neither end nor begin an element
 // of the page.
 std::string inScript(const std::string& json) {
-    std::string text;
-    text.reserve(json.size() + json.size() / 64);
-    for (const char c : compact(json)) {
-        if (c == '<') {
-            text += "\\u003c";
-        } else if (c == '>') {
-            text += "\\u003e";
-        } else if (c == '&') {
-            text += "\\u0026";
-        } else {
-            text += c;
-        }
-    }
-    return text;
+    return replaced(compact(json), {{'<', "\\u003c"}, {'>', "\\u003e"}, {'&', "\\u0026"}});
 }
 
 // Removes margins and comments of the viewer's sources, because a page is sent by mail.
@@ -88,7 +61,8 @@ std::string lean(std::string_view source) {
 }
 
 std::string headOf(std::string_view title) {
-    return std::string(kHead) + "<title>" + escaped(visible(title)) + "</title>\n";
+    const std::string text = replaced(visible(title), {{'&', "&amp;"}, {'<', "&lt;"}});
+    return std::string(kHead) + "<title>" + text + "</title>\n";
 }
 
 // The content of the file until the command ends.
