@@ -250,8 +250,8 @@ TEST(Trace, DamagedLogGivesNoWrongFacts) {
     }
 }
 
-// Without a common clock or frame numbers, log and frames are shown one after the other. The clock of the
-// phone's start puts them in one order.
+// The clock of the phone's start puts log and frames in one order, and so do values that are the same in
+// both. Otherwise they are shown one after the other.
 TEST(Trace, LogAndFramesAreMergedByClockOrFrameNumber) {
     const Recorded recorded(
         "open 0\nset iso=1600;qz-mmi-afc-mode=on\nrequest\nresult focusVcmValue=3\nset iso=50\nrequest\n");
@@ -270,9 +270,23 @@ TEST(Trace, LogAndFramesAreMergedByClockOrFrameNumber) {
     };
     EXPECT_LT(place("mmiAfcMode", "1"), place("iso", "7"));
     EXPECT_LT(place("iso", "7"), place("iso", "1"));
-    const Timeline untied = timeline(test::logText(recorded.lines, {}) + dump);
-    EXPECT_EQ(untied.groups.size(), 2U);
-    EXPECT_THAT(untied.notes, Contains(HasSubstr("different clocks")));
+    const auto placed = [&](const char* verify) {
+        std::string log = test::logText(recorded.lines, {});
+        const std::string on = "verify: 1, on";
+        for (size_t at = log.find(on); at != std::string::npos; at = log.find(on, at + 1))
+            log.replace(at, on.size(), verify);
+        const Timeline timeline = qzcam::timeline(log + dump);
+        std::string order;
+        for (const TraceItem& item : itemsOf(timeline)) {
+            const bool isAfc = item.tag == "com.ambrix.capture.metadata.mmiAfcMode";
+            if (isAfc && item.side == TraceItem::Side::Request) order += item.frame ? " sent" : " logged";
+        }
+        return order + "; " + timeline.notes.back();
+    };
+    EXPECT_THAT(placed("verify: 1, on"),
+                HasSubstr(" logged sent logged; log and frames are put in one order by the values"));
+    EXPECT_THAT(placed("verify: 0, off"),
+                HasSubstr(" sent logged logged; log and frames have different clocks"));
 }
 
 TEST(Trace, FoldedAndRepeatedLinesCountOnce) {

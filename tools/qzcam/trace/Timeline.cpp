@@ -5,6 +5,7 @@
 #include "facts/Lookup.h"
 #include "trace/Derived.h"
 #include "trace/LogItems.h"
+#include "trace/MergeLog.h"
 #include "verdict/WordsBack.h"
 
 #include <fmt/format.h>
@@ -167,41 +168,6 @@ void addCauses(std::vector<TraceItem>& items) {
     }
 }
 
-bool isMonotonic(const std::vector<TraceItem>& log) {
-    return !log.empty() && std::all_of(log.begin(), log.end(), [](const TraceItem& item) {
-        return item.time.kind == LogTime::Kind::Monotonic;
-    });
-}
-
-// Merges log and events by their clocks, which both began at the phone's start. Events keep the order of
-// their frames: the time of a result is that of its exposure, which is before the time of requests that came
-// before it.
-std::vector<TraceItem> mergeByClock(std::vector<TraceItem> frames, const std::vector<TraceItem>& log) {
-    std::vector<TraceItem> merged;
-    auto next = log.begin();
-    int64_t now = 0;
-    for (TraceItem& item : frames) {
-        now = std::max(now, item.time.nanoseconds);
-        while (next != log.end() && next->time.nanoseconds <= now) merged.push_back(*next++);
-        merged.push_back(std::move(item));
-    }
-    merged.insert(merged.end(), next, log.end());
-    return merged;
-}
-
-// Puts lines of the log with a frame number after the events of this frame. Other lines stay next to them.
-std::vector<TraceItem> mergeByFrame(std::vector<TraceItem> frames, const std::vector<TraceItem>& log) {
-    std::vector<TraceItem> merged;
-    auto next = frames.begin();
-    for (const TraceItem& item : log) {
-        while (item.frame && next != frames.end() && (!next->frame || next->frame <= item.frame))
-            merged.push_back(std::move(*next++));
-        merged.push_back(item);
-    }
-    merged.insert(merged.end(), std::make_move_iterator(next), std::make_move_iterator(frames.end()));
-    return merged;
-}
-
 using Section = std::pair<size_t, size_t>;  // input and place
 
 // Returns the last frame in the events of each place.
@@ -276,24 +242,22 @@ class Builder {
 
     void merge() {
         if (mLog.empty()) return;
-        const bool hasFrames = std::any_of(mLog.begin(), mLog.end(),
-                                           [](const TraceItem& item) { return item.frame.has_value(); });
-        if (mTimeline.groups.size() == 1 && (isMonotonic(mLog) || hasFrames)) {
-            TraceGroup& group = mTimeline.groups.front();
-            mTimeline.notes.emplace_back(
-                isMonotonic(mLog) ? "log and frames are put in one order by their clock"
-                                  : "log and frames are put in one order by the frame numbers in the log; "
-                                    "lines between two numbers follow the earlier frame");
-            group.items = isMonotonic(mLog) ? mergeByClock(std::move(group.items), mLog)
-                                            : mergeByFrame(std::move(group.items), mLog);
+        auto& groups = mTimeline.groups;
+        auto merged = groups.size() == 1 ? mergeLog(groups.front().items, mLog) : std::nullopt;
+        if (merged) {
+            groups.front().items = std::move(merged->items);
+            mTimeline.notes.push_back(std::move(merged->note));
             return;
         }
-        if (!mTimeline.groups.empty()) {
+        if (groups.size() == 1) {
             mTimeline.notes.emplace_back(
-                "log and frames have different clocks, so each is shown separately. 'logcat -v monotonic' "
-                "has the clock of the frames");
+                "log and frames have different clocks, and no frame number and no values of the log show their "
+                "order, so each is shown separately. 'logcat -v monotonic' has the clock of the frames");
+        } else if (!groups.empty()) {
+            mTimeline.notes.emplace_back(
+                "the frames are of several sessions, so the log is shown separately");
         }
-        mTimeline.groups.push_back({"log", std::move(mLog)});
+        groups.push_back({"log", std::move(mLog)});
     }
 
     Evidence mEvidence;
