@@ -203,7 +203,7 @@ TEST(Player, WaitsForABackgroundCommandBeforeTheCameraCloses) {
             if (command && command->line == 0) end.push_back(command->text);
             if (status && status->isAnswer) end.push_back(std::to_string(status->status));
         });
-        asGuest ? player.playAsGuest(session) : player.play(session);
+        asGuest ? player.playOnOtherDevice(session) : player.play(session);
         EXPECT_THAT(end, ElementsAre("wait", "291", "close"));
     }
 }
@@ -296,7 +296,7 @@ TEST(Player, GuestSessionSkipsUndeclaredTags) {
     Device bare;
     std::vector<Event> events;
     Player player(bare, [&](const Event& event) { events.push_back(event); });
-    player.playAsGuest(session);
+    player.playOnOtherDevice(session);
     size_t notes = 0;
     for (const Event& event : events) {
         EXPECT_FALSE(std::holds_alternative<ExpectationEvent>(event));

@@ -38,7 +38,7 @@ struct Recorded {
         const Device device = parseDump(deviceText, "device", "", problems);
         std::vector<Event> played;
         Player player(device, [&played](const Event& event) { played.push_back(event); });
-        player.playAsGuest(parseSession(session, "s", problems));
+        player.playOnOtherDevice(parseSession(session, "s", problems));
         events = test::onPhone(played);
         for (const test::PhoneLine& line : test::logOf(events)) {
             if (line.message.find("failed to update iso") != std::string::npos)

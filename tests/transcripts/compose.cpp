@@ -30,7 +30,7 @@ std::vector<test::PhoneEvent> played(const std::string& session) {
     Problems problems(session);
     std::vector<Event> events;
     Player player(test::builtIn(), [&events](const Event& event) { events.push_back(event); });
-    player.playAsGuest(parseSession(read(session), session, problems));
+    player.playOnOtherDevice(parseSession(read(session), session, problems));
     return test::onPhone(events);
 }
 

@@ -75,7 +75,7 @@ ExitStatus check(const CheckOptions& options) {
     const bool wantsAll = options.camera.empty() || options.camera == kAllCameras;
     const auto dump = readOr(options.device, "built-in device", builtInDevice());
     if (!dump) return kBadInput;
-    tellWhatIsUsed(*dump, false);
+    reportUsedParts(*dump, false);
     const auto input = readDevice(*dump, wantsAll ? std::string() : options.camera, Wants::VendorTags);
     if (!input) return kBadInput;
     const bool isTable = options.camera == kAllCameras || (wantsAll && !input->device.otherCameras.empty());

@@ -100,7 +100,7 @@ LibrarySide play(const Device& device, const Script& script) {
         }
     });
     player.setParameters(script.parameters);
-    player.playAsGuest(script.session);
+    player.playOnOtherDevice(script.session);
     return side;
 }
 

@@ -27,7 +27,7 @@ using Names = std::set<std::string>;
 
 constexpr int32_t kHighestNamedValue = 255;
 
-Suggestions among(const Names& names, size_t begin, std::string_view typed, const char* after) {
+Suggestions startingWith(const Names& names, size_t begin, std::string_view typed, const char* after) {
     Suggestions suggestions{begin, {}, after};
     for (auto name = names.lower_bound(std::string(typed)); name != names.end(); ++name) {
         if (!startsWith(*name, typed)) break;
@@ -172,21 +172,21 @@ Suggestions Completion::at(std::string_view line) const {
     while (!before.empty()) place.before.emplace_back(takeWord(before));
     place.begin = wordBegin;
     place.typed = line.substr(wordBegin);
-    if (place.before.empty()) return among(mCommands, place.begin, place.typed, " ");
+    if (place.before.empty()) return startingWith(mCommands, place.begin, place.typed, " ");
     const auto form = mForms.find(place.command());
     if (form == mForms.end()) return {};
     place.slot = Slots(form->second).at(place.before.size() - 1);
-    return in(place);
+    return suggestionsAt(place);
 }
 
-Suggestions Completion::in(const Place& place) const {
+Suggestions Completion::suggestionsAt(const Place& place) const {
     if (place.slot == "KEY=VALUE;KEY=VALUE") return parameterPairs(place);
     if (place.slot == "NAME=VALUES") return tagAssignment(place);
     if (place.slot == "VALUES") return tagValues(place.before.back(), place.begin, place.typed);
     const bool isScene = place.slot == "ARGUMENT" && place.before.back() == "ext-scene";
     if (isScene) return valuesOf("scene-mode", place.begin, place.typed, " ");
     if (place.slot == "VALUE") return valuesOf(place.before.back(), place.begin, place.typed, " ");
-    return among(namesFor(place), place.begin, place.typed, " ");
+    return startingWith(namesFor(place), place.begin, place.typed, " ");
 }
 
 Completion::Names Completion::namesFor(const Place& place) const {
@@ -231,12 +231,13 @@ Suggestions Completion::parameterPairs(const Place& place) const {
     }
     Names keys;
     for (const auto& [key, values] : mValues) keys.insert(key);
-    return among(keys, place.begin + pair, typed, "=");
+    return startingWith(keys, place.begin + pair, typed, "=");
 }
 
 Suggestions Completion::tagAssignment(const Place& place) const {
     const size_t equals = place.typed.find('=');
-    if (equals == std::string_view::npos) return among(tags(place.typed), place.begin, place.typed, "=");
+    if (equals == std::string_view::npos)
+        return startingWith(tags(place.typed), place.begin, place.typed, "=");
     return tagValues(std::string(place.typed.substr(0, equals)), place.begin + equals + 1,
                      place.typed.substr(equals + 1));
 }
@@ -251,7 +252,7 @@ Suggestions Completion::tagValues(const std::string& tag, size_t begin, std::str
         if (name) names.emplace(name);
     }
     const size_t last = typed.rfind(',') + 1;  // 0 when there is none
-    return among(names, begin + last, typed.substr(last), "");
+    return startingWith(names, begin + last, typed.substr(last), "");
 }
 
 // Tags are completed without their section, or with it if the user has begun to type a section.

@@ -50,7 +50,7 @@ class Completion {
     struct Place;
     using Names = std::set<std::string>;
 
-    Suggestions in(const Place& place) const;
+    Suggestions suggestionsAt(const Place& place) const;
     Names namesFor(const Place& place) const;
     Suggestions parameterPairs(const Place& place) const;
     Suggestions tagAssignment(const Place& place) const;

@@ -120,7 +120,7 @@ bool isFile(const std::string& textOrFile) {
            std::filesystem::exists(textOrFile, ignored);
 }
 
-void tellCuts(const InputText& input, const ParameterText& text) {
+void reportCuts(const InputText& input, const ParameterText& text) {
     for (const size_t line : text.cutLines) {
         complain(fmt::format(
             "{}:{}: one parameter left out: its line is cut, and the rest of its value is missing",
@@ -152,7 +152,7 @@ std::optional<std::vector<Parameter>> readParameters(const std::string& textOrFi
     const bool good = report(problems);
     whole = whole && good;
     if (!text || (!good && (isTyped || text->parameters.empty()))) return std::nullopt;
-    tellCuts(*input, *text);
+    reportCuts(*input, *text);
     return std::move(text->parameters);
 }
 
@@ -228,11 +228,11 @@ std::optional<DeviceInput> readDevice(const InputText& file, const std::string& 
 std::optional<DeviceInput> readDevice(const std::string& path, const std::string& camera, Wants wants) {
     const auto dump = readOr(path, "built-in device", builtInDevice());
     if (!dump) return std::nullopt;
-    tellWhatIsUsed(*dump, false);
+    reportUsedParts(*dump, false);
     return readDevice(*dump, camera, wants);
 }
 
-void tellWhatIsUsed(const InputText& input, bool properties) {
+void reportUsedParts(const InputText& input, bool properties) {
     const auto parts = partsOf(input.text);
     const Part* const dump = largest(parts, Kind::Dump);
     const Part* const list = properties ? largest(parts, Kind::Properties) : nullptr;
@@ -248,7 +248,7 @@ std::optional<Setup> readSetup(const SetupOptions& options) {
 }
 
 std::optional<Setup> readSetup(const InputText& input, const SetupOptions& options) {
-    tellWhatIsUsed(input, options.properties.empty());
+    reportUsedParts(input, options.properties.empty());
     auto device = readDevice(input, options.camera);
     Setup setup;
     setup.whole = device && device->whole;

@@ -48,7 +48,7 @@ struct OtherCamera {
 OtherCamera otherCamera(const DeviceInput& input, const std::string& camera);
 
 // Prints a line with the used parts of a bugreport; prints nothing for an input with a single part.
-void tellWhatIsUsed(const InputText& input, bool properties);
+void reportUsedParts(const InputText& input, bool properties);
 
 struct SetupOptions;
 

@@ -30,7 +30,7 @@ std::optional<Session> readSession(const std::string& path) {
     return input ? readSession(*input) : std::nullopt;
 }
 
-ExitStatus tell(const DiffReport& report, const DiffOptions& options, bool whole) {
+ExitStatus writeDifference(const DiffReport& report, const DiffOptions& options, bool whole) {
     const std::string text = options.json ? diffJson(report) : diffText(report);
     const auto page = [&] { return std::vector<PageData>{{"diff", diffJson(report)}}; };
     const bool written =
@@ -47,8 +47,8 @@ ExitStatus diffDevices(const DiffOptions& options, const InputText& a, const std
     const auto deviceB = b ? readDevice(*b, cameraB) : readDevice(std::string(), cameraB);
     const auto session = readSession(options.session);
     if (!deviceA || !deviceB || !session) return kBadInput;
-    return tell(compare(portraitOf(deviceA->device, *session), portraitOf(deviceB->device, *session)),
-                options, !options.strict || (deviceA->whole && deviceB->whole));
+    return writeDifference(compare(sideOf(deviceA->device, *session), sideOf(deviceB->device, *session)),
+                           options, !options.strict || (deviceA->whole && deviceB->whole));
 }
 
 ExitStatus diffSessions(const DiffOptions& options, const InputText& a, const std::optional<InputText>& b) {
@@ -56,8 +56,8 @@ ExitStatus diffSessions(const DiffOptions& options, const InputText& a, const st
     const auto sessionA = readSession(a);
     const auto sessionB = b ? readSession(*b) : readSession(std::string());
     if (!device || !sessionA || !sessionB) return kBadInput;
-    return tell(compare(portraitOf(*sessionA, device->device), portraitOf(*sessionB, device->device)),
-                options, !options.strict || device->whole);
+    return writeDifference(compare(sideOf(*sessionA, device->device), sideOf(*sessionB, device->device)),
+                           options, !options.strict || device->whole);
 }
 
 // Prints a message and returns nothing for an input that is neither a session nor has a dump.

@@ -27,7 +27,7 @@ Session sessionOf(std::string_view text) {
 // Records the result of a session.
 class Observer {
   public:
-    void hear(const Event& event) {
+    void onEvent(const Event& event) {
         if (const auto* command = std::get_if<CommandEvent>(&event)) mLine = command->line;
         if (const auto* request = std::get_if<RequestEvent>(&event)) add(*request);
         if (const auto* all = std::get_if<ParamsEvent>(&event)) keep(*all);
@@ -56,8 +56,8 @@ class Observer {
 Observer play(const Device& device, const Session& session) {
     const ScopedProperties restored;
     Observer observer;
-    Player player(device, [&](const Event& event) { observer.hear(event); });
-    player.playAsGuest(session);
+    Player player(device, [&](const Event& event) { observer.onEvent(event); });
+    player.playOnOtherDevice(session);
     return observer;
 }
 
@@ -87,8 +87,8 @@ Comparison compareFacts(std::string title, const Facts& a, const Facts& b) {
     return comparison;
 }
 
-const Request* requestAt(const Portrait& portrait, size_t index) {
-    return index < portrait.requests.size() ? &portrait.requests[index] : nullptr;
+const Request* requestAt(const DiffSide& side, size_t index) {
+    return index < side.requests.size() ? &side.requests[index] : nullptr;
 }
 
 std::string titleOf(size_t index, const Request* a, const Request* b) {
@@ -101,22 +101,22 @@ std::string titleOf(size_t index, const Request* a, const Request* b) {
 
 }  // namespace
 
-Portrait portraitOf(const Device& device, const Session& session) {
-    Portrait portrait{fmt::format("{}, camera {}", device.file, device.camera), {}, {}, {}, {}};
+DiffSide sideOf(const Device& device, const Session& session) {
+    DiffSide side{fmt::format("{}, camera {}", device.file, device.camera), {}, {}, {}, {}};
     for (const Tag& tag : device.vendorTags) {
-        portrait.tags.emplace(tag.fullName(), Fact{camera_metadata_type_names[tag.type]});
+        side.tags.emplace(tag.fullName(), Fact{camera_metadata_type_names[tag.type]});
     }
     const TagNames names(device.vendorTags);
     for (const StaticEntry& entry : device.entries) {
-        portrait.capabilities.emplace(names.nameOf(entry.tag), factOf(entry.tag, entry.values));
+        side.capabilities.emplace(names.nameOf(entry.tag), factOf(entry.tag, entry.values));
     }
-    portrait.parameters = play(device, sessionOf("open 0\npublish\nparams\n")).parameters;
-    portrait.requests = play(device, session).requests;
-    return portrait;
+    side.parameters = play(device, sessionOf("open 0\npublish\nparams\n")).parameters;
+    side.requests = play(device, session).requests;
+    return side;
 }
 
 // Without a camera there are no parameters.
-Portrait portraitOf(const Session& session, const Device& device) {
+DiffSide sideOf(const Session& session, const Device& device) {
     Session whole = session;
     const bool opens =
         std::any_of(session.commands.begin(), session.commands.end(),
@@ -126,7 +126,7 @@ Portrait portraitOf(const Session& session, const Device& device) {
     return {session.file, {}, {}, std::move(observer.parameters), std::move(observer.requests)};
 }
 
-DiffReport compare(const Portrait& a, const Portrait& b) {
+DiffReport compare(const DiffSide& a, const DiffSide& b) {
     DiffReport report{a.name,
                       b.name,
                       compareFacts("Vendor tags", a.tags, b.tags),

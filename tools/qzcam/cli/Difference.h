@@ -27,7 +27,7 @@ struct Request {
 };
 
 // One side of a comparison.
-struct Portrait {
+struct DiffSide {
     std::string name;
     Facts tags;          // the vendor tags and their types
     Facts capabilities;  // the static entries
@@ -36,10 +36,10 @@ struct Portrait {
 };
 
 // Returns the device, its published parameters, and the requests of the session.
-Portrait portraitOf(const Device& device, const Session& session);
+DiffSide sideOf(const Device& device, const Session& session);
 
 // Returns the parameters at the end of the session, and its requests.
-Portrait portraitOf(const Session& session, const Device& device);
+DiffSide sideOf(const Session& session, const Device& device);
 
 struct Difference {
     std::string name;
@@ -72,7 +72,7 @@ struct DiffReport {
     bool empty() const;
 };
 
-DiffReport compare(const Portrait& a, const Portrait& b);
+DiffReport compare(const DiffSide& a, const DiffSide& b);
 
 std::string diffText(const DiffReport& report);
 std::string diffJson(const DiffReport& report);

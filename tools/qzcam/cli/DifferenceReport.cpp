@@ -26,25 +26,25 @@ std::string textOf(const std::optional<Fact>& fact) {
 }
 
 template <typename List>
-size_t partingOf(const List& a, const List& b) {
+size_t firstDifference(const List& a, const List& b) {
     const auto shorter = static_cast<std::ptrdiff_t>(std::min(a.size(), b.size()));
     return static_cast<size_t>(std::mismatch(a.begin(), a.begin() + shorter, b.begin()).first - a.begin());
 }
 
 // Prints a long list from its first difference on: before it, the texts of both entries may be the same.
-std::string fromParting(const Values& values, const Values& other) {
+std::string fromFirstDifference(const Values& values, const Values& other) {
     const size_t size = values.count == 0 ? 0 : values.bytes.size() / values.count;
-    const size_t index = size == 0 ? 0 : partingOf(values.bytes, other.bytes) / size;
+    const size_t index = size == 0 ? 0 : firstDifference(values.bytes, other.bytes) / size;
     if (values.type != other.type || index < kMostShown || index >= values.count) return {};
     const auto begin = values.bytes.begin() + static_cast<std::ptrdiff_t>(index * size);
     const Values rest{values.type, values.count - index, {begin, values.bytes.end()}};
     return fmt::format("{} from value {} on: {}", typeAndCount(values), index + 1, toText(rest, kNoTag));
 }
 
-std::string fromParting(const std::string& text, const std::string& other) {
+std::string fromFirstDifference(const std::string& text, const std::string& other) {
     if (text.size() <= kLongestText) return text;
-    const size_t parting = partingOf(text, other);
-    const size_t place = parting < kLongestText / 2 ? 0 : text.find_last_of(" ,", parting) + 1;
+    const size_t first = firstDifference(text, other);
+    const size_t place = first < kLongestText / 2 ? 0 : text.find_last_of(" ,", first) + 1;
     const bool toEnd = text.size() - place <= kLongestText;
     return (place > 0 ? "... " : "") + text.substr(place, kLongestText) + (toEnd ? "" : " ...");
 }
@@ -53,10 +53,10 @@ std::string nameOf(const Difference& row) { return visible(row.name); }
 
 std::string shownOf(const std::optional<Fact>& fact, const std::optional<Fact>& other) {
     if (fact && other && fact->values && other->values) {
-        std::string text = fromParting(*fact->values, *other->values);
+        std::string text = fromFirstDifference(*fact->values, *other->values);
         if (!text.empty()) return text;
     }
-    return visible(fromParting(textOf(fact), textOf(other)));  // this may cut a character
+    return visible(fromFirstDifference(textOf(fact), textOf(other)));  // this may cut a character
 }
 
 template <typename Text>
@@ -102,15 +102,15 @@ bool isSame(const Difference& one, const Difference& other) {
 
 // A difference that the previous request also had is only counted.
 std::string requestSection(const Comparison& request, const std::vector<Difference>& before) {
-    std::vector<Difference> news;
+    std::vector<Difference> added;
     for (const Difference& row : request.differences) {
         const bool isOld = std::any_of(before.begin(), before.end(),
                                        [&](const Difference& old) { return isSame(row, old); });
-        if (!isOld) news.push_back(row);
+        if (!isOld) added.push_back(row);
     }
-    const size_t old = request.differences.size() - news.size();
+    const size_t old = request.differences.size() - added.size();
     const std::string asBefore = old > 0 ? fmt::format(", {} as in the request above", old) : "";
-    return headOf(request) + asBefore + "\n" + (news.empty() ? "" : table(news));
+    return headOf(request) + asBefore + "\n" + (added.empty() ? "" : table(added));
 }
 
 Json jsonOf(const std::optional<Fact>& fact) {

@@ -69,7 +69,9 @@ std::vector<Script> readScripts(const std::vector<std::string>& paths) {
 
 // A given session must fit the device. The built-in session is played on any device, without the parts that
 // do not fit.
-bool isGuest(const RunOptions& options) { return options.sessions.empty() && !options.device.empty(); }
+bool isForOtherDevice(const RunOptions& options) {
+    return options.sessions.empty() && !options.device.empty();
+}
 
 void checkScripts(const DeviceInput& input, std::vector<Script>& scripts) {
     const TagNames names(input.device.vendorTags);
@@ -174,17 +176,17 @@ bool Runner::play(const Session& session) {
         record(event);
     });
     player.setParameters(mParameters);
-    if (mOptions.strict) player.beStrict();
+    if (mOptions.strict) player.setStrict();
     player.setCameras(mCameras);
     mOutput->device(mDevice);
     mOutput->print(SessionEvent{session.file});
-    if (!isGuest(mOptions)) {
+    if (!isForOtherDevice(mOptions)) {
         const bool met = player.play(session);
         if (!expectsSomething(session)) note("no expectations: nothing was tested");
         return met;
     }
     note("expectations are skipped: those of the built-in session are for the built-in device");
-    return player.playAsGuest(session);
+    return player.playOnOtherDevice(session);
 }
 
 bool Runner::finish() {
@@ -215,7 +217,7 @@ ExitStatus run(const RunOptions& options) {
     const ScopedProperties restored;
     auto setup = readSetup(options);
     auto scripts = readScripts(options.sessions);
-    if (setup && !isGuest(options)) checkScripts(setup->input, scripts);
+    if (setup && !isForOtherDevice(options)) checkScripts(setup->input, scripts);
     const bool good = reportAll(scripts);
     if (!setup) return playNothing(scripts, options.junit);
 

@@ -54,16 +54,16 @@ class Shell {
     Shell(const DeviceInput& input, const RunOptions& options, const LogFilter& log, bool atTerminal);
 
     void setParameters(std::vector<Parameter> parameters) { mPlayer.setParameters(std::move(parameters)); }
-    void talk();
+    void readLines();
     ExitStatus end();
 
   private:
     std::optional<std::string> nextLine();
-    bool take(const std::string& line);  // false: leave the shell
+    bool handleLine(const std::string& line);  // false: leave the shell
     void play(const std::string& line);
     std::vector<std::string> onThisDevice(std::vector<std::string> words) const;
-    void answer(const std::vector<std::string>& words);
-    void hear(const Event& event);
+    void runCommand(const std::vector<std::string>& words);
+    void onEvent(const Event& event);
     void complain(const Problems& problems);
 
     std::string mDevice;  // the path in the command line
@@ -77,8 +77,8 @@ class Shell {
     std::string mSource;
     std::unique_ptr<LineEditor> mEditor;
     size_t mLine = 0;
-    bool mWrong = false;    // a line was wrong
-    bool mLeaving = false;  // the last line has been read
+    bool mWrong = false;     // a line was wrong
+    bool mIsEnding = false;  // the last line has been read
 };
 
 std::vector<CommandForm> shellForms() {
@@ -96,7 +96,7 @@ Shell::Shell(const DeviceInput& input, const RunOptions& options, const LogFilte
       mAtTerminal(atTerminal),
       mPrinter(stdout, wantsColour(stdout), log),
       mCompletion(input.device, shellForms()),
-      mPlayer(input.device, [this](const Event& event) { hear(event); }),
+      mPlayer(input.device, [this](const Event& event) { onEvent(event); }),
       mCameras(input.cameras),
       mSource(atTerminal ? "prompt" : "standard input") {
     mPlayer.setCameras(mCameras);
@@ -110,8 +110,8 @@ Shell::Shell(const DeviceInput& input, const RunOptions& options, const LogFilte
         [this](const std::string& line) { return mCompletion.at(line); }, historyFile());
 }
 
-void Shell::talk() {
-    for (auto line = nextLine(); line && take(*line); line = nextLine()) {
+void Shell::readLines() {
+    for (auto line = nextLine(); line && handleLine(*line); line = nextLine()) {
     }
 }
 
@@ -121,7 +121,7 @@ std::optional<std::string> Shell::nextLine() {
     return mEditor ? mEditor->line() : plainLine();
 }
 
-bool Shell::take(const std::string& line) {
+bool Shell::handleLine(const std::string& line) {
     if (line.size() > kLongestLine) {
         Problems problems(mSource);
         problems.add(mLine,
@@ -137,7 +137,7 @@ bool Shell::take(const std::string& line) {
         mPrinter.flush();
         qzcam::show(helpOn(std::string(trimmed(rest))));
     } else if (toolCommand(words) != nullptr) {
-        answer(words);
+        runCommand(words);
     } else {
         play(line);
     }
@@ -177,29 +177,29 @@ size_t countInputs(const std::vector<std::string>& words) {
 
 // Adds the device and the present parameters of the shell to a command, unless its words set them.
 std::vector<std::string> Shell::onThisDevice(std::vector<std::string> words) const {
-    const auto says = [&](std::string_view option) {
+    const auto hasWord = [&](std::string_view option) {
         return std::any_of(words.begin(), words.end(),
                            [&](const std::string& word) { return startsWith(word, option); });
     };
     const bool isCompare = words[0] == "compare";
     const bool takesInput = words[0] == "trace" || words[0] == "record" || words[0] == "show" || isCompare;
     size_t inputs = countInputs(words);
-    const bool hasDevice = says("--device") || inputs > (words[0] == "check" ? 0U : 1U);
+    const bool hasDevice = hasWord("--device") || inputs > (words[0] == "check" ? 0U : 1U);
     if (!takesInput && !mDevice.empty() && !hasDevice) {
         words.insert(words.end(), {"--device", mDevice});
-        if (!mCamera.empty() && !says("--camera")) words.insert(words.end(), {"--camera", mCamera});
+        if (!mCamera.empty() && !hasWord("--camera")) words.insert(words.end(), {"--camera", mCamera});
     }
     const bool isOfDevice = (words[0] == "show" || isCompare) && inputs == 0 && !mDevice.empty();
     if (isOfDevice) words.insert(words.begin() + 1, mDevice);
     if (isOfDevice) ++inputs;
     const std::string set = mPlayer.flattened();
     const bool takesParameters = words[0] == "explain" || (isCompare && inputs == 1);
-    if (takesParameters && !set.empty() && !says("--params")) words.insert(words.end(), {"--params", set});
+    if (takesParameters && !set.empty() && !hasWord("--params")) words.insert(words.end(), {"--params", set});
     return words;
 }
 
 // Runs a command of the tool. The vendor tags and properties of the shell are restored afterwards.
-void Shell::answer(const std::vector<std::string>& words) {
+void Shell::runCommand(const std::vector<std::string>& words) {
     const ScopedVendorTags tags;
     const ScopedProperties properties;
     const std::vector<std::string> line = onThisDevice(words);
@@ -216,16 +216,16 @@ void Shell::answer(const std::vector<std::string>& words) {
     }
 }
 
-void Shell::hear(const Event& event) {
+void Shell::onEvent(const Event& event) {
     mCompletion.learn(event);
     // The echo of a typed command and the closing of the camera at the end are not printed.
     const bool isEcho = mAtTerminal && std::holds_alternative<CommandEvent>(event);
-    const bool isFarewell = mAtTerminal && mLeaving && !std::holds_alternative<SummaryEvent>(event);
-    if (!isEcho && !isFarewell) mPrinter.print(event);
+    const bool isClosing = mAtTerminal && mIsEnding && !std::holds_alternative<SummaryEvent>(event);
+    if (!isEcho && !isClosing) mPrinter.print(event);
 }
 
 ExitStatus Shell::end() {
-    mLeaving = true;
+    mIsEnding = true;
     const bool met = mPlayer.end();
     if (!mPrinter.finish()) return kBadInput;
     if (mAtTerminal) return kFine;
@@ -245,7 +245,7 @@ ExitStatus shell(const RunOptions& options) {
     const std::string filter = options.log.empty() ? LogFilter::kDefault : options.log;
     Shell session(setup->input, options, *LogFilter::parse(filter), atTerminal);
     session.setParameters(std::move(setup->parameters));
-    session.talk();
+    session.readLines();
     const ExitStatus status = session.end();
     return options.strict && !setup->whole && !atTerminal ? kBadInput : status;
 }

@@ -35,30 +35,30 @@ StreamedInput::~StreamedInput() {
     sigaction(SIGPIPE, &mPipeBefore, nullptr);
 }
 
-StreamedInput::Came StreamedInput::more() {
+StreamedInput::Arrival StreamedInput::readMore() {
     constexpr int pause = 200;  // milliseconds
     std::array<pollfd, 2> ready{{{STDIN_FILENO, POLLIN, 0}, {STDOUT_FILENO, 0, 0}}};
     const int count = sInterrupted == 0 ? poll(ready.data(), ready.size(), pause) : 0;
     const bool isClosed = count > 0 && (ready[1].revents & POLLERR) != 0;
-    if (sInterrupted != 0 || isClosed) return Came::End;
-    if (count <= 0 || ready[0].revents == 0) return Came::Nothing;
+    if (sInterrupted != 0 || isClosed) return Arrival::End;
+    if (count <= 0 || ready[0].revents == 0) return Arrival::Nothing;
     std::array<char, 1U << 16U> chunk{};
     const ssize_t size = ::read(STDIN_FILENO, chunk.data(), chunk.size());
-    if (size < 0) return errno == EAGAIN || errno == EINTR ? Came::Nothing : Came::End;
+    if (size < 0) return errno == EAGAIN || errno == EINTR ? Arrival::Nothing : Arrival::End;
     mText.append(chunk.data(), static_cast<size_t>(size));
-    return size > 0 ? Came::Text : Came::End;
+    return size > 0 ? Arrival::Text : Arrival::End;
 }
 
 void StreamedInput::begin() {
     constexpr size_t enough = 100;  // bytes
-    auto came = Came::Text;
-    while (mText.size() < enough && came != Came::End) {
-        came = more();
-        if (came == Came::Nothing && !mText.empty()) return;
+    auto arrival = Arrival::Text;
+    while (mText.size() < enough && arrival != Arrival::End) {
+        arrival = readMore();
+        if (arrival == Arrival::Nothing && !mText.empty()) return;
     }
 }
 
-bool StreamedInput::isOneWhole() const {
+bool StreamedInput::mustBeReadWhole() const {
     constexpr std::string_view beginnings[] = {"PK\x03\x04", "\x1f\x8b", "\xff\xfe", "\xfe\xff", "====="};
     const auto begins = [this](std::string_view beginning) { return startsWith(mText, beginning); };
     if (std::any_of(std::begin(beginnings), std::end(beginnings), begins)) return true;

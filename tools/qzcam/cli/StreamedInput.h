@@ -10,7 +10,7 @@ namespace qzcam {
 
 class StreamedInput {
   public:
-    enum class Came { Text, Nothing, End };
+    enum class Arrival { Text, Nothing, End };
 
     StreamedInput();
     ~StreamedInput();
@@ -18,13 +18,13 @@ class StreamedInput {
     StreamedInput& operator=(const StreamedInput&) = delete;
 
     // Waits a while for more.
-    Came more();
+    Arrival readMore();
 
     // Waits until the beginning shows the kind of the input.
     void begin();
 
     // Returns true for a dump, a bug report and a packed file, which can be read only as a whole.
-    bool isOneWhole() const;
+    bool mustBeReadWhole() const;
 
     // Returns the text that has arrived and has not been taken yet.
     std::string& text() { return mText; }

@@ -60,7 +60,7 @@ class TraceReport {
 
     void begin(const std::vector<std::string>& inputs) {
         mTitle = fmt::format("qzcam trace: {}", fmt::join(inputs, ", "));
-        tell([&](TraceOutput& output) { output.begin(inputs); });
+        forEachOutput([&](TraceOutput& output) { output.begin(inputs); });
     }
 
     // The page draws areas on the sensors of the cameras, and shows what they declare.
@@ -73,10 +73,10 @@ class TraceReport {
         for (const TraceItem& each : group.items) item(each);
     }
     void title(const std::string& text) {
-        tell([&](TraceOutput& output) { output.group(text); });
+        forEachOutput([&](TraceOutput& output) { output.group(text); });
     }
     void note(const std::string& text) {
-        tell([&](TraceOutput& output) { output.note(text); });
+        forEachOutput([&](TraceOutput& output) { output.note(text); });
     }
 
     void item(TraceItem item) {
@@ -87,14 +87,14 @@ class TraceReport {
         }
         ++mShown;
         mOptions.filter.reduce(item);
-        tell([&](TraceOutput& output) { output.item(item); });
+        forEachOutput([&](TraceOutput& output) { output.item(item); });
         mTable.add(item);
     }
 
     void end() {
         if (mShown == 0 && mItems > 0) complain(nothingShown());
         if (!mOptions.filter.key.empty()) mTable.keepOnly(mOptions.filter.key);
-        tell([&](TraceOutput& output) { output.table(mTable, !mOptions.filter.isEmpty()); });
+        forEachOutput([&](TraceOutput& output) { output.table(mTable, !mOptions.filter.isEmpty()); });
         mPageData.push_back({"trace", std::move(mPageText)});
         const bool drawn = !mPage || writeFile(mOptions.html, htmlPage(mTitle, mPageData));
         const bool traced = !mPerfetto || writeFile(mOptions.perfetto, mPerfetto->finish());
@@ -127,11 +127,11 @@ class TraceReport {
         return [&text](const std::string& line) { text += line + "\n"; };
     }
 
-    template <typename Tell>
-    void tell(const Tell& tell) {
-        tell(*mOutput);
-        if (mPage) tell(*mPage);
-        if (mPerfetto) tell(*mPerfetto);
+    template <typename Write>
+    void forEachOutput(const Write& write) {
+        write(*mOutput);
+        if (mPage) write(*mPage);
+        if (mPerfetto) write(*mPerfetto);
     }
 
     const TraceOptions& mOptions;
@@ -219,7 +219,7 @@ ExitStatus traceFiles(const TraceOptions& options) {
 
 ExitStatus traceContent(const TraceOptions& options, StreamedInput& pieces, Evidence evidence) {
     const size_t most = InputLimits{}.bytes;
-    while (pieces.text().size() <= most && pieces.more() != StreamedInput::Came::End) {
+    while (pieces.text().size() <= most && pieces.readMore() != StreamedInput::Arrival::End) {
     }
     if (pieces.text().size() > most) {
         complain(fmt::format("{}: it is too long: expected at most {} MiB", inputName("-"), most >> 20U));
@@ -244,11 +244,11 @@ class Stream {
         : mReport(report),
           mCameras(cameras),
           mCheck(mCameras, options.filter.camera),
-          mLog([this](TraceItem item) { tell(std::move(item)); }),
+          mLog([this](TraceItem item) { pass(std::move(item)); }),
           mReader({[this](const LogLine& line) { mLog.feed(line, 0); },
                    [this](const MonitorEvent& event, const MonitorPlace& place) {
                        const std::string& camera = event.camera.empty() ? place.camera : event.camera;
-                       tell(itemOf(event, place, 0, mCameras.namesFor(camera, 0)));
+                       pass(itemOf(event, place, 0, mCameras.namesFor(camera, 0)));
                    },
                    [this](const Tag& tag) { mCameras.addTag(tag); }}) {}
 
@@ -277,7 +277,7 @@ class Stream {
 
   private:
     // An entry is checked alone here, because others of its request may not have arrived yet.
-    void tell(TraceItem item) {
+    void pass(TraceItem item) {
         mCheck.learn(item);
         EntryTexts own;
         if (item.values) own.emplace(item.tag, *item.values);
@@ -293,7 +293,7 @@ class Stream {
     size_t mLine = 0;
 };
 
-ExitStatus tellLines(const TraceOptions& options, StreamedInput& pieces, const Evidence& evidence) {
+ExitStatus traceLines(const TraceOptions& options, StreamedInput& pieces, const Evidence& evidence) {
     TraceCameras& cameras = *evidence.cameras;
     TraceReport report(options);
     report.begin({inputName("-")});
@@ -301,9 +301,9 @@ ExitStatus tellLines(const TraceOptions& options, StreamedInput& pieces, const E
     Stream stream(report, options, cameras);
     for (bool isOpen = true; isOpen && report.flush();) {
         stream.takeLines(pieces.text());
-        const auto came = pieces.more();
-        if (came == StreamedInput::Came::Nothing) stream.endPending();
-        isOpen = came != StreamedInput::Came::End;
+        const auto arrival = pieces.readMore();
+        if (arrival == StreamedInput::Arrival::Nothing) stream.endPending();
+        isOpen = arrival != StreamedInput::Arrival::End;
     }
     stream.takeLines(pieces.text());
     stream.end(pieces.text());
@@ -319,8 +319,8 @@ ExitStatus traceStream(const TraceOptions& options) {
     Evidence evidence;
     if (!addDevice(evidence, options)) return kBadInput;
     pieces.begin();
-    if (pieces.isOneWhole()) return traceContent(options, pieces, std::move(evidence));
-    return tellLines(options, pieces, evidence);
+    if (pieces.mustBeReadWhole()) return traceContent(options, pieces, std::move(evidence));
+    return traceLines(options, pieces, evidence);
 }
 
 }  // namespace

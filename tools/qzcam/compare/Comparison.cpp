@@ -48,7 +48,7 @@ bool sameValues(const EntryValues& there, const Values& here) {
 }
 
 // An entry of the phone, with the name that its device declares.
-struct There {
+struct PhoneEntry {
     std::string tag;
     const ArrayEntry* entry;
     EntryValues values;
@@ -69,12 +69,12 @@ class Comparer {
     std::string reasonOf(const ComparedEntry& row) const;
     std::string whyOnlyThere(const ComparedEntry& row) const;
     std::string whyOnlyHere(const ComparedEntry& row) const;
-    std::string fateOf(const std::string& tag) const;
+    std::string outcomeOf(const std::string& tag) const;
 
     const TagNames mNames;
     const std::vector<EntryRow>& mHere;
     const LibrarySide& mLibrary;
-    std::vector<There> mThere;
+    std::vector<PhoneEntry> mThere;
     EntryTexts mTexts;  // the phone's
 };
 
@@ -98,7 +98,7 @@ const EntryRow* Comparer::hereOf(const std::string& tag) const {
 }
 
 bool Comparer::isThere(const std::string& tag) const {
-    return std::any_of(mThere.begin(), mThere.end(), [&](const There& each) { return each.tag == tag; });
+    return std::any_of(mThere.begin(), mThere.end(), [&](const PhoneEntry& each) { return each.tag == tag; });
 }
 
 const VerdictRow* Comparer::verdictOn(const std::string& key) const {
@@ -108,14 +108,14 @@ const VerdictRow* Comparer::verdictOn(const std::string& key) const {
 }
 
 void Comparer::addThere(std::vector<ComparedEntry>& rows) const {
-    for (const There& there : mThere) {
+    for (const PhoneEntry& there : mThere) {
         ComparedEntry row;
         row.tag = there.tag;
         row.line = there.entry->line;
         row.there = toText(*there.entry, there.values);
         row.thereValues = there.values.values;
         row.cut = there.values.cut;
-        row.isLibrarys = !rowsWriting(there.tag).empty();
+        row.isFromLibrary = !rowsWriting(there.tag).empty();
         row.kind = Kind::OnlyThere;
         if (const EntryRow* here = hereOf(there.tag)) {
             row.kind = sameValues(there.values, here->values) ? Kind::Same : Kind::Different;
@@ -136,13 +136,13 @@ void Comparer::addHere(std::vector<ComparedEntry>& rows) const {
         row.here = qzcam::toText(here.values, here.tag);
         row.hereValues = here.values;
         row.parameters = here.from;
-        row.isLibrarys = true;
+        row.isFromLibrary = true;
         rows.push_back(std::move(row));
     }
 }
 
 // Returns the first verdict about the parameters of the entry that is not "written".
-std::string Comparer::fateOf(const std::string& tag) const {
+std::string Comparer::outcomeOf(const std::string& tag) const {
     for (const std::string& key : keysWriting(tag)) {
         const VerdictRow* verdict = verdictOn(key);
         if (verdict == nullptr || verdict->verdict == Verdict::Written) continue;
@@ -153,8 +153,8 @@ std::string Comparer::fateOf(const std::string& tag) const {
 }
 
 std::string Comparer::whyOnlyThere(const ComparedEntry& row) const {
-    if (!row.isLibrarys) return "no parameter of the library writes it";
-    if (std::string fate = fateOf(row.tag); !fate.empty()) return fate;
+    if (!row.isFromLibrary) return "no parameter of the library writes it";
+    if (std::string outcome = outcomeOf(row.tag); !outcome.empty()) return outcome;
     const std::string back = toText(wordsBackFor(row.tag, mTexts));
     if (!back.empty()) return back + " there, not set here";
     const auto keys = keysWriting(row.tag);
@@ -177,7 +177,7 @@ std::string Comparer::reasonOf(const ComparedEntry& row) const {
                            typeAndCount(*row.hereValues));
     }
     const std::string back = toText(wordsBackFor(row.tag, mTexts));
-    return back.empty() ? fateOf(row.tag) : back + " there";
+    return back.empty() ? outcomeOf(row.tag) : back + " there";
 }
 
 ArrayComparison Comparer::run() const {
@@ -187,7 +187,7 @@ ArrayComparison Comparer::run() const {
     for (ComparedEntry& row : comparison.entries) row.reason = reasonOf(row);
     std::stable_sort(comparison.entries.begin(), comparison.entries.end(),
                      [](const ComparedEntry& a, const ComparedEntry& b) {
-                         if (a.isLibrarys != b.isLibrarys) return a.isLibrarys;
+                         if (a.isFromLibrary != b.isFromLibrary) return a.isFromLibrary;
                          return a.kind < b.kind;
                      });
     return comparison;
@@ -202,7 +202,7 @@ const char* nameOf(Kind kind) {
 
 size_t ArrayComparison::count(Kind kind) const {
     return static_cast<size_t>(std::count_if(entries.begin(), entries.end(), [&](const ComparedEntry& row) {
-        return row.isLibrarys && row.kind == kind;
+        return row.isFromLibrary && row.kind == kind;
     }));
 }
 

@@ -31,9 +31,9 @@ struct ComparedEntry {
     std::string here;
     std::optional<Values> thereValues;
     std::optional<Values> hereValues;
-    bool cut = false;         // the dump shows only the first values of the phone
-    bool isLibrarys = false;  // the library may write it
-    Texts parameters;         // parameters that this side's entry is made from
+    bool cut = false;            // the dump shows only the first values of the phone
+    bool isFromLibrary = false;  // the library may write it
+    Texts parameters;            // parameters that this side's entry is made from
     std::string reason;
 };
 

@@ -75,7 +75,7 @@ Json sideJson(const Values& values) {
 Json rowJson(const ComparedEntry& row) {
     std::string kind = nameOf(row.kind);
     std::replace(kind.begin(), kind.end(), ' ', '-');
-    Json json{{"tag", row.tag}, {"comparison", kind}, {"library", row.isLibrarys}};
+    Json json{{"tag", row.tag}, {"comparison", kind}, {"library", row.isFromLibrary}};
     if (row.line != 0) json["line"] = row.line;
     if (row.thereValues) json["there"] = sideJson(*row.thereValues);
     if (row.cut) json["cut"] = true;
@@ -93,8 +93,8 @@ std::string comparisonText(const ComparedSides& sides, const ArrayComparison& co
     text += fmt::format("{:<10}  {:<{}}  {:<{}}  here\n", "", "", widths.tag, "there", widths.there);
     bool ofLibrary = true;
     for (const ComparedEntry& row : comparison.entries) {
-        if (ofLibrary && !row.isLibrarys) text += "\nentries that the library never writes\n";
-        ofLibrary = row.isLibrarys;
+        if (ofLibrary && !row.isFromLibrary) text += "\nentries that the library never writes\n";
+        ofLibrary = row.isFromLibrary;
         text += rowText(row, widths);
     }
     return text + countsText(comparison);

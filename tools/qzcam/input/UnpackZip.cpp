@@ -205,7 +205,7 @@ std::string nothingIn(const Listing& listing) {
     return "the zip contains no text: expected the zip of 'adb bugreport', or a dump";
 }
 
-void tellAboutMain(const Listing& listing, const Entry& chosen, Content& content) {
+void reportMissingMainEntry(const Listing& listing, const Entry& chosen, Content& content) {
     if (listing.mainEntry.empty() || listing.mainEntry == chosen.name) return;
     content.cuts.push_back(fmt::format("main_entry.txt names {}, which is not in the zip: {} is used",
                                        excerpt(listing.mainEntry), excerpt(chosen.name)));
@@ -223,7 +223,7 @@ std::vector<std::string> othersIn(const Listing& listing, const Entry& chosen) {
     return names;
 }
 
-void tellAboutOthers(const std::vector<std::string>& names, Content& content) {
+void reportUnused(const std::vector<std::string>& names, Content& content) {
     constexpr size_t kMost = 5;
     std::vector<std::string> shown;
     for (size_t i = 0; i < std::min(names.size(), kMost); ++i) shown.push_back(excerpt(names[i]));
@@ -246,7 +246,7 @@ const Entry* choose(const Listing& listing, Content& content) {
     if (!content.entry.empty()) return entryNamed(listing, std::exchange(content.entry, {}));
     const Entry* const chosen = chosenOf(listing);
     if (!chosen) return nullptr;
-    tellAboutMain(listing, *chosen, content);
+    reportMissingMainEntry(listing, *chosen, content);
     constexpr size_t kMostPassed = 20;  // each is read from the whole zip
     auto others = othersIn(listing, *chosen);
     if (auto* const passed = std::exchange(content.others, nullptr)) {
@@ -254,7 +254,7 @@ const Entry* choose(const Listing& listing, Content& content) {
         passed->assign(others.begin(), end);
         others.erase(others.begin(), end);
     }
-    tellAboutOthers(others, content);
+    reportUnused(others, content);
     return chosen;
 }
 

@@ -24,7 +24,7 @@ std::vector<MatrixRow> rowsByFeature() {
 
 using Counts = std::array<size_t, kVerdicts>;
 
-Counts badOnes(const Matrix& matrix, qz::Feature feature) {
+Counts countFaults(const Matrix& matrix, qz::Feature feature) {
     Counts counts{};
     for (const MatrixColumn& column : matrix) {
         const Counts more = featureCell(column, feature).counts;
@@ -71,7 +71,7 @@ std::vector<qz::Feature> featuresOf(const Matrix& matrix) {
     std::vector<std::pair<Counts, qz::Feature>> features;
     for (const MatrixRow& row : matrixRows()) {
         const bool isNew = features.empty() || features.back().second != row.feature;
-        if (isNew) features.emplace_back(badOnes(matrix, row.feature), row.feature);
+        if (isNew) features.emplace_back(countFaults(matrix, row.feature), row.feature);
     }
     std::stable_sort(features.begin(), features.end(),
                      [](const auto& a, const auto& b) { return a.first > b.first; });

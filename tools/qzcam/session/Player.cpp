@@ -68,7 +68,7 @@ bool Player::end() {
     return mFailed == 0;
 }
 
-bool Player::playAsGuest(const Session& session) {
+bool Player::playOnOtherDevice(const Session& session) {
     mExpectations = false;
     mBackgroundCommands = takesAllResults(session);
     playPiece(session);
@@ -88,7 +88,7 @@ bool Player::takesAllResults(const Session& session) const {
 }
 
 void Player::playPiece(const Session& piece) {
-    const LogListener listener([this](const LogEvent& line) { hear(line); });
+    const LogListener listener([this](const LogEvent& line) { onLogLine(line); });
     for (size_t i = 0; i < piece.commands.size(); ++i) {
         const Command& command = piece.commands[i];
         if (!isPlayed(command)) continue;
@@ -163,7 +163,7 @@ void Player::begin(size_t line, const std::string& text) {
 
 // A camera that is closed at the end logs it, like a camera that is replaced.
 void Player::finish() {
-    const LogListener listener([this](const LogEvent& line) { hear(line); });
+    const LogListener listener([this](const LogEvent& line) { onLogLine(line); });
     if (mBackground.valid()) {
         begin(0, "wait");
         wait({});
@@ -175,7 +175,7 @@ void Player::finish() {
     }
 }
 
-void Player::hear(const LogEvent& line) {
+void Player::onLogLine(const LogEvent& line) {
     mState.step.log.push_back(withoutAddress(line));
     mSink(mState.step.log.back());
 }

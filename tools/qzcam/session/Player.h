@@ -49,7 +49,7 @@ class Player {
 
     // From now on parameters that the device does not offer, or whose number does not fit, count as failed
     // expectations. A parameter for which the session expects this verdict does not count.
-    void beStrict() { mStrict = true; }
+    void setStrict() { mStrict = true; }
 
     // Returns false if an expectation was not met.
     bool play(const Session& session);
@@ -61,7 +61,7 @@ class Player {
 
     // Plays a session written for another device: skips expectations, and commands for tags that this device
     // does not declare.
-    bool playAsGuest(const Session& session);
+    bool playOnOtherDevice(const Session& session);
 
   private:
     struct BackgroundCommand {
@@ -99,7 +99,7 @@ class Player {
     void skip(const Command& command);
     void query(const Command& command);
 
-    void hear(const LogEvent& line);
+    void onLogLine(const LogEvent& line);
     void status(const std::string& of, int32_t value, bool isAnswer = false);
     void property(const std::string& name, const std::string& value);
     void setParameter(const std::string& key, const std::string& value, size_t line);

@@ -219,7 +219,7 @@ void Player::request(const Command& command) {
     {
         const LogListener listener([&](const LogEvent& line) {
             addLogLine(trace, line);
-            hear(line);
+            onLogLine(line);
         });
         mCamera->adapter().watch(&trace);
         status("request", mCamera->translator().paramToMetaData(&metadata));
@@ -315,7 +315,7 @@ void Player::sendCommand(const Command& command) {
 void Player::wait(const Command&) {
     if (!mBackground.valid()) return mSink(NoteEvent{"no command runs in the background"});
     const BackgroundCommand done = mBackground.get();
-    for (const LogEvent& line : done.log) hear(line);
+    for (const LogEvent& line : done.log) onLogLine(line);
     status(done.text, done.status, true);
 }
 

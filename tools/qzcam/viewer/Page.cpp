@@ -26,7 +26,7 @@ constexpr std::string_view kHead = R"(<!DOCTYPE html>
 )";
 
 // Removes the white space within objects, which is a third of a page. Each object keeps its own line.
-std::string compact(const std::string& json) {
+std::string withoutBlanks(const std::string& json) {
     std::string text;
     text.reserve(json.size());
     size_t depth = 0;
@@ -46,11 +46,11 @@ std::string compact(const std::string& json) {
 // In JSON these characters occur only in strings. In escaped form they can neither end nor begin an element
 // of the page.
 std::string inScript(const std::string& json) {
-    return replaced(compact(json), {{'<', "\\u003c"}, {'>', "\\u003e"}, {'&', "\\u0026"}});
+    return replaced(withoutBlanks(json), {{'<', "\\u003c"}, {'>', "\\u003e"}, {'&', "\\u0026"}});
 }
 
 // Removes margins and comments of the viewer's sources, because a page is sent by mail.
-std::string lean(std::string_view source) {
+std::string withoutComments(std::string_view source) {
     std::string text;
     Lines lines(source);
     for (std::string_view line; lines.next(line);) {
@@ -87,7 +87,7 @@ PageData rowData() {
 
 std::string htmlPage(std::string_view title, const std::vector<PageData>& data) {
     std::string page = headOf(title);
-    page.append("<style>\n").append(lean(viewerStyle())).append("</style>\n</head>\n<body>\n");
+    page.append("<style>\n").append(withoutComments(viewerStyle())).append("</style>\n</head>\n<body>\n");
     page += "<noscript>This page is drawn by its script, which is switched off here.</noscript>\n";
     page += "<div id=\"page\"></div>\n";
     for (const PageData& each : data) {
@@ -95,7 +95,7 @@ std::string htmlPage(std::string_view title, const std::vector<PageData>& data) 
         page += inScript(each.json) + "</script>\n";
     }
     page.append("<script>\n'use strict';\n(() => {\n")
-        .append(lean(viewerScript()))
+        .append(withoutComments(viewerScript()))
         .append("})();\n</script>\n");
     return page + "</body>\n</html>\n";
 }
