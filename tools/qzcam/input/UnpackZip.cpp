@@ -66,7 +66,7 @@ class Zip {
     }
     std::string error() const {
         const char* const text = archive_error_string(mArchive.get());
-        return text ? text : "no reason given";
+        return std::string(text ? trimmed(text) : "no reason given");  // some texts end with a newline
     }
 
   private:
