@@ -28,45 +28,47 @@ std::string otherCamerasText(const Device& device) {
     return fmt::format("  other cameras: {}; --camera chooses one\n", fmt::join(device.otherCameras, ", "));
 }
 
-ExitStatus checkOne(const CheckOptions& options, const DeviceInput& input) {
-    const DeviceCheck result = checkDevice(input.device);
-    const bool colour = wantsColour(stdout);
-    std::string text;
-    if (options.json) {
-        text = checkJson(input.device, result);
-    } else {
-        Printer printer(stdout, colour, ANDROID_LOG_SILENT);
-        printer.setVerbose(options.verbose);
-        printer.device(input.device);
-        text = otherCamerasText(input.device) + "\n" + checkText(input.device, result, colour);
+// The checked cameras of a dump: one, or all for a table.
+class Checked {
+  public:
+    Checked(const DeviceInput& input, bool isTable) : mIsTable(isTable), mWhole(input.whole) {
+        add(input.device);
+        if (!isTable) return;
+        for (const std::string& other : input.device.otherCameras) {
+            const OtherCamera camera = otherCamera(input, other);
+            mWhole = mWhole && camera.whole;
+            add(camera.device);
+        }
     }
-    const bool written = writeResult(text, options.html, "check: " + input.device.file, [&] {
-        return std::vector<PageData>{{"check", checkJson(input.device, result)}, rowData()};
-    });
-    if (!written || (options.strict && !input.whole)) return kBadInput;
-    return result.failed() || !input.device.faults.empty() ? kExpectationFailed : kFine;
-}
 
-ExitStatus checkAll(const CheckOptions& options, const DeviceInput& first) {
-    bool isWhole = first.whole;
-    std::vector<CheckedCamera> cameras;
-    cameras.push_back({first.device, checkDevice(first.device)});
-    for (const std::string& other : first.device.otherCameras) {
-        OtherCamera camera = otherCamera(first, other);
-        isWhole = isWhole && camera.whole;
-        DeviceCheck result = checkDevice(camera.device);
-        cameras.push_back({std::move(camera.device), std::move(result)});
+    bool isWhole() const { return mWhole; }
+    bool failed() const {
+        return std::any_of(mCameras.begin(), mCameras.end(), [](const CheckedCamera& camera) {
+            return camera.check.failed() || !camera.device.faults.empty();
+        });
     }
-    const bool failed = std::any_of(cameras.begin(), cameras.end(), [](const CheckedCamera& camera) {
-        return camera.check.failed() || !camera.device.faults.empty();
-    });
-    const std::string text = options.json ? camerasJson(cameras) : camerasText(cameras, wantsColour(stdout));
-    const bool written = writeResult(text, options.html, "check: " + first.device.file, [&] {
-        return std::vector<PageData>{{"cameras", camerasJson(cameras)}, rowData()};
-    });
-    if (!written || (options.strict && !isWhole)) return kBadInput;
-    return failed ? kExpectationFailed : kFine;
-}
+    std::string json() const {
+        return mIsTable ? camerasJson(mCameras) : checkJson(mCameras[0].device, mCameras[0].check);
+    }
+    PageData pageData() const { return {mIsTable ? "cameras" : "check", json()}; }
+    // Prints the device of a single camera, and returns the rest.
+    std::string text(bool verbose) const {
+        const bool colour = wantsColour(stdout);
+        if (mIsTable) return camerasText(mCameras, colour);
+        const auto& [device, check] = mCameras[0];
+        Printer printer(stdout, colour, ANDROID_LOG_SILENT);
+        printer.setVerbose(verbose);
+        printer.device(device);
+        return otherCamerasText(device) + "\n" + checkText(device, check, colour);
+    }
+
+  private:
+    void add(const Device& device) { mCameras.push_back({device, checkDevice(device)}); }
+
+    bool mIsTable;
+    bool mWhole;
+    std::vector<CheckedCamera> mCameras;
+};
 
 }  // namespace
 
@@ -80,7 +82,12 @@ ExitStatus check(const CheckOptions& options) {
     if (!input) return kBadInput;
     const bool isTable = options.camera == kAllCameras || (wantsAll && !input->device.otherCameras.empty());
     if (!isTable && !canBeChecked(input->device)) return kBadInput;
-    return isTable ? checkAll(options, *input) : checkOne(options, *input);
+    const Checked checked(*input, isTable);
+    const std::string text = options.json ? checked.json() : checked.text(options.verbose);
+    const auto page = [&] { return std::vector<PageData>{checked.pageData(), rowData()}; };
+    const bool written = writeResult(text, options.html, "check: " + input->device.file, page);
+    if (!written || (options.strict && !checked.isWhole())) return kBadInput;
+    return checked.failed() ? kExpectationFailed : kFine;
 }
 
 }  // namespace qzcam

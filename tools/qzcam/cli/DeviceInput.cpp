@@ -48,25 +48,30 @@ std::string whyNoDump(InputKind kind) {
 
 // The text of a dump, and the number of its first line.
 struct DumpText {
-    std::string_view text;
+    InputText text;
     size_t firstLine = 1;
 };
 
-DumpText dumpIn(const std::vector<Part>& parts, const InputText& input, std::string& unwrapped,
-                Problems& problems) {
+std::optional<DumpText> dumpIn(const InputText& input, Problems& problems) {
+    const auto parts = partsOf(input.text);
     if (const Part* const dump = largest(parts, Kind::Dump)) {
         if (!dump->fault.empty()) {
             problems.add(dump->faultLine, fmt::format("the camera dump is cut: {}", cut(dump->fault, 100)));
         }
-        return {dump->text, dump->firstLine};
+        DumpText found{input, dump->firstLine};
+        found.text.text = dump->text;
+        return found;
     }
     const Part* const log = largest(parts, Kind::Log);
     if (auto logged = log ? dumpInLog(log->text) : std::nullopt) {
-        unwrapped = std::move(*logged);
-        return {unwrapped, log->firstLine};
+        DumpText found{textInput(input.name, std::move(*logged)), log->firstLine};
+        found.text.cuts = input.cuts;
+        return found;
     }
-    if (isReport(parts)) return {};
-    return {input.text, 1};
+    const std::string why = whyNoDump(kindOf(input.text, parts));
+    if (why.empty()) return DumpText{input};
+    problems.add(0, why);
+    return std::nullopt;
 }
 
 Properties readProperties(const std::string& path, Problems& problems) {
@@ -205,22 +210,12 @@ OtherCamera otherCamera(const DeviceInput& input, const std::string& camera) {
 
 std::optional<DeviceInput> readDevice(const InputText& file, const std::string& camera, Wants wants) {
     Problems problems(file.name);
-    const auto parts = partsOf(file.text);
-    std::string unwrapped;
-    const DumpText dump = dumpIn(parts, file, unwrapped, problems);
-    const bool hasDump = largest(parts, Kind::Dump) != nullptr || !unwrapped.empty();
-    if (const std::string why = hasDump ? "" : whyNoDump(kindOf(file.text, parts)); !why.empty()) {
-        problems.add(0, why);
+    const auto dump = dumpIn(file, problems);
+    if (!dump) {
         report(problems);
         return std::nullopt;
     }
-    InputText text = file;
-    text.text = dump.text;
-    if (!unwrapped.empty()) {
-        text = textInput(file.name, std::move(unwrapped));
-        text.cuts = file.cuts;
-    }
-    DeviceInput input = deviceOfText(text, dump.firstLine, camera, problems);
+    DeviceInput input = deviceOfText(dump->text, dump->firstLine, camera, problems);
     const bool hasTags = wants == Wants::VendorTags && camera.empty() && input.device.hasVendorTags;
     return input.device.camera.empty() && !hasTags ? std::nullopt : std::optional(std::move(input));
 }

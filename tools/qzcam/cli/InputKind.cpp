@@ -8,6 +8,7 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <array>
 
 namespace qzcam {
 
@@ -35,35 +36,20 @@ bool hasMonitorEvent(std::string_view text) {
     return false;
 }
 
-struct KindText {
-    const char* name;
-    const char* use;
-};
+constexpr const char* kOfPhone =
+    "--device takes it, 'qzcam trace' and 'qzcam record' read what the phone did";
 
-KindText textOf(InputKind kind) {
-    constexpr const char* kOfPhone =
-        "--device takes it, 'qzcam trace' and 'qzcam record' read what the phone did";
-    switch (kind) {
-        case InputKind::Report:
-            return {"a bugreport", kOfPhone};
-        case InputKind::Dump:
-            return {"a dump of the camera service", kOfPhone};
-        case InputKind::Session:
-            return {"a session", "'qzcam run' plays it"};
-        case InputKind::Log:
-            return {"a log without a dump", "'qzcam trace' shows what the phone did"};
-        case InputKind::Watch:
-            return {"output of 'cmd media.camera watch'", "'qzcam trace' shows its events"};
-        case InputKind::Properties:
-            return {"a list of properties", "--getprop takes it"};
-        case InputKind::Parameters:
-            return {"a list of parameters", "--params takes it"};
-        case InputKind::Empty:
-        case InputKind::Other:
-            break;
-    }
-    return {"empty", nullptr};
-}
+// In the order of InputKind: the name of a kind, and what to do with such an input.
+constexpr std::array<std::array<const char*, 2>, 8> kTexts{
+    {{"empty", nullptr},
+     {"a bugreport", kOfPhone},
+     {"a dump of the camera service", kOfPhone},
+     {"a session", "'qzcam run' plays it"},
+     {"a log without a dump", "'qzcam trace' shows what the phone did"},
+     {"output of 'cmd media.camera watch'", "'qzcam trace' shows its events"},
+     {"a list of properties", "--getprop takes it"},
+     {"a list of parameters", "--params takes it"}}};
+static_assert(kTexts.size() == static_cast<size_t>(InputKind::Other));
 
 }  // namespace
 
@@ -93,7 +79,7 @@ bool isOfPhone(InputKind kind) {
 
 std::string notExpected(InputKind kind, std::string_view expected) {
     if (kind == InputKind::Other) return {};
-    const auto [name, use] = textOf(kind);
+    const auto& [name, use] = kTexts[static_cast<size_t>(kind)];
     return fmt::format("it is {}: expected {}{}", name, expected, use ? fmt::format("; {}", use) : "");
 }
 

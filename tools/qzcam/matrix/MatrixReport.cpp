@@ -8,6 +8,7 @@
 #include <nlohmann/json.hpp>
 
 #include <algorithm>
+#include <functional>
 #include <string_view>
 
 namespace qzcam {
@@ -30,9 +31,8 @@ std::string cellText(const MatrixCell& cell) {
 std::string worstText(const MatrixColumn& column, size_t row) {
     const MatrixCell& cell = column.cells[row];
     if (cell.verdict == TagVerdict::Fine) return nameOf(TagVerdict::Fine);
-    const std::string what = cell.what.empty() ? "" : ": " + cell.what;
-    return fmt::format("{} {} ({}){}", nameOf(cell.verdict), matrixRows()[row].tag, matrixRows()[row].use,
-                       what);
+    return fmt::format("{} {} ({}){}{}", nameOf(cell.verdict), matrixRows()[row].tag, matrixRows()[row].use,
+                       cell.what.empty() ? "" : ": ", cell.what);
 }
 
 // Spreadsheets evaluate a cell that begins like a formula.
@@ -60,32 +60,35 @@ std::string changesCsv(const std::vector<MatrixChange>& changes) {
     return text;
 }
 
-std::string tagsCsv(const Matrix& matrix) {
-    std::vector<std::string> cells{"feature", "tag", "use"};
+// `cellOf`: the cell of a usable column.
+std::string rowCsv(std::vector<std::string> cells, const Matrix& matrix,
+                   const std::function<std::string(const MatrixColumn&)>& cellOf) {
+    for (const MatrixColumn& column : matrix)
+        cells.push_back(column.isUsable() ? cellOf(column) : column.error);
+    return csvLine(cells);
+}
+
+std::string headCsv(std::vector<std::string> cells, const Matrix& matrix) {
     for (const MatrixColumn& column : matrix) cells.push_back(columnName(column));
-    std::string text = csvLine(cells);
-    for (size_t row = 0; row < matrixRows().size(); ++row) {
-        const auto& [feature, tag, use] = matrixRows()[row];
-        cells = {nameOf(feature), tag, use};
-        for (const MatrixColumn& column : matrix) {
-            cells.push_back(column.isUsable() ? cellText(column.cells[row]) : column.error);
-        }
-        text += csvLine(cells);
+    return csvLine(cells);
+}
+
+std::string tagsCsv(const Matrix& matrix) {
+    std::string text = headCsv({"feature", "tag", "use"}, matrix);
+    for (size_t i = 0; i < matrixRows().size(); ++i) {
+        const auto& [feature, tag, use] = matrixRows()[i];
+        text += rowCsv({nameOf(feature), tag, use}, matrix,
+                       [i](const MatrixColumn& column) { return cellText(column.cells[i]); });
     }
     return text;
 }
 
 std::string featuresCsv(const Matrix& matrix) {
-    std::vector<std::string> cells{"feature"};
-    for (const MatrixColumn& column : matrix) cells.push_back(columnName(column));
-    std::string text = csvLine(cells);
+    std::string text = headCsv({"feature"}, matrix);
     for (const qz::Feature feature : featuresOf(matrix)) {
-        cells = {nameOf(feature)};
-        for (const MatrixColumn& column : matrix) {
-            cells.push_back(column.isUsable() ? worstText(column, featureCell(column, feature).worst)
-                                              : column.error);
-        }
-        text += csvLine(cells);
+        text += rowCsv({nameOf(feature)}, matrix, [feature](const MatrixColumn& column) {
+            return worstText(column, featureCell(column, feature).worst);
+        });
     }
     return text;
 }
