@@ -11,6 +11,7 @@
 #include <tags/TagNames.h>
 
 #include <algorithm>
+#include <map>
 #include <unordered_map>
 
 namespace qzcam {
@@ -136,6 +137,20 @@ std::vector<std::string> capabilityNames() {
         if (fact.capability != nullptr && isVendorTag(fact.entry.tag)) names.emplace_back(fact.entry.tag);
     }
     return names;
+}
+
+Side sideOf(Use use) {
+    if (use == Use::Request) return Side::Request;
+    return use == Use::Result ? Side::Result : Side::Static;
+}
+
+const std::set<std::string>& tagsOf(Side side) {
+    static const auto all = [] {
+        std::map<Side, std::set<std::string>> tags;
+        for (const TagFact& fact : tagFacts()) tags[sideOf(fact.use)].insert(fact.entry.tag);
+        return tags;
+    }();
+    return all.at(side);
 }
 
 std::string shortName(const std::string& tag) {

@@ -8,6 +8,7 @@
 #include <rows/Entry.h>
 #include <rows/Feature.h>
 
+#include <set>
 #include <string>
 #include <vector>
 
@@ -15,6 +16,10 @@ namespace qzcam {
 
 enum class Use { Request, Capability, Result, Inspection };
 const char* nameOf(Use use);
+
+// The metadata of a camera: its static info, a request or a result.
+enum class Side { Unknown, Static, Request, Result };
+Side sideOf(Use use);
 
 struct TagFact {
     Use use = Use::Request;
@@ -28,6 +33,9 @@ struct TagFact {
 
 // Facts in the order of the passes. A tag has one fact for each use.
 const std::vector<TagFact>& tagFacts();
+
+// Returns the tags that the library writes into requests, or reads from static info or results.
+const std::set<std::string>& tagsOf(Side side);
 
 // Vendor tags of the capability pass, in its order.
 std::vector<std::string> capabilityNames();

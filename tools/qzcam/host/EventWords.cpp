@@ -30,13 +30,7 @@ constexpr std::array<VerdictName, 11> kVerdicts{
      {Verdict::NoEntry, "no-entry", "no entry", "the library reads it, but writes no entry for this value"},
      {Verdict::Unread, "unread", "read by no setter", "no setter reads it"}}};
 
-struct ChangeName {
-    Change change;
-    const char* word;
-};
-
-constexpr std::array<ChangeName, 4> kChanges{
-    {{Change::None, "none"}, {Change::New, "new"}, {Change::Changed, "changed"}, {Change::Gone, "gone"}}};
+constexpr const char* kChanges[] = {"none", "new", "changed", "gone"};
 
 const VerdictName& nameOf(Verdict verdict) {
     return *std::find_if(kVerdicts.begin(), kVerdicts.end(),
@@ -82,17 +76,12 @@ const char* meaningOf(KeyOwner owner) {
     return meanings[static_cast<size_t>(owner)];
 }
 
-const char* changeWord(Change change) {
-    return std::find_if(kChanges.begin(), kChanges.end(),
-                        [&](const ChangeName& name) { return name.change == change; })
-        ->word;
-}
+const char* changeWord(Change change) { return kChanges[static_cast<size_t>(change)]; }
 
 std::optional<Change> findChange(std::string_view word) {
-    for (const ChangeName& name : kChanges) {
-        if (word == name.word) return name.change;
-    }
-    return std::nullopt;
+    const auto* found = std::find(std::begin(kChanges), std::end(kChanges), word);
+    if (found == std::end(kChanges)) return std::nullopt;
+    return static_cast<Change>(found - std::begin(kChanges));
 }
 
 }  // namespace qzcam

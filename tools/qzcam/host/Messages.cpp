@@ -4,6 +4,7 @@
 #include "base/Text.h"
 
 #include <callback/Messages.h>
+#include <callback/Results.h>
 #include <fmt/format.h>
 
 #include <algorithm>
@@ -111,6 +112,18 @@ Message dataBlock(int32_t code, const void* data, size_t size) {
         message.numbers.push_back(*number);
     }
     return decoded(std::move(message));
+}
+
+std::vector<std::string> resultEntriesOf(const Message& message) {
+    std::vector<std::string> names;
+    for (const qz::ResultRow& row : qz::kResults) {
+        if (row.message == 0 || static_cast<uint32_t>(row.message) != message.code) continue;
+        const bool isKind =
+            row.kind == 0 || (!message.numbers.empty() && message.numbers.front() == row.kind);
+        if (!isKind) continue;
+        for (const qz::EntryRow& entry : row.entries) names.emplace_back(entry.tag);
+    }
+    return names;
 }
 
 std::optional<uint32_t> findMessageCode(std::string_view word) {

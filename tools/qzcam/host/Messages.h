@@ -27,6 +27,10 @@ struct Message {
 Message notification(int32_t code, int32_t ext1, int32_t ext2);
 Message dataBlock(int32_t code, const void* data, size_t size);
 
+// Returns the result entries that the senders of the message read. Returns nothing for a message that the
+// host sends itself.
+std::vector<std::string> resultEntriesOf(const Message& message);
+
 // Returns the code of a message's name, or of a number.
 std::optional<uint32_t> findMessageCode(std::string_view word);
 std::string messageNames();

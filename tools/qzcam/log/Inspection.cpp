@@ -2,7 +2,6 @@
 #include "log/Inspection.h"
 
 #include "base/Text.h"
-#include "facts/Tags.h"
 
 #include <rows/Line.h>
 
@@ -17,22 +16,11 @@ using Kind = Inspected::Kind;
 
 constexpr size_t kMostElements = 4096;
 
-Of ofUse(Use use) {
-    switch (use) {
-        case Use::Request:
-            return Of::Request;
-        case Use::Result:
-            return Of::Result;
-        default:
-            return Of::Static;
-    }
-}
-
 // Returns the uses of the tag in the library's rows.
 const std::set<Of>& usesOf(const std::string& tag) {
     static const std::map<std::string, std::set<Of>> uses = [] {
         std::map<std::string, std::set<Of>> all;
-        for (const TagFact& fact : tagFacts()) all[fact.entry.tag].insert(ofUse(fact.use));
+        for (const TagFact& fact : tagFacts()) all[fact.entry.tag].insert(sideOf(fact.use));
         return all;
     }();
     static const std::set<Of> none;

@@ -2,6 +2,7 @@
 // Reads the lines of the library's inspection, levels 1 to 5. Several lines may give one fact.
 #pragma once
 
+#include "facts/Tags.h"
 #include "log/LibraryLine.h"
 #include "log/Logcat.h"
 
@@ -24,7 +25,7 @@ struct Inspected {
         VendorTags,  // level 4: the tags that the device declares
         Entries,     // level 4: the static entries that it has; level 5: those of a request
     };
-    enum class Of { Unknown, Static, Request, Result };
+    using Of = Side;
 
     Kind kind = Kind::Request;
     Of of = Of::Unknown;

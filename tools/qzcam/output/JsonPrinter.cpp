@@ -3,12 +3,10 @@
 
 #include "device/FindingsJson.h"
 #include "facts/Vocabulary.h"
-#include "host/Causes.h"
 #include "host/EventWords.h"
 
 #include <fmt/format.h>
 
-#include <cstring>
 #include <nlohmann/json.hpp>
 #include <string>
 #include <type_traits>
@@ -22,20 +20,14 @@ namespace {
 using Json = nlohmann::ordered_json;
 
 template <typename T>
-Json elements(const Values& values) {
-    Json list = Json::array();
-    for (size_t i = 0; i < values.count; ++i) {
-        T element{};
-        std::memcpy(&element, values.bytes.data() + i * sizeof(T), sizeof(T));
-        if constexpr (std::is_same_v<T, camera_metadata_rational_t>) {
-            list.push_back(Json::array({element.numerator, element.denominator}));
-        } else if constexpr (std::is_same_v<T, float>) {
-            list.push_back(std::stod(fmt::to_string(element)));  // 0.98, not 0.98000001907
-        } else {
-            list.push_back(element);
-        }
+Json jsonOfElement(const T& element) {
+    if constexpr (std::is_same_v<T, camera_metadata_rational_t>) {
+        return Json::array({element.numerator, element.denominator});
+    } else if constexpr (std::is_same_v<T, float>) {
+        return std::stod(fmt::to_string(element));  // 0.98, not 0.98000001907
+    } else {
+        return element;
     }
-    return list;
 }
 
 const char* typeName(const Values& values) {
@@ -214,22 +206,12 @@ nlohmann::ordered_json jsonOf(const Offer& offer) {
 }
 
 nlohmann::ordered_json jsonOf(const Values& values) {
-    switch (values.type) {
-        case TYPE_BYTE:
-            return elements<uint8_t>(values);
-        case TYPE_INT32:
-            return elements<int32_t>(values);
-        case TYPE_INT64:
-            return elements<int64_t>(values);
-        case TYPE_FLOAT:
-            return elements<float>(values);
-        case TYPE_DOUBLE:
-            return elements<double>(values);
-        case TYPE_RATIONAL:
-            return elements<camera_metadata_rational_t>(values);
-        default:
-            return Json::array();
+    Json list = Json::array();
+    for (size_t i = 0; i < values.count && values.type < NUM_TYPES; ++i) {
+        list.push_back(withElementType(
+            values.type, [&](auto zero) { return jsonOfElement(elementAt<decltype(zero)>(values, i)); }));
     }
+    return list;
 }
 
 // Texts come from dumps and drivers. Bytes that are not UTF-8 are replaced, and everything except ASCII is

@@ -11,13 +11,6 @@
 
 namespace qzcam {
 
-bool isWritten(const std::string& tag) { return !rowsWriting(tag).empty(); }
-
-bool isRead(const std::string& tag) {
-    return std::any_of(tagFacts().begin(), tagFacts().end(),
-                       [&](const TagFact& fact) { return fact.use == Use::Result && tag == fact.entry.tag; });
-}
-
 Origin originOf(const std::string& tag, const EntryTexts& entries) {
     Origin origin;
     origin.choices = wordsBackFor(tag, entries);

@@ -10,12 +10,6 @@
 
 namespace qzcam {
 
-// Returns true if a setter of the library writes this tag.
-bool isWritten(const std::string& tag);
-
-// Returns true if a result handler of the library reads this tag.
-bool isRead(const std::string& tag);
-
 // The keys of one row that an entry may come from, each with its value. If several rows, or several words of
 // one key, give the entry, they are `choices`.
 struct Origin {

@@ -186,6 +186,9 @@ void Recorder::writeFrame(int64_t number, const Frame& frame) {
     if (!frame.result.empty()) writeResult(frame);
 }
 
+bool isWritten(const std::string& tag) { return tagsOf(Side::Request).count(tag) != 0; }
+bool isRead(const std::string& tag) { return tagsOf(Side::Result).count(tag) != 0; }
+
 void apply(EntryTexts& entries, const std::vector<Change>& changes) {
     for (const Change& change : changes) {
         entries.erase(change.tag);

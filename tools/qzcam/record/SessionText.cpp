@@ -5,27 +5,9 @@
 
 #include <fmt/format.h>
 
-#include <cstring>
-
 namespace qzcam {
 
 namespace {
-
-template <typename T>
-std::string listOf(const Values& values) {
-    std::string list;
-    for (size_t i = 0; i < values.count; ++i) {
-        T element{};
-        std::memcpy(&element, &values.bytes[i * sizeof(T)], sizeof(T));
-        if (i > 0) list += ",";
-        if constexpr (std::is_same_v<T, camera_metadata_rational_t>) {
-            list += fmt::format("{}/{}", element.numerator, element.denominator);
-        } else {
-            list += fmt::format("{}", element);
-        }
-    }
-    return list;
-}
 
 std::string from(size_t source) { return source == 0 ? "" : fmt::format("line {}", source); }
 
@@ -42,22 +24,9 @@ std::string sessionWord(const std::string& text) {
 }
 
 std::string sessionValues(const Values& values) {
-    switch (values.type) {
-        case TYPE_BYTE:
-            return listOf<uint8_t>(values);
-        case TYPE_INT32:
-            return listOf<int32_t>(values);
-        case TYPE_INT64:
-            return listOf<int64_t>(values);
-        case TYPE_FLOAT:
-            return listOf<float>(values);
-        case TYPE_DOUBLE:
-            return listOf<double>(values);
-        case TYPE_RATIONAL:
-            return listOf<camera_metadata_rational_t>(values);
-        default:
-            return {};
-    }
+    std::string list;
+    for (size_t i = 0; i < values.count; ++i) list += (i == 0 ? "" : ",") + elementText(values, i);
+    return list;
 }
 
 void SessionText::command(const std::string& text, size_t source) {

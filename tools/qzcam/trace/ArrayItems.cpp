@@ -8,7 +8,6 @@
 
 #include <fmt/format.h>
 
-#include <cstring>
 #include <set>
 #include <utility>
 
@@ -19,30 +18,8 @@ namespace {
 using Kind = TraceItem::Kind;
 using Side = TraceItem::Side;
 
-const std::set<std::string>& tagsOf(Use use) {
-    static const auto collect = [](Use wanted) {
-        std::set<std::string> tags;
-        for (const TagFact& fact : tagFacts()) {
-            if (fact.use == wanted) tags.insert(fact.entry.tag);
-        }
-        return tags;
-    };
-    static const std::set<std::string> written = collect(Use::Request);
-    static const std::set<std::string> read = collect(Use::Result);
-    return use == Use::Request ? written : read;
-}
-
 bool isResult(const MetadataArray& array) {
     return array.place == Place::LatestFrame || array.place == Place::CapturedFrame;
-}
-
-std::optional<int64_t> integerOf(const Values& values) {
-    int64_t number = 0;
-    int32_t shorter = 0;
-    if (values.type == TYPE_INT64) std::memcpy(&number, values.bytes.data(), sizeof(number));
-    if (values.type == TYPE_INT32) std::memcpy(&shorter, values.bytes.data(), sizeof(shorter));
-    if (values.type == TYPE_INT64) return number;
-    return values.type == TYPE_INT32 ? std::optional<int64_t>(shorter) : std::nullopt;
 }
 
 // The platform adds the number of its frame to each result.
@@ -51,7 +28,7 @@ std::optional<int64_t> numberIn(const MetadataArray& array, std::string_view nam
         if (entry.name != name) continue;
         const EntryValues read = readValues(entry);
         if (read.values.count != 1 || !read.wrong.empty()) return std::nullopt;
-        return integerOf(read.values);
+        return integerAt(read.values, 0);
     }
     return std::nullopt;
 }
@@ -59,7 +36,7 @@ std::optional<int64_t> numberIn(const MetadataArray& array, std::string_view nam
 class ArrayReader {
   public:
     ArrayReader(const MetadataArray& array, const MonitorPlace& place, size_t input, const TagNames& names)
-        : mArray(array), mNames(names), mTags(tagsOf(isResult(array) ? Use::Result : Use::Request)) {
+        : mArray(array), mNames(names), mTags(tagsOf(isResult(array) ? Side::Result : Side::Request)) {
         mBlank.side = isResult(array) ? Side::Result : Side::Request;
         mBlank.input = input;
         mBlank.line = array.line;

@@ -2,12 +2,8 @@
 #include "trace/Evidence.h"
 
 #include "base/Text.h"
+#include "base/Values.h"
 #include "log/FormatPattern.h"
-
-#include <system/camera_metadata.h>
-
-#include <algorithm>
-#include <iterator>
 
 namespace qzcam {
 
@@ -15,13 +11,6 @@ namespace {
 
 constexpr const char* kPreviousBegins = "**********Dumpsys from previous open session";
 constexpr const char* kPreviousEnds = "**********End of Dumpsys from previous open session";
-
-std::optional<uint8_t> typeOf(std::string_view name) {
-    const auto found =
-        std::find(std::begin(camera_metadata_type_names), std::end(camera_metadata_type_names), name);
-    if (found == std::end(camera_metadata_type_names)) return std::nullopt;
-    return static_cast<uint8_t>(found - std::begin(camera_metadata_type_names));
-}
 
 // Returns the number in "== Camera device 0 dynamic info: ==" and in "Camera 0 information:".
 std::optional<std::string> cameraOf(std::string_view text) {
@@ -88,7 +77,7 @@ bool EvidenceReader::feedVendorTag(std::string_view text) {
     const auto match = pattern.match(word);
     if (!match) return false;
     const auto id = parseInteger(match->values[0].text);
-    const auto type = typeOf(match->values[3].text);
+    const auto type = typeNamed(match->values[3].text);
     if (!id || *id > UINT32_MAX || !type) return false;
     mSink.vendorTag({static_cast<uint32_t>(*id), *type, match->values[4].text, match->values[1].text});
     return true;

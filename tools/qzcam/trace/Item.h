@@ -3,6 +3,7 @@
 #pragma once
 
 #include "base/Values.h"
+#include "facts/Tags.h"
 #include "host/Events.h"
 #include "host/Messages.h"
 #include "log/Logcat.h"
@@ -30,7 +31,7 @@ struct TraceItem {
         Line,        // another line about the camera
         Lost,        // lines that the log has lost
     };
-    enum class Side { Unknown, Static, Request, Result };
+    using Side = qzcam::Side;
 
     Kind kind = Kind::Line;
     Side side = Side::Unknown;

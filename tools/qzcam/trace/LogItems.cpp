@@ -20,19 +20,6 @@ namespace {
 using Kind = TraceItem::Kind;
 using Side = TraceItem::Side;
 
-Side sideOf(Inspected::Of of) {
-    switch (of) {
-        case Inspected::Of::Static:
-            return Side::Static;
-        case Inspected::Of::Request:
-            return Side::Request;
-        case Inspected::Of::Result:
-            return Side::Result;
-        default:
-            return Side::Unknown;
-    }
-}
-
 std::vector<std::string> keysOf(const qz::Parameter& row) {
     std::vector<std::string> keys;
     for (const qz::KeyRow& key : row.keys) keys.emplace_back(key.name);
@@ -305,7 +292,7 @@ void LogItems::takeDeclared(const Inspected& inspected) {
 void LogItems::take(const Inspected& inspected) {
     using I = Inspected::Kind;
     TraceItem item = itemOf(inspected.log);
-    item.side = sideOf(inspected.of);
+    item.side = inspected.of;
     item.frame = inspected.frame;
     if (inspected.kind == I::Request || inspected.kind == I::Frame) {
         item.kind = inspected.kind == I::Request ? Kind::Request : Kind::Result;

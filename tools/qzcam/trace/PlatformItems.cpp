@@ -16,11 +16,6 @@ namespace {
 using Kind = TraceItem::Kind;
 using Side = TraceItem::Side;
 
-Side sideOf(Use use) {
-    if (use == Use::Request) return Side::Request;
-    return use == Use::Result ? Side::Result : Side::Static;
-}
-
 // Returns the full names of the library's tags that end in this name.
 std::vector<std::string> fullNamesOf(const std::string& name) {
     std::vector<std::string> names;

@@ -15,15 +15,6 @@ namespace {
 
 constexpr size_t kMostNamed = 4;
 
-const std::set<std::string>& namesOfLibrary() {
-    static const std::set<std::string> names = [] {
-        std::set<std::string> all;
-        for (const TagFact& fact : tagFacts()) all.insert(fact.entry.tag);
-        return all;
-    }();
-    return names;
-}
-
 std::string formOf(const TraceCamera& camera, const Tag& tag) {
     return fmt::format("{:#x} {} for camera {}", tag.id, camera_metadata_type_names[tag.type], camera.id);
 }
@@ -109,7 +100,7 @@ std::vector<std::string> TraceCameras::notes() const {
     std::vector<std::string> notes;
     size_t others = 0;
     for (const auto& [name, forms] : mDifferent) {
-        if (forms.size() < 2 || namesOfLibrary().count(name) == 0) continue;
+        if (forms.size() < 2 || libraryTags().find(name) == nullptr) continue;
         if (notes.size() == kMostNamed) {
             ++others;
             continue;
