@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "host/Messages.h"
 
+#include "base/Find.h"
 #include "base/Text.h"
 
 #include <callback/Messages.h>
@@ -62,8 +63,7 @@ const MessageRow* rowOf(const Message& message) {
         const bool kindFits = row.kind == 0 || (!message.numbers.empty() && message.numbers[0] == row.kind);
         return codeOf(row) == message.code && kindFits;
     };
-    const auto found = std::find_if(std::begin(qz::kMessages), std::end(qz::kMessages), fits);
-    return found == std::end(qz::kMessages) ? nullptr : found;
+    return findIf(qz::kMessages, fits);
 }
 
 // Gives each number its name. A notification has two numbers even if its message needs fewer: a 0 without a

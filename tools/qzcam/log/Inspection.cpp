@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "log/Inspection.h"
 
+#include "base/Find.h"
 #include "base/Text.h"
 
 #include <rows/Line.h>
@@ -24,8 +25,8 @@ const std::set<Of>& usesOf(const std::string& tag) {
         return all;
     }();
     static const std::set<Of> none;
-    const auto found = uses.find(tag);
-    return found == uses.end() ? none : found->second;
+    const std::set<Of>* known = findValue(uses, tag);
+    return known == nullptr ? none : *known;
 }
 
 // Returns the owner of a chosen tag. The place in the log suggests it. Because lines may be missing, it is
@@ -68,8 +69,7 @@ Inspected& InspectionReader::open(const LogLine& log, Thread& thread, Inspected:
 Inspected& InspectionReader::openChosen(const LogLine& log, Thread& thread, uint32_t id) {
     Inspected& inspected = open(log, thread, Kind::ChosenTag);
     inspected.id = id;
-    const auto name = mNames.find({log.pid, id});
-    if (name != mNames.end()) inspected.tag = name->second;
+    if (const std::string* name = findValue(mNames, std::pair(log.pid, id))) inspected.tag = *name;
     return inspected;
 }
 

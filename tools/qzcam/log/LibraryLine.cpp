@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "log/LibraryLine.h"
 
+#include "base/Find.h"
 #include "base/Text.h"
 #include "device/ParameterText.h"
 #include "log/PlatformLine.h"
@@ -149,9 +150,7 @@ std::string_view nameOfRow(const qz::ResultRow& row) { return row.handler; }
 
 template <typename Rows>
 auto* findRow(const Rows& rows, const std::string& function) {
-    const auto found = std::find_if(std::begin(rows), std::end(rows),
-                                    [&](const auto& row) { return nameOfRow(row) == function; });
-    return found == std::end(rows) ? nullptr : &*found;
+    return findIf(rows, [&](const auto& row) { return nameOfRow(row) == function; });
 }
 
 bool isSame(const char* a, const char* b) { return a != nullptr && b != nullptr && std::string_view(a) == b; }
@@ -166,7 +165,7 @@ void setParameterKind(LibraryLine& found) {
 }
 
 bool isOfVocabulary(const qz::LogLine& line) {
-    return std::any_of(std::begin(qz::kVocabularies), std::end(qz::kVocabularies), [&](const auto& named) {
+    return anyOf(qz::kVocabularies, [&](const auto& named) {
         return isSame(named.vocabulary->unknownText, line.format) &&
                isSame(named.vocabulary->toText, line.function);
     });

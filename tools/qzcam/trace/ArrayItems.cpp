@@ -4,7 +4,6 @@
 #include "base/Text.h"
 #include "facts/Lookup.h"
 #include "facts/Tags.h"
-#include "verdict/WordsBack.h"
 
 #include <fmt/format.h>
 
@@ -57,7 +56,6 @@ class ArrayReader {
             others += entries.back().isAside ? 1U : 0U;
             there.insert(entries.back().tag);
         }
-        if (!isResult(mArray)) addCauses(entries);
         TraceItem head = headWith(others);
         head.tags.assign(there.begin(), there.end());
         std::vector<TraceItem> all{std::move(head)};
@@ -102,18 +100,6 @@ class ArrayReader {
         if (!read.wrong.empty()) addCause(item, read.wrong);
         addCause(item, name());
         return item;
-    }
-
-    // Some parameters have several entries, so the cause of one depends on the others.
-    static void addCauses(std::vector<TraceItem>& items) {
-        EntryTexts request;
-        for (const TraceItem& item : items) {
-            if (item.values) request.emplace(item.tag, *item.values);
-        }
-        for (TraceItem& item : items) {
-            const std::string cause = causeOf(item.tag, request);
-            if (!cause.empty()) item.cause = cause + "; " + item.cause;
-        }
     }
 
     TraceItem absent(const std::string& tag) const {

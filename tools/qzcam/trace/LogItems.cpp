@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "trace/LogItems.h"
 
+#include "base/Find.h"
 #include "base/Text.h"
 #include "facts/Lookup.h"
 #include "facts/Tags.h"
@@ -66,8 +67,7 @@ const char* listTitle(const Inspected& inspected) {
 // another list.
 bool hasWhatEachCameraHas(const Inspected& inspected) {
     const auto has = [&](const char* name) {
-        return std::any_of(inspected.tags.begin(), inspected.tags.end(),
-                           [&](const auto& each) { return each.second == name; });
+        return anyOf(inspected.tags, [&](const auto& each) { return each.second == name; });
     };
     return inspected.kind == Inspected::Kind::VendorTags ||
            (has("android.info.supportedHardwareLevel") && has("android.lens.facing"));
@@ -115,8 +115,7 @@ TraceItem LogItems::itemOf(const LogLine& line) const {
     item.time = line.time;
     item.pid = line.pid;
     item.tid = line.tid;
-    const auto camera = mCameras.find(line.pid);
-    if (camera != mCameras.end()) item.camera = camera->second;
+    if (const auto* camera = findValue(mCameras, line.pid)) item.camera = *camera;
     return item;
 }
 
@@ -142,9 +141,9 @@ void LogItems::fold(const LogLine& line) {
         item.text = fmt::format("{} of this process lost", counted(line.pruned, "line"));
         return give(std::move(item));
     }
-    const auto last = mLast.find({line.pid, line.tid});
-    if (last == mLast.end() || line.folded == 0) return;
-    TraceItem item = last->second;
+    const TraceItem* last = findValue(mLast, Thread(line.pid, line.tid));
+    if (last == nullptr || line.folded == 0) return;
+    TraceItem item = *last;
     item.line = line.line;
     item.time = line.time;
     item.times = line.folded;
@@ -234,8 +233,7 @@ bool LogItems::feedMessage(const LogLine& log, const LibraryLine& line) {
 }
 
 bool LogItems::feedGate(const LogLine& log, const LibraryLine& line) {
-    const bool isGate =
-        std::any_of(std::begin(kGates), std::end(kGates), [&](const char* gate) { return line.is(gate); });
+    const bool isGate = anyOf(kGates, [&](const char* gate) { return line.is(gate); });
     if (!isGate || line.parameter == nullptr) return false;
     TraceItem item = itemOf(log);
     item.kind = Kind::Gated;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "trace/MergeLog.h"
 
+#include "base/Find.h"
 #include "base/Text.h"
 #include "host/LogFilter.h"
 
@@ -70,8 +71,8 @@ class Passes {
     // Returns 0 for a line that belongs to no pass.
     size_t passOf(size_t line) const { return mPasses[line]; }
     std::optional<Frame> frameOf(size_t pass) const {
-        const auto found = mFrames.find(pass);
-        return found == mFrames.end() ? std::nullopt : std::optional(found->second);
+        const Frame* frame = findValue(mFrames, pass);
+        return frame == nullptr ? std::nullopt : std::optional(*frame);
     }
     size_t known() const { return mFrames.size(); }
 
@@ -111,11 +112,11 @@ class Passes {
             if (log[i].kind == Kind::Refused) told[log[i].tag].isKnown = false;
         }
         for (const auto& [tag, lines] : told) {
-            const auto requests = sent.find(tag);
-            if (requests == sent.end() || !lines.isSame(requests->second)) continue;
+            const History* requests = findValue(sent, tag);
+            if (requests == nullptr || !lines.isSame(*requests)) continue;
             for (size_t i = 0; i < lines.values.size(); ++i) {
                 const size_t pass = mPasses[static_cast<size_t>(lines.values[i].second)];
-                const Frame frame = requests->second.values[i].second;
+                const Frame frame = requests->values[i].second;
                 if (mFrames.emplace(pass, frame).first->second != frame) return mFrames.clear();
             }
         }
@@ -124,8 +125,8 @@ class Passes {
         if (!isInOrder) mFrames.clear();
     }
 
-    std::vector<size_t> mPasses;      // of each line
-    std::map<size_t, Frame> mFrames;  // of the passes whose frame is known
+    std::vector<size_t> mPasses;      // pass of each line
+    std::map<size_t, Frame> mFrames;  // frames of passes, as far as known
 };
 
 class Merger {

@@ -6,7 +6,6 @@
 #include "trace/Derived.h"
 #include "trace/LogItems.h"
 #include "trace/MergeLog.h"
-#include "verdict/WordsBack.h"
 
 #include <fmt/format.h>
 
@@ -113,10 +112,8 @@ std::string fieldsText(const TraceItem& item) {
 void joinMessages(std::vector<TraceItem>& log, std::vector<TraceItem>& derived) {
     std::map<std::string, std::vector<TraceItem*>> told;
     std::map<std::string, std::vector<TraceItem*>> made;
-    std::set<std::string> toldNames;
     for (TraceItem& item : log) {
         if (item.kind == Kind::Message) told[fieldsText(item)].push_back(&item);
-        if (item.kind == Kind::Message) toldNames.insert(item.message);
     }
     for (TraceItem& item : derived) made[fieldsText(item)].push_back(&item);
     std::set<const TraceItem*> joined;
@@ -146,26 +143,6 @@ void insertMessages(std::vector<TraceItem>& items, const std::vector<TraceItem>&
         };
         return rank(a) < rank(b);
     });
-}
-
-// Some parameters have several entries, so the cause of one depends on the others of its request. Events are
-// changes: a request has the entries of the previous request, too.
-void addCauses(std::vector<TraceItem>& items) {
-    std::map<std::string, EntryTexts> requests;  // by physical camera
-    for (auto frame = items.begin(); frame != items.end();) {
-        const auto end = std::find_if(frame, items.end(),
-                                      [&](const TraceItem& item) { return item.frame != frame->frame; });
-        for (auto item = frame; item != end; ++item) {
-            if (item->side != Side::Request) continue;
-            EntryTexts& request = requests[item->physicalCamera];
-            request.erase(item->tag);
-            if (item->values) request.emplace(item->tag, *item->values);
-        }
-        for (; frame != end; ++frame) {
-            if (frame->side == Side::Request && !frame->isRemoved)
-                frame->cause = causeOf(frame->tag, requests[frame->physicalCamera]);
-        }
-    }
 }
 
 using Section = std::pair<size_t, size_t>;  // input and place
@@ -209,7 +186,6 @@ class Builder {
         for (const MonitorEvent& event : stream.events) {
             group.items.push_back(itemOf(event, stream.place, stream.input, names));
         }
-        addCauses(group.items);
         const auto& tags = mEvidence.cameras->tagsFor(stream.place.camera, stream.input);
         Derived derived = messagesOf(group.items, tags, stream.place.monitored,
                                      stream.events.size() < kRing && !stream.place.monitored.empty());
@@ -294,12 +270,7 @@ TraceItem itemOf(const MonitorEvent& event, const MonitorPlace& place, size_t in
     if (tag != nullptr && !event.isRemoved) item.values = valuesOf(event, *tag);
     if (!event.isRemoved) item.value = valueText(event, tag);
     item.text = event.streams;
-    if (event.isRequest) {
-        item.keys = keysWriting(event.tag);
-        EntryTexts request;
-        if (item.values) request.emplace(event.tag, *item.values);
-        if (!event.isRemoved) item.cause = causeOf(event.tag, request);
-    }
+    if (event.isRequest) item.keys = keysWriting(event.tag);
     return item;
 }
 

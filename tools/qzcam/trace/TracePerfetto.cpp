@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "trace/TracePerfetto.h"
 
+#include "base/Find.h"
 #include "facts/Tags.h"
 #include "facts/Units.h"
 #include "host/EventWords.h"
@@ -131,15 +132,11 @@ ValueTracks& TracePerfetto::CameraTracks::tracksOf(Side side) {
 }
 
 TracePerfetto::CameraTracks::Lane* TracePerfetto::CameraTracks::laneOf(int64_t frame) {
-    const auto found =
-        std::find_if(mLanes.begin(), mLanes.end(), [&](const Lane& lane) { return lane.frame == frame; });
-    return found == mLanes.end() ? nullptr : &*found;
+    return findIf(mLanes, [&](const Lane& lane) { return lane.frame == frame; });
 }
 
 TracePerfetto::CameraTracks::Lane& TracePerfetto::CameraTracks::freeLane() {
-    const auto found =
-        std::find_if(mLanes.begin(), mLanes.end(), [](const Lane& lane) { return !lane.frame; });
-    if (found != mLanes.end()) return *found;
+    if (Lane* free = findIf(mLanes, [](const Lane& lane) { return !lane.frame; })) return *free;
     mLanes.push_back({mEvents.addTrack(mFrames, fmt::format("in flight {}", mLanes.size() + 1)), {}});
     return mLanes.back();
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "trace/ValueCheck.h"
 
+#include "base/Find.h"
 #include "device/ScopedVendorTags.h"
 #include "facts/Lookup.h"
 #include "trace/Timeline.h"
@@ -39,10 +40,9 @@ std::vector<VerdictEntry> entriesOf(const qz::Parameter& row, const qz::KeyRow& 
                                     const std::vector<VerdictEntry>& all) {
     std::vector<VerdictEntry> own;
     for (size_t i = 0; i < row.entries.count; ++i) {
-        const auto found = std::find_if(all.begin(), all.end(), [&](const VerdictEntry& entry) {
-            return entry.name == row.entries[i].tag;
-        });
-        if (ownsEntry(row, key, i) && found != all.end()) own.push_back(*found);
+        const VerdictEntry* entry =
+            findIf(all, [&](const VerdictEntry& each) { return each.name == row.entries[i].tag; });
+        if (ownsEntry(row, key, i) && entry != nullptr) own.push_back(*entry);
     }
     return own;
 }
@@ -54,6 +54,13 @@ Texts textsOf(const TraceItem& item) {
 }
 
 bool isRequestEntry(const TraceItem& item) { return item.kind == Kind::Entry && item.side == Side::Request; }
+
+// Some parameters have several entries, so the cause of one depends on the others of its request.
+void addCause(TraceItem& item, const EntryTexts& request) {
+    if (!isRequestEntry(item) || item.isRemoved || item.pid >= 0) return;
+    const std::string cause = causeOf(item.tag, request);
+    if (!cause.empty()) item.cause = item.cause.empty() ? cause : cause + "; " + item.cause;
+}
 
 }  // namespace
 
@@ -77,7 +84,7 @@ ValueCheck::ValueCheck(const TraceCameras& cameras, std::string camera) : mCamer
     const auto isChosen = [](const TraceCamera& each) {
         return each.input == TraceCameras::kChosen && hasCapabilities(each);
     };
-    const bool anyChosen = std::any_of(all.begin(), all.end(), isChosen);
+    const bool anyChosen = anyOf(all, isChosen);
     for (const TraceCamera& each : all) {
         if (anyChosen ? isChosen(each) : hasCapabilities(each)) mHeld.push_back(std::make_unique<Held>(each));
     }
@@ -169,9 +176,7 @@ std::vector<VerdictEntry> ValueCheck::written(const Texts& parameters) {
 void ValueCheck::judgeParameters(TraceItem& item) {
     static const std::set<std::string> read = readKeys();
     const Texts parameters = textsOf(item);
-    const bool isAny = std::any_of(parameters.begin(), parameters.end(),
-                                   [](const auto& each) { return read.count(each.first) != 0; });
-    if (!isAny) return;
+    if (!anyOf(parameters, [](const auto& each) { return read.count(each.first) != 0; })) return;
     Texts name = parameters;
     name[""] = item.camera;
     const auto known = mKnown.find(name);
@@ -224,6 +229,7 @@ void ValueCheck::judgeEntry(TraceItem& item, const EntryTexts& request) {
 }
 
 void ValueCheck::judge(TraceItem& item, const EntryTexts& request) {
+    addCause(item, request);
     const bool isOfApplication = item.kind == Kind::Parameters && item.camera.empty();
     if (isOfApplication) return judgeParameters(item);
     const bool isTold = item.kind == Kind::Told || item.kind == Kind::Refused;

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// Compares the values in a phone's log or dump with the values that its device offers, and with the numbers
-// that their entries can store.
+// Finds the parameters that the entries of requests come from. Compares the values in a phone's log or dump
+// with the values that its device offers, and with the numbers that their entries can store.
 //
 // The device comes from a dump with static entries. Without one, the published keys in log lines are used,
 // unless lines contradict each other. A fact whose camera is unknown gets a verdict only if it is the same
@@ -38,7 +38,8 @@ class ValueCheck {
     // Stores the published keys among the parameters of a fact.
     void learn(const TraceItem& item);
 
-    // Adds verdicts to the fact. `request`: all known entries of its request, with their values.
+    // Adds the cause and the verdicts to the fact. `request`: all known entries of its request, with their
+    // values.
     void judge(TraceItem& item, const EntryTexts& request);
 
     // Does the same for facts that belong together, in their order.
