@@ -131,10 +131,10 @@ TEST(Check, Findings) {
             continue;
         }
         const auto isIt = [&](const TagCheck& tag) {
-            return endsWith(tag.tag, row.tag) && tag.verdict == row.verdict;
+            return endsWith(tag.tag(), row.tag) && tag.verdict == row.verdict;
         };
         const auto found = std::find_if(check.tags.begin(), check.tags.end(), isIt);
-        ASSERT_NE(found, check.tags.end()) << check.tags.front().tag << ": " << check.tags.front().problem;
+        ASSERT_NE(found, check.tags.end()) << check.tags.front().tag() << ": " << check.tags.front().problem;
         EXPECT_THAT(found->problem, HasSubstr(row.says));
         EXPECT_TRUE(found == check.tags.begin() || !check.failed()) << "the worst comes first";
     }

@@ -68,7 +68,7 @@ TEST(Completeness, BuiltInDeviceDeclaresEveryTag) {
     const Device device = parseDump(builtInDevice(), "device", "", problems);
     const DeviceCheck check = checkDevice(device);
     std::set<std::string> checked;
-    for (const TagCheck& row : check.tags) checked.insert(row.tag);
+    for (const TagCheck& row : check.tags) checked.insert(row.tag());
     std::set<std::string> declared;
     for (const Tag& tag : device.vendorTags) declared.insert(tag.fullName());
     for (const std::string& name : check.unused) declared.erase(name);

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "device/Device.h"
 
-#include "base/Find.h"
+#include "base/Lists.h"
 
 #include <camera/VendorTagDescriptor.h>
 #include <fmt/format.h>

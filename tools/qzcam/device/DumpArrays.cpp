@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 // Reads the metadata arrays and vendor tags of a dump.
-#include "base/Find.h"
+#include "base/Lists.h"
 #include "device/DumpLines.h"
 #include "device/DumpReader.h"
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 // Reads the parts of a dump about the service and its cameras, other than metadata.
-#include "base/Find.h"
+#include "base/Lists.h"
 #include "device/DumpLines.h"
 #include "device/DumpReader.h"
 #include "device/ParameterText.h"

@@ -2,7 +2,7 @@
 // Finds titles and the regions that they begin.
 #include "device/DumpReader.h"
 
-#include "base/Find.h"
+#include "base/Lists.h"
 #include "device/DumpLines.h"
 #include "device/VendorFaults.h"
 

@@ -4,6 +4,7 @@
 #include "cli/DeviceInput.h"
 #include "input/Input.h"
 #include "matrix/Matrix.h"
+#include "verdict/CheckReport.h"
 
 #include <nlohmann/json.hpp>
 
@@ -59,13 +60,11 @@ size_t rowOf(const TagCheck& check) {
             all.emplace(Key(matrixRows()[i].tag, matrixRows()[i].use), i);
         return all;
     }();
-    return places.at({check.tag, check.use});
+    return places.at({check.tag(), nameOf(check.fact->use)});
 }
 
 std::string reasonOf(const TagCheck& check) {
-    const char* expected = camera_metadata_type_names[check.expected.type];
-    if (check.verdict != TagVerdict::Mistyped) return check.problem;
-    return "declared " + check.declared + ", expected " + expected + ": " + check.problem;
+    return check.verdict == TagVerdict::Mistyped ? wordsOf(check) : check.problem;
 }
 
 // A check leaves out standard entries without a fault: their rows stay fine.

@@ -7,7 +7,6 @@
 #include "trace/Timeline.h"
 #include "verdict/CompleteDevice.h"
 #include "verdict/KeyValue.h"
-#include "verdict/Numbers.h"
 #include "verdict/Verdicts.h"
 
 #include <fmt/format.h>

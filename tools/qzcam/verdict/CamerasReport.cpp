@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "verdict/CamerasReport.h"
 
+#include "base/Lists.h"
 #include "base/Text.h"
 #include "verdict/CheckReport.h"
 
@@ -8,7 +9,6 @@
 #include <nlohmann/json.hpp>
 
 #include <algorithm>
-#include <array>
 #include <map>
 #include <tuple>
 
@@ -18,10 +18,6 @@ namespace {
 
 using Cameras = std::vector<CheckedCamera>;
 
-constexpr std::array<TagVerdict, kVerdicts - 1> kBad{TagVerdict::Mistyped, TagVerdict::Malformed,
-                                                     TagVerdict::Doubtful, TagVerdict::Missing,
-                                                     TagVerdict::NoEntry};
-
 struct Cell {
     std::string text = "-";
     const char* style = "2";
@@ -30,17 +26,18 @@ struct Cell {
 // Returns the worst verdict and the number of tags that have it.
 Cell cellOf(const FeatureCheck& feature) {
     if (feature.count(TagVerdict::Missing) == feature.size()) return {"all missing", "2"};
-    for (const TagVerdict verdict : kBad) {
+    for (const TagVerdict verdict : kAllVerdicts) {
         const size_t count = feature.count(verdict);
         if (count == 0) continue;
-        return {fmt::format("{} {}", count, nameOf(verdict)), styleOf(verdict)};
+        const bool isFine = verdict == TagVerdict::Fine;
+        return {isFine ? "fine" : fmt::format("{} {}", count, nameOf(verdict)), styleOf(verdict)};
     }
-    return {"fine", styleOf(TagVerdict::Fine)};
+    return {};
 }
 
 Cell cellOf(const DeviceCheck& check, qz::Feature feature) {
     for (const FeatureCheck& each : byFeature(check)) {
-        if (each.begin->feature == feature) return cellOf(each);
+        if (each.begin->fact->feature == feature) return cellOf(each);
     }
     return {};
 }
@@ -55,7 +52,7 @@ std::vector<qz::Feature> featuresOf(const Cameras& cameras) {
         return bad(a.check) < bad(b.check);
     });
     std::vector<qz::Feature> features;
-    for (const FeatureCheck& each : byFeature(worst->check)) features.push_back(each.begin->feature);
+    for (const FeatureCheck& each : byFeature(worst->check)) features.push_back(each.begin->fact->feature);
     return features;
 }
 
@@ -66,7 +63,7 @@ std::string titleOf(const CheckedCamera& camera) {
 
 std::string padded(const Cell& cell, size_t width, bool colour) {
     const std::string text = fmt::format("{:>{}}", cell.text, width);
-    return colour ? fmt::format("\033[{}m{}\033[0m", cell.style, text) : text;
+    return colour ? withStyle(cell.style, text) : text;
 }
 
 std::string tableText(const Cameras& cameras, bool colour) {
@@ -95,7 +92,8 @@ std::string findingsText(const Cameras& cameras, bool colour) {
     for (const CheckedCamera& camera : cameras) {
         for (const TagCheck& row : camera.check.tags) {
             if (row.verdict > TagVerdict::Doubtful) continue;
-            findings[{row.verdict, row.tag, row.use, wordsOf(row)}].push_back(titleOf(camera));
+            findings[{row.verdict, row.tag(), nameOf(row.fact->use), wordsOf(row)}].push_back(
+                titleOf(camera));
         }
     }
     std::string text;
@@ -103,10 +101,9 @@ std::string findingsText(const Cameras& cameras, bool colour) {
         const auto& [verdict, tag, use, words] = finding;
         const bool isEverywhere = titles.size() == cameras.size();
         const std::string name = fmt::format("{:<9}", nameOf(verdict));
-        text +=
-            fmt::format("  {}  {:<10}  {}  ({})\n                         {}\n",
-                        colour ? fmt::format("\033[{}m{}\033[0m", styleOf(verdict), name) : name, use, tag,
-                        isEverywhere ? "all cameras" : fmt::format("{}", fmt::join(titles, ", ")), words);
+        text += fmt::format("  {}  {:<10}  {}  ({})\n                         {}\n",
+                            colour ? withStyle(styleOf(verdict), name) : name, use, tag,
+                            isEverywhere ? "all cameras" : fmt::format("{}", fmt::join(titles, ", ")), words);
     }
     return text.empty() ? text : "\n" + text;
 }
@@ -123,8 +120,7 @@ std::string titleText(const Cameras& cameras) {
 }
 
 bool failed(const Cameras& cameras) {
-    return std::any_of(cameras.begin(), cameras.end(),
-                       [](const CheckedCamera& camera) { return camera.check.failed(); });
+    return anyOf(cameras, [](const CheckedCamera& camera) { return camera.check.failed(); });
 }
 
 }  // namespace

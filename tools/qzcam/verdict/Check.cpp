@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "verdict/Check.h"
 
+#include "base/Lists.h"
 #include "device/ScopedVendorTags.h"
-#include "facts/Tags.h"
 #include "host/Camera.h"
 #include "host/LogCapture.h"
 #include "verdict/EntryCheck.h"
@@ -41,7 +41,7 @@ DeclaredTags declaredTags(const Device& device) {
 
 // Returns the first error line of each getter, by the tag of the entry that it reads. Lines of the adapter
 // are left out, because they are only about counts.
-std::map<std::string, std::string> complaints(const Device& device) {
+std::map<std::string, std::string> errorLines(const Device& device) {
     Trace trace;
     const LogListener listener([&](const LogEvent& line) {
         if (line.tag == qz::kTranslatorLog) addLogLine(trace, line);
@@ -69,19 +69,19 @@ void sortWorstFirst(std::vector<TagCheck>& tags) {
     const auto countsOf = [&](qz::Feature feature) -> VerdictCounts& {
         return counts[static_cast<size_t>(feature)];
     };
-    for (const TagCheck& tag : tags) ++countsOf(tag.feature)[static_cast<size_t>(tag.verdict)];
+    for (const TagCheck& tag : tags) ++countsOf(tag.fact->feature)[static_cast<size_t>(tag.verdict)];
     for (VerdictCounts& each : counts) each.back() = 0;  // fine tags do not count
     std::stable_sort(tags.begin(), tags.end(), [&](const TagCheck& a, const TagCheck& b) {
-        if (countsOf(a.feature) != countsOf(b.feature)) return countsOf(a.feature) > countsOf(b.feature);
-        return std::tie(a.feature, a.verdict) < std::tie(b.feature, b.verdict);
+        const VerdictCounts& ofA = countsOf(a.fact->feature);
+        const VerdictCounts& ofB = countsOf(b.fact->feature);
+        if (ofA != ofB) return ofA > ofB;
+        return std::tie(a.fact->feature, a.verdict) < std::tie(b.fact->feature, b.verdict);
     });
 }
 
 template <typename Entry>
 const Entry* entryOf(const std::vector<Entry>& entries, uint32_t tag) {
-    const auto found =
-        std::find_if(entries.begin(), entries.end(), [&](const Entry& entry) { return entry.tag == tag; });
-    return found == entries.end() ? nullptr : &*found;
+    return findIf(entries, [&](const Entry& entry) { return entry.tag == tag; });
 }
 
 class DeviceChecker {
@@ -90,47 +90,32 @@ class DeviceChecker {
         : mDevice(device),
           mTags(device),
           mDeclared(declaredTags(device)),
-          mComplaints(complaints(device)),
+          mErrors(errorLines(device)),
           mNames(device.vendorTags) {}
 
     DeviceCheck run() const;
 
   private:
-    TagCheck checkVendorTag(const TagFact& fact) const;
-    EntryFinding findingOf(const TagFact& fact, const Tag& tag) const;
-    EntryFinding judged(const TagFact& fact, const StaticEntry& entry) const;
-    void addStandardEntry(std::vector<TagCheck>& tags, const TagFact& fact) const;
+    const Tag* tagOf(const TagFact& fact) const;
+    TagCheck checkTag(const TagFact& fact) const;
+    TagFinding checkStatic(const TagFact& fact, const Tag& tag) const;
+    TagFinding checkValues(const TagFact& fact, const StaticEntry& entry) const;
     std::vector<std::string> unused() const;
     bool isUsed(const Tag& tag) const;
 
     const Device& mDevice;
     const ScopedVendorTags mTags;
     const DeclaredTags mDeclared;
-    const std::map<std::string, std::string> mComplaints;
+    const std::map<std::string, std::string> mErrors;
     const TagNames mNames;
 };
 
-TagCheck blank(const TagFact& fact) {
-    TagCheck check;
-    check.tag = fact.entry.tag;
-    check.feature = fact.feature;
-    check.use = nameOf(fact.use);
-    check.names = fact.names;
-    check.expected = fact.entry;
-    return check;
-}
-
-void take(TagCheck& check, EntryFinding finding) {
-    check.verdict = finding.verdict;
-    check.problem = std::move(finding.problem);
-}
-
-EntryFinding missing(const TagFact& fact) {
+TagFinding missing(const TagFact& fact) {
     if (!lacksSection(fact.entry.tag)) return {TagVerdict::Missing, {}};
     return {TagVerdict::Missing, "looked up without a section: almost no device can declare it"};
 }
 
-EntryFinding mistyped(const TagFact& fact) {
+TagFinding mistyped(const TagFact& fact) {
     const bool isWritten = fact.use == Use::Request;
     return {TagVerdict::Mistyped, isWritten ? fmt::format("the update fails ({})", android::INVALID_OPERATION)
                                             : "read as empty" + unpublished(fact)};
@@ -139,49 +124,37 @@ EntryFinding mistyped(const TagFact& fact) {
 DeviceCheck DeviceChecker::run() const {
     DeviceCheck check;
     for (const TagFact& fact : tagFacts()) {
-        if (isVendorTag(fact.entry.tag)) {
-            check.tags.push_back(checkVendorTag(fact));
-        } else if (fact.use == Use::Capability) {
-            addStandardEntry(check.tags, fact);
-        }
+        const bool isVendors = isVendorTag(fact.entry.tag);
+        if (!isVendors && fact.use != Use::Capability) continue;
+        TagCheck tag = checkTag(fact);
+        // All devices declare standard tags, and most have their entries.
+        if (isVendors || tag.verdict == TagVerdict::Malformed) check.tags.push_back(std::move(tag));
     }
     sortWorstFirst(check.tags);
     check.unused = unused();
     return check;
 }
 
-TagCheck DeviceChecker::checkVendorTag(const TagFact& fact) const {
-    TagCheck check = blank(fact);
-    const auto found = mDeclared.find(check.tag);
-    if (found == mDeclared.end()) {
-        take(check, missing(fact));
-        return check;
-    }
-    const Tag& tag = *found->second;
-    check.declared = camera_metadata_type_names[tag.type];
-    if (tag.type != fact.entry.type) {
-        take(check, mistyped(fact));
-    } else if (fact.use == Use::Capability) {
-        take(check, findingOf(fact, tag));
-        if (const StaticEntry* entry = entryOf(mDevice.entries, tag.id)) check.values = entry->values;
-    }
+const Tag* DeviceChecker::tagOf(const TagFact& fact) const {
+    if (!isVendorTag(fact.entry.tag)) return mNames.find(fact.entry.tag);
+    const Tag* const* declared = findValue(mDeclared, fact.entry.tag);
+    return declared == nullptr ? nullptr : *declared;
+}
+
+TagCheck DeviceChecker::checkTag(const TagFact& fact) const {
+    const Tag* tag = tagOf(fact);
+    if (tag == nullptr) return {missing(fact), &fact, {}, {}};
+    const char* declared = typeName(tag->type);
+    if (tag->type != fact.entry.type) return {mistyped(fact), &fact, declared, {}};
+    if (fact.use != Use::Capability) return {{}, &fact, declared, {}};
+    TagCheck check{checkStatic(fact, *tag), &fact, declared, {}};
+    if (const StaticEntry* entry = entryOf(mDevice.entries, tag->id)) check.values = entry->values;
     return check;
 }
 
-// Adds a standard tag only if its entry cannot be read: all devices declare standard tags, and most have
-// their entries.
-void DeviceChecker::addStandardEntry(std::vector<TagCheck>& tags, const TagFact& fact) const {
-    const Tag* tag = mNames.find(fact.entry.tag);
-    if (tag == nullptr) return;
-    TagCheck check = blank(fact);
-    check.declared = camera_metadata_type_names[tag->type];
-    take(check, findingOf(fact, *tag));
-    if (check.verdict == TagVerdict::Malformed) tags.push_back(std::move(check));
-}
-
-EntryFinding DeviceChecker::findingOf(const TagFact& fact, const Tag& tag) const {
+TagFinding DeviceChecker::checkStatic(const TagFact& fact, const Tag& tag) const {
     if (const StaticEntry* entry = entryOf(mDevice.entries, tag.id)) {
-        if (entry->values.count > 0) return judged(fact, *entry);
+        if (entry->values.count > 0) return checkValues(fact, *entry);
         return {TagVerdict::NoEntry, "this camera's entry has no values"};
     }
     const MistypedEntry* mistyped = entryOf(mDevice.mistyped, tag.id);
@@ -192,11 +165,11 @@ EntryFinding DeviceChecker::findingOf(const TagFact& fact, const Tag& tag) const
 }
 
 // Checks an entry against its row, then against the error lines of its getter.
-EntryFinding DeviceChecker::judged(const TagFact& fact, const StaticEntry& entry) const {
-    EntryFinding finding = checkEntry(fact, entry);
-    const auto complaint = mComplaints.find(fact.entry.tag);
-    if (finding.verdict != TagVerdict::Fine || complaint == mComplaints.end()) return finding;
-    return {TagVerdict::Malformed, "the library logs an error: " + complaint->second};
+TagFinding DeviceChecker::checkValues(const TagFact& fact, const StaticEntry& entry) const {
+    TagFinding finding = checkEntry(fact, entry);
+    const std::string* error = findValue(mErrors, fact.entry.tag);
+    if (finding.verdict != TagVerdict::Fine || error == nullptr) return finding;
+    return {TagVerdict::Malformed, "the library logs an error: " + *error};
 }
 
 // Returns the other tags in the sections of the library's tags: one of them may be misspelt.
@@ -214,8 +187,7 @@ std::vector<std::string> DeviceChecker::unused() const {
 }
 
 bool DeviceChecker::isUsed(const Tag& tag) const {
-    return std::any_of(mDeclared.begin(), mDeclared.end(),
-                       [&](const auto& row) { return row.second->id == tag.id; });
+    return anyOf(mDeclared, [&](const auto& row) { return row.second->id == tag.id; });
 }
 
 }  // namespace
@@ -233,7 +205,9 @@ size_t DeviceCheck::count(TagVerdict verdict) const {
 
 bool DeviceCheck::failed() const { return count(TagVerdict::Mistyped) + count(TagVerdict::Malformed) > 0; }
 
-const char* FeatureCheck::name() const { return qz::kFeatureNames[static_cast<size_t>(begin->feature)]; }
+const char* FeatureCheck::name() const {
+    return qz::kFeatureNames[static_cast<size_t>(begin->fact->feature)];
+}
 
 size_t FeatureCheck::count(TagVerdict verdict) const {
     const auto isOne = [&](const TagCheck& row) { return row.verdict == verdict; };
@@ -243,7 +217,7 @@ size_t FeatureCheck::count(TagVerdict verdict) const {
 std::vector<FeatureCheck> byFeature(const DeviceCheck& check) {
     std::vector<FeatureCheck> features;
     for (const TagCheck& row : check.tags) {
-        const bool isNew = features.empty() || features.back().begin->feature != row.feature;
+        const bool isNew = features.empty() || features.back().begin->fact->feature != row.fact->feature;
         if (isNew) features.push_back({&row, &row});
         ++features.back().end;
     }

@@ -4,11 +4,10 @@
 #pragma once
 
 #include "device/Device.h"
-
-#include <rows/Entry.h>
-#include <rows/Feature.h>
+#include "facts/Tags.h"
 
 #include <cstddef>
+#include <iterator>
 #include <optional>
 #include <string>
 #include <vector>
@@ -24,20 +23,22 @@ enum class TagVerdict {
     NoEntry,    // declared, but this camera has no such static entry
     Fine,
 };
-constexpr size_t kVerdicts = 6;
+constexpr TagVerdict kAllVerdicts[] = {TagVerdict::Mistyped, TagVerdict::Malformed, TagVerdict::Doubtful,
+                                       TagVerdict::Missing,  TagVerdict::NoEntry,   TagVerdict::Fine};
+constexpr size_t kVerdicts = std::size(kAllVerdicts);
 const char* nameOf(TagVerdict verdict);
 
-struct TagCheck {
-    std::string tag;
-    qz::Feature feature = qz::Feature::image;
-    std::string use;  // "request", "capability", "result" or "inspection"
-    std::vector<std::string>
-        names;  // parameters that write it, keys published from it, messages that it brings
+struct TagFinding {
     TagVerdict verdict = TagVerdict::Fine;
-    std::string declared;  // element type, empty for a missing tag
-    qz::EntryRow expected;
     std::string problem;
-    std::optional<Values> values = std::nullopt;  // values of its static entry
+};
+
+struct TagCheck : TagFinding {
+    const TagFact* fact = nullptr;  // facts of the rows about it
+    std::string declared;           // element type, empty for a missing tag
+    std::optional<Values> values;   // values of its static entry
+
+    const char* tag() const { return fact->entry.tag; }
 };
 
 struct DeviceCheck {

@@ -16,10 +16,6 @@ namespace qzcam {
 
 namespace {
 
-constexpr std::array<TagVerdict, kVerdicts> kAll{TagVerdict::Mistyped, TagVerdict::Malformed,
-                                                 TagVerdict::Doubtful, TagVerdict::Missing,
-                                                 TagVerdict::NoEntry,  TagVerdict::Fine};
-
 class CheckText {
   public:
     CheckText(const DeviceCheck& check, bool colour) : mCheck(check), mColour(colour) {}
@@ -33,7 +29,7 @@ class CheckText {
     void addUnused();
     void addVerdict(const Device& device);
     std::string styled(const char* style, const std::string& text) const {
-        return mColour ? fmt::format("\033[{}m{}\033[0m", style, text) : text;
+        return mColour ? withStyle(style, text) : text;
     }
 
     const DeviceCheck& mCheck;
@@ -41,7 +37,7 @@ class CheckText {
     std::string mText;
 };
 
-const char* typeOf(const qz::EntryRow& entry) { return camera_metadata_type_names[entry.type]; }
+const char* typeOf(const qz::EntryRow& entry) { return typeName(entry.type); }
 
 std::string CheckText::text(const Device& device) {
     addSummary();
@@ -56,11 +52,11 @@ std::string CheckText::text(const Device& device) {
 
 void CheckText::addSummary() {
     mText += fmt::format("{:<19}{:>9}", "", "looked up");
-    for (const TagVerdict verdict : kAll) mText += fmt::format("{:>11}", nameOf(verdict));
+    for (const TagVerdict verdict : kAllVerdicts) mText += fmt::format("{:>11}", nameOf(verdict));
     mText += "\n";
     for (const FeatureCheck& feature : byFeature(mCheck)) {
         mText += fmt::format("{:<19}{:>9}", feature.name(), feature.size());
-        for (const TagVerdict verdict : kAll) {
+        for (const TagVerdict verdict : kAllVerdicts) {
             const size_t count = feature.count(verdict);
             const std::string number = fmt::format("{:>11}", count == 0 ? "-" : fmt::to_string(count));
             mText += count == 0 ? number : styled(styleOf(verdict), number);
@@ -83,13 +79,14 @@ void CheckText::addFeature(const FeatureCheck& feature) {
 }
 
 void CheckText::addRow(const TagCheck& row) {
-    const bool named = std::all_of(row.names.begin(), row.names.end(), [&](const std::string& name) {
-        return row.problem.find(name) != std::string::npos;  // "is not published"
+    const auto& keys = row.fact->names;
+    const bool named = std::all_of(keys.begin(), keys.end(), [&](const std::string& key) {
+        return contains(row.problem, key);  // "is not published"
     });
-    const std::string names = named ? "" : styled("2", fmt::format("  for {}", fmt::join(row.names, ", ")));
+    const std::string names = named ? "" : styled("2", fmt::format("  for {}", fmt::join(keys, ", ")));
     mText += fmt::format("  {}  {:<10}  {}",
-                         styled(styleOf(row.verdict), fmt::format("{:<9}", nameOf(row.verdict))), row.use,
-                         row.tag);
+                         styled(styleOf(row.verdict), fmt::format("{:<9}", nameOf(row.verdict))),
+                         nameOf(row.fact->use), row.tag());
     mText += row.verdict == TagVerdict::Missing ? "" : "\n                         ";
     mText += wordsOf(row) + names + "\n";
 }
@@ -126,13 +123,13 @@ nlohmann::ordered_json countsJson(const qz::EntryRow& entry) {
 }
 
 nlohmann::ordered_json tagJson(const TagCheck& row) {
-    nlohmann::ordered_json json{{"tag", row.tag},
-                                {"use", row.use},
+    nlohmann::ordered_json json{{"tag", row.tag()},
+                                {"use", nameOf(row.fact->use)},
                                 {"verdict", jsonWord(row.verdict)},
                                 {"declared", nullptr},
-                                {"expected", typeOf(row.expected)},
-                                {"counts", countsJson(row.expected)},
-                                {"for", row.names}};
+                                {"expected", typeOf(row.fact->entry)},
+                                {"counts", countsJson(row.fact->entry)},
+                                {"for", row.fact->names}};
     if (!row.declared.empty()) json["declared"] = row.declared;
     if (!row.problem.empty()) json["what"] = row.problem;
     if (row.values) json["values"] = jsonOf(*row.values);
@@ -150,15 +147,19 @@ const char* styleOf(TagVerdict verdict) {
     return verdict == TagVerdict::Fine ? "32" : verdict == TagVerdict::Doubtful ? "33" : "2";
 }
 
+std::string withStyle(const char* style, const std::string& text) {
+    return fmt::format("\033[{}m{}\033[0m", style, text);
+}
+
 std::string wordsOf(const TagCheck& row) {
     switch (row.verdict) {
         case TagVerdict::Mistyped:
-            return fmt::format("declared {}, expected {}: {}", row.declared, typeOf(row.expected),
+            return fmt::format("declared {}, expected {}: {}", row.declared, typeOf(row.fact->entry),
                                row.problem);
         case TagVerdict::NoEntry:
             return fmt::format("{}, but {}", row.declared, row.problem);
         case TagVerdict::Missing:
-            return fmt::format(" ({}){}", typeOf(row.expected),
+            return fmt::format(" ({}){}", typeOf(row.fact->entry),
                                row.problem.empty() ? "" : ": " + row.problem);
         default:
             return row.problem;
@@ -171,7 +172,7 @@ std::string checkText(const Device& device, const DeviceCheck& check, bool colou
 
 nlohmann::ordered_json checkMembers(const Device& device, const DeviceCheck& check) {
     nlohmann::ordered_json json{{"camera", device.camera}, {"failed", check.failed()}};
-    for (const TagVerdict verdict : kAll) json["counts"][jsonWord(verdict)] = check.count(verdict);
+    for (const TagVerdict verdict : kAllVerdicts) json["counts"][jsonWord(verdict)] = check.count(verdict);
     json["features"] = nlohmann::ordered_json::array();
     for (const FeatureCheck& feature : byFeature(check)) {
         nlohmann::ordered_json tags = nlohmann::ordered_json::array();

@@ -22,7 +22,8 @@ nlohmann::ordered_json checkMembers(const Device& device, const DeviceCheck& che
 // Returns the words of a finding without its tag: "declared int32, expected byte: the update fails".
 std::string wordsOf(const TagCheck& row);
 
-// Returns the terminal style of a verdict.
+// Returns the terminal style of a verdict, and a text in a style.
 const char* styleOf(TagVerdict verdict);
+std::string withStyle(const char* style, const std::string& text);
 
 }  // namespace qzcam

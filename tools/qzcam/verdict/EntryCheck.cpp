@@ -16,7 +16,7 @@ namespace qzcam {
 namespace {
 
 using Form = qz::Publication::Form;
-using Finding = std::optional<EntryFinding>;
+using Finding = std::optional<TagFinding>;
 
 constexpr size_t kMostUnknown = 8;  // largest number of unknown values in a message
 
@@ -26,8 +26,8 @@ int32_t numberAt(const Values& entry, size_t index) {
     return static_cast<int32_t>(integerAt(entry, index).value_or(0));
 }
 
-EntryFinding malformed(std::string problem) { return {TagVerdict::Malformed, std::move(problem)}; }
-EntryFinding doubtful(std::string problem) { return {TagVerdict::Doubtful, std::move(problem)}; }
+TagFinding malformed(std::string problem) { return {TagVerdict::Malformed, std::move(problem)}; }
+TagFinding doubtful(std::string problem) { return {TagVerdict::Doubtful, std::move(problem)}; }
 
 // "exactly 2 are", "at least 1 is"
 std::string expectedCount(const qz::EntryRow& entry) {
@@ -114,10 +114,10 @@ std::string unpublished(const TagFact& fact) {
                        fact.names.size() == 1 ? "is" : "are");
 }
 
-EntryFinding checkEntry(const TagFact& fact, const StaticEntry& entry) {
+TagFinding checkEntry(const TagFact& fact, const StaticEntry& entry) {
     if (const Finding found = wrongCount(fact, entry.values)) return *found;
     if (fact.publication == nullptr) return {};
-    return wrongValues(*fact.publication, entry).value_or(EntryFinding{});
+    return wrongValues(*fact.publication, entry).value_or(TagFinding{});
 }
 
 }  // namespace qzcam

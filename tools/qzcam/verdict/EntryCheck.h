@@ -2,19 +2,13 @@
 // Checks a static entry against the row of the getter that reads it.
 #pragma once
 
-#include "facts/Tags.h"
 #include "verdict/Check.h"
 
 namespace qzcam {
 
-struct EntryFinding {
-    TagVerdict verdict = TagVerdict::Fine;
-    std::string problem;
-};
-
 // Returns ": KEY is not published" for the keys of an entry that the library ignores.
 std::string unpublished(const TagFact& fact);
 
-EntryFinding checkEntry(const TagFact& fact, const StaticEntry& entry);
+TagFinding checkEntry(const TagFact& fact, const StaticEntry& entry);
 
 }  // namespace qzcam

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "verdict/Explanation.h"
 
+#include "base/Lists.h"
 #include "facts/Hints.h"
 #include "facts/Lookup.h"
 #include "host/EventWords.h"
@@ -21,18 +22,19 @@ namespace {
 using Row = qz::Parameter;
 constexpr char kMeaningless[] = "no such word";
 
-std::string writtenText(const std::vector<VerdictEntry>& rows) {
-    std::string text;
-    for (const VerdictEntry& row : rows) {
+Explanation::Value valueOf(const std::string& value, VerdictRow verdict) {
+    std::string written;
+    for (const VerdictEntry& row : verdict.entries) {
         // Not a tag: the numbers in vendor entries have no names.
         if (row.values.count > 0)
-            text += (text.empty() ? "" : "; ") + toText(row.values, CAMERA_METADATA_VENDOR_TAG_BOUNDARY);
+            written +=
+                (written.empty() ? "" : "; ") + toText(row.values, CAMERA_METADATA_VENDOR_TAG_BOUNDARY);
     }
-    return text;
+    return {value, std::move(written), std::move(verdict)};
 }
 
 bool readsAs(const std::vector<const Row*>& rows, const std::string& key, qz::KeyRow::As as) {
-    return std::any_of(rows.begin(), rows.end(), [&](const Row* row) {
+    return anyOf(rows, [&](const Row* row) {
         const qz::KeyRow::As how = keyIn(*row, key)->as;
         return how == as || how == qz::KeyRow::As::textAndInteger;
     });
@@ -51,7 +53,7 @@ Texts companyOf(const Row& row, const std::string& key) {
 }
 
 void addLine(std::vector<std::string>& lines, const std::string& line) {
-    if (!line.empty() && std::find(lines.begin(), lines.end(), line) == lines.end()) lines.push_back(line);
+    if (!line.empty() && !hasElement(lines, line)) lines.push_back(line);
 }
 
 std::vector<std::string> conditionsOf(const std::vector<const Row*>& rows, const std::string& key) {
@@ -118,20 +120,16 @@ void Explainer::addValues(Explanation& found, const Row& row) {
     const qz::KeyRow& key = *keyIn(row, found.key);
     found.hasVocabulary = !wordsOf(row, key).empty();
     for (const std::string& value : examplesOf(row, key)) {
-        VerdictRow verdict = verdictOn(found, value);
-        found.values.push_back({value, writtenText(verdict.entries), std::move(verdict)});
+        found.values.push_back(valueOf(value, verdictOn(found, value)));
     }
     if (!found.asText || key.form == qz::KeyRow::Form::name) return;
-    VerdictRow verdict = verdictOn(found, kMeaningless);
-    found.otherwise = Explanation::Value{"any other text", writtenText(verdict.entries), std::move(verdict)};
+    found.otherwise = valueOf("any other text", verdictOn(found, kMeaningless));
 }
 
 void Explainer::addTargets(Explanation& found) {
     for (const Explanation::Value& value : found.values) {
         for (const VerdictEntry& entry : value.verdict.entries) {
-            const bool known = std::any_of(found.targets.begin(), found.targets.end(),
-                                           [&](const auto& target) { return target.tag == entry.name; });
-            if (known) continue;
+            if (anyOf(found.targets, [&](const auto& target) { return target.tag == entry.name; })) continue;
             const Tag* tag = mNames.find(entry.name);
             found.targets.push_back({entry.name, entry.values.count > 0 ? typeAndCount(entry.values) : "",
                                      tag ? camera_metadata_type_names[tag->type] : "", tag ? tag->id : 0});
@@ -154,19 +152,15 @@ VerdictRow Explainer::verdictOn(const Explanation& found, const std::string& val
     return mVerdicts.find(trace, {found.key}, texts, {}).front();
 }
 
-// Returns the keys of the row's offers that this device publishes.
+// Adds the keys of the rows' offers that this device publishes.
 void Explainer::addChoices(Explanation& found, const std::vector<const Row*>& rows) const {
-    const LogListener silence([](const LogEvent&) {});
-    Camera camera(0, mCharacteristics, [](Message&&) {});
-    camera.translator().metaDataToParam();
-    for (const auto& [key, capability] : camera.adapter().takePublished()) {
-        const bool offered = std::any_of(rows.begin(), rows.end(), [&key = key](const Row* row) {
-            return std::any_of(row->offers.begin(), row->offers.end(),
-                               [&](const char* each) { return key == each; });
-        });
-        const char* value = camera.parameters().get(key.c_str());
-        if (offered && value != nullptr)
-            found.choices.push_back({key, value, mNames.nameOf(capability), Change::None});
+    for (const Row* row : rows) {
+        for (const std::string key : row->offers) {
+            const Offers::Published* offer = mVerdicts.offers().published(key);
+            const bool isNew = !anyOf(found.choices, [&](const ParamRow& each) { return each.key == key; });
+            if (offer == nullptr || !isNew) continue;
+            found.choices.push_back({key, offer->value, mNames.nameOf(offer->capability), Change::None});
+        }
     }
 }
 
@@ -174,9 +168,8 @@ void Explainer::addLimits(Explanation& found, const Row& row) const {
     const qz::KeyRow& key = *keyIn(row, found.key);
     if (key.limit == qz::KeyRow::Limit::none) return;
     for (Offer& offer : mVerdicts.offers().of(row, key, found.company)) {
-        const bool isPublished = std::any_of(row.offers.begin(), row.offers.end(), [&](const char* each) {
-            return startsWith(offer.source, each);
-        });
+        const bool isPublished =
+            anyOf(row.offers, [&](const char* each) { return startsWith(offer.source, each); });
         if (!isPublished) found.limits.push_back(std::move(offer));
     }
 }

@@ -1,13 +1,18 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "verdict/KeyValue.h"
 
+#include "base/Lists.h"
 #include "base/Text.h"
 #include "facts/Hints.h"
 
 #include <camera/CameraParameters2.h>
 #include <fmt/format.h>
 
-#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <cfloat>
+#include <cmath>
+#include <cstdint>
 #include <cstdlib>
 
 namespace qzcam {
@@ -16,19 +21,43 @@ namespace {
 
 using Form = qz::KeyRow::Form;
 
-// Skip one number, and one character. Return false if there is none.
-bool skipNumber(const char*& at, int base = 10) {
+constexpr double kMicroseconds = 1000000;
+
+// Reads a whole number of any size. A number of more than 64 bits is approximate.
+std::optional<double> wholeAt(const char*& at, int base) {
     char* end = nullptr;
-    (void)std::strtol(at, &end, base);
-    const bool found = end != at;
+    errno = 0;
+    const long long number = std::strtoll(at, &end, base);
+    if (end == at) return std::nullopt;
+    const double value = errno == ERANGE ? std::strtod(at, nullptr) : static_cast<double>(number);
     at = end;
-    return found;
+    return value;
 }
 
-bool skip(const char*& at, char c) {
-    if (*at != c) return false;
-    ++at;
-    return true;
+std::vector<double> wholesAt(const char* at, size_t count) {
+    std::vector<double> numbers;
+    while (numbers.size() < count) {
+        const auto number = wholeAt(at, 10);
+        if (!number) break;
+        numbers.push_back(*number);
+        if (*at != '\0') ++at;
+    }
+    return numbers;
+}
+
+std::vector<double> one(std::optional<double> number) {
+    return number ? std::vector<double>{*number} : std::vector<double>();
+}
+
+std::vector<double> lastTuple(const qz::KeyRow& key, const std::string& value) {
+    const size_t open = value.rfind('(');
+    if (open == std::string::npos) return {};
+    return wholesAt(value.c_str() + open + 1, key.numbers);
+}
+
+std::optional<double> whole(const char* at, int base) {
+    const auto number = wholeAt(at, base);
+    return *at == '\0' ? number : std::nullopt;
 }
 
 bool isDecimal(const char* text) {
@@ -37,26 +66,22 @@ bool isDecimal(const char* text) {
     return end != text && *end == '\0';
 }
 
-bool isPair(const char* at) { return skipNumber(at) && *at != '\0' && skipNumber(++at); }
-
-bool isFraction(const char* at) { return skipNumber(at) && skip(at, '/') && skipNumber(at) && *at == '\0'; }
-
-bool isWhole(const char* at, int base) { return skipNumber(at, base) && *at == '\0'; }
+bool isFraction(const char* at) { return wholeAt(at, 10) && *at == '/' && whole(at + 1, 10); }
 
 // Returns true if the library's parser for the form reads the text correctly.
 bool hasForm(Form form, const std::string& value) {
     const char* text = value.c_str();
     switch (form) {
         case Form::number:
-            return value == "auto" || isWhole(text, 10);
+            return value == "auto" || whole(text, 10);
         case Form::decimal:
             return isDecimal(text);
         case Form::pair:
-            return isPair(text);
+            return wholesAt(text, 2).size() == 2;
         case Form::point:
-            return value.find(',') != std::string::npos;
+            return contains(value, ",");
         case Form::tuple:
-            return value.find('(') != std::string::npos;
+            return contains(value, "(");
         case Form::seconds:
             return value == "auto" || isFraction(text) || isDecimal(text);
         default:
@@ -64,11 +89,58 @@ bool hasForm(Form form, const std::string& value) {
     }
 }
 
-std::string tupleOf(int numbers) {
-    std::string text = "(7";
-    constexpr int others[] = {9, 6, 11, 13};
-    for (int i = 1; i < numbers; ++i) text += fmt::format(",{}", others[i - 1]);
-    return text + ")";
+std::string tupleOf(size_t numbers) {
+    const std::array<const char*, 5> all{"7", "9", "6", "11", "13"};
+    return fmt::format("({})", fmt::join(all.begin(), all.begin() + numbers, ","));
+}
+
+// One element of a byte or int32 entry.
+struct Element {
+    double value;
+    uint8_t type;
+};
+
+void addElements(std::vector<Element>& elements, const Values& values) {
+    for (size_t i = 0; i < values.count; ++i) {
+        if (const auto number = integerAt(values, i)) elements.push_back({double(*number), values.type});
+    }
+}
+
+// Returns the elements of the key: keys that share an entry have one element each.
+std::vector<Element> elementsOf(const qz::Parameter& row, const qz::KeyRow& key,
+                                const std::vector<VerdictEntry>& entries) {
+    std::vector<Element> all;
+    for (const VerdictEntry& entry : entries) addElements(all, entry.values);
+    const bool isShared = row.entries.count == 1 && row.keys.count > 1 && all.size() == row.keys.count;
+    if (!isShared) return all;
+    return {all[static_cast<size_t>(&key - row.keys.begin())]};
+}
+
+bool fitsInt32(double number) { return number >= INT32_MIN && number <= INT32_MAX; }
+
+std::string shown(double number) { return fmt::format("{:.0f}", number); }
+
+// A number that is the whole text and is not multiplied is shown as the application wrote it.
+Overflow overflow(const qz::KeyRow& key, const std::string& value, double number, const Element& element) {
+    const bool asWritten = key.form == Form::number && key.times == 1;
+    return {asWritten ? value : shown(number), shown(element.value),
+            camera_metadata_type_names[element.type]};
+}
+
+// Checks the conversion to int32, which comes first for an integer key.
+std::optional<Overflow> whenRead(const qz::KeyRow& key, const std::vector<double>& numbers,
+                                 const std::string& value) {
+    if (key.as == qz::KeyRow::As::text || numbers.empty() || fitsInt32(numbers[0])) return std::nullopt;
+    return overflow(key, value, numbers[0], {double(asInteger(value)), TYPE_INT32});
+}
+
+// Checks a float entry: a number that is too large becomes infinite.
+std::optional<Overflow> asFloat(const std::vector<double>& numbers,
+                                const std::vector<VerdictEntry>& entries) {
+    if (numbers.size() != 1 || entries.size() != 1 || entries[0].values.type != TYPE_FLOAT)
+        return std::nullopt;
+    if (std::abs(numbers[0]) <= double(FLT_MAX)) return std::nullopt;
+    return Overflow{fmt::format("{:g}", numbers[0]), toText(entries[0].values, entries[0].tag), "float"};
 }
 
 }  // namespace
@@ -80,11 +152,11 @@ int asInteger(const std::string& value) {
 }
 
 int numberOf(const qz::Vocabulary& vocabulary, const std::string& word) {
-    for (const qz::Word& each : vocabulary.words) {
-        if (word == each.text) return each.number;
-    }
-    return vocabulary.whenUnknown;
+    const auto* known = findIf(vocabulary.words, [&](const qz::Word& each) { return word == each.text; });
+    return known == nullptr ? vocabulary.whenUnknown : known->number;
 }
+
+const char* textOf(qz::KeyRow::Limit limit) { return qz::kLimitTexts[static_cast<size_t>(limit)]; }
 
 const char* textOf(qz::Gate gate) { return qz::kGateTexts[static_cast<size_t>(gate)]; }
 
@@ -97,12 +169,11 @@ std::vector<std::string> wordsOf(const qz::Parameter& row, const qz::KeyRow& key
 
 std::string misunderstanding(const qz::Parameter& row, const qz::KeyRow& key, const std::string& value) {
     if (key.as == qz::KeyRow::As::integer) {
-        if (isWhole(value.c_str(), 0)) return {};
+        if (whole(value.c_str(), 0)) return {};
         return fmt::format("{} is not a number; it is read as {}", excerpt(value), asInteger(value));
     }
     const auto words = wordsOf(row, key);
-    const bool isWord = std::find(words.begin(), words.end(), value) != words.end();
-    const bool known = key.form == Form::word ? words.empty() || isWord : hasForm(key.form, value);
+    const bool known = words.empty() ? hasForm(key.form, value) : hasElement(words, value);
     if (known) return {};
     return fmt::format("{} is not recognised{}", excerpt(value), perhaps(nearest(value, words)));
 }
@@ -127,6 +198,50 @@ std::vector<std::string> examplesOf(const qz::Parameter& row, const qz::KeyRow& 
             return {"name"};
     }
     return {};
+}
+
+std::optional<double> numberOf(const std::string& text) {
+    char* end = nullptr;
+    const double number = std::strtod(text.c_str(), &end);
+    if (end == text.c_str()) return std::nullopt;
+    if (*end == '\0') return number;
+    if (*end != '/') return std::nullopt;
+    const auto divisor = whole(end + 1, 10);
+    return divisor && *divisor != 0 ? std::optional(number / *divisor) : std::nullopt;
+}
+
+std::vector<double> numbersOf(const qz::KeyRow& key, const std::string& value) {
+    switch (key.form) {
+        case Form::number:
+            return one(whole(value.c_str(), key.as == qz::KeyRow::As::text ? 10 : 0));
+        case Form::decimal:
+        case Form::seconds:
+            return one(numberOf(value));
+        case Form::pair:
+        case Form::point:
+            return wholesAt(value.c_str(), 2);
+        case Form::tuple:
+            return lastTuple(key, value);
+        default:
+            return {};
+    }
+}
+
+std::optional<Overflow> overflowOf(const qz::Parameter& row, const qz::KeyRow& key, const std::string& value,
+                                   const std::vector<VerdictEntry>& entries) {
+    const auto numbers = numbersOf(key, value);
+    if (auto read = whenRead(key, numbers, value)) return read;
+    if (key.form == Form::decimal) return asFloat(numbers, entries);
+    auto elements = elementsOf(row, key, entries);
+    const bool isTime = key.form == Form::seconds;
+    if (isTime && !elements.empty()) elements.resize(1);
+    if (elements.size() != numbers.size()) return std::nullopt;
+    for (size_t i = 0; i < numbers.size(); ++i) {
+        const double number = std::trunc(numbers[i] * (isTime ? kMicroseconds : key.times));
+        if (number == elements[i].value || (isTime && fitsInt32(number))) continue;
+        return overflow(key, value, number, elements[i]);
+    }
+    return std::nullopt;
 }
 
 }  // namespace qzcam

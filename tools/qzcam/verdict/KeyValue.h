@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
-// Compares the text of a parameter with the form that its row states.
+// Reads the text of a parameter by the form that its row states. Its numbers have no limits of any type.
 #pragma once
+
+#include "host/Events.h"
 
 #include <request/Parameter.h>
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -25,7 +28,21 @@ int numberOf(const qz::Vocabulary& vocabulary, const std::string& word);
 // Returns the condition of a gate in words.
 const char* textOf(qz::Gate gate);
 
+// Returns the source of a limit: a static entry, or a parameter.
+const char* textOf(qz::KeyRow::Limit limit);
+
 // Returns the number that the library reads when it asks the platform for a parameter as an integer.
 int asInteger(const std::string& value);
+
+// Returns the numbers by the form of the key: two for a size, those of the last group of a tuple, the seconds
+// of a time. Returns nothing for a text of another form, and for "auto".
+std::vector<double> numbersOf(const qz::KeyRow& key, const std::string& value);
+
+// Returns a number or a fraction that is the whole text.
+std::optional<double> numberOf(const std::string& text);
+
+// Returns the first number of the key that is not written unchanged. `entries`: the entries of the key.
+std::optional<Overflow> overflowOf(const qz::Parameter& row, const qz::KeyRow& key, const std::string& value,
+                                   const std::vector<VerdictEntry>& entries);
 
 }  // namespace qzcam

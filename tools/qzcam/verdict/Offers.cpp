@@ -6,13 +6,11 @@
 #include "host/Camera.h"
 #include "host/LogCapture.h"
 #include "verdict/KeyValue.h"
-#include "verdict/Numbers.h"
 
 #include <capabilities/Publication.h>
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <cstring>
 
 namespace qzcam {
 
@@ -26,11 +24,10 @@ constexpr const char* kSuperSizes = "super-resolution-picture-size-values";
 constexpr int32_t kJpeg = 0x21;
 
 PublishedAs formOf(const char* key) {
-    const qz::CapabilityRow* row = findPublisher(key);
-    for (const qz::Publication& publication : row->publishes) {
-        if (std::strcmp(publication.key, key) == 0) return publication.form;
-    }
-    return PublishedAs::own;
+    const auto* publication = findIf(findPublisher(key)->publishes, [&](const qz::Publication& each) {
+        return qz::sameText(each.key, key);
+    });
+    return publication == nullptr ? PublishedAs::own : publication->form;
 }
 
 bool isEndOfRange(const char* key, const std::string& value) {
@@ -83,17 +80,16 @@ bool switchesOff(const qz::Parameter& row, const qz::KeyRow& key, const std::str
 
 bool isListed(const Offer& offer, const std::string& value) {
     const auto number = numberOf(value);
-    return std::any_of(offer.values.begin(), offer.values.end(), [&](const std::string& each) {
+    return anyOf(offer.values, [&](const std::string& each) {
         return each == value || (number && numberOf(each) == number);
     });
 }
 
 // Returns the width and height of a setter with two keys, or an empty text while one of them is not set.
 std::string sizeOfKeys(const qz::Parameter& row, const Texts& parameters) {
-    const auto width = parameters.find(row.keys[0].name);
-    const auto height = parameters.find(row.keys[1].name);
-    if (width == parameters.end() || height == parameters.end()) return {};
-    return sizeText(asInteger(width->second), asInteger(height->second));
+    const std::string* width = findValue(parameters, row.keys[0].name);
+    const std::string* height = findValue(parameters, row.keys[1].name);
+    return width && height ? sizeText(asInteger(*width), asInteger(*height)) : std::string();
 }
 
 // Returns the value in the form of a published list, or an empty text if there is none.
@@ -124,7 +120,7 @@ bool isAuto(const qz::KeyRow& key, const std::string& value) {
     return hasAuto && (value == "auto" || numberOf(value) == 0.0);
 }
 
-bool takes(const Offer& offer, const qz::Parameter& row, const qz::KeyRow& key, const Texts& parameters) {
+bool accepts(const Offer& offer, const qz::Parameter& row, const qz::KeyRow& key, const Texts& parameters) {
     const std::string& value = parameters.at(key.name);
     if (isAuto(key, value)) return true;
     if (offer.kind == Offer::Kind::Switch) return offer.values[0] != "false" || switchesOff(row, key, value);
@@ -143,18 +139,16 @@ Offers::Offers(const Device& device, const android::CameraMetadata& characterist
     for (const auto& [key, capability] : camera.adapter().takePublished()) {
         const char* value = camera.parameters().get(key.c_str());
         const StaticEntry* found = entry(capability);
-        if (value != nullptr) mPublished[key] = {value, found == nullptr || !found->cut};
+        if (value != nullptr) mPublished[key] = {value, capability, found == nullptr || !found->cut};
     }
 }
 
 Offers::Offers(const Device& nothing, const Texts& published) : mDevice(nothing), mNames(nothing.vendorTags) {
-    for (const auto& [key, value] : published) mPublished[key] = {value, true};
+    for (const auto& [key, value] : published) mPublished[key] = {value};
 }
 
 const StaticEntry* Offers::entry(uint32_t tag) const {
-    const auto found = std::find_if(mDevice.entries.begin(), mDevice.entries.end(),
-                                    [&](const StaticEntry& each) { return each.tag == tag; });
-    return found == mDevice.entries.end() ? nullptr : &*found;
+    return findIf(mDevice.entries, [&](const StaticEntry& each) { return each.tag == tag; });
 }
 
 std::vector<Offer> Offers::of(const qz::Parameter& row, const qz::KeyRow& key,
@@ -162,30 +156,28 @@ std::vector<Offer> Offers::of(const qz::Parameter& row, const qz::KeyRow& key,
     std::vector<Offer> offers;
     if (key.condition) return offers;
     addPublished(offers, row);
-    addLimit(offers, key, parameters);
+    if (auto offer = limit(key, parameters)) offers.push_back(std::move(*offer));
     return offers;
 }
 
 // Two keys with a number each are the lower and upper limit of a range.
-void Offers::addPublished(Sources& offers, const qz::Parameter& row) const {
+void Offers::addPublished(std::vector<Offer>& offers, const qz::Parameter& row) const {
     if (row.offers.count == 2) {
-        const auto low = mPublished.find(row.offers[0]);
-        const auto high = mPublished.find(row.offers[1]);
-        const bool both = low != mPublished.end() && high != mPublished.end();
-        if (both && isEndOfRange(row.offers[0], low->second.value) &&
-            isEndOfRange(row.offers[1], high->second.value)) {
-            offers.push_back(rangeOf(fmt::format("{}, {}", row.offers[0], row.offers[1]), low->second.value,
-                                     high->second.value));
-            return;
-        }
+        const Published* low = published(row.offers[0]);
+        const Published* high = published(row.offers[1]);
+        const bool isRange = low && high && isEndOfRange(row.offers[0], low->value) &&
+                             isEndOfRange(row.offers[1], high->value);
+        if (isRange)
+            return offers.push_back(
+                rangeOf(fmt::format("{}, {}", row.offers[0], row.offers[1]), low->value, high->value));
     }
     for (const char* key : row.offers) addOne(offers, key);
 }
 
-void Offers::addOne(Sources& offers, const char* key) const {
-    const auto found = mPublished.find(key);
-    if (found == mPublished.end()) return;
-    const auto& [value, whole] = found->second;
+void Offers::addOne(std::vector<Offer>& offers, const char* key) const {
+    const Published* found = published(key);
+    if (found == nullptr) return;
+    const std::string& value = found->value;
     const PublishedAs form = formOf(key);
     if (form == PublishedAs::first || (form == PublishedAs::own && startsWith(value, "(")))
         return;  // a default
@@ -195,33 +187,30 @@ void Offers::addOne(Sources& offers, const char* key) const {
     } else if (form == PublishedAs::range) {
         offers.push_back(rangeIn(key, value));
     } else {
-        offers.push_back({Offer::Kind::List, key, listIn(value), {}, {}, whole});
+        offers.push_back({Offer::Kind::List, key, listIn(value), {}, {}, found->whole});
     }
 }
 
-void Offers::addLimit(Sources& offers, const qz::KeyRow& key, const Texts& parameters) const {
-    const char* source = qz::kLimitTexts[static_cast<size_t>(key.limit)];
-    const auto add = [&](std::optional<Offer> offer) {
-        if (offer) offers.push_back(std::move(*offer));
-    };
-    const auto most = parameters.find(source);
+std::optional<Offer> Offers::limit(const qz::KeyRow& key, const Texts& parameters) const {
+    const char* source = textOf(key.limit);
+    const std::string* most = findValue(parameters, source);
     switch (key.limit) {
         case Limit::none:
-            return;
+            return std::nullopt;
         case Limit::activeArray:
         case Limit::subActiveArray:
-            return add(array(source));
+            return array(source);
         case Limit::zoomSteps:
-            if (most != parameters.end() && asInteger(most->second) > 0)
-                offers.push_back(rangeOf(source, "0", most->second));
-            return;
+            if (most == nullptr || asInteger(*most) <= 0) return std::nullopt;
+            return rangeOf(source, "0", *most);
         case Limit::percent:
-            return offers.push_back(rangeOf("JPEG quality", "1", "100"));
+            return rangeOf("JPEG quality", "1", "100");
         case Limit::pictureSizes:
-            return add(pictureSizes(parameters));
+            return pictureSizes(parameters);
         case Limit::thumbnailSizes:
-            return add(thumbnailSizes());
+            return thumbnailSizes();
     }
+    return std::nullopt;
 }
 
 // The entry has left, top, width and height, or only width and height. Coordinates begin at its corner.
@@ -244,10 +233,10 @@ std::optional<Offer> Offers::array(const char* source) const {
 // Uses the host's own list if the host has set one; otherwise the sizes of the device.
 std::optional<Offer> Offers::pictureSizes(const Texts& parameters) const {
     Offer offer{Offer::Kind::List, kPictureSizes, {}, {}, {}, true};
-    if (const auto set = parameters.find(kPictureSizes); set != parameters.end()) {
-        offer.values = listIn(set->second);
+    if (const std::string* set = findValue(parameters, kPictureSizes)) {
+        offer.values = listIn(*set);
     } else if (const StaticEntry* found = entry(ANDROID_SCALER_AVAILABLE_STREAM_CONFIGURATIONS)) {
-        offer.source = qz::kLimitTexts[static_cast<size_t>(Limit::pictureSizes)];
+        offer.source = textOf(Limit::pictureSizes);
         offer.whole = !found->cut;
         const auto numbers = int32sOf(*found);
         for (size_t i = 0; i + 3 < numbers.size(); i += 4) {
@@ -257,19 +246,18 @@ std::optional<Offer> Offers::pictureSizes(const Texts& parameters) const {
         }
     }
     if (offer.values.empty()) return std::nullopt;
-    const auto more = mPublished.find(kSuperSizes);
-    if (more == mPublished.end()) return offer;
-    for (std::string& size : listIn(more->second.value)) offer.values.push_back(std::move(size));
+    const Published* more = published(kSuperSizes);
+    if (more == nullptr) return offer;
+    for (std::string& size : listIn(more->value)) offer.values.push_back(std::move(size));
     offer.source.append(", ").append(kSuperSizes);
-    offer.whole = offer.whole && more->second.whole;
+    offer.whole = offer.whole && more->whole;
     return offer;
 }
 
 std::optional<Offer> Offers::thumbnailSizes() const {
     const StaticEntry* found = entry(ANDROID_JPEG_AVAILABLE_THUMBNAIL_SIZES);
     if (found == nullptr) return std::nullopt;
-    Offer offer{Offer::Kind::List, qz::kLimitTexts[static_cast<size_t>(Limit::thumbnailSizes)], {}, {}, {},
-                !found->cut};
+    Offer offer{Offer::Kind::List, textOf(Limit::thumbnailSizes), {}, {}, {}, !found->cut};
     const auto numbers = int32sOf(*found);
     for (size_t i = 0; i + 1 < numbers.size(); i += 2)
         offer.values.push_back(sizeText(numbers[i], numbers[i + 1]));
@@ -279,7 +267,7 @@ std::optional<Offer> Offers::thumbnailSizes() const {
 std::optional<Offer> Offers::excluding(const qz::Parameter& row, const qz::KeyRow& key,
                                        const Texts& parameters) const {
     for (Offer& offer : of(row, key, parameters)) {
-        if (!takes(offer, row, key, parameters)) return std::move(offer);
+        if (!accepts(offer, row, key, parameters)) return std::move(offer);
     }
     return std::nullopt;
 }

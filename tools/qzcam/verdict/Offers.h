@@ -3,6 +3,7 @@
 // keys of the parameter's row, and the limits of the row.
 #pragma once
 
+#include "base/Lists.h"
 #include "device/Device.h"
 #include "host/Events.h"
 
@@ -33,16 +34,18 @@ class Offers {
     std::optional<Offer> excluding(const qz::Parameter& row, const qz::KeyRow& key,
                                    const Texts& parameters) const;
 
-  private:
     struct Published {
         std::string value;
-        bool whole = true;
+        uint32_t capability = 0;  // tag of its static entry
+        bool whole = true;        // the dump shows all of that entry
     };
-    using Sources = std::vector<Offer>;
+    // Returns null for a key that this device does not publish.
+    const Published* published(const std::string& key) const { return findValue(mPublished, key); }
 
-    void addPublished(Sources& offers, const qz::Parameter& row) const;
-    void addOne(Sources& offers, const char* key) const;
-    void addLimit(Sources& offers, const qz::KeyRow& key, const Texts& parameters) const;
+  private:
+    void addPublished(std::vector<Offer>& offers, const qz::Parameter& row) const;
+    void addOne(std::vector<Offer>& offers, const char* key) const;
+    std::optional<Offer> limit(const qz::KeyRow& key, const Texts& parameters) const;
     std::optional<Offer> array(const char* source) const;
     std::optional<Offer> pictureSizes(const Texts& parameters) const;
     std::optional<Offer> thumbnailSizes() const;

@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "verdict/Verdicts.h"
 
+#include "base/Lists.h"
 #include "base/Text.h"
 #include "facts/Hints.h"
 #include "facts/Lookup.h"
 #include "facts/StandardKeys.h"
 #include "host/EventWords.h"
 #include "verdict/KeyValue.h"
-#include "verdict/Numbers.h"
 #include "verdict/RowSteps.h"
 
 #include <fmt/format.h>
@@ -29,16 +29,11 @@ constexpr std::array<Verdict, 4> kWorstFirst{Verdict::WrongType, Verdict::Undecl
                                              Verdict::GateClosed};
 
 const TraceStep* findStep(const Trace& steps, Kind kind, const std::string& name) {
-    const auto found = std::find_if(steps.begin(), steps.end(), [&](const TraceStep& step) {
-        return step.kind == kind && step.name == name;
-    });
-    return found == steps.end() ? nullptr : &*found;
+    return findIf(steps, [&](const TraceStep& step) { return step.kind == kind && step.name == name; });
 }
 
 const TraceStep* firstOf(const Trace& steps, Kind kind) {
-    const auto found =
-        std::find_if(steps.begin(), steps.end(), [&](const TraceStep& step) { return step.kind == kind; });
-    return found == steps.end() ? nullptr : &*found;
+    return findIf(steps, [&](const TraceStep& step) { return step.kind == kind; });
 }
 
 // Returns true if the values are one element equal to the number. A byte has the low eight bits of the
@@ -74,7 +69,6 @@ class Request {
     void sumUp(VerdictRow& verdict) const;
     bool sumUpEntries(VerdictRow& verdict) const;
     bool isAnotherValue(VerdictRow& verdict, const Row& row, const qz::KeyRow& key) const;
-    void holdAgainstDevice(VerdictRow& verdict, const Row& row, const qz::KeyRow& key) const;
     void explainUnread(VerdictRow& verdict, const Row& row) const;
     void explainNoEntry(VerdictRow& verdict, const Row& row, const qz::KeyRow& key) const;
     bool lacksSomething(VerdictRow& verdict, const Row& row) const;
@@ -89,8 +83,8 @@ class Request {
 
 const Trace& Request::stepsOf(const RowSteps& steps, const Row& row) {
     static const Trace none;
-    const auto found = steps.find(&row);
-    return found == steps.end() ? none : found->second;
+    const Trace* found = findValue(steps, &row);
+    return found == nullptr ? none : *found;
 }
 
 void explainUnknown(VerdictRow& verdict) {
@@ -116,9 +110,8 @@ VerdictRow Request::verdictOn(const std::string& key) const {
     }
     for (const Row* row : rows) addEntries(verdict, *row);
     // The row for which the key is not only a condition explains it.
-    const auto own =
-        std::find_if(rows.begin(), rows.end(), [&](const Row* row) { return !keyIn(*row, key)->condition; });
-    const Row& row = own == rows.end() ? *rows.front() : **own;
+    const Row* const* own = findIf(rows, [&](const Row* row) { return !keyIn(*row, key)->condition; });
+    const Row& row = own == nullptr ? *rows.front() : **own;
     if (!verdict.entries.empty()) {
         sumUp(verdict);
     } else if (findStep(complete(row), Kind::Read, key) == nullptr) {
@@ -192,7 +185,9 @@ void Request::sumUp(VerdictRow& verdict) const {
         const qz::KeyRow& key = *keyIn(*row, verdict.key);
         if (key.condition || complete(*row).empty()) continue;
         if (isAnotherValue(verdict, *row, key)) return;
-        holdAgainstDevice(verdict, *row, key);
+        verdict.overflow = overflowOf(*row, key, verdict.value, verdict.entries);
+        verdict.offer = mOffers.excluding(*row, key, mParameters);
+        sumUpOffer(verdict);
         if (verdict.verdict != Verdict::Written) return;
     }
 }
@@ -200,9 +195,9 @@ void Request::sumUp(VerdictRow& verdict) const {
 // Returns false if each entry has been written for this parameter.
 bool Request::sumUpEntries(VerdictRow& verdict) const {
     for (const Verdict worst : kWorstFirst) {
-        const auto found = std::find_if(verdict.entries.begin(), verdict.entries.end(),
-                                        [&](const VerdictEntry& each) { return each.verdict == worst; });
-        if (found == verdict.entries.end()) continue;
+        const VerdictEntry* found =
+            findIf(verdict.entries, [&](const VerdictEntry& each) { return each.verdict == worst; });
+        if (found == nullptr) continue;
         verdict.verdict = worst;
         verdict.reason = found->reason;
         return true;
@@ -221,12 +216,6 @@ bool Request::isAnotherValue(VerdictRow& verdict, const Row& row, const qz::KeyR
     return !verdict.reason.empty();
 }
 
-void Request::holdAgainstDevice(VerdictRow& verdict, const Row& row, const qz::KeyRow& key) const {
-    verdict.overflow = overflowOf(row, key, verdict.value, verdict.entries);
-    verdict.offer = mOffers.excluding(row, key, mParameters);
-    sumUpOffer(verdict);
-}
-
 // Explains a word whose own number is not the one that is written: a condition of the row has decided.
 std::string Request::decidedBy(const Row& row, const std::string& value) const {
     if (row.plain || row.conversion.vocabulary == nullptr || row.entries.count != 1) return {};
@@ -235,8 +224,8 @@ std::string Request::decidedBy(const Row& row, const std::string& value) const {
     const int number = numberOf(*row.conversion.vocabulary, value);
     if (update == nullptr || holdsNumber(update->values, number)) return {};
     for (const qz::KeyRow& key : row.keys) {
-        const auto set = mParameters.find(key.name);
-        if (key.condition && set != mParameters.end() && set->second == "on")
+        const std::string* set = findValue(mParameters, key.name);
+        if (key.condition && set != nullptr && *set == "on")
             return fmt::format("{} decides the value of {}", key.name, row.entries[0].tag);
     }
     if (row.properties.empty()) return {};
