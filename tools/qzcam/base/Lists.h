@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
-// Searches in lists and maps.
+// Functions for lists and maps.
 #pragma once
 
 #include <algorithm>
 #include <iterator>
+#include <vector>
 
 namespace qzcam {
 
@@ -22,6 +23,14 @@ bool anyOf(const List& list, Condition isMatch) {
 template <typename List, typename Element>
 bool hasElement(const List& list, const Element& element) {
     return std::find(std::begin(list), std::end(list), element) != std::end(list);
+}
+
+// Returns the results of the function for all elements, in their order.
+template <typename List, typename Function>
+auto mapped(const List& list, Function resultOf) {
+    std::vector<decltype(resultOf(*std::begin(list)))> results;
+    for (const auto& each : list) results.push_back(resultOf(each));
+    return results;
 }
 
 // Returns the value of the key in the map, or null.

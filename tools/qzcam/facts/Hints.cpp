@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "facts/Hints.h"
 
+#include "base/Lists.h"
 #include "base/Text.h"
 #include "facts/Lookup.h"
 #include "facts/StandardKeys.h"
@@ -74,32 +75,32 @@ Words wordsOf(std::string_view name) {
 }
 
 // Words with little information about a key.
-bool isIdle(const std::string& word) {
-    static const Words idle{"qz",    "key",   "mode", "value", "values", "set",    "supported",
-                            "range", "modes", "list", "max",   "min",    "size",   "sizes",
-                            "is",    "start", "end",  "step",  "level",  "default"};
-    return idle.count(word) != 0;
+bool isCommonWord(const std::string& word) {
+    static const Words common{"qz",    "key",   "mode", "value", "values", "set",    "supported",
+                              "range", "modes", "list", "max",   "min",    "size",   "sizes",
+                              "is",    "start", "end",  "step",  "level",  "default"};
+    return common.count(word) != 0;
 }
 
-Words tellingWords(std::string_view name) {
-    Words telling;
+Words significantWords(std::string_view name) {
+    Words words;
     for (const std::string& word : wordsOf(name)) {
-        if (!isIdle(word)) telling.insert(word);
+        if (!isCommonWord(word)) words.insert(word);
     }
-    return telling;
+    return words;
 }
 
 // Returns the number of typing errors that a text of this length may have.
-size_t slips(size_t letters) {
-    constexpr size_t kLettersASlip = 4;
-    constexpr size_t kMostSlips = 3;
-    return letters < 3 ? 0 : std::clamp(letters / kLettersASlip, size_t{1}, kMostSlips);
+size_t allowedErrors(size_t letters) {
+    constexpr size_t kLettersPerError = 4;
+    constexpr size_t kMostErrors = 3;
+    return letters < 3 ? 0 : std::clamp(letters / kLettersPerError, size_t{1}, kMostErrors);
 }
 
 bool isNear(std::string_view one, std::string_view other) {
     const size_t shorter = std::min(one.size(), other.size());
     const size_t longer = std::max(one.size(), other.size());
-    const size_t most = slips(shorter);
+    const size_t most = allowedErrors(shorter);
     return longer - shorter <= most && longer <= kLongest && typingDistance(one, other) <= most;
 }
 
@@ -113,7 +114,7 @@ double likeness(const Words& a, const Words& b,
                 const std::function<bool(const std::string&, const std::string&)>& same) {
     if (a.empty() || b.empty()) return 0;
     const auto shared = std::count_if(a.begin(), a.end(), [&](const std::string& word) {
-        return std::any_of(b.begin(), b.end(), [&](const std::string& other) { return same(word, other); });
+        return anyOf(b, [&](const std::string& other) { return same(word, other); });
     });
     return static_cast<double>(2 * shared) / static_cast<double>(a.size() + b.size());
 }
@@ -126,48 +127,48 @@ Names knownKeys() {
     return {keys.begin(), keys.end()};
 }
 
-// Returns the keys that contain all words of the name unchanged.
-Names withAllWords(const std::string& name) {
-    const Words words = tellingWords(name);
+// Returns the keys of applications by their likeness, the greatest first; those with 0 are left out.
+template <typename Likeness>
+Names keysByLikeness(Likeness likenessOf) {
     std::vector<std::pair<double, std::string>> found;
     for (const std::string& key : readKeys()) {
-        const Words others = tellingWords(key);
-        if (words.empty() || !std::includes(others.begin(), others.end(), words.begin(), words.end()))
-            continue;
-        found.emplace_back(-likeness(words, others, std::equal_to<>()), key);
+        if (const double alike = likenessOf(significantWords(key)); alike > 0)
+            found.emplace_back(-alike, key);
     }
     std::sort(found.begin(), found.end());
-    Names keys;
-    for (auto& [alike, key] : found) keys.push_back(std::move(key));
-    return keys;
+    return mapped(found, [](const auto& each) { return each.second; });
+}
+
+// Returns the keys that contain all words of the name unchanged.
+Names withAllWords(const std::string& name) {
+    const Words words = significantWords(name);
+    return keysByLikeness([&](const Words& others) {
+        const bool hasAll = std::includes(others.begin(), others.end(), words.begin(), words.end());
+        return hasAll ? likeness(words, others, std::equal_to<>()) : 0;
+    });
 }
 
 // Returns the words of the name, with terms of the field replaced by the library's terms.
-Words inOurWords(const std::string& name) {
+Words withSynonyms(const std::string& name) {
     Words words;
-    for (const std::string& word : tellingWords(name)) {
-        const auto* found = std::find_if(std::begin(kSynonyms), std::end(kSynonyms),
-                                         [&](const Synonym& each) { return word == each.word; });
-        words.insert(found == std::end(kSynonyms) ? word : found->ours);
+    for (const std::string& word : significantWords(name)) {
+        const Synonym* found = findIf(kSynonyms, [&](const Synonym& each) { return word == each.word; });
+        words.insert(found == nullptr ? word : found->ours);
     }
     return words;
 }
 
-void addAlike(Names& keys, const Words& words) {
-    std::vector<std::pair<double, std::string>> found;
-    for (const std::string& key : readKeys()) {
-        const double alike = likeness(words, tellingWords(key), isNear);
-        if (alike >= kAlike) found.emplace_back(-alike, key);
-    }
-    std::sort(found.begin(), found.end());
-    for (auto& [alike, key] : found) keys.push_back(std::move(key));
+Names withSimilarWords(const Words& words) {
+    return keysByLikeness([&](const Words& others) {
+        const double alike = likeness(words, others, isNear);
+        return alike >= kAlike ? alike : 0;
+    });
 }
 
 bool namesFeature(const Words& words, qz::Feature feature) {
-    const char* name = qz::kFeatureNames[static_cast<size_t>(feature)];
-    Words own = wordsOf(name);
+    Words own = wordsOf(nameOf(feature));
     own.erase("and");
-    own.insert(lettersOf(name));
+    own.insert(lettersOf(nameOf(feature)));
     return likeness(words, own, isLongAndNear) > 0;
 }
 
@@ -182,23 +183,19 @@ void addOfFeature(Names& keys, Words words, const std::string& name) {
 }
 
 // Short words such as "on" and "50" belong to too many keys.
-void addTaking(Names& keys, const std::string& name) {
-    constexpr size_t kTelling = 4;
+void addKeysWithWord(Names& keys, const std::string& name) {
+    constexpr size_t kShortest = 4;
     const std::string letters = lettersOf(name);
-    if (letters.size() < kTelling) return;
+    if (letters.size() < kShortest) return;
+    const auto isMeant = [&](std::string_view word) { return isLongAndNear(letters, lettersOf(word)); };
     for (const qz::Parameter& row : qz::kParameters) {
         if (row.conversion.vocabulary == nullptr) continue;
         const auto& words = row.conversion.vocabulary->words;
-        const bool takes = std::any_of(words.begin(), words.end(), [&](const qz::Word& word) {
-            return isLongAndNear(letters, lettersOf(word.text));
-        });
-        if (takes) keys.emplace_back(row.keys[0].name);
+        if (anyOf(words, [&](const qz::Word& word) { return isMeant(word.text); }))
+            keys.emplace_back(row.keys[0].name);
     }
     for (const StandardKey& key : standardKeys()) {
-        const auto words = split(key.words, ' ');
-        if (std::any_of(words.begin(), words.end(),
-                        [&](std::string_view word) { return isLongAndNear(letters, lettersOf(word)); }))
-            keys.emplace_back(key.key);
+        if (anyOf(split(key.words, ' '), isMeant)) keys.emplace_back(key.key);
     }
 }
 
@@ -206,13 +203,12 @@ void addTaking(Names& keys, const std::string& name) {
 Names firstOf(const Names& names) {
     Names first;
     for (const std::string& name : names) {
-        const bool isNew = std::find(first.begin(), first.end(), name) == first.end();
-        if (isNew && first.size() < kMost) first.push_back(name);
+        if (first.size() < kMost && !hasElement(first, name)) first.push_back(name);
     }
     return first;
 }
 
-Names lookedUp(const std::string& name) {
+Names findLikelyKeys(const std::string& name) {
     static const Names known = knownKeys();
     const Names near = nearest(name, known);
     const bool same = !near.empty() && withoutPrefix(lettersOf(name)) == withoutPrefix(lettersOf(near[0]));
@@ -220,9 +216,9 @@ Names lookedUp(const std::string& name) {
     Names keys = withAllWords(name);
     if (!keys.empty()) return firstOf(keys);
     if (!near.empty()) return near;
-    const Words words = inOurWords(name);
-    addAlike(keys, words);
-    addTaking(keys, name);
+    const Words words = withSynonyms(name);
+    keys = withSimilarWords(words);
+    addKeysWithWord(keys, name);
     addOfFeature(keys, words, name);
     return firstOf(keys);
 }
@@ -271,10 +267,10 @@ std::string nearestOne(std::string_view name, const Names& names) {
 Names likelyKeys(const std::string& name) {
     // Cached, because every request of a session needs the hints for the same keys.
     constexpr size_t kMostKept = 1000;
-    thread_local std::map<std::string, Names> kept;
-    if (const auto found = kept.find(name); found != kept.end()) return found->second;
-    if (kept.size() >= kMostKept) kept.clear();
-    return kept[name] = lookedUp(name);
+    thread_local std::map<std::string, Names> cache;
+    if (const Names* known = findValue(cache, name)) return *known;
+    if (cache.size() >= kMostKept) cache.clear();
+    return cache[name] = findLikelyKeys(name);
 }
 
 std::string perhaps(const Names& names) {

@@ -1,16 +1,17 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "facts/Lookup.h"
 
+#include "base/Lists.h"
+
 #include <capabilities/Capabilities.h>
 #include <request/Parameters.h>
 #include <text/Vocabularies.h>
 
 #include <fmt/format.h>
 
-#include <algorithm>
-#include <iterator>
-
 namespace qzcam {
+
+const char* nameOf(qz::Feature feature) { return qz::kFeatureNames[static_cast<size_t>(feature)]; }
 
 std::vector<const qz::Parameter*> rowsOf(const std::string& key) {
     std::vector<const qz::Parameter*> rows;
@@ -21,9 +22,7 @@ std::vector<const qz::Parameter*> rowsOf(const std::string& key) {
 }
 
 const qz::KeyRow* keyIn(const qz::Parameter& row, const std::string& key) {
-    const auto found = std::find_if(row.keys.begin(), row.keys.end(),
-                                    [&](const qz::KeyRow& each) { return key == each.name; });
-    return found == row.keys.end() ? nullptr : found;
+    return findIf(row.keys, [&](const qz::KeyRow& each) { return key == each.name; });
 }
 
 // If a row has as many keys as entries, each key has its own entry. Otherwise each key affects all entries.
@@ -61,12 +60,9 @@ std::vector<std::string> keysWriting(std::string_view tag) {
 }
 
 const qz::CapabilityRow* findPublisher(std::string_view key) {
-    for (const qz::CapabilityRow& row : qz::kCapabilities) {
-        for (const qz::Publication& publication : row.publishes) {
-            if (key == publication.key) return &row;
-        }
-    }
-    return nullptr;
+    return findIf(qz::kCapabilities, [&](const qz::CapabilityRow& row) {
+        return anyOf(row.publishes, [&](const qz::Publication& each) { return key == each.key; });
+    });
 }
 
 bool isUnconditional(std::string_view key) {
@@ -75,16 +71,15 @@ bool isUnconditional(std::string_view key) {
 }
 
 const char* wordFor(const qz::Vocabulary& vocabulary, int number) {
-    const auto* found = std::find_if(vocabulary.published.begin(), vocabulary.published.end(),
-                                     [&](const qz::Word& word) { return word.number == number; });
-    return found == vocabulary.published.end() ? nullptr : found->text;
+    const auto* found =
+        findIf(vocabulary.published, [&](const qz::Word& word) { return word.number == number; });
+    return found == nullptr ? nullptr : found->text;
 }
 
 const char* nameOf(const qz::Vocabulary& vocabulary) {
     const auto* found =
-        std::find_if(std::begin(qz::kVocabularies), std::end(qz::kVocabularies),
-                     [&](const qz::NamedVocabulary& named) { return named.vocabulary == &vocabulary; });
-    return found == std::end(qz::kVocabularies) ? nullptr : found->toNumber;
+        findIf(qz::kVocabularies, [&](const auto& named) { return named.vocabulary == &vocabulary; });
+    return found == nullptr ? nullptr : found->toNumber;
 }
 
 const std::vector<HostKey>& hostKeys() {
@@ -98,10 +93,8 @@ const std::vector<HostKey>& hostKeys() {
 }
 
 std::string noteOnHostKey(const std::string& key) {
-    for (const HostKey& row : hostKeys()) {
-        if (key == row.key) return fmt::format("no entry has it; used by {}: {}", row.function, row.effect);
-    }
-    return {};
+    const HostKey* row = findIf(hostKeys(), [&](const HostKey& each) { return key == each.key; });
+    return row ? fmt::format("no entry has it; used by {}: {}", row->function, row->effect) : std::string();
 }
 
 std::set<std::string> readKeys() {

@@ -13,6 +13,8 @@
 
 namespace qzcam {
 
+const char* nameOf(qz::Feature feature);
+
 // Returns the rows that read the key, in the order of the pass.
 std::vector<const qz::Parameter*> rowsOf(const std::string& key);
 

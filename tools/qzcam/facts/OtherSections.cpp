@@ -35,7 +35,7 @@ Doc docOf(const qz::MessageRow& row) {
     const std::string code = hex(row.code);
     Doc doc{fmt::format("{}: a message, code {}", row.name, code), {row.name, row.constant, code}, {}};
     doc.cells = {{text(row.constant)},
-                 {text(code.c_str())},
+                 {text(code)},
                  row.kind != 0 ? textIf(fmt::to_string(row.kind).c_str()) : std::vector<Value>(),
                  {text(row.name)},
                  {text(forms[static_cast<size_t>(row.form)])},
@@ -50,8 +50,8 @@ Doc docOf(const qz::NamedVocabulary& row) {
     if (words.toText != nullptr) doc.names.emplace_back(words.toText);
     doc.cells = {{text(row.toNumber)},
                  wordsToNumbers(words),
-                 {text(fmt::to_string(words.whenNull).c_str())},
-                 {text(fmt::to_string(words.whenUnknown).c_str())},
+                 {text(fmt::to_string(words.whenNull))},
+                 {text(fmt::to_string(words.whenUnknown))},
                  textIf(words.toText),
                  numbersToWords(words),
                  textIf(words.unknownText),
@@ -63,7 +63,7 @@ Doc docOf(const qz::CommandRow& row) {
     const std::string code = fmt::to_string(row.code);
     Doc doc{fmt::format("{}: a command", code), {code, row.constant}, {}};
     addTagNames(doc.names, row.entry);
-    doc.cells = {{text(row.constant)}, {text(code.c_str())}, {text(row.entry)}, {text(row.answer)}};
+    doc.cells = {{text(row.constant)}, {text(code)}, {text(row.entry)}, {text(row.answer)}};
     return doc;
 }
 
@@ -85,16 +85,14 @@ Doc docOf(const qz::LogLine& row) {
     return {fmt::format("{}: a log line", row.format),
             {row.format},
             {{text(row.logTag)},
-             {text(level.c_str())},
+             {text(level)},
              textIf(*row.function != '\0' ? row.function : nullptr),
              {text(row.format)}}};
 }
 
 template <typename Rows>
 std::vector<Doc> docsOf(const Rows& rows) {
-    std::vector<Doc> docs;
-    for (const auto& row : rows) docs.push_back(docOf(row));
-    return docs;
+    return mapped(rows, [](const auto& row) { return docOf(row); });
 }
 
 }  // namespace

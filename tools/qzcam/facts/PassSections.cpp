@@ -15,8 +15,6 @@ namespace {
 
 using Style = Column::Style;
 
-const char* textOf(qz::Feature feature) { return qz::kFeatureNames[static_cast<size_t>(feature)]; }
-
 const qz::Vocabulary* wordsOf(const qz::Parameter& row) { return row.conversion.vocabulary; }
 
 std::vector<Value> conversionOf(const qz::Parameter& row) {
@@ -33,21 +31,7 @@ std::vector<Value> wordsIn(const qz::Parameter& row) {
 
 std::vector<Value> otherwise(const qz::Parameter& row) {
     if (wordsOf(row) == nullptr || row.entries.empty()) return {};
-    const std::string number = numberIn(row.entries[0].type, wordsOf(row)->whenUnknown);
-    return {text(number.c_str())};
-}
-
-std::vector<Value> refusals(const qz::Parameter& row) {
-    std::vector<Value> values;
-    for (const qz::EntryRow& entry : row.entries) values.push_back(text(entry.refused));
-    return values;
-}
-
-template <typename Gates, typename Texts>
-std::vector<Value> gateTexts(const Gates& gates, const Texts& all) {
-    std::vector<Value> values;
-    for (const auto gate : gates) values.push_back(text(all[static_cast<size_t>(gate)]));
-    return values;
+    return {text(numberIn(row.entries[0].type, wordsOf(row)->whenUnknown))};
 }
 
 // Published keys, and limits of the keys.
@@ -68,23 +52,21 @@ Doc docOf(const qz::Parameter& row) {
     doc.heading = fmt::format("{}: {}", fmt::join(doc.names, ", "),
                               row.keys.count == 1 ? "a parameter" : "parameters of one setter");
     doc.names.emplace_back(row.setter);
-    std::vector<Value> keys;
-    for (const qz::KeyRow& key : row.keys) keys.push_back(keyValue(key));
     for (const qz::EntryRow& entry : row.entries) addTagNames(doc.names, entry.tag);
     doc.cells = {{text(row.setter)},
-                 keys,
+                 mapped(row.keys, keyValue),
                  conversionOf(row),
                  wordsIn(row),
                  otherwise(row),
-                 entryValues(row.entries),
-                 gateTexts(row.gates, qz::kGateTexts),
-                 refusals(row),
+                 mapped(row.entries, entryValue),
+                 textsOf(row.gates, qz::kGateTexts),
+                 mapped(row.entries, [](const qz::EntryRow& entry) { return text(entry.refused); }),
                  textIf(row.information),
                  offersOf(row),
-                 entryValues(row.uses),
+                 mapped(row.uses, entryValue),
                  texts(row.properties),
                  textIf(row.keeps),
-                 {text(textOf(row.feature))}};
+                 {text(nameOf(row.feature))}};
     return doc;
 }
 
@@ -105,20 +87,20 @@ std::vector<Value> publishedWords(const qz::CapabilityRow& row) {
 
 Doc docOf(const qz::CapabilityRow& row) {
     Doc doc;
-    std::vector<Value> publications;
-    for (const qz::Publication& publication : row.publishes) {
-        doc.names.emplace_back(publication.key);
-        publications.push_back(publicationValue(publication));
-    }
+    for (const qz::Publication& publication : row.publishes) doc.names.emplace_back(publication.key);
     doc.heading = doc.names.empty() ? fmt::format("{}: a capability", row.getter)
                                     : fmt::format("{}: published by the library", fmt::join(doc.names, ", "));
     doc.names.emplace_back(row.getter);
     for (const qz::EntryRow& entry : row.entries) addTagNames(doc.names, entry.tag);
-    const std::string minimum = fmt::to_string(row.minimum);
-    doc.cells = {
-        {text(row.getter)},         entryValues(row.entries),  {text(minimum.c_str())},   publications,
-        publishedWords(row),        textIf(row.counts.format), textIf(row.echoes.format), textIf(row.keeps),
-        {text(textOf(row.feature))}};
+    doc.cells = {{text(row.getter)},
+                 mapped(row.entries, entryValue),
+                 {text(fmt::to_string(row.minimum))},
+                 mapped(row.publishes, publicationValue),
+                 publishedWords(row),
+                 textIf(row.counts.format),
+                 textIf(row.echoes.format),
+                 textIf(row.keeps),
+                 {text(nameOf(row.feature))}};
     return doc;
 }
 
@@ -129,20 +111,18 @@ Doc docOf(const qz::ResultRow& row) {
     for (const qz::EntryRow& entry : row.entries) addTagNames(doc.names, entry.tag);
     const qz::MessageRow* message = qz::findMessage(row.message, row.kind);
     doc.cells = {{text(row.handler)},
-                 entryValues(row.entries),
+                 mapped(row.entries, entryValue),
                  message != nullptr ? textIf(message->name) : std::vector<Value>(),
-                 gateTexts(row.gates, qz::kResultGateTexts),
+                 textsOf(row.gates, qz::kResultGateTexts),
                  textIf(row.line),
                  texts(row.members),
-                 {text(textOf(row.feature))}};
+                 {text(nameOf(row.feature))}};
     return doc;
 }
 
 template <typename Rows>
 std::vector<Doc> docsOf(const Rows& rows) {
-    std::vector<Doc> docs;
-    for (const auto& row : rows) docs.push_back(docOf(row));
-    return docs;
+    return mapped(rows, [](const auto& row) { return docOf(row); });
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "facts/Reference.h"
 
+#include "base/Lists.h"
 #include "facts/ReferenceSections.h"
 
 #include <algorithm>
@@ -8,14 +9,6 @@
 #include <set>
 
 namespace qzcam {
-
-namespace {
-
-bool isNamed(const Doc& doc, const std::string& name) {
-    return std::find(doc.names.begin(), doc.names.end(), name) != doc.names.end();
-}
-
-}  // namespace
 
 const Reference& wholeReference() {
     static const Reference whole{parameterSection(), capabilitySection(), resultSection(),
@@ -29,7 +22,7 @@ Reference only(const Reference& reference, const std::string& name) {
     for (const Section& section : reference) {
         Section part{section.title, section.intro, section.json, section.columns, {}};
         std::copy_if(section.docs.begin(), section.docs.end(), std::back_inserter(part.docs),
-                     [&](const Doc& doc) { return isNamed(doc, name); });
+                     [&](const Doc& doc) { return hasElement(doc.names, name); });
         some.push_back(std::move(part));
     }
     return some;
@@ -54,7 +47,7 @@ std::vector<std::string> similarNames(const Reference& reference, const std::str
     for (const Section& section : reference) {
         for (const Doc& doc : section.docs) {
             const std::string& first = doc.names.front();
-            const bool isNew = std::find(names.begin(), names.end(), first) == names.end();
+            const bool isNew = !hasElement(names, first);
             if (isNew && names.size() < most && first.find(name) != std::string::npos) names.push_back(first);
         }
     }

@@ -14,6 +14,9 @@ struct NamedText {
 };
 using Value = std::vector<NamedText>;
 
+// Returns true for the tag, type and count of an entry.
+inline bool isEntry(const Value& value) { return value.size() == 3 && value[0].name == std::string("tag"); }
+
 struct Column {
     enum class Style {
         Text,

@@ -14,11 +14,7 @@ using Style = Column::Style;
 std::string escaped(const std::string& text) {
     std::string safe;
     for (const char c : text) {
-        if (c == '\n') {
-            safe += "\\n";
-        } else {
-            safe += c == '|' ? std::string("\\|") : std::string(1, c);
-        }
+        safe += c == '\n' ? "\\n" : c == '|' ? "\\|" : std::string(1, c);
     }
     return safe;
 }
@@ -26,9 +22,7 @@ std::string escaped(const std::string& text) {
 std::string code(const std::string& text) { return "`" + escaped(text) + "`"; }
 
 std::string joinedParts(const Value& value, Style style) {
-    std::string text = style == Style::Code || style == Style::Number || style == Style::Words
-                           ? code(value[0].text)
-                           : escaped(value[0].text);
+    std::string text = style == Style::Text ? escaped(value[0].text) : code(value[0].text);
     for (size_t i = 1; i < value.size(); ++i) {
         text += (style == Style::Words ? " → " : i == 1 ? " " : ", ") + escaped(value[i].text);
     }
@@ -37,8 +31,7 @@ std::string joinedParts(const Value& value, Style style) {
 
 // Entries as "`tag` byte[1]".
 std::string valueText(const Value& value, Style style) {
-    const bool isEntry = value.size() == 3 && std::string(value[0].name) == "tag";
-    if (!isEntry) return joinedParts(value, style);
+    if (!isEntry(value)) return joinedParts(value, style);
     return fmt::format("{} {}[{}]", code(value[0].text), value[1].text, value[2].text);
 }
 

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 // Prints the reference on a terminal: all details, or one line for each fact.
+#include "base/Lists.h"
 #include "facts/Reference.h"
 
 #include <fmt/format.h>
@@ -14,8 +15,7 @@ using Style = Column::Style;
 
 // "tag  byte[1]", "key  text  a number"
 std::string valueText(const Value& value) {
-    if (value.size() == 3 && std::string(value[0].name) == "tag")
-        return fmt::format("{}  {}[{}]", value[0].text, value[1].text, value[2].text);
+    if (isEntry(value)) return fmt::format("{}  {}[{}]", value[0].text, value[1].text, value[2].text);
     std::string text = value[0].text;
     for (size_t i = 1; i < value.size(); ++i) text += "  " + value[i].text;
     return text;
@@ -48,12 +48,10 @@ std::string blockOf(const Section& section, const Doc& doc) {
 }
 
 // Behind the names: what the entries are, or the last column.
-std::string summaryOf(const Section& section, const Doc& doc) {
-    for (size_t i = 0; i < section.columns.size(); ++i) {
-        const auto& values = doc.cells[i];
-        if (!values.empty() && values[0].size() == 3 && std::string(values[0][0].name) == "tag")
-            return valueText(values[0]);
-    }
+std::string summaryOf(const Doc& doc) {
+    const auto* entries =
+        findIf(doc.cells, [](const auto& values) { return !values.empty() && isEntry(values[0]); });
+    if (entries != nullptr) return valueText(entries->front());
     const auto& last = doc.cells.back();
     return last.empty() || last[0].size() != 1 ? std::string() : last[0][0].text;
 }
@@ -74,7 +72,7 @@ std::string referenceIndex(const Reference& reference) {
         text += fmt::format("{}{}\n", text.empty() ? "" : "\n", section.title);
         for (const Doc& doc : section.docs) {
             const std::string names = doc.heading.substr(0, doc.heading.find(": "));
-            text += fmt::format("  {:<40} {}\n", names, summaryOf(section, doc));
+            text += fmt::format("  {:<40} {}\n", names, summaryOf(doc));
         }
     }
     return text + "\n'qzcam params NAME' shows the details.\n";

@@ -6,6 +6,7 @@
 #include <fmt/format.h>
 
 #include <cstring>
+#include <utility>
 
 namespace qzcam {
 
@@ -42,18 +43,16 @@ Value keyValue(const qz::KeyRow& key) {
     return {{"key", key.name}, {"readAs", readAs(key)}, {"form", formText(key)}};
 }
 
-Value text(const char* name) { return {{"text", name}}; }
+Value text(std::string text) { return {{"text", std::move(text)}}; }
 
 std::vector<Value> textIf(const char* name) {
     return name != nullptr ? std::vector<Value>{text(name)} : std::vector<Value>();
 }
 
 std::vector<Value> wordsToNumbers(const qz::Vocabulary& vocabulary) {
-    std::vector<Value> values;
-    for (const qz::Word& word : vocabulary.words) {
-        values.push_back({{"from", word.text}, {"to", fmt::to_string(word.number)}});
-    }
-    return values;
+    return mapped(vocabulary.words, [](const qz::Word& word) {
+        return Value{{"from", word.text}, {"to", fmt::to_string(word.number)}};
+    });
 }
 
 // A number converts to its first word.

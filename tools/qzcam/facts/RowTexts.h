@@ -2,6 +2,7 @@
 // Parts of rows as values of the reference.
 #pragma once
 
+#include "base/Lists.h"
 #include "facts/Reference.h"
 
 #include <request/Parameter.h>
@@ -15,7 +16,7 @@ std::string countText(const qz::EntryRow& entry);
 
 Value entryValue(const qz::EntryRow& entry);
 Value keyValue(const qz::KeyRow& key);
-Value text(const char* name);
+Value text(std::string text);
 std::vector<Value> textIf(const char* name);  // nothing for null
 
 // Words and numbers, from left to right.
@@ -30,16 +31,13 @@ void addTagNames(std::vector<std::string>& names, const char* tag);
 
 template <typename List>
 std::vector<Value> texts(const List& list) {
-    std::vector<Value> values;
-    for (const char* each : list) values.push_back(text(each));
-    return values;
+    return mapped(list, [](const char* each) { return text(each); });
 }
 
-template <typename Entries>
-std::vector<Value> entryValues(const Entries& entries) {
-    std::vector<Value> values;
-    for (const qz::EntryRow& entry : entries) values.push_back(entryValue(entry));
-    return values;
+// Returns the texts of enumerators, by the table of all texts.
+template <typename List, typename Texts>
+std::vector<Value> textsOf(const List& list, const Texts& all) {
+    return mapped(list, [&](auto each) { return text(all[static_cast<size_t>(each)]); });
 }
 
 }  // namespace qzcam

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "facts/StandardKeys.h"
 
-#include <algorithm>
+#include "base/Lists.h"
 
 namespace qzcam {
 
@@ -13,10 +13,7 @@ const std::vector<StandardKey>& standardKeys() {
 }
 
 const StandardKey* findStandardKey(std::string_view key) {
-    const auto& keys = standardKeys();
-    const auto found =
-        std::find_if(keys.begin(), keys.end(), [&](const StandardKey& each) { return key == each.key; });
-    return found == keys.end() ? nullptr : &*found;
+    return findIf(standardKeys(), [&](const StandardKey& each) { return key == each.key; });
 }
 
 }  // namespace qzcam

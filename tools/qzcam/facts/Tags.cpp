@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "facts/Tags.h"
 
+#include "base/Lists.h"
 #include "base/Text.h"
 #include "facts/Lookup.h"
 
@@ -10,7 +11,6 @@
 #include <request/Parameters.h>
 #include <tags/TagNames.h>
 
-#include <algorithm>
 #include <map>
 #include <unordered_map>
 
@@ -19,7 +19,7 @@ namespace qzcam {
 namespace {
 
 void addOnce(std::vector<std::string>& names, const char* name) {
-    if (std::find(names.begin(), names.end(), name) == names.end()) names.emplace_back(name);
+    if (!hasElement(names, name)) names.emplace_back(name);
 }
 
 class TagFacts {
@@ -45,22 +45,18 @@ class TagFacts {
 
 // Inspection reads entries that getters read, too.
 qz::Feature TagFacts::featureOf(const qz::EntryRow& entry) const {
-    const auto found = std::find_if(facts.begin(), facts.end(), [&](const TagFact& fact) {
-        return qz::sameText(fact.entry.tag, entry.tag);
-    });
-    return found == facts.end() ? qz::Feature::image : found->feature;
+    const TagFact* known =
+        findIf(facts, [&](const TagFact& fact) { return qz::sameText(fact.entry.tag, entry.tag); });
+    return known == nullptr ? qz::Feature::image : known->feature;
 }
 
 TagFact& TagFacts::at(Use use, const qz::EntryRow& entry, qz::Feature feature) {
-    const auto found = std::find_if(facts.begin(), facts.end(), [&](const TagFact& fact) {
+    TagFact* known = findIf(facts, [&](const TagFact& fact) {
         return fact.use == use && qz::sameText(fact.entry.tag, entry.tag);
     });
-    if (found != facts.end()) return *found;
-    TagFact& fact = facts.emplace_back();
-    fact.use = use;
-    fact.entry = entry;
-    fact.feature = feature;
-    return fact;
+    if (known != nullptr) return *known;
+    facts.push_back({use, entry, feature, {}, nullptr, nullptr});
+    return facts.back();
 }
 
 void TagFacts::addWritten(const qz::Parameter& row) {
@@ -117,8 +113,6 @@ std::vector<Tag> declaredTags() {
 
 constexpr const char* kNoFeature = "other";
 
-const char* nameOf(qz::Feature feature) { return qz::kFeatureNames[static_cast<size_t>(feature)]; }
-
 }  // namespace
 
 const char* nameOf(Use use) {
@@ -170,8 +164,8 @@ const char* featureOfTag(const std::string& fullName) {
         for (const TagFact& fact : tagFacts()) all.emplace(fact.entry.tag, nameOf(fact.feature));
         return all;
     }();
-    const auto found = features.find(fullName);
-    return found == features.end() ? kNoFeature : found->second;
+    const char* const* found = findValue(features, fullName);
+    return found == nullptr ? kNoFeature : *found;
 }
 
 const char* featureOfKey(const std::string& key) {

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "facts/Units.h"
 
+#include "base/Lists.h"
 #include "base/Text.h"
 
-#include <algorithm>
 #include <array>
 
 namespace qzcam {
@@ -41,9 +41,8 @@ constexpr std::array<Unit, 20> kUnits{{
 }  // namespace
 
 const char* unitOf(std::string_view fullName) {
-    const auto found = std::find_if(kUnits.begin(), kUnits.end(),
-                                    [&](const Unit& unit) { return endsWith(fullName, unit.name); });
-    return found == kUnits.end() ? "" : found->unit;
+    const Unit* found = findIf(kUnits, [&](const Unit& unit) { return endsWith(fullName, unit.name); });
+    return found == nullptr ? "" : found->unit;
 }
 
 }  // namespace qzcam
