@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "host/Messages.h"
 
-#include "base/Find.h"
+#include "base/Lists.h"
 #include "base/Text.h"
 
 #include <callback/Messages.h>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "log/LibraryLine.h"
 
-#include "base/Find.h"
+#include "base/Lists.h"
 #include "base/Text.h"
 #include "device/ParameterText.h"
 #include "log/PlatformLine.h"

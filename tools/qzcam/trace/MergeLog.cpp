@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "trace/MergeLog.h"
 
-#include "base/Find.h"
+#include "base/Lists.h"
 #include "base/Text.h"
 #include "host/LogFilter.h"
 

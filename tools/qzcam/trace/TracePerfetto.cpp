@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "trace/TracePerfetto.h"
 
-#include "base/Find.h"
+#include "base/Lists.h"
 #include "facts/Tags.h"
 #include "facts/Units.h"
 #include "host/EventWords.h"

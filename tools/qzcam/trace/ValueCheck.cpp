@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "trace/ValueCheck.h"
 
-#include "base/Find.h"
+#include "base/Lists.h"
 #include "device/ScopedVendorTags.h"
 #include "facts/Lookup.h"
 #include "trace/Timeline.h"
