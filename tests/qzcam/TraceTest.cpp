@@ -173,7 +173,7 @@ std::vector<std::string> statementsOf(const TraceItem& item) {
             all.push_back(fmt::format("{}: {}", nameOf(item.side), what));
     };
     const bool isNamed = !item.tag.empty() && !startsWith(item.tag, "0x");  // the name may be in a lost line
-    const bool isValue = item.kind == Kind::Entry || item.kind == Kind::Told || item.kind == Kind::Refused;
+    const bool isValue = item.kind == Kind::Entry || item.kind == Kind::Logged || item.kind == Kind::Refused;
     if (isNamed && isValue && item.isRemoved) state(fmt::format("{} {} absent", nameOf(item.kind), item.tag));
     const auto elements = split(item.value, ' ');
     for (size_t i = 0; isNamed && isValue && i < elements.size(); ++i) {

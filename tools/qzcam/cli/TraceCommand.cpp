@@ -188,13 +188,13 @@ ExitStatus traceWhole(const TraceOptions& options, Evidence evidence, InputKind 
     Timeline timeline = timelineOf(std::move(evidence));
     ValueCheck check(*cameras, options.filter.camera);
     for (TraceGroup& group : timeline.groups) {
-        for (const TraceItem& item : group.items) check.learn(item);
+        for (const TraceItem& item : group.items) check.addPublished(item);
     }
     TraceReport report(options);
     report.add(*cameras);
     report.begin(timeline.inputs);
     for (TraceGroup& group : timeline.groups) {
-        check.judge(group);
+        check.check(group);
         report.group(group);
     }
     if (report.items() == 0) return nothingFound(options.inputs.front(), kind);
@@ -278,10 +278,10 @@ class Stream {
   private:
     // An entry is checked alone here, because others of its request may not have arrived yet.
     void pass(TraceItem item) {
-        mCheck.learn(item);
+        mCheck.addPublished(item);
         EntryTexts own;
         if (item.values) own.emplace(item.tag, *item.values);
-        mCheck.judge(item, own);
+        mCheck.check(item, own);
         mReport.item(std::move(item));
     }
 

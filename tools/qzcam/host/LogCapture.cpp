@@ -16,7 +16,7 @@ thread_local const LogListener* tListener = nullptr;
 
 void pass(const __android_logger_data* data, const char* message) {
     if (tListener) {
-        tListener->hear()({data->priority, data->tag ? data->tag : "", message});
+        tListener->callback()({data->priority, data->tag ? data->tag : "", message});
     } else if (data->priority >= ANDROID_LOG_WARN) {
         __android_log_stderr_logger(data, visible(message).c_str());
     }
@@ -32,7 +32,7 @@ void takeOver() {
 
 }  // namespace
 
-LogListener::LogListener(Hear hear) : mHear(std::move(hear)), mOuter(tListener) {
+LogListener::LogListener(Callback callback) : mCallback(std::move(callback)), mOuter(tListener) {
     takeOver();
     tListener = this;
 }

@@ -12,17 +12,17 @@ namespace qzcam {
 // them. Lines of threads without a listener go to standard error as usual.
 class LogListener {
   public:
-    using Hear = std::function<void(const LogEvent&)>;
+    using Callback = std::function<void(const LogEvent&)>;
 
-    explicit LogListener(Hear hear);
+    explicit LogListener(Callback callback);
     ~LogListener();
     LogListener(const LogListener&) = delete;
     LogListener& operator=(const LogListener&) = delete;
 
-    const Hear& hear() const { return mHear; }
+    const Callback& callback() const { return mCallback; }
 
   private:
-    Hear mHear;
+    Callback mCallback;
     const LogListener* mOuter;
 };
 

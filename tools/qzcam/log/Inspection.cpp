@@ -110,8 +110,8 @@ void InspectionReader::takeEntries(Thread& thread, Inspected inspected, Inspecte
     const bool isOne = lists.count(Of::Static) == 0 || lists.count(Of::Request) == 0;
     const bool fits = isOne && lists.count(place == Of::Static ? Of::Request : Of::Static) == 0;
     if (inspected.isWhole() && fits) {
-        const bool isTold = lists.count(place) != 0 || thread.seen.size() == 1;
-        lists = {{isTold ? place : Of::Unknown, inspected.tags}};
+        const bool isCertain = lists.count(place) != 0 || thread.seen.size() == 1;
+        lists = {{isCertain ? place : Of::Unknown, inspected.tags}};
     } else if (inspected.isWhole()) {
         inspected.announced.reset();  // the number is that of another list
     }

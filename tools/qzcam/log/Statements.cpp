@@ -14,11 +14,11 @@ namespace {
 
 // Information lines of setters with a function of their own, each with the failure line for the entry whose
 // value it has.
-struct Telling {
+struct ValueLine {
     const char* information;
     const char* refused;
 };
-constexpr Telling kTelling[] = {
+constexpr ValueLine kValueLines[] = {
     {qz::line::ZslMode::format, qz::line::ZslModeRefused::format},
     {qz::line::DualPrimaryMode::format, qz::line::DualPrimaryModeRefused::format},
     {qz::line::JpegThumbnailSize::format, qz::line::JpegThumbnailSizeRefused::format},
@@ -32,14 +32,14 @@ constexpr Telling kTelling[] = {
     {qz::line::SubPictureSize::format, qz::line::SubPictureSizeRefused::format},
 };
 
-const qz::EntryRow* toldEntry(const LibraryLine& line) {
+const qz::EntryRow* loggedEntry(const LibraryLine& line) {
     if (line.kind == LibraryLine::Kind::Refused) return line.entry;
     if (line.kind == LibraryLine::Kind::Information) return line.parameter->entries.begin();
     if (line.parameter == nullptr) return nullptr;
-    for (const Telling& telling : kTelling) {
-        if (!line.is(telling.information)) continue;
+    for (const ValueLine& each : kValueLines) {
+        if (!line.is(each.information)) continue;
         for (const qz::EntryRow& entry : line.parameter->entries) {
-            if (entry.refused != nullptr && std::string_view(entry.refused) == telling.refused) return &entry;
+            if (entry.refused != nullptr && std::string_view(entry.refused) == each.refused) return &entry;
         }
     }
     return nullptr;
@@ -55,13 +55,13 @@ std::string joined(const std::vector<std::string>& numbers, const qz::EntryRow& 
 
 // Lines that contain a message: its code, its kind, and for each of the message's numbers the index of its
 // value in the line.
-struct Announcement {
+struct MessageLine {
     const char* line = nullptr;
     int32_t code = 0;
     int32_t kind = 0;
     qz::Upto<size_t, 3> places;
 };
-constexpr Announcement kAnnouncements[] = {
+constexpr MessageLine kMessageLines[] = {
     {qz::line::DualVerification::format, qz::MSG_DUAL_CAMERA_VERIFY_RESULT, 0, {size_t{0}, size_t{1}}},
     {qz::line::FeatureTest::format, qz::MSG_MMI_FEATURE_TEST_RESULT, 0, {size_t{0}, size_t{3}}},
     {qz::line::PdafVerification::format, qz::MSG_MMI_PDAF_VERIFY_RESULT, 0, {size_t{0}}},
@@ -90,7 +90,7 @@ StatedMessage stated(const LibraryLine& line, const qz::MessageRow& row, const q
 }  // namespace
 
 std::optional<StatedEntry> statedEntry(const LibraryLine& line) {
-    StatedEntry stated{line.parameter, toldEntry(line), {}, {}, {}};
+    StatedEntry stated{line.parameter, loggedEntry(line), {}, {}, {}};
     if (stated.entry == nullptr) return std::nullopt;
     std::vector<std::string> numbers;
     for (const PrintedValue& value : line.values) {
@@ -100,8 +100,8 @@ std::optional<StatedEntry> statedEntry(const LibraryLine& line) {
             numbers.push_back(value.text);
         }
     }
-    const bool tellsStatus = endsWith(line.line->format, "return: %d");
-    if (tellsStatus && !line.cut && !numbers.empty()) {
+    const bool hasStatus = endsWith(line.line->format, "return: %d");
+    if (hasStatus && !line.cut && !numbers.empty()) {
         stated.status = parseInteger(numbers.back());
         numbers.pop_back();
     }
@@ -110,7 +110,7 @@ std::optional<StatedEntry> statedEntry(const LibraryLine& line) {
 }
 
 std::optional<StatedMessage> statedMessage(const LibraryLine& line) {
-    for (const Announcement& each : kAnnouncements) {
+    for (const MessageLine& each : kMessageLines) {
         if (line.is(each.line)) return stated(line, *qz::findMessage(each.code, each.kind), each.places);
     }
     if (line.result == nullptr || !line.result->plain || !line.is(line.result->line)) return std::nullopt;

@@ -125,7 +125,7 @@ class ArrayReader {
 
 }  // namespace
 
-bool tellsOfSession(const MetadataArray& array) {
+bool isFromSession(const MetadataArray& array) {
     switch (array.place) {
         case Place::LastRequest:
         case Place::LatestFrame:

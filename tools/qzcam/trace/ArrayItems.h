@@ -17,7 +17,7 @@ namespace qzcam {
 
 // Returns true for an array that the phone has sent or received, and false for default requests of the HAL
 // and static arrays.
-bool tellsOfSession(const MetadataArray& array);
+bool isFromSession(const MetadataArray& array);
 
 // Returns a fact for the array, and one for each of its entries. Entries that are not the library's, and
 // entries of the library that a whole request or result lacks, are marked as shown only on request. A result

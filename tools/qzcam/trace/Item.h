@@ -19,7 +19,7 @@ namespace qzcam {
 struct TraceItem {
     enum class Kind {
         Entry,       // a request or result has this value, or has lost the entry
-        Told,        // a setter logs the value that it is about to write
+        Logged,      // a setter logs the value that it is about to write
         Refused,     // an update failed
         Undeclared,  // the device does not declare a tag
         Gated,       // a setter skips a parameter

@@ -177,7 +177,7 @@ bool LogItems::feedEntry(const LogLine& log, const LibraryLine& line) {
     if (!stated) return false;
     TraceItem item = itemOf(log);
     item.side = Side::Request;
-    item.kind = line.kind == LibraryLine::Kind::Refused ? Kind::Refused : Kind::Told;
+    item.kind = line.kind == LibraryLine::Kind::Refused ? Kind::Refused : Kind::Logged;
     item.tag = stated->entry->tag;
     item.keys = keysWriting(item.tag);
     item.value = stated->list;
@@ -279,10 +279,10 @@ void LogItems::takeDeclared(const Inspected& inspected) {
     if (!inspected.isWhole()) return;
     std::set<std::string> declared;
     for (const auto& each : inspected.tags) declared.insert(each.second);
-    std::set<std::string> told;
+    std::set<std::string> reported;
     for (const TagFact& fact : tagFacts()) {
         const std::string tag = fact.entry.tag;
-        if (isVendorTag(tag) && declared.count(tag) == 0 && told.insert(tag).second)
+        if (isVendorTag(tag) && declared.count(tag) == 0 && reported.insert(tag).second)
             feedUndeclared(inspected.log, tag);
     }
 }

@@ -86,7 +86,7 @@ class Passes {
         std::map<std::pair<int, int>, Thread> threads;
         size_t last = 0;
         for (const TraceItem& item : log) {
-            const bool isValue = item.kind == Kind::Told || item.kind == Kind::Refused;
+            const bool isValue = item.kind == Kind::Logged || item.kind == Kind::Refused;
             const bool isStart = item.side == Side::Request && isFunctionStart(item.text);
             mPasses.push_back(0);
             if (!isValue && !isStart) continue;
@@ -102,16 +102,16 @@ class Passes {
     // The values of an entry in the log must be exactly those of the requests, in the same order.
     void assignFrames(const std::vector<TraceItem>& frames, const std::vector<TraceItem>& log) {
         Histories sent;
-        Histories told;
+        Histories logged;
         for (const TraceItem& item : frames) {
             if (item.kind == Kind::Entry && item.side == Side::Request && item.frame)
                 sent[item.physicalCamera + item.tag].add(item, *item.frame);
         }
         for (size_t i = 0; i < log.size(); ++i) {
-            if (log[i].kind == Kind::Told) told[log[i].tag].add(log[i], static_cast<int64_t>(i));
-            if (log[i].kind == Kind::Refused) told[log[i].tag].isKnown = false;
+            if (log[i].kind == Kind::Logged) logged[log[i].tag].add(log[i], static_cast<int64_t>(i));
+            if (log[i].kind == Kind::Refused) logged[log[i].tag].isKnown = false;
         }
-        for (const auto& [tag, lines] : told) {
+        for (const auto& [tag, lines] : logged) {
             const History* requests = findValue(sent, tag);
             if (requests == nullptr || !lines.isSame(*requests)) continue;
             for (size_t i = 0; i < lines.values.size(); ++i) {

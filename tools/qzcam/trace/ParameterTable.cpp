@@ -38,8 +38,8 @@ void ParameterTable::add(const TraceItem& item) {
                 if (isRequest) addTo(item, keysWriting(tag), &Row::written);
             }
             break;
-        case Kind::Told:
-            addTo(item, item.keys, &Row::told);
+        case Kind::Logged:
+            addTo(item, item.keys, &Row::logged);
             break;
         case Kind::Refused:
             addTo(item, item.keys, &Row::refused);

@@ -24,7 +24,7 @@ class ParameterTable {
     struct Row {
         Count set;      // set by an application
         Count written;  // a request has an entry of it
-        Count told;     // a setter has logged its value
+        Count logged;   // a setter has logged its value
         Count refused;
         Count undeclared;
         Count gated;
@@ -43,7 +43,7 @@ class ParameterTable {
     };
     static constexpr std::array<Column, 9> kColumns{{{"set", "set", &Row::set},
                                                      {"written", "written", &Row::written},
-                                                     {"told", "logged", &Row::told},
+                                                     {"told", "logged", &Row::logged},
                                                      {"refused", "refused", &Row::refused},
                                                      {"undeclared", "tag not declared", &Row::undeclared},
                                                      {"gated", "gate closed", &Row::gated},

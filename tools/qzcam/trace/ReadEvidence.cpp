@@ -88,7 +88,7 @@ void Evidence::readLines(const Part& part, size_t input, const Report* report) {
     reader.end();
     if (report == nullptr) return;
     for (const MetadataArray& array : report->arrays) {
-        if (!tellsOfSession(array)) continue;
+        if (!isFromSession(array)) continue;
         MonitorPlace place = reader.placeOf(array.line);
         if (place.camera.empty()) place.camera = array.camera;
         const TagNames& names = cameras->namesFor(place.camera, input);

@@ -110,16 +110,16 @@ std::string fieldsText(const TraceItem& item) {
 // Joins a message of the log with the equal message of a result, so that it has a frame and a time. Both must
 // have it equally often.
 void joinMessages(std::vector<TraceItem>& log, std::vector<TraceItem>& derived) {
-    std::map<std::string, std::vector<TraceItem*>> told;
-    std::map<std::string, std::vector<TraceItem*>> made;
+    std::map<std::string, std::vector<TraceItem*>> logged;
+    std::map<std::string, std::vector<TraceItem*>> derivedByText;
     for (TraceItem& item : log) {
-        if (item.kind == Kind::Message) told[fieldsText(item)].push_back(&item);
+        if (item.kind == Kind::Message) logged[fieldsText(item)].push_back(&item);
     }
-    for (TraceItem& item : derived) made[fieldsText(item)].push_back(&item);
+    for (TraceItem& item : derived) derivedByText[fieldsText(item)].push_back(&item);
     std::set<const TraceItem*> joined;
-    for (auto& [text, items] : told) {
-        const auto same = made.find(text);
-        if (same == made.end() || same->second.size() != items.size()) continue;
+    for (auto& [text, items] : logged) {
+        const auto same = derivedByText.find(text);
+        if (same == derivedByText.end() || same->second.size() != items.size()) continue;
         for (size_t i = 0; i < items.size(); ++i) {
             items[i]->frame = same->second[i]->frame;
             items[i]->camera = same->second[i]->camera;

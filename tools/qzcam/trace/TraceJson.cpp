@@ -45,7 +45,7 @@ void addEntry(Json& json, const TraceItem& item) {
     using Kind = TraceItem::Kind;
     addIf(json, "tag", !item.tag.empty(), item.tag);
     addIf(json, "removed", item.isRemoved, true);
-    const bool hasValue = item.kind == Kind::Entry || item.kind == Kind::Told || item.kind == Kind::Refused;
+    const bool hasValue = item.kind == Kind::Entry || item.kind == Kind::Logged || item.kind == Kind::Refused;
     if (hasValue && !item.isRemoved) json["value"] = item.value.empty() ? Json() : Json(item.value);
     if (item.values) {
         json["type"] = camera_metadata_type_names[item.values->type];

@@ -97,7 +97,7 @@ void TracePerfetto::CameraTracks::show(Time now, const TraceItem& item, const No
     switch (item.kind) {
         case Kind::Entry:
             return showEntry(now, item, notes);
-        case Kind::Told:
+        case Kind::Logged:
             for (const std::string& key : item.keys) {
                 mParameters.show(now, featureOfKey(key), key,
                                  {item.value.empty() ? "unknown" : item.value, notes});

@@ -50,7 +50,7 @@ std::string factText(const TraceItem& item) {
     switch (item.kind) {
         case Kind::Entry:
             return fmt::format("{}: {}", name, valueOr(item, item.frame ? "gone" : "absent"));
-        case Kind::Told:
+        case Kind::Logged:
             return fmt::format("{}: {}, to be written", name, valueOr(item, ""));
         case Kind::Refused:
             return fmt::format("{}: {} REFUSED", name, valueOr(item, ""));

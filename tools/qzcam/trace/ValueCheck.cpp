@@ -64,8 +64,8 @@ void addCause(TraceItem& item, const EntryTexts& request) {
 }  // namespace
 
 // A camera, and its offers, which are computed when they are first needed.
-struct ValueCheck::Held {
-    explicit Held(const TraceCamera& described) : camera(described) {}
+struct ValueCheck::CheckedDevice {
+    explicit CheckedDevice(const TraceCamera& described) : camera(described) {}
 
     const Offers& offered() {
         if (offers) return *offers;
@@ -85,14 +85,15 @@ ValueCheck::ValueCheck(const TraceCameras& cameras, std::string camera) : mCamer
     };
     const bool anyChosen = anyOf(all, isChosen);
     for (const TraceCamera& each : all) {
-        if (anyChosen ? isChosen(each) : hasCapabilities(each)) mHeld.push_back(std::make_unique<Held>(each));
+        if (anyChosen ? isChosen(each) : hasCapabilities(each))
+            mDevices.push_back(std::make_unique<CheckedDevice>(each));
     }
 }
 
 ValueCheck::~ValueCheck() = default;
 
-void ValueCheck::learn(const TraceItem& item) {
-    if (item.kind != Kind::Parameters || !mHeld.empty()) return;
+void ValueCheck::addPublished(const TraceItem& item) {
+    if (item.kind != Kind::Parameters || !mDevices.empty()) return;
     static const std::set<std::string> published = publishedKeys();
     for (const auto& [key, value] : textsOf(item)) {
         if (published.count(key) == 0 || mContradictory.count(key) != 0) continue;
@@ -100,7 +101,7 @@ void ValueCheck::learn(const TraceItem& item) {
         if (!isNew && place->second == value) continue;
         if (!isNew) mContradictory.insert(key);
         if (!isNew) mPublished.erase(place);
-        mLearned.reset();
+        mPublishedOffers.reset();
         mKnown.clear();
     }
 }
@@ -108,14 +109,14 @@ void ValueCheck::learn(const TraceItem& item) {
 ValueCheck::CameraOffers ValueCheck::offersFor(const TraceItem& item) {
     CameraOffers offers;
     const std::string& id = item.camera.empty() ? mCamera : item.camera;
-    const bool isOpen = id.empty() && mHeld.size() > 1;
-    for (const auto& held : mHeld) {
-        const std::string& camera = held->camera.id;
-        if (id.empty() || camera == id) offers.emplace_back(&held->offered(), isOpen ? camera : "");
+    const bool isOpen = id.empty() && mDevices.size() > 1;
+    for (const auto& device : mDevices) {
+        const std::string& camera = device->camera.id;
+        if (id.empty() || camera == id) offers.emplace_back(&device->offered(), isOpen ? camera : "");
     }
-    if (!mHeld.empty() || mPublished.empty()) return offers;
-    if (!mLearned) mLearned.emplace(mNothing, mPublished);
-    return {{&*mLearned, ""}};
+    if (!mDevices.empty() || mPublished.empty()) return offers;
+    if (!mPublishedOffers) mPublishedOffers.emplace(mNothing, mPublished);
+    return {{&*mPublishedOffers, ""}};
 }
 
 void ValueCheck::exclude(VerdictRow& verdict, const TraceItem& item, const qz::Parameter& row,
@@ -162,7 +163,7 @@ std::optional<VerdictRow> ValueCheck::verdictOn(const TraceItem& item, const Can
 
 // Returns the entries that the library writes for the parameters on a device that accepts everything.
 std::vector<VerdictEntry> ValueCheck::written(const Texts& parameters) {
-    const TraceCamera* camera = mHeld.empty() ? nullptr : &mHeld.front()->camera;
+    const TraceCamera* camera = mDevices.empty() ? nullptr : &mDevices.front()->camera;
     const Device& device = camera == nullptr ? mNothing : camera->device;
     const ScopedVendorTags tags(device);
     const android::CameraMetadata characteristics = staticCharacteristics(device);
@@ -172,7 +173,7 @@ std::vector<VerdictEntry> ValueCheck::written(const Texts& parameters) {
     return entries;
 }
 
-void ValueCheck::judgeParameters(TraceItem& item) {
+void ValueCheck::checkParameters(TraceItem& item) {
     static const std::set<std::string> read = readKeys();
     const Texts parameters = textsOf(item);
     if (!anyOf(parameters, [](const auto& each) { return read.count(each.first) != 0; })) return;
@@ -192,7 +193,7 @@ void ValueCheck::judgeParameters(TraceItem& item) {
 }
 
 // The line has the text of the parameter, and the number that is written for it.
-void ValueCheck::judgeTold(TraceItem& item) {
+void ValueCheck::checkLogged(TraceItem& item) {
     const auto& [key, text] = item.fields.front();
     const Texts parameters{{key, text}};
     std::vector<VerdictEntry> entries;
@@ -201,19 +202,19 @@ void ValueCheck::judgeTold(TraceItem& item) {
         item.verdicts.push_back(std::move(*verdict));
 }
 
-bool ValueCheck::isUnasked(const std::string& tag, const Values& values) {
-    if (!mUnasked) {
-        mUnasked.emplace();
-        for (const VerdictEntry& entry : written({})) mUnasked->emplace(entry.name, entry.values);
+bool ValueCheck::isWrittenWithoutParameters(const std::string& tag, const Values& values) {
+    if (!mWithoutParameters) {
+        mWithoutParameters.emplace();
+        for (const VerdictEntry& entry : written({})) mWithoutParameters->emplace(entry.name, entry.values);
     }
-    const auto found = mUnasked->find(tag);
-    return found != mUnasked->end() && found->second == values;
+    const auto found = mWithoutParameters->find(tag);
+    return found != mWithoutParameters->end() && found->second == values;
 }
 
 // A fallback does not show the text. If several parameters, or several texts of them, give the value, the
 // verdict requires that the device offers none of them.
-void ValueCheck::judgeEntry(TraceItem& item, const EntryTexts& request) {
-    if (!item.values || isUnasked(item.tag, *item.values)) return;
+void ValueCheck::checkEntry(TraceItem& item, const EntryTexts& request) {
+    if (!item.values || isWrittenWithoutParameters(item.tag, *item.values)) return;
     if (const auto key = fallbackKey(item.tag, *item.values)) {
         item.verdicts.push_back({*key, "", Verdict::Fallback, "its text is not one of its words", {}});
         return;
@@ -227,19 +228,19 @@ void ValueCheck::judgeEntry(TraceItem& item, const EntryTexts& request) {
     if (first) item.verdicts.push_back(std::move(*first));
 }
 
-void ValueCheck::judge(TraceItem& item, const EntryTexts& request) {
+void ValueCheck::check(TraceItem& item, const EntryTexts& request) {
     addCause(item, request);
     const bool isOfApplication = item.kind == Kind::Parameters && item.camera.empty();
-    if (isOfApplication) return judgeParameters(item);
-    const bool isTold = item.kind == Kind::Told || item.kind == Kind::Refused;
-    if (isTold && !item.fields.empty()) return judgeTold(item);
-    const bool hasEntry = isTold || (isRequestEntry(item) && !item.isRemoved);
-    if (hasEntry) judgeEntry(item, request);
+    if (isOfApplication) return checkParameters(item);
+    const bool isLogged = item.kind == Kind::Logged || item.kind == Kind::Refused;
+    if (isLogged && !item.fields.empty()) return checkLogged(item);
+    const bool hasEntry = isLogged || (isRequestEntry(item) && !item.isRemoved);
+    if (hasEntry) checkEntry(item, request);
 }
 
 // An entry is checked together with all others of its request, because some parameters have two entries.
 // Events contain the changes from frame to frame, an array of a dump contains all entries.
-void ValueCheck::judge(TraceGroup& group) {
+void ValueCheck::check(TraceGroup& group) {
     using Sent = std::pair<std::string, int64_t>;  // physical camera and frame; an array of a dump has a
                                                    // negative index instead
     std::map<std::string, EntryTexts> now;
@@ -259,7 +260,7 @@ void ValueCheck::judge(TraceGroup& group) {
         TraceItem& item = group.items[i];
         EntryTexts own;
         if (item.values) own.emplace(item.tag, *item.values);
-        judge(item, item.pid < 0 && requests.count(places[i]) != 0 ? requests[places[i]] : own);
+        check(item, item.pid < 0 && requests.count(places[i]) != 0 ? requests[places[i]] : own);
     }
 }
 

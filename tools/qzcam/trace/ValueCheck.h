@@ -36,21 +36,21 @@ class ValueCheck {
     ValueCheck& operator=(const ValueCheck&) = delete;
 
     // Stores the published keys among the parameters of a fact.
-    void learn(const TraceItem& item);
+    void addPublished(const TraceItem& item);
 
     // Adds the cause and the verdicts to the fact. `request`: all known entries of its request, with their
     // values.
-    void judge(TraceItem& item, const EntryTexts& request);
+    void check(TraceItem& item, const EntryTexts& request);
 
     // Does the same for facts that belong together, in their order.
-    void judge(TraceGroup& group);
+    void check(TraceGroup& group);
 
   private:
-    struct Held;
+    struct CheckedDevice;
 
-    void judgeParameters(TraceItem& item);
-    void judgeTold(TraceItem& item);
-    void judgeEntry(TraceItem& item, const EntryTexts& request);
+    void checkParameters(TraceItem& item);
+    void checkLogged(TraceItem& item);
+    void checkEntry(TraceItem& item, const EntryTexts& request);
     std::optional<VerdictRow> verdictOn(const TraceItem& item, const Candidate& candidate,
                                         const Texts& parameters, const std::vector<VerdictEntry>& entries);
     void exclude(VerdictRow& verdict, const TraceItem& item, const qz::Parameter& row, const qz::KeyRow& key,
@@ -59,16 +59,16 @@ class ValueCheck {
     using CameraOffers = std::vector<std::pair<const Offers*, std::string>>;
     CameraOffers offersFor(const TraceItem& item);
     std::vector<VerdictEntry> written(const Texts& parameters);
-    bool isUnasked(const std::string& tag, const Values& values);
+    bool isWrittenWithoutParameters(const std::string& tag, const Values& values);
 
     std::string mCamera;
-    std::vector<std::unique_ptr<Held>> mHeld;
+    std::vector<std::unique_ptr<CheckedDevice>> mDevices;
     std::map<std::string, std::string> mPublished;
     std::set<std::string> mContradictory;  // published keys that have different values in different lines
-    std::optional<Offers> mLearned;
+    std::optional<Offers> mPublishedOffers;
     Device mNothing;
     std::map<Texts, std::vector<VerdictRow>> mKnown;  // verdicts on parameters, by camera and parameters
-    std::optional<EntryTexts> mUnasked;               // entries that a request has without any parameter
+    std::optional<EntryTexts> mWithoutParameters;     // entries that a request has without any parameter
 };
 
 }  // namespace qzcam
