@@ -22,8 +22,9 @@ bool isInput(const std::string& file, const char* option, const std::vector<std:
 
 std::string whyFile(const std::string& name) {
     std::error_code ignored;
-    return std::filesystem::exists(name, ignored) ? "; it is a file: expected the name first, then the dump"
-                                                  : "";
+    const auto status = std::filesystem::status(name, ignored);
+    const bool isFile = std::filesystem::exists(status) && !std::filesystem::is_directory(status);
+    return isFile ? "; it is a file: expected the name first, then the dump" : "";
 }
 
 std::optional<ExitStatus> prepareFiles(const std::vector<std::string>& inputs, const std::string& html,

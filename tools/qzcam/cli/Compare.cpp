@@ -53,28 +53,28 @@ const MetadataArray* choose(const std::vector<const MetadataArray*>& arrays, con
 }
 
 // The session and the parameters that are played, and the name of both.
-struct Script {
+struct LibraryInput {
     Session session;
     std::vector<Parameter> parameters;
     std::string name;
 };
 
-std::optional<Script> sessionScript(const CompareOptions& options, std::vector<Parameter> parameters) {
+std::optional<LibraryInput> sessionInput(const CompareOptions& options, std::vector<Parameter> parameters) {
     Problems problems(inputName(options.session));
     const auto text = readFile(options.session, problems);
-    Script script{
+    LibraryInput library{
         {inputName(options.session), {}}, std::move(parameters), "session " + inputName(options.session)};
-    if (text) script.session = readSession(*text, problems);
-    return report(problems) ? std::optional(std::move(script)) : std::nullopt;
+    if (text) library.session = readSession(*text, problems);
+    return report(problems) ? std::optional(std::move(library)) : std::nullopt;
 }
 
 // Returns a request with the parameters of the option, or with the best ones of the input.
-std::optional<Script> parameterScript(const CompareOptions& options, const InputText& input,
-                                      std::vector<Parameter> parameters) {
+std::optional<LibraryInput> parameterInput(const CompareOptions& options, const InputText& input,
+                                           std::vector<Parameter> parameters) {
     Problems none("");
-    Script script{parseSession("open 0\nrequest\n", "parameters", none), std::move(parameters),
-                  "parameters of --params"};
-    if (!options.parameters.empty()) return script;
+    LibraryInput library{parseSession("open 0\nrequest\n", "parameters", none), std::move(parameters),
+                         "parameters of --params"};
+    if (!options.parameters.empty()) return library;
     const auto all = findParameters(partsOf(input.text));
     const FoundParameters* const found = bestOf(all);
     if (!found || found->source == FoundParameters::Source::Defaults) {
@@ -82,14 +82,14 @@ std::optional<Script> parameterScript(const CompareOptions& options, const Input
                              input.name));
         return std::nullopt;
     }
-    script.parameters = found->text.parameters;
-    script.name = fmt::format("{} of {} (line {}){}", counted(script.parameters.size(), "parameter"),
-                              input.name, found->line,
-                              found->text.cutLines.empty() ? "" : ", cut by the log: others may be missing");
-    return script;
+    library.parameters = found->text.parameters;
+    library.name = fmt::format("{} of {} (line {}){}", counted(library.parameters.size(), "parameter"),
+                               input.name, found->line,
+                               found->text.cutLines.empty() ? "" : ", cut by the log: others may be missing");
+    return library;
 }
 
-LibrarySide play(const Device& device, const Script& script) {
+LibrarySide play(const Device& device, const LibraryInput& library) {
     LibrarySide side;
     Player player(device, [&](const Event& event) {
         if (const auto* request = std::get_if<RequestEvent>(&event)) side.request = request->entries;
@@ -99,8 +99,8 @@ LibrarySide play(const Device& device, const Script& script) {
             side.hasResult = true;
         }
     });
-    player.setParameters(script.parameters);
-    player.playOnOtherDevice(script.session);
+    player.setParameters(library.parameters);
+    player.playOnOtherDevice(library.session);
     return side;
 }
 
@@ -127,13 +127,13 @@ ExitStatus compare(const CompareOptions& options) {
     const auto arrays = comparableArrays(*device->report, camera != nullptr ? camera->id : "");
     const MetadataArray* array = choose(arrays, options);
     if (array == nullptr) return arrays.empty() ? kBadInput : kUsage;
-    const auto script = options.session.empty()
-                            ? parameterScript(options, *text, std::move(setup->parameters))
-                            : sessionScript(options, std::move(setup->parameters));
-    if (!script) return kBadInput;
+    const auto library = options.session.empty()
+                             ? parameterInput(options, *text, std::move(setup->parameters))
+                             : sessionInput(options, std::move(setup->parameters));
+    if (!library) return kBadInput;
 
-    const ArrayComparison comparison = compareArray(*array, device->device, play(device->device, *script));
-    ComparedSides sides{text->name, device->device.camera, arrayName(*array), array->line, script->name, {}};
+    const ArrayComparison comparison = compareArray(*array, device->device, play(device->device, *library));
+    ComparedSides sides{text->name, device->device.camera, arrayName(*array), array->line, library->name, {}};
     for (std::string& name : namesOf(arrays)) {
         if (name != sides.array) sides.otherArrays.push_back(std::move(name));
     }

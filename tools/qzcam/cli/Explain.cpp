@@ -5,6 +5,7 @@
 #include "cli/CommandFiles.h"
 #include "cli/DeviceInput.h"
 #include "device/Properties.h"
+#include "facts/Lookup.h"
 #include "host/EventWords.h"
 #include "verdict/Explanation.h"
 
@@ -106,7 +107,8 @@ std::string explanationText(const Explanation& found, const Device& device) {
 }  // namespace
 
 ExitStatus explain(const ExplainOptions& options) {
-    if (const std::string file = whyFile(options.key); !file.empty()) {
+    const bool isKey = readKeys().count(options.key) != 0;
+    if (const std::string file = isKey ? "" : whyFile(options.key); !file.empty()) {
         complain(fmt::format("qzcam: no setter reads '{}'{}", options.key, file));
         return kUsage;
     }

@@ -42,29 +42,29 @@ std::unique_ptr<Output> outputFor(const RunOptions& options) {
 }
 
 // A session and its problems. A session with problems is not played.
-struct Script {
+struct SessionInput {
     Session session;
     Problems problems;
 };
 
 constexpr const char* kBuiltIn = "built-in session";
 
-Script readScript(const std::string& path) {
+SessionInput readSessionInput(const std::string& path) {
     const std::string name = path.empty() ? kBuiltIn : inputName(path);
-    Script script{{name, {}}, Problems(name)};
+    SessionInput input{{name, {}}, Problems(name)};
     const auto text = path.empty() ? readOr(path, kBuiltIn, builtInSession())
-                                   : readFile(path, script.problems, TextKind::Session);
-    if (!text) return script;
-    script.session = readSession(*text, script.problems);
-    return script;
+                                   : readFile(path, input.problems, TextKind::Session);
+    if (!text) return input;
+    input.session = readSession(*text, input.problems);
+    return input;
 }
 
-std::vector<Script> readScripts(const std::vector<std::string>& paths) {
-    std::vector<Script> scripts;
-    scripts.reserve(paths.size() + 1);
-    for (const std::string& path : paths) scripts.push_back(readScript(path));
-    if (paths.empty()) scripts.push_back(readScript({}));
-    return scripts;
+std::vector<SessionInput> readSessionInputs(const std::vector<std::string>& paths) {
+    std::vector<SessionInput> sessions;
+    sessions.reserve(paths.size() + 1);
+    for (const std::string& path : paths) sessions.push_back(readSessionInput(path));
+    if (paths.empty()) sessions.push_back(readSessionInput({}));
+    return sessions;
 }
 
 // A given session must fit the device. The built-in session is played on any device, without the parts that
@@ -73,16 +73,16 @@ bool isForOtherDevice(const RunOptions& options) {
     return options.sessions.empty() && !options.device.empty();
 }
 
-void checkScripts(const DeviceInput& input, std::vector<Script>& scripts) {
+void checkSessions(const DeviceInput& input, std::vector<SessionInput>& sessions) {
     const TagNames names(input.device.vendorTags);
-    for (Script& script : scripts) {
-        checkAgainstDevice(script.session, names, script.problems, input.cameras.get());
+    for (SessionInput& each : sessions) {
+        checkAgainstDevice(each.session, names, each.problems, input.cameras.get());
     }
 }
 
-bool reportAll(const std::vector<Script>& scripts) {
+bool reportAll(const std::vector<SessionInput>& sessions) {
     bool good = true;
-    for (const Script& script : scripts) good = report(script.problems) && good;
+    for (const SessionInput& input : sessions) good = report(input.problems) && good;
     return good;
 }
 
@@ -97,14 +97,14 @@ class Runner {
           mPage(options.html.empty() ? nullptr : std::make_unique<EventPage>()) {}
 
     // Returns true if all expectations were met.
-    bool playAll(const std::vector<Script>& scripts);
+    bool playAll(const std::vector<SessionInput>& sessions);
 
     // Prints a message and returns false if a file cannot be written.
     bool finish();
 
   private:
     bool play(const Session& session);
-    void refuse(const Script& script);
+    void refuse(const SessionInput& input);
     void begin(const Session& session);
     void record(const Event& event);
     void note(const char* text);
@@ -140,24 +140,24 @@ void Runner::note(const char* text) {
     if (mPage) mPage->print(NoteEvent{text});
 }
 
-bool Runner::playAll(const std::vector<Script>& scripts) {
+bool Runner::playAll(const std::vector<SessionInput>& sessions) {
     bool met = true;
-    for (const Script& script : scripts) {
-        if (script.problems.empty()) {
-            met = play(script.session) && met;
+    for (const SessionInput& input : sessions) {
+        if (input.problems.empty()) {
+            met = play(input.session) && met;
         } else {
-            refuse(script);
+            refuse(input);
         }
     }
     return met;
 }
 
 // Programs read the error in the event stream; people see the message.
-void Runner::refuse(const Script& script) {
-    begin(script.session);
+void Runner::refuse(const SessionInput& input) {
+    begin(input.session);
     if (mOptions.json) mOutput->device(mDevice);
-    if (mOptions.json) mOutput->print(SessionEvent{script.session.file});
-    for (const std::string& problem : script.problems.first()) {
+    if (mOptions.json) mOutput->print(SessionEvent{input.session.file});
+    for (const std::string& problem : input.problems.first()) {
         if (mOptions.json) mOutput->print(ErrorEvent{problem});
         record(ErrorEvent{problem});
     }
@@ -196,10 +196,10 @@ bool Runner::finish() {
     return JUnitFile(mOptions.junit).finish(mJUnit) && drawn && traced && shown;
 }
 
-ExitStatus playNothing(const std::vector<Script>& scripts, const std::string& junit) {
+ExitStatus playNothing(const std::vector<SessionInput>& sessions, const std::string& junit) {
     JUnit report;
-    for (const Script& script : scripts) {
-        report.beginSession(script.session.file);
+    for (const SessionInput& input : sessions) {
+        report.beginSession(input.session.file);
         report.add(ErrorEvent{"not played: the device, its properties or the parameters cannot be read"});
     }
     JUnitFile(junit).finish(report);
@@ -216,13 +216,13 @@ ExitStatus run(const RunOptions& options) {
     if (const auto wrong = prepareFiles(inputs, options.html, options.perfetto)) return *wrong;
     const ScopedProperties restored;
     auto setup = readSetup(options);
-    auto scripts = readScripts(options.sessions);
-    if (setup && !isForOtherDevice(options)) checkScripts(setup->input, scripts);
-    const bool good = reportAll(scripts);
-    if (!setup) return playNothing(scripts, options.junit);
+    auto sessions = readSessionInputs(options.sessions);
+    if (setup && !isForOtherDevice(options)) checkSessions(setup->input, sessions);
+    const bool good = reportAll(sessions);
+    if (!setup) return playNothing(sessions, options.junit);
 
     Runner runner(setup->input, options, std::move(setup->parameters));
-    const bool met = runner.playAll(scripts);
+    const bool met = runner.playAll(sessions);
     // The readable part of a broken dump is used.
     if (!runner.finish() || !good || (options.strict && !setup->whole)) return kBadInput;
     return met ? kFine : kExpectationFailed;
