@@ -263,6 +263,10 @@ class Pages(unittest.TestCase):
         self.browser.click(".findings .row:nth-child(2)")
         self.assertIn("iso=50not offered iso-mode-values: auto,100,200", self.browser.texts(".details")[0])
         self.browser.picture(f"{OUT}/trace-chosen.png")
+        with open(f"{OUT}/fallback.log", "w", encoding="utf-8") as log:
+            log.write("03-05 10:11:12.301   812  2207 D CameraClient: setParameters (pid 1301) (iso=foo)\n")
+        self.browser.open(page("fallback", "trace", f"{OUT}/fallback.log"), "timeline")
+        self.assertEqual(self.browser.texts(".findings .row:first-child > *")[:3], ["fallback written", "iso=foo", "'foo' is not recognised"])
 
     def rows(self, view):
         """Returns tag or name, value and badge of each row in sight."""
