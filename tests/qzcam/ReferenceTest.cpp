@@ -21,7 +21,7 @@ using testing::HasSubstr;
 // Returns the sections in which a name is found, and the number of rows in each.
 std::vector<std::pair<std::string, size_t>> foundBy(const std::string& name) {
     std::vector<std::pair<std::string, size_t>> found;
-    for (const Section& section : only(wholeReference(), name)) {
+    for (const Section& section : rowsNamed(wholeReference(), name)) {
         if (!section.docs.empty()) found.emplace_back(section.json, section.docs.size());
     }
     return found;

@@ -79,8 +79,8 @@ std::string valuesText(const Explanation& found) {
                             isSilent(verdict) ? 0 : becomes,
                             isSilent(verdict) ? "" : fmt::format("  {}", verdictMeaning(verdict)));
     }
-    if (!found.company.empty() && !found.given) {
-        text += fmt::format("    tried with {}\n", flattened(found.company));
+    if (!found.alsoSet.empty() && !found.given) {
+        text += fmt::format("    tried with {}\n", flattened(found.alsoSet));
     }
     return text;
 }

@@ -40,7 +40,7 @@ void complainOf(const std::string& name) {
 
 ExitStatus params(const ParamsOptions& options) {
     const Reference& whole = wholeReference();
-    Reference reference = options.name.empty() ? whole : only(whole, options.name);
+    Reference reference = options.name.empty() ? whole : rowsNamed(whole, options.name);
     if (isEmpty(reference)) {
         complainOf(options.name);
         return kUsage;

@@ -130,7 +130,7 @@ std::string helpOn(const std::string& word) {
         if (word == command.name) text += shellCommandHelp(command);
     }
     text += questionOrVerdictHelp(word);
-    const Reference reference = only(wholeReference(), word);
+    const Reference reference = rowsNamed(wholeReference(), word);
     if (!isEmpty(reference)) text += referenceText(reference);
     return text.empty() ? noHelp(word) : text;
 }

@@ -4,7 +4,7 @@
 #include "base/Text.h"
 #include "facts/Lookup.h"
 #include "host/EventWords.h"
-#include "verdict/WordsBack.h"
+#include "verdict/ParameterCandidates.h"
 
 #include <fmt/format.h>
 
@@ -155,7 +155,7 @@ std::string Comparer::outcomeOf(const std::string& tag) const {
 std::string Comparer::whyOnlyThere(const ComparedEntry& row) const {
     if (!row.isFromLibrary) return "no parameter of the library writes it";
     if (std::string outcome = outcomeOf(row.tag); !outcome.empty()) return outcome;
-    const std::string back = toText(wordsBackFor(row.tag, mTexts));
+    const std::string back = toText(candidatesFor(row.tag, mTexts));
     if (!back.empty()) return back + " there, not set here";
     const auto keys = keysWriting(row.tag);
     if (keys.empty()) return "written under conditions that are not met here";
@@ -176,7 +176,7 @@ std::string Comparer::reasonOf(const ComparedEntry& row) const {
         return fmt::format("{} there, {} here", typeAndCount(*row.thereValues),
                            typeAndCount(*row.hereValues));
     }
-    const std::string back = toText(wordsBackFor(row.tag, mTexts));
+    const std::string back = toText(candidatesFor(row.tag, mTexts));
     return back.empty() ? outcomeOf(row.tag) : back + " there";
 }
 

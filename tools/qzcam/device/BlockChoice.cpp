@@ -44,6 +44,14 @@ std::vector<const ArrayEntry*> vendorEntries(const Report& report, const Reporte
     return entries;
 }
 
+// `camera` may be null.
+std::set<NumberedName> namesOfEntries(const Report& report, const ReportedCamera* camera) {
+    std::set<NumberedName> names;
+    if (camera == nullptr) return names;
+    for (const ArrayEntry* entry : vendorEntries(report, *camera)) names.emplace(entry->id, entry->name);
+    return names;
+}
+
 // Returns the number of entries whose name and number are in the block.
 size_t agreement(const VendorBlock& block, const std::set<NumberedName>& entries) {
     std::set<NumberedName> agreed;
@@ -74,11 +82,8 @@ std::string nameOf(const VendorBlock& block) {
 
 BlockChoice chooseBlock(const Report& report, const ReportedCamera* camera) {
     BlockChoice choice;
-    std::set<NumberedName> entries;
-    if (camera != nullptr && report.vendorBlocks.size() > 1) {
-        for (const ArrayEntry* entry : vendorEntries(report, *camera))
-            entries.emplace(entry->id, entry->name);
-    }
+    const auto entries =
+        report.vendorBlocks.size() > 1 ? namesOfEntries(report, camera) : std::set<NumberedName>();
     size_t best = 0;
     std::vector<std::string> alike;
     for (const VendorBlock& block : report.vendorBlocks) {

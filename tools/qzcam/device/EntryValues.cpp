@@ -9,7 +9,6 @@
 #include <system/camera_metadata.h>
 
 #include <algorithm>
-#include <iterator>
 
 namespace qzcam {
 

@@ -13,7 +13,6 @@
 #include <algorithm>
 #include <cctype>
 #include <functional>
-#include <iterator>
 #include <map>
 #include <set>
 #include <utility>

@@ -17,7 +17,7 @@ const Reference& wholeReference() {
     return whole;
 }
 
-Reference only(const Reference& reference, const std::string& name) {
+Reference rowsNamed(const Reference& reference, const std::string& name) {
     Reference some;
     for (const Section& section : reference) {
         Section part{section.title, section.intro, section.json, section.columns, {}};

@@ -52,7 +52,7 @@ const Reference& wholeReference();
 
 // Returns the facts that `name` belongs to: a key, setter, getter, handler, message, command, property,
 // vocabulary or tag.
-Reference only(const Reference& reference, const std::string& name);
+Reference rowsNamed(const Reference& reference, const std::string& name);
 bool isEmpty(const Reference& reference);
 std::vector<std::string> allNames(const Reference& reference);
 

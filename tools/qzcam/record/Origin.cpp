@@ -13,7 +13,7 @@ namespace qzcam {
 
 Origin originOf(const std::string& tag, const EntryTexts& entries) {
     Origin origin;
-    origin.choices = wordsBackFor(tag, entries);
+    origin.choices = candidatesFor(tag, entries);
     std::set<std::string> keys;
     std::set<const qz::Parameter*> rows;
     for (const Candidate& each : origin.choices) {

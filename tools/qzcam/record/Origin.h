@@ -3,7 +3,7 @@
 #pragma once
 
 #include "device/Device.h"
-#include "verdict/WordsBack.h"
+#include "verdict/ParameterCandidates.h"
 
 #include <string>
 #include <vector>

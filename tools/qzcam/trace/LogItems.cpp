@@ -6,7 +6,7 @@
 #include "facts/Lookup.h"
 #include "facts/Tags.h"
 #include "log/Statements.h"
-#include "verdict/WordsBack.h"
+#include "verdict/ParameterCandidates.h"
 
 #include <fmt/format.h>
 #include <rows/Line.h>

@@ -131,7 +131,7 @@ void ValueCheck::exclude(VerdictRow& verdict, const TraceItem& item, const qz::P
         if (!camera.empty()) cameras.push_back(camera);
     }
     verdict.offer = std::move(first);
-    sumUpOffer(verdict);
+    setVerdictByOffer(verdict);
     const bool isNamed = verdict.verdict == Verdict::NotOffered && !cameras.empty();
     if (!isNamed) return;
     verdict.reason += fmt::format(" (camera {}", cameras.front());
@@ -220,7 +220,7 @@ void ValueCheck::checkEntry(TraceItem& item, const EntryTexts& request) {
         return;
     }
     std::optional<VerdictRow> first;
-    for (const Candidate& candidate : wordsBackFor(item.tag, request)) {
+    for (const Candidate& candidate : candidatesFor(item.tag, request)) {
         auto verdict = verdictOn(item, candidate, {{candidate.key, candidate.value}}, {});
         if (!verdict) return;
         if (!first) first = std::move(verdict);

@@ -10,7 +10,7 @@
 #include "trace/Item.h"
 #include "trace/TraceCameras.h"
 #include "verdict/Offers.h"
-#include "verdict/WordsBack.h"
+#include "verdict/ParameterCandidates.h"
 
 #include <camera/CameraMetadata.h>
 

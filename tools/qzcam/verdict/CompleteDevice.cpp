@@ -47,14 +47,17 @@ Device completed(const Device& device) {
 CompleteDevice::CompleteDevice(const Device& device, const android::CameraMetadata& characteristics)
     : mDevice(device), mCharacteristics(characteristics) {}
 
-Trace CompleteDevice::request(const Texts& parameters, const Circumstances& circumstances) const {
-    const ScopedVendorTags restored;
+void CompleteDevice::installTags() const {
     if (mDescriptor == nullptr) {
         installVendorTags(completed(mDevice));
         mDescriptor = VendorTagDescriptor::getGlobalVendorTagDescriptor();
     }
     VendorTagDescriptor::setAsGlobalVendorTagDescriptor(mDescriptor);
+}
 
+Trace CompleteDevice::request(const Texts& parameters, const Circumstances& circumstances) const {
+    const ScopedVendorTags restored;
+    installTags();
     Trace trace;
     bool listens = false;
     const LogListener listener([&](const LogEvent& line) {

@@ -34,6 +34,8 @@ class CompleteDevice {
     Trace request(const Texts& parameters, const Circumstances& circumstances) const;
 
   private:
+    void installTags() const;
+
     const Device& mDevice;
     const android::CameraMetadata& mCharacteristics;
     mutable android::sp<android::VendorTagDescriptor> mDescriptor;  // created when it is first needed

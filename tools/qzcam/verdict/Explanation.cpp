@@ -20,7 +20,7 @@ namespace qzcam {
 namespace {
 
 using Row = qz::Parameter;
-constexpr char kMeaningless[] = "no such word";
+constexpr char kUnknownWord[] = "no such word";
 
 Explanation::Value valueOf(const std::string& value, VerdictRow verdict) {
     std::string written;
@@ -42,7 +42,7 @@ bool readsAs(const std::vector<const Row*>& rows, const std::string& key, qz::Ke
 
 // Returns further parameters with which the row writes an entry on a complete device. They open its gates and
 // set its other keys.
-Texts companyOf(const Row& row, const std::string& key) {
+Texts furtherKeysOf(const Row& row, const std::string& key) {
     Texts texts;
     if (row.gated(qz::Gate::lightPainting)) texts["qz-exposure-mode"] = "super-night";
     for (const qz::KeyRow& other : row.keys) {
@@ -101,16 +101,16 @@ std::optional<Explanation> Explainer::explain(const std::string& key, const Text
     found.asInteger = readsAs(rows, key, qz::KeyRow::As::integer);
     for (const Row* row : rows) found.setters.emplace_back(row->setter);
     found.conditions = conditionsOf(rows, key);
-    found.company = given;
-    const Texts company = companyOf(*rows.front(), key);
-    found.company.insert(company.begin(), company.end());
-    found.company.erase(key);
+    found.alsoSet = given;
+    const Texts further = furtherKeysOf(*rows.front(), key);
+    found.alsoSet.insert(further.begin(), further.end());
+    found.alsoSet.erase(key);
     addValues(found, *rows.front());
     addTargets(found);
     addChoices(found, rows);
     addLimits(found, *rows.front());
     if (const auto value = given.find(key); value != given.end()) {
-        found.company = given;
+        found.alsoSet = given;
         found.given = verdictOn(found, value->second);
     }
     return found;
@@ -123,7 +123,7 @@ void Explainer::addValues(Explanation& found, const Row& row) {
         found.values.push_back(valueOf(value, verdictOn(found, value)));
     }
     if (!found.asText || key.form == qz::KeyRow::Form::name) return;
-    found.otherwise = valueOf("any other text", verdictOn(found, kMeaningless));
+    found.otherwise = valueOf("any other text", verdictOn(found, kUnknownWord));
 }
 
 void Explainer::addTargets(Explanation& found) {
@@ -138,7 +138,7 @@ void Explainer::addTargets(Explanation& found) {
 }
 
 VerdictRow Explainer::verdictOn(const Explanation& found, const std::string& value) {
-    Texts texts = found.company;
+    Texts texts = found.alsoSet;
     texts[found.key] = value;
     Trace trace;
     const LogListener listener([&](const LogEvent& line) { addLogLine(trace, line); });
@@ -167,7 +167,7 @@ void Explainer::addChoices(Explanation& found, const std::vector<const Row*>& ro
 void Explainer::addLimits(Explanation& found, const Row& row) const {
     const qz::KeyRow& key = *keyIn(row, found.key);
     if (key.limit == qz::KeyRow::Limit::none) return;
-    for (Offer& offer : mVerdicts.offers().of(row, key, found.company)) {
+    for (Offer& offer : mVerdicts.offers().of(row, key, found.alsoSet)) {
         const bool isPublished =
             anyOf(row.offers, [&](const char* each) { return startsWith(offer.source, each); });
         if (!isPublished) found.limits.push_back(std::move(offer));

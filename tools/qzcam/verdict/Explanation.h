@@ -37,7 +37,7 @@ struct Explanation {
     std::vector<Value> values;        // accepted values, or examples if there is no list of them
     bool hasVocabulary = false;       // the values are all words of the vocabulary
     std::optional<Value> otherwise;   // any other text
-    Texts company;                    // other parameters that are set for the explanation
+    Texts alsoSet;                    // other parameters that are set for the explanation
     std::vector<ParamRow> choices;    // published parameters with a similar name
     std::vector<Offer> limits;        // limits of its row
     std::optional<VerdictRow> given;  // verdict about the given value

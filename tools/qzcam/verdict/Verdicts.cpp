@@ -66,12 +66,12 @@ class Request {
     std::string overriddenBy(const Row& row, const std::string& tag) const;
     std::string decidedBy(const Row& row, const std::string& value) const;
     std::string whyNotReached(const Row& row, size_t index) const;
-    void sumUp(VerdictRow& verdict) const;
-    bool sumUpEntries(VerdictRow& verdict) const;
-    bool isAnotherValue(VerdictRow& verdict, const Row& row, const qz::KeyRow& key) const;
+    void setVerdict(VerdictRow& verdict) const;
+    bool setVerdictByEntries(VerdictRow& verdict) const;
+    bool isOtherThanMeant(VerdictRow& verdict, const Row& row, const qz::KeyRow& key) const;
     void explainUnread(VerdictRow& verdict, const Row& row) const;
     void explainNoEntry(VerdictRow& verdict, const Row& row, const qz::KeyRow& key) const;
-    bool lacksSomething(VerdictRow& verdict, const Row& row) const;
+    bool lacksKeyOrEntry(VerdictRow& verdict, const Row& row) const;
     bool isSet(const char* key) const { return mParameters.count(key) != 0; }
 
     const TagNames& mNames;
@@ -113,7 +113,7 @@ VerdictRow Request::verdictOn(const std::string& key) const {
     const Row* const* own = findIf(rows, [&](const Row* row) { return !keyIn(*row, key)->condition; });
     const Row& row = own == nullptr ? *rows.front() : **own;
     if (!verdict.entries.empty()) {
-        sumUp(verdict);
+        setVerdict(verdict);
     } else if (findStep(complete(row), Kind::Read, key) == nullptr) {
         explainUnread(verdict, row);
     } else {
@@ -179,21 +179,21 @@ std::string Request::whyNotReached(const Row& row, size_t index) const {
     return "an earlier step ended the setter";
 }
 
-void Request::sumUp(VerdictRow& verdict) const {
-    if (sumUpEntries(verdict)) return;
+void Request::setVerdict(VerdictRow& verdict) const {
+    if (setVerdictByEntries(verdict)) return;
     for (const Row* row : rowsOf(verdict.key)) {
         const qz::KeyRow& key = *keyIn(*row, verdict.key);
         if (key.condition || complete(*row).empty()) continue;
-        if (isAnotherValue(verdict, *row, key)) return;
+        if (isOtherThanMeant(verdict, *row, key)) return;
         verdict.overflow = overflowOf(*row, key, verdict.value, verdict.entries);
         verdict.offer = mOffers.excluding(*row, key, mParameters);
-        sumUpOffer(verdict);
+        setVerdictByOffer(verdict);
         if (verdict.verdict != Verdict::Written) return;
     }
 }
 
 // Returns false if each entry has been written for this parameter.
-bool Request::sumUpEntries(VerdictRow& verdict) const {
+bool Request::setVerdictByEntries(VerdictRow& verdict) const {
     for (const Verdict worst : kWorstFirst) {
         const VerdictEntry* found =
             findIf(verdict.entries, [&](const VerdictEntry& each) { return each.verdict == worst; });
@@ -205,7 +205,7 @@ bool Request::sumUpEntries(VerdictRow& verdict) const {
     return false;
 }
 
-bool Request::isAnotherValue(VerdictRow& verdict, const Row& row, const qz::KeyRow& key) const {
+bool Request::isOtherThanMeant(VerdictRow& verdict, const Row& row, const qz::KeyRow& key) const {
     verdict.reason = misunderstanding(row, key, verdict.value);
     if (!verdict.reason.empty()) {
         verdict.verdict = Verdict::Fallback;
@@ -250,7 +250,7 @@ void Request::explainNoEntry(VerdictRow& verdict, const Row& row, const qz::KeyR
     if (key.as == qz::KeyRow::As::integer && asInteger(verdict.value) == -1) {
         verdict.verdict = Verdict::Skipped;
         verdict.reason = "-1 counts as not set";
-    } else if (lacksSomething(verdict, row)) {
+    } else if (lacksKeyOrEntry(verdict, row)) {
         verdict.verdict = Verdict::GateClosed;
     } else if (row.entries.empty()) {
         verdict.reason = note;
@@ -266,7 +266,7 @@ void Request::explainNoEntry(VerdictRow& verdict, const Row& row, const qz::KeyR
 }
 
 // Returns another key of the row, or a static entry, that is missing.
-bool Request::lacksSomething(VerdictRow& verdict, const Row& row) const {
+bool Request::lacksKeyOrEntry(VerdictRow& verdict, const Row& row) const {
     if (row.gated(qz::Gate::allKeys)) {
         for (const qz::KeyRow& key : row.keys) {
             if (isSet(key.name)) continue;
@@ -289,7 +289,7 @@ const Offers& VerdictFinder::offers() const {
     return *mOffers;
 }
 
-void sumUpOffer(VerdictRow& verdict) {
+void setVerdictByOffer(VerdictRow& verdict) {
     if (verdict.overflow) {
         verdict.verdict = Verdict::Overflows;
         verdict.reason = fmt::format("{} does not fit into {}: {}", verdict.overflow->number,

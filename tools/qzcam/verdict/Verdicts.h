@@ -20,7 +20,7 @@ namespace qzcam {
 KeyOwner ownerOf(const std::string& key);
 
 // Turns the overflow or the offer of a written parameter into its verdict.
-void sumUpOffer(VerdictRow& verdict);
+void setVerdictByOffer(VerdictRow& verdict);
 
 class VerdictFinder {
   public:

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "verdict/WordsBack.h"
+#include "verdict/ParameterCandidates.h"
 
 #include "facts/Lookup.h"
 
@@ -17,9 +17,9 @@ using Form = qz::KeyRow::Form;
 using As = qz::KeyRow::As;
 
 // One key of a row, and the values of its entries.
-class KeyBack {
+class KeyCandidates {
   public:
-    KeyBack(const qz::Parameter& row, const qz::KeyRow& key, const EntryTexts& entries);
+    KeyCandidates(const qz::Parameter& row, const qz::KeyRow& key, const EntryTexts& entries);
 
     std::vector<Candidate> candidates() const;
 
@@ -38,7 +38,7 @@ class KeyBack {
     bool mWhole = true;  // all entries of the key are there
 };
 
-KeyBack::KeyBack(const qz::Parameter& row, const qz::KeyRow& key, const EntryTexts& entries)
+KeyCandidates::KeyCandidates(const qz::Parameter& row, const qz::KeyRow& key, const EntryTexts& entries)
     : mRow(row), mKey(key) {
     for (size_t i = 0; i < row.entries.count; ++i) {
         if (!ownsEntry(row, key, i)) continue;
@@ -52,7 +52,7 @@ KeyBack::KeyBack(const qz::Parameter& row, const qz::KeyRow& key, const EntryTex
     if (isShared) mElements = {mElements[static_cast<size_t>(&key - row.keys.begin())]};
 }
 
-std::vector<Candidate> KeyBack::candidates() const {
+std::vector<Candidate> KeyCandidates::candidates() const {
     if (!mWhole || mFirst == nullptr) return {};
     switch (mKey.form) {
         case Form::word:
@@ -76,13 +76,13 @@ std::vector<Candidate> KeyBack::candidates() const {
 }
 
 // Sizes are written with an "x" between them, points and ranges with a comma.
-std::vector<Candidate> KeyBack::several(const char* format) const {
+std::vector<Candidate> KeyCandidates::several(const char* format) const {
     const bool isRange = mRow.entries.count == 1;
     if (isRange) return one(fmt::format("{},{}", mElements[0], mElements[1]));
     return one(fmt::format(fmt::runtime(format), mElements[0], mElements[1]));
 }
 
-std::vector<Candidate> KeyBack::words() const {
+std::vector<Candidate> KeyCandidates::words() const {
     std::vector<Candidate> found;
     if (mRow.conversion.vocabulary == nullptr || mElements.size() != 1) return found;
     for (const qz::Word& word : mRow.conversion.vocabulary->words) {
@@ -94,7 +94,7 @@ std::vector<Candidate> KeyBack::words() const {
 
 // A key that is read as an integer cannot be set to -1. Many pairs of numbers give the same ratio of zoom
 // steps.
-std::vector<Candidate> KeyBack::number() const {
+std::vector<Candidate> KeyCandidates::number() const {
     if (mElements.size() != 1 || mFirst->type == TYPE_FLOAT) return {};
     std::string text = mElements[0];
     if (mFirst->type == TYPE_RATIONAL) {
@@ -112,7 +112,7 @@ std::vector<Candidate> KeyBack::number() const {
 }
 
 // The fraction shows the original text: n/10 and n/100 come from decimals.
-std::vector<Candidate> KeyBack::seconds() const {
+std::vector<Candidate> KeyCandidates::seconds() const {
     const auto fraction = std::find_if(mElements.begin(), mElements.end(), [](const std::string& element) {
         return element.find('/') != std::string::npos;
     });
@@ -127,7 +127,7 @@ std::vector<Candidate> KeyBack::seconds() const {
 }
 
 // UTF-16 with plain characters only.
-std::vector<Candidate> KeyBack::name() const {
+std::vector<Candidate> KeyCandidates::name() const {
     std::string text;
     for (size_t i = 0; i + 1 < mFirst->count; i += 2) {
         const uint8_t low = mFirst->bytes[i];
@@ -140,29 +140,30 @@ std::vector<Candidate> KeyBack::name() const {
 }
 
 // Returns false for a row that writes its entry for a reason other than the value of its key.
-bool isWrittenBack(const qz::Parameter& row) {
+bool isWrittenForKey(const qz::Parameter& row) {
     return !row.gated(qz::Gate::chatClient) && !row.gated(qz::Gate::otherClient) &&
            !row.gated(qz::Gate::secondary);
 }
 
 }  // namespace
 
-std::vector<Candidate> wordsBack(const qz::Parameter& row, const EntryTexts& entries) {
+std::vector<Candidate> candidatesOf(const qz::Parameter& row, const EntryTexts& entries) {
     std::vector<Candidate> found;
-    if (!isWrittenBack(row)) return found;
+    if (!isWrittenForKey(row)) return found;
     for (const qz::KeyRow& key : row.keys) {
         if (key.condition) continue;
-        for (Candidate& each : KeyBack(row, key, entries).candidates()) found.push_back(std::move(each));
+        for (Candidate& each : KeyCandidates(row, key, entries).candidates())
+            found.push_back(std::move(each));
     }
     return found;
 }
 
-std::vector<Candidate> wordsBackFor(const std::string& tag, const EntryTexts& entries) {
+std::vector<Candidate> candidatesFor(const std::string& tag, const EntryTexts& entries) {
     std::vector<Candidate> found;
     for (const qz::Parameter& row : qz::kParameters) {
         for (size_t i = 0; i < row.entries.count; ++i) {
             if (tag != row.entries[i].tag) continue;
-            for (Candidate& each : wordsBack(row, entries)) {
+            for (Candidate& each : candidatesOf(row, entries)) {
                 const bool isNew = std::find(found.begin(), found.end(), each) == found.end();
                 if (isNew && ownsEntry(row, *keyIn(row, each.key), i)) found.push_back(std::move(each));
             }
@@ -181,7 +182,7 @@ std::string toText(const std::vector<Candidate>& candidates) {
 std::optional<std::string> fallbackKey(const std::string& tag, const Values& values) {
     const auto keys = keysWriting(tag);
     const auto rows = rowsWriting(tag);
-    if (keys.size() != 1 || rows.size() != 1 || values.count != 1 || !isWrittenBack(*rows.front()))
+    if (keys.size() != 1 || rows.size() != 1 || values.count != 1 || !isWrittenForKey(*rows.front()))
         return std::nullopt;
     const qz::Conversion& conversion = rows.front()->conversion;
     if (conversion.kind != qz::Conversion::Kind::words || values.type != rows.front()->entries[0].type)
@@ -190,12 +191,12 @@ std::optional<std::string> fallbackKey(const std::string& tag, const Values& val
     const bool isUnknown = values.type == TYPE_BYTE
                                ? values.bytes[0] == static_cast<uint8_t>(unknown)
                                : values.type == TYPE_INT32 && elementAt<int32_t>(values, 0) == unknown;
-    const bool isWord = !wordsBackFor(tag, {{tag, values}}).empty();
+    const bool isWord = !candidatesFor(tag, {{tag, values}}).empty();
     return isUnknown && !isWord ? std::optional(keys.front()) : std::nullopt;
 }
 
 std::string causeOf(const std::string& tag, const EntryTexts& entries) {
-    const auto candidates = wordsBackFor(tag, entries);
+    const auto candidates = candidatesFor(tag, entries);
     if (!candidates.empty()) return toText(candidates);
     const auto entry = entries.find(tag);
     if (entry != entries.end()) {

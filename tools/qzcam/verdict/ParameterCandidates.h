@@ -25,10 +25,10 @@ struct Candidate {
 
 // Returns the parameters for which the row writes the given entries. If there are several for one key, each
 // of them gives these entries. Returns nothing for values that no text gives.
-std::vector<Candidate> wordsBack(const qz::Parameter& row, const EntryTexts& entries);
+std::vector<Candidate> candidatesOf(const qz::Parameter& row, const EntryTexts& entries);
 
 // Does the same for one entry, over all rows that write it.
-std::vector<Candidate> wordsBackFor(const std::string& tag, const EntryTexts& entries);
+std::vector<Candidate> candidatesFor(const std::string& tag, const EntryTexts& entries);
 
 // "iso=1600", "qz-dual-primary-mode=primary or qz-dual-primary-mode=default"
 std::string toText(const std::vector<Candidate>& candidates);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "verdict/WordsBack.h"
+#include "verdict/ParameterCandidates.h"
 
 #include "device/BuiltIn.h"
 #include "device/DumpParser.h"
@@ -50,7 +50,7 @@ std::vector<Parameter> companyOf(const qz::Parameter& row, const qz::KeyRow& key
 }
 
 // The returned parameters write the same entries again.
-TEST(WordsBack, GiveParametersOfTheSameEntries) {
+TEST(ParameterCandidates, GiveParametersOfTheSameEntries) {
     size_t given = 0;
     for (const qz::Parameter& row : qz::kParameters) {
         for (const qz::KeyRow& key : row.keys) {
@@ -59,7 +59,7 @@ TEST(WordsBack, GiveParametersOfTheSameEntries) {
                 auto parameters = companyOf(row, key);
                 parameters.push_back({key.name, value});
                 const EntryTexts entries = entriesOf(parameters);
-                for (const Candidate& back : wordsBack(row, entries)) {
+                for (const Candidate& back : candidatesOf(row, entries)) {
                     if (back.key != key.name) continue;
                     ++given;
                     parameters.back().value = back.value;
@@ -72,9 +72,9 @@ TEST(WordsBack, GiveParametersOfTheSameEntries) {
     EXPECT_GT(given, 250U);
 }
 
-TEST(WordsBack, ListEveryChoice) {
+TEST(ParameterCandidates, ListEveryChoice) {
     const auto back = [](const std::vector<Parameter>& parameters, const std::string& tag) {
-        return toText(wordsBackFor("com.ambrix.capture.metadata." + tag, entriesOf(parameters)));
+        return toText(candidatesFor("com.ambrix.capture.metadata." + tag, entriesOf(parameters)));
     };
     EXPECT_EQ(back({{"iso", "1600"}}, "iso"), "iso=1600");
     EXPECT_EQ(back({{"iso", "1601"}}, "iso"), "");
