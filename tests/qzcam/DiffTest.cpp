@@ -94,7 +94,7 @@ TEST_F(DiffTool, Devices) {
 
     // The default for B is the built-in device. The text output is a table.
     EXPECT_EQ(tool({"diff", b}), kExpectationFailed);
-    EXPECT_THAT(mOut, testing::ContainsRegex("\nVendor tags: 3 of 218 differ\n +A +B\n"));
+    EXPECT_THAT(mOut, testing::ContainsRegex("\nVendor tags: 3 of [0-9]+ differ\n +A +B\n"));
     EXPECT_THAT(mOut, testing::ContainsRegex("\n  qz-burst-support-count +10 +20\n"));
     EXPECT_EQ(tool({"diff", a}), kFine);
     EXPECT_THAT(mOut, HasSubstr("Nothing differs."));
