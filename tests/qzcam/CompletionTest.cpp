@@ -11,7 +11,7 @@
 namespace qzcam {
 namespace {
 
-// Returns "6 ' ' 3: iso iso-mode iso-mode-values": the place of the word, the text after the only candidate,
+// Returns "6 ' ' 2: iso iso-mode-values": the place of the word, the text after the only candidate,
 // the number of candidates, and the first ones. A new row must not change the number of all keys or tags.
 std::string shown(const Suggestions& suggestions) {
     constexpr size_t kShown = 4;
@@ -29,7 +29,8 @@ TEST(Completion, FollowsTheFormsOfCommands) {
         {{"history", "[on|off]"}, {"copy", "KEY [NAME VALUES]..."}, {"pairs", "[KEY VALUE]..."}});
     completion.learnRows();
     PublishEvent published;
-    published.rows = {{"iso-mode-values", "auto,100,,9999,9999", {}, Change::None},
+    published.rows = {{"iso-mode-values", "auto,7", {}, Change::None},
+                      {"host-values", "auto,100,,9999,9999", {}, Change::None},
                       {"odd\x1b-values", "a\x1b,b", {}, Change::None},
                       {"strange", "1,2", {}, Change::None}};
     completion.learn(published);
@@ -47,19 +48,20 @@ TEST(Completion, FollowsTheFormsOfCommands) {
         {"zzz", "0 ' ' 0:"},
         {"zzz x", "0 '' 0:"},
         {"set ", "4 '=' many: brightness burst-capture burst-delay-ms burst-stop-command"},
-        {"set is", "4 '=' 2: iso iso-mode"},
+        {"set is", "4 '=' 1: iso"},
         {"set iso=", "8 '' 10: auto 50 100 200"},
         {"set iso=1", "8 '' 3: 100 1250 1600"},
         {"set zoom=1;iso=99", "15 '' 0:"},
         {"set zoom=1;zsl", "11 '=' 1: zsl-mode"},
         {"set iso=1 x", "10 ' ' 0:"},
         {"set own=", "8 '' 2: x y"},
-        {"set iso-mode=", "13 '' 3: auto 100 9999"},
+        {"set host=", "9 '' 3: auto 100 9999"},
+        {"set iso-mode=", "13 '' 0:"},
         {"set odd\x1b=", "9 '' 1: b"},
         {"set nothing=", "12 '' 0:"},
         {"set strange=", "12 '' 0:"},
         {"unset ", "6 ' ' many: brightness brightness-values burst-capture burst-delay-ms"},
-        {"unset iso", "6 ' ' 3: iso iso-mode iso-mode-values"},
+        {"unset iso", "6 ' ' 2: iso iso-mode-values"},
         {"unset iso zo", "10 ' ' 0:"},
         {"unset stran", "6 ' ' 1: strange"},
         {"unset own", "6 ' ' 2: own own-values"},

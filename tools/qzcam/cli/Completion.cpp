@@ -155,11 +155,14 @@ void Completion::learn(const Event& event) {
     if (const auto* parameters = std::get_if<ParamsEvent>(&event)) learnLists(parameters->rows);
 }
 
+// A list of the library is not named after its parameter: "iso-mode-values" is for "iso". learnOffers() reads
+// it.
 void Completion::learnLists(const std::vector<ParamRow>& rows) {
     constexpr std::string_view kList = "-values";
+    const std::set<std::string> lists = publishedKeys();
     for (const ParamRow& row : rows) {
         mKeyNames.insert(row.key);
-        if (!endsWith(row.key, kList)) continue;
+        if (!endsWith(row.key, kList) || lists.count(row.key) != 0) continue;
         const std::string key = row.key.substr(0, row.key.size() - kList.size());
         for (const std::string_view value : split(row.value, ',')) addValue(key, std::string(value));
     }

@@ -164,11 +164,12 @@ void MatrixText::addChanges() {
         const std::string place =
             change.camera.empty() ? change.input : change.input + ", camera " + change.camera;
         const std::string tag = change.tag.empty() ? "" : fmt::format(" {} ({})", change.tag, change.use);
-        const std::string before = change.before.empty() ? "" : change.before + " -> ";
-        const std::string what = change.what.empty() ? "" : ": " + change.what;
+        const bool hasBoth = !change.before.empty() && !change.now.empty();
+        const std::string values = hasBoth ? change.before + " -> " + change.now : change.now;
+        const std::string what = values.empty() || change.what.empty() ? change.what : ": " + change.what;
         const char* style = change.kind <= Kind::Gone ? "31" : change.kind == Kind::Better ? "32" : "2";
         mText += fmt::format("  {}  {}\n", styled(style, fmt::format("{:<6}", nameOf(change.kind))),
-                             visible(fmt::format("{}:{} {}{}{}", place, tag, before, change.now, what)));
+                             visible(fmt::format("{}:{} {}{}", place, tag, values, what)));
     }
 }
 

@@ -133,9 +133,10 @@ void Text::addVendorBlocks() {
     for (const Report& report : mContents.reports) {
         for (const VendorBlock& block : report.vendorBlocks) {
             tags += block.tags.size();
-            rows.push_back({numberOf(block.tags.size(), block.announced) + " tags",
-                            block.vendorId ? fmt::format("vendor id {}", *block.vendorId) : "",
-                            fmt::format("line {}", block.line)});
+            rows.push_back(
+                {numberOf(block.tags.size(), block.announced) + (block.tags.size() == 1 ? " tag" : " tags"),
+                 block.vendorId ? fmt::format("vendor id {}", *block.vendorId) : "",
+                 fmt::format("line {}", block.line)});
         }
     }
     if (rows.empty()) return;
