@@ -22,7 +22,7 @@ bool isSession(std::string_view text) {
         if (word.empty() || word.front() == '#') continue;
         const auto& all = commandSpecs();
         return std::any_of(all.begin(), all.end(),
-                           [&](const CommandSpec& spec) { return word == spec.name; });
+                           [&](const CommandSpec& command) { return word == command.name; });
     }
     return false;
 }
