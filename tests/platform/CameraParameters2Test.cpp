@@ -40,7 +40,8 @@ TEST(CameraParameters2, RefusesSeparatorsSilently) {
     }
     parameters.set(nullptr, "1");
     parameters.set("key", static_cast<const char*>(nullptr));
-    EXPECT_STREQ(parameters.flatten().c_str(), "key=value");
+    parameters.set("~,:", "!?&");
+    EXPECT_STREQ(parameters.flatten().c_str(), "key=value;~,:=!?&");
     EXPECT_EQ(parameters.get(nullptr), nullptr);
 }
 

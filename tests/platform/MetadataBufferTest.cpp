@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
+#include <android/log.h>
 #include <gtest/gtest.h>
 #include <system/camera_metadata.h>
 
@@ -75,44 +76,54 @@ TEST(MetadataBuffer, NullAndAbsentArguments) {
         const char* call;
         std::function<size_t()> answer;
         size_t expected;
-        size_t lines;
+        std::string line;  // what is logged
     } kRows[] = {
-        {"entry count", [] { return get_camera_metadata_entry_count(nullptr); }, 0, 1},
-        {"entry capacity", [] { return get_camera_metadata_entry_capacity(nullptr); }, 0, 1},
-        {"data count", [] { return get_camera_metadata_data_count(nullptr); }, 0, 1},
-        {"data capacity", [] { return get_camera_metadata_data_capacity(nullptr); }, 0, 1},
-        {"size", [] { return get_camera_metadata_size(nullptr); }, 1, 0},
-        {"compact size", [] { return get_camera_metadata_compact_size(nullptr); }, 1, 0},
-        {"entry of null", [&] { return get_camera_metadata_entry(nullptr, 0, &entry); }, 1, 0},
-        {"entry to null", [&] { return get_camera_metadata_entry(sound, 0, nullptr); }, 1, 0},
-        {"entry beyond", [&] { return get_camera_metadata_ro_entry(sound, 1, &view); }, 1, 0},
-        {"find in null", [&] { return find_camera_metadata_ro_entry(nullptr, 0, &view); }, 1, 0},
-        {"add to null", [] { return add_camera_metadata_entry(nullptr, 0, nullptr, 0); }, 1, 0},
-        {"add null", [&] { return add_camera_metadata_entry(sound, 0x10000, nullptr, 1); }, 1, 0},
-        {"add unknown", [&] { return add_camera_metadata_entry(sound, 0x7fff0000, nullptr, 0); }, 1, 0},
-        {"update null", [] { return update_camera_metadata_entry(nullptr, 0, nullptr, 0, nullptr); }, 1, 0},
-        {"update by null", [&] { return update_camera_metadata_entry(sound, 0, nullptr, 1, nullptr); }, 1, 1},
-        {"update beyond", [&] { return update_camera_metadata_entry(sound, 1, "", 1, nullptr); }, 1, 0},
-        {"delete in null", [] { return delete_camera_metadata_entry(nullptr, 0); }, 1, 0},
-        {"delete beyond", [&] { return delete_camera_metadata_entry(sound, 1); }, 1, 0},
-        {"append null", [&] { return append_camera_metadata(sound, nullptr); }, 1, 0},
-        {"append to null", [&] { return append_camera_metadata(nullptr, sound); }, 1, 0},
-        {"sort null", [] { return sort_camera_metadata(nullptr); }, 1, 0},
-        {"validate null", [] { return validate_camera_metadata_structure(nullptr, nullptr); }, 1, 0},
-        {"clone null", [&] { return isNull(clone_camera_metadata(nullptr)); }, 1, 0},
-        {"copy null", [&] { return isNull(copy_camera_metadata(memory, 200, nullptr)); }, 1, 1},
-        {"copy to null", [&] { return isNull(copy_camera_metadata(nullptr, 200, sound)); }, 1, 0},
-        {"checked null", [&] { return isNull(allocate_copy_camera_metadata_checked(nullptr, 200)); }, 1, 0},
-        {"place at null", [&] { return isNull(place_camera_metadata(nullptr, 200, 1, 1)); }, 1, 0},
-        {"place askew", [&] { return isNull(place_camera_metadata(memory + 4, 196, 1, 1)); }, 1, 1},
+        {"entry count", [] { return get_camera_metadata_entry_count(nullptr); }, 0,
+         "get_camera_metadata_entry_count: the buffer is null"},
+        {"entry capacity", [] { return get_camera_metadata_entry_capacity(nullptr); }, 0,
+         "get_camera_metadata_entry_capacity: the buffer is null"},
+        {"data count", [] { return get_camera_metadata_data_count(nullptr); }, 0,
+         "get_camera_metadata_data_count: the buffer is null"},
+        {"data capacity", [] { return get_camera_metadata_data_capacity(nullptr); }, 0,
+         "get_camera_metadata_data_capacity: the buffer is null"},
+        {"size", [] { return get_camera_metadata_size(nullptr); }, 1, ""},
+        {"compact size", [] { return get_camera_metadata_compact_size(nullptr); }, 1, ""},
+        {"entry of null", [&] { return get_camera_metadata_entry(nullptr, 0, &entry); }, 1, ""},
+        {"entry to null", [&] { return get_camera_metadata_entry(sound, 0, nullptr); }, 1, ""},
+        {"entry beyond", [&] { return get_camera_metadata_ro_entry(sound, 1, &view); }, 1, ""},
+        {"find in null", [&] { return find_camera_metadata_ro_entry(nullptr, 0, &view); }, 1, ""},
+        {"add to null", [] { return add_camera_metadata_entry(nullptr, 0, nullptr, 0); }, 1, ""},
+        {"add null", [&] { return add_camera_metadata_entry(sound, 0x10000, nullptr, 1); }, 1, ""},
+        {"add unknown", [&] { return add_camera_metadata_entry(sound, 0x7fff0000, nullptr, 0); }, 1, ""},
+        {"update null", [] { return update_camera_metadata_entry(nullptr, 0, nullptr, 0, nullptr); }, 1, ""},
+        {"update by null", [&] { return update_camera_metadata_entry(sound, 0, nullptr, 1, nullptr); }, 1,
+         "update_camera_metadata_entry: there are no data"},
+        {"update beyond", [&] { return update_camera_metadata_entry(sound, 1, "", 1, nullptr); }, 1, ""},
+        {"delete in null", [] { return delete_camera_metadata_entry(nullptr, 0); }, 1, ""},
+        {"delete beyond", [&] { return delete_camera_metadata_entry(sound, 1); }, 1, ""},
+        {"append null", [&] { return append_camera_metadata(sound, nullptr); }, 1, ""},
+        {"append to null", [&] { return append_camera_metadata(nullptr, sound); }, 1, ""},
+        {"sort null", [] { return sort_camera_metadata(nullptr); }, 1, ""},
+        {"validate null", [] { return validate_camera_metadata_structure(nullptr, nullptr); }, 1, ""},
+        {"clone null", [&] { return isNull(clone_camera_metadata(nullptr)); }, 1, ""},
+        {"copy null", [&] { return isNull(copy_camera_metadata(memory, 200, nullptr)); }, 1,
+         "copy_camera_metadata: the buffer is null"},
+        {"copy to null", [&] { return isNull(copy_camera_metadata(nullptr, 200, sound)); }, 1, ""},
+        {"checked null", [&] { return isNull(allocate_copy_camera_metadata_checked(nullptr, 200)); }, 1, ""},
+        {"place at null", [&] { return isNull(place_camera_metadata(nullptr, 200, 1, 1)); }, 1, ""},
+        {"place askew", [&] { return isNull(place_camera_metadata(memory + 4, 196, 1, 1)); }, 1,
+         "place_camera_metadata: the memory does not start on 8 bytes"},
         {"place too much", [&] { return isNull(place_camera_metadata(memory, SIZE_MAX, SIZE_MAX, 1)); }, 1,
-         0},
-        {"no room for a name", [&] { return camera_metadata_enum_snprint(0x1000f, 0, memory, 0) + 2; }, 1, 1},
+         ""},
+        {"no room for a name", [&] { return camera_metadata_enum_snprint(0x1000f, 0, memory, 0) + 2; }, 1,
+         "camera_metadata_enum_snprint: there is no room for a text"},
     };
     for (const auto& row : kRows) {
         qz::test::LogCapture log;
         EXPECT_EQ(row.answer(), row.expected) << row.call;
-        EXPECT_EQ(log.takeErrors(), std::vector<std::string>(row.lines, "camera_metadata")) << row.call;
+        std::vector<qz::test::LogLine> expected;
+        if (!row.line.empty()) expected.push_back({ANDROID_LOG_ERROR, "camera_metadata", row.line});
+        EXPECT_EQ(log.take(), expected) << row.call;
     }
     EXPECT_EQ(get_camera_metadata_entry_count(sound), 1U);
 }
