@@ -29,6 +29,7 @@ bool hasElement(const List& list, const Element& element) {
 template <typename List, typename Function>
 auto mapped(const List& list, Function resultOf) {
     std::vector<decltype(resultOf(*std::begin(list)))> results;
+    results.reserve(static_cast<size_t>(std::distance(std::begin(list), std::end(list))));
     for (const auto& each : list) results.push_back(resultOf(each));
     return results;
 }

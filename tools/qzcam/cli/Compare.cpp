@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "cli/Commands.h"
 
+#include "base/Lists.h"
 #include "cli/CommandFiles.h"
 #include "cli/DeviceInput.h"
 #include "cli/InputKind.h"
@@ -28,9 +29,7 @@ std::string arrayName(const MetadataArray& array) {
 }
 
 std::vector<std::string> namesOf(const std::vector<const MetadataArray*>& arrays) {
-    std::vector<std::string> names;
-    for (const MetadataArray* array : arrays) names.push_back(arrayName(*array));
-    return names;
+    return mapped(arrays, [](const MetadataArray* array) { return arrayName(*array); });
 }
 
 const MetadataArray* choose(const std::vector<const MetadataArray*>& arrays, const CompareOptions& options) {

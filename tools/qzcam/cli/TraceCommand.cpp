@@ -117,9 +117,10 @@ class TraceReport {
         std::string why;
         if (!key.empty() && readKeys().count(key) == 0)
             why = fmt::format("; no setter reads {}{}", excerpt(key), whyUnread(key));
-        if (!entry.empty() && !libraryTags().knows(entry))
+        if (!entry.empty() && !libraryTags().knows(entry)) {
             why += fmt::format("; the library has no tag {}{}", excerpt(entry),
                                perhaps(nearest(entry, libraryTags().allNames())));
+        }
         return fmt::format("qzcam: the filters match nothing: the input has {}{}", mFilteredOut.text(), why);
     }
 

@@ -209,7 +209,7 @@ Names firstOf(const Names& names) {
 
 Names findLikelyKeys(const std::string& name) {
     static const Names known = knownKeys();
-    const Names near = nearest(name, known);
+    Names near = nearest(name, known);
     const bool same = !near.empty() && withoutPrefix(lettersOf(name)) == withoutPrefix(lettersOf(near[0]));
     if (same) return near;
     Names keys = withAllWords(name);

@@ -24,9 +24,9 @@ struct Column {
         Number,  // decimal or hexadecimal
         Words,   // a word, and its number
     };
-    const char* title;  // heading in a table
-    const char* label;  // label of a line
-    const char* json;
+    const char* title = nullptr;  // heading in a table
+    const char* label = nullptr;  // label of a line
+    const char* json = nullptr;
     Style style = Style::Text;
     bool isList = true;
     bool inTable = true;

@@ -229,9 +229,10 @@ void reportUnused(const std::vector<std::string>& names, Content& content) {
     for (size_t i = 0; i < std::min(names.size(), kMost); ++i) shown.push_back(excerpt(names[i]));
     const std::string more =
         names.size() > kMost ? fmt::format(" and {} more", names.size() - kMost) : std::string();
-    if (!names.empty())
+    if (!names.empty()) {
         content.cuts.push_back(
             fmt::format("also in the zip, and not used: {}{}", fmt::join(shown, ", "), more));
+    }
 }
 
 const Entry* entryNamed(const Listing& listing, const std::string& name) {
@@ -267,9 +268,10 @@ std::string unpackZip(Content& content, const UnpackLimits& limits) {
     Listing listing = list(packed.view(), true, limits);
     const bool isCut = listing.entries.empty() && listing.damaged;
     if (isCut) listing = list(packed.view(), false, limits);
-    if (isCut)
+    if (isCut) {
         content.cuts.emplace_back(
             "the zip is cut: it has no directory at its end; its readable part is used");
+    }
     const Entry* const chosen = choose(listing, content);
     if (!chosen) return nothingIn(listing);
     content.name += ": " + visible(chosen->name);

@@ -8,8 +8,6 @@
 #include <camera/VendorTagDescriptor.h>
 #include <fmt/format.h>
 
-#include <fmt/format.h>
-
 #include <algorithm>
 #include <array>
 #include <utility>

@@ -78,9 +78,10 @@ class ArrayReader {
         item.cause = counted(mArray.entries.size(), "entry", "entries");
         if (mArray.announced && *mArray.announced != mArray.entries.size())
             item.cause += fmt::format(" of {}, the others are missing in the dump", *mArray.announced);
-        if (others > 0)
+        if (others > 0) {
             item.cause +=
                 fmt::format(", {} of which {} not the library's", others, others == 1 ? "is" : "are");
+        }
         return item;
     }
 

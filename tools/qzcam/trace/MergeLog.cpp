@@ -144,13 +144,15 @@ class Merger {
 
     std::optional<MergedFacts> merged() {
         std::vector<std::string> bases;
-        if (mNumbered > 0)
+        if (mNumbered > 0) {
             bases.push_back(fmt::format("the frame numbers in {}",
                                         counted(mNumbered, "line of the log", "lines of the log")));
-        if (mPasses.known() > 0)
+        }
+        if (mPasses.known() > 0) {
             bases.push_back(
                 fmt::format("the values in the lines of {}, each of which comes before its request",
                             counted(mPasses.known(), "request pass", "request passes")));
+        }
         if (bases.empty()) return std::nullopt;
         mMerged.note = fmt::format(
             "log and frames are put in one order by {}. Every other line of the log follows the line before it; "

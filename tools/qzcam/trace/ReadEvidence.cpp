@@ -112,9 +112,10 @@ void Evidence::read(const InputText& input) {
         if (part.kind == Part::Kind::Dump) report = readDump(part.text, part.firstLine);
         if (report) cameras->add(number, *report);
         isDamaged = isDamaged || !part.fault.empty();
-        if (report && !part.fault.empty())
+        if (report && !part.fault.empty()) {
             faults.push_back(fmt::format("{}:{}: the camera dump is cut: {}", input.name, part.faultLine,
                                          cut(part.fault, 100)));
+        }
         readLines(part, number, report ? &*report : nullptr);
     }
 }

@@ -137,9 +137,10 @@ class TraceText : public TraceOutput {
     void note(const std::string& text) override { print({"note: " + text}); }
 
     void table(const ParameterTable& table, bool isPart) override {
-        if (mFunctionStarts > 0)
+        if (mFunctionStarts > 0) {
             print({fmt::format("left out: {} \"Enter <function>\"; --all shows them",
                                counted(mFunctionStarts, "line"))});
+        }
         mWrite("");
         size_t widest = 0;
         for (const auto& [key, row] : table.rows()) widest = std::max(widest, key.size());

@@ -80,7 +80,7 @@ Finding unreadValues(const Values& entry) {
 }
 
 Finding oddFlag(const Values& entry) {
-    if (const auto unread = unreadValues(entry)) return unread;
+    if (auto unread = unreadValues(entry)) return unread;
     if (numberAt(entry, 0) <= 1) return std::nullopt;
     return doubtful(
         fmt::format("a flag of {}: published as true, but a reader may expect 1", numberAt(entry, 0)));

@@ -26,9 +26,10 @@ Explanation::Value valueOf(const std::string& value, VerdictRow verdict) {
     std::string written;
     for (const VerdictEntry& row : verdict.entries) {
         // Not a tag: the numbers in vendor entries have no names.
-        if (row.values.count > 0)
+        if (row.values.count > 0) {
             written +=
                 (written.empty() ? "" : "; ") + toText(row.values, CAMERA_METADATA_VENDOR_TAG_BOUNDARY);
+        }
     }
     return {value, std::move(written), std::move(verdict)};
 }

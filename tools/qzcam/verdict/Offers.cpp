@@ -165,11 +165,12 @@ void Offers::addPublished(std::vector<Offer>& offers, const qz::Parameter& row) 
     if (row.offers.count == 2) {
         const Published* low = published(row.offers[0]);
         const Published* high = published(row.offers[1]);
-        const bool isRange = low && high && isEndOfRange(row.offers[0], low->value) &&
+        const bool isRange = low != nullptr && high != nullptr && isEndOfRange(row.offers[0], low->value) &&
                              isEndOfRange(row.offers[1], high->value);
-        if (isRange)
+        if (isRange) {
             return offers.push_back(
                 rangeOf(fmt::format("{}, {}", row.offers[0], row.offers[1]), low->value, high->value));
+        }
     }
     for (const char* key : row.offers) addOne(offers, key);
 }
