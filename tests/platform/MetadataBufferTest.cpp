@@ -76,7 +76,7 @@ TEST(MetadataBuffer, NullAndAbsentArguments) {
         const char* call;
         std::function<size_t()> answer;
         size_t expected;
-        std::string line;  // what is logged
+        std::string logged;
     } kRows[] = {
         {"entry count", [] { return get_camera_metadata_entry_count(nullptr); }, 0,
          "get_camera_metadata_entry_count: the buffer is null"},
@@ -122,7 +122,7 @@ TEST(MetadataBuffer, NullAndAbsentArguments) {
         qz::test::LogCapture log;
         EXPECT_EQ(row.answer(), row.expected) << row.call;
         std::vector<qz::test::LogLine> expected;
-        if (!row.line.empty()) expected.push_back({ANDROID_LOG_ERROR, "camera_metadata", row.line});
+        if (!row.logged.empty()) expected.push_back({ANDROID_LOG_ERROR, "camera_metadata", row.logged});
         EXPECT_EQ(log.take(), expected) << row.call;
     }
     EXPECT_EQ(get_camera_metadata_entry_count(sound), 1U);
