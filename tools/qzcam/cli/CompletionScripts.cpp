@@ -2,15 +2,11 @@
 #include "cli/CompletionScripts.h"
 
 #include "base/Text.h"
-#include "base/WriteAll.h"
 #include "facts/Lookup.h"
 
 #include <fmt/format.h>
 
-#include <CLI/CLI.hpp>
-
-#include <cstdio>
-#include <memory>
+#include <algorithm>
 #include <set>
 #include <string_view>
 #include <vector>
@@ -21,19 +17,12 @@ namespace {
 
 enum class Takes { Nothing, Files, Keys, Other };
 
-std::vector<const CLI::App*> commandsOf(const CLI::App& app) {
-    return app.get_subcommands([](const CLI::App* command) { return !command->get_group().empty(); });
-}
-
-bool isPositional(const CLI::Option& option) { return option.get_positional(); }
-
-Takes whatTakes(const CLI::Option& option) {
-    if (option.get_expected_max() == 0) return Takes::Nothing;
+Takes whatTakes(const OptionText& option) {
+    if (option.isFlag) return Takes::Nothing;
     static const std::set<std::string> files{"DUMP",  "GETPROP", "FILE", "TEXT|FILE",
                                              "INPUT", "SESSION", "A",    "B"};
-    const std::string name = isPositional(option) ? option.get_name(true) : option.get_type_name();
-    if (files.count(name) != 0) return Takes::Files;
-    return name == "KEY" || name == "NAME" ? Takes::Keys : Takes::Other;
+    if (files.count(option.value) != 0) return Takes::Files;
+    return option.value == "KEY" || option.value == "NAME" ? Takes::Keys : Takes::Other;
 }
 
 std::string joinedKeys() {
@@ -42,46 +31,37 @@ std::string joinedKeys() {
     return fmt::format("{}", fmt::join(keys, " "));
 }
 
-std::vector<std::string> namesOf(const CLI::Option& option) {
-    std::vector<std::string> names;
-    for (const std::string& name : option.get_lnames()) names.push_back("--" + name);
-    for (const std::string& name : option.get_snames()) names.push_back("-" + name);
-    return names;
-}
-
-std::vector<std::string> optionNames(const CLI::App& app) {
-    std::vector<std::string> names;
-    for (const CLI::Option* option : app.get_options()) {
-        for (std::string& name : namesOf(*option)) names.push_back(std::move(name));
-    }
-    return names;
+std::vector<std::string> optionWords(const CommandText& command) {
+    std::vector<std::string> words;
+    for (const OptionText& option : command.options)
+        words.insert(words.end(), option.words.begin(), option.words.end());
+    return words;
 }
 
 // Returns the values of each option that takes one, as cases of "command:option".
-std::string bashValues(const CLI::App& command) {
+std::string bashValues(const CommandText& command) {
     std::string cases;
-    for (const CLI::Option* option : command.get_options()) {
-        const Takes takes = whatTakes(*option);
-        if (isPositional(*option) || takes == Takes::Nothing) continue;
+    for (const OptionText& option : command.options) {
+        const Takes takes = whatTakes(option);
+        if (option.isPositional() || takes == Takes::Nothing) continue;
         std::string patterns;
-        for (const std::string& name : namesOf(*option))
-            patterns += fmt::format("{}{}:{}", patterns.empty() ? "" : "|", command.get_name(), name);
+        for (const std::string& word : option.words)
+            patterns += fmt::format("{}{}:{}", patterns.empty() ? "" : "|", command.name, word);
         const char* action = takes == Takes::Files ? "_qzcam_files" : ":";
         cases += fmt::format("        {}) {}; return ;;\n", patterns, action);
     }
     return cases;
 }
 
-std::string bashWords(const CLI::App& command) {
-    bool files = false;
-    bool keys = false;
-    for (const CLI::Option* option : command.get_options()) {
-        files = files || (isPositional(*option) && whatTakes(*option) == Takes::Files);
-        keys = keys || (isPositional(*option) && whatTakes(*option) == Takes::Keys);
-    }
-    return fmt::format("        {}) words='{}{}' files={} ;;\n", command.get_name(),
-                       fmt::join(optionNames(command), " "), keys ? " '$_qzcam_keys'" : "",
-                       files ? "yes" : "");
+std::string bashWords(const CommandText& command) {
+    const auto hasArgument = [&](Takes takes) {
+        return std::any_of(command.options.begin(), command.options.end(), [&](const OptionText& option) {
+            return option.isPositional() && whatTakes(option) == takes;
+        });
+    };
+    return fmt::format(
+        "        {}) words='{}{}' files={} ;;\n", command.name, fmt::join(optionWords(command), " "),
+        hasArgument(Takes::Keys) ? " '$_qzcam_keys'" : "", hasArgument(Takes::Files) ? "yes" : "");
 }
 
 // Escapes the text of a description for single quotes and square brackets.
@@ -94,41 +74,39 @@ const char* zshAction(Takes takes) {
     return takes == Takes::Keys ? "($_qzcam_keys)" : " ";
 }
 
-std::string zshArgument(const CLI::Option& option) {
+std::string zshArgument(const OptionText& option) {
     const Takes takes = whatTakes(option);
-    if (isPositional(option)) {
-        const bool isList = option.get_expected_max() > 1;
-        const std::string place = isList ? "*" : option.get_required() ? "" : ":";
-        return fmt::format(" '{}:{}:'\"{}\"", isList ? "*" : place, zshText(option.get_name(true)),
-                           zshAction(takes));
+    if (option.isPositional()) {
+        const char* place = option.isList ? "*" : option.isRequired ? "" : ":";
+        return fmt::format(" '{}:{}:'\"{}\"", place, zshText(option.name), zshAction(takes));
     }
     std::string words;
-    for (const std::string& name : namesOf(option)) {
-        words += fmt::format(" '{}[{}]", name, zshText(option.get_description()));
+    for (const std::string& word : option.words) {
+        words += fmt::format(" '{}[{}]", word, zshText(option.description));
         // Double quotes expand the list of keys.
         words += takes == Takes::Nothing
                      ? "'"
-                     : fmt::format(":{}:'\"{}\"", zshText(option.get_type_name()), zshAction(takes));
+                     : fmt::format(":{}:'\"{}\"", zshText(option.value), zshAction(takes));
     }
     return words;
 }
 
-std::string zshArguments(const CLI::App& command) {
-    std::string text = fmt::format("        {}) _arguments", command.get_name());
-    for (const CLI::Option* option : command.get_options()) text += zshArgument(*option);
+std::string zshArguments(const CommandText& command) {
+    std::string text = fmt::format("        {}) _arguments", command.name);
+    for (const OptionText& option : command.options) text += zshArgument(option);
     return text + " ;;\n";
 }
 
 }  // namespace
 
-std::string bashCompletion(const CLI::App& app) {
+std::string bashCompletion(const CommandLine& line) {
     std::string names;
     std::string values;
     std::string words;
-    for (const CLI::App* command : commandsOf(app)) {
-        names += (names.empty() ? "" : "|") + command->get_name();
-        values += bashValues(*command);
-        words += bashWords(*command);
+    for (const CommandText& command : line.commands) {
+        names += (names.empty() ? "" : "|") + command.name;
+        values += bashValues(command);
+        words += bashWords(command);
     }
     std::string first = names;
     for (char& c : first) c = c == '|' ? ' ' : c;
@@ -152,15 +130,15 @@ std::string bashCompletion(const CLI::App& app) {
         "    if [[ $files && $cur != -* ]]; then _qzcam_files; fi\n"
         "}}\n\n"
         "complete -F _qzcam qzcam\n",
-        joinedKeys(), names, values, first, fmt::join(optionNames(app), " "), words);
+        joinedKeys(), names, values, first, fmt::join(optionWords(line), " "), words);
 }
 
-std::string zshCompletion(const CLI::App& app) {
+std::string zshCompletion(const CommandLine& line) {
     std::string commands;
     std::string cases;
-    for (const CLI::App* command : commandsOf(app)) {
-        commands += fmt::format("    '{}:{}'\n", command->get_name(), zshText(command->get_description()));
-        cases += zshArguments(*command);
+    for (const CommandText& command : line.commands) {
+        commands += fmt::format("    '{}:{}'\n", command.name, zshText(command.description));
+        cases += zshArguments(command);
     }
     return fmt::format(
         "#compdef qzcam\n"
@@ -180,19 +158,6 @@ std::string zshCompletion(const CLI::App& app) {
         "}}\n"
         "_qzcam \"$@\"\n",
         joinedKeys(), commands, cases);
-}
-
-void addCompletion(CLI::App& app, Action& action) {
-    app.group("");  // for the build, not for users
-    auto shell = std::make_shared<std::string>();
-    app.add_option("SHELL", *shell, "bash or zsh")->required()->check(CLI::IsMember({"bash", "zsh"}));
-    app.callback([&app, &action, shell] {
-        action = [&app, shell] {
-            const CLI::App& whole = *app.get_parent();
-            const std::string text = *shell == "bash" ? bashCompletion(whole) : zshCompletion(whole);
-            return writeAll(stdout, text) ? kFine : kBadInput;
-        };
-    });
 }
 
 }  // namespace qzcam

@@ -2,20 +2,14 @@
 #include "cli/Manual.h"
 
 #include "base/Text.h"
-#include "base/WriteAll.h"
 #include "cli/Queries.h"
 #include "host/EventWords.h"
 #include "session/SessionHelp.h"
 
 #include <fmt/format.h>
 
-#include <CLI/CLI.hpp>
-
 #include <cctype>
-#include <cstdio>
-#include <memory>
 #include <string_view>
-#include <vector>
 
 namespace qzcam {
 
@@ -61,28 +55,21 @@ std::string paragraphs(std::string_view text, bool afterHeading) {
     return roff + (isVerbatim ? ".fi\n" : "");
 }
 
-std::string options(const CLI::App& app) {
+std::string options(const CommandText& command) {
     std::string roff;
-    for (const CLI::Option* option : app.get_options()) {
-        if (option->get_group().empty()) continue;
-        const std::string name = option->get_positional() && !option->nonpositional()
-                                     ? option->get_name(true)
-                                     : option->get_name(false, true);
-        const std::string type = option->get_positional() ? "" : option->get_type_name();
-        std::string text = option->get_description();
-        if (!option->get_default_str().empty())
-            text += fmt::format(" (default: {})", option->get_default_str());
-        roff += item(name, type.empty() ? "" : " " + type, text);
+    for (const OptionText& option : command.options) {
+        const bool hasValue = !option.isPositional() && !option.isFlag;
+        roff += item(option.name, hasValue ? " " + option.value : "", option.description);
     }
     return roff;
 }
 
-std::string usage(const CLI::App& command) {
-    std::string text = fmt::format("qzcam {} [OPTIONS]", command.get_name());
-    for (const CLI::Option* option : command.get_options()) {
-        if (!option->get_positional()) continue;
-        const std::string name = option->get_name(true) + (option->get_expected_max() > 1 ? "..." : "");
-        text += option->get_required() ? " " + name : fmt::format(" [{}]", name);
+std::string usage(const CommandText& command) {
+    std::string text = fmt::format("qzcam {} [OPTIONS]", command.name);
+    for (const OptionText& option : command.options) {
+        if (!option.isPositional()) continue;
+        const std::string name = option.name + (option.isList ? "..." : "");
+        text += option.isRequired ? " " + name : fmt::format(" [{}]", name);
     }
     return text;
 }
@@ -97,9 +84,9 @@ std::string withoutSessionHelp(std::string text) {
     return text;
 }
 
-std::string commandSection(const CLI::App& command) {
-    return fmt::format(".SS {}\n{}.\n", argument(usage(command)), escaped(command.get_description())) +
-           options(command) + paragraphs(withoutSessionHelp(command.get_footer()), false);
+std::string commandSection(const CommandText& command) {
+    return fmt::format(".SS {}\n{}.\n", argument(usage(command)), escaped(command.description)) +
+           options(command) + paragraphs(withoutSessionHelp(command.footer), false);
 }
 
 std::string sessionSections() {
@@ -168,26 +155,20 @@ std::string closingSections(const char* otherPage) {
                               std::string(otherPage).replace(std::string(otherPage).find('('), 1, " ("));
 }
 
-std::vector<const CLI::App*> shownCommands(const CLI::App& app) {
-    return app.get_subcommands([](const CLI::App* command) { return !command->get_group().empty(); });
-}
-
 }  // namespace
 
-std::string manualPage(const CLI::App& app) {
+std::string manualPage(const CommandLine& line) {
     std::string roff =
         fmt::format(".TH QZCAM 1 \"{}\" \"qzcam {}\" \"User Commands\"\n", QZCAM_DATE, QZCAM_VERSION);
-    std::string about = app.get_description();
+    std::string about = line.description;
     if (endsWith(about, ".")) about.pop_back();
     about.front() = static_cast<char>(std::tolower(static_cast<unsigned char>(about.front())));
     roff += fmt::format(".SH NAME\nqzcam \\- {}\n.SH SYNOPSIS\n.nf\n", escaped(about));
     roff += fmt::format(".B {}\n", argument("qzcam [OPTIONS]"));
-    for (const CLI::App* command : shownCommands(app)) {
-        roff += fmt::format(".B {}\n", argument(usage(*command)));
-    }
-    roff += ".fi\n.SH DESCRIPTION\n" + paragraphs(app.get_description() + "\n" + app.get_footer(), true);
-    roff += ".SH OPTIONS\n" + options(app) + ".SH COMMANDS\n";
-    for (const CLI::App* command : shownCommands(app)) roff += commandSection(*command);
+    for (const CommandText& command : line.commands) roff += fmt::format(".B {}\n", argument(usage(command)));
+    roff += ".fi\n.SH DESCRIPTION\n" + paragraphs(line.description + "\n" + line.footer, true);
+    roff += ".SH OPTIONS\n" + options(line) + ".SH COMMANDS\n";
+    for (const CommandText& command : line.commands) roff += commandSection(command);
     return roff + sessionSections() + closingSections("qzcam\\-session(5)");
 }
 
@@ -197,18 +178,6 @@ std::string sessionPage() {
     roff += ".SH NAME\nqzcam\\-session \\- sessions that qzcam plays\n.SH DESCRIPTION\n" +
             paragraphs(kSessionIntroduction, true);
     return roff + sessionSections() + examples(kSessionExamples) + ".SH SEE ALSO\n.BR qzcam (1)\n";
-}
-
-void addManual(CLI::App& app, Action& action) {
-    app.group("");  // for the build, not for users
-    auto isSession = std::make_shared<bool>(false);
-    app.add_flag("--session", *isSession, "Print the page of the session language");
-    app.callback([&app, &action, isSession] {
-        action = [&app, isSession] {
-            const std::string page = *isSession ? sessionPage() : manualPage(*app.get_parent());
-            return writeAll(stdout, page) ? kFine : kBadInput;
-        };
-    });
 }
 
 }  // namespace qzcam

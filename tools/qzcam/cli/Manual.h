@@ -1,19 +1,16 @@
 // SPDX-License-Identifier: Apache-2.0
-// The manual page, made of the texts that `--help` shows.
+// The manual pages, made of the texts that `--help` shows: roff with the man macros.
 #pragma once
 
-#include "cli/Cli.h"
+#include "cli/CommandLine.h"
 
 #include <string>
 
 namespace qzcam {
 
+std::string manualPage(const CommandLine& line);
+
 // The session language as a page of its own.
 std::string sessionPage();
-
-void addManual(CLI::App& app, Action& action);
-
-// In roff, with the man macros.
-std::string manualPage(const CLI::App& app);
 
 }  // namespace qzcam

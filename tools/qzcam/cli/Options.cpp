@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "cli/Options.h"
 
+#include "base/WriteAll.h"
 #include "cli/CompletionScripts.h"
 #include "cli/Manual.h"
 #include "cli/ShellCommands.h"
@@ -9,6 +10,9 @@
 #include "session/SessionHelp.h"
 
 #include <fmt/format.h>
+
+#include <cstdio>
+#include <functional>
 
 namespace qzcam {
 
@@ -138,6 +142,58 @@ void addExplain(CLI::App& app, Action& action) {
         "or no setter\nreads KEY; 3 a bad input file.");
 }
 
+OptionText described(const CLI::Option& option) {
+    OptionText text{
+        option.get_name(option.get_positional(), true), {}, option.get_type_name(), option.get_description()};
+    for (const std::string& name : option.get_lnames()) text.words.push_back("--" + name);
+    for (const std::string& name : option.get_snames()) text.words.push_back("-" + name);
+    if (text.isPositional()) text.value = text.name;
+    text.isRequired = option.get_required();
+    text.isList = option.get_expected_max() > 1;
+    text.isFlag = option.get_expected_max() == 0;
+    return text;
+}
+
+CommandText describedAlone(const CLI::App& command) {
+    CommandText text{command.get_name(), command.get_description(), command.get_footer(), {}};
+    for (const CLI::Option* option : command.get_options()) text.options.push_back(described(*option));
+    return text;
+}
+
+CommandLine described(const CLI::App& app) {
+    CommandLine line{describedAlone(app), {}};
+    for (const CLI::App* command :
+         app.get_subcommands([](const CLI::App* each) { return !each->get_group().empty(); }))
+        line.commands.push_back(describedAlone(*command));
+    return line;
+}
+
+// Adds a command for the build, which --help does not list.
+void addPrinter(CLI::App& app, Action& action, const std::function<std::string(const CommandLine&)>& text) {
+    app.group("");
+    app.callback([&app, &action, text] {
+        action = [&app, text] {
+            return writeAll(stdout, text(described(*app.get_parent()))) ? kFine : kBadInput;
+        };
+    });
+}
+
+void addCompletion(CLI::App& app, Action& action) {
+    auto shell = std::make_shared<std::string>();
+    app.add_option("SHELL", *shell, "bash or zsh")->required()->check(CLI::IsMember({"bash", "zsh"}));
+    addPrinter(app, action, [shell](const CommandLine& line) {
+        return *shell == "bash" ? bashCompletion(line) : zshCompletion(line);
+    });
+}
+
+void addManual(CLI::App& app, Action& action) {
+    auto isSession = std::make_shared<bool>(false);
+    app.add_flag("--session", *isSession, "Print the page of the session language");
+    addPrinter(app, action, [isSession](const CommandLine& line) {
+        return *isSession ? sessionPage() : manualPage(line);
+    });
+}
+
 }  // namespace
 
 void addCommands(CLI::App& app, Action& action) {
@@ -157,6 +213,67 @@ void addCommands(CLI::App& app, Action& action) {
     addCompletion(*app.add_subcommand("completion", "Print the completion of a shell"), action);
     addTrace(*app.add_subcommand("trace", "Show what a phone did, from its logs and dumps"), action);
     addManual(*app.add_subcommand("manual", "Print the manual page"), action);
+}
+
+void addDevice(CLI::App& app, std::string& device, std::string& camera, const char* orInput,
+               const char* whichCamera) {
+    app.add_option(
+           "--device", device,
+           fmt::format(
+               "Device: 'dumpsys media.camera', or a bugreport, as text, zip or gzip{}; default: the built-in one",
+               orInput))
+        ->type_name("DUMP");
+    addCamera(app, camera, whichCamera);
+}
+
+void addCamera(CLI::App& app, std::string& camera, const char* description) {
+    app.add_option("--camera", camera, description)->type_name("ID");
+}
+
+void addDumpArgument(CLI::App& app, std::string& device) {
+    app.add_option("DUMP", device, "The same as --device")->excludes(app.get_option("--device"));
+}
+
+void addStrict(CLI::App& app, bool& strict, const std::string& more) {
+    app.add_flag(
+        "--strict", strict,
+        more + "Exit with status 3 if an input is damaged. Without this option its readable part is used");
+}
+
+void addVerbose(CLI::App& app, bool& verbose) {
+    app.add_flag("--verbose", verbose, "List the parts of the dump that are not used, with their lines");
+}
+
+void addProperties(CLI::App& app, std::string& properties) {
+    app.add_option(
+           "--getprop,--props", properties,
+           "System properties: text of 'getprop', name=value lines, or a bugreport; default: those of the "
+           "bugreport that is the device")
+        ->type_name("GETPROP");
+}
+
+void addParameters(CLI::App& app, std::string& parameters, const char* description) {
+    app.add_option("--params", parameters, description)->type_name("TEXT|FILE");
+}
+
+CLI::Option* addJson(CLI::App& app, bool& json, const char* description) {
+    return app.add_flag("--json", json, description);
+}
+
+void addOutputFile(CLI::App& app, const char* name, std::string& file, const std::string& description) {
+    app.add_option(name, file, description)->type_name("FILE")->check([](const std::string& word) {
+        return word == "-" ? "expected a file, not '-': standard output has the output of the command" : "";
+    });
+}
+
+void addHtml(CLI::App& app, std::string& html) {
+    addOutputFile(app, "--html", html,
+                  "Also write a page to this file: one HTML file that any browser shows without a network");
+}
+
+void addPerfetto(CLI::App& app, std::string& perfetto) {
+    addOutputFile(app, "--perfetto", perfetto,
+                  "Write a timeline to this file, for the trace viewer at ui.perfetto.dev");
 }
 
 }  // namespace qzcam
