@@ -26,7 +26,6 @@ struct Suggestions {
 struct CommandForm {
     std::string name;
     std::string arguments;
-    bool operator<(const CommandForm& other) const { return name < other.name; }
 };
 
 class Completion {

@@ -36,8 +36,8 @@ std::string shellCommandHelp(const ShellCommand& command) {
 std::string questionOrVerdictHelp(const std::string& word) {
     for (const QuerySpec& query : querySpecs()) {
         if (word == query.name) {
-            return fmt::format("  query {} {}: {}\n", query.name, query.argument ? query.argument : "",
-                               query.help);
+            const std::string argument = query.argument ? fmt::format(" {}", query.argument) : "";
+            return fmt::format("  query {}{}: {}\n", query.name, argument, query.help);
         }
     }
     for (const auto& [verdict, help] : verdictHelp()) {

@@ -136,7 +136,8 @@ void addRefused(Contents& contents, const Part& part, const Problems& problems, 
     }
     if (named < problems.count()) {
         contents.unused.push_back({UnusedPart::Kind::GarbledLine, part.firstLine, part.firstLine,
-                                   problems.count() - named, "further lines of " + part.title});
+                                   problems.count() - named,
+                                   part.title.empty() ? "further lines" : "further lines of " + part.title});
     }
 }
 
@@ -210,12 +211,6 @@ std::string lowered(std::string_view text) {
 }
 
 }  // namespace
-
-const LogTag* LogSummary::find(const std::string& tag) const {
-    const auto found =
-        std::find_if(tags.begin(), tags.end(), [&](const LogTag& each) { return each.tag == tag; });
-    return found == tags.end() ? nullptr : &*found;
-}
 
 bool Contents::isEmpty() const {
     const bool hasDump =

@@ -32,8 +32,6 @@ struct LogSummary {
     std::string to;
     size_t folded = 0;  // messages that the log only counts
     size_t pruned = 0;  // messages that the log has lost
-
-    const LogTag* find(const std::string& tag) const;
 };
 
 struct ListedParameter {
