@@ -116,6 +116,10 @@ TEST(Completion, FollowsTheFormsOfCommands) {
         {"pairs iso 1 zsl-mode o", "21 ' ' 2: off on"},
     };
     for (const auto& row : kRows) EXPECT_EQ(shown(completion.at(row.line)), row.expected) << row.line;
+    // The values that the device offers come first, those of the vocabulary in its order.
+    completion.learnOffers(Offers(Device(), {{"iso-mode-values", "1600,7,100"}}));
+    EXPECT_EQ(shown(completion.at("set iso=")), "8 '' 11: 100 1600 7 auto");
+    EXPECT_EQ(shown(completion.at("set zsl-mode=")), "13 '' 2: off on");
 }
 
 }  // namespace

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 // Tests the shell in a terminal, as a user sees it, and without one.
+#include "BuiltIn.h"
 #include "Tool.h"
+#include "cli/LineEditor.h"
+#include "cli/ShellCommands.h"
 #include "support/DumpComposer.h"
 
 #include <pty.h>
@@ -8,6 +11,7 @@
 #include <termios.h>
 #include <unistd.h>
 
+#include <fmt/format.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -29,11 +33,13 @@ constexpr int kPatience = 120000;  // milliseconds: an emulated shell takes ten 
 
 class Terminal {
   public:
-    explicit Terminal(const std::string& state, const std::vector<std::string>& words = {}) {
-        winsize size{24, 80, 0, 0};
+    explicit Terminal(const std::string& state, const std::vector<std::string>& words = {},
+                      unsigned short rows = 24) {
+        winsize size{rows, 80, 0, 0};
         mProcess = forkpty(&mFile, nullptr, nullptr, &size);
         if (mProcess != 0) return;
         setenv("TERM", "xterm", 1);
+        setenv("LC_ALL", "C.UTF-8", 1);
         setenv("XDG_STATE_HOME", state.c_str(), 1);
         std::vector<const char*> argv{"qzcam", "shell"};
         for (const std::string& word : words) argv.push_back(word.c_str());
@@ -144,17 +150,61 @@ TEST_F(ShellTool, EditsTheLineAndLeaves) {
     EXPECT_EQ(terminal.exitStatus(), kFine);
 }
 
+TEST_F(ShellTool, ShowsCandidatesInColumns) {
+    Terminal terminal(mState);
+    terminal.type("", kPrompt);
+    EXPECT_THAT(
+        terminal.type("expect-n\t\t", kPrompt),
+        HasSubstr("o-\r\nexpect-no-callback  expect-no-entry     expect-no-log       expect-no-param\r\n"));
+    terminal.type("\x03", kPrompt);
+    EXPECT_THAT(terminal.type("setprop camera.\t", kPrompt),
+                HasSubstr("\r\ncamera.debug.mode                camera.qzperformex.captag"
+                          "\r\ncamera.ignore.chat.facebeauty    camera.qzperformex.ctrltag"
+                          "\r\ncamera.ignore.qz.customized.zsl  camera.qzperformex.loglevel"
+                          "\r\ncamera.ignore.videostdb.all      camera.qzperformex.stattag"
+                          "\r\ncamera.ignore.videostdb.partial\r\n\r"));
+    terminal.type("\x03", kPrompt);
+    const size_t all = test::builtIn().vendorTags.size();
+    terminal.type("result com.ambrix.\t", fmt::format("\r\n... and {} more\r\n", all - 120));
+    terminal.type("\x03", kPrompt);
+    terminal.type("help \xc3\xa9\r", "There is no help on '\xc3\xa9'");
+    terminal.type("quit\r", "\n");
+}
+
+TEST(LineEditor, StoresItsHistoryInTheStateFolder) {
+    const struct {
+        const char* state;
+        const char* home;
+        const char* expected;
+    } kRows[] = {{"/a", "/b", "/a/qzcam/history"},
+                 {"a", "/b", "/b/.local/state/qzcam/history"},
+                 {"", "/b", "/b/.local/state/qzcam/history"},
+                 {"", "b", ""}};
+    for (const auto& row : kRows) {
+        setenv("XDG_STATE_HOME", row.state, 1);
+        setenv("HOME", row.home, 1);
+        EXPECT_EQ(historyFile(), row.expected);
+    }
+    unsetenv("XDG_STATE_HOME");
+    unsetenv("HOME");
+    EXPECT_EQ(historyFile(), "");
+}
+
 TEST_F(ShellTool, KeepsItsHistoryAndTakesParameters) {
     {
         Terminal first(mState);
         first.type("", kPrompt);
         first.type("open 0\r", kPrompt);
+        first.type("params\r", "no parameters");
+        first.type("params\r", "no parameters");
         first.type("quit\r", "\n");
         EXPECT_EQ(first.exitStatus(), kFine);
     }
     Terminal second(mState, {"--params", "iso=3200;zsl-mode=on"});
     second.type("", kPrompt);
-    second.type("\x1b[A\x1b[A\r", "open 0\r\n");
+    second.type("\x1b[A\x1b[A\x1b[A\r", "open 0\r\n");  // a repeated line is stored once
+    second.type("\022ope", "open 0");                   // Ctrl-R
+    second.type("\r", "\r\n");
     EXPECT_THAT(second.type("params\r", "zsl-mode"), HasSubstr("3200"));
     second.type("exit\r", "\n");
     EXPECT_EQ(second.exitStatus(), kFine);
@@ -172,21 +222,11 @@ TEST_F(ShellTool, PlaysAScriptWithoutATerminal) {
         {"open 0\nbogus\nset iso=100\nrequest\n", kBadInput, "4> request",
          "standard input:2: unknown command 'bogus'"},
         {"open 0\nquit\nbogus\n", kFine, "1> open 0", ""},
-        {"help set\n", kFine, "set KEY=VALUE;KEY=VALUE", ""},
-        {"help sendcommand\n", kFine, "203  ", ""},
         {std::string((size_t{1} << 20U) + 2, 'x'), kBadInput, "",
          "input:1: the line is too long: expected at most 1 MiB"},
-        {"check\n", kFine, "Nothing is mistyped or malformed", ""},
         {"check --josn\n", kBadInput, "", "--josn"},
-        {"params zoom\n", kFine, "zoom, max-zoom: parameters of one setter", ""},
         {"open 0\nset zoom=5;max-zoom=99\nexplain zoom\nrequest\nexpect-entry qz-zoom-in 1.151515\n",
          kExpectationFailed, "  5: written", ""},
-        {"help expect-query\n", kFine, "customized-zsl", ""},
-        {"help not-offered\n", kFine, "not-offered, a verdict: ", ""},
-        {"help setIso\n", kFine, "iso: a parameter", ""},
-        {"help reqest\n", kFine, "There is no help on 'reqest'; perhaps 'request' is meant", ""},
-        {"exlpain iso\n", kBadInput, "", "unknown command 'exlpain': perhaps 'explain' is meant; expected"},
-        {"explain is\n", kBadInput, "", "no setter reads 'is'"},
     };
     for (const auto& row : kRows) {
         SCOPED_TRACE(row.lines);
@@ -224,6 +264,13 @@ TEST_F(ShellTool, ALongAnswerGoesThroughThePager) {
     EXPECT_THAT(terminal.type("check\r", "paged Nothing is mistyped"), HasSubstr("paged built-in device"));
     terminal.type("quit\r", "\n");
     EXPECT_EQ(terminal.exitStatus(), kFine);
+    const std::string help = helpOn("query");
+    for (const bool fits : {false, true}) {
+        Terminal small(mState, {},
+                       static_cast<unsigned short>(std::count(help.begin(), help.end(), '\n') + fits));
+        small.type("", kPrompt);
+        EXPECT_EQ(contains(small.type("help query\r", "otp-result"), "paged"), !fits);
+    }
     unsetenv("PAGER");
 }
 
