@@ -44,7 +44,6 @@ class Rewriter {
   public:
     explicit Rewriter(Memory& text) : mText(text) {}
 
-    size_t position() const { return mRead; }
     std::string_view rest() const { return mText.view().substr(mRead); }
     bool atEnd() const { return mRead >= mText.size(); }
 

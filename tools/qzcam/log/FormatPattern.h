@@ -30,8 +30,7 @@ class FormatPattern {
     // Does the same for a text whose end may be missing.
     std::optional<Match> matchBeginning(std::string_view text) const;
 
-    std::string_view beginning() const { return mPieces.front().literal; }  // up to the first conversion
-    size_t literals() const;                                                // characters of the format itself
+    size_t literals() const;  // characters of the format itself
 
   private:
     // A literal, and the conversion after it; '\0': none.

@@ -62,7 +62,6 @@ Inspected& InspectionReader::open(const LogLine& log, Thread& thread, Inspected:
     thread.open.emplace();
     thread.open->kind = kind;
     thread.open->log = log;
-    thread.open->lastLine = log.line;
     return *thread.open;
 }
 
@@ -143,7 +142,6 @@ bool InspectionReader::feedOpener(const LogLine& log, const LibraryLine& line, T
     if (isStatic) return false;  // nothing was found yet
     Inspected request;
     request.log = log;
-    request.lastLine = log.line;
     request.of = Of::Request;
     request.requestKind = thread.requestKind;
     mTake(request);
@@ -164,10 +162,8 @@ bool InspectionReader::feedElement(const LogLine& log, const LibraryLine& line, 
     inspected.elements.resize(place, "?");
     const std::string text = line.text(4);
     const size_t comma = text.find(", value: ");
-    inspected.type = text.substr(0, comma);
     inspected.elements.emplace_back(
         comma == std::string::npos ? "?" : trimmed(std::string_view(text).substr(comma + 9)));
-    inspected.lastLine = log.line;
     return true;
 }
 
@@ -184,7 +180,6 @@ bool InspectionReader::feedChosen(const LogLine& log, const LibraryLine& line, T
                         thread.open->elements.empty();
     Inspected& inspected = goesOn ? *thread.open : openChosen(log, thread, id);
     inspected.isAbsent = true;
-    inspected.lastLine = log.line;
     return true;
 }
 
@@ -206,7 +201,6 @@ bool InspectionReader::feedResult(const LogLine& log, const LibraryLine& line, T
     result.kind = Kind::Frame;
     result.of = Of::Result;
     result.log = log;
-    result.lastLine = log.line;
     result.frame = frame;
     mTake(result);
     return true;
@@ -225,7 +219,6 @@ bool InspectionReader::feedList(const LogLine& log, const LibraryLine& line, Thr
     }
     const bool goesOn = !isCount && thread.open && thread.open->kind == kind;
     Inspected& inspected = goesOn ? *thread.open : open(log, thread, kind);
-    inspected.lastLine = log.line;
     if (isCount) {
         const auto count = line.number(0);
         if (count && *count >= 0) inspected.announced = static_cast<size_t>(*count);

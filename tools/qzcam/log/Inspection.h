@@ -29,14 +29,12 @@ struct Inspected {
 
     Kind kind = Kind::Request;
     Of of = Of::Unknown;
-    LogLine log;  // its first line
-    size_t lastLine = 0;
+    LogLine log;              // its first line
     std::string requestKind;  // "repeating" or "capture"; empty if unknown
     std::optional<int64_t> frame;
 
     uint32_t id = 0;                    // the chosen tag
     std::string tag;                    // empty if unknown
-    std::string type;                   // element type: "int32"
     std::vector<std::string> elements;  // printed values; "?" for a missing one
     bool isAbsent = false;              // the metadata has no such entry, or an empty one
 

@@ -156,7 +156,7 @@ auto* findRow(const Rows& rows, const std::string& function) {
 bool isSame(const char* a, const char* b) { return a != nullptr && b != nullptr && std::string_view(a) == b; }
 
 void setParameterKind(LibraryLine& found) {
-    found.kind = isSame(found.parameter->information, found.line->format) ? Kind::Information : Kind::Setter;
+    if (isSame(found.parameter->information, found.line->format)) found.kind = Kind::Information;
     for (const qz::EntryRow& entry : found.parameter->entries) {
         if (!isSame(entry.refused, found.line->format)) continue;
         found.kind = Kind::Refused;
@@ -164,29 +164,12 @@ void setParameterKind(LibraryLine& found) {
     }
 }
 
-bool isOfVocabulary(const qz::LogLine& line) {
-    return anyOf(qz::kVocabularies, [&](const auto& named) {
-        return isSame(named.vocabulary->unknownText, line.format) &&
-               isSame(named.vocabulary->toText, line.function);
-    });
-}
-
-Kind kindByTag(const qz::LogLine& line) {
-    const std::string_view tag = line.logTag;
-    if (tag == qz::kInspectorLog) return Kind::Inspection;
-    if (tag == qz::kTagLog) return Kind::TagLookup;
-    if (tag == qz::kCommandLog) return Kind::Command;
-    if (tag == qz::kCallBackLog) return Kind::Result;
-    return tag == qz::kAdapterLog ? Kind::Capability : Kind::Other;
-}
-
 void setRows(LibraryLine& found) {
-    found.kind = isOfVocabulary(*found.line) ? Kind::Word : kindByTag(*found.line);
+    if (std::string_view(found.line->logTag) == qz::kInspectorLog) found.kind = Kind::Inspection;
     found.parameter = findRow(qz::kParameters, found.function);
     found.capability = findRow(qz::kCapabilities, found.function);
     found.result = findRow(qz::kResults, found.function);
     if (found.parameter != nullptr) setParameterKind(found);
-    if (found.capability != nullptr) found.kind = Kind::Capability;
 }
 
 LibraryLine describe(std::vector<Candidate>& found) {
@@ -206,9 +189,6 @@ LibraryLine describe(std::vector<Candidate>& found) {
     });
     if (!isOneFunction) line.function.clear();
     setRows(line);
-    // Several getters write this line. The getter is unknown, but it is a getter.
-    if (!isOneFunction && findRow(qz::kCapabilities, best.known->line->function) != nullptr)
-        line.kind = Kind::Capability;
     return line;
 }
 

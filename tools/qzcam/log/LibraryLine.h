@@ -21,13 +21,7 @@ struct LibraryLine {
     enum class Kind {
         Refused,      // the update of an entry failed
         Information,  // a plain row logs the value that it is about to write
-        Setter,       // another line of a setter
-        Capability,
-        Result,
-        Word,  // a number for which a vocabulary has no word
         Inspection,
-        TagLookup,
-        Command,
         Other,
     };
     Kind kind = Kind::Other;

@@ -58,7 +58,6 @@ bool setIds(LogLine& line, const Ids& ids, size_t numbers) {
     if (!pid || !tid) return false;
     line.pid = *pid;
     line.tid = *tid;
-    if (first == 1) line.uid = ids.words[0];
     return true;
 }
 
@@ -206,21 +205,6 @@ void LogcatReader::feed(std::string_view text, size_t number) {
     raw.isRaw = true;
     raw.message = withoutEscapes(plain);
     mTake(std::move(raw));
-}
-
-std::vector<LogLine> readLogcat(std::string_view text, size_t firstLine) {
-    std::vector<LogLine> all;
-    LogcatReader reader([&all](LogLine line) { all.push_back(std::move(line)); });
-    Lines lines(text);
-    std::string_view line;
-    while (lines.next(line)) reader.feed(line, firstLine + lines.number() - 1);
-    return all;
-}
-
-bool isLogcat(std::string_view text) {
-    const std::string plain = withoutColors(text);
-    LogLine line;
-    return parse(plain, line) || parseLongHead(plain);
 }
 
 }  // namespace qzcam

@@ -31,7 +31,6 @@ struct LogLine {
     LogTime time;
     int pid = -1;  // -1: the layout has none
     int tid = -1;
-    std::string uid;
     char level = 0;  // V D I W E F; 0: the layout has none
     std::string tag;
     std::string message;  // printable escapes are undone
@@ -55,10 +54,5 @@ class LogcatReader {
     Take mTake;
     std::optional<LogLine> mHead;  // head of a message in the layout "long"
 };
-
-std::vector<LogLine> readLogcat(std::string_view text, size_t firstLine = 1);
-
-// Returns true for a line that has the fields of a log line.
-bool isLogcat(std::string_view text);
 
 }  // namespace qzcam

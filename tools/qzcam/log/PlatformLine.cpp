@@ -12,21 +12,13 @@ namespace {
 using Kind = PlatformLine::Kind;
 using Values = std::vector<PrintedValue>;
 
-uint32_t tagNumber(const std::string& text) {
-    const auto number = parseInteger(text);  // vendor tags are printed as negative numbers
-    return number ? static_cast<uint32_t>(*number) : 0;
-}
-
 void readMistyped(PlatformLine& line, const Values& values) {
     line.tag = values[0].text;
-    line.id = tagNumber(values[1].text);
     line.declared = values[2].text;
     line.given = values[3].text;
 }
 
-void readNumber(PlatformLine& line, const Values& values) { line.id = tagNumber(values[0].text); }
 void readName(PlatformLine& line, const Values& values) { line.tag = values[0].text; }
-void readType(PlatformLine& line, const Values& values) { line.declared = values[1].text; }
 
 void readPair(PlatformLine& line, const Values& values) {
     line.parameters.emplace_back(values[0].text, values[1].text);
@@ -52,11 +44,12 @@ const std::vector<Known>& known() {
     static const std::vector<Known> rows{
         row("Camera2-Metadata", Kind::Mistyped, mistyped, readMistyped),
         row("CamComm1.0-MD", Kind::Mistyped, mistyped, readMistyped),
-        row("Camera2-Metadata", Kind::UnknownTag, unknown, readNumber),
-        row("CamComm1.0-MD", Kind::UnknownTag, unknown, readNumber),
+        row("Camera2-Metadata", Kind::UnknownTag, unknown, readNothing),
+        row("CamComm1.0-MD", Kind::UnknownTag, unknown, readNothing),
         row("VendorTagDescriptor", Kind::NoTag, "lookupTag: Tag name '%s' does not exist.", readName),
         row("VendorTagDescriptor", Kind::NoSection, "lookupTag: Section '%s' does not exist.", readName),
-        row("VendorTagDescriptor", Kind::NoType, "%s: tag type %d from vendor ops does not exist.", readType),
+        row("VendorTagDescriptor", Kind::NoType, "%s: tag type %d from vendor ops does not exist.",
+            readNothing),
         row("Camera3-TagMonitor", Kind::NotMonitored, "parseTagsToMonitor: Unknown tag %s, ignoring",
             readName),
         row("CameraParams", Kind::ParameterCount, "dump: mMap.size = %d", readNothing),

@@ -27,8 +27,7 @@ struct PlatformLine {
         Parameter,          // one parameter of a list
     };
     Kind kind{};
-    std::string tag;  // name, without section where the line has none
-    std::optional<uint32_t> id;
+    std::string tag;       // name, without section where the line has none
     std::string declared;  // element types
     std::string given;
     bool cut = false;  // the text has the greatest length of a log line

@@ -82,7 +82,8 @@ constexpr MessageLine kMessageLines[] = {
 StatedMessage stated(const LibraryLine& line, const qz::MessageRow& row, const qz::Upto<size_t, 3>& places) {
     StatedMessage message{&row, {}};
     for (size_t i = 0; i < places.count && i < row.numbers.count; ++i) {
-        message.fields.push_back({row.numbers[i], line.text(places[i])});
+        const bool isThere = places[i] < line.values.size();  // otherwise the line is cut
+        message.fields.push_back({row.numbers[i], isThere ? line.text(places[i]) : "?"});
     }
     return message;
 }

@@ -43,16 +43,12 @@ class MonitorReader {
     bool feed(std::string_view text, size_t line);
     void end();  // passes on the event that was waiting for further values
 
-    const std::string& camera() const { return mCamera; }
-
   private:
     bool feedEvent(std::string_view text, size_t line);
     bool feedValues(std::string_view text);
 
     Take mTake;
     std::optional<MonitorEvent> mPending;
-    std::string mCamera;
-    std::string mClient;
 };
 
 // Returns the values of an event whose tag is known. Returns nothing if they are ambiguous: one version

@@ -11,20 +11,18 @@
 
 namespace qzcam {
 
-Origin originOf(const std::string& tag, const EntryTexts& entries) {
-    Origin origin;
-    origin.choices = candidatesFor(tag, entries);
+std::vector<Candidate> originOf(const std::string& tag, const EntryTexts& entries) {
+    std::vector<Candidate> origin = candidatesFor(tag, entries);
     std::set<std::string> keys;
     std::set<const qz::Parameter*> rows;
-    for (const Candidate& each : origin.choices) {
+    for (const Candidate& each : origin) {
         keys.insert(each.key);
         for (const qz::Parameter* row : rowsWriting(tag)) {
             if (keyIn(*row, each.key) != nullptr) rows.insert(row);
         }
     }
-    const bool isCertain = keys.size() == origin.choices.size() && rows.size() == 1;
-    if (isCertain) origin.certain = std::exchange(origin.choices, {});
-    return origin;
+    const bool isCertain = keys.size() == origin.size() && rows.size() == 1;
+    return isCertain ? origin : std::vector<Candidate>();
 }
 
 EntryTexts entriesWithoutParameters(const Device& device) {

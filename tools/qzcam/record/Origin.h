@@ -10,13 +10,9 @@
 
 namespace qzcam {
 
-// The keys of one row that an entry may come from, each with its value. If several rows, or several words of
-// one key, give the entry, they are `choices`.
-struct Origin {
-    std::vector<Candidate> certain;
-    std::vector<Candidate> choices;
-};
-Origin originOf(const std::string& tag, const EntryTexts& entries);
+// Returns the keys of the row that an entry comes from, each with its value. Returns nothing if several rows,
+// or several words of one key, give the entry.
+std::vector<Candidate> originOf(const std::string& tag, const EntryTexts& entries);
 
 // Returns the entries that every request has, even without parameters.
 EntryTexts entriesWithoutParameters(const Device& device);

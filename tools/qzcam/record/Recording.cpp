@@ -210,12 +210,12 @@ void Recorder::writeRequest(const Frame& frame) {
 }
 
 void Recorder::writeOrigin(const std::string& tag, Texts& target) {
-    const Origin origin = originOf(tag, mRequest);
-    for (const Candidate& each : origin.certain) target[each.key] = each.value;
+    const auto origin = originOf(tag, mRequest);
+    for (const Candidate& each : origin) target[each.key] = each.value;
     const auto always = mAlways.find(tag);
     if (always != mAlways.end() && always->second == mRequest.at(tag)) return;
     const std::string value = sessionValues(mRequest.at(tag));
-    if (!origin.certain.empty() || !mNamed.insert(tag + " " + value).second) return;
+    if (!origin.empty() || !mNamed.insert(tag + " " + value).second) return;
     const std::string cause = causeOf(tag, mRequest);
     mText.comment(
         fmt::format("{} {}: {}", tag, value, cause.empty() ? "no parameter is known to give it" : cause));

@@ -53,7 +53,9 @@ std::string joined(const std::vector<std::string>& words) {
 std::string countText(const Inspected& inspected) {
     if (!inspected.announced) return fmt::format("{}, of an unknown number", inspected.tags.size());
     if (inspected.isWhole()) return fmt::format("{}", inspected.tags.size());
-    return fmt::format("{} of {}, the other lines are missing", inspected.tags.size(), *inspected.announced);
+    const bool isShort = inspected.tags.size() < *inspected.announced;
+    return fmt::format("{} of {}, {}", inspected.tags.size(), *inspected.announced,
+                       isShort ? "the other lines are missing" : "some lines are repeated");
 }
 
 const char* listTitle(const Inspected& inspected) {
@@ -154,10 +156,8 @@ void LogItems::feed(const LogLine& line, size_t input) {
     mInput = input;
     if (line.folded > 0 || line.pruned > 0) return isRepeated(line) ? void() : fold(line);
     if (const auto library = recogniseLibraryLine(line)) {
-        ++mRecognised;
         if (!isRepeated(line)) feedLibrary(line, *library);
     } else if (const auto platform = recognisePlatformLine(line)) {
-        ++mRecognised;
         if (!isRepeated(line)) feedPlatform(line, *platform);
     } else if (isLibraryTag(line.tag) && !isRepeated(line)) {
         TraceItem item = itemOf(line);
@@ -214,7 +214,7 @@ bool LogItems::feedFocusTest(const LogLine& log, const LibraryLine& line) {
         mHeld->cause = "elements of the message, as far as there are lines of them";
         for (int64_t i = 0; place && i < *place && i < 20; ++i) mHeld->fields.push_back({"", "?"});
     }
-    mHeld->fields.push_back({"", line.text(1)});
+    mHeld->fields.push_back({"", line.values.size() > 1 ? line.text(1) : "?"});
     return true;
 }
 

@@ -32,10 +32,8 @@ class LogItems {
     // Passes on the facts that are waiting for further lines.
     void end();
 
-    size_t recognised() const { return mRecognised; }
-    size_t repeated() const {
-        return mRepeated;
-    }  // lines that repeat an earlier one, with the same time and thread
+    // Returns the number of lines that repeat an earlier one, with the same time and thread.
+    size_t repeated() const { return mRepeated; }
 
   private:
     using Thread = std::pair<int, int>;
@@ -65,7 +63,6 @@ class LogItems {
     std::optional<TraceItem> mHeld;       // a message that waits for further lines
     std::set<std::string> mSeen;
     size_t mInput = 0;
-    size_t mRecognised = 0;
     size_t mRepeated = 0;
 };
 

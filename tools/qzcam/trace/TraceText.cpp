@@ -77,7 +77,9 @@ std::string originOf(const TraceItem& item) {
 // Returns the fact, its cause and its verdicts.
 std::vector<std::string> piecesOf(const TraceItem& item) {
     std::vector<std::string> pieces{factText(item)};
-    if (!item.physicalCamera.empty()) pieces.front() += ", physical camera " + item.physicalCamera;
+    const bool isNamed = item.kind == Kind::Result;  // its text contains the physical camera
+    if (!item.physicalCamera.empty() && !isNamed)
+        pieces.front() += ", physical camera " + item.physicalCamera;
     if (item.times > 1 && item.kind != Kind::Lost) pieces.front() += fmt::format(", {} times", item.times);
     if (!item.cause.empty()) pieces.push_back("<- " + item.cause);
     for (const VerdictRow& row : item.verdicts) {
