@@ -43,98 +43,6 @@ struct Play {
     bool allMet = false;
 };
 
-// Each expectation is met by the actual value and by no other.
-TEST(Player, ExamineExpectations) {
-    const struct {
-        const char* commands;
-        const char* met;
-        const char* failed;
-        const char* actual;  // message of the failed one
-    } kRows[] = {
-        {"set a=1", "expect-param a 1", "expect-param a 2", "'1'"},
-        {"unset a", "expect-no-param a", "expect-param a 1", "nothing"},
-        {"set a=1", "expect-param a 1", "expect-no-param a", "'1'"},
-        {"set iso=1600\nrequest", "expect-entry iso 7", "expect-entry iso 8", "byte[1] 7"},
-        {"set iso=1600\nrequest", "expect-entry iso 7", "expect-entry iso 7,7", "byte[1] 7"},
-        {"set iso=1600\nrequest", "expect-no-entry qz-zsl-mode", "expect-no-entry iso", "byte[1] 7"},
-        {"set iso=1600\nrequest\nunset iso\nrequest", "expect-no-entry iso", "expect-entry iso 7", "nothing"},
-        {"callback hdc-calib 3", "expect-callback 0x2000000 3 0", "expect-callback 0x2000000 3 0", "nothing"},
-        {"callback hdc-calib 3", "expect-status 0", "expect-callback hdc-calib-result 4",
-         "0x2000000 3,0 (hdc-calib-result)"},
-        {"callback hdc-calib 3", "expect-callback hdc-calib-result result=3", "expect-callback 0x2000000",
-         "nothing"},
-        {"callback hdc-calib 3", "expect-status 0", "expect-no-callback", "0x2000000 3,0 (hdc-calib-result)"},
-        {"callback hdc-calib -1", "expect-callback hdc-calib-result 0xffffffff",
-         "expect-callback hdc-calib-result 1", "nothing"},
-        {"callback smart-mode 2", "expect-callback 0x100 bytes 65656565 02 00 00 00",
-         "expect-callback 0x100 mode=3", "nothing"},
-        {"callback smart-mode 0", "expect-no-callback", "expect-callback 0x100", "nothing"},
-        {"sendcommand 7 1 2", "expect-status -22", "expect-status 0", "-22"},
-        {"sendcommand 7 1 2", "expect-log error command 7 (arguments 1, 2)", "expect-log info command 7",
-         "none in 1"},
-        {"sendcommand 7 1 2", "expect-no-log info command 7", "expect-no-log error command 7",
-         "Unknown command 7"},
-        {"skip 3264x2448 0x23", "expect-skip yes", "expect-skip no", "yes"},
-        {"result oisHallCheckResult=0", "expect-status 0", "expect-callback ois-gyro-offset",
-         "ois-hall-check"},
-        {"result oisHallCheckResult=0", "expect-callback ois-hall-check result=0",
-         "expect-callback 0x40000000", "nothing"},
-        {"set iso=7\nrequest", "expect-verdict iso fallback", "expect-verdict iso written", "fallback ("},
-        {"set iso=100\nrequest", "expect-verdict iso written", "expect-verdict contrast written", "nothing"},
-        {"request\nset iso=50\nrequest", "expect-change iso new", "expect-change iso changed", "new"},
-        {"set iso=50\nrequest\nunset iso\nrequest", "expect-change iso gone", "expect-change iso none",
-         "gone"},
-        {"set iso=50\nrequest\nunset iso\nrequest\nset iso=50\nrequest", "expect-change iso new",
-         "expect-change iso none", "new"},
-        {"publish", "expect-capability manualVcmStartValue published",
-         "expect-capability manualVcmStartValue absent", "published"},
-        {"publish", "expect-capability qz-slow-jpeg-mode-threshold silent",
-         "expect-capability iso undeclared", "nothing"},
-        {"set a=1", "expect-query recording no", "expect-skip yes", "nothing"},
-        {"query ext-scene hdr", "expect-query ext-scene hdr yes", "expect-query ext-scene sun yes", "no"},
-    };
-    for (const auto& row : kRows) {
-        const Play play(std::string("open 0\n") + row.commands + "\n" + row.met + "\n" + row.failed + "\n");
-        const auto expectations = play.all<ExpectationEvent>();
-        ASSERT_EQ(expectations.size(), 2U) << row.met;
-        EXPECT_TRUE(expectations[0].met) << row.met << ": there is " << expectations[0].actual;
-        EXPECT_FALSE(expectations[1].met) << row.failed;
-        EXPECT_THAT(expectations[1].actual, HasSubstr(row.actual)) << row.failed;
-        EXPECT_FALSE(play.allMet);
-        EXPECT_EQ(play.all<SummaryEvent>().at(0).failed, 1U);
-    }
-}
-
-TEST(Player, MarksChangesBetweenRequests) {
-    const Play play(
-        "open 0\nset iso=1600;zsl-mode=on\nrequest\nset iso=50;contrast=150\nunset "
-        "zsl-mode\nrequest\nrequest\n"
-        "open 0\nset iso=50\nrequest\n");
-    const auto requests = play.all<RequestEvent>();
-    std::vector<std::vector<std::string>> shown;
-    for (const RequestEvent& request : requests) {
-        shown.emplace_back();
-        for (const EntryRow& row : request.entries) {
-            static const char* const kMarks[] = {"", "+", "~", "-"};
-            if (row.name.find("capture.metadata") == std::string::npos) continue;
-            shown.back().push_back(kMarks[static_cast<size_t>(row.change)] +
-                                   row.name.substr(row.name.rfind('.') + 1) + " " +
-                                   toText(row.values, row.tag));
-        }
-    }
-    using testing::Contains;
-    using testing::Not;
-    ASSERT_EQ(shown.size(), 4U);
-    EXPECT_THAT(shown[0], Contains("+iso 7"));
-    EXPECT_THAT(shown[0], Contains("+qz-zsl-mode 1"));
-    EXPECT_THAT(shown[1], Contains("~iso 1"));
-    EXPECT_THAT(shown[1], Contains("-qz-zsl-mode 1"));
-    EXPECT_THAT(shown[1], Contains("+constrastValue 3"));
-    EXPECT_THAT(shown[2], Contains("iso 1"));
-    EXPECT_THAT(shown[2], Not(Contains(HasSubstr("zsl"))));
-    EXPECT_THAT(shown[3], Contains("+iso 1"));  // another camera has no earlier entries to compare with
-}
-
 TEST(Player, PublishNamesSourcesAndMissingTags) {
     Device other = test::builtIn();
     const auto without = [&](const char* name) {
@@ -239,32 +147,6 @@ TEST(Player, RefreshDoesWhatAServiceDoesBeforeReading) {
         "expect-query shutter-mute yes\nexpect-query otp-result 7\n");
     EXPECT_TRUE(play.allMet);
     EXPECT_EQ(play.all<ParamsEvent>().at(0).rows.size(), 2U);
-}
-
-TEST(Player, ChecksTagsAndValuesAgainstTheDevice) {
-    const struct {
-        const char* command;
-        const char* problem;
-    } kRows[] = {
-        {"result focusVcmValue=1", nullptr},
-        {"result nothing=1", "s:2: unknown tag 'nothing'"},
-        {"result focusVcmValue=x",
-         "s:2: expected a number of 32 bits of com.ambrix.capture.metadata.focusVcmValue (type int32), not "
-         "'x'"},
-        {"expect-entry iso 256", "s:2: expected a number from 0 to 255"},
-        {"expect-entry nothing 1", "s:2: unknown tag"},
-        {"expect-no-entry nothing", "s:2: unknown tag 'nothing'"},
-        {"expect-no-entry iso", nullptr},
-        {"expect-change nothing new", "s:2: unknown tag 'nothing'"},
-    };
-    for (const auto& row : kRows) {
-        Problems problems("s");
-        const Session session = parseSession(std::string("open 0\n") + row.command, "s", problems);
-        checkAgainstDevice(session, TagNames(test::builtIn().vendorTags), problems);
-        ASSERT_EQ(problems.count(), row.problem ? 1U : 0U) << row.command;
-        EXPECT_THAT(problems.empty() ? "" : problems.first().front(),
-                    HasSubstr(row.problem ? row.problem : ""));
-    }
 }
 
 // Only complete names of the library are not reported as typing errors.
