@@ -183,9 +183,11 @@ void DeviceBuilder::addUnreadable(const MetadataArray& array, const ArrayEntry& 
     }
     addUnused(UnusedPart::Kind::Damaged, entry);
     const bool isEmpty = entry.values.empty();
+    const std::string values =
+        read.values.count == entry.count ? "more values" : counted(read.values.count, "value");
     mDevice.faults.push_back({Fault::Kind::LengthAgainstType, entry.line, 0,
                               fmt::format("{} is {}[{}], but has {}", entry.name, entry.type, entry.count,
-                                          isEmpty ? "no values" : counted(read.values.count, "value")),
+                                          isEmpty ? "no values" : values),
                               isEmpty ? "its data lies outside the metadata: readers find no entry"
                                       : "readers take as many as it says: the entry is left out"});
 }

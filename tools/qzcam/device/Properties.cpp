@@ -81,14 +81,13 @@ ScopedProperties::~ScopedProperties() {
     for (const auto& [name, value] : mBefore) property_set(name.c_str(), value.c_str());
 }
 
-bool setProperty(const std::string& name, const std::string& value) {
-    if (name.empty() || value.size() >= PROPERTY_VALUE_MAX) return false;
+void setProperty(const std::string& name, const std::string& value) {
     std::array<char, PROPERTY_VALUE_MAX> before{};
     property_get(name.c_str(), before.data(), "");
     for (auto* place = ScopedProperties::sInnermost; place; place = place->mOuter) {
         place->mBefore.emplace(name, before.data());
     }
-    return property_set(name.c_str(), value.c_str()) == 0;
+    property_set(name.c_str(), value.c_str());
 }
 
 }  // namespace qzcam

@@ -22,8 +22,8 @@ Properties parseProperties(std::string_view text, Problems& problems, size_t fir
 // Returns the properties of all parts that contain properties.
 Properties propertiesOf(const std::vector<Part>& parts, Problems& problems);
 
-// Sets a property of this process. Returns false for a name or value that no device accepts.
-bool setProperty(const std::string& name, const std::string& value);
+// Sets a property of this process. A value that no device accepts changes nothing.
+void setProperty(const std::string& name, const std::string& value);
 
 // Restores the properties that setProperty() changes during the lifetime of this object.
 class ScopedProperties {
@@ -34,7 +34,7 @@ class ScopedProperties {
     ScopedProperties& operator=(const ScopedProperties&) = delete;
 
   private:
-    friend bool setProperty(const std::string& name, const std::string& value);
+    friend void setProperty(const std::string& name, const std::string& value);
 
     static ScopedProperties* sInnermost;
 

@@ -76,18 +76,6 @@ qz::status_t WatchedParameters::update(android::CameraMetadata* metadata, uint32
     return watchedUpdate(metadata, tag, TYPE_FLOAT, data, count);
 }
 
-qz::status_t WatchedParameters::update(android::CameraMetadata* metadata, uint32_t tag, const double* data,
-                                       size_t count) {
-    return watchedUpdate(metadata, tag, TYPE_DOUBLE, data, count);
-}
-
-// The platform writes a text with its terminator.
-qz::status_t WatchedParameters::update(android::CameraMetadata* metadata, uint32_t tag,
-                                       const android::String8& value) {
-    return watchedUpdate(metadata, tag, TYPE_BYTE, reinterpret_cast<const uint8_t*>(value.c_str()),
-                         value.length() + 1);
-}
-
 std::vector<WatchedParameters::Published> WatchedParameters::takePublished() {
     return std::exchange(mPublished, {});
 }

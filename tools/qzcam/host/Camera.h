@@ -38,6 +38,7 @@ class WatchedParameters : public qz::QzParametersEx {
     int getInt(const char* key) override;
     camera_metadata_ro_entry getStaticInfo(uint32_t tag, size_t minCount, size_t maxCount,
                                            bool required) override;
+    using QzParametersEx::update;  // the library writes no double and no String8
     qz::status_t update(android::CameraMetadata* metadata, uint32_t tag, const uint8_t* data,
                         size_t count) override;
     qz::status_t update(android::CameraMetadata* metadata, uint32_t tag, const int32_t* data,
@@ -46,10 +47,6 @@ class WatchedParameters : public qz::QzParametersEx {
                         size_t count) override;
     qz::status_t update(android::CameraMetadata* metadata, uint32_t tag, const float* data,
                         size_t count) override;
-    qz::status_t update(android::CameraMetadata* metadata, uint32_t tag, const double* data,
-                        size_t count) override;
-    qz::status_t update(android::CameraMetadata* metadata, uint32_t tag,
-                        const android::String8& value) override;
 
     // Returns the parameters published since the last call.
     std::vector<Published> takePublished();

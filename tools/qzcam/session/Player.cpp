@@ -168,7 +168,6 @@ void Player::finish() {
     }
     if (mCamera) {
         begin(0, "close");
-        mState.camera = nullptr;
         mCamera.reset();
     }
 }

@@ -101,7 +101,6 @@ class Player {
 
     void onLogLine(const LogEvent& line);
     void status(const std::string& of, int32_t value, bool isAnswer = false);
-    void property(const std::string& name, const std::string& value);
     void setParameter(const std::string& key, const std::string& value, size_t line);
     VerdictsEvent judge(const Trace& trace);
     void addOrigin(EntryRow& entry, const std::vector<VerdictRow>& verdicts) const;

@@ -66,14 +66,9 @@ void Player::status(const std::string& of, int32_t value, bool isAnswer) {
     mSink(StatusEvent{of, value, isAnswer});
 }
 
-void Player::property(const std::string& name, const std::string& value) {
-    if (!setProperty(name, value)) mSink(NoteEvent{fmt::format("property {} was refused", name)});
-}
-
-void Player::setProp(const Command& command) { property(command.word(0), command.word(1)); }
+void Player::setProp(const Command& command) { setProperty(command.word(0), command.word(1)); }
 
 void Player::open(const Command& command) {
-    mState.camera = nullptr;
     mCamera.reset();
     chooseDevice(numberOf(command.word(0)));
     mCamera =
@@ -328,9 +323,9 @@ void Player::callback(const Command& command) {
 }
 
 void Player::inspect(const Command& command) {
-    property("camera.qzperformex.loglevel", command.word(0));
+    setProperty("camera.qzperformex.loglevel", command.word(0));
     for (size_t i = 1; i < command.words.size(); i += 2) {
-        property("camera.qzperformex." + command.word(i), command.word(i + 1));
+        setProperty("camera.qzperformex." + command.word(i), command.word(i + 1));
     }
 }
 

@@ -32,7 +32,7 @@ std::string unless(bool right, std::string_view expected) { return std::string(r
 
 std::string property(const Command& command) {
     return unless(!command.word(0).empty() && command.word(1).size() < PROPERTY_VALUE_MAX,
-                  "a value of at most 91 characters");
+                  "a name, and a value of at most 91 characters");
 }
 
 std::string oneNumber(const Command& command) { return unless(isInt32(command.word(0)), "a number"); }

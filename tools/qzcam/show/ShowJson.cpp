@@ -74,13 +74,8 @@ Json linesJson(const std::vector<ReportedLine>& lines) {
     return list;
 }
 
-const char* wordOf(Fault::Kind kind) {
-    constexpr const char* words[] = {"nameOfTwoTypes", "numberOfTwoNames", "lengthAgainstType"};
-    return words[static_cast<size_t>(kind)];
-}
-
 Json faultJson(const Fault& fault) {
-    return {{"kind", wordOf(fault.kind)},
+    return {{"kind", nameOf(fault.kind)},
             {"line", fault.line},
             {"otherLine", fault.otherLine},
             {"text", fault.text},

@@ -19,27 +19,25 @@ namespace {
 using Cameras = std::vector<CheckedCamera>;
 
 struct Cell {
-    std::string text = "-";
-    const char* style = "2";
+    std::string text;
+    const char* style;
 };
 
-// Returns the worst verdict and the number of tags that have it.
+// Returns the worst verdict, which is that of the first tag, and the number of tags that have it.
 Cell cellOf(const FeatureCheck& feature) {
-    if (feature.count(TagVerdict::Missing) == feature.size()) return {"all missing", "2"};
-    for (const TagVerdict verdict : kAllVerdicts) {
-        const size_t count = feature.count(verdict);
-        if (count == 0) continue;
-        const bool isFine = verdict == TagVerdict::Fine;
-        return {isFine ? "fine" : fmt::format("{} {}", count, nameOf(verdict)), styleOf(verdict)};
-    }
-    return {};
+    const TagVerdict worst = feature.begin->verdict;
+    const size_t count = feature.count(worst);
+    const char* style = styleOf(worst);
+    if (worst == TagVerdict::Missing && count == feature.size()) return {"all missing", style};
+    return {worst == TagVerdict::Fine ? "fine" : fmt::format("{} {}", count, nameOf(worst)), style};
 }
 
+// A check has tags of every feature.
 Cell cellOf(const DeviceCheck& check, qz::Feature feature) {
-    for (const FeatureCheck& each : byFeature(check)) {
-        if (each.begin->fact->feature == feature) return cellOf(each);
-    }
-    return {};
+    const auto features = byFeature(check);
+    return cellOf(*std::find_if(features.begin(), features.end(), [&](const FeatureCheck& each) {
+        return each.begin->fact->feature == feature;
+    }));
 }
 
 // Returns the features in the order of the worst camera's check.

@@ -195,9 +195,9 @@ std::vector<std::string> examplesOf(const qz::Parameter& row, const qz::KeyRow& 
         case Form::seconds:
             return {"auto", "2", "1/4", "2.5"};
         case Form::name:
-            return {"name"};
+            break;
     }
-    return {};
+    return {"name"};
 }
 
 std::optional<double> numberOf(const std::string& text) {

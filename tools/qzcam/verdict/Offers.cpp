@@ -209,9 +209,9 @@ std::optional<Offer> Offers::limit(const qz::KeyRow& key, const Texts& parameter
         case Limit::pictureSizes:
             return pictureSizes(parameters);
         case Limit::thumbnailSizes:
-            return thumbnailSizes();
+            break;
     }
-    return std::nullopt;
+    return thumbnailSizes();
 }
 
 // The entry has left, top, width and height, or only width and height. Coordinates begin at its corner.

@@ -70,9 +70,9 @@ std::vector<Candidate> KeyCandidates::candidates() const {
         case Form::seconds:
             return seconds();
         case Form::name:
-            return name();
+            break;
     }
-    return {};
+    return name();
 }
 
 // Sizes are written with an "x" between them, points and ranges with a comma.
