@@ -14,7 +14,7 @@ function(qz_strict target)
         -Wmissing-declarations -Wredundant-decls -Wimplicit-fallthrough
         -ffp-contract=off)
     if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
-        # Below 300 MB g++ does not collect garbage, which takes an eighth of the compile time.
+        # Garbage collection takes an eighth of g++'s compile time. With this option it does not begin below 300 MB.
         target_compile_options(${target} PRIVATE -Wduplicated-cond -Wlogical-op --param=ggc-min-heapsize=300000)
     endif()
     if(QZ_SANITIZE)

@@ -104,7 +104,7 @@ class Trial {
     android::sp<RecordingHost> host;
 };
 
-// The only name that the library looks up without a section. No device can declare it.
+// The only name that the library looks up without a section. Normally no device declares it.
 bool isLookedUpInVain(const EntryRow& entry) { return std::string(entry.tag).find('.') == std::string::npos; }
 
 std::set<std::string> namesOf(const Parameter& row, KeyRow::As as) {

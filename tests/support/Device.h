@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// A camera on a device of vendor tags.
+// A camera on a device that declares vendor tags.
 #pragma once
 
 #include "CCameraQzParam.h"

@@ -9,7 +9,7 @@
 
 namespace qzcam::test {
 
-// The version of Android; 7 stands for 7.1.
+// Versions of Android; 7 stands for 7.1.
 constexpr int kPlatforms[] = {7, 8, 9, 10, 11, 12, 13, 14};
 
 struct DumpEntry {

@@ -73,7 +73,8 @@ inline Elements elementsOf(char type, const std::string& text) {
     }
 }
 
-// Returns "I text\n" for each line of two classes, with levels D, I, W, E, and "> text\n" for other lines.
+// Returns "I text\n" for each line with the log tag `tag`, by its level (D, I, W, E), and "> text\n" for each
+// line with the log tag `other`.
 inline std::string textOf(const std::vector<LogLine>& lines, const std::string& tag,
                           const std::string& other = "") {
     std::string text;

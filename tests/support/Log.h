@@ -45,7 +45,7 @@ class LogCapture {
     LogCapture(const LogCapture&) = delete;
     LogCapture& operator=(const LogCapture&) = delete;
 
-    // Returns all lines since the last take(), or those of one class.
+    // Return all lines since the last take(), or those with one log tag.
     std::vector<LogLine> take() {
         const std::lock_guard lock(mMutex);
         return std::exchange(mLines, {});
