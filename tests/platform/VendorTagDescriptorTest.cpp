@@ -32,12 +32,12 @@ TEST(VendorTagDescriptor, CreationRefusesBrokenTables) {
         EXPECT_EQ(log.takeErrors(), (std::vector<std::string>{"VendorTagDescriptor"})) << why;
     };
     expectRefused(nullptr, "no operations");
-    VendorTagOps liar = sound;
-    liar.get_all_tags = [](const vendor_tag_ops_t* /*ops*/, uint32_t* /*tags*/) { FAIL() << "asked"; };
-    liar.get_tag_count = [](const vendor_tag_ops_t* /*ops*/) { return -1; };
-    expectRefused(&liar, "negative count");
-    liar.get_tag_count = [](const vendor_tag_ops_t* /*ops*/) { return 65537; };
-    expectRefused(&liar, "count beyond all bounds");
+    VendorTagOps broken = sound;
+    broken.get_all_tags = [](const vendor_tag_ops_t* /*ops*/, uint32_t* /*tags*/) { FAIL() << "asked"; };
+    broken.get_tag_count = [](const vendor_tag_ops_t* /*ops*/) { return -1; };
+    expectRefused(&broken, "negative count");
+    broken.get_tag_count = [](const vendor_tag_ops_t* /*ops*/) { return 65537; };
+    expectRefused(&broken, "count above the limit");
     VendorTagOps partial = sound;
     partial.get_tag_type = nullptr;
     expectRefused(&partial, "a function is missing");
