@@ -12,7 +12,6 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <tinyxml2.h>
 #include <nlohmann/json.hpp>
 
 #include <android/log.h>
@@ -28,7 +27,6 @@ namespace qzcam {
 namespace {
 
 using nlohmann::json;
-using testing::ElementsAre;
 using testing::HasSubstr;
 
 // Returns the output of `print` to a file.
@@ -57,12 +55,6 @@ std::vector<json> jsonLines(const std::vector<Event>& events) {
 
 Values values(uint8_t type, const char* list) { return *parseValues(type, 0x80000000, list); }
 
-TEST(Json, BeginsWithFormatAndVersion) {
-    const auto lines = jsonLines({});
-    EXPECT_EQ(lines.at(0), json::parse(R"({"format": "qzcam-events", "version": 1})"));
-    EXPECT_EQ(lines.at(1).at("event"), "device");
-}
-
 TEST(Json, PrintsEveryElementType) {
     const struct {
         uint8_t type;
@@ -84,39 +76,11 @@ TEST(Json, IsAlwaysOneValidLine) {
     Message message;
     message.bytes = {0, 255};
     message.isData = true;
-    const auto lines = jsonLines(
-        {LogEvent{3, "t", "below the filter"}, LogEvent{6, "t", "a\nb\xff\"\x01"}, NoteEvent{"\xc3\x28"},
-         CallbackEvent{message},
-         RequestEvent{
-             {{7, "n", values(TYPE_BYTE, "2"), Change::Changed, values(TYPE_BYTE, "1"), {{"k", "2"}}}}}});
-    ASSERT_EQ(lines.size(), 6U);
+    const auto lines = jsonLines({LogEvent{3, "t", "below the filter"}, LogEvent{6, "t", "a\nb\xff\"\x01"},
+                                  NoteEvent{"\xc3\x28"}, CallbackEvent{message}});
+    ASSERT_EQ(lines.size(), 5U);
     EXPECT_EQ(lines[2].at("text"), "a\nb\xEF\xBF\xBD\"\x01");
     EXPECT_EQ(lines[4].at("bytes"), json({0, 255}));
-    EXPECT_EQ(lines[5].at("entries").at(0).at("before"), json({1}));
-    EXPECT_EQ(lines[5].at("entries").at(0).at("change"), "changed");
-    EXPECT_EQ(lines[5].at("entries").at(0).at("from"), json({{"k", "2"}}));
-}
-
-TEST(JUnit, SuitesAndCases) {
-    JUnit junit;
-    junit.beginSession("a<&\x02");
-    junit.add(ExpectationEvent{"a.qzs", 3, "expect-param a \"<&>\"", true, "1", "1"});
-    junit.add(ExpectationEvent{"a.qzs", 4, "expect-status 1", false, "1 & more", "]]>\x1b"});
-    junit.add(NoteEvent{"no case"});
-    junit.beginSession("b.qzs");
-
-    tinyxml2::XMLDocument xml;
-    ASSERT_EQ(xml.Parse(junit.toText().c_str()), tinyxml2::XML_SUCCESS);
-    const auto* suite = xml.FirstChildElement("testsuites")->FirstChildElement("testsuite");
-    EXPECT_STREQ(suite->Attribute("name"), "a<&\\x02");
-    EXPECT_EQ(suite->IntAttribute("tests"), 2);
-    EXPECT_EQ(suite->IntAttribute("failures"), 1);
-    const auto* met = suite->FirstChildElement("testcase");
-    EXPECT_STREQ(met->Attribute("name"), "3: expect-param a \"<&>\"");
-    EXPECT_EQ(met->FirstChildElement(), nullptr);
-    const auto* failure = met->NextSiblingElement()->FirstChildElement("failure");
-    EXPECT_STREQ(failure->Attribute("message"), "expected 1 & more, found ]]>\\x1b");
-    EXPECT_EQ(suite->NextSiblingElement()->IntAttribute("tests", -1), 0);
 }
 
 // Every byte, alone and as the start of a character; and characters that XML or a terminal cannot take.
@@ -237,30 +201,6 @@ TEST(Text, EscapesUnprintableCharacters) {
     }
     EXPECT_EQ(cut("\xe4\xb8\xad\xe4\xb8\xad", 4), "\xe4\xb8\xad\xe4\xb8\xad");
     EXPECT_EQ(cut("\xe4\xb8\xad\xe4\xb8\xad", 3), "\xe4\xb8\xad...");
-}
-
-TEST(Monitor, ShowsChangesInTheirColumns) {
-    const EntryRow fresh{1, "a.same", values(TYPE_BYTE, "1"), Change::New, {}, {}};
-    const EntryRow same{1, "a.same", values(TYPE_BYTE, "1"), Change::None, {}, {}};
-    const EntryRow gone{2, "a.gone", values(TYPE_BYTE, "1"), Change::Gone, {}, {}};
-    const EntryRow changed{
-        3, "a.changed", values(TYPE_INT32, "7,8"), Change::Changed, values(TYPE_INT32, "1,1"), {}};
-    const std::string text = written([&](std::FILE* file) {
-        Monitor monitor(file);
-        for (const Event& event :
-             std::vector<Event>{CommandEvent{4, "request"}, RequestEvent{{fresh}}, LogEvent{6, "t", "text"},
-                                CommandEvent{12, "request"}, RequestEvent{{same, changed, gone}},
-                                CommandEvent{13, "result"}, ResultEvent{1, {same, changed}}}) {
-            monitor.print(event);
-        }
-        monitor.flush();
-    });
-    std::vector<std::string> lines;
-    Lines all(text);
-    for (std::string_view line; all.next(line);) lines.emplace_back(line);
-    const std::string column(64, ' ');
-    EXPECT_THAT(lines, ElementsAre("   4  a.same: 1", "  12  a.changed: 7 8", "  12  a.gone: gone",
-                                   "  13  " + column + "  a.changed: 7 8"));
 }
 
 TEST(LogFilter, LevelsAndTags) {

@@ -65,8 +65,7 @@ class Slots {
                 group = mSlots.size();
                 slot.remove_prefix(1);
             }
-            const bool repeats = endsWith(slot, "...") || endsWith(slot, "...]");
-            if (repeats) mRepeated = endsWith(slot, "]...") ? group : mSlots.size();
+            if (endsWith(slot, "...")) mRepeated = endsWith(slot, "]...") ? group : mSlots.size();
             while (endsWith(slot, ".") || endsWith(slot, "]")) slot.remove_suffix(1);
             mSlots.emplace_back(slot);
         }
