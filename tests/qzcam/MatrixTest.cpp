@@ -23,7 +23,6 @@ namespace {
 
 namespace fs = std::filesystem;
 using nlohmann::json;
-using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::StartsWith;
 
@@ -106,60 +105,6 @@ TEST_F(MatrixTest, CellsAreTheVerdictsOfCheck) {
             "image     column 2: mistyped com.ambrix.capture.metadata.iso: declared int32, expected byte"));
     EXPECT_EQ(tool({"matrix", mFolder.string(), "--tags"}), kBadInput);
     EXPECT_THAT(mOut, HasSubstr("com.ambrix.capture.metadata.iso (request)"));
-}
-
-TEST_F(MatrixTest, CsvIsQuotedAndHarmless) {
-    put("=a,\"b\".txt", mistyped());
-    put("x\x1b[31m.txt", "");
-    EXPECT_EQ(tool({"matrix", "--csv", mFolder.string()}), kBadInput);
-    EXPECT_THAT(mOut,
-                StartsWith("feature,\"'=a,\"\"b\"\".txt, camera device@3.4/legacy/0\",x\\x1b[31m.txt\r\n"));
-    EXPECT_THAT(
-        mOut,
-        HasSubstr(
-            "\r\nimage,\"mistyped com.ambrix.capture.metadata.iso (request): declared int32, expected byte:"));
-    EXPECT_EQ(tool({"matrix", "--csv", "--tags", mFolder.string()}), kBadInput);
-    EXPECT_THAT(mOut,
-                HasSubstr("\r\nimage,com.ambrix.capture.metadata.iso,request,\"mistyped: declared int32"));
-    EXPECT_EQ(mOut.find('\x1b'), std::string::npos);
-}
-
-TEST_F(MatrixTest, BaselineShowsChanges) {
-    put("same", good());
-    put("worse", good());
-    put("better", mistyped());
-    put("gone", good());
-    put("breaks", good());
-    put("mended", "");
-    const std::string baseline = file("baseline.json", matrix({}, kBadInput).dump());
-    EXPECT_EQ(matrix({"--baseline", baseline}, kFine).at("changes"), json::array());
-
-    put("worse", mistyped());
-    put("better", replaced(good(), "device@3.4/legacy/0", "device@3.5/legacy/0"));
-    fs::remove(mFolder / "gone");
-    put("breaks", "");
-    put("mended", good());
-    put("new", good());
-    std::vector<std::string> changes;
-    const json compared = matrix({"--baseline", baseline}, kExpectationFailed);
-    for (const json& change : compared.at("changes")) {
-        changes.push_back(change.at("change").get<std::string>() + " " +
-                          change.at("input").get<std::string>() + " " + change.at("use").get<std::string>() +
-                          ": " + change.at("before").get<std::string>() + " -> " +
-                          change.at("now").get<std::string>());
-    }
-    EXPECT_THAT(changes,
-                ElementsAre("worse breaks : usable -> unusable", "worse worse request: fine -> mistyped",
-                            "gone gone : usable -> ", "better better request: mistyped -> fine",
-                            "better mended : unusable -> usable", "new new :  -> usable"));
-    EXPECT_EQ(tool({"matrix", mFolder.string(), "--baseline", baseline}), kExpectationFailed);
-    EXPECT_THAT(mOut, HasSubstr("since the baseline: 2 worse, 1 gone, 2 better, 1 new\n"));
-    EXPECT_THAT(
-        mOut,
-        HasSubstr("worse   worse, camera device@3.4/legacy/0: com.ambrix.capture.metadata.iso (request) "
-                  "fine -> mistyped: declared int32, expected byte"));
-    EXPECT_EQ(tool({"matrix", mFolder.string(), "--csv", "--baseline", baseline}), kExpectationFailed);
-    EXPECT_THAT(mOut, HasSubstr("\r\nbetter,mended,device@3.4/legacy/0,,,unusable,usable,\r\n"));
 }
 
 TEST_F(MatrixTest, WrongInputIsReported) {

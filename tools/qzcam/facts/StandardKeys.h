@@ -10,7 +10,7 @@ namespace qzcam {
 
 struct StandardKey {
     const char* key;
-    const char* words;  // words of its value, separated by blanks; empty if the value is not a word
+    const char* words = "";  // words of its value, separated by blanks; empty if the value is not a word
 };
 
 const std::vector<StandardKey>& standardKeys();

@@ -132,7 +132,8 @@ void MatrixText::addBlock(const std::vector<TextRow>& rows, size_t begin) {
     for (const TextRow& row : rows) {
         mText += fmt::format("{:<{}}", row.title, width);
         for (size_t i = begin; i < end; ++i) {
-            mText += styled(styleOf(row.verdicts[i]), fmt::format("{:>{}}", row.cells[i], kCellWidth));
+            const char* style = mMatrix[i].isUsable() ? styleOf(row.verdicts[i]) : "31";
+            mText += styled(style, fmt::format("{:>{}}", row.cells[i], kCellWidth));
         }
         mText += "\n";
     }
