@@ -250,7 +250,7 @@ TEST(Inspection, LevelsAreReadBack) {
     const std::string log = test::logText(lines, {});
     EXPECT_THAT(
         findings(log),
-        ElementsAre("request repeating ", "request repeating com.ambrix.capture.metadata.iso 7",
+        ElementsAre("request repeating ", "request  com.ambrix.capture.metadata.iso 7",
                     "result f1 com.ambrix.capture.metadata.focusVcmValue 318", "result f1 ", "request  all",
                     "static  com.ambrix.device.capabilities.zslSupported 1", "static  all", "static  all"));
 }

@@ -49,7 +49,6 @@ class Zip {
         return name ? name : "";
     }
     bool isFile() const { return archive_entry_filetype(mEntry) == AE_IFREG; }
-    bool isEncrypted() const { return archive_entry_is_encrypted(mEntry) != 0; }
     size_t size() const { return static_cast<size_t>(std::max<la_int64_t>(archive_entry_size(mEntry), 0)); }
 
     // Reads the next bytes of the entry; none at its end. Returns false if the data is damaged.
@@ -132,7 +131,6 @@ struct Listing {
     std::vector<Entry> entries;
     std::string mainEntry;  // the name that the report states
     bool damaged = false;
-    bool encrypted = false;
     std::string wrong;
 };
 
@@ -157,7 +155,6 @@ Listing list(std::string_view bytes, bool hasDirectory, const UnpackLimits& limi
     Zip zip(bytes, hasDirectory);
     while (listing.wrong.empty() && listing.entries.size() < limits.entries && zip.next()) {
         if (!zip.isFile()) continue;
-        listing.encrypted = listing.encrypted || zip.isEncrypted();
         Entry entry{zip.name(), zip.size(), {}};
         listing.wrong = readStart(zip, entry, hasDirectory, bytes.size(), limits);
         if (namesMainEntry(entry.name)) listing.mainEntry = trimmed(entry.start);

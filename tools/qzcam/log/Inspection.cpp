@@ -87,7 +87,6 @@ void InspectionReader::close(Thread& thread, bool beforeResult) {
         if (isEither && usesOf(inspected.tag).count(Of::Result) == 0) place = Of::Request;
         inspected.of = agree(place, inspected.tag, thread.seen);
     }
-    if (inspected.of == Of::Request && thread.isFirst) inspected.requestKind = thread.requestKind;
     thread.isFirst = false;
     if (beforeResult && inspected.of == Of::Result) {
         thread.result = std::move(inspected);
@@ -114,7 +113,6 @@ void InspectionReader::takeEntries(Thread& thread, Inspected inspected, Inspecte
     } else if (inspected.isWhole()) {
         inspected.announced.reset();  // the number is that of another list
     }
-    if (lists.count(Of::Request) != 0 && thread.isFirst) inspected.requestKind = thread.requestKind;
     thread.isFirst = false;
     for (auto& [of, tags] : lists) {
         inspected.of = of;
@@ -138,12 +136,11 @@ bool InspectionReader::feedOpener(const LogLine& log, const LibraryLine& line, T
     thread.opener = isStatic ? Of::Static : Of::Request;
     thread.seen.insert(thread.opener);
     thread.isFirst = true;
-    thread.requestKind = isRequest ? line.text(0) : "";
     if (isStatic) return false;  // nothing was found yet
     Inspected request;
     request.log = log;
     request.of = Of::Request;
-    request.requestKind = thread.requestKind;
+    request.requestKind = line.text(0);
     mTake(request);
     return true;
 }

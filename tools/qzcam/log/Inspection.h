@@ -30,7 +30,7 @@ struct Inspected {
     Kind kind = Kind::Request;
     Of of = Of::Unknown;
     LogLine log;              // its first line
-    std::string requestKind;  // "repeating" or "capture"; empty if unknown
+    std::string requestKind;  // of a request: "repeating" or "capture"
     std::optional<int64_t> frame;
 
     uint32_t id = 0;                    // the chosen tag
@@ -60,7 +60,6 @@ class InspectionReader {
         std::optional<Inspected> open;
         std::optional<Inspected> result;  // waits for the frame number
         Inspected::Of opener = Inspected::Of::Unknown;
-        std::string requestKind;
         bool isFirst = false;  // no line has followed the opening one
         std::set<Inspected::Of> seen;
     };

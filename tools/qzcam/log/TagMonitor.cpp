@@ -27,7 +27,7 @@ bool takeFrame(Scan& scan, MonitorEvent& event) {
     const auto frame = takeInteger(scan);
     if (!frame || !scan.take(':')) return false;
     const auto time = takeInteger(scan);
-    if (!time || !scan.take('n') || !scan.take('s') || !scan.take(':')) return false;
+    if (!time || *time < 0 || !scan.take('n') || !scan.take('s') || !scan.take(':')) return false;
     event.frame = *frame;
     event.nanoseconds = *time;
     return true;
