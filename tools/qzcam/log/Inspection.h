@@ -30,7 +30,7 @@ struct Inspected {
     Kind kind = Kind::Request;
     Of of = Of::Unknown;
     LogLine log;              // its first line
-    std::string requestKind;  // of a request: "repeating" or "capture"
+    std::string requestKind;  // "repeating" or "capture", for a request
     std::optional<int64_t> frame;
 
     uint32_t id = 0;                    // the chosen tag
