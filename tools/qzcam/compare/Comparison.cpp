@@ -37,22 +37,22 @@ bool sameDecimals(const Values& a, const Values& b, size_t count) {
     return true;
 }
 
-bool sameValues(const EntryValues& there, const Values& here) {
-    const Values& shown = there.values;
-    if (shown.type != here.type || !there.words.empty()) return false;
-    const bool sameCount = shown.count == here.count || (there.cut && shown.count < here.count);
-    if (!sameCount) return false;
-    if (shown.type == TYPE_FLOAT) return sameDecimals<float>(shown, here, shown.count);
-    if (shown.type == TYPE_DOUBLE) return sameDecimals<double>(shown, here, shown.count);
-    return std::equal(shown.bytes.begin(), shown.bytes.end(), here.bytes.begin());
-}
-
 // An entry of the phone, with the name that its device declares.
 struct PhoneEntry {
     std::string tag;
     const ArrayEntry* entry;
     EntryValues values;
 };
+
+// A dump shows only the first values of a long list, but its whole count.
+bool sameValues(const PhoneEntry& there, const Values& here) {
+    const Values& shown = there.values.values;
+    const bool isReadable = there.values.wrong.empty() && there.values.words.empty();
+    if (!isReadable || shown.type != here.type || there.entry->count != here.count) return false;
+    if (shown.type == TYPE_FLOAT) return sameDecimals<float>(shown, here, shown.count);
+    if (shown.type == TYPE_DOUBLE) return sameDecimals<double>(shown, here, shown.count);
+    return std::equal(shown.bytes.begin(), shown.bytes.end(), here.bytes.begin());
+}
 
 class Comparer {
   public:
@@ -118,7 +118,7 @@ void Comparer::addThere(std::vector<ComparedEntry>& rows) const {
         row.isFromLibrary = !rowsWriting(there.tag).empty();
         row.kind = Kind::OnlyThere;
         if (const EntryRow* here = hereOf(there.tag)) {
-            row.kind = sameValues(there.values, here->values) ? Kind::Same : Kind::Different;
+            row.kind = sameValues(there, here->values) ? Kind::Same : Kind::Different;
             row.here = qzcam::toText(here->values, here->tag);
             row.hereValues = here->values;
             row.parameters = here->from;
@@ -164,8 +164,7 @@ std::string Comparer::whyOnlyThere(const ComparedEntry& row) const {
 
 std::string Comparer::whyOnlyHere(const ComparedEntry& row) const {
     if (!row.parameters.empty()) return "not set there, or refused there";
-    return keysWriting(row.tag).empty() ? "not in the result there"
-                                        : "written on every request of the library";
+    return &mHere == &mLibrary.result ? "not in the result there" : "written on every request of the library";
 }
 
 std::string Comparer::reasonOf(const ComparedEntry& row) const {
