@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 // The two interfaces between the library and its host, the camera service.
 //
-//   ExtParamInterface     gives the translator parameters, static info and requests; QzParametersEx
-//   implements it. ExtCallBackInterface  delivers messages to the application; the host implements it.
+// ExtParamInterface gives parameters, static info and requests to the translator: QzParametersEx implements
+// it. ExtCallBackInterface delivers messages to the application: the host implements it.
 //
 // The order of the virtual operations is part of the binary interface: a host built against an earlier
 // library calls them by slot.

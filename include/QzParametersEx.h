@@ -42,7 +42,7 @@ class QZ_API QzParametersEx : public ExtParamInterface {
                     size_t count) override;
     status_t update(android::CameraMetadata* metadata, uint32_t tag, const android::String8& value) override;
 
-    // Removes a key from the parameter set. Null is ignored. It takes slot 11, after those of the interface.
+    // Removes a key from the parameter set. Null is ignored. It takes the slot after those of the interface.
     virtual void remove(const char* key);
 
     // Sets mShutterMute to true if "camera_sound_state" is exactly 0. An absent key means not muted.

@@ -7,7 +7,7 @@
 //
 // The property "camera.qzperformex.loglevel" (decimal, 0x or 0 octal) is read with every batch of requests.
 // It chooses how much is logged; each level adds to the one before:
-//   0 nothing  1 the kind of request  2 the chosen tags of static info and requests
+//   0 nothing  1 the kind of request, and the checks of skipRoundBuffer  2 the chosen tags of static info and requests
 //   3 the chosen tag and the identity of results  4 all vendor tags and static entries, in setInfo
 //   5 all entries of every request
 // The properties "camera.qzperformex.captag", ".ctrltag" and ".stattag" choose a tag of the static info, of
@@ -29,7 +29,8 @@ class QzPerformEx : public virtual android::RefBase {
     QZ_API ~QzPerformEx() override;
 
     // Keeps `info` for skipRoundBuffer(). The host owns it and keeps it alive as long as this object. Call it
-    // before the first skipRoundBuffer(), on the same thread. Null is ignored.
+    // before the first skipRoundBuffer(), on the same thread. Null is ignored. Logs at the level that the
+    // last batch of requests has read, so nothing before the first batch.
     QZ_API void setInfo(const android::CameraMetadata* info);
 
     // Logs a batch of requests. Called on the request thread. Costs one property read and one comparison at

@@ -87,7 +87,7 @@ camera_metadata_t* CameraMetadata::release() {
 void CameraMetadata::acquire(camera_metadata_t* buffer) {
     if (refuseLocked("acquire")) return;
     if (buffer != nullptr && validate_camera_metadata_structure(buffer, nullptr) != OK) {
-        LOGE("acquire: the buffer is not sound");
+        LOGE("acquire: the buffer fails validation");
         free_camera_metadata(std::exchange(buffer, nullptr));
     }
     replaceBuffer(buffer);
@@ -147,7 +147,7 @@ status_t CameraMetadata::append(const CameraMetadata& other) {
         return kError;
     }
     if (&other == this) {
-        LOGE("append: this is the object itself");
+        LOGE("append: an object cannot be appended to itself");
         return INVALID_OPERATION;
     }
     const status_t status = grow(other.entryCount(), other.mBuffer->dataCount);

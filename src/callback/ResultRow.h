@@ -11,7 +11,7 @@
 
 namespace qz {
 
-// Conditions under which a received entry is not sent.
+// Conditions of sending a received entry. Each comment says when the entry is not sent.
 enum class ResultGate : uint8_t {
     onChange,          // the values are those that were sent last
     zeroOnce,          // 0 was sent last, and it is 0 again

@@ -24,8 +24,8 @@ constexpr uint32_t kShowRequestKind = 1;
 constexpr uint32_t kShowChosenTags = 2;
 constexpr uint32_t kShowResults = 3;
 constexpr uint32_t kDumpStaticInfo = 4;
-constexpr uint32_t kDumpRequests =
-    5;  // one level above the static info: requests come with every frame, the static info once
+// One level above the static info: requests come with every frame, the static info once.
+constexpr uint32_t kDumpRequests = 5;
 
 // Returns the tag that a property chooses, or INVALID_TAG. Vendor names are tried before standard ones. No
 // tag has a name of fewer than ten characters.

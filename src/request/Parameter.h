@@ -74,7 +74,7 @@ struct Conversion {
     const Vocabulary* vocabulary = nullptr;
 };
 
-// Conditions under which a parameter that is set is not written.
+// Conditions of writing a parameter that is set. Each comment says when it is not written.
 enum class Gate : uint8_t {
     none,
     lightPainting,  // the written light-painting mode is 0
