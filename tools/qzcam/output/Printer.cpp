@@ -121,7 +121,7 @@ void Printer::device(const Device& device) {
     }
     for (const std::string& note : device.notes) line("  " + visible(note));
     if (device.cutLists > 0) {
-        line(fmt::format("  cut: the dump shows only the first 16 values of {} lists", device.cutLists));
+        line("  cut: the dump shows only the first 16 values of " + counted(device.cutLists, "list"));
     }
 }
 
