@@ -90,7 +90,10 @@ class Terminal {
 
 class ShellTool : public RunTool {
   public:
-    void SetUp() override { std::filesystem::remove_all(mState); }
+    void SetUp() override {
+        std::filesystem::remove_all(mState);
+        unsetenv("PAGER");
+    }
     void TearDown() override {
         std::filesystem::remove_all(mState);
         RunTool::TearDown();
@@ -271,7 +274,10 @@ TEST_F(ShellTool, ALongAnswerGoesThroughThePager) {
         small.type("", kPrompt);
         EXPECT_EQ(contains(small.type("help query\r", "otp-result"), "paged"), !fits);
     }
-    unsetenv("PAGER");
+    setenv("PAGER", "", 1);
+    Terminal none(mState);
+    none.type("", kPrompt);
+    none.type("help\r", "\r\n  exit ");
 }
 
 }  // namespace

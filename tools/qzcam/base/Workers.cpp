@@ -36,7 +36,8 @@ File memoryFile() {
 std::string contentOf(const File& file, size_t most) {
     std::fseek(file.get(), 0, SEEK_END);
     const auto size = static_cast<size_t>(std::max(std::ftell(file.get()), 0L));
-    std::string text(std::min(size, most), '\0');
+    std::string text;
+    text.resize(std::min(size, most));
     std::rewind(file.get());
     text.resize(std::fread(text.data(), 1, text.size(), file.get()));
     return text;
