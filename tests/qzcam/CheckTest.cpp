@@ -324,7 +324,7 @@ TEST_F(RunTool, ReportsFaultsOfTheHal) {
         const char* says;
     } kRows[] = {
         {builtInDeviceWith("[-12 12 ]", "[-12 ]"),
-         ":17: android.control.aeCompensationRange is int32[2], but has 1 value: readers take as many"},
+         ":17: android.control.aeCompensationRange is int32[2], but has 1 value: a reader would use the announced number"},
         {builtInDeviceWith("0x80000001 (", "0x80000000 ("), "has the number 0x80000000 of "},
     };
     for (const auto& row : kRows) {

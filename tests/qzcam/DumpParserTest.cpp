@@ -208,7 +208,7 @@ TEST(DumpParser, TakesAsManyVendorTagsAsThePlatform) {
     EXPECT_THAT(
         parsed.problems.first(),
         ElementsAre("d:65540: more than 65536 vendor tags: this one and those after it are left out"));
-    EXPECT_EQ(summaryOf(parsed.device.unused), "vendor tags beyond what a device takes (2)");
+    EXPECT_EQ(summaryOf(parsed.device.unused), "vendor tags beyond the limit of the host platform (2)");
     installVendorTags(parsed.device);
     EXPECT_EQ(android::VendorTagDescriptor::getGlobalVendorTagDescriptor()->getTagCount(), 65536);
     android::VendorTagDescriptor::clearGlobalVendorTagDescriptor();

@@ -90,8 +90,8 @@ int runTool(int argc, const char* const* argv) {
         "Without a command: run, with the built-in session on the built-in device.\n\n"
         "Exit status: 0 fine, 1 an expectation or a check failed, 2 wrong usage, 3 a bad input file.\n"
         "Inputs are recognised by their content: text in UTF-8, UTF-16 or Latin-1, gzip, zip. An input has at most\n"
-        "1024 MiB, also after unpacking. A packed input has after unpacking at most 64 MiB or 500 times its size,\n"
-        "and at most 4 layers of packing. A pipe may send no data for at most 60 seconds.\n"
+        "1024 MiB, also after unpacking. A packed input may unpack to 64 MiB or to 500 times its size,\n"
+        "whichever is more, and has at most 4 layers of packing. A pipe may send no data for at most 60 seconds.\n"
         "Environment: NO_COLOR switches colours off, XDG_STATE_HOME is the folder for the shell's history.");
     Action action;
     addCommands(app, action);

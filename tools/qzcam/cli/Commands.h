@@ -114,7 +114,7 @@ struct CompareOptions : SetupOptions, OutputOptions {
 };
 ExitStatus compare(const CompareOptions& options);
 
-// Writes a session from a phone's dump or log.
+// Writes a session from a phone's dump or bugreport.
 struct RecordOptions {
     std::string input;
     std::string output;  // "-": standard output

@@ -36,8 +36,8 @@ const MetadataArray* choose(const std::vector<const MetadataArray*>& arrays, con
     if (arrays.empty()) {
         complain(fmt::format(
             "{}: no request or result of an open camera in it: expected the output of "
-            "'dumpsys media.camera' while the application runs. 'qzcam trace' and 'qzcam record' also "
-            "read logs and events of the tag monitor",
+            "'dumpsys media.camera' while the application runs. 'qzcam trace' also reads logs, and "
+            "'qzcam record' events of the tag monitor",
             inputName(options.device)));
         return nullptr;
     }

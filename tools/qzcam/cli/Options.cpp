@@ -22,8 +22,8 @@ constexpr const char* kExitStatus =
     "\nExit status: 0 fine, 1 an expectation failed, 2 wrong usage, 3 a bad input file.";
 
 // Adds the options of each command that plays a session.
-void addPlayOptions(CLI::App& app, RunOptions& options, const char* orInput) {
-    addDevice(app, options.device, options.camera, orInput);
+void addPlayOptions(CLI::App& app, RunOptions& options, const char* restOfDevice, const char* restOfLog) {
+    addDevice(app, options.device, options.camera, restOfDevice);
     addProperties(app, options.properties);
     addParameters(app, options.parameters,
                   "Parameters set after each 'open': key=value;key=value, or a file with them: a "
@@ -31,11 +31,11 @@ void addPlayOptions(CLI::App& app, RunOptions& options, const char* orInput) {
     app.add_option(
            "--log", options.log,
            fmt::format(
-               "Log lines to show: the lowest level ({}; default: {}, all with --json), or a filter by tag: "
+               "Log lines to show: the lowest level ({}; default: {}{}), or a filter by tag: "
                "'CameraQzParam:D *:S'. With a level alone or '*', two kinds of error lines count as debug: "
                "lines that only name a function (\"Enter ...\"), and lines about names that the device does "
                "not declare. A filter for one tag shows them at their own level",
-               kLogLevels, LogFilter::kDefault))
+               kLogLevels, LogFilter::kDefault, restOfLog))
         ->type_name("FILTER")
         ->check([](const std::string& word) {
             return LogFilter::parse(word) ? "" : fmt::format("expected {}, or TAG:LEVEL...", kLogLevels);
@@ -48,7 +48,7 @@ constexpr const char* kStrict =
 void addRun(CLI::App& app, RunOptions& options) {
     app.add_option("SESSION", options.sessions,
                    "Sessions to play, '-' for standard input; default: the built-in one");
-    addPlayOptions(app, options, kOrInput);
+    addPlayOptions(app, options, kOrBuiltIn, ", all with --json");
     addVerbose(app, options.verbose);
     CLI::Option* json = addJson(app, options.json, kJsonEvents);
     app.add_flag("--monitor", options.monitor,
@@ -65,7 +65,8 @@ void addRun(CLI::App& app, RunOptions& options) {
 
 void addShell(CLI::App& app, Action& action) {
     const auto options = onChosen(app, action, shell);
-    addPlayOptions(app, *options, "");  // its input is the session
+    // Standard input has the session.
+    addPlayOptions(app, *options, "; default: the built-in one", "");
     addStrict(app, options->strict);
     app.footer(
         "Reads a line, plays it, and shows the result. At a terminal lines can be edited: Tab completes "
@@ -102,8 +103,8 @@ void addDiff(CLI::App& app, Action& action) {
     addHtml(app, options->html);
     app.footer(
         "For two devices: vendor tags and their types, static entries, published parameters, and the requests\n"
-        "of a session on each. For two sessions: the parameters at their ends, and the requests one by one.\n"
-        "Of two bugreports only the devices are compared, not what happened: 'qzcam compare' compares what a phone\n"
+        "of a session on each. For two sessions: the parameters at the end of each, and the requests one by one.\n"
+        "For two bugreports only the devices are compared: 'qzcam compare' compares what a phone\n"
         "sent with the library. To compare what two phones sent, write a session of each with 'qzcam record', and\n"
         "compare the sessions.\n"
         "Expectations are ignored, and so are tags that the device does not declare. Only differences are\n"
@@ -118,7 +119,7 @@ void addParams(CLI::App& app, Action& action) {
                    "default: all");
     CLI::Option* json = addJson(app, options->json);
     app.add_flag("--markdown", options->markdown, "Print Markdown: docs/reference.md")->excludes(json);
-    addDevice(app, options->device, options->camera);
+    addDevice(app, options->device, options->camera, ", '-' for standard input; default: none");
     addDumpArgument(app, options->device);
     app.footer(
         "Shows the parameters that an application sets and reads, the entries of results, and every line of\n"
@@ -205,23 +206,22 @@ void addCommands(CLI::App& app, Action& action) {
     addCheck(*app.add_subcommand("check", "Check a device's tags against the library"), action);
     addMatrix(*app.add_subcommand("matrix", "Check many devices at once"), action);
     addShow(*app.add_subcommand("show", "List the contents of a dump, a bugreport or a log"), action);
-    addParams(*app.add_subcommand("params", "Explain the application's parameters"), action);
+    addParams(*app.add_subcommand("params", "Print the facts of a parameter, a message or another name"),
+              action);
     addExplain(*app.add_subcommand("explain", "Show how a device handles one parameter"), action);
     addCompare(*app.add_subcommand("compare", "Compare a phone's request or result with the library's"),
                action);
-    addRecord(*app.add_subcommand("record", "Write a session from a phone's dump or log"), action);
+    addRecord(*app.add_subcommand("record", "Write a session from a phone's dump or bugreport"), action);
     addCompletion(*app.add_subcommand("completion", "Print the completion of a shell"), action);
     addTrace(*app.add_subcommand("trace", "Show what a phone did, from its logs and dumps"), action);
     addManual(*app.add_subcommand("manual", "Print the manual page"), action);
 }
 
-void addDevice(CLI::App& app, std::string& device, std::string& camera, const char* orInput,
+void addDevice(CLI::App& app, std::string& device, std::string& camera, const char* rest,
                const char* whichCamera) {
     app.add_option(
            "--device", device,
-           fmt::format(
-               "Device: 'dumpsys media.camera', or a bugreport, as text, zip or gzip{}; default: the built-in one",
-               orInput))
+           fmt::format("Device: 'dumpsys media.camera', or a bugreport, as text, zip or gzip{}", rest))
         ->type_name("DUMP");
     addCamera(app, camera, whichCamera);
 }
@@ -247,8 +247,8 @@ void addVerbose(CLI::App& app, bool& verbose) {
 void addProperties(CLI::App& app, std::string& properties) {
     app.add_option(
            "--getprop,--props", properties,
-           "System properties: text of 'getprop', name=value lines, or a bugreport; default: those of the "
-           "bugreport that is the device")
+           "System properties: text of 'getprop', name=value lines, or a bugreport; default: those in the "
+           "bugreport of --device")
         ->type_name("GETPROP");
 }
 

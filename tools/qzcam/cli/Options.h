@@ -31,11 +31,11 @@ std::shared_ptr<Options> onChosen(CLI::App& app, Action& action, ExitStatus (*co
 }
 
 // Options that several commands have.
-constexpr const char* kOrInput = ", '-' for standard input";
+constexpr const char* kOrBuiltIn = ", '-' for standard input; default: the built-in one";
 constexpr const char* kJsonEvents = "Print JSON, one event on each line, for programs";
 constexpr const char* kFirstCamera = "Camera of the dump; default: its first";
 
-void addDevice(CLI::App& app, std::string& device, std::string& camera, const char* orInput = kOrInput,
+void addDevice(CLI::App& app, std::string& device, std::string& camera, const char* rest = kOrBuiltIn,
                const char* whichCamera = kFirstCamera);
 void addDumpArgument(CLI::App& app, std::string& device);  // the same as --device
 void addCamera(CLI::App& app, std::string& camera, const char* description = kFirstCamera);

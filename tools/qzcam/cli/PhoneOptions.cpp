@@ -5,7 +5,7 @@ namespace qzcam {
 
 void addCheck(CLI::App& app, Action& action) {
     const auto options = onChosen(app, action, check);
-    addDevice(app, options->device, options->camera, kOrInput,
+    addDevice(app, options->device, options->camera, kOrBuiltIn,
               "Camera of the dump, or 'all' for a table of all; default: all if there are several");
     addDumpArgument(app, options->device);
     addStrict(app, options->strict);
@@ -100,7 +100,7 @@ void addTrace(CLI::App& app, Action& action) {
     app.footer(
         "Shows what a phone did. It reads the library's lines in a log (of any layout of logcat, also cut, folded\n"
         "or repeated), the platform's lines about mistyped and missing tags, events of the tag monitor, and the\n"
-        "requests and results in a dump. Each fact has its time, its frame, the part of the pipeline that it is of\n"
+        "requests and results in a dump. Each fact has its time, its frame, its source\n"
         "(request, result, static info, message to the application, log), and its cause after '<-'. A table at the\n"
         "end counts for each parameter the lines which report that it was set, written, logged by its setter or\n"
         "refused; that its tag is not declared, a gate was closed, the fallback was written, the device does not\n"

@@ -76,7 +76,7 @@ const std::vector<ShellCommand>& shellCommands() {
         {"compare", "[INPUT] [SESSION]",
          "compare a phone's request or result with the library's: of a session, or of the present parameters",
          true},
-        {"record", "INPUT -o SESSION", "write a session from a phone's dump or log", true},
+        {"record", "INPUT -o SESSION", "write a session from a phone's dump or bugreport", true},
         {"help", "[WORD]", "list the commands, or explain a command, question, verdict or name", false},
         {"quit", "", "leave, as Ctrl-D does", false},
         {"exit", "", "leave, like 'quit'", false},

@@ -161,7 +161,7 @@ ExitStatus nothingFound(const std::string& name, InputKind kind) {
     return kBadInput;
 }
 
-// Large inputs are logs and dumps, and their parts are not cut twice.
+// A large input counts as a log or a dump, so that it is not split into parts twice.
 InputKind kindOfSmall(const InputText& input) {
     constexpr size_t kSmall = size_t{1} << 20U;
     return input.text.size() <= kSmall ? kindOf(input.text) : InputKind::Other;

@@ -188,8 +188,8 @@ void DeviceBuilder::addUnreadable(const MetadataArray& array, const ArrayEntry& 
     mDevice.faults.push_back({Fault::Kind::LengthAgainstType, entry.line, 0,
                               fmt::format("{} is {}[{}], but has {}", entry.name, entry.type, entry.count,
                                           isEmpty ? "no values" : values),
-                              isEmpty ? "its data lies outside the metadata: readers find no entry"
-                                      : "readers take as many as it says: the entry is left out"});
+                              isEmpty ? "its data lies outside the metadata, so a reader finds no entry"
+                                      : "a reader would use the announced number, so the entry is left out"});
 }
 
 bool DeviceBuilder::isWhole(const MetadataArray& array) const {

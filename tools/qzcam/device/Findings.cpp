@@ -24,7 +24,7 @@ constexpr std::array<UnusedName, 12> kUnusedNames{{
     {"unknownWord", "entries with unknown words"},
     {"repeatedEntry", "repeated entries"},
     {"repeatedTag", "repeated vendor tags"},
-    {"tooManyTags", "vendor tags beyond what a device takes"},
+    {"tooManyTags", "vendor tags beyond the limit of the host platform"},
     {"garbledLine", "garbled lines"},
     {"section", "other sections"},
     {"halText", "texts of the HAL"},

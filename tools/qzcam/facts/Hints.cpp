@@ -103,7 +103,7 @@ bool isNear(std::string_view one, std::string_view other) {
     return longer - shorter <= most && longer <= kLongest && typingDistance(one, other) <= most;
 }
 
-// "stabilization", but not "light" for "night".
+// Accepts typing errors only in words of 8 letters or more: "light" is not "night".
 bool isLongAndNear(const std::string& one, const std::string& other) {
     constexpr size_t kLong = 8;
     return one == other || (one.size() >= kLong && isNear(one, other));

@@ -74,7 +74,7 @@ Doc docOf(const qz::PropertyRow& row) {
 }
 
 Doc docOf(const HostKey& row) {
-    return {fmt::format("{}: a key outside the passes", row.key),
+    return {fmt::format("{}: a key that a function of the adapter reads or sets", row.key),
             {row.key, row.function},
             {{text(row.key)}, {text(row.function)}, {text(row.effect)}}};
 }

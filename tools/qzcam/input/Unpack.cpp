@@ -57,8 +57,8 @@ std::string wrongSize(size_t unpacked, size_t packed, const UnpackLimits& limits
         return fmt::format("too large: expected at most {} MiB", limits.bytes >> 20U);
     }
     if (unpacked <= limits.freeBytes || unpacked / limits.ratio <= packed) return {};
-    return fmt::format("it unpacks to more than {} times its size: expected a text, which unpacks to less",
-                       limits.ratio);
+    return fmt::format("it unpacks to more than {} MiB and to more than {} times its size: unpack it first",
+                       limits.freeBytes >> 20U, limits.ratio);
 }
 
 std::string unpack(Content& content, const UnpackLimits& limits) {

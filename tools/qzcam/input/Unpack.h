@@ -21,7 +21,7 @@ struct Content {
     std::vector<std::string>* others = nullptr;
 };
 
-// Limits of unpacking. A file beyond them was made to fill a disk.
+// Limits of unpacking. They stop a file that was made to fill a disk.
 struct UnpackLimits {
     size_t bytes = size_t{1} << 30U;
     size_t freeBytes = size_t{64} << 20U;  // always allowed

@@ -11,8 +11,9 @@ namespace {
 
 constexpr int64_t kSecond = 1'000'000'000;
 constexpr int64_t kDay = 86'400;
-constexpr int64_t kFirstEpoch = 100'000'000;  // seconds; a phone does not run for three years
-constexpr int kUnknownYear = 1972;            // a leap year
+constexpr int64_t kFirstEpoch =
+    100'000'000;  // seconds: a larger number counts from 1970, a smaller one from the phone's start
+constexpr int kUnknownYear = 1972;  // a leap year
 
 // Returns the days from 1970-01-01 to a date of the Gregorian calendar.
 int64_t daysTo(int year, int month, int day) {

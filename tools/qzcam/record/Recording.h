@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Writes a session from a phone's dump or log, which can be played again.
+// Writes a session from a phone's dump or bugreport, which can be played again.
 #pragma once
 
 #include "device/Device.h"

@@ -126,7 +126,7 @@ bool failed(const Cameras& cameras) {
 std::string camerasText(const Cameras& cameras, bool colour) {
     std::string text = titleText(cameras) + tableText(cameras, colour) + findingsText(cameras, colour) + "\n";
     if (!failed(cameras)) text += "Nothing is mistyped or malformed.\n";
-    return text + "--camera ID prints every tag of one camera.\n";
+    return text + "--camera ID prints all findings of one camera.\n";
 }
 
 std::string camerasJson(const Cameras& cameras) {

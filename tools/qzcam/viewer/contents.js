@@ -3,7 +3,7 @@
 
 const lineText = (line) => (line ? `line ${line}` : null);
 const LEFT_WORDS = {halText: 'text of the HAL', otherBlock: 'block of another vendor', mistyped: 'entry of another type than its tag', section: 'other section',
-    damaged: 'damaged entry', tooManyTags: 'more vendor tags than a device takes', repeatedTag: 'repeated vendor tag'};
+    damaged: 'damaged entry', tooManyTags: 'vendor tag beyond the limit', repeatedTag: 'repeated vendor tag'};
 const HARMLESS = ['section', 'halText', 'otherBlock'];
 const VENDOR = /^com\.|unknown/;
 

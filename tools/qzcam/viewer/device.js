@@ -4,9 +4,9 @@
 const CHECK_WORDS = {
     fine: ['fine', 'declared as the library needs it'],
     mistyped: ['mistyped', 'declared with another element type: the library cannot use it'],
-    malformed: ['malformed', 'the static entry makes no sense to its reader'],
-    doubtful: ['doubtful', 'the reader takes the entry, but probably not as it was meant'],
-    missing: ['missing', 'not declared: the feature is silently left out'],
+    malformed: ['malformed', 'the library cannot use the count or the values of the static entry'],
+    doubtful: ['doubtful', 'the library accepts the entry, but probably not in the intended sense'],
+    missing: ['missing', 'not declared: the feature is left out'],
     noEntry: ['no entry', 'declared, but this camera has no such static entry'],
 };
 const USE_WORDS = {request: 'written into requests', capability: 'read from the static entries', result: 'read from results', inspection: 'shown by inspection'};

@@ -68,7 +68,7 @@ class TimelineView {
         (row) => this.chooseFinding(row));
         list.element.style.height = `${Math.min(found.length, 5) * rowHeight + 2}px`;
         list.show(found);
-        return el('div', {class: 'findings'}, el('h2', {}, 'What did not go as asked', el('span', {class: 'count'}, found.length.toLocaleString('en'))), list.element);
+        return el('div', {class: 'findings'}, el('h2', {}, 'Parameters not written as set, and failed expectations', el('span', {class: 'count'}, found.length.toLocaleString('en'))), list.element);
     }
 
     chooseFinding(finding) {
