@@ -252,7 +252,7 @@ TEST(DumpParser, ReportsBrokenPartsWithTheirLine) {
         {entry("      android.flash.info.available (5zz00): byte[1]\n"), "d:3: expected an entry"},
         {entry("        [TRUE ]\n"), "d:3: expected an entry, its values"},
         {entry("      android.flash.info.available (50000): byte[1]\n        [TRUE ] ]\n"),
-         "android.flash.info.available is byte[1], but has 1 value"},
+         "android.flash.info.available is byte[1], but has more values"},
         {entry("      android.flash.info.available (50000): byte[2]\n        [TRUE ]\n"),
          "android.flash.info.available is byte[2], but has 1 value"},
         {entry("      android.flash.info.available (50000): byte[4000000000]\n"),

@@ -111,7 +111,7 @@ TEST(Verdict, ByValue) {
         {"set video-stabilization=false", "video-stabilization", "no-entry", ""},
         {"client com.snapchat.android\nset video-stabilization=true", "video-stabilization", "written", ""},
         {"client com.snapchat.android\nset video-stabilization=false", "video-stabilization", "no-entry",
-         "'true' is taken back"},
+         "'true' is overwritten"},
         {"set key-qz-2dpanorama=on", "key-qz-2dpanorama", "written", ""},
         {"set key-qz-2dpanorama=on\nrequest", "key-qz-2dpanorama", "no-entry", "only on a change"},
         {"set burst-capture=3", "burst-capture", "no-entry", "read and stored"},
