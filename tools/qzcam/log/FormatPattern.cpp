@@ -33,12 +33,12 @@ size_t hexNumber(std::string_view text, bool hasPrefix) {
     return countWhile(text, isHex);
 }
 
-size_t decimalNumber(std::string_view text, bool isWhole) {
+size_t decimalNumber(std::string_view text) {
     for (const std::string_view word : {"-nan", "nan", "-inf", "inf"}) {
         if (startsWith(text, word)) return word.size();
     }
     const size_t whole = wholeNumber(text);
-    if (isWhole || whole == 0 || text.substr(whole, 1) != ".") return isWhole ? whole : 0;
+    if (whole == 0 || text.substr(whole, 1) != ".") return 0;
     const size_t digits = countWhile(text.substr(whole + 1), isDigit);
     return digits == 0 ? 0 : whole + 1 + digits;
 }
@@ -55,21 +55,14 @@ size_t pointer(std::string_view text) {
 FormatPattern::FormatPattern(std::string_view format) {
     Piece piece;
     for (size_t at = 0; at < format.size(); ++at) {
-        if (format[at] != '%' || format.substr(at, 2) == "%%") {
+        if (format[at] != '%') {
             piece.literal += format[at];
-            if (format[at] == '%') ++at;
             continue;
         }
-        size_t end = at + 1;
-        while (end < format.size() &&
-               std::string_view("#0123456789.-+*").find(format[end]) != std::string_view::npos)
-            ++end;
-        const std::string_view flags = format.substr(at + 1, end - at - 1);
-        piece.hasPrefix = flags.find('#') != std::string_view::npos;
-        piece.isWhole = endsWith(flags, ".");
-        piece.kind = end < format.size() ? format[end] : '\0';
-        while (end < format.size() && (format[end] == 'z' || format[end] == 'l')) ++end;
-        at = end;
+        const size_t kind = format.find_first_not_of("#.*", at + 1);
+        piece.hasPrefix = format[at + 1] == '#';
+        piece.kind = format[kind];
+        at = format.find_first_not_of("zl", kind);  // the end of "%zu" and "%lld"
         mPieces.push_back(std::exchange(piece, {}));
     }
     // Editors and mail programs remove blanks at the end of a line.
@@ -94,7 +87,7 @@ size_t FormatPattern::lengthOf(const Piece& piece, std::string_view text) {
         case 'x':
             return hexNumber(text, piece.hasPrefix);
         case 'f':
-            return decimalNumber(text, piece.isWhole);
+            return decimalNumber(text);
         case 'p':
             return pointer(text);
         default:

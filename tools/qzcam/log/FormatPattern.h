@@ -38,7 +38,6 @@ class FormatPattern {
         std::string literal;
         char kind = '\0';
         bool hasPrefix = false;  // 0x
-        bool isWhole = false;    // no decimals
     };
 
     bool matchFrom(size_t piece, std::string_view text, bool mayEnd, Match& match) const;

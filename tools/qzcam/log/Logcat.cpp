@@ -177,8 +177,7 @@ bool LogcatReader::feedLong(std::string_view text, size_t line) {
         mHead = std::move(head);
         return true;
     }
-    if (!mHead) return false;
-    if (text.empty()) return true;
+    if (!mHead || text.empty()) return false;
     LogLine next = *mHead;
     next.line = line;
     next.message = withoutEscapes(text);
