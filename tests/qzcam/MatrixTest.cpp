@@ -6,16 +6,20 @@
 #include "base/Workers.h"
 #include "device/BuiltIn.h"
 
+#include <sys/resource.h>
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
+#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <map>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace qzcam {
@@ -23,7 +27,10 @@ namespace {
 
 namespace fs = std::filesystem;
 using nlohmann::json;
+using testing::Each;
+using testing::ElementsAre;
 using testing::HasSubstr;
+using testing::SizeIs;
 using testing::StartsWith;
 
 std::string replaced(std::string text, const std::string& from, const std::string& to) {
@@ -149,17 +156,44 @@ TEST(Workers, FailureOfOneTaskStopsNoOther) {
             if (i == 3) std::abort();
             if (i == 4) std::_Exit(9);
             if (i == 5) std::fputs("a message", stderr);
+            if (i == 6) std::fputs(std::string(16385, 'm').c_str(), stderr);
             return std::string(i * 10000, 'x');
         },
         [&](size_t i, WorkResult result) { results[i] = std::move(result); });
     ASSERT_EQ(results.size(), 50U);
     for (const auto& [i, result] : results) {
-        const std::string failure = i == 3 ? "signal 6" : i == 4 ? "ended with 9" : "";
-        EXPECT_THAT(result.failure, HasSubstr(failure));
-        EXPECT_EQ(result.failure.empty(), failure.empty());
+        const std::string failure = i == 3   ? "the process that read it was ended by signal 6"
+                                    : i == 4 ? "the process that read it ended with 9"
+                                             : "";
+        EXPECT_EQ(result.failure, failure);
         EXPECT_EQ(result.text.size(), failure.empty() ? i * 10000 : 0);
-        EXPECT_EQ(result.messages, i == 5 ? "a message" : result.messages.substr(0, i == 3 ? 9999 : 0));
+        const std::string message =
+            i == 5 ? "a message" : std::string(i == 6 ? 16384 : 0, 'm');  // the beginning
+        if (i != 3) {
+            EXPECT_EQ(result.messages, message);
+        }
     }
+}
+
+TEST(Workers, LackOfFilesAndLostStatuses) {
+    std::vector<std::string> failures;
+    const auto work = [&failures] {
+        workInProcesses(
+            2, [](size_t) { return "x"; },
+            [&](size_t, const WorkResult& result) { failures.push_back(result.text + result.failure); });
+        return std::exchange(failures, {});
+    };
+    rlimit limit{};
+    getrlimit(RLIMIT_NOFILE, &limit);
+    const rlimit none{0, limit.rlim_max};
+    setrlimit(RLIMIT_NOFILE, &none);
+    const auto refused = work();
+    setrlimit(RLIMIT_NOFILE, &limit);
+    EXPECT_THAT(refused, Each("no process could be started for it: Too many open files"));
+    EXPECT_THAT(refused, SizeIs(2));
+    const auto before = std::signal(SIGCHLD, SIG_IGN);
+    EXPECT_THAT(work(), ElementsAre("x", "x"));
+    std::signal(SIGCHLD, before);
 }
 
 size_t residentKilobytes() {
