@@ -216,7 +216,7 @@ std::string toText(const Values& values, uint32_t tag, const std::vector<Unknown
 
 Values valuesOf(const camera_metadata_ro_entry_t& entry) {
     Values values{entry.type, entry.count, {}};
-    if (entry.count == 0 || entry.type >= NUM_TYPES) return values;
+    if (entry.count == 0) return values;
     const size_t size = entry.count * camera_metadata_type_size[entry.type];
     values.bytes.assign(entry.data.u8, entry.data.u8 + size);
     return values;

@@ -21,18 +21,17 @@ volatile std::sig_atomic_t sInterrupted = 0;
 
 }  // namespace
 
-StreamedInput::StreamedInput() {
+// Unlike std::signal(), sigaction() lets Ctrl-C end a read that waits.
+StreamedInput::StreamedInput() : mPipeBefore(std::signal(SIGPIPE, SIG_IGN)) {
     sInterrupted = 0;
     struct sigaction action {};
     action.sa_handler = [](int) { sInterrupted = 1; };
     sigaction(SIGINT, &action, &mInterruptBefore);
-    action.sa_handler = SIG_IGN;
-    sigaction(SIGPIPE, &action, &mPipeBefore);
 }
 
 StreamedInput::~StreamedInput() {
     sigaction(SIGINT, &mInterruptBefore, nullptr);
-    sigaction(SIGPIPE, &mPipeBefore, nullptr);
+    std::signal(SIGPIPE, mPipeBefore);
 }
 
 StreamedInput::Arrival StreamedInput::readMore() {

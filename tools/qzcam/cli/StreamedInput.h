@@ -32,7 +32,7 @@ class StreamedInput {
   private:
     std::string mText;
     struct sigaction mInterruptBefore {};
-    struct sigaction mPipeBefore {};
+    void (*mPipeBefore)(int);
 };
 
 }  // namespace qzcam

@@ -74,8 +74,8 @@ bool areEqual(const VendorBlock& a, const VendorBlock& b) {
 }
 
 std::string nameOf(const VendorBlock& block) {
-    return block.vendorId ? fmt::format("{} (line {})", *block.vendorId, block.line)
-                          : fmt::format("that of line {}", block.line);
+    return block.vendorId ? fmt::format("vendor block {} (line {})", *block.vendorId, block.line)
+                          : fmt::format("the vendor block of line {}", block.line);
 }
 
 }  // namespace
@@ -100,7 +100,7 @@ BlockChoice chooseBlock(const Report& report, const ReportedCamera* camera) {
     }
     if (!alike.empty()) {
         choice.note = fmt::format(
-            "{} of the camera's vendor entries agree with vendor block {}, and as many with {}: "
+            "{} of the camera's vendor entries agree with {}, and as many with {}: "
             "the first is used",
             best, nameOf(*choice.block), fmt::join(alike, " and "));
     }

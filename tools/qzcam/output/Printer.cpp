@@ -112,8 +112,10 @@ bool Printer::flush() {
 }
 
 void Printer::device(const Device& device) {
-    line(styled(kBold, fmt::format("{}, camera {}", device.file, device.camera)));
-    line(fmt::format("  {} vendor tags, {} static entries", device.vendorTags.size(), device.entries.size()));
+    const std::string camera = device.camera.empty() ? "no camera" : "camera " + device.camera;
+    line(styled(kBold, fmt::format("{}, {}", device.file, camera)));
+    line(fmt::format("  {}, {}", counted(device.vendorTags.size(), "vendor tag"),
+                     counted(device.entries.size(), "static entry", "static entries")));
     const std::string unused = summaryOf(device.unused);
     if (!unused.empty()) line(fmt::format("  not used: {}", unused));
     for (const UnusedPart& each : device.unused) {
