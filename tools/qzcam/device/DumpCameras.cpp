@@ -204,7 +204,7 @@ void DumpReader::finishCameras() {
 
 void DumpReader::finishCamera(ReportedCamera& at, const ArrayEntry& entry) {
     const auto word = [&] {
-        std::string_view values = entry.values.empty() ? std::string_view() : entry.values.substr(1);
+        std::string_view values = startsWith(entry.values, "[") ? entry.values.substr(1) : std::string_view();
         return takeWord(values);
     };
     if (entry.name == "android.lens.facing") {
