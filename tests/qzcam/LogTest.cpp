@@ -5,7 +5,6 @@
 #include "log/Inspection.h"
 #include "log/LibraryLine.h"
 #include "log/Logcat.h"
-#include "log/PlatformLine.h"
 #include "log/Statements.h"
 #include "log/TagMonitor.h"
 #include "qzcam/BuiltIn.h"
@@ -131,36 +130,6 @@ TEST(LibraryLine, CutLineCountsWhereItsBeginningIsUnambiguous) {
     EXPECT_FALSE(recogniseLibraryLine(log));
 }
 
-TEST(LibraryLine, StatedValuesAreThoseOfTheEntry) {
-    const struct {
-        const char* message;
-        const char* text;
-        const char* list;
-        int status;
-    } kRows[] = {
-        {"setContrast(), failed to update contrast: 50, 1, return: -22", "50", "1", -22},
-        {"setExposureTime(), failed to update exposure time: 20000/1000000, return: -22", "", "20000/1000000",
-         -22},
-        {"setFocusAreas(), failed to update focus areas: (1,2,3,4,5) (1, 2) (3, 4), return: -22",
-         "(1,2,3,4,5)", "", -22},
-        {"setOisOTParam(), set gryo gain: (0.980000, 1.020000)", "", "0.980000,1.020000", 0},
-        {"setMMIAFCVerify(), set afc verify: 1, on", "on", "1", 0},
-        {"setSubPictureSize(), picture (4000, 3000), strpic (4000,3000)", "(4000,3000)", "4000,3000", 0},
-    };
-    for (const auto& row : kRows) {
-        LogLine log;
-        log.tag = qz::kTranslatorLog;
-        log.message = row.message;
-        const auto line = recogniseLibraryLine(log);
-        ASSERT_TRUE(line) << row.message;
-        const auto stated = statedEntry(*line);
-        ASSERT_TRUE(stated) << row.message;
-        EXPECT_EQ(stated->text, row.text);
-        EXPECT_EQ(stated->list, row.list);
-        EXPECT_EQ(stated->status.value_or(0), row.status);
-    }
-}
-
 // The changes of the built-in session's requests and results are read from the text of every version.
 TEST(TagMonitor, EventsOfEveryVersionAreRead) {
     const TagNames names(test::builtIn().vendorTags);
@@ -197,33 +166,6 @@ TEST(TagMonitor, EventsOfEveryVersionAreRead) {
     }
 }
 
-// Lines in the exact formats of the versions, with cases that the session does not have.
-TEST(TagMonitor, OddLinesAreRead) {
-    std::vector<MonitorEvent> events;
-    {
-        MonitorReader reader([&events](const MonitorEvent& event) { events.push_back(event); });
-        const auto feed = [&reader](const char* line) { reader.feed(line, 1); };
-        feed(
-            "        f1203:81234567890123ns: 2                          RES:com.ambrix.capture.metadata.iso: [7 ]");
-        feed("        f1204:81234600890123ns:             REQ: input stream id: 2");
-        feed("        f1203:81234567890123ns:             REQ:a.b: [00100] output stream ids:  1  0 ");
-        feed("        f9:1ns:             REQ:a.b:  (Removed)        f8:1ns:             REQ:a.b: [1] ");
-        feed("        f9:1ns:            REQ:android.control.aeMode: [ON ]");
-        feed("      Last request sent:");
-        feed("                                     [1 2 ]");
-    }
-    ASSERT_EQ(events.size(), 6U);
-    EXPECT_EQ(events[0].physicalCamera, "2");
-    EXPECT_EQ(events[1].streams, "input stream id: 2");
-    const Tag bytes{0x80000000, TYPE_BYTE, "a", "b"};
-    EXPECT_FALSE(valuesOf(events[2], bytes)) << "ambiguous";
-    EXPECT_EQ(valueText(events[2], &bytes), "00100");
-    EXPECT_TRUE(events[3].isRemoved);
-    EXPECT_EQ(events[4].frame, 8);
-    const TagNames standard({});
-    EXPECT_EQ(valueText(events[5], standard.find("android.control.aeMode")), "1 (ON)");
-}
-
 std::vector<std::string> findings(const std::string& log) {
     std::vector<std::string> all;
     InspectionReader reader([&all](const Inspected& finding) {
@@ -253,29 +195,6 @@ TEST(Inspection, LevelsAreReadBack) {
         ElementsAre("request repeating ", "request  com.ambrix.capture.metadata.iso 7",
                     "result f1 com.ambrix.capture.metadata.focusVcmValue 318", "result f1 ", "request  all",
                     "static  com.ambrix.device.capabilities.zslSupported 1", "static  all", "static  all"));
-}
-
-TEST(PlatformLine, LinesAboutVendorTagsAreRecognised) {
-    const auto recognise = [](const char* tag, const char* message) {
-        LogLine log;
-        log.tag = tag;
-        log.message = message;
-        return recognisePlatformLine(log);
-    };
-    const auto mistyped =
-        recognise("Camera2-Metadata",
-                  "Mismatched tag type when updating entry iso (-2147483648) of type int32; got type "
-                  "byte data instead ");
-    ASSERT_TRUE(mistyped);
-    EXPECT_EQ(mistyped->declared + mistyped->given, "int32byte");
-    EXPECT_EQ(recognise("VendorTagDescriptor", "lookupTag: Tag name 'iso' does not exist.")->tag, "iso");
-    const auto set = recognise("CameraClient", "setParameters (pid 1301) (iso=1600;zoom=3)");
-    ASSERT_TRUE(set);
-    EXPECT_THAT(set->parameters, ElementsAre(testing::Pair("iso", "1600"), testing::Pair("zoom", "3")));
-    const auto cut = recognise("CameraClient", "setParameters (pid 1301) (iso=1600;zoo");
-    EXPECT_THAT(cut->parameters, ElementsAre(testing::Pair("iso", "1600")));
-    EXPECT_EQ(recognise("Camera", "dump: iso=1600")->parameters.front().second, "1600");
-    EXPECT_FALSE(recognise("Other", "lookupTag: Tag name 'iso' does not exist."));
 }
 
 }  // namespace

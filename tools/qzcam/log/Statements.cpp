@@ -95,10 +95,10 @@ std::optional<StatedEntry> statedEntry(const LibraryLine& line) {
     if (stated.entry == nullptr) return std::nullopt;
     std::vector<std::string> numbers;
     for (const PrintedValue& value : line.values) {
-        if (value.kind == 's') {
-            stated.text = value.text;
-        } else {
+        if (value.kind != 's') {
             numbers.push_back(value.text);
+        } else if (!line.cut || &value != &line.values.back()) {  // otherwise its end is missing
+            stated.text = value.text;
         }
     }
     const bool hasStatus = endsWith(line.line->format, "return: %d");
