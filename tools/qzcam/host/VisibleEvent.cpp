@@ -22,11 +22,13 @@ void cleanTexts(Strings&... texts) {
     (clean(texts), ...);
 }
 
-// Names of tags and messages are plain: the reader of dumps takes no others, and the library has none.
-void clean(ParamRow& row) { cleanTexts(row.key, row.value); }
+void clean(ParamRow& row) { cleanTexts(row.key, row.value, row.capability); }
 void clean(VerdictRow& row) { cleanTexts(row.key, row.value, row.reason); }
-void clean(Message::Field& field) { clean(field.value); }
-void clean(EntryRow& row) { clean(row.from); }
+void clean(Message::Field& field) { cleanTexts(field.name, field.value); }
+void clean(EntryRow& row) {
+    clean(row.name);
+    clean(row.from);
+}
 
 template <typename Row>
 void clean(std::vector<Row>& rows) {
@@ -39,9 +41,17 @@ void clean(RequestEvent& event) { clean(event.entries); }
 void clean(VerdictsEvent& event) { clean(event.rows); }
 void clean(ResultEvent& event) { clean(event.entries); }
 void clean(ParamsEvent& event) { clean(event.rows); }
-void clean(PublishEvent& event) { clean(event.rows); }
-void clean(CallbackEvent& event) { clean(event.message.fields); }
-void clean(StatusEvent&) {}
+void clean(PublishEvent& event) {
+    clean(event.rows);
+    clean(event.undeclared);
+    clean(event.absent);
+    clean(event.silent);
+}
+void clean(CallbackEvent& event) {
+    clean(event.message.name);
+    clean(event.message.fields);
+}
+void clean(StatusEvent& event) { clean(event.of); }
 void clean(AnswerEvent& event) { cleanTexts(event.question, event.answer); }
 void clean(ErrorEvent& event) { clean(event.text); }
 void clean(NoteEvent& event) { clean(event.text); }
@@ -54,6 +64,7 @@ void clean(LogEvent& event) {
     for (const std::string_view line : split(event.text, '\n')) text += visible(line) + "\n";
     text.pop_back();
     event.text = std::move(text);
+    clean(event.tag);
 }
 
 }  // namespace
