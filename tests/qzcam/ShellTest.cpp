@@ -194,10 +194,11 @@ TEST(LineEditor, StoresItsHistoryInTheStateFolder) {
 }
 
 TEST_F(ShellTool, KeepsItsHistoryAndTakesParameters) {
+    setenv("EDITRC", file("editrc", "bind -s ^T \"open 0\"\n").c_str(), 1);
     {
         Terminal first(mState);
         first.type("", kPrompt);
-        first.type("open 0\r", kPrompt);
+        first.type("\x14\r", "open 0\r\n");  // Ctrl-T of the user's own bindings
         first.type("params\r", "no parameters");
         first.type("params\r", "no parameters");
         first.type("quit\r", "\n");
