@@ -167,6 +167,8 @@ TEST_F(ShellTool, ShowsCandidatesInColumns) {
                           "\r\ncamera.ignore.videostdb.all      camera.qzperformex.stattag"
                           "\r\ncamera.ignore.videostdb.partial\r\n\r"));
     terminal.type("\x03", kPrompt);
+    EXPECT_THAT(terminal.type("set iso=640\t\tx", "0x"), Not(HasSubstr("\n")));  // the only candidate
+    terminal.type("\x03", kPrompt);
     const size_t all = test::builtIn().vendorTags.size();
     terminal.type("result com.ambrix.\t", fmt::format("\r\n... and {} more\r\n", all - 120));
     terminal.type("\x03", kPrompt);
@@ -199,6 +201,7 @@ TEST_F(ShellTool, KeepsItsHistoryAndTakesParameters) {
         Terminal first(mState);
         first.type("", kPrompt);
         first.type("\x14\r", "open 0\r\n");  // Ctrl-T of the user's own bindings
+        first.type("\r", kPrompt);
         first.type("params\r", "no parameters");
         first.type("params\r", "no parameters");
         first.type("quit\r", "\n");
@@ -269,12 +272,18 @@ TEST_F(ShellTool, ALongAnswerGoesThroughThePager) {
     terminal.type("quit\r", "\n");
     EXPECT_EQ(terminal.exitStatus(), kFine);
     const std::string help = helpOn("query");
-    for (const bool fits : {false, true}) {
-        Terminal small(mState, {},
-                       static_cast<unsigned short>(std::count(help.begin(), help.end(), '\n') + fits));
+    const auto height = static_cast<unsigned short>(std::count(help.begin(), help.end(), '\n'));
+    for (const int more : {-height, 0, 1}) {  // a terminal without rows does not know its size
+        Terminal small(mState, {}, static_cast<unsigned short>(height + more));
         small.type("", kPrompt);
-        EXPECT_EQ(contains(small.type("help query\r", "otp-result"), "paged"), !fits);
+        EXPECT_EQ(contains(small.type("help query\r", "otp-result"), "paged"), more == 0);
     }
+    setenv("PAGER", "head -1", 1);
+    Terminal left(mState);
+    left.type("", kPrompt);
+    left.type("params --json\r", "{\r\n");
+    left.type("quit\r", "\n");
+    EXPECT_EQ(left.exitStatus(), kFine);
     setenv("PAGER", "", 1);
     Terminal none(mState);
     none.type("", kPrompt);

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "base/Workers.h"
 
+#include "base/WriteAll.h"
+
 #include <fmt/format.h>
 
 #include <sys/mman.h>
@@ -31,16 +33,6 @@ using File = std::unique_ptr<std::FILE, int (*)(std::FILE*)>;
 File memoryFile() {
     const int file = memfd_create("worker", MFD_CLOEXEC);
     return {file < 0 ? nullptr : fdopen(file, "w+"), &std::fclose};
-}
-
-std::string contentOf(const File& file, size_t most) {
-    std::fseek(file.get(), 0, SEEK_END);
-    const auto size = static_cast<size_t>(std::max(std::ftell(file.get()), 0L));
-    std::string text;
-    text.resize(std::min(size, most));
-    std::rewind(file.get());
-    text.resize(std::fread(text.data(), 1, text.size(), file.get()));
-    return text;
 }
 
 struct Worker {
@@ -97,7 +89,7 @@ void workInProcesses(size_t count, const Work& work, const std::function<void(si
         const auto worker = std::find_if(workers.begin(), workers.end(),
                                          [&](const Worker& each) { return isLost || each.process == ended; });
         if (worker == workers.end()) continue;
-        done(worker->index, {contentOf(worker->text, SIZE_MAX), contentOf(worker->messages, kMostMessages),
+        done(worker->index, {contentOf(worker->text.get()), contentOf(worker->messages.get(), kMostMessages),
                              failureOf(status)});
         workers.erase(worker);
     }

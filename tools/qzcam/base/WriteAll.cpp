@@ -5,6 +5,7 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
 
@@ -16,6 +17,15 @@ bool writeAll(std::FILE* out, const std::string& text) {
     if ((written && std::fflush(out) == 0) || errno == EPIPE) return true;
     cannotWrite(errno);
     return false;
+}
+
+std::string contentOf(std::FILE* file, size_t most) {
+    std::fseek(file, 0, SEEK_END);
+    std::string text;
+    text.resize(std::min(static_cast<size_t>(std::max(std::ftell(file), 0L)), most));
+    std::rewind(file);
+    text.resize(std::fread(text.data(), 1, text.size(), file));
+    return text;
 }
 
 void cannotWrite(int error) {

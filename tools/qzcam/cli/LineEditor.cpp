@@ -75,7 +75,7 @@ LineEditor::LineEditor(std::FILE* out, std::string prompt, Complete complete, st
     HistEvent event{};
     ::history(mHistory, &event, H_SETSIZE, kHistoryLines);
     ::history(mHistory, &event, H_SETUNIQUE, 1);
-    if (!mHistoryFile.empty()) ::history(mHistory, &event, H_LOAD, mHistoryFile.c_str());
+    ::history(mHistory, &event, H_LOAD, mHistoryFile.c_str());
     el_set(mEdit, EL_HIST, ::history, mHistory);
     el_source(mEdit, nullptr);  // the user's own bindings
     bindKeys();
@@ -120,7 +120,7 @@ std::optional<std::string> LineEditor::line() {
         int size = 0;
         const char* text = el_gets(mEdit, &size);
         if (mDropped) continue;
-        if (!text || size <= 0) {
+        if (!text) {
             fmt::print(mOut, "\n");
             return std::nullopt;
         }
@@ -164,10 +164,9 @@ void LineEditor::remember(const std::string& line) {
     if (line.empty()) return;
     HistEvent event{};
     ::history(mHistory, &event, H_ENTER, line.c_str());
-    if (mHistoryFile.empty()) return;
-    std::error_code error;
-    std::filesystem::create_directories(std::filesystem::path(mHistoryFile).parent_path(), error);
-    if (!error) ::history(mHistory, &event, H_SAVE, mHistoryFile.c_str());
+    std::error_code ignored;
+    std::filesystem::create_directories(std::filesystem::path(mHistoryFile).parent_path(), ignored);
+    ::history(mHistory, &event, H_SAVE, mHistoryFile.c_str());
 }
 
 }  // namespace qzcam
