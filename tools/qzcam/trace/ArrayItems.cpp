@@ -35,17 +35,11 @@ std::optional<int64_t> numberIn(const MetadataArray& array, std::string_view nam
 class ArrayReader {
   public:
     ArrayReader(const MetadataArray& array, const MonitorPlace& place, size_t input, const TagNames& names)
-        : mArray(array), mNames(names), mTags(tagsOf(isResult(array) ? Side::Result : Side::Request)) {
-        mBlank.side = isResult(array) ? Side::Result : Side::Request;
-        mBlank.input = input;
-        mBlank.line = array.line;
-        mBlank.camera = array.camera;
-        mBlank.physicalCamera = array.physicalCamera;
-        mBlank.client = place.client;
-        if (!isResult(array)) return;
-        mBlank.frame = numberIn(array, "android.request.frameCount");
-        if (const auto time = numberIn(array, "android.sensor.timestamp")) mBlank.time = bootTime(*time);
-    }
+        : mArray(array),
+          mPlace(place),
+          mInput(input),
+          mNames(names),
+          mTags(tagsOf(isResult(array) ? Side::Result : Side::Request)) {}
 
     std::vector<TraceItem> items() {
         std::vector<TraceItem> entries;
@@ -71,9 +65,23 @@ class ArrayReader {
   private:
     std::string name() const { return nameOf(mArray); }
 
+    TraceItem blank(Kind kind) const {
+        TraceItem item;
+        item.kind = kind;
+        item.side = isResult(mArray) ? Side::Result : Side::Request;
+        item.input = mInput;
+        item.line = mArray.line;
+        item.camera = mArray.camera;
+        item.physicalCamera = mArray.physicalCamera;
+        item.client = mPlace.client;
+        if (!isResult(mArray)) return item;
+        item.frame = numberIn(mArray, "android.request.frameCount");
+        if (const auto time = numberIn(mArray, "android.sensor.timestamp")) item.time = bootTime(*time);
+        return item;
+    }
+
     TraceItem headWith(size_t others) const {
-        TraceItem item = mBlank;
-        item.kind = isResult(mArray) ? Kind::Result : Kind::Request;
+        TraceItem item = blank(isResult(mArray) ? Kind::Result : Kind::Request);
         item.text = name();
         item.cause = counted(mArray.entries.size(), "entry", "entries");
         if (mArray.announced && *mArray.announced != mArray.entries.size())
@@ -86,10 +94,9 @@ class ArrayReader {
     }
 
     TraceItem itemOf(const ArrayEntry& entry) const {
-        TraceItem item = mBlank;
+        TraceItem item = blank(Kind::Entry);
         const EntryValues read = readValues(entry);
         const bool isUnnamed = startsWith(entry.name, "unknownSection");
-        item.kind = Kind::Entry;
         item.line = entry.line;
         item.tag = isUnnamed ? mNames.nameOf(entry.id) : std::string(entry.name);
         item.value = toText(entry, read);
@@ -104,8 +111,7 @@ class ArrayReader {
     }
 
     TraceItem absent(const std::string& tag) const {
-        TraceItem item = mBlank;
-        item.kind = Kind::Entry;
+        TraceItem item = blank(Kind::Entry);
         item.tag = tag;
         item.isRemoved = true;
         item.isAside = true;
@@ -119,9 +125,10 @@ class ArrayReader {
     }
 
     const MetadataArray& mArray;
+    const MonitorPlace& mPlace;
+    const size_t mInput;
     const TagNames& mNames;
     const std::set<std::string>& mTags;
-    TraceItem mBlank;
 };
 
 }  // namespace

@@ -110,8 +110,10 @@ bool LogItems::isRepeated(const LogLine& line) {
     return !isNew;
 }
 
-TraceItem LogItems::itemOf(const LogLine& line) const {
+TraceItem LogItems::itemOf(const LogLine& line, Kind kind, Side side) const {
     TraceItem item;
+    item.kind = kind;
+    item.side = side;
     item.input = mInput;
     item.line = line.line;
     item.time = line.time;
@@ -137,8 +139,7 @@ void LogItems::giveHeld() {
 // The log has counted further copies of this thread's message. The last copy follows in full.
 void LogItems::fold(const LogLine& line) {
     if (line.pruned > 0) {
-        TraceItem item = itemOf(line);
-        item.kind = Kind::Lost;
+        TraceItem item = itemOf(line, Kind::Lost);
         item.times = line.pruned;
         item.text = fmt::format("{} of this process lost", counted(line.pruned, "line"));
         return give(std::move(item));
@@ -175,9 +176,8 @@ void LogItems::end() {
 bool LogItems::feedEntry(const LogLine& log, const LibraryLine& line) {
     const auto stated = statedEntry(line);
     if (!stated) return false;
-    TraceItem item = itemOf(log);
-    item.side = Side::Request;
-    item.kind = line.kind == LibraryLine::Kind::Refused ? Kind::Refused : Kind::Logged;
+    const Kind kind = line.kind == LibraryLine::Kind::Refused ? Kind::Refused : Kind::Logged;
+    TraceItem item = itemOf(log, kind, Side::Request);
     item.tag = stated->entry->tag;
     item.keys = keysWriting(item.tag);
     item.value = stated->list;
@@ -208,8 +208,7 @@ bool LogItems::feedFocusTest(const LogLine& log, const LibraryLine& line) {
                         place == static_cast<int64_t>(mHeld->fields.size());
     if (!goesOn) {
         giveHeld();
-        mHeld = itemOf(log);
-        mHeld->kind = Kind::Message;
+        mHeld = itemOf(log, Kind::Message);
         mHeld->message = qz::findMessage(qz::MSG_MMI_FOCUS_TEST, 0)->name;
         mHeld->cause = "elements of the message, as far as there are lines of them";
         for (int64_t i = 0; place && i < *place && i < 20; ++i) mHeld->fields.push_back({"", "?"});
@@ -222,8 +221,7 @@ bool LogItems::feedMessage(const LogLine& log, const LibraryLine& line) {
     if (feedFocusTest(log, line)) return true;
     const auto stated = statedMessage(line);
     if (!stated) return false;
-    TraceItem item = itemOf(log);
-    item.kind = Kind::Message;
+    TraceItem item = itemOf(log, Kind::Message);
     item.message = stated->message->name;
     item.fields = stated->fields;
     if (line.result != nullptr) item.tag = line.result->entries[0].tag;
@@ -235,9 +233,7 @@ bool LogItems::feedMessage(const LogLine& log, const LibraryLine& line) {
 bool LogItems::feedGate(const LogLine& log, const LibraryLine& line) {
     const bool isGate = anyOf(kGates, [&](const char* gate) { return line.is(gate); });
     if (!isGate || line.parameter == nullptr) return false;
-    TraceItem item = itemOf(log);
-    item.kind = Kind::Gated;
-    item.side = Side::Request;
+    TraceItem item = itemOf(log, Kind::Gated, Side::Request);
     item.keys = keysOf(*line.parameter);
     item.tag = line.parameter->entries.empty() ? "" : line.parameter->entries[0].tag;
     item.cause = log.message;
@@ -287,37 +283,39 @@ void LogItems::takeDeclared(const Inspected& inspected) {
     }
 }
 
+void LogItems::takeChosen(const Inspected& inspected) {
+    const bool isLost = !inspected.isAbsent && inspected.elements.empty();
+    TraceItem item = itemOf(inspected.log, isLost ? Kind::Line : Kind::Entry, inspected.of);
+    item.frame = inspected.frame;
+    item.tag = inspected.tag.empty() ? fmt::format("{:#x}", inspected.id) : inspected.tag;
+    if (item.side == Side::Request) item.keys = keysWriting(item.tag);
+    if (isLost) {
+        item.text =
+            fmt::format("{}: inspected, but the lines with its value are missing", shortName(item.tag));
+        return give(std::move(item));
+    }
+    item.isRemoved = inspected.isAbsent;
+    auto elements = inspected.elements;
+    if (inspected.announced) elements.resize(*inspected.announced, "?");
+    item.value = joined(elements);
+    item.cause =
+        inspected.of == Inspected::Of::Unknown ? "inspected; request or result unknown" : "inspected";
+    if (!inspected.isAbsent && !inspected.isWhole()) item.cause += ", elements are missing";
+    give(std::move(item));
+}
+
 void LogItems::take(const Inspected& inspected) {
     using I = Inspected::Kind;
-    TraceItem item = itemOf(inspected.log);
-    item.side = inspected.of;
+    if (inspected.kind == I::ChosenTag) return takeChosen(inspected);
+    const Kind kind = inspected.kind == I::Request ? Kind::Request
+                      : inspected.kind == I::Frame ? Kind::Result
+                                                   : Kind::List;
+    TraceItem item = itemOf(inspected.log, kind, inspected.of);
     item.frame = inspected.frame;
-    if (inspected.kind == I::Request || inspected.kind == I::Frame) {
-        item.kind = inspected.kind == I::Request ? Kind::Request : Kind::Result;
-        item.text = inspected.kind == I::Request ? inspected.requestKind + " request" : "result";
+    if (kind != Kind::List) {
+        item.text = kind == Kind::Request ? inspected.requestKind + " request" : "result";
         return give(std::move(item));
     }
-    if (inspected.kind == I::ChosenTag) {
-        item.kind = Kind::Entry;
-        item.tag = inspected.tag.empty() ? fmt::format("{:#x}", inspected.id) : inspected.tag;
-        item.isRemoved = inspected.isAbsent;
-        auto elements = inspected.elements;
-        if (inspected.announced && !elements.empty())
-            elements.resize(std::max(elements.size(), *inspected.announced), "?");
-        item.value = joined(elements);
-        item.cause =
-            inspected.of == Inspected::Of::Unknown ? "inspected; request or result unknown" : "inspected";
-        if (!inspected.isAbsent && !inspected.isWhole()) item.cause += ", elements are missing";
-        if (item.side == Side::Request) item.keys = keysWriting(item.tag);
-        if (!inspected.isAbsent && inspected.elements.empty()) {
-            item.kind = Kind::Line;
-            item.text =
-                fmt::format("{}: inspected, but the lines with its value are missing", shortName(item.tag));
-            item.cause.clear();
-        }
-        return give(std::move(item));
-    }
-    item.kind = Kind::List;
     for (const auto& each : inspected.tags) item.tags.push_back(each.second);
     item.text = fmt::format("{}: {}", listTitle(inspected), countText(inspected));
     const bool isAll = item.side == Side::Static && inspected.isWhole() && hasWhatEachCameraHas(inspected);

@@ -49,9 +49,11 @@ class LogItems {
     bool feedFocusTest(const LogLine& log, const LibraryLine& line);
     bool feedGate(const LogLine& log, const LibraryLine& line);
     void take(const Inspected& inspected);
+    void takeChosen(const Inspected& inspected);
     void takeDeclared(const Inspected& inspected);
     void fold(const LogLine& line);
-    TraceItem itemOf(const LogLine& line) const;
+    TraceItem itemOf(const LogLine& line, TraceItem::Kind kind = TraceItem::Kind::Line,
+                     TraceItem::Side side = TraceItem::Side::Unknown) const;
     void give(TraceItem item);
     void giveHeld();
 

@@ -36,10 +36,8 @@ void LogItems::feedUndeclared(const LogLine& log, const std::string& name) {
     for (const TagFact& fact : tagFacts()) {
         const std::string tag = fact.entry.tag;
         if (std::find(names.begin(), names.end(), tag) == names.end()) continue;
-        TraceItem item = itemOf(log);
-        item.kind = Kind::Undeclared;
+        TraceItem item = itemOf(log, Kind::Undeclared, sideOf(fact.use));
         item.tag = tag;
-        item.side = sideOf(fact.use);
         if (item.side == Side::Request) item.keys = fact.names;
         item.cause = "the device declares no such tag";
         if (names.size() > 1) item.cause += "; its section is unknown";
@@ -49,9 +47,8 @@ void LogItems::feedUndeclared(const LogLine& log, const std::string& name) {
 
 void LogItems::feedMistyped(const LogLine& log, const PlatformLine& line) {
     mMistyped[{log.pid, log.tid}] = line;
-    TraceItem item = itemOf(log);
+    TraceItem item = itemOf(log, Kind::Line, Side::Request);
     const auto names = fullNamesOf(line.tag);
-    item.side = Side::Request;
     item.tag = names.size() == 1 ? names.front() : line.tag;
     item.keys = keysWriting(item.tag);
     item.declared = line.declared;
@@ -61,8 +58,7 @@ void LogItems::feedMistyped(const LogLine& log, const PlatformLine& line) {
 }
 
 void LogItems::feedParameters(const LogLine& log, const PlatformLine& line) {
-    TraceItem item = itemOf(log);
-    item.kind = Kind::Parameters;
+    TraceItem item = itemOf(log, Kind::Parameters);
     item.camera = line.camera;
     for (const auto& [key, value] : line.parameters) {
         item.keys.push_back(key);
