@@ -40,7 +40,7 @@ size_t terminalWidth(std::FILE* file) {
 
 std::string wrapped(std::string_view text, size_t width, size_t indent) {
     std::string lines;
-    for (size_t room = std::max<size_t>(width, 1);; room = width > indent + 1 ? width - indent : size_t{1}) {
+    for (size_t room = width;; room = width > indent ? width - indent : size_t{1}) {
         const size_t end = lineEnd(text, bytesOf(text, room));
         lines += text.substr(0, text.substr(0, end).find_last_not_of(' ') + 1);
         text = text.substr(end);

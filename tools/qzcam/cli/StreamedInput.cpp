@@ -37,15 +37,16 @@ StreamedInput::~StreamedInput() {
 StreamedInput::Arrival StreamedInput::readMore() {
     constexpr int pause = 200;  // milliseconds
     std::array<pollfd, 2> ready{{{STDIN_FILENO, POLLIN, 0}, {STDOUT_FILENO, 0, 0}}};
-    const int count = sInterrupted == 0 ? poll(ready.data(), ready.size(), pause) : 0;
-    const bool isClosed = count > 0 && (ready[1].revents & POLLERR) != 0;
-    if (sInterrupted != 0 || isClosed) return Arrival::End;
-    if (count <= 0 || ready[0].revents == 0) return Arrival::Nothing;
+    const int count = poll(ready.data(), ready.size(), pause);
+    if (sInterrupted != 0) return Arrival::End;
+    if (count <= 0) return Arrival::Nothing;
+    if (ready[1].revents != 0) return Arrival::End;  // the reader of the output has gone
     std::array<char, 1U << 16U> chunk{};
     const ssize_t size = ::read(STDIN_FILENO, chunk.data(), chunk.size());
-    if (size < 0) return errno == EAGAIN || errno == EINTR ? Arrival::Nothing : Arrival::End;
+    if (size < 0 && errno == EAGAIN) return Arrival::Nothing;
+    if (size <= 0) return Arrival::End;
     mText.append(chunk.data(), static_cast<size_t>(size));
-    return size > 0 ? Arrival::Text : Arrival::End;
+    return Arrival::Text;
 }
 
 void StreamedInput::begin() {
