@@ -98,18 +98,16 @@ class TraceReport {
         mPageData.push_back({"trace", std::move(mPageText)});
         const bool drawn = !mPage || writeFile(mOptions.html, htmlPage(mTitle, mPageData));
         const bool traced = !mPerfetto || writeFile(mOptions.perfetto, mPerfetto->finish());
-        mFailed = mFailed || !drawn || !traced;
+        mAreFilesWritten = drawn && traced;
     }
 
     size_t items() const { return mItems; }
 
     bool flush() {
-        const std::string text = std::exchange(mText, {});
-        const bool written = writeAll(stdout, text);
-        mFailed = mFailed || !written;
-        return written;
+        mIsPrinted = mIsPrinted && writeAll(stdout, std::exchange(mText, {}));
+        return mIsPrinted;
     }
-    ExitStatus status() const { return mFailed ? kBadInput : kFine; }
+    ExitStatus status() const { return mIsPrinted && mAreFilesWritten ? kFine : kBadInput; }
 
   private:
     std::string nothingShown() const {
@@ -147,7 +145,8 @@ class TraceReport {
     FilteredOut mFilteredOut;
     size_t mItems = 0;
     size_t mShown = 0;
-    bool mFailed = false;
+    bool mIsPrinted = true;
+    bool mAreFilesWritten = true;
 };
 
 ExitStatus nothingFound(const std::string& name, InputKind kind) {
