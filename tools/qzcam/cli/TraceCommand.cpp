@@ -248,7 +248,7 @@ class Stream {
           mReader({[this](const LogLine& line) { mLog.feed(line, 0); },
                    [this](const MonitorEvent& event, const MonitorPlace& place) {
                        const std::string& camera = event.camera.empty() ? place.camera : event.camera;
-                       pass(itemOf(event, place, 0, mCameras.namesFor(camera, 0)));
+                       pass(itemOf(event, place, mCameras.namesFor(camera, 0)));
                    },
                    [this](const Tag& tag) { mCameras.addTag(tag); }}) {}
 

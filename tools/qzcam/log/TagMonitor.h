@@ -17,6 +17,7 @@ namespace qzcam {
 
 // A monitored entry has changed in a request or in a result.
 struct MonitorEvent {
+    size_t input = 0;  // index of the input; the reader does not know it
     size_t line = 0;
     int64_t frame = 0;
     int64_t nanoseconds = 0;  // since the phone was started, with or without the time asleep

@@ -77,7 +77,9 @@ void Evidence::readLines(const Part& part, size_t input, const Report* report) {
                                if (isEvidence(line)) log.push_back({input, line});
                            },
                            [&](const MonitorEvent& event, const MonitorPlace& place) {
-                               streamOf(event, place, input).events.push_back(event);
+                               auto& events = streamOf(event, place, input).events;
+                               events.push_back(event);
+                               events.back().input = input;
                            },
                            [&](const Tag& tag) {
                                if (report == nullptr) cameras->addTag(tag);

@@ -184,7 +184,7 @@ class Builder {
         TraceGroup group{titleOf(stream.place), {}};
         const TagNames& names = mEvidence.cameras->namesFor(stream.place.camera, stream.input);
         for (const MonitorEvent& event : stream.events) {
-            group.items.push_back(itemOf(event, stream.place, stream.input, names));
+            group.items.push_back(itemOf(event, stream.place, names));
         }
         const auto& tags = mEvidence.cameras->tagsFor(stream.place.camera, stream.input);
         Derived derived = messagesOf(group.items, tags, stream.place.monitored,
@@ -253,11 +253,11 @@ LogTime bootTime(int64_t nanoseconds) {
             fmt::format("{}.{:06}", nanoseconds / 1'000'000'000, nanoseconds / 1000 % 1'000'000)};
 }
 
-TraceItem itemOf(const MonitorEvent& event, const MonitorPlace& place, size_t input, const TagNames& tags) {
+TraceItem itemOf(const MonitorEvent& event, const MonitorPlace& place, const TagNames& tags) {
     TraceItem item;
     item.kind = event.tag.empty() ? Kind::Line : Kind::Entry;
     item.side = event.isRequest ? Side::Request : Side::Result;
-    item.input = input;
+    item.input = event.input;
     item.line = event.line;
     item.time = bootTime(event.nanoseconds);
     item.frame = event.frame;

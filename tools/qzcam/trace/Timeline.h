@@ -71,6 +71,6 @@ struct Evidence {
 Timeline timelineOf(Evidence evidence);
 
 // Returns the fact of a tag-monitor event. The type of the values comes from the tags.
-TraceItem itemOf(const MonitorEvent& event, const MonitorPlace& place, size_t input, const TagNames& tags);
+TraceItem itemOf(const MonitorEvent& event, const MonitorPlace& place, const TagNames& tags);
 
 }  // namespace qzcam
