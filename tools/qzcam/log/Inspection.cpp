@@ -232,6 +232,7 @@ bool InspectionReader::feed(const LogLine& log, const LibraryLine& line) {
         close(thread);  // the lines of an inspection follow one another
         return false;
     }
+    if (line.cut) return false;  // a part of a name or a number states nothing
     return feedOpener(log, line, thread) || feedResult(log, line, thread) || feedChosen(log, line, thread) ||
            feedList(log, line, thread);
 }
