@@ -16,9 +16,7 @@
 namespace qzcam {
 namespace {
 
-using testing::ElementsAre;
 using testing::HasSubstr;
-using testing::Not;
 
 // A dump with an open camera, a closed one and an earlier session, a log and properties.
 constexpr const char* kDump = R"(== Service global info: ==
@@ -220,37 +218,6 @@ TEST_F(RunTool, ShowReadsADumpThatWasLogged) {
     EXPECT_EQ(arraysOf(log), plain);
 }
 
-TEST_F(RunTool, ShowPrintsTheContents) {
-    const std::string path = file("bugreport.txt", bugreport());
-    EXPECT_EQ(tool({"show", path}), kFine) << mErr;
-    for (const char* each :
-         {"\n2 cameras\n", "FULL", "open by com.example.camera", "\n1 provider\n", "2 devices",
-          "\n2 vendor tags in 1 block\n", "\n5 metadata arrays with 6 entries\n", "previous session",
-          "\n1 tag monitor\n", "\nlog: 3 lines in 1 section\n", "  persist.vendor.camera.x=1\n",
-          "\n3 events of the service: 2 CONNECT, 1 DISCONNECT\n"})
-        EXPECT_THAT(mOut, HasSubstr(each));
-    EXPECT_THAT(mOut, Not(HasSubstr("ro.build.version.release")));
-    EXPECT_EQ(tool({"show", path, "--verbose"}), kFine);
-    EXPECT_THAT(mOut, HasSubstr("ro.build.version.release=14"));
-    EXPECT_THAT(mOut, HasSubstr("antibanding=auto"));
-}
-
-TEST_F(RunTool, ShowPrintsAnArray) {
-    const std::string path = file("dump.txt", kDump);
-    EXPECT_EQ(tool({"show", path, "--array", "last request sent"}), kFine) << mErr;
-    EXPECT_THAT(mOut, testing::ContainsRegex("camera 0, 2 entries, line [0-9]+\n"));
-    EXPECT_THAT(mOut, testing::ContainsRegex("camera 1, 1 entry, line [0-9]+, previous session\n"));
-    EXPECT_THAT(mOut, HasSubstr("com.ambrix.capture.metadata.burst-delay-ms  int32[1]  40\n"));
-    EXPECT_EQ(tool({"show", path, "--array", "LAST", "--camera", "1", "--json"}), kFine);
-    const auto json = nlohmann::json::parse(mOut);
-    ASSERT_EQ(json["arrays"].size(), 1U);
-    EXPECT_EQ(json["arrays"][0]["entries"][0]["values"], nlohmann::json{40});
-    EXPECT_EQ(tool({"show", path, "--array", "statik"}), kUsage);
-    EXPECT_THAT(mErr, HasSubstr("; perhaps static\n"));
-    EXPECT_EQ(tool({"show", path, "--camera", "7"}), kBadInput);
-    EXPECT_THAT(mErr, HasSubstr("no camera '7': there is 0, 1\n"));
-}
-
 TEST_F(RunTool, ShowFindsNamesAndValues) {
     const std::string text = bugreport();
     const std::string path = file("bugreport.txt", text);
@@ -261,35 +228,6 @@ TEST_F(RunTool, ShowFindsNamesAndValues) {
     EXPECT_EQ(tool({"show", path, "--find", "40 ]"}), kFine);
     EXPECT_THAT(mOut, HasSubstr("last request sent, camera 1, previous session: "
                                 "com.ambrix.capture.metadata.burst-delay-ms: [40 ]\n1 line with '40 ]'\n"));
-}
-
-TEST_F(RunTool, ShowHasTheParametersOfALog) {
-    const std::string prefix = "03-05 10:11:12.345   812  2207 D CameraClient: ";
-    const std::string dump = "03-05 10:11:12.345  1301  1301 E Camera  : dump: ";
-    const std::string log = prefix + "setParameters (pid 1301) (iso=100;zoom=2)\n" + dump + "size=1\n" +
-                            prefix + "setParameters (pid 1301) (iso=200;zoo\n" + dump + "iso=7\n" + prefix +
-                            "setParameters (pid 1301) (iso=400)\n";
-    EXPECT_EQ(tool({"show", file("log.txt", log), "--json", "--verbose"}), kFine) << mErr;
-    std::vector<std::string> sets;
-    const auto json = nlohmann::json::parse(mOut);
-    for (const auto& list : json["parameters"]) {
-        std::string set = list["where"].get<std::string>() + (list["cut"] ? ", cut:" : ":");
-        for (const auto& each : list["parameters"])
-            set += fmt::format(" {} {}={}", each["line"].get<int>(), each["key"].get<std::string>(),
-                               each["value"].get<std::string>());
-        sets.push_back(set);
-    }
-    EXPECT_THAT(sets, ElementsAre("setParameters of process '1301': 1 iso=100 1 zoom=2",
-                                  "dump of parameters by 'Camera': 4 iso=7",
-                                  "setParameters of process '1301', cut: 3 iso=200",
-                                  "setParameters of process '1301': 5 iso=400"));
-    EXPECT_EQ(tool({"show", file("log.txt", log)}), kFine);
-    EXPECT_THAT(mOut, HasSubstr("'1301'  line 5  the last of 2\n"));
-}
-
-TEST_F(RunTool, ShowRefusesAnInputWithoutContents) {
-    EXPECT_EQ(tool({"show", file("x.txt", "nothing in here\n")}), kBadInput);
-    EXPECT_THAT(mErr, HasSubstr("expected a camera dump, a bugreport, a log, properties or parameters"));
 }
 
 }  // namespace
