@@ -50,9 +50,10 @@ std::vector<PageData> wholePage(const Contents& contents, const std::string& cam
 ExitStatus showArrays(const Contents& contents, const ShowOptions& options, const ShowView& view) {
     const auto arrays = arraysNamed(contents, options.array, options.camera);
     if (arrays.empty()) {
-        const auto names = arrayNames(contents);
+        const auto names = arrayNames(contents, options.camera);
         complain(fmt::format(
-            "{}: no array '{}': expected {}{}", contents.input.name, options.array,
+            "{}: no array '{}'{}: expected {}{}", contents.input.name, options.array,
+            options.camera.empty() ? "" : " of camera " + options.camera,
             names.empty() ? "a dump with metadata arrays" : fmt::format("{}", fmt::join(names, ", ")),
             perhaps(nearest(options.array, names))));
         return kUsage;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "show/Contents.h"
 
+#include "base/Lists.h"
 #include "base/Text.h"
 #include "device/DumpParser.h"
 #include "device/FoundParameters.h"
@@ -267,13 +268,10 @@ std::vector<const MetadataArray*> arraysNamed(const Contents& contents, const st
     return exact.empty() ? beginning : exact;
 }
 
-std::vector<std::string> arrayNames(const Contents& contents) {
+std::vector<std::string> arrayNames(const Contents& contents, const std::string& camera) {
     std::vector<std::string> names;
-    for (const Report& report : contents.reports) {
-        for (const MetadataArray& array : report.arrays) {
-            const std::string name = nameOf(array);
-            if (std::find(names.begin(), names.end(), name) == names.end()) names.push_back(name);
-        }
+    for (const MetadataArray* array : arraysNamed(contents, "", camera)) {
+        if (!hasElement(names, nameOf(*array))) names.push_back(nameOf(*array));
     }
     return names;
 }

@@ -87,7 +87,7 @@ std::string kindOf(const Contents& contents);
 // means all cameras.
 std::vector<const MetadataArray*> arraysNamed(const Contents& contents, const std::string& name,
                                               const std::string& camera);
-std::vector<std::string> arrayNames(const Contents& contents);
+std::vector<std::string> arrayNames(const Contents& contents, const std::string& camera);
 
 // A line that contains a text, and the part of the input that it belongs to.
 struct FoundLine {
