@@ -48,19 +48,17 @@ bool takeDirection(Scan& scan, MonitorEvent& event) {
     return true;
 }
 
-// "0:com.example.camera  f17:...": as "watch" prints it.
-bool takeWatched(Scan& scan, MonitorEvent& event) {
+// Removes camera and client of "0:com.example.camera  f17:...", as "watch" prints it, if they are there.
+void takeWatched(Scan& scan, MonitorEvent& event) {
     const std::string_view text = scan.rest();
     const size_t blanks = text.find("  f");
-    if (blanks == std::string_view::npos) return false;
+    if (blanks == std::string_view::npos) return;
     const std::string_view client = text.substr(0, blanks);
     const size_t colon = client.find(':');
-    if (colon == 0 || colon == std::string_view::npos || client.find(' ') != std::string_view::npos)
-        return false;
+    if (colon == 0 || colon == std::string_view::npos || client.find(' ') != std::string_view::npos) return;
     event.camera = client.substr(0, colon);
     event.client = client.substr(colon + 1);
     scan = Scan(text.substr(blanks + 2));
-    return true;
 }
 
 // Parses "[7 ] output stream ids:  1  0 ": a row of values, and perhaps streams after it.
@@ -120,8 +118,7 @@ bool MonitorReader::feedEvent(std::string_view text, size_t line) {
     event.line = line;
     Scan scan(text);
     scan.skipBlanks();
-    const bool isFrame = scan.front() == 'f';
-    if (!isFrame && !takeWatched(scan, event)) return false;
+    if (scan.front() != 'f') takeWatched(scan, event);
     if (!takeFrame(scan, event) || !takeDirection(scan, event) || !readContent(scan.rest(), event))
         return false;
     end();
