@@ -43,9 +43,7 @@ void SessionText::gap() {
 }
 
 void SessionText::withdraw(size_t line, const std::string& reason) {
-    if (line == 0 || line > mLines.size()) return;
-    std::string& text = mLines[line - 1];
-    text = fmt::format("# {}: {}", text, visible(reason));
+    mLines[line - 1].insert(0, "# ").append(": " + visible(reason));
 }
 
 std::string SessionText::text() const { return fmt::format("{}\n", fmt::join(mLines, "\n")); }

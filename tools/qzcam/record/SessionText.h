@@ -23,7 +23,7 @@ class SessionText {
     void comment(const std::string& text, size_t source = 0);
     void gap();
 
-    // Turns the lines into comments, each with its reason. Lines count from 1.
+    // Turns a line of the text into a comment with the reason. Lines count from 1.
     void withdraw(size_t line, const std::string& reason);
 
     std::string text() const;
