@@ -59,9 +59,8 @@ class Results {
     std::vector<Message> result() {
         android::CameraMetadata result;
         for (const auto& [name, values] : mState) {
-            const Tag* tag = mNames.find(name);
-            if (tag != nullptr && values.type == tag->type)
-                static_cast<void>(update(result, tag->id, values));
+            // The values were read by the same names, so the tag is known and has their type.
+            if (const Tag* tag = mNames.find(name)) static_cast<void>(update(result, tag->id, values));
         }
         mMessages.clear();
         mCamera.callbacks().processQzCallBack(result);

@@ -43,8 +43,7 @@ std::string nameOfEntry(const TraceItem& item) {
 std::string refusalText(const TraceItem& item) {
     const std::string& what = item.tag.empty() && !item.keys.empty() ? item.keys.front() : item.tag;
     const std::string value = item.value.empty() ? "" : " " + item.value;
-    const std::string cause = item.cause.empty() ? "" : ": " + item.cause;
-    return fmt::format("{} {}{}{}", nameOf(item.kind), what, value, cause);
+    return fmt::format("{} {}{}: {}", nameOf(item.kind), what, value, item.cause);
 }
 
 }  // namespace
