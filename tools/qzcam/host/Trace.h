@@ -27,11 +27,6 @@ struct TraceStep {
     bool present = false;    // for a read or a static entry
     Values values = {};      // for an update
     int32_t status = 0;      // likewise
-
-    bool operator==(const TraceStep& other) const {
-        return kind == other.kind && name == other.name && asInteger == other.asInteger &&
-               values == other.values && status == other.status;
-    }
 };
 
 using Trace = std::vector<TraceStep>;

@@ -24,7 +24,9 @@ bool canTake(const qz::Parameter& row, const TraceStep& step) {
 
 // Returns true if the row has already read the key: a row reads a key only once.
 bool hasRead(const Trace& steps, const TraceStep& read) {
-    return std::find(steps.begin(), steps.end(), read) != steps.end();
+    return std::any_of(steps.begin(), steps.end(), [&](const TraceStep& step) {
+        return step.kind == Kind::Read && step.name == read.name && step.asInteger == read.asInteger;
+    });
 }
 
 }  // namespace
