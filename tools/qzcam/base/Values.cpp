@@ -214,9 +214,9 @@ std::string toText(const Values& values, uint32_t tag, const std::vector<Unknown
     return text;
 }
 
+// The type of an entry in metadata is always a valid one.
 Values valuesOf(const camera_metadata_ro_entry_t& entry) {
     Values values{entry.type, entry.count, {}};
-    if (entry.count == 0) return values;
     const size_t size = entry.count * camera_metadata_type_size[entry.type];
     values.bytes.assign(entry.data.u8, entry.data.u8 + size);
     return values;
