@@ -20,8 +20,7 @@ bool writeAll(std::FILE* out, const std::string& text) {
 }
 
 std::string contentOf(std::FILE* file, size_t most) {
-    std::fseek(file, 0, SEEK_END);
-    std::string text;
+    std::string text;  // the writer, which shares the position, has left it at the end
     text.resize(std::min(static_cast<size_t>(std::max(std::ftell(file), 0L)), most));
     std::rewind(file);
     text.resize(std::fread(text.data(), 1, text.size(), file));
