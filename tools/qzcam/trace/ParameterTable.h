@@ -43,7 +43,7 @@ class ParameterTable {
     };
     static constexpr std::array<Column, 9> kColumns{{{"set", "set", &Row::set},
                                                      {"written", "written", &Row::written},
-                                                     {"told", "logged", &Row::logged},
+                                                     {"logged", "logged", &Row::logged},
                                                      {"refused", "refused", &Row::refused},
                                                      {"undeclared", "tag not declared", &Row::undeclared},
                                                      {"gated", "gate closed", &Row::gated},

@@ -127,7 +127,7 @@ class TraceJson : public TraceOutput {
 }  // namespace
 
 const char* nameOf(TraceItem::Kind kind) {
-    constexpr const char* names[] = {"entry",   "told",   "refused", "undeclared", "gated", "message",
+    constexpr const char* names[] = {"entry",   "logged", "refused", "undeclared", "gated", "message",
                                      "request", "result", "list",    "parameters", "line",  "lost"};
     return names[static_cast<size_t>(kind)];
 }

@@ -45,7 +45,7 @@ class TraceScenes {
         this.first = 0;
         this.places = [];  // the last item of each kind
         for (const item of events.all) {
-            if (!['entry', 'told', 'refused'].includes(item.kind) || !placeTag(item.data.tag || '')) continue;
+            if (!['entry', 'logged', 'refused'].includes(item.kind) || !placeTag(item.data.tag || '')) continue;
             const before = this.places[this.places.length - 1];
             if (before && isOnePlace(before, item)) this.places.pop();
             this.places.push(item);
@@ -75,7 +75,7 @@ class TraceScenes {
                 wholes[kind] = data;
                 for (const tag of side.keys()) if (!data.tags.includes(tag)) side.delete(tag);
             }
-            if (!data.tag || !['entry', 'told', 'refused'].includes(kind)) continue;
+            if (!data.tag || !['entry', 'logged', 'refused'].includes(kind)) continue;
             side.set(data.tag, {tag: data.tag, values: kind === 'refused' || data.removed ? null : statedValues(data), gone: data.removed, refused: kind === 'refused', line: data.line});
         }
         return new Scene({sensor: this.sensors[last.data.camera], request: [...sides.request.values()], result: [...sides.result.values()], parameters: new Map(), isWhole: false, wholes});

@@ -5,7 +5,7 @@
 const TRACE_FAULTS = {refused: ['bad', 'refused'], overflows: ['bad', 'overflows'], notOffered: ['bad', 'not offered'], undeclared: ['warn', 'tag not declared'], gated: ['warn', 'gate closed'], fallback: ['warn', 'fallback written']};
 // Columns that count verdicts, with the words of the verdicts.
 const TRACE_VERDICTS = {overflows: 'overflows', notOffered: 'not-offered', fallback: 'fallback'};
-const TRACE_TONES = {refused: 'bad', undeclared: 'warn', gated: 'warn', lost: 'warn', told: 'good'};
+const TRACE_TONES = {refused: 'bad', undeclared: 'warn', gated: 'warn', lost: 'warn', logged: 'good'};
 
 const verdictOf = (item, key) => (item.data.verdicts || []).find((each) => each.key === key);
 
@@ -93,8 +93,8 @@ class TraceEvents {
 
     badges() {
         const of = (kind) => this.all.filter((item) => item.kind === kind).length;
-        const judged = (verdict) => this.all.filter((item) => (item.data.verdicts || []).some((each) => each.verdict === verdict)).length;
-        const found = [['bad', of('refused'), 'refused'], ['bad', judged('not-offered'), 'not offered'], ['warn', of('undeclared'), 'not declared'], ['warn', judged('fallback'), 'fallback written']];
+        const countOf = (verdict) => this.all.filter((item) => (item.data.verdicts || []).some((each) => each.verdict === verdict)).length;
+        const found = [['bad', of('refused'), 'refused'], ['bad', countOf('not-offered'), 'not offered'], ['warn', of('undeclared'), 'not declared'], ['warn', countOf('fallback'), 'fallback written']];
         return [badge('plain', counted(of('entry'), 'entry', 'entries')), badge('plain', counted(of('message'), 'message')),
             ...found.filter(([, count]) => count > 0).map(([tone, count, what]) => badge(tone, `${count.toLocaleString('en')} ${what}`))];
     }
@@ -107,12 +107,12 @@ class TraceEvents {
         const text = data.removed ? null : data.value === undefined || data.value === null ? 'unknown' : String(data.value);
         const side = data.of === 'result' ? 'result' : 'request';
         const tone = TRACE_TONES[kind] || side;
-        if (data.tag && ['entry', 'told', 'refused'].includes(kind)) lanes.lane(side, data.tag, shortName(data.tag)).push(item.index, kind === 'refused' ? `refused: ${text}` : text, kind === 'entry' ? side : tone);
+        if (data.tag && ['entry', 'logged', 'refused'].includes(kind)) lanes.lane(side, data.tag, shortName(data.tag)).push(item.index, kind === 'refused' ? `refused: ${text}` : text, kind === 'entry' ? side : tone);
         for (const key of kind === 'entry' ? [] : data.keys || []) {
             const lane = lanes.lane('parameter', key, key);
             const value = parameterText(item, key);
             lane.marks = true;
-            lane.push(item.index, value !== undefined ? value : kind === 'told' ? `${text}` : kind, verdictOf(item, key) ? verdictTone(verdictOf(item, key).verdict) : tone === side ? 'info' : tone);
+            lane.push(item.index, value !== undefined ? value : kind === 'logged' ? `${text}` : kind, verdictOf(item, key) ? verdictTone(verdictOf(item, key).verdict) : tone === side ? 'info' : tone);
         }
         if (kind === 'message') lanes.mark('messages', item, data.message, data.derived ? 'plain' : 'info');
         else if (['request', 'result', 'list', 'parameters'].includes(kind)) lanes.mark('commands', item, data.text || kind, 'info');
@@ -164,7 +164,7 @@ function refusedText(row, {tag, value}, written) {
 function traceText({kind, data}) {
     const value = data.removed ? 'removed' : data.value === null ? 'unknown' : data.value;
     const texts = {
-        entry: () => `${data.of} ${shortName(data.tag)}: ${value}`, told: () => `${shortName(data.tag)}: ${value}, to be written`, undeclared: () => `${shortName(data.tag)}: tag not declared`,
+        entry: () => `${data.of} ${shortName(data.tag)}: ${value}`, logged: () => `${shortName(data.tag)}: ${value}, to be written`, undeclared: () => `${shortName(data.tag)}: tag not declared`,
         refused: () => `${shortName(data.tag)}: ${value} refused, status ${data.status === undefined ? 'unknown' : data.status}`, gated: () => `${(data.keys || []).join(', ')}: gate closed: ${data.cause}`,
         message: () => `message ${data.message} ${(data.fields || []).map((field) => (field.name ? `${field.name}=${field.value}` : field.value)).join(' ')}`,
     };
@@ -173,7 +173,7 @@ function traceText({kind, data}) {
 
 // The outcome of each parameter, and the parameters that no line contains.
 function outcomesView(events) {
-    const words = {...TRACE_FAULTS, written: ['good', 'written'], told: ['good', 'logged'], set: ['info', 'set']};
+    const words = {...TRACE_FAULTS, written: ['good', 'written'], logged: ['good', 'logged'], set: ['info', 'set']};
     const rows = events.parameters.map((row) => {
         const outcomes = Object.keys(words).filter((outcome) => row[outcome] && row[outcome].times > 0);
         const lines = (outcome) => `${counted(row[outcome].times, 'line')}: ${row[outcome].lines.slice(0, 40).join(', ')}${row[outcome].lines.length > 40 ? ' ...' : ''}`;
