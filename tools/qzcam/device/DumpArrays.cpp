@@ -67,7 +67,7 @@ void DumpReader::openArray() {
     mHeading = heading;
     mArrayIndent = mIndent;
     mInEntry = false;
-    MetadataArray array{};
+    MetadataArray array;
     array.line = mNumber;
     array.camera = mCamera;
     array.previousSession = mPrevious;

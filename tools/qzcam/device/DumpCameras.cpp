@@ -49,7 +49,7 @@ bool DumpReader::hasRoomFor(std::string_view name) {
 ReportedCamera& DumpReader::camera(std::string_view id) {
     auto* known = findIf(mReport.cameras, [&](const ReportedCamera& each) { return each.id == id; });
     if (known != nullptr) return *known;
-    ReportedCamera camera{};
+    ReportedCamera camera;
     camera.id = id;
     camera.name = id;
     camera.line = mNumber;

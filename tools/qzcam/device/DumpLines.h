@@ -23,7 +23,7 @@ std::optional<ArrayEntry> parseEntry(std::string_view body);
 // the word in brackets.
 struct VendorTagLine {
     VendorTag tag;
-    uint64_t type;
+    uint64_t type = 0;
     std::string_view typeName;
 };
 std::optional<VendorTagLine> parseVendorTag(std::string_view body);

@@ -12,9 +12,9 @@ namespace qzcam {
 // A fault of the HAL in the text. It has a consequence for the device too.
 struct Fault {
     enum class Kind { NameOfTwoTypes, NumberOfTwoNames, LengthAgainstType };
-    Kind kind;
-    size_t line;
-    size_t otherLine;  // line of the first of the two; otherwise 0
+    Kind kind = Kind::NameOfTwoTypes;
+    size_t line = 0;
+    size_t otherLine = 0;  // line of the first of the two; otherwise 0
     std::string text;
     std::string consequence;
 };
@@ -23,7 +23,7 @@ const char* nameOf(Fault::Kind kind);
 
 // A place where the text ends early.
 struct Cut {
-    size_t line;
+    size_t line = 0;
     std::string text;  // "the array of static characteristics ends with 12 of 140 entries"
 };
 
@@ -43,10 +43,10 @@ struct UnusedPart {
         HalText,        // free text of the HAL
         OtherBlock,     // vendor tags of another provider than the camera's
     };
-    Kind kind;
-    size_t line;
-    size_t lastLine;
-    size_t count;
+    Kind kind = Kind::GarbledLine;
+    size_t line = 0;
+    size_t lastLine = 0;
+    size_t count = 1;
     std::string name;  // name of the entry or tag, or the beginning of the line
 };
 

@@ -16,9 +16,9 @@ namespace qzcam {
 struct FoundParameters {
     // Sources in the order of their value: the last one describes a running application best.
     enum class Source { Defaults, Reported, Dumped, Set };
-    Source source;
+    Source source = Source::Set;
     std::string what;  // "setParameters of process 812"
-    size_t line;
+    size_t line = 0;
     std::optional<size_t> announced;  // number of parameters in the head of a dump
     ParameterText text;
 };

@@ -35,13 +35,13 @@ enum class Place : uint8_t {
 
 // An entry of an array in its printed form: "android.lens.facing (80005): byte[1]" and its value lines.
 struct ArrayEntry {
-    size_t line;
-    uint32_t id;
-    size_t count;
+    size_t line = 0;
+    uint32_t id = 0;
+    size_t count = 0;
     std::string_view name;    // as printed; "unknownSection.unknownTag" if the platform knew none
     std::string_view type;    // as printed: "byte"
     std::string_view values;  // the value lines, from the first '[' to the end of the last line
-    size_t valuesLine;        // first value line
+    size_t valuesLine = 0;    // first value line
 };
 
 // The readable elements of an entry.
@@ -63,9 +63,9 @@ struct MetadataArray {
     std::string_view detail;          // Template: "PREVIEW"; Other: the heading
     std::string_view camera;          // id of the camera; empty if the text before the array has none
     std::string_view physicalCamera;  // for static characteristics and frames of a physical camera
-    size_t line;                      // line of "Dumping camera metadata array"
+    size_t line = 0;                  // line of "Dumping camera metadata array"
     std::optional<size_t> announced;  // entries in its own header; none for "Not allocated"
-    bool previousSession;             // the session was closed before the dump
+    bool previousSession = false;     // the session was closed before the dump
     std::vector<ArrayEntry> entries;
 };
 
@@ -74,9 +74,9 @@ struct MetadataArray {
 std::string nameOf(const MetadataArray& array);
 
 struct VendorTag {
-    size_t line;
-    uint32_t id;
-    uint8_t type;
+    size_t line = 0;
+    uint32_t id = 0;
+    uint8_t type = 0;
     std::string_view section;
     std::string_view name;  // without its section
 };
@@ -84,7 +84,7 @@ struct VendorTag {
 // The vendor tags of one provider; in 7.1 the only ones.
 struct VendorBlock {
     std::optional<uint64_t> vendorId;  // from Android 8 on
-    size_t line;
+    size_t line = 0;
     std::optional<size_t> announced;  // tags in its own header; none for "None set"
     std::vector<VendorTag> tags;      // in the order of the text
 };
@@ -98,52 +98,52 @@ struct ReportedCamera {
     std::string_view level;     // "FULL", as in its static entry; or empty
     std::optional<int> orientation;
     std::vector<std::string> physicalIds;
-    size_t line;
-    bool hasStatic;  // its static section is in this text
-    bool isOpen;
+    size_t line = 0;
+    bool hasStatic = false;  // its static section is in this text
+    bool isOpen = false;
     std::string_view client;  // package of the client that has opened it
 };
 
 // `Device 4 maps to "8"`: the number that open() of the first camera interface takes, and its camera.
 struct ApiDevice {
-    int number;
+    int number = 0;
     std::string_view id;
-    size_t line;
+    size_t line = 0;
 };
 
 struct Provider {
     std::string_view name;            // "legacy/0"
     std::string_view version;         // "2.4, remote"
     std::optional<size_t> announced;  // devices in its own header
-    size_t line;
+    size_t line = 0;
 };
 
 struct ShimParameter {
-    size_t line;
+    size_t line = 0;
     std::string_view key;
     std::string_view value;
-    bool cut;  // the service prints 254 bytes on a line; the value continues on the next one
+    bool cut = false;  // the service prints 254 bytes on a line; the value continues on the next one
 };
 
 // Default parameters of a camera, converted by the platform.
 struct ShimParameters {
     std::string_view camera;
-    size_t line;
+    size_t line = 0;
     std::optional<size_t> announced;
-    bool previousSession;
+    bool previousSession = false;
     std::vector<ShimParameter> parameters;
 };
 
 // Lines that another reader or no reader understands: a tag monitor, a HAL's own text.
 struct TextBlock {
     std::string_view camera;
-    size_t line;  // first line
+    size_t line = 0;  // first line
     std::string_view text;
-    bool previousSession;
+    bool previousSession = false;
 };
 
 struct ReportedLine {
-    size_t line;
+    size_t line = 0;
     std::string_view text;  // the text without blanks around it
 };
 
