@@ -9,7 +9,7 @@
 namespace qzcam {
 
 struct StandardKey {
-    const char* key;
+    const char* key = "";
     const char* words = "";  // words of its value, separated by blanks; empty if the value is not a word
 };
 
