@@ -7,8 +7,11 @@
 //
 // The property "camera.qzperformex.loglevel" (decimal, 0x or 0 octal) is read with every batch of requests.
 // It chooses how much is logged; each level adds to the one before:
-//   0 nothing  1 the kind of request, and the checks of skipRoundBuffer  2 the chosen tags of static info and requests
-//   3 the chosen tag and the identity of results  4 all vendor tags and static entries, in setInfo
+//   0 nothing
+//   1 the kind of request, and the checks of skipRoundBuffer
+//   2 the chosen tags of static info and requests
+//   3 the chosen tag and the identity of results
+//   4 all vendor tags and static entries, in setInfo
 //   5 all entries of every request
 // The properties "camera.qzperformex.captag", ".ctrltag" and ".stattag" choose a tag of the static info, of
 // requests and of results by its dotted name, vendor or standard.
