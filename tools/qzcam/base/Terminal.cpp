@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "base/Terminal.h"
 
+#include <fmt/format.h>
 #include <sys/ioctl.h>
 
 #include <algorithm>
@@ -36,6 +37,10 @@ size_t terminalWidth(std::FILE* file) {
     winsize size{};
     const bool known = ioctl(fileno(file), TIOCGWINSZ, &size) == 0 && size.ws_col > 0;
     return known ? size.ws_col : kUsualWidth;
+}
+
+std::string styled(bool colour, const char* style, const std::string& text) {
+    return colour && *style != '\0' ? fmt::format("\033[{}m{}\033[0m", style, text) : text;
 }
 
 std::string wrapped(std::string_view text, size_t width, size_t indent) {

@@ -16,6 +16,7 @@ namespace qzcam {
 std::string_view trimmed(std::string_view text);
 bool startsWith(std::string_view text, std::string_view start);
 bool endsWith(std::string_view text, std::string_view end);
+inline bool isDigit(char c) { return c >= '0' && c <= '9'; }
 bool contains(std::string_view text, std::string_view part);
 std::vector<std::string_view> split(std::string_view text, char separator);
 

@@ -18,7 +18,6 @@ namespace qzcam {
 namespace {
 
 constexpr size_t kMostVendorTags = qz::host::kMaxVendorTags;
-constexpr size_t kLongestName = 100;
 
 class DeviceBuilder {
   public:
@@ -105,7 +104,7 @@ void DeviceBuilder::addVendorTag(const VendorTag& raw) {
         mDevice.vendorTags.push_back(std::move(tag));
         return;
     }
-    addUnused(UnusedPart::Kind::RepeatedTag, raw.line, cut(place->first, kLongestName));
+    addUnused(UnusedPart::Kind::RepeatedTag, raw.line, cut(place->first, kLongestQuotedName));
     mDevice.vendorTags[place->second] = std::move(tag);
 }
 
@@ -135,7 +134,7 @@ void DeviceBuilder::addOtherBlocks(const VendorBlock* chosen) {
 }
 
 void DeviceBuilder::leaveTagsFrom(const std::vector<VendorTag>& tags, size_t index) {
-    addUnused(UnusedPart::Kind::TooManyTags, tags[index].line, cut(tags[index].name, kLongestName));
+    addUnused(UnusedPart::Kind::TooManyTags, tags[index].line, cut(tags[index].name, kLongestQuotedName));
     mDevice.unused.back().lastLine = tags.back().line;
     mDevice.unused.back().count = tags.size() - index;
     mProblems.add(
@@ -166,7 +165,7 @@ void DeviceBuilder::addUsable(const MetadataArray& array, const ArrayEntry& entr
     mSeen.insert(tag.id);
     if (!read.words.empty()) addUnused(UnusedPart::Kind::UnknownWord, entry);
     for (const UnknownWord& word : read.words) {
-        mDevice.unused.back().name += fmt::format(" {}", cut(word.word, kLongestName));
+        mDevice.unused.back().name += fmt::format(" {}", cut(word.word, kLongestQuotedName));
     }
     if (read.cut) ++mDevice.cutLists;
     mDevice.entries.push_back({tag.id, std::move(read.values), read.cut, std::move(read.words)});
@@ -202,8 +201,8 @@ bool DeviceBuilder::isWhole(const MetadataArray& array) const {
 
 void DeviceBuilder::addUnused(UnusedPart::Kind kind, const ArrayEntry& entry) {
     addUnused(kind, entry.line,
-              fmt::format("{} ({:x}) {}[{}]", cut(entry.name, kLongestName), entry.id,
-                          cut(entry.type, kLongestName), entry.count));
+              fmt::format("{} ({:x}) {}[{}]", cut(entry.name, kLongestQuotedName), entry.id,
+                          cut(entry.type, kLongestQuotedName), entry.count));
 }
 
 void DeviceBuilder::addUnused(UnusedPart::Kind kind, size_t line, std::string name) {

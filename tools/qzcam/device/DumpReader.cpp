@@ -16,7 +16,6 @@ namespace qzcam {
 namespace {
 
 constexpr std::string_view kPreviousSession = "Dumpsys from previous open session";
-constexpr size_t kLongestName = 100;
 constexpr std::string_view kServiceEnd = "s was the duration of dumpsys";
 
 // "Camera 0 information", without a frame.
@@ -147,7 +146,7 @@ bool DumpReader::framedTitle() {
             startsWith(title, "Service global info") || startsWith(title, "Camera error traces");
         mStartedService = mStartedService || startsWith(title, "Service global info");
         mTraces = mTraces || startsWith(title, "Camera error traces");
-        if (!isKnown) addUnused(UnusedPart::Kind::Section, cut(title, kLongestName));
+        if (!isKnown) addUnused(UnusedPart::Kind::Section, cut(title, kLongestQuotedName));
         return isKnown;
     }
     return true;
@@ -239,7 +238,7 @@ void DumpReader::closeText() {
     block.text = block.text.substr(0, static_cast<size_t>(mLine.data() - block.text.data()));
     if (mTexts == &mReport.halTexts) {
         addUnused(UnusedPart::Kind::HalText,
-                  cut(trimmed(block.text.substr(0, block.text.find('\n'))), kLongestName));
+                  cut(trimmed(block.text.substr(0, block.text.find('\n'))), kLongestQuotedName));
         mReport.unused.back().line = block.line;
         mReport.unused.back().lastLine = std::max(block.line, mNumber - 1);
     }

@@ -29,7 +29,7 @@ uint32_t standardTagOf(std::string_view name) {
 bool isWord(std::string_view text) {
     const auto isUpper = [](char c) { return c >= 'A' && c <= 'Z'; };
     const auto belongs = [&](char c) {
-        return isUpper(c) || c == '_' || (c >= '0' && c <= '9') || (c >= 'a' && c <= 'z');
+        return isUpper(c) || c == '_' || isDigit(c) || (c >= 'a' && c <= 'z');
     };
     return std::all_of(text.begin(), text.end(), belongs) && std::any_of(text.begin(), text.end(), isUpper);
 }

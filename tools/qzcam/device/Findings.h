@@ -27,6 +27,8 @@ struct Cut {
     std::string text;  // "the array of static characteristics ends with 12 of 140 entries"
 };
 
+constexpr size_t kLongestQuotedName = 100;  // bytes of a name in a message
+
 // A part of the text that is not used. Many lines of the same kind that follow one another are one item.
 struct UnusedPart {
     enum class Kind {

@@ -121,7 +121,7 @@ Doc docOf(const qz::ResultRow& row) {
 }
 
 template <typename Rows>
-std::vector<Doc> docsOf(const Rows& rows) {
+std::vector<Doc> passDocsOf(const Rows& rows) {
     return mapped(rows, [](const auto& row) { return docOf(row); });
 }
 
@@ -147,7 +147,7 @@ Section parameterSection() {
          {"Property used", "property", "properties", Style::Code},
          {"Kept as", "kept as", "keeps", Style::Code, false},
          {"Feature", "feature", "feature", Style::Text, false}},
-        docsOf(qz::kParameters)};
+        passDocsOf(qz::kParameters)};
 }
 
 Section capabilitySection() {
@@ -165,7 +165,7 @@ Section capabilitySection() {
          {"Echo line", "echo line", "echoLine", Style::Code, false},
          {"Kept as", "kept as", "keeps", Style::Code, false},
          {"Feature", "feature", "feature", Style::Text, false}},
-        docsOf(qz::kCapabilities)};
+        passDocsOf(qz::kCapabilities)};
 }
 
 Section resultSection() {
@@ -179,7 +179,7 @@ Section resultSection() {
              {"Line", "line", "line", Style::Code, false},
              {"Kept as", "kept as", "keeps", Style::Code},
              {"Feature", "feature", "feature", Style::Text, false}},
-            docsOf(qz::kResults)};
+            passDocsOf(qz::kResults)};
 }
 
 }  // namespace qzcam

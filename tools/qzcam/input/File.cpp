@@ -17,7 +17,7 @@ namespace qzcam {
 
 namespace {
 
-constexpr size_t kStep = size_t{256} << 10U;
+constexpr size_t kReadStep = size_t{256} << 10U;
 
 std::string cannotRead(int error) { return fmt::format("cannot read it: {}", std::strerror(error)); }
 
@@ -43,13 +43,13 @@ FileSize sizeOf(int file, const InputLimits& limits) {
 
 std::string readFrom(Memory& bytes, int file, const std::string& name, const InputLimits& limits) {
     const FileSize size = sizeOf(file, limits);
-    bytes = Memory(std::min(size.expected, size.most) + kStep);
+    bytes = Memory(std::min(size.expected, size.most) + kReadStep);
     Progress progress("reading " + name);
     for (;;) {
         if (waitFor(file, limits) == 0) {
             return fmt::format("no input for {} seconds: expected more of it, or its end", limits.seconds);
         }
-        const ssize_t got = read(file, bytes.room(kStep), kStep);
+        const ssize_t got = read(file, bytes.room(kReadStep), kReadStep);
         if (got < 0 && errno != EAGAIN && errno != EINTR) return cannotRead(errno);
         if (got == 0) return {};
         if (got > 0) bytes.filled(static_cast<size_t>(got));

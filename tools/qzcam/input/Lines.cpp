@@ -11,8 +11,6 @@ namespace qzcam {
 
 namespace {
 
-bool isDigit(char c) { return c >= '0' && c <= '9'; }
-
 template <size_t N>
 bool startsWithOne(std::string_view text, const std::array<std::string_view, N>& starts) {
     return std::any_of(starts.begin(), starts.end(),

@@ -12,8 +12,6 @@ namespace {
 
 constexpr size_t kNowhere = std::string_view::npos;
 
-bool isDigit(char c) { return c >= '0' && c <= '9'; }
-
 bool isLevel(char c) { return std::string_view("VDIWEFA").find(c) != kNowhere; }
 
 // Removes characters of the form from the text. '0' in the form stands for any digit.

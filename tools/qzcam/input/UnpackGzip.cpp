@@ -13,7 +13,7 @@ namespace qzcam {
 
 namespace {
 
-constexpr size_t kStep = size_t{256} << 10U;
+constexpr size_t kInflateStep = size_t{256} << 10U;
 
 // Inflates one member after the other.
 class Inflater {
@@ -54,11 +54,11 @@ bool Inflater::step(Memory& to) {
     if (!mReady) return false;
     feed();
     const uInt before = mStream.avail_in;
-    mStream.next_out = reinterpret_cast<Bytef*>(to.room(kStep));
-    mStream.avail_out = kStep;
+    mStream.next_out = reinterpret_cast<Bytef*>(to.room(kInflateStep));
+    mStream.avail_out = kInflateStep;
     mStatus = inflate(&mStream, Z_NO_FLUSH);
     mOffset += before - mStream.avail_in;
-    to.filled(kStep - mStream.avail_out);
+    to.filled(kInflateStep - mStream.avail_out);
     if (mStatus == Z_STREAM_END) return nextMember();
     return mStatus == Z_OK;
 }

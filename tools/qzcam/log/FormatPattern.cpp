@@ -10,7 +10,6 @@ namespace qzcam {
 
 namespace {
 
-bool isDigit(char c) { return c >= '0' && c <= '9'; }
 bool isHex(char c) { return isDigit(c) || (c >= 'a' && c <= 'f'); }
 
 template <typename Wanted>

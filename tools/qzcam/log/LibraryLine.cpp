@@ -14,10 +14,8 @@ namespace qzcam {
 
 namespace {
 
-using Kind = LibraryLine::Kind;
-
 // One line of a format.
-struct Known {
+struct FormatLine {
     const qz::LogLine* line;
     size_t part;
     bool namesFunction;  // the first value is the function's name
@@ -53,7 +51,7 @@ class Index {
     bool has(const std::string& tag) const { return mByTag.count(tag) != 0; }
 
     void forEach(const std::string& tag, std::string_view message,
-                 const std::function<void(const Known&)>& take) const {
+                 const std::function<void(const FormatLine&)>& take) const {
         const auto found = mByTag.find(tag);
         if (found == mByTag.end()) return;
         for (const std::string& word : {std::string(leadingWord(message)), std::string()}) {
@@ -86,7 +84,7 @@ class Index {
         mKnown.push_back({&line, part, namesFunction, FormatPattern(format)});
     }
 
-    std::vector<Known> mKnown;
+    std::vector<FormatLine> mKnown;
     std::unordered_map<std::string, std::unordered_map<std::string, Places>> mByTag;
 };
 
@@ -96,7 +94,7 @@ const Index& index() {
 }
 
 struct Candidate {
-    const Known* known;
+    const FormatLine* known;
     FormatPattern::Match match;
 };
 
@@ -110,7 +108,7 @@ bool isPlausible(const Candidate& candidate, bool lacksTag) {
 
 std::vector<Candidate> candidates(const LogLine& line, std::string_view message, bool whole) {
     std::vector<Candidate> found;
-    const auto consider = [&](const Known& known) {
+    const auto consider = [&](const FormatLine& known) {
         auto match = whole ? known.pattern.match(message) : known.pattern.matchBeginning(message);
         if (!match) return;
         Candidate candidate{&known, std::move(*match)};
@@ -156,16 +154,16 @@ auto* findRow(const Rows& rows, const std::string& function) {
 bool isSame(const char* a, const char* b) { return a != nullptr && b != nullptr && std::string_view(a) == b; }
 
 void setParameterKind(LibraryLine& found) {
-    if (isSame(found.parameter->information, found.line->format)) found.kind = Kind::Information;
+    if (isSame(found.parameter->information, found.line->format)) found.kind = LibraryLine::Kind::Information;
     for (const qz::EntryRow& entry : found.parameter->entries) {
         if (!isSame(entry.refused, found.line->format)) continue;
-        found.kind = Kind::Refused;
+        found.kind = LibraryLine::Kind::Refused;
         found.entry = &entry;
     }
 }
 
 void setRows(LibraryLine& found) {
-    if (std::string_view(found.line->logTag) == qz::kInspectorLog) found.kind = Kind::Inspection;
+    if (std::string_view(found.line->logTag) == qz::kInspectorLog) found.kind = LibraryLine::Kind::Inspection;
     found.parameter = findRow(qz::kParameters, found.function);
     found.capability = findRow(qz::kCapabilities, found.function);
     found.result = findRow(qz::kResults, found.function);

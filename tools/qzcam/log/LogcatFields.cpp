@@ -173,7 +173,7 @@ std::string withoutColors(std::string_view text) {
     for (size_t at = 0; at < text.size(); ++at) {
         if (text.substr(at, 2) == "\x1b[") {
             size_t end = at + 2;
-            while (end < text.size() && (text[end] == ';' || (text[end] >= '0' && text[end] <= '9'))) ++end;
+            while (end < text.size() && (text[end] == ';' || isDigit(text[end]))) ++end;
             if (end < text.size() && text[end] == 'm') {
                 at = end;
                 continue;

@@ -2,6 +2,7 @@
 // Reads fields of log lines, and undoes the text changes of logcat's modifiers.
 #pragma once
 
+#include "base/Text.h"
 #include "log/Logcat.h"
 
 #include <optional>
@@ -36,9 +37,7 @@ class Scan {
     void skipBlanks() {
         takeWhile([](char c) { return c == ' '; });
     }
-    std::string_view takeDigits() {
-        return takeWhile([](char c) { return c >= '0' && c <= '9'; });
-    }
+    std::string_view takeDigits() { return takeWhile(isDigit); }
 
   private:
     std::string_view mRest;

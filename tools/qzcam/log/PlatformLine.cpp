@@ -9,59 +9,59 @@ namespace qzcam {
 
 namespace {
 
-using Kind = PlatformLine::Kind;
-using Values = std::vector<PrintedValue>;
+using LineKind = PlatformLine::Kind;
+using PrintedValues = std::vector<PrintedValue>;
 
-void readMistyped(PlatformLine& line, const Values& values) {
+void readMistyped(PlatformLine& line, const PrintedValues& values) {
     line.tag = values[0].text;
     line.declared = values[2].text;
     line.given = values[3].text;
 }
 
-void readName(PlatformLine& line, const Values& values) { line.tag = values[0].text; }
+void readName(PlatformLine& line, const PrintedValues& values) { line.tag = values[0].text; }
 
-void readPair(PlatformLine& line, const Values& values) {
+void readPair(PlatformLine& line, const PrintedValues& values) {
     line.parameters.emplace_back(values[0].text, values[1].text);
 }
 
-void readNothing(PlatformLine& /*line*/, const Values& /*values*/) {}
+void readNothing(PlatformLine& /*line*/, const PrintedValues& /*values*/) {}
 
-struct Known {
+struct KnownLine {
     const char* logTag;
-    Kind kind;
+    LineKind kind;
     FormatPattern pattern;
-    void (*read)(PlatformLine&, const Values&);
+    void (*read)(PlatformLine&, const PrintedValues&);
 };
 
-const std::vector<Known>& known() {
+const std::vector<KnownLine>& known() {
     constexpr const char* mistyped =
         "Mismatched tag type when updating entry %s (%d) of type %s; got type %s data instead ";
     constexpr const char* unknown = "Update metadata entry: Unknown tag %d";
-    const auto row = [](const char* logTag, Kind kind, const char* format,
-                        void (*read)(PlatformLine&, const Values&)) {
-        return Known{logTag, kind, FormatPattern(format), read};
+    const auto row = [](const char* logTag, LineKind kind, const char* format,
+                        void (*read)(PlatformLine&, const PrintedValues&)) {
+        return KnownLine{logTag, kind, FormatPattern(format), read};
     };
-    static const std::vector<Known> rows{
-        row("Camera2-Metadata", Kind::Mistyped, mistyped, readMistyped),
-        row("CamComm1.0-MD", Kind::Mistyped, mistyped, readMistyped),
-        row("Camera2-Metadata", Kind::UnknownTag, unknown, readNothing),
-        row("CamComm1.0-MD", Kind::UnknownTag, unknown, readNothing),
-        row("VendorTagDescriptor", Kind::NoTag, "lookupTag: Tag name '%s' does not exist.", readName),
-        row("VendorTagDescriptor", Kind::NoSection, "lookupTag: Section '%s' does not exist.", readName),
-        row("VendorTagDescriptor", Kind::NoType, "%s: tag type %d from vendor ops does not exist.",
+    static const std::vector<KnownLine> rows{
+        row("Camera2-Metadata", LineKind::Mistyped, mistyped, readMistyped),
+        row("CamComm1.0-MD", LineKind::Mistyped, mistyped, readMistyped),
+        row("Camera2-Metadata", LineKind::UnknownTag, unknown, readNothing),
+        row("CamComm1.0-MD", LineKind::UnknownTag, unknown, readNothing),
+        row("VendorTagDescriptor", LineKind::NoTag, "lookupTag: Tag name '%s' does not exist.", readName),
+        row("VendorTagDescriptor", LineKind::NoSection, "lookupTag: Section '%s' does not exist.", readName),
+        row("VendorTagDescriptor", LineKind::NoType, "%s: tag type %d from vendor ops does not exist.",
             readNothing),
-        row("Camera3-TagMonitor", Kind::NotMonitored, "parseTagsToMonitor: Unknown tag %s, ignoring",
+        row("Camera3-TagMonitor", LineKind::NotMonitored, "parseTagsToMonitor: Unknown tag %s, ignoring",
             readName),
-        row("CameraParams", Kind::ParameterCount, "dump: mMap.size = %d", readNothing),
-        row("CameraParams", Kind::Parameter, "%s: %s", readPair),
-        row("Camera", Kind::ParameterCount, "dump: size=%d", readNothing),
-        row("Camera", Kind::Parameter, "dump: %s=%s", readPair),
+        row("CameraParams", LineKind::ParameterCount, "dump: mMap.size = %d", readNothing),
+        row("CameraParams", LineKind::Parameter, "%s: %s", readPair),
+        row("Camera", LineKind::ParameterCount, "dump: size=%d", readNothing),
+        row("Camera", LineKind::Parameter, "dump: %s=%s", readPair),
     };
     return rows;
 }
 
 bool isKnownTag(const std::string& tag) {
-    for (const Known& row : known()) {
+    for (const KnownLine& row : known()) {
         if (tag == row.logTag) return true;
     }
     return false;
@@ -81,7 +81,8 @@ std::optional<LoggedParameters> loggedBy(const LogLine& line) {
 }
 
 PlatformLine describe(const LoggedParameters& logged) {
-    constexpr Kind kinds[] = {Kind::SetParameters, Kind::GetParameters, Kind::DefaultParameters};
+    constexpr LineKind kinds[] = {LineKind::SetParameters, LineKind::GetParameters,
+                                  LineKind::DefaultParameters};
     PlatformLine line;
     line.kind = kinds[static_cast<size_t>(logged.kind)];
     line.cut = logged.cut;
@@ -90,7 +91,7 @@ PlatformLine describe(const LoggedParameters& logged) {
     return line;
 }
 
-PlatformLine describe(const Known& row, const Values& values, const LogLine& line) {
+PlatformLine describe(const KnownLine& row, const PrintedValues& values, const LogLine& line) {
     PlatformLine found;
     found.kind = row.kind;
     found.cut = line.message.size() >= kNativeLimit;
@@ -104,9 +105,9 @@ std::optional<PlatformLine> recognisePlatformLine(const LogLine& line) {
     if (const auto logged = loggedBy(line)) return describe(*logged);
     if (!line.tag.empty() && !isKnownTag(line.tag)) return std::nullopt;
     const std::string_view message = std::string_view(line.message).substr(0, kPayloadLimit);
-    for (const Known& row : known()) {
+    for (const KnownLine& row : known()) {
         // Without a log tag the "key: value" of a list could be anything.
-        if (line.tag.empty() ? row.kind == Kind::Parameter : line.tag != row.logTag) continue;
+        if (line.tag.empty() ? row.kind == LineKind::Parameter : line.tag != row.logTag) continue;
         if (const auto match = row.pattern.match(message)) return describe(row, match->values, line);
     }
     return std::nullopt;

@@ -13,7 +13,7 @@ namespace qzcam {
 
 namespace {
 
-using nlohmann::json;
+using Json = nlohmann::ordered_json;
 using Kind = MatrixChange::Kind;
 
 // Returns nothing for an unknown word.
@@ -47,30 +47,30 @@ bool isWorse(const std::vector<MatrixChange>& changes) {
 }
 
 std::optional<Baseline> Baseline::read(std::string_view text, Problems& problems) try {
-    const json file = json::parse(text);
+    const Json file = Json::parse(text);
     if (file.at("format") != kMatrixFormat || file.at("version") != kMatrixVersion) {
         problems.add(0, "expected format qzcam-matrix, version 1: the output of 'qzcam matrix --json'");
         return std::nullopt;
     }
     Baseline baseline;
     std::vector<Verdicts*> columns;
-    for (const json& column : file.at("columns")) {
+    for (const Json& column : file.at("columns")) {
         Input& input = baseline.mInputs[column.at("input")];
         const bool isUsable = !column.contains("error");
-        const std::string camera = isUsable ? column.at("camera") : json("");
+        const std::string camera = isUsable ? column.at("camera") : Json("");
         if (isUsable) input.names.emplace(numberOf(camera), camera);
         columns.push_back(isUsable ? &input.cameras[numberOf(camera)] : nullptr);
     }
-    for (const json& row : file.at("tags")) {
+    for (const Json& row : file.at("tags")) {
         const RowKey key{row.at("tag"), row.at("use")};
         for (size_t i = 0; i < columns.size(); ++i) {
-            const json& cell = row.at("cells").at(i);
+            const Json& cell = row.at("cells").at(i);
             const auto verdict = cell.is_null() ? std::nullopt : verdictOf(cell.at("verdict"));
             if (verdict && columns[i] != nullptr) columns[i]->emplace(key, *verdict);
         }
     }
     return baseline;
-} catch (const json::exception& error) {
+} catch (const Json::exception& error) {
     problems.add(0, std::string("expected the output of 'qzcam matrix --json': ") + error.what());
     return std::nullopt;
 }

@@ -21,7 +21,7 @@ namespace qzcam {
 namespace {
 
 namespace fs = std::filesystem;
-using nlohmann::json;
+using Json = nlohmann::ordered_json;
 
 bool isHidden(const fs::path& path) { return startsWith(path.filename().string(), "."); }
 
@@ -68,17 +68,17 @@ std::string reasonOf(const TagCheck& check) {
 }
 
 // A check leaves out standard entries without a fault: their rows stay fine.
-json columnOf(const Device& device) {
-    json cells(matrixRows().size(), json::array({static_cast<int>(TagVerdict::Fine), ""}));
+Json columnOf(const Device& device) {
+    Json cells(matrixRows().size(), Json::array({static_cast<int>(TagVerdict::Fine), ""}));
     for (const TagCheck& check : checkDevice(device).tags) {
-        cells[rowOf(check)] = json::array({static_cast<int>(check.verdict), reasonOf(check)});
+        cells[rowOf(check)] = Json::array({static_cast<int>(check.verdict), reasonOf(check)});
     }
     return {{"camera", device.camera}, {"vendorTags", device.vendorTags.size()}, {"cells", std::move(cells)}};
 }
 
 // Runs in its own process. The messages of the readers go to its standard error.
 std::string columnsOf(const std::string& path) {
-    json columns = json::array();
+    Json columns = Json::array();
     const auto text = readFile(path);
     const auto first = text ? readDevice(*text, {}) : std::nullopt;
     if (first && (!first->device.otherCameras.empty() || canBeChecked(first->device))) {
@@ -87,7 +87,7 @@ std::string columnsOf(const std::string& path) {
             columns.push_back(columnOf(otherCamera(*first, camera).device));
         }
     }
-    return columns.dump(-1, ' ', true, json::error_handler_t::replace);
+    return columns.dump(-1, ' ', true, Json::error_handler_t::replace);
 }
 
 // A message about several cameras of an input is printed once.
@@ -111,10 +111,10 @@ std::string reasonIn(const std::vector<std::string>& messages, const MatrixInput
 std::vector<MatrixColumn> columnsOf(const MatrixInput& input, const WorkResult& result) {
     std::vector<MatrixColumn> columns;
     const std::vector<std::string> messages = distinctLines(result.messages);
-    const json read = result.failure.empty() ? json::parse(result.text) : json::array();
-    for (const json& each : read) {
+    const Json read = result.failure.empty() ? Json::parse(result.text) : Json::array();
+    for (const Json& each : read) {
         MatrixColumn column{input.name, each.at("camera"), each.at("vendorTags"), {}, {}, messages};
-        for (const json& cell : each.at("cells")) {
+        for (const Json& cell : each.at("cells")) {
             column.cells.push_back({static_cast<TagVerdict>(cell.at(0).get<int>()), cell.at(1)});
         }
         columns.push_back(std::move(column));

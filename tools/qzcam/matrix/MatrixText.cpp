@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
+#include "base/Terminal.h"
 #include "base/Text.h"
 #include "matrix/MatrixReport.h"
+#include "verdict/CheckReport.h"
 
 #include <fmt/format.h>
 
@@ -9,6 +11,8 @@
 namespace qzcam {
 
 namespace {
+
+using Kind = MatrixChange::Kind;
 
 constexpr size_t kColumnsABlock = 12;
 constexpr int kCellWidth = 6;
@@ -48,7 +52,7 @@ class MatrixText {
     void addWorst(const std::vector<TextRow>& rows);
     void addChanges();
     std::string styled(const char* style, const std::string& text) const {
-        return mColour ? fmt::format("\033[{}m{}\033[0m", style, text) : text;
+        return qzcam::styled(mColour, style, text);
     }
 
     const MatrixView& mView;
@@ -56,11 +60,6 @@ class MatrixText {
     bool mColour;
     std::string mText;
 };
-
-const char* styleOf(TagVerdict verdict) {
-    if (verdict == TagVerdict::Mistyped || verdict == TagVerdict::Malformed) return "31";
-    return verdict == TagVerdict::Fine ? "32" : verdict == TagVerdict::Doubtful ? "33" : "2";
-}
 
 std::string markOf(TagVerdict verdict) { return {kMarks[static_cast<size_t>(verdict)]}; }
 
@@ -158,7 +157,6 @@ void MatrixText::addChanges() {
         return std::count_if(mView.changes->begin(), mView.changes->end(),
                              [&](const MatrixChange& change) { return change.kind == kind; });
     };
-    using Kind = MatrixChange::Kind;
     mText += fmt::format("\nsince the baseline: {} worse, {} gone, {} better, {} new\n", count(Kind::Worse),
                          count(Kind::Gone), count(Kind::Better), count(Kind::New));
     for (const MatrixChange& change : *mView.changes) {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "output/Printer.h"
 
+#include "base/Terminal.h"
 #include "facts/Vocabulary.h"
 #include "host/EventWords.h"
 #include "host/VisibleEvent.h"
@@ -99,7 +100,7 @@ bool wantsColour(std::FILE* out) {
 }
 
 std::string Printer::styled(const char* style, const std::string& text) const {
-    return mColour && *style != '\0' ? fmt::format("\033[{}m{}\033[0m", style, text) : text;
+    return qzcam::styled(mColour, style, text);
 }
 
 std::string Printer::marked(Change change, const std::string& text) const {

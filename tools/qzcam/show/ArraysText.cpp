@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
+#include "base/Terminal.h"
 #include "base/Text.h"
 #include "show/ShowReport.h"
 #include "show/Table.h"
@@ -17,7 +18,7 @@ std::string arraysText(const std::vector<const MetadataArray*>& arrays, const Sh
                         array->entries.size() == 1 ? "entry" : "entries", array->line,
                         array->previousSession ? ", previous session" : "");
         text += text.empty() ? "" : "\n";
-        text += view.colour ? fmt::format("\033[1m{}\033[0m\n", visible(title)) : visible(title) + "\n";
+        text += styled(view.colour, "1", visible(title)) + "\n";
         std::vector<Row> rows;
         for (const ArrayEntry& entry : array->entries) {
             const EntryValues values = readValues(entry);

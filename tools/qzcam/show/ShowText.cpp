@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
+#include "base/Terminal.h"
 #include "base/Text.h"
 #include "show/ShowReport.h"
 #include "show/Table.h"
@@ -37,9 +38,7 @@ class Text {
     void addCuts();
     void addDifferences();
     void addLeft();
-    void heading(const std::string& text) {
-        mText += "\n" + (mView.colour ? fmt::format("\033[1m{}\033[0m", text) : text) + "\n";
-    }
+    void heading(const std::string& text) { mText += "\n" + styled(mView.colour, "1", text) + "\n"; }
     bool shows(std::string_view camera) const { return mView.camera.empty() || camera == mView.camera; }
 
     const Contents& mContents;

@@ -7,6 +7,12 @@
 
 namespace qzcam {
 
+namespace {
+
+using Kind = TraceItem::Kind;
+
+}  // namespace
+
 void ParameterTable::addTo(const TraceItem& item, const std::vector<std::string>& keys, Count Row::*count) {
     for (const std::string& key : keys) {
         Row& row = mRows[key];
@@ -20,7 +26,6 @@ void ParameterTable::addTo(const TraceItem& item, const std::vector<std::string>
 }
 
 void ParameterTable::add(const TraceItem& item) {
-    using Kind = TraceItem::Kind;
     for (const VerdictRow& verdict : item.verdicts) {
         const bool isFallback = verdict.verdict == Verdict::Fallback;
         addTo(item, {verdict.key},

@@ -13,6 +13,7 @@ namespace qzcam {
 namespace {
 
 using Json = nlohmann::ordered_json;
+using Kind = TraceItem::Kind;
 
 constexpr int kVersion = 1;
 
@@ -42,7 +43,6 @@ void addPlace(Json& json, const TraceItem& item) {
 }
 
 void addEntry(Json& json, const TraceItem& item) {
-    using Kind = TraceItem::Kind;
     addIf(json, "tag", !item.tag.empty(), item.tag);
     addIf(json, "removed", item.isRemoved, true);
     const bool hasValue = item.kind == Kind::Entry || item.kind == Kind::Logged || item.kind == Kind::Refused;

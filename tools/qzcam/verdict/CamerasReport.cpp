@@ -2,6 +2,7 @@
 #include "verdict/CamerasReport.h"
 
 #include "base/Lists.h"
+#include "base/Terminal.h"
 #include "base/Text.h"
 #include "verdict/CheckReport.h"
 
@@ -61,7 +62,7 @@ std::string titleOf(const CheckedCamera& camera) {
 
 std::string padded(const Cell& cell, size_t width, bool colour) {
     const std::string text = fmt::format("{:>{}}", cell.text, width);
-    return colour ? withStyle(cell.style, text) : text;
+    return styled(colour, cell.style, text);
 }
 
 std::string tableText(const Cameras& cameras, bool colour) {
@@ -100,7 +101,7 @@ std::string findingsText(const Cameras& cameras, bool colour) {
         const bool isEverywhere = titles.size() == cameras.size();
         const std::string name = fmt::format("{:<9}", nameOf(verdict));
         text += fmt::format("  {}  {:<10}  {}  ({})\n                         {}\n",
-                            colour ? withStyle(styleOf(verdict), name) : name, use, tag,
+                            styled(colour, styleOf(verdict), name), use, tag,
                             isEverywhere ? "all cameras" : fmt::format("{}", fmt::join(titles, ", ")), words);
     }
     return text.empty() ? text : "\n" + text;

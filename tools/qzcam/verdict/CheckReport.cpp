@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "verdict/CheckReport.h"
 
+#include "base/Terminal.h"
 #include "base/Text.h"
 #include "device/FindingsJson.h"
 #include "facts/RowTexts.h"
@@ -28,7 +29,7 @@ class CheckText {
     void addUnused();
     void addVerdict(const Device& device);
     std::string styled(const char* style, const std::string& text) const {
-        return mColour ? withStyle(style, text) : text;
+        return qzcam::styled(mColour, style, text);
     }
 
     const DeviceCheck& mCheck;
@@ -144,10 +145,6 @@ const char* jsonWord(TagVerdict verdict) {
 const char* styleOf(TagVerdict verdict) {
     if (verdict == TagVerdict::Mistyped || verdict == TagVerdict::Malformed) return "31";
     return verdict == TagVerdict::Fine ? "32" : verdict == TagVerdict::Doubtful ? "33" : "2";
-}
-
-std::string withStyle(const char* style, const std::string& text) {
-    return fmt::format("\033[{}m{}\033[0m", style, text);
 }
 
 std::string wordsOf(const TagCheck& row) {

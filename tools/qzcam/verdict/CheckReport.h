@@ -24,6 +24,5 @@ std::string wordsOf(const TagCheck& row);
 
 // Returns the terminal style of a verdict, and a text in a style.
 const char* styleOf(TagVerdict verdict);
-std::string withStyle(const char* style, const std::string& text);
 
 }  // namespace qzcam

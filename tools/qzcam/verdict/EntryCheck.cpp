@@ -15,7 +15,6 @@ namespace qzcam {
 
 namespace {
 
-using Form = qz::Publication::Form;
 using Finding = std::optional<TagFinding>;
 
 constexpr size_t kMostUnknown = 8;  // largest number of unknown values in a message
@@ -87,6 +86,7 @@ Finding oddFlag(const Values& entry) {
 }
 
 Finding wrongValues(const qz::Publication& publication, const StaticEntry& entry) {
+    using Form = qz::Publication::Form;
     switch (publication.form) {
         case Form::words:
             return unknownWords(*publication.vocabulary, entry.values);

@@ -17,6 +17,7 @@ namespace qzcam {
 namespace {
 
 using PublishedAs = qz::Publication::Form;
+using Form = qz::KeyRow::Form;
 using Limit = qz::KeyRow::Limit;
 
 constexpr const char* kPictureSizes = "picture-size-values";
@@ -73,7 +74,7 @@ std::string sizeText(double width, double height) { return fmt::format("{:.0f}x{
 
 // Every device accepts a value that switches its feature off.
 bool switchesOff(const qz::Parameter& row, const qz::KeyRow& key, const std::string& value) {
-    if (key.form != qz::KeyRow::Form::word) return value == "0" || value == "auto";
+    if (key.form != Form::word) return value == "0" || value == "auto";
     const qz::Vocabulary* words = row.conversion.vocabulary;
     return words != nullptr && numberOf(*words, value) == 0;
 }
@@ -97,7 +98,6 @@ std::string listText(const qz::Parameter& row, const qz::KeyRow& key, const Text
     if (key.limit == Limit::thumbnailSizes) return sizeOfKeys(row, parameters);
     const std::string& value = parameters.at(key.name);
     const auto numbers = numbersOf(key, value);
-    using Form = qz::KeyRow::Form;
     const bool isSize = (key.form == Form::pair || key.form == Form::tuple) && numbers.size() == 2;
     if (isSize) return sizeText(numbers[0], numbers[1]);
     return key.form == Form::word || !numbers.empty() ? value : "";
@@ -115,8 +115,8 @@ bool isWithin(const Offer& offer, const std::vector<double>& numbers) {
 
 // The value 0 means "auto" if "auto" is written as 0.
 bool isAuto(const qz::KeyRow& key, const std::string& value) {
-    const bool hasAuto = key.form == qz::KeyRow::Form::seconds ||
-                         (key.form == qz::KeyRow::Form::number && key.as == qz::KeyRow::As::text);
+    const bool hasAuto =
+        key.form == Form::seconds || (key.form == Form::number && key.as == qz::KeyRow::As::text);
     return hasAuto && (value == "auto" || numberOf(value) == 0.0);
 }
 
