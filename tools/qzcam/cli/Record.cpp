@@ -32,9 +32,9 @@ ExitStatus record(const RecordOptions& options) {
     const bool written =
         isPrinted ? writeAll(stdout, recording.session) : writeFile(options.output, recording.session);
     if (!written) return kBadInput;
-    const std::string sum = fmt::format("{}, {}, {}, {} left open\n", counted(recording.requests, "request"),
-                                        counted(recording.results, "result"),
-                                        counted(recording.expectations, "expectation"), recording.open);
+    const std::string sum = fmt::format(
+        "{}, {}, {}, {}\n", counted(recording.requests, "request"), counted(recording.results, "result"),
+        counted(recording.expectations, "expectation"), counted(recording.unknown, "unknown value"));
     if (!isPrinted && !writeAll(stdout, sum)) return kBadInput;
     return device->whole ? kFine : kBadInput;
 }

@@ -83,9 +83,7 @@ Comparer::Comparer(const MetadataArray& array, const Device& device, const Libra
       mHere(isResult(array) && library.hasResult ? library.result : library.request),
       mLibrary(library) {
     for (const ArrayEntry& entry : array.entries) {
-        const bool isUnknown = startsWith(entry.name, "unknownSection");
-        std::string tag = isUnknown ? mNames.nameOf(entry.id) : std::string(entry.name);
-        mThere.push_back({std::move(tag), &entry, readValues(entry)});
+        mThere.push_back({mNames.nameOf(entry), &entry, readValues(entry)});
         mTexts.emplace(mThere.back().tag, mThere.back().values.values);
     }
 }

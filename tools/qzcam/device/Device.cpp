@@ -2,6 +2,8 @@
 #include "device/Device.h"
 
 #include "base/Lists.h"
+#include "base/Text.h"
+#include "device/Report.h"
 
 #include <camera/VendorTagDescriptor.h>
 #include <fmt/format.h>
@@ -74,6 +76,10 @@ bool TagNames::knows(const std::string& name) const {
 std::string TagNames::nameOf(uint32_t id) const {
     const auto* tag = findValue(mById, id);
     return tag == nullptr ? fmt::format("{:#x}", id) : (*tag)->fullName();
+}
+
+std::string TagNames::nameOf(const ArrayEntry& entry) const {
+    return startsWith(entry.name, "unknownSection") ? nameOf(entry.id) : std::string(entry.name);
 }
 
 std::vector<std::string> TagNames::fullNames() const {

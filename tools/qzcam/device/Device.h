@@ -31,6 +31,8 @@ struct Tag {
     std::string fullName() const { return section + "." + name; }
 };
 
+struct ArrayEntry;
+
 // Finds tags by their names: the vendor tags of a device and all standard ones.
 class TagNames {
   public:
@@ -48,6 +50,9 @@ class TagNames {
 
     // Returns "section.name", or the number of a tag without a name.
     std::string nameOf(uint32_t id) const;
+
+    // Returns the printed name of an entry, or the name of its number if the platform knew none.
+    std::string nameOf(const ArrayEntry& entry) const;
 
     std::vector<std::string> fullNames() const;
 

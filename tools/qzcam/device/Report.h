@@ -52,6 +52,9 @@ struct EntryValues {
     bool wrongLength = false;  // fewer or more elements than announced, all of them readable
     std::string wrong;         // empty, or the damage; then `values` has the elements before it
     size_t wrongLine = 0;
+
+    // Returns true if all elements are there.
+    bool isWhole() const { return !cut && words.empty() && wrong.empty() && values.count > 0; }
 };
 EntryValues readValues(const ArrayEntry& entry);
 

@@ -86,7 +86,7 @@ PlatformLine describe(const LoggedParameters& logged) {
     PlatformLine line;
     line.kind = kinds[static_cast<size_t>(logged.kind)];
     line.cut = logged.cut;
-    if (logged.kind == LoggedParameters::Kind::Defaults) line.camera = logged.of;
+    (logged.kind == LoggedParameters::Kind::Defaults ? line.camera : line.process) = logged.of;
     for (const Parameter& each : logged.text.parameters) line.parameters.emplace_back(each.key, each.value);
     return line;
 }

@@ -43,6 +43,7 @@ class Recorder {
 
   private:
     void writeHead();
+    std::optional<int> numberOf(const ReportedCamera& camera) const;
     void writeProperties();
     void writeLog(const Evidence& evidence);
     void writeParameters(const PlatformLine& said, size_t line);
@@ -53,7 +54,9 @@ class Recorder {
     void writeSets(const Texts& target, size_t line);
     void writeResult(const Frame& frame);
     void writeArrays();
-    std::vector<Change> changesIn(const MetadataArray& array, bool isResult);
+    void writeArray(const MetadataArray& array);
+    std::vector<Change> changesIn(const MetadataArray& array);
+    bool isKnown(const MetadataArray& array) const;
     std::optional<Change> changeOf(const MonitorEvent& event);
     void expect(const std::vector<Change>& changes);
     void verify();
@@ -63,8 +66,9 @@ class Recorder {
     const EntryTexts mAlways;
     SessionText mText;
     Recording mDone;
-    Texts mSet;           // parameters that the session has set
-    EntryTexts mRequest;  // entries in the last frame
+    Texts mSet;            // parameters that the session has set
+    std::string mProcess;  // that has set them
+    EntryTexts mRequest;   // entries in the last frame
     EntryTexts mResult;
     std::set<std::string> mNamed;  // comments that have been written
 };
@@ -76,17 +80,24 @@ void Recorder::writeHead() {
         "a value that the input leaves unknown.");
     writeProperties();
     const ReportedCamera* camera = findCamera(mInput.report, mInput.device.camera);
-    int number = 0;
-    if (camera != nullptr) {
-        for (const ApiDevice& each : mInput.report.apiMap)
-            number = each.id == camera->id ? each.number : number;
-        const bool hasMap = !mInput.report.apiMap.empty();
-        const auto id = parseInteger(camera->id);
-        if (!hasMap && id && *id >= 0 && *id < 1000) number = static_cast<int>(*id);
+    const auto number = camera == nullptr ? std::optional(0) : numberOf(*camera);
+    if (!number) {
+        mText.comment("the number that opens this camera is unknown: 0 is used", camera->line);
+        ++mDone.unknown;
     }
-    mText.command(fmt::format("open {}", number), camera != nullptr ? camera->line : 0);
+    mText.command(fmt::format("open {}", number.value_or(0)), camera != nullptr ? camera->line : 0);
     if (camera != nullptr && !camera->client.empty())
         mText.command("client " + sessionWord(std::string(camera->client)), camera->line);
+}
+
+// Returns the number that opens the camera: by the map of the dump; without a map its id.
+std::optional<int> Recorder::numberOf(const ReportedCamera& camera) const {
+    for (const ApiDevice& each : mInput.report.apiMap) {
+        if (each.id == camera.id) return each.number;
+    }
+    const auto id = parseInteger(camera.id);
+    const bool isNumber = mInput.report.apiMap.empty() && id && *id >= 0 && *id < 1000;
+    return isNumber ? std::optional(static_cast<int>(*id)) : std::nullopt;
 }
 
 // Writes the properties that the library reads.
@@ -99,8 +110,8 @@ void Recorder::writeProperties() {
                 std::any_of(std::begin(qz::kProperties), std::end(qz::kProperties),
                             [&name = name](const auto& row) { return name == row.property.name; });
             if (!isOurs) continue;
-            const size_t at = part.text.find(name);
-            const auto before = part.text.substr(0, at == std::string_view::npos ? 0 : at);
+            const size_t at = part.text.find(fmt::format("[{}]", name));
+            const auto before = part.text.substr(0, at == std::string_view::npos ? part.text.find(name) : at);
             const auto line = part.firstLine + size_t(std::count(before.begin(), before.end(), '\n'));
             mText.command(fmt::format("setprop {} {}", sessionWord(name), sessionWord(value)), line);
         }
@@ -115,7 +126,8 @@ void Recorder::writeLog(const Evidence& evidence) {
     }
 }
 
-// Each message has the complete list: a key that is no longer in it has been removed, unless the list is cut.
+// Each message has the complete list of its process: a key that is no longer in it has been removed, unless
+// the list is cut.
 void Recorder::writeParameters(const PlatformLine& said, size_t line) {
     Texts target;
     if (said.cut) target = mSet;
@@ -124,6 +136,12 @@ void Recorder::writeParameters(const PlatformLine& said, size_t line) {
         if (keys.count(key) != 0) target[key] = value;
     }
     mText.gap();
+    if (!mProcess.empty() && mProcess != said.process) {
+        mText.comment(fmt::format("process {} sets its own parameters, not those of process {}", said.process,
+                                  mProcess),
+                      line);
+    }
+    mProcess = said.process;
     if (said.cut) mText.comment("the log cuts this list of parameters: others may have been set", line);
     writeSets(target, line);
     mText.command("request", line);
@@ -154,7 +172,7 @@ std::optional<Change> Recorder::changeOf(const MonitorEvent& event) {
         mText.comment(fmt::format("the values of {} are unknown{}", event.tag,
                                   tag == nullptr ? ": the device does not declare it" : ""),
                       event.line);
-        ++mDone.open;
+        ++mDone.unknown;
     }
     return std::nullopt;
 }
@@ -219,7 +237,7 @@ void Recorder::writeOrigin(const std::string& tag, Texts& target) {
     const std::string cause = causeOf(tag, mRequest);
     mText.comment(
         fmt::format("{} {}: {}", tag, value, cause.empty() ? "no parameter is known to give it" : cause));
-    ++mDone.open;
+    ++mDone.unknown;
 }
 
 void Recorder::expect(const std::vector<Change>& changes) {
@@ -244,39 +262,55 @@ void Recorder::writeResult(const Frame& frame) {
     ++mDone.results;
 }
 
-std::vector<Change> Recorder::changesIn(const MetadataArray& array, bool ofResult) {
+// Returns the entries of the array that the library writes or reads. Those that the dump does not show
+// completely become comments.
+std::vector<Change> Recorder::changesIn(const MetadataArray& array) {
     std::vector<Change> changes;
     for (const ArrayEntry& entry : array.entries) {
-        const bool isUnknown = startsWith(entry.name, "unknownSection");
-        std::string tag = isUnknown ? mNames.nameOf(entry.id) : std::string(entry.name);
-        if (ofResult ? !isRead(tag) : !isWritten(tag)) continue;
+        std::string tag = mNames.nameOf(entry);
+        if (isResult(array) ? !isRead(tag) : !isWritten(tag)) continue;
         EntryValues read = readValues(entry);
-        const bool isWhole = !read.cut && read.words.empty() && read.wrong.empty() && read.values.count > 0;
-        if (isWhole) {
+        if (read.isWhole()) {
             changes.push_back({entry.line, std::move(tag), std::move(read.values)});
         } else {
             mText.comment(tag + ": the dump does not show all of its values", entry.line);
-            ++mDone.open;
+            ++mDone.unknown;
         }
     }
     return changes;
 }
 
-// Uses the arrays of the dump for the last request and the last result if there are no events.
+// Returns true if the events before the dump, or an earlier array, have all entries of the array.
+bool Recorder::isKnown(const MetadataArray& array) const {
+    const EntryTexts& known = isResult(array) ? mResult : mRequest;
+    if (array.previousSession && !known.empty()) return true;
+    return std::all_of(array.entries.begin(), array.entries.end(), [&](const ArrayEntry& entry) {
+        const std::string tag = mNames.nameOf(entry);
+        const auto found = known.find(tag);
+        const EntryValues values = readValues(entry);
+        return (isResult(array) ? !isRead(tag) : !isWritten(tag)) ||
+               (found != known.end() && (!values.isWhole() || found->second == values.values));
+    });
+}
+
+// An array has all entries, and events only those of the monitored tags.
+void Recorder::writeArray(const MetadataArray& array) {
+    mText.gap();
+    mText.comment(nameOf(array), array.line);
+    Frame frame;
+    (isResult(array) ? frame.result : frame.request) = changesIn(array);
+    if (!frame.request.empty()) writeRequest(frame);
+    if (!frame.result.empty()) writeResult(frame);
+}
+
+// Adds the last request and the last result of the dump.
 void Recorder::writeArrays() {
     const ReportedCamera* camera = findCamera(mInput.report, mInput.device.camera);
-    bool hasRequest = mDone.requests > 0;
-    bool hasResult = mDone.results > 0;
+    std::set<bool> done;  // has true after a result, and false after a request
     for (const MetadataArray* array : comparableArrays(mInput.report, camera != nullptr ? camera->id : "")) {
-        const bool ofResult = isResult(*array);
-        if (array->place == Place::Template || (ofResult ? hasResult : hasRequest)) continue;
-        mText.gap();
-        mText.comment(nameOf(*array), array->line);
-        Frame frame;
-        (ofResult ? frame.result : frame.request) = changesIn(*array, ofResult);
-        if (!frame.request.empty()) writeRequest(frame);
-        if (!frame.result.empty()) writeResult(frame);
-        (ofResult ? hasResult : hasRequest) = true;
+        if (array->place == Place::Template || !array->physicalCamera.empty()) continue;
+        if (!done.insert(isResult(*array)).second) continue;
+        if (!isKnown(*array)) writeArray(*array);
     }
 }
 
@@ -293,7 +327,7 @@ void Recorder::verify() {
     player.play(session);
     for (const auto& [line, actual] : unmet) mText.withdraw(line, "played: " + actual);
     mDone.expectations -= std::min(mDone.expectations, unmet.size());
-    mDone.open += unmet.size();
+    mDone.unknown += unmet.size();
 }
 
 Recording Recorder::run() {

@@ -26,7 +26,7 @@ struct Recording {
     size_t requests = 0;
     size_t results = 0;
     size_t expectations = 0;
-    size_t open = 0;  // comments about unknown values
+    size_t unknown = 0;  // values that the input leaves unknown
 };
 
 // Returns a session with its sources as comments. The device meets all of its expectations. An expectation

@@ -96,12 +96,10 @@ class ArrayReader {
     TraceItem itemOf(const ArrayEntry& entry) const {
         TraceItem item = blank(Kind::Entry);
         const EntryValues read = readValues(entry);
-        const bool isUnnamed = startsWith(entry.name, "unknownSection");
         item.line = entry.line;
-        item.tag = isUnnamed ? mNames.nameOf(entry.id) : std::string(entry.name);
+        item.tag = mNames.nameOf(entry);
         item.value = toText(entry, read);
-        const bool isRead = !read.cut && read.words.empty() && read.wrong.empty() && read.values.count > 0;
-        if (isRead) item.values = read.values;
+        if (read.isWhole()) item.values = read.values;
         item.isAside = mTags.count(item.tag) == 0;
         if (!isResult(mArray)) item.keys = keysWriting(item.tag);
         if (read.cut) addCause(item, fmt::format("the dump shows {} of {}", read.values.count, entry.count));
