@@ -116,7 +116,10 @@ TEST_F(RunTool, UnknownNamesGetHints) {
         EXPECT_THAT(mErr, HasSubstr(row.message)) << row.words[0];
     }
     EXPECT_NE(tool({"run", file("t.qzs", "open 0\nresult focusVcmValu=3\n")}), kFine);
-    EXPECT_THAT(mErr, HasSubstr("unknown tag 'focusVcmValu'; perhaps focusVcmValue\n"));
+    EXPECT_THAT(
+        mErr,
+        HasSubstr(
+            "unknown tag 'focusVcmValu': expected a tag of this device or of the library; perhaps focusVcmValue\n"));
 }
 
 }  // namespace

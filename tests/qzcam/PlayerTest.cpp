@@ -161,7 +161,9 @@ TEST(Player, UndeclaredTagFailsExpectations) {
     checkAgainstDevice(
         parseSession("open 0\nexpect-no-entry isoo\nexpect-no-entry android.x\n", "s", problems),
         TagNames({}), problems);
-    EXPECT_THAT(problems.first(), ElementsAre("s:2: unknown tag 'isoo'", "s:3: unknown tag 'android.x'"));
+    EXPECT_THAT(problems.first(),
+                ElementsAre("s:2: unknown tag 'isoo': expected a tag of this device or of the library",
+                            "s:3: unknown tag 'android.x': expected a tag of this device or of the library"));
 
     const Play play(text, bare);
     std::vector<bool> met;

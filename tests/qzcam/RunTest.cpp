@@ -227,7 +227,11 @@ TEST_F(RunTool, ReportsSessionsThatCannotBePlayed) {
     EXPECT_THAT(mOut, HasSubstr("{\"event\":\"error\",\"text\":\"" + wrong + ":2: unknown command 'requst'"));
     EXPECT_THAT(report(),
                 HasSubstr("<testsuite name=\"" + wrong + "\" tests=\"2\" failures=\"0\" errors=\"2\">"));
-    EXPECT_THAT(report(), HasSubstr("<error message=\"" + wrong + ":3: unknown tag &apos;nothing&apos;\"/>"));
+    EXPECT_THAT(
+        report(),
+        HasSubstr(
+            "<error message=\"" + wrong +
+            ":3: unknown tag &apos;nothing&apos;: expected a tag of this device or of the library\"/>"));
     EXPECT_THAT(report(),
                 HasSubstr("<testsuite name=\"" + good + "\" tests=\"1\" failures=\"0\" errors=\"0\">"));
     EXPECT_THAT(report(), HasSubstr("<error message=\"" + good + "x: cannot read it: "));

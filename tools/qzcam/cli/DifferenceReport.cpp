@@ -171,7 +171,7 @@ std::string diffJson(const DiffReport& report) {
                      {{"tags", jsonOf(report.tags.alike)},
                       {"capabilities", jsonOf(report.capabilities.alike)},
                       {"parameters", jsonOf(report.parameters.alike)}}}};
-    return json.dump(2, ' ', true, Json::error_handler_t::replace) + "\n";
+    return jsonText(json);
 }
 
 }  // namespace qzcam

@@ -120,7 +120,14 @@ void Comparer::addThere(std::vector<ComparedEntry>& rows) const {
             row.here = qzcam::toText(here->values, here->tag);
             row.hereValues = here->values;
             row.parameters = here->from;
+            const bool isAlike = there.values.values.type == here->values.type;
+            if (!isAlike || there.entry->count != here->values.count) {
+                row.reason = fmt::format("{}[{}] there, {} here", there.entry->type, there.entry->count,
+                                         typeAndCount(here->values));
+            }
         }
+        if (!there.values.wrong.empty())
+            row.reason = fmt::format("line {}: {}", there.values.wrongLine, there.values.wrong);
         rows.push_back(std::move(row));
     }
 }
@@ -169,10 +176,6 @@ std::string Comparer::reasonOf(const ComparedEntry& row) const {
     if (row.kind == Kind::OnlyThere) return whyOnlyThere(row);
     if (row.kind == Kind::OnlyHere) return whyOnlyHere(row);
     if (row.kind == Kind::Same) return row.cut ? "as far as the dump shows it" : "";
-    if (row.thereValues->type != row.hereValues->type) {
-        return fmt::format("{} there, {} here", typeAndCount(*row.thereValues),
-                           typeAndCount(*row.hereValues));
-    }
     const std::string back = toText(candidatesFor(row.tag, mTexts));
     return back.empty() ? outcomeOf(row.tag) : back + " there";
 }
@@ -181,7 +184,10 @@ ArrayComparison Comparer::run() const {
     ArrayComparison comparison;
     addThere(comparison.entries);
     addHere(comparison.entries);
-    for (ComparedEntry& row : comparison.entries) row.reason = reasonOf(row);
+    for (ComparedEntry& row : comparison.entries) {
+        const std::string reason = reasonOf(row);
+        row.reason += (row.reason.empty() || reason.empty() ? "" : "; ") + reason;
+    }
     std::stable_sort(comparison.entries.begin(), comparison.entries.end(),
                      [](const ComparedEntry& a, const ComparedEntry& b) {
                          if (a.isFromLibrary != b.isFromLibrary) return a.isFromLibrary;

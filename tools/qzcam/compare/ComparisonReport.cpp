@@ -67,10 +67,7 @@ std::string countsText(const ArrayComparison& comparison) {
                        count(Kind::Different), count(Kind::OnlyThere), count(Kind::OnlyHere));
 }
 
-Json sideJson(const Values& values) {
-    const char* type = values.type < NUM_TYPES ? camera_metadata_type_names[values.type] : "unknown";
-    return {{"type", type}, {"values", jsonOf(values)}};
-}
+Json sideJson(const Values& values) { return {{"type", typeName(values.type)}, {"values", jsonOf(values)}}; }
 
 Json rowJson(const ComparedEntry& row) {
     std::string kind = nameOf(row.kind);
@@ -110,7 +107,7 @@ std::string comparisonJson(const ComparedSides& sides, const ArrayComparison& co
                       {"onlyHere", comparison.count(Kind::OnlyHere)}};
     json["entries"] = Json::array();
     for (const ComparedEntry& row : comparison.entries) json["entries"].push_back(rowJson(row));
-    return json.dump(2, ' ', true, Json::error_handler_t::replace) + "\n";
+    return jsonText(json);
 }
 
 }  // namespace qzcam

@@ -32,8 +32,8 @@ struct PlatformLine {
     std::string given;
     bool cut = false;  // the text has the greatest length of a log line
     std::vector<std::pair<std::string, std::string>> parameters;
-    std::string camera;   // of default parameters
-    std::string process;  // that has set or got the parameters
+    std::string camera;   // the camera of default parameters
+    std::string process;  // the one that set or got the parameters
 };
 
 std::optional<PlatformLine> recognisePlatformLine(const LogLine& line);

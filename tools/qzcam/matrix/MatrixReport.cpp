@@ -2,6 +2,7 @@
 #include "matrix/MatrixReport.h"
 
 #include "base/Text.h"
+#include "output/JsonPrinter.h"
 #include "verdict/CheckReport.h"
 
 #include <fmt/format.h>
@@ -185,7 +186,7 @@ std::string matrixJson(const MatrixView& view) {
               {"features", featuresJson(view.matrix)},
               {"tags", tagsJson(view.matrix)}};
     if (view.changes) json["changes"] = listOf(*view.changes, changeJson);
-    return json.dump(1, ' ', true, Json::error_handler_t::replace) + "\n";
+    return jsonText(json, 1);
 }
 
 }  // namespace qzcam

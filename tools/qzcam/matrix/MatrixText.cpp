@@ -114,8 +114,8 @@ void MatrixText::addColumns() {
     size_t number = 0;
     const size_t width = widest(mMatrix, [](const MatrixColumn& column) { return visible(column.input); });
     for (const MatrixColumn& column : mMatrix) {
-        const std::string what = column.isUsable() ? fmt::format("camera {}, {} vendor tags",
-                                                                 visible(column.camera), column.vendorTags)
+        const std::string what = column.isUsable() ? fmt::format("camera {}, {}", visible(column.camera),
+                                                                 counted(column.vendorTags, "vendor tag"))
                                                    : styled("31", "cannot be used: " + visible(column.error));
         const std::string input = fmt::format("{:<{}}", visible(column.input), width);
         mText += fmt::format("{:>4}  {}  {}\n", ++number, styled("1", input), what);

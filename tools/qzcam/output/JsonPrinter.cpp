@@ -30,10 +30,6 @@ Json jsonOfElement(const T& element) {
     }
 }
 
-const char* typeName(const Values& values) {
-    return values.type < NUM_TYPES ? camera_metadata_type_names[values.type] : "unknown";
-}
-
 Json jsonOf(const EntryRow& row);
 Json jsonOf(const ParamRow& row);
 Json jsonOf(const VerdictEntry& entry);
@@ -50,7 +46,7 @@ Json listOf(const std::vector<Row>& rows) {
 Json jsonOf(const EntryRow& row) {
     Json json{{"tag", row.name},
               {"id", row.tag},
-              {"type", typeName(row.values)},
+              {"type", typeName(row.values.type)},
               {"values", jsonOf(row.values)},
               {"change", changeWord(row.change)}};
     if (row.change == Change::Changed) json["before"] = jsonOf(row.before);
@@ -67,7 +63,7 @@ Json jsonOf(const ParamRow& row) {
 
 Json jsonOf(const VerdictEntry& entry) {
     Json json{{"tag", entry.name},
-              {"type", typeName(entry.values)},
+              {"type", typeName(entry.values.type)},
               {"values", jsonOf(entry.values)},
               {"verdict", verdictWord(entry.verdict)}};
     if (!entry.reason.empty()) json["reason"] = entry.reason;
@@ -216,9 +212,11 @@ nlohmann::ordered_json jsonOf(const Values& values) {
 
 // Texts come from dumps and drivers. Bytes that are not UTF-8 are replaced, and everything except ASCII is
 // escaped, since some terminals accept control characters beyond it.
-void JsonPrinter::write(const Json& object) {
-    line(object.dump(-1, ' ', true, Json::error_handler_t::replace));
+std::string jsonText(const Json& json, int indent) {
+    return json.dump(indent, ' ', true, Json::error_handler_t::replace) + (indent < 0 ? "" : "\n");
 }
+
+void JsonPrinter::write(const Json& object) { line(jsonText(object, -1)); }
 
 void JsonPrinter::device(const Device& device) {
     if (!mStarted) write({{"format", "qzcam-events"}, {"version", kVersion}});

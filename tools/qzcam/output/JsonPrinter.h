@@ -10,6 +10,7 @@
 
 #include <nlohmann/json_fwd.hpp>
 
+#include <string>
 #include <utility>
 
 namespace qzcam {
@@ -34,6 +35,9 @@ nlohmann::ordered_json jsonOf(const Offer& offer);
 
 // Returns the static entries that define the coordinates of areas and crops; only those of the device.
 nlohmann::ordered_json sensorJson(const Device& device);
+
+// Returns the JSON as text; a negative indent gives one line without its end.
+std::string jsonText(const nlohmann::ordered_json& json, int indent = 2);
 
 // Returns the elements of an entry; a rational is [numerator, denominator].
 nlohmann::ordered_json jsonOf(const Values& values);

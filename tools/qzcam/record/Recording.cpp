@@ -67,7 +67,7 @@ class Recorder {
     SessionText mText;
     Recording mDone;
     Texts mSet;            // parameters that the session has set
-    std::string mProcess;  // that has set them
+    std::string mProcess;  // the process that has set them
     EntryTexts mRequest;   // entries in the last frame
     EntryTexts mResult;
     std::set<std::string> mNamed;  // comments that have been written

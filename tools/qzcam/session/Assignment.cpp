@@ -78,8 +78,9 @@ void DeviceComparison::open(const Command& command) {
 void DeviceComparison::check(const Command& command, const std::string& name, const std::string& list) {
     if (!mNames->knows(name)) {
         if (mayBeDeclaredElsewhere(name)) return;
-        mProblems.add(command.line, fmt::format("unknown tag {}{}", excerpt(name),
-                                                perhaps(nearest(name, mNames->allNames()))));
+        mProblems.add(command.line,
+                      fmt::format("unknown tag {}: expected a tag of this device or of the library{}",
+                                  excerpt(name), perhaps(nearest(name, mNames->allNames()))));
         return;
     }
     const auto entry = parseAssignment(*mNames, name, list);
@@ -95,7 +96,7 @@ std::variant<StaticEntry, std::string> parseAssignment(const TagNames& names, co
     const Tag& found = *std::get<const Tag*>(tag);
     auto values = parseValues(found.type, found.id, list);
     if (!values) {
-        return fmt::format("expected {} of {} (type {}), not {}", elementForm(found.type), found.fullName(),
+        return fmt::format("expected {} for {} (type {}), not {}", elementForm(found.type), found.fullName(),
                            camera_metadata_type_names[found.type], excerpt(list));
     }
     return StaticEntry{found.id, std::move(*values)};

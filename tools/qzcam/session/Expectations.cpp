@@ -161,10 +161,9 @@ const LogEvent* findLine(const Command& command, const PlayState& state) {
 }
 
 Finding expectLog(const Command& command, PlayState& state) {
-    const auto lines = state.step.log.size();
     return {findLine(command, state) != nullptr,
             fmt::format("a line with {}", excerpt(textFrom(command, 1, " "))),
-            fmt::format("none in {} log lines", lines)};
+            fmt::format("none in {}", counted(state.step.log.size(), "log line"))};
 }
 
 Finding expectNoLog(const Command& command, PlayState& state) {

@@ -35,15 +35,18 @@ std::string property(const Command& command) {
                   "a name, and a value of at most 91 characters");
 }
 
-std::string oneNumber(const Command& command) { return unless(isInt32(command.word(0)), "a number"); }
+std::string oneNumber(const Command& command) {
+    return unless(isInt32(command.word(0)), "a number of 32 bits");
+}
 
 std::string cameraNumber(const Command& command) {
-    return unless(isInt32(command.word(0)) && *parseInteger(command.word(0)) >= 0, "a number from 0 on");
+    return unless(isInt32(command.word(0)) && *parseInteger(command.word(0)) >= 0,
+                  "a number from 0 to 2147483647");
 }
 
 std::string flagWord(const Command& command) {
     const auto number = parseInteger(command.word(0));
-    return unless(number && *number >= 0 && *number <= UINT32_MAX, "a number of 32 bits");
+    return unless(number && *number >= 0 && *number <= UINT32_MAX, "a number from 0 to 4294967295");
 }
 
 std::string onOff(const Command& command) {

@@ -12,10 +12,9 @@ std::string arraysText(const std::vector<const MetadataArray*>& arrays, const Sh
     std::string text;
     for (const MetadataArray* array : arrays) {
         const std::string title =
-            fmt::format("{} of {}, {} {}, line {}{}", nameOf(*array),
+            fmt::format("{} of {}, {}, line {}{}", nameOf(*array),
                         array->camera.empty() ? "no camera" : fmt::format("camera {}", array->camera),
-                        numberOf(array->entries.size(), array->announced),
-                        array->entries.size() == 1 ? "entry" : "entries", array->line,
+                        numberOf(array->entries.size(), array->announced, "entry", "entries"), array->line,
                         array->previousSession ? ", previous session" : "");
         text += text.empty() ? "" : "\n";
         text += styled(view.colour, "1", visible(title)) + "\n";

@@ -33,11 +33,15 @@ class LogCounter {
 
     void add(const Part& part) {
         ++mSummary.sections;
+        mFrom.clear();
         LogcatReader reader([this](const LogLine& line) { take(line); });
         size_t number = part.firstLine;
         Lines lines(part.text);
         for (std::string_view line; lines.next(line);) reader.feed(line, number++);
         mFinder.endOfLog();
+        if (mFrom.empty()) return;
+        if (mSummary.from.empty() || mFrom < mSummary.from) mSummary.from = mFrom;
+        mSummary.to = std::max(mSummary.to, mTo);
     }
 
     LogSummary end() {
@@ -57,11 +61,13 @@ class LogCounter {
         mSummary.folded += line.folded;
         mSummary.pruned += line.pruned;
         if (line.time.text.empty()) return;
-        if (mSummary.from.empty()) mSummary.from = line.time.text;
-        mSummary.to = line.time.text;
+        if (mFrom.empty()) mFrom = line.time.text;
+        mTo = line.time.text;
     }
 
     LogSummary mSummary;
+    std::string mFrom;  // times of this section
+    std::string mTo;
     ParameterFinder mFinder;
     std::unordered_map<std::string, LogTag> mTags;
 };
@@ -110,7 +116,7 @@ void addLeft(Contents& contents, const Report& report) {
 void addDump(Contents& contents, const Part& part) {
     Report report = readDump(part.text, part.firstLine);
     for (const ShimParameters& shim : report.shimParameters) {
-        ParameterList found{whereOf(shim), shim.line, shim.announced, {}, false};
+        ParameterList found{whereOf(shim), std::string(shim.camera), shim.line, shim.announced, {}, false};
         for (const ShimParameter& each : shim.parameters)
             found.parameters.push_back({each.line, std::string(each.key), std::string(each.value), each.cut});
         contents.parameters.push_back(std::move(found));
@@ -121,8 +127,8 @@ void addDump(Contents& contents, const Part& part) {
     contents.reports.push_back(std::move(report));
 }
 
-// Adds the lines that the reader of a part has rejected. Their numbers count from `firstLine`.
-void addRefused(Contents& contents, const Part& part, const Problems& problems, size_t firstLine) {
+// Adds the lines that the reader of a part has rejected.
+void addRefused(Contents& contents, const Part& part, const Problems& problems) {
     if (problems.empty()) return;
     size_t named = 0;
     for (const std::string& problem : problems.first()) {
@@ -130,7 +136,7 @@ void addRefused(Contents& contents, const Part& part, const Problems& problems, 
         text.remove_prefix(std::min(text.size(), text.find(':') + 1));
         const auto number = parseInteger(text.substr(0, text.find(':')));
         if (!number) continue;
-        const size_t line = firstLine + static_cast<size_t>(*number) - 1;
+        const auto line = static_cast<size_t>(*number);
         const std::string_view what = trimmed(text.substr(text.find(':') + 1));
         contents.unused.push_back({UnusedPart::Kind::GarbledLine, line, line, 1, std::string(what)});
         ++named;
@@ -144,15 +150,15 @@ void addRefused(Contents& contents, const Part& part, const Problems& problems, 
 
 void addProperties(Contents& contents, const Part& part) {
     Problems problems{std::string()};
-    auto found = parseProperties(part.text, problems);
+    auto found = parseProperties(part.text, problems, part.firstLine);
     contents.properties.insert(contents.properties.end(), std::make_move_iterator(found.begin()),
                                std::make_move_iterator(found.end()));
-    addRefused(contents, part, problems, part.firstLine);
+    addRefused(contents, part, problems);
 }
 
 ParameterList listOf(std::string where, size_t line, std::optional<size_t> announced,
                      const ParameterText& text) {
-    ParameterList list{std::move(where), line, announced, {}, false};
+    ParameterList list{std::move(where), {}, line, announced, {}, false};
     for (size_t i = 0; i < text.parameters.size(); ++i)
         list.parameters.push_back({text.lines[i], text.parameters[i].key, text.parameters[i].value, false});
     return list;
@@ -164,7 +170,7 @@ void addParameters(Contents& contents, const Part& part) {
     contents.parameters.push_back(listOf("a text of parameters", part.firstLine, std::nullopt, found));
     for (const size_t line : found.cutLines)
         contents.cuts.push_back({line, "the line is cut, and its parameter left out"});
-    addRefused(contents, part, problems, 1);
+    addRefused(contents, part, problems);
 }
 
 // Adds the parameters in logs. Most of these lists are cut, and are marked as such.

@@ -28,7 +28,7 @@ struct LogSummary {
     size_t sections = 0;
     size_t lines = 0;
     std::vector<LogTag> tags;  // sorted by their number of lines
-    std::string from;          // time of the first and the last line that have a time
+    std::string from;          // earliest first time and latest last time of a section
     std::string to;
     size_t folded = 0;  // messages that the log only counts
     size_t pruned = 0;  // messages that the log has lost
@@ -43,7 +43,8 @@ struct ListedParameter {
 
 // The parameters in one place of the input.
 struct ParameterList {
-    std::string where;  // "camera 0, as the platform converted them"
+    std::string where;   // "camera 0, defaults that the platform made"
+    std::string camera;  // empty if the place states none
     size_t line = 0;
     std::optional<size_t> announced;
     std::vector<ListedParameter> parameters;

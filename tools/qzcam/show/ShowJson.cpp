@@ -18,11 +18,6 @@ Json head(const Contents& contents) {
     return {{"format", "qzcam-show"}, {"version", 1}, {"input", contents.input.name}};
 }
 
-std::string dumped(const Json& json) {
-    // Names come from files. Invalid bytes in them must not stop the report.
-    return json.dump(2, ' ', true, Json::error_handler_t::replace) + "\n";
-}
-
 Json cameraJson(const ReportedCamera& camera) {
     Json json{{"id", camera.id},
               {"name", camera.name},
@@ -49,10 +44,9 @@ Json blockJson(const VendorBlock& block, bool verbose) {
     if (!verbose) return json;
     json["declared"] = Json::array();
     for (const VendorTag& tag : block.tags) {
-        const char* type = tag.type < NUM_TYPES ? camera_metadata_type_names[tag.type] : "unknown";
         json["declared"].push_back({{"tag", std::string(tag.section) + "." + std::string(tag.name)},
                                     {"id", tag.id},
-                                    {"type", type},
+                                    {"type", typeName(tag.type)},
                                     {"line", tag.line}});
     }
     return json;
@@ -83,11 +77,12 @@ Json faultJson(const Fault& fault) {
 }
 
 void addReport(Json& json, const Report& report, const ShowView& view) {
-    const auto shows = [&](std::string_view camera) { return view.camera.empty() || camera == view.camera; };
     for (const ReportedCamera& camera : report.cameras)
-        if (shows(camera.id)) json["cameras"].push_back(cameraJson(camera));
-    for (const ApiDevice& device : report.apiMap)
+        if (view.shows(camera.id)) json["cameras"].push_back(cameraJson(camera));
+    for (const ApiDevice& device : report.apiMap) {
+        if (!view.shows(device.id)) continue;
         json["open"].push_back({{"number", device.number}, {"camera", device.id}, {"line", device.line}});
+    }
     for (const Provider& each : report.providers) {
         json["providers"].push_back({{"name", each.name},
                                      {"version", each.version},
@@ -97,7 +92,7 @@ void addReport(Json& json, const Report& report, const ShowView& view) {
     for (const VendorBlock& block : report.vendorBlocks)
         json["vendorBlocks"].push_back(blockJson(block, view.verbose));
     for (const MetadataArray& array : report.arrays)
-        if (shows(array.camera)) json["arrays"].push_back(arrayJson(array));
+        if (view.shows(array.camera)) json["arrays"].push_back(arrayJson(array));
     for (const Fault& fault : report.faults) json["faults"].push_back(faultJson(fault));
     for (const Cut& each : report.differences)
         json["differences"].push_back({{"line", each.line}, {"text", each.text}});
@@ -165,8 +160,9 @@ std::string contentsJson(const Contents& contents, const ShowView& view) {
         json[list] = Json::array();
     for (const Report& report : contents.reports) addReport(json, report, view);
     for (const ParameterList& list : contents.parameters)
-        json["parameters"].push_back(parametersJson(list, view.verbose));
+        if (view.shows(list.camera)) json["parameters"].push_back(parametersJson(list, view.verbose));
     for (const FoundMonitor& each : contents.monitors) {
+        if (!view.shows(each.camera)) continue;
         json["monitors"].push_back({{"camera", each.camera},
                                     {"line", each.line},
                                     {"requests", each.requests},
@@ -178,7 +174,7 @@ std::string contentsJson(const Contents& contents, const ShowView& view) {
     json["log"] = logJson(contents.log);
     for (const Cut& cut : contents.cuts) json["cuts"].push_back({{"line", cut.line}, {"text", cut.text}});
     json["left"] = unusedJson(contents.unused);
-    return dumped(json);
+    return jsonText(json);
 }
 
 std::string arraysJson(const Contents& contents, const std::vector<const MetadataArray*>& arrays) {
@@ -200,7 +196,7 @@ std::string arraysJson(const Contents& contents, const std::vector<const Metadat
         row["entries"] = std::move(entries);
         json["arrays"].push_back(std::move(row));
     }
-    return dumped(json);
+    return jsonText(json);
 }
 
 std::string foundJson(const Contents& contents, const std::vector<FoundLine>& lines,
@@ -211,7 +207,7 @@ std::string foundJson(const Contents& contents, const std::vector<FoundLine>& li
     json["found"] = Json::array();
     for (const FoundLine& each : lines)
         json["found"].push_back({{"line", each.line}, {"where", each.where}, {"text", each.text}});
-    return dumped(json);
+    return jsonText(json);
 }
 
 }  // namespace qzcam

@@ -8,6 +8,7 @@
 #include "show/Contents.h"
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace qzcam {
@@ -16,6 +17,8 @@ struct ShowView {
     std::string camera;    // print only this camera; empty: all
     bool verbose = false;  // list the parts that are otherwise only counted
     bool colour = false;
+
+    bool shows(std::string_view id) const { return camera.empty() || id.empty() || id == camera; }
 };
 
 std::string contentsText(const Contents& contents, const ShowView& view);

@@ -39,7 +39,6 @@ class Text {
     void addDifferences();
     void addLeft();
     void heading(const std::string& text) { mText += "\n" + styled(mView.colour, "1", text) + "\n"; }
-    bool shows(std::string_view camera) const { return mView.camera.empty() || camera == mView.camera; }
 
     const Contents& mContents;
     const ShowView& mView;
@@ -86,7 +85,7 @@ void Text::addCameras() {
     std::vector<Row> numbers;
     for (const Report& report : mContents.reports) {
         for (const ReportedCamera& camera : report.cameras) {
-            if (!shows(camera.id)) continue;
+            if (!mView.shows(camera.id)) continue;
             std::string physical;
             for (const std::string_view id : camera.physicalIds)
                 physical += (physical.empty() ? "physical " : ", ") + visible(id);
@@ -96,7 +95,7 @@ void Text::addCameras() {
                             fmt::format("line {}", camera.line)});
         }
         for (const ApiDevice& device : report.apiMap) {
-            if (shows(device.id)) {
+            if (mView.shows(device.id)) {
                 numbers.push_back({fmt::format("open {}", device.number),
                                    fmt::format("opens camera {}", visible(device.id)),
                                    fmt::format("line {}", device.line)});
@@ -104,7 +103,8 @@ void Text::addCameras() {
         }
     }
     if (rows.empty()) return;
-    heading(counted(rows.size(), "camera"));
+    const size_t dumps = mContents.reports.size();
+    heading(counted(rows.size(), "camera") + (dumps > 1 ? fmt::format(" in {} dumps", dumps) : ""));
     mText += table(rows) + table(numbers);
 }
 
@@ -116,8 +116,7 @@ void Text::addProviders() {
                 std::count_if(report.cameras.begin(), report.cameras.end(),
                               [&](const ReportedCamera& camera) { return camera.provider == each.name; });
             rows.push_back({visible(each.name), "v" + visible(each.version),
-                            numberOf(static_cast<size_t>(devices), each.announced) +
-                                (devices == 1 ? " device" : " devices"),
+                            numberOf(static_cast<size_t>(devices), each.announced, "device", "devices"),
                             fmt::format("line {}", each.line)});
         }
     }
@@ -132,10 +131,9 @@ void Text::addVendorBlocks() {
     for (const Report& report : mContents.reports) {
         for (const VendorBlock& block : report.vendorBlocks) {
             tags += block.tags.size();
-            rows.push_back(
-                {numberOf(block.tags.size(), block.announced) + (block.tags.size() == 1 ? " tag" : " tags"),
-                 block.vendorId ? fmt::format("vendor id {}", *block.vendorId) : "",
-                 fmt::format("line {}", block.line)});
+            rows.push_back({numberOf(block.tags.size(), block.announced, "tag", "tags"),
+                            block.vendorId ? fmt::format("vendor id {}", *block.vendorId) : "",
+                            fmt::format("line {}", block.line)});
         }
     }
     if (rows.empty()) return;
@@ -148,7 +146,7 @@ void Text::addArrays() {
     size_t entries = 0;
     for (const Report& report : mContents.reports) {
         for (const MetadataArray& array : report.arrays) {
-            if (!shows(array.camera)) continue;
+            if (!mView.shows(array.camera)) continue;
             entries += array.entries.size();
             rows.push_back({array.camera.empty() ? "no camera" : "camera " + visible(array.camera),
                             visible(nameOf(array)), numberOf(array.entries.size(), array.announced),
@@ -158,14 +156,14 @@ void Text::addArrays() {
     }
     if (rows.empty()) return;
     heading(fmt::format("{} with {}", counted(rows.size(), "metadata array"),
-                        entries == 1 ? "1 entry" : fmt::format("{} entries", entries)));
+                        counted(entries, "entry", "entries")));
     mText += table(rows);
 }
 
 void Text::addMonitors() {
     std::vector<Row> rows;
     for (const FoundMonitor& each : mContents.monitors) {
-        if (shows(each.camera)) {
+        if (mView.shows(each.camera)) {
             rows.push_back({"camera " + visible(each.camera), counted(each.requests, "request event"),
                             counted(each.results, "result event"), fmt::format("line {}", each.line),
                             each.previousSession ? "previous session" : ""});
@@ -186,11 +184,10 @@ void Text::addParameters(std::vector<Row>& rows, const ParameterList& list) {
 // A log may have the parameters of an application a hundred times. Of consecutive sets from the same place
 // only the last one is printed.
 void Text::addParameters() {
-    if (mContents.parameters.empty()) return;
-    heading("parameters");
     std::vector<Row> rows;
     size_t same = 1;
     for (auto list = mContents.parameters.begin(); list != mContents.parameters.end(); ++list) {
+        if (!mView.shows(list->camera)) continue;
         const bool isLast =
             std::next(list) == mContents.parameters.end() || std::next(list)->where != list->where;
         same = isLast ? same : same + 1;
@@ -201,18 +198,21 @@ void Text::addParameters() {
         same = 1;
         if (mView.verbose) addParameters(rows, *list);
     }
+    if (rows.empty()) return;
+    heading("parameters");
     mText += table(rows);
 }
 
 void Text::addProperties() {
     if (mContents.properties.empty()) return;
-    heading(mContents.properties.size() == 1 ? "1 property"
-                                             : fmt::format("{} properties", mContents.properties.size()));
+    heading(counted(mContents.properties.size(), "property", "properties"));
+    size_t others = 0;
     for (const auto& [name, value] : mContents.properties) {
-        const bool isOurs = name.find("camera") != std::string::npos;
-        if (isOurs || mView.verbose)
-            mText += fmt::format("  {}={}\n", visible(name), cut(value, kLongestLine));
+        const bool isShown = mView.verbose || contains(name, "camera");
+        if (isShown) mText += fmt::format("  {}={}\n", visible(name), cut(value, kLongestLine));
+        others += isShown ? 0U : 1U;
     }
+    if (others > 0) mText += fmt::format("  not about the camera: {}; --verbose lists them\n", others);
 }
 
 std::string levelsOf(const LogTag& tag) {

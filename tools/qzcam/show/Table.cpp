@@ -37,4 +37,9 @@ std::string numberOf(size_t read, const std::optional<size_t>& announced) {
     return fmt::format("{} / {}", read, *announced);
 }
 
+std::string numberOf(size_t read, const std::optional<size_t>& announced, const char* one, const char* many) {
+    return fmt::format("{} {}", numberOf(read, announced),
+                       read == 1 && announced.value_or(1) == 1 ? one : many);
+}
+
 }  // namespace qzcam

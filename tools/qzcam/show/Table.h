@@ -19,4 +19,7 @@ std::string table(const std::vector<Row>& rows);
 // Returns "138", or "138 / 140" if another number was announced.
 std::string numberOf(size_t read, const std::optional<size_t>& announced);
 
+// Returns "138 / 140 tags".
+std::string numberOf(size_t read, const std::optional<size_t>& announced, const char* one, const char* many);
+
 }  // namespace qzcam

@@ -4,6 +4,7 @@
 #include "base/Lists.h"
 #include "base/Terminal.h"
 #include "base/Text.h"
+#include "output/JsonPrinter.h"
 #include "verdict/CheckReport.h"
 
 #include <fmt/format.h>
@@ -111,9 +112,9 @@ std::string titleText(const Cameras& cameras) {
     const std::string file = visible(cameras.front().device.file);
     std::string text = fmt::format("{}: {}\n", file, counted(cameras.size(), "camera"));
     for (const CheckedCamera& camera : cameras) {
-        text += fmt::format("  {}: {}, {} vendor tags, {} static entries\n", titleOf(camera),
-                            visible(camera.device.camera), camera.device.vendorTags.size(),
-                            camera.device.entries.size());
+        text += fmt::format("  {}: {}, {}, {}\n", titleOf(camera), visible(camera.device.camera),
+                            counted(camera.device.vendorTags.size(), "vendor tag"),
+                            counted(camera.device.entries.size(), "static entry", "static entries"));
     }
     return text + "\n";
 }
@@ -138,7 +139,7 @@ std::string camerasJson(const Cameras& cameras) {
                                 {"cameras", nlohmann::ordered_json::array()}};
     for (const CheckedCamera& camera : cameras)
         json["cameras"].push_back(checkMembers(camera.device, camera.check));
-    return json.dump(2, ' ', true, nlohmann::ordered_json::error_handler_t::replace) + "\n";
+    return jsonText(json);
 }
 
 }  // namespace qzcam

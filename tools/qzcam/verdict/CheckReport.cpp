@@ -187,8 +187,7 @@ std::string checkJson(const Device& device, const DeviceCheck& check) {
                                 {"camera", device.camera},
                                 {"otherCameras", device.otherCameras}};
     json.update(checkMembers(device, check));
-    // Names come from files. Invalid bytes in them must not stop the report.
-    return json.dump(2, ' ', true, nlohmann::ordered_json::error_handler_t::replace) + "\n";
+    return jsonText(json);
 }
 
 }  // namespace qzcam

@@ -291,9 +291,12 @@ const Offers& VerdictFinder::offers() const {
 
 void setVerdictByOffer(VerdictRow& verdict) {
     if (verdict.overflow) {
+        const auto& [number, written, type] = *verdict.overflow;
+        const auto read = parseInteger(number);
+        const bool fits = read && type == "int32" && *read >= INT32_MIN && *read <= INT32_MAX;
         verdict.verdict = Verdict::Overflows;
-        verdict.reason = fmt::format("{} does not fit into {}: {}", verdict.overflow->number,
-                                     verdict.overflow->type, verdict.overflow->written);
+        verdict.reason = fits ? fmt::format("{} is written as {}", number, written)
+                              : fmt::format("{} does not fit into {}: {}", number, type, written);
     } else if (verdict.offer) {
         verdict.verdict = Verdict::NotOffered;
         verdict.reason = toText(*verdict.offer);
