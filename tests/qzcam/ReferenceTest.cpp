@@ -66,7 +66,7 @@ TEST_F(RunTool, ParamsPrintsOneThingOrAll) {
     EXPECT_THAT(mOut, HasSubstr("  any other   -1\n"));
     EXPECT_EQ(tool({"params", "qz-nothing"}), kUsage);
     EXPECT_EQ(mOut, "");
-    EXPECT_THAT(mErr, HasSubstr("other name 'qz-nothing'\n"));
+    EXPECT_THAT(mErr, HasSubstr("other name 'qz-nothing'; 'qzcam params' lists the names\n"));
     EXPECT_EQ(tool({"params", "hdr-movie"}), kUsage);
     EXPECT_THAT(mErr, HasSubstr("; perhaps key-hdr-movie"));
     EXPECT_EQ(tool({"params", "--json", "--markdown"}), kUsage);

@@ -33,6 +33,7 @@ void complainOf(const std::string& name) {
         "qzcam: the library has no parameter, message, command, property, tag or other name '{}'{}", name,
         !file.empty()                      ? file
         : findStandardKey(name) != nullptr ? "; it is a standard key, which the platform handles"
+        : similar.empty()                  ? "; 'qzcam params' lists the names"
                                            : perhaps(similar)));
 }
 

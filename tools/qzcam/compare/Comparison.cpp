@@ -19,9 +19,9 @@ namespace {
 
 using Kind = ComparedEntry::Kind;
 
-constexpr std::array<Place, 7> kPlaces{Place::LastRequest,      Place::CaptureRequest, Place::PreviewRequest,
+constexpr std::array<Place, 8> kPlaces{Place::LastRequest,      Place::CaptureRequest, Place::PreviewRequest,
                                        Place::RecordingRequest, Place::ZslRequest,     Place::LatestFrame,
-                                       Place::CapturedFrame};
+                                       Place::CapturedFrame,    Place::Template};
 
 // Compares with eight decimals, as in a dump.
 template <typename T>
@@ -224,10 +224,6 @@ std::vector<const MetadataArray*> comparableArrays(const Report& report, std::st
             const bool isOfCamera = camera.empty() || array.camera.empty() || array.camera == camera;
             if (array.place == place && isOfCamera && !array.entries.empty()) arrays.push_back(&array);
         }
-    }
-    for (const MetadataArray& array : report.arrays) {
-        const bool isOfCamera = camera.empty() || array.camera.empty() || array.camera == camera;
-        if (array.place == Place::Template && isOfCamera) arrays.push_back(&array);
     }
     std::stable_sort(arrays.begin(), arrays.end(), [](const MetadataArray* a, const MetadataArray* b) {
         return !a->previousSession && b->previousSession;

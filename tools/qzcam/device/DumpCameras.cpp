@@ -170,9 +170,8 @@ void DumpReader::shimLine() {
         return takeInRegion();
     }
     std::string_view rest = mLine.substr(mIndent);
-    while (const auto cutParameter = takeUntil(rest, "\t")) addShimParameter(*cutParameter, true);
-    constexpr size_t kLongestLine = 254;  // with its tab
-    addShimParameter(rest, rest.size() + 1 >= kLongestLine);
+    while (const auto before = takeUntil(rest, "\t")) addShimParameter(*before);
+    addShimParameter(rest);
 }
 
 // A tab begins each parameter, unless the text has lost it.
@@ -184,12 +183,13 @@ bool DumpReader::isShimLine() const {
     return (isMarked || !isFull) && isParameterKey(mBody.substr(0, colon)) && colon != std::string_view::npos;
 }
 
-void DumpReader::addShimParameter(std::string_view text, bool cut) {
+void DumpReader::addShimParameter(std::string_view text) {
     const size_t colon = text.find(':');
     const std::string_view key = text.substr(0, colon);
     if (colon == std::string_view::npos || !isParameterKey(key)) return addGarbled(text);
     const std::string_view value = text.substr(std::min(colon + 2, text.size()));
-    mReport.shimParameters.back().parameters.push_back({mNumber, key, value, cut});
+    mReport.shimParameters.back().parameters.push_back(
+        {mNumber, key, value, text.size() + 1 >= kLongestDumpedLine});
 }
 
 // Reads facing, orientation and level from the static characteristics of a camera.

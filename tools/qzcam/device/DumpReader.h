@@ -65,7 +65,7 @@ class DumpReader {
     void openShim();
     void shimLine();
     bool isShimLine() const;
-    void addShimParameter(std::string_view text, bool cut);
+    void addShimParameter(std::string_view text);
 
     void openHalText() { openText(Region::HalText, mReport.halTexts); }
     void openMonitor() { openText(Region::Monitor, mReport.monitors); }

@@ -12,7 +12,6 @@ namespace {
 
 // The service prints a parameter into a buffer of this size, including its line end. A longer parameter loses
 // its line end, and the next parameter follows it directly.
-constexpr size_t kLongestLine = 254;
 
 void addFlattened(std::string_view line, size_t number, ParameterText& text, Problems& problems) {
     for (const std::string_view pair : split(line, ';')) {
@@ -87,16 +86,16 @@ bool isParameterKey(std::string_view text) {
 // Each parameter begins with a tab, which separates two parameters on one line.
 void addDumpedParameters(std::string_view line, size_t number, ParameterText& text, Problems& problems) {
     for (size_t tab = line.find('\t', 1); tab != std::string_view::npos; tab = line.find('\t', 1)) {
-        const bool isCut = tab >= kLongestLine;
+        const bool isCut = tab >= kLongestDumpedLine;
         if (isCut) text.cutLines.push_back(number);
         if (!isCut && !trimmed(line.substr(0, tab)).empty()) {
             addPiece(line.substr(0, tab), number, text, problems);
         }
         line.remove_prefix(tab);
     }
-    const size_t cuts = line.size() / kLongestLine;
+    const size_t cuts = line.size() / kLongestDumpedLine;
     text.cutLines.insert(text.cutLines.end(), cuts, number);
-    line.remove_prefix(cuts * kLongestLine);
+    line.remove_prefix(cuts * kLongestDumpedLine);
     const bool isRest = cuts > 0 && endOfKey(line) == std::string_view::npos;
     if (!isRest && !trimmed(line).empty()) addPiece(line, number, text, problems);
 }

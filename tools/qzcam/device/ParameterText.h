@@ -12,6 +12,9 @@
 
 namespace qzcam {
 
+// Number of bytes in a line of a dump, with its tab. A longer line is cut, and the next one continues it.
+constexpr size_t kLongestDumpedLine = 254;
+
 struct ParameterText {
     std::vector<Parameter> parameters;
     std::vector<size_t> lines;     // the line of each parameter

@@ -21,14 +21,15 @@ namespace qzcam {
 namespace {
 
 constexpr size_t kAnyNumber = std::numeric_limits<size_t>::max();
-constexpr std::string_view kRight;
 
 bool isInt32(std::string_view text) {
     const auto number = parseInteger(text);
     return number && *number >= INT32_MIN && *number <= INT32_MAX;
 }
 
-std::string unless(bool right, std::string_view expected) { return std::string(right ? kRight : expected); }
+std::string unless(bool right, std::string_view expected) {
+    return right ? std::string() : std::string(expected);
+}
 
 std::string property(const Command& command) {
     return unless(!command.word(0).empty() && command.word(1).size() < PROPERTY_VALUE_MAX,

@@ -82,7 +82,8 @@ std::string whyUnread(const std::string& key) {
     const auto writing = keysWriting(key);
     if (!writing.empty())
         return fmt::format("; it is a tag, which is written for {}", fmt::join(writing, ", "));
-    return perhaps(likelyKeys(key));
+    const auto likely = likelyKeys(key);
+    return likely.empty() ? "; 'qzcam params' lists the keys" : perhaps(likely);
 }
 
 Explainer::Explainer(const Device& device)

@@ -14,6 +14,7 @@
 #include <cmath>
 #include <cstdint>
 #include <cstdlib>
+#include <cstring>
 
 namespace qzcam {
 
@@ -66,7 +67,17 @@ bool isDecimal(const char* text) {
     return end != text && *end == '\0';
 }
 
-bool isFraction(const char* at) { return wholeAt(at, 10) && *at == '/' && whole(at + 1, 10); }
+bool isFraction(const char* at) {
+    return wholeAt(at, 10) && *at == '/' && whole(at + 1, 10).value_or(0) != 0;
+}
+
+// The library reads one or two decimals, and no exponent.
+bool isTime(const char* at) {
+    const bool hasWhole = wholeAt(at, 10).has_value();
+    if (*at != '.') return hasWhole && *at == '\0';
+    const size_t decimals = std::strspn(at + 1, "0123456789");
+    return (decimals == 1 || decimals == 2) && at[1 + decimals] == '\0';
+}
 
 // Returns true if the library's parser for the form reads the text correctly.
 bool hasForm(Form form, const std::string& value) {
@@ -83,7 +94,7 @@ bool hasForm(Form form, const std::string& value) {
         case Form::tuple:
             return contains(value, "(");
         case Form::seconds:
-            return value == "auto" || isFraction(text) || isDecimal(text);
+            return value == "auto" || isFraction(text) || isTime(text);
         default:
             return true;
     }
@@ -175,7 +186,9 @@ std::string misunderstanding(const qz::Parameter& row, const qz::KeyRow& key, co
     const auto words = wordsOf(row, key);
     const bool known = words.empty() ? hasForm(key.form, value) : hasElement(words, value);
     if (known) return {};
-    return fmt::format("{} is not recognised{}", excerpt(value), perhaps(nearest(value, words)));
+    return fmt::format("{} is not recognised{}", excerpt(value),
+                       key.form == Form::seconds ? ": expected a fraction, or at most two decimals"
+                                                 : perhaps(nearest(value, words)));
 }
 
 std::vector<std::string> examplesOf(const qz::Parameter& row, const qz::KeyRow& key) {
