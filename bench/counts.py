@@ -68,7 +68,7 @@ def measure(build, emulator, binutils, plugin, short=False):
         output = subprocess.run(
             [*emulator, "-plugin", f"{plugin},out={folder}/blocks", f"{build}/bench/cost", *["--short"] * short],
             check=True, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, text=True,
-            env={}).stdout  # the stack lies as deep everywhere
+            env={}).stdout  # an empty environment: the stack begins at the same depth in every run
         with open(f"{folder}/blocks", encoding="ascii") as file:
             between = file.read().split("\n\n")
     maps, lines = output.split("\n\n")

@@ -13,8 +13,8 @@ else()
     set(QZ_HARDENED 0)
 endif()
 
-# Landing pads for indirect calls and jumps. Debian's startup files have no marks for the loader. The mark for the shadow
-# stack is set here, since these files return normally. The mark for landing pads cannot be set, since they have none.
+# Landing pads for indirect calls and jumps, and the mark with which the loader switches the shadow stack on. Debian's startup
+# files lack both marks. They return normally, so the shadow stack is marked; they have no landing pads, so these are not.
 if(CMAKE_SYSTEM_PROCESSOR MATCHES "^(x86_64|AMD64|i[3-6]86)$")
     set(QZ_CET -fcf-protection=full)
     set(QZ_CET_MARK LINKER:-z,shstk)

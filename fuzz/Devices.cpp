@@ -163,7 +163,7 @@ std::string listFrom(Input& input) {
     return list;
 }
 
-// Returns the complete elements of the bytes.
+// Writes the complete elements of the bytes.
 void write(CameraMetadata& metadata, uint32_t tag, uint8_t type, const std::string& bytes) {
     qzcam::Values values;
     values.type = type;

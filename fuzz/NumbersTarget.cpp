@@ -139,9 +139,10 @@ void tuples(Input& input) {
     require(realStatus == android::OK || (realStatus == android::BAD_VALUE && !none), "tuples of floats");
     // A text that parses as integers without a point also parses as floats, with the same numbers.
     if (status != android::OK || strpbrk(text.get(), ".xXeEpPiInN") != nullptr) return;
-    require(realStatus == android::OK, "integers are floats");
+    require(realStatus == android::OK, "a tuple of integers is also a tuple of floats");
     const auto same = [](float real, int32_t number) { return real == static_cast<float>(number); };
-    require(std::equal(reals.begin(), reals.end(), expected.begin(), same), "and of the same value");
+    require(std::equal(reals.begin(), reals.end(), expected.begin(), same),
+            "integers parsed as floats have the same values");
 }
 
 // The result must be the nearest number, to the bit.
@@ -195,18 +196,20 @@ void memory(Input& input) {
     const std::unique_ptr<char[]> to(new char[room]);
     if (count <= from.size() || count > room) {
         const bool copied = memcpy_s(to.get(), room, from.data(), count) == 0;
-        require(copied == (count <= room), "a copy that fits");
-        require(!copied || memcmp(to.get(), from.data(), count) == 0, "is whole");
+        require(copied == (count <= room), "memcpy_s succeeds exactly if the bytes fit");
+        require(!copied || memcmp(to.get(), from.data(), count) == 0, "memcpy_s copies all bytes");
     }
-    require((memset_s(to.get(), room, 0x5A, count) == 0) == (count <= room), "filled when it fits");
+    require((memset_s(to.get(), room, 0x5A, count) == 0) == (count <= room),
+            "memset_s succeeds exactly if the bytes fit");
     if (room == 0 || count > room) return;
     const std::string text = from.substr(0, from.find('\0'));
     const int length = snprintf_s(to.get(), room, count, "%s", text.c_str());
     const bool fits = text.size() < room && text.size() <= count;
-    require(length == (fits ? static_cast<int>(text.size()) : -1), "a text that fits");
+    require(length == (fits ? static_cast<int>(text.size()) : -1),
+            "snprintf_s returns the length, or -1 if the text does not fit");
     const bool cut = count < room;
     require(fits ? text == to.get() : (cut ? text.substr(0, count) : "") == to.get(),
-            "or its beginning, or none");
+            "snprintf_s leaves the text, its beginning or an empty text");
 }
 
 // Looks up any text; no byte outside it may be read. The tests check the number of each word.

@@ -79,7 +79,7 @@ Outcome tool(const Words& words) {
     Outcome outcome{status, out.take(), err.take()};
     requireLines(outcome.out);
     requireLines(outcome.err);
-    require(status == qzcam::kFine || status == qzcam::kExpectationFailed || !outcome.err.empty(),
+    require(status == qzcam::kFine || status == qzcam::kFailed || !outcome.err.empty(),
             "a failure has a message");
     return outcome;
 }
@@ -147,8 +147,7 @@ void play(const std::string& session, Words rest) {
     require(cases.failed == events.failed && cases.errors == events.errors,
             "the report agrees with the events");
     if (events.errors > 0) return require(status == qzcam::kBadInput, "an error counts as bad input");
-    require(status == qzcam::kBadInput ||
-                status == (events.failed > 0 ? qzcam::kExpectationFailed : qzcam::kFine),
+    require(status == qzcam::kBadInput || status == (events.failed > 0 ? qzcam::kFailed : qzcam::kFine),
             "the exit status agrees with the expectations");
 }
 
@@ -160,7 +159,7 @@ void diff(Words words) {
     require(text.status == json.status, "JSON has the same exit status");
     require(json.out.empty() || nlohmann::json::accept(json.out), "it is JSON");
     const bool differs = text.out.find("\nNothing differs.\n") == std::string::npos;
-    require(text.status > qzcam::kExpectationFailed || text.status == static_cast<int>(differs),
+    require(text.status > qzcam::kFailed || text.status == static_cast<int>(differs),
             "the exit status reports differences");
 }
 

@@ -5,7 +5,8 @@
 // QzParametersEx creates and owns it. The host reaches it through QzParametersEx::mCameraQzParam. It calls
 // passes and queries on its parameter thread, serialised with every other use of that camera's parameters.
 // A member that a pass sets keeps its value until a later pass finds its key or capability again. The
-// light-painting mode and the camera application's flag are also cleared when their key is removed.
+// light-painting mode and the camera application's flag are also cleared when their key is removed. The
+// slow-JPEG threshold becomes 0 if its tag is declared, but has no entry.
 #pragma once
 
 #include "QzHostInterfaces.h"
@@ -64,7 +65,8 @@ class CCameraQzParam : public virtual android::RefBase {
     // Publishes the last OTP test result, and returns its text and its key.
     QZ_API void getOTPtestResult(const char*& key, android::String8& value);
 
-    // Return true if the published sizes contain a size in pixels. "200x1500" is found inside "1200x1500".
+    // Return true if the list of published sizes contains this size, in pixels. The list is searched as a
+    // text: 200x1500 is also found in "1200x1500".
     QZ_API bool isSuperResolution(int width, int height) const;
     QZ_API bool isSubSensorResolution(int width, int height) const;
 

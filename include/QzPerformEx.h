@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
-// Logs requests and results as system properties ask for it, and decides which buffers are skipped for one
-// round.
+// Logs requests and results as system properties select, and decides which buffers the host skips.
 //
-// The host creates one for each camera. It calls it when static metadata become known, with every batch of
+// The host creates one for each camera, and calls it when static metadata become known, with every batch of
 // requests and with every result. The metadata may be locked: they are not changed, and the lock stays.
 //
 // The property "camera.qzperformex.loglevel" (decimal, 0x or 0 octal) is read with every batch of requests.
@@ -10,7 +9,7 @@
 //   0 nothing
 //   1 the kind of request, and the checks of skipRoundBuffer
 //   2 the chosen tags of static info and requests
-//   3 the chosen tag and the identity of results
+//   3 the chosen tag of results, and their request id, trigger ids and frame number
 //   4 all vendor tags and static entries, in setInfo
 //   5 all entries of every request
 // The properties "camera.qzperformex.captag", ".ctrltag" and ".stattag" choose a tag of the static info, of

@@ -179,7 +179,7 @@ size_t get_camera_metadata_data_capacity(const camera_metadata_t* metadata) {
     return read(metadata, &camera_metadata::dataCapacity, __func__);
 }
 
-// These two functions return a status where others return a size.
+// For a null buffer these two functions return the status 1; the functions above return 0.
 size_t get_camera_metadata_size(const camera_metadata_t* metadata) {
     return metadata != nullptr ? metadata->size : size_t{kError};
 }

@@ -40,7 +40,8 @@ int compareNames(const char* section, const char* name, const char* otherSection
 status_t VendorTagDescriptor::createDescriptorFromOps(const vendor_tag_ops_t* ops,
                                                       sp<VendorTagDescriptor>& descriptor) {
     if (!isWhole(ops)) {
-        __android_log_print(ANDROID_LOG_ERROR, kLogTag, "Vendor tag operations are missing");
+        __android_log_print(ANDROID_LOG_ERROR, kLogTag,
+                            "Vendor tag operations are incomplete: expected all five functions");
         return BAD_VALUE;
     }
     const sp<VendorTagDescriptor> created = new VendorTagDescriptor;
@@ -76,8 +77,10 @@ status_t VendorTagDescriptor::readTag(const vendor_tag_ops_t* ops, uint32_t tag)
     const char* const section = name != nullptr ? ops->get_section_name(ops, tag) : nullptr;
     const int type = section != nullptr ? ops->get_tag_type(ops, tag) : -1;
     if (type < 0 || type >= NUM_TYPES) {
-        __android_log_print(ANDROID_LOG_ERROR, kLogTag, "Tag %#x has name '%s', section '%s', type %d", tag,
-                            name != nullptr ? name : "(none)", section != nullptr ? section : "(none)", type);
+        __android_log_print(
+            ANDROID_LOG_ERROR, kLogTag,
+            "Tag %#x has name '%s', section '%s', type %d; expected a name, a section and a type below %d",
+            tag, name != nullptr ? name : "(none)", section != nullptr ? section : "(none)", type, NUM_TYPES);
         return BAD_VALUE;
     }
     mTags.push_back({tag, type, String8(section), String8(name)});

@@ -17,7 +17,7 @@ enum class ResultGate : uint8_t {
     zeroOnce,          // 0 was sent last, and it is 0 again
     notZero,           // the value is 0
     modeIsOne,         // the first entry, a mode, is not 1
-    onceAMode,         // the result was sent since the mode became 1
+    oncePerMode,       // the result was sent since the mode became 1
     professionalMode,  // the last request with "qz-professional-mode" did not switch it on
 };
 

@@ -2,8 +2,8 @@
 // A static capability as a getter reads it, and the forms in which it is published.
 //
 //     const Capability<uint8_t> require(camera.mExtParam, CAPABILITY("qzRequireVideoStatus"), 0);
-//     if (require.lacks()) LOG(line::RequireVideoStatusCount, require.count());
-//     if (require.holds()) camera.mRequireVideoStatus = require[0] == 1;
+//     if (require.unusable()) LOG(line::RequireVideoStatusCount, require.count());
+//     if (require.usable()) camera.mRequireVideoStatus = require[0] == 1;
 #pragma once
 
 #include "QzHostInterfaces.h"
@@ -28,15 +28,15 @@ class Capability {
     Capability(ExtParamInterface* params, uint32_t platformTag, size_t minCount)
         : mDeclared(true), mView(params->getStaticInfo(platformTag, minCount, 0, true)) {}
 
-    // Requires this number of elements. An entry with another number counts as none.
+    // Requires this number of elements. An entry with another number is handled as absent.
     Capability& exactly(size_t count) {
         mExactCount = count;
         return *this;
     }
 
     bool declared() const { return mDeclared; }
-    bool holds() const { return mExactCount != 0 ? count() == mExactCount : count() != 0; }
-    bool lacks() const { return mDeclared && !holds(); }  // the getter logs its count line
+    bool usable() const { return mExactCount != 0 ? count() == mExactCount : count() != 0; }
+    bool unusable() const { return mDeclared && !usable(); }  // the getter logs its count line
 
     size_t count() const { return mView.count(); }
     const T& operator[](size_t index) const { return mView[index]; }

@@ -15,8 +15,8 @@ using android::String8;
 // a separator, and a comma follows each mode except the entry's last element: applications rely on this form.
 void CapabilitySteps::getSupportedExtScene(CCameraQzParam& camera) {
     const Capability<uint8_t> scenes(camera.mExtParam, ANDROID_CONTROL_AVAILABLE_SCENE_MODES, 0);
-    if (scenes.lacks()) LOG(line::ExtSceneCount, scenes.count());
-    if (!scenes.holds()) return;
+    if (scenes.unusable()) LOG(line::ExtSceneCount, scenes.count());
+    if (!scenes.usable()) return;
     const char* current = camera.mExtParam->get("scene-mode-values");
     if (current == nullptr) {
         LOG(line::NoSceneModes, __func__);
@@ -36,8 +36,8 @@ void CapabilitySteps::getSupportedExtScene(CCameraQzParam& camera) {
 // The flag is published as true for any number except 0. The sizes require exactly 1.
 void CapabilitySteps::getSupportedSuperPictureSizes(CCameraQzParam& camera) {
     const Capability<uint8_t> flag(camera.mExtParam, CAPABILITY("super_resolution_supported"), 1);
-    if (flag.lacks()) LOG(line::SuperResolutionCount, flag.count());
-    if (!flag.holds()) return;
+    if (flag.unusable()) LOG(line::SuperResolutionCount, flag.count());
+    if (!flag.usable()) return;
     publishFlag(camera.mExtParam, "key-super-resolution-supported", flag);
     LOG(line::SuperResolution, published(camera.mExtParam, "key-super-resolution-supported"));
     if (flag[0] != 1) {
@@ -55,8 +55,8 @@ void CapabilitySteps::getSupportedSuperPictureSizes(CCameraQzParam& camera) {
 // Each element is logged before it is converted.
 void CapabilitySteps::getSupportedMakeUpEffect(CCameraQzParam& camera) {
     const Capability<uint8_t> effects(camera.mExtParam, CAPABILITY("makeUpEffectSupported"), 1);
-    if (effects.lacks()) LOG(line::MakeUpCount, effects.count());
-    if (!effects.holds()) return;
+    if (effects.unusable()) LOG(line::MakeUpCount, effects.count());
+    if (!effects.usable()) return;
     Text words;
     for (size_t i = 0; i < effects.count(); ++i) {
         LOG(line::MakeUpElement, static_cast<int>(i), effects[i]);
@@ -69,8 +69,8 @@ void CapabilitySteps::getSupportedMakeUpEffect(CCameraQzParam& camera) {
 
 void CapabilitySteps::getFrontFlashLevels(CCameraQzParam& camera) {
     const Capability<int32_t> levels(camera.mExtParam, CAPABILITY("availbaleFrontFlashLevel"), 0);
-    if (levels.lacks()) LOG(line::FrontFlashCount, levels.count());
-    if (!levels.holds()) return;
+    if (levels.unusable()) LOG(line::FrontFlashCount, levels.count());
+    if (!levels.usable()) return;
     camera.mExtParam->set("front_flash_adjust_supported", "true");
     publishNumbers(camera.mExtParam, "front_flash_supports", levels);
 }
@@ -78,8 +78,8 @@ void CapabilitySteps::getFrontFlashLevels(CCameraQzParam& camera) {
 // The only list with a comma after its last element.
 void CapabilitySteps::getSensorBinningSizes(CCameraQzParam& camera) {
     const Capability<int32_t> sizes(camera.mExtParam, CAPABILITY("qz-sensor-binning-sizes-supported"), 0);
-    if (sizes.lacks()) LOG(line::BinningSizesCount, sizes.count());
-    if (!sizes.holds()) return;
+    if (sizes.unusable()) LOG(line::BinningSizesCount, sizes.count());
+    if (!sizes.usable()) return;
     Text list;
     for (const int32_t size : sizes.elements()) list << size << ',';
     camera.mExtParam->set("qz-sensor-binning-sizes-supported", list.c_str());
@@ -89,8 +89,8 @@ void CapabilitySteps::getSensorBinningSizes(CCameraQzParam& camera) {
 // An entry without a complete pair publishes and stores the empty text.
 void CapabilitySteps::getSubSupportedPictureSizes(CCameraQzParam& camera) {
     const Capability<int32_t> sizes(camera.mExtParam, CAPABILITY("qzSubSensorJpegSize"), 0);
-    if (sizes.lacks()) LOG(line::SubPictureSizesCount, sizes.count());
-    if (!sizes.holds()) return;
+    if (sizes.unusable()) LOG(line::SubPictureSizesCount, sizes.count());
+    if (!sizes.usable()) return;
     camera.mSubPicSizes = sizeList(sizes.elements());
     camera.mExtParam->set("sub-picture-size-values", camera.mSubPicSizes.c_str());
     LOG(line::SubPictureSizes, __func__, camera.mSubPicSizes.c_str());

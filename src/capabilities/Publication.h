@@ -44,9 +44,9 @@ struct CapabilityRow {
     bool plain = false;  // the row alone is enough; otherwise a function of the getter's name runs
     Feature feature = Feature::image;
     uint8_t minimum = 0;        // the adapter logs an entry with fewer elements
-    Upto<EntryRow, 2> entries;  // static entries that are read; another count counts as none
+    Upto<EntryRow, 2> entries;  // static entries that are read; another count is handled as absent
     Upto<Publication, 2> publishes;
-    RowLine counts;               // plain rows: line for a declared entry that counts as none
+    RowLine counts;               // plain rows: line for a declared entry that is handled as absent
     RowLine echoes;               // plain rows: line with the published text, read back
     const char* keeps = nullptr;  // member of the translator that it sets
 };

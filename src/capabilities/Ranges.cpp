@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// Ranges of two numbers. Any other count counts as none. If the buffer cannot hold the text, the empty text
-// is published.
+// Ranges of two numbers. An entry with another number of elements is handled as absent. If the buffer
+// cannot hold the text, the empty text is published.
 #include "capabilities/CapabilitySteps.h"
 
 #include "capabilities/Capability.h"
@@ -32,8 +32,8 @@ void publishRange(ExtParamInterface* params, const char* key, const Text& range,
 void CapabilitySteps::getHdcAvailabeJpegSize(CCameraQzParam& camera) {
     LOG_TEXT(line::EnterHdcJpegSize);
     const Range size(camera.mExtParam, CAPABILITY("qzHdcAvailableJpegSize"));
-    if (size.lacks()) LOG(line::HdcJpegSizeCount, size.count());
-    if (!size.holds()) return;
+    if (size.unusable()) LOG(line::HdcJpegSizeCount, size.count());
+    if (!size.usable()) return;
     char text[20] = {};
     const int length = snprintf_s(text, sizeof(text), sizeof(text) - 1, "%d,%d", size[0], size[1]);
     if (length == -1) LOG(line::HdcJpegSizeCut, length);
@@ -42,16 +42,16 @@ void CapabilitySteps::getHdcAvailabeJpegSize(CCameraQzParam& camera) {
 
 void CapabilitySteps::getFaceBeautyRange(CCameraQzParam& camera) {
     const Range level(camera.mExtParam, CAPABILITY("faceBeautyRange"));
-    if (level.lacks()) LOG(line::BeautyRangeCount, level.count());
-    if (!level.holds()) return;
+    if (level.unusable()) LOG(line::BeautyRangeCount, level.count());
+    if (!level.usable()) return;
     publishNumber(camera.mExtParam, "qz-min-beauty-level", level[0]);
     publishNumber(camera.mExtParam, "qz-max-beauty-level", level[1]);
 }
 
 void CapabilitySteps::getExposureLevelRange(CCameraQzParam& camera) {
     const Range level(camera.mExtParam, CAPABILITY("exposureLevelRange"));
-    if (level.lacks()) LOG(line::ExposureLevelCount, level.count());
-    if (!level.holds()) return;
+    if (level.unusable()) LOG(line::ExposureLevelCount, level.count());
+    if (!level.usable()) return;
     publishNumber(camera.mExtParam, "qz-min-exposure-time", level[0]);
     publishNumber(camera.mExtParam, "qz-max-exposure-time", level[1]);
     LOG(line::ExposureLevel, published(camera.mExtParam, "qz-min-exposure-time"),
@@ -60,8 +60,8 @@ void CapabilitySteps::getExposureLevelRange(CCameraQzParam& camera) {
 
 void CapabilitySteps::getSensorExposureTimeRange(CCameraQzParam& camera) {
     const Range time(camera.mExtParam, CAPABILITY("qz-sensor-exposure-range"));
-    if (time.lacks()) LOG(line::SensorExposureRangeCount, time.count());
-    if (!time.holds()) return;
+    if (time.unusable()) LOG(line::SensorExposureRangeCount, time.count());
+    if (!time.usable()) return;
     char shortest[10] = {};
     char longest[10] = {};
     microSecondToSecond(time[0], shortest, sizeof(shortest));
@@ -73,8 +73,8 @@ void CapabilitySteps::getSensorExposureTimeRange(CCameraQzParam& camera) {
 
 void CapabilitySteps::getSensorWbRange(CCameraQzParam& camera) {
     const Range wb(camera.mExtParam, CAPABILITY("sensorWbRange"));
-    if (wb.lacks()) LOG(line::SensorWbRangeCount, wb.count());
-    if (!wb.holds()) return;
+    if (wb.unusable()) LOG(line::SensorWbRangeCount, wb.count());
+    if (!wb.usable()) return;
     Text text;
     text << wb[0] << ',' << wb[1];
     publishRange(camera.mExtParam, "qz-sensor-wb-range", text, __func__);
@@ -82,8 +82,8 @@ void CapabilitySteps::getSensorWbRange(CCameraQzParam& camera) {
 
 void CapabilitySteps::getSensorISORange(CCameraQzParam& camera) {
     const Range iso(camera.mExtParam, CAPABILITY("qz-sensor-iso-range"));
-    if (iso.lacks()) LOG(line::SensorIsoRangeCount, iso.count());
-    if (!iso.holds()) return;
+    if (iso.unusable()) LOG(line::SensorIsoRangeCount, iso.count());
+    if (!iso.usable()) return;
     Text text;
     text << iso[0] << ',' << iso[1];
     publishRange(camera.mExtParam, "qz-sensor-iso-range", text, __func__);
@@ -91,8 +91,8 @@ void CapabilitySteps::getSensorISORange(CCameraQzParam& camera) {
 
 void CapabilitySteps::getColorEffectRange(CCameraQzParam& camera) {
     const Range effect(camera.mExtParam, CAPABILITY("availbaleEffectRange"));
-    if (effect.lacks()) LOG(line::EffectRangeCount, effect.count());
-    if (!effect.holds()) return;
+    if (effect.unusable()) LOG(line::EffectRangeCount, effect.count());
+    if (!effect.usable()) return;
     Text text;
     text << '(' << effect[0] << ',' << effect[1] << ')';
     publishRange(camera.mExtParam, "qz-color-effect-range", text, __func__);

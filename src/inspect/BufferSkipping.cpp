@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Skipping of buffers for one round, by their size and format.
+// Decides by size and format which buffers are skipped.
 #include "QzName2Tag.h"
 #include "QzPerformEx.h"
 #include "inspect/SizeLists.h"

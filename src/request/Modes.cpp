@@ -179,9 +179,8 @@ status_t RequestSteps::setQzVideoFPS(const Setting& set) {
     return fps.status();
 }
 
-// Turns stabilisation off for all applications except the vendor's camera application, or for those of the
-// table, as two properties say. The rule of the table applies unless its property turns it off. The value in
-// the request is overwritten.
+// Overwrites video stabilisation with off. One property does so for all applications, another one, which is
+// on by default, for those of kUnstabilisedApps. The row's gate excludes the vendor's camera application.
 status_t RequestSteps::resetVideoStabilization(const Setting& set) {
     ByteEntry mode(set);
     if (numberOf(kTrueFalse, mode.text) != 1) return android::OK;

@@ -41,20 +41,20 @@ bool read(const char* key, Setting& set) {
 
 // Each step returns true if the following steps may run: its tag is declared, or the step is not requested. A
 // refused update is only logged, because the calibration tool reads the outcome from the results.
-bool flip(const Switch& what, Setting set) {
-    if (!read(what.key, set)) return true;
+bool writeSwitch(const Switch& step, Setting set) {
+    if (!read(step.key, set)) return true;
     ByteEntry calib(set);
-    calib.tag(what.tag).as(kOnOff);
+    calib.tag(step.tag).as(kOnOff);
     if (!calib.open()) return false;
-    logText(ANDROID_LOG_INFO, kTranslatorLog, what.information, set.setter, calib.value);
+    logText(ANDROID_LOG_INFO, kTranslatorLog, step.information, set.setter, calib.value);
     if (!calib.write())
-        logText(ANDROID_LOG_ERROR, kTranslatorLog, what.refused, set.setter, calib.value, calib.status());
+        logText(ANDROID_LOG_ERROR, kTranslatorLog, step.refused, set.setter, calib.value, calib.status());
     return true;
 }
 
 double wide(float value) { return static_cast<double>(value); }
 
-// A gain that cannot be parsed counts as none.
+// A gain that cannot be parsed is not written, and the next step runs.
 bool setGyroGain(Setting set) {
     if (!read("qz_ois_set_gryo_gain", set)) return true;
     Entry<float, 2> gain(set);
@@ -90,7 +90,7 @@ void saveGyroGain(Setting set) {
 status_t RequestSteps::setOisOTParam(const Setting& set) {
     if (set.metaData == nullptr) return refuseNull(set.setter);
     for (const Switch& each : kSwitches) {
-        if (!flip(each, set)) return android::OK;
+        if (!writeSwitch(each, set)) return android::OK;
     }
     if (setGyroGain(set)) saveGyroGain(set);
     return android::OK;

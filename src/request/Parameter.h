@@ -82,7 +82,7 @@ enum class Gate : uint8_t {
     onChange,       // the value is the same as in the previous request
     chatClient,     // the client is not a chat application, or is the vendor's camera application
     otherClient,    // the client is the vendor's camera application
-    secondary,      // the value is not the one that the row requires
+    secondary,      // "qz-dual-primary-mode" is not "secondary"
     stepsBefore,    // an earlier step of the same setter has ended the setter
 };
 

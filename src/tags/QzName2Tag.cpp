@@ -89,7 +89,7 @@ size_t standardSectionOf(std::string_view name) {
     return found;
 }
 
-// Returns the part after the section and one separating character, which is not checked.
+// Returns the offset of the name after the section and one separating character, which is not checked.
 constexpr size_t tagStart(size_t sectionLength) { return sectionLength + 1; }
 
 }  // namespace

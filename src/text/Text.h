@@ -63,7 +63,7 @@ class Text {
     Text& appendLong(const char* piece, size_t length);
 
     char mShort[kMostShort + 1];  // NOLINT(cppcoreguidelines-pro-type-member-init): only the first is read
-    size_t mRoom = kMostShort;    // left in it
+    size_t mRoom = kMostShort;    // unused bytes of the short buffer
     std::string mLong;
 };
 

@@ -39,9 +39,9 @@ struct Vocabulary {
     int whenNull = 0;
     int whenUnknown = 0;
 
-    // Number-to-text direction, for published lists. The names are null where it does not exist. A number
-    // converts to its first word. An unknown number is logged with unknownText and the name toText, and gives
-    // the fallback.
+    // Number-to-text direction, for published lists. A vocabulary without this direction has null names. A
+    // number converts to its first word. An unknown number is logged with unknownText and the name toText,
+    // and gives the fallback.
     const char* toText = nullptr;
     Words published = {};
     const char* unknownText = nullptr;
@@ -71,8 +71,9 @@ constexpr bool distinct(Words words) {
 }
 
 constexpr bool sound(const Vocabulary& v) {
-    const bool backToo = v.unknownText == nullptr || (v.toText != nullptr && converts(v.unknownText, "su"));
-    return distinct(v.words) && distinct(v.published) && backToo;
+    const bool isReverseSound =
+        v.unknownText == nullptr || (v.toText != nullptr && converts(v.unknownText, "su"));
+    return distinct(v.words) && distinct(v.published) && isReverseSound;
 }
 
 }  // namespace qz

@@ -167,7 +167,7 @@ qz-dual-camera-verification-mode=1 qz-dual-camera-verification-result=7,2
 )");
 }
 
-TEST(ResultHandlers, PdafVerificationIsSentOnceAMode) {
+TEST(ResultHandlers, PdafVerificationIsSentOncePerMode) {
     const std::string sent = R"(
 qz-mmi-camera-pdaf-verification-mode=1 qz-dual-camera-pdaf-verification-result=5
     I processMMICameraPdafVerify(), mmi pdaf verification mode: 1

@@ -191,7 +191,7 @@ TEST(Check, NamesKeysOfATag) {
 
 TEST_F(RunTool, CheckSortsByWorstAndSetsTheStatus) {
     const std::string mistyped = file("mistyped.txt", declared("oisHallCalib", "1 (int32)"));
-    EXPECT_EQ(tool({"check", "--device", mistyped}), kExpectationFailed);
+    EXPECT_EQ(tool({"check", "--device", mistyped}), kFailed);
     EXPECT_THAT(
         mOut,
         HasSubstr("\nstabilisation\n  mistyped   request     com.ambrix.capture.metadata.oisHallCalib\n"));
@@ -200,7 +200,7 @@ TEST_F(RunTool, CheckSortsByWorstAndSetsTheStatus) {
     EXPECT_THAT(mOut, Not(HasSubstr("\033")));
     EXPECT_THAT(mOut, EndsWith("\n1 mistyped, 0 malformed, 1 missing\n"));
 
-    EXPECT_EQ(tool({"check", "--device", mistyped, "--json"}), kExpectationFailed);
+    EXPECT_EQ(tool({"check", "--device", mistyped, "--json"}), kFailed);
     const auto json = nlohmann::json::parse(mOut);
     EXPECT_EQ(json["format"], "qzcam-check");
     EXPECT_EQ(json["version"], 1);
@@ -229,17 +229,17 @@ TEST_F(RunTool, CheckOfAllCamerasIsATable) {
                        "      Version: 1, Flags: 00000000\n"
                        "      com.ambrix.device.capabilities.qz-sensor-exposure-range (80010038): int32[1]\n"
                        "        [5 ]\n");
-    EXPECT_EQ(tool({"check", "--device", path}), kExpectationFailed) << mErr;
+    EXPECT_EQ(tool({"check", "--device", path}), kFailed) << mErr;
     EXPECT_THAT(mOut, testing::ContainsRegex("\n +camera 0 +camera 1\n"));
     EXPECT_THAT(mOut, testing::ContainsRegex("\nprofessional +fine +1 malformed\n"));
     EXPECT_THAT(mOut, HasSubstr("capabilities.qz-sensor-exposure-range  (camera 1)\n"));
     const std::string table = mOut;
-    EXPECT_EQ(tool({"check", "--device", path, "--camera", "all"}), kExpectationFailed);
+    EXPECT_EQ(tool({"check", "--device", path, "--camera", "all"}), kFailed);
     EXPECT_EQ(mOut, table);
     EXPECT_EQ(tool({"check", "--device", path, "--camera", "0"}), kFine);
     EXPECT_THAT(mOut, HasSubstr("\n  other cameras: device@3.4/legacy/1; --camera chooses one\n"));
 
-    EXPECT_EQ(tool({"check", "--device", path, "--json"}), kExpectationFailed);
+    EXPECT_EQ(tool({"check", "--device", path, "--json"}), kFailed);
     const auto json = nlohmann::json::parse(mOut);
     EXPECT_EQ(json["format"], "qzcam-check-all");
     ASSERT_EQ(json["cameras"].size(), 2U);
@@ -329,7 +329,7 @@ TEST_F(RunTool, ReportsFaultsOfTheHal) {
     };
     for (const auto& row : kRows) {
         const std::string path = file("fault.txt", row.dump);
-        EXPECT_EQ(tool({"check", "--device", path}), kExpectationFailed) << row.says;
+        EXPECT_EQ(tool({"check", "--device", path}), kFailed) << row.says;
         EXPECT_THAT(mErr, HasSubstr(row.says));
         EXPECT_EQ(tool({"run", "--device", path, "--strict"}), kFine) << "the dump is whole";
     }

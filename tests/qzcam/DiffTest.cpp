@@ -32,7 +32,7 @@ class DiffTool : public RunTool {
     json differences(const std::vector<std::string>& words) {
         std::vector<std::string> all{"diff", "--json"};
         all.insert(all.end(), words.begin(), words.end());
-        EXPECT_EQ(tool(all), kExpectationFailed) << mErr;
+        EXPECT_EQ(tool(all), kFailed) << mErr;
         return json::parse(mOut);
     }
 };
@@ -87,13 +87,13 @@ TEST_F(DiffTool, Devices) {
               iso.substr(0, 1) + repeated("0 ", 150) + (isSecond ? "3 " : "2 ") + repeated("0 ", 49) + "]"}},
             isSecond ? "long2.txt" : "long1.txt");
     }
-    EXPECT_EQ(tool({"diff", lists[0], lists[1]}), kExpectationFailed) << mErr;
+    EXPECT_EQ(tool({"diff", lists[0], lists[1]}), kFailed) << mErr;
     EXPECT_THAT(mOut, HasSubstr("\n      A  byte[200] from value 151 on: 2 0 0 "));
     EXPECT_THAT(mOut, HasSubstr("\n      B  byte[200] from value 151 on: 3 0 0 "));
     EXPECT_THAT(mOut, HasSubstr("\n      B  ... 200,auto,"));
 
     // The default for B is the built-in device. The text output is a table.
-    EXPECT_EQ(tool({"diff", b}), kExpectationFailed);
+    EXPECT_EQ(tool({"diff", b}), kFailed);
     EXPECT_THAT(mOut, testing::ContainsRegex("\nVendor tags: 3 of [0-9]+ differ\n +A +B\n"));
     EXPECT_THAT(mOut, testing::ContainsRegex("\n  qz-burst-support-count +10 +20\n"));
     EXPECT_EQ(tool({"diff", a}), kFine);

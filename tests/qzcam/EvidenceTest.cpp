@@ -41,7 +41,7 @@ std::vector<TraceItem> itemsOf(const std::string& text) {
 std::vector<std::string> toldBy(const std::vector<TraceItem>& items) {
     std::vector<std::string> told;
     for (const TraceItem& item : items) {
-        if (item.kind != TraceItem::Kind::Entry || item.isAside) continue;
+        if (item.kind != TraceItem::Kind::Entry || item.isHiddenByDefault) continue;
         told.push_back(fmt::format("{} {}={}{}", nameOf(item.side), item.tag.substr(item.tag.rfind('.') + 1),
                                    item.value, item.frame ? fmt::format(" {}", *item.frame) : ""));
     }
@@ -171,7 +171,7 @@ class EvidenceTool : public RunTool {
 const char* const kRefusal =
     "03-05 10:11:12.345   812  2207 E CameraQzParam: setIso(), failed to update iso: 7, return: -22\n";
 
-TEST_F(EvidenceTool, OtherEntriesAreShownOnRequest) {
+TEST_F(EvidenceTool, HiddenEntriesAreShownByAFilter) {
     const std::string path = file("dump", test::dumpOf(phone(11)));
     EXPECT_EQ(tool({"trace", path, "--all"}), kFine);
     EXPECT_THAT(mOut, HasSubstr("2 entries, 1 of which is not the library's"));

@@ -52,10 +52,10 @@ TEST_F(RunTool, ExitStatus) {
         {{"run"}, kFine, "expectations met, 0 failed", ""},
         {{"run", good}, kFine, "com.ambrix.capture.metadata.iso ", ""},
         {{"run", failing},
-         kExpectationFailed,
+         kFailed,
          failing + ":3: FAILED expect-param iso 1: expected '1', found nothing\n",
          ""},
-        {{"run", failing}, kExpectationFailed, "1 expectation met, 1 failed", ""},
+        {{"run", failing}, kFailed, "1 expectation met, 1 failed", ""},
         {{"run", wrong}, kBadInput, "", wrong + ":2: unknown command 'requst'"},
         {{"run", foreign}, kBadInput, "", foreign + ":2: unknown tag 'nothing'"},
         {{"run", good + "x"}, kBadInput, "", "cannot read it"},
@@ -152,7 +152,7 @@ TEST_F(RunTool, PropertiesReachTheLibrary) {
     const std::string session =
         file("zsl.qzs", "open 0\nset qz-qzcamera-flag=on\nrequest\nexpect-query customized-zsl yes\n");
     EXPECT_EQ(tool({"run", session}), kFine);
-    EXPECT_EQ(tool({"run", session, "--props", props}), kExpectationFailed);
+    EXPECT_EQ(tool({"run", session, "--props", props}), kFailed);
     EXPECT_EQ(tool({"run", file("reset.qzs", "setprop camera.ignore.qz.customized.zsl \"\"\n")}), kFine);
 }
 
@@ -160,7 +160,7 @@ TEST_F(RunTool, ParametersAreSetAfterEachOpen) {
     const std::string session = file("params.qzs",
                                      "open 0\nrequest\nexpect-entry iso 7\nexpect-verdict contrast fallback\n"
                                      "open 1\nrequest\nexpect-entry iso 7\n");
-    EXPECT_EQ(tool({"run", session}), kExpectationFailed);
+    EXPECT_EQ(tool({"run", session}), kFailed);
     EXPECT_EQ(tool({"run", session, "--params", "iso=1600;contrast=1"}), kFine);
     EXPECT_THAT(mOut, HasSubstr("parameters: 1 written, 1 fallback written"));
     EXPECT_EQ(tool({"run", session, "--params", file("params", "\tiso: 1600\n\tcontrast: 1\n")}), kFine);
@@ -170,7 +170,7 @@ TEST_F(RunTool, StrictFailsForValuesThatTheDeviceDoesNotOffer) {
     const std::string session =
         file("strict.qzs", "open 0\nset iso=50;rotation=3000000000\nrequest\nrequest\n");
     EXPECT_EQ(tool({"run", session}), kFine);
-    EXPECT_EQ(tool({"run", session, "--strict"}), kExpectationFailed);
+    EXPECT_EQ(tool({"run", session, "--strict"}), kFailed);
     EXPECT_THAT(mOut, HasSubstr("FAILED strict iso: expected a value that is offered and fits, found "
                                 "'50' (not-offered: iso-mode-values: auto,100,"));
     EXPECT_THAT(mOut, HasSubstr("0 expectations met, 2 failed"));
@@ -183,7 +183,7 @@ TEST_F(RunTool, StrictFailsForValuesThatTheDeviceDoesNotOffer) {
     EXPECT_THAT(mOut,
                 HasSubstr(R"("overflow":{"number":"3000000000","written":"2147483647","type":"int32"})"));
     EXPECT_EQ(tool({"explain", "iso", "--params", "iso=50"}), kFine);
-    EXPECT_EQ(tool({"explain", "iso", "--params", "iso=50", "--strict"}), kExpectationFailed);
+    EXPECT_EQ(tool({"explain", "iso", "--params", "iso=50", "--strict"}), kFailed);
     EXPECT_EQ(tool({"params", "qz-sensor-iso", "--device", file("dump", std::string(builtInDevice()))}),
               kFine);
     EXPECT_THAT(mOut, HasSubstr("  offered     qz-sensor-iso-range  50 to 3200\n"));
@@ -192,7 +192,7 @@ TEST_F(RunTool, StrictFailsForValuesThatTheDeviceDoesNotOffer) {
 TEST_F(RunTool, LaterSessionsArePlayedAfterOneFailed) {
     const std::string failing = file("failing.qzs", "open 0\nexpect-param iso 1\n");
     const std::string good = file("good.qzs", "open 0\nexpect-no-param iso\n");
-    EXPECT_EQ(tool({"run", failing, good}), kExpectationFailed);
+    EXPECT_EQ(tool({"run", failing, good}), kFailed);
     EXPECT_THAT(mOut, HasSubstr("0 expectations met, 1 failed"));
     EXPECT_THAT(mOut, HasSubstr("1 expectation met, 0 failed"));
 }
@@ -403,7 +403,7 @@ TEST_F(RunTool, OpensEachCameraOfADump) {
                                      "open 1\nset iso=1600\nrequest\nexpect-verdict iso undeclared\n");
     EXPECT_EQ(tool({"run", session, "--device", phone}), kFine) << mOut << mErr;
     EXPECT_THAT(mOut, HasSubstr("camera 1 is device@3.4/external/1: 3 static entries"));
-    EXPECT_EQ(tool({"run", session, "--device", phone, "--camera", "0"}), kExpectationFailed)
+    EXPECT_EQ(tool({"run", session, "--device", phone, "--camera", "0"}), kFailed)
         << "all opens use the camera that is chosen";
 
     const std::string absent = file("absent.qzs", "open 7\n");

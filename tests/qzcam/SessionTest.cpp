@@ -36,7 +36,7 @@ TEST(Session, SplitsCommandsIntoWords) {
     EXPECT_EQ(session.commands[4].word(1), "");
 }
 
-TEST(Session, TextsThatAreNoneAreErrors) {
+TEST(Session, TextsThatAreNotSessionsAreErrors) {
     Problems problems("s");
     parse(std::string("\n\n\xc3\xb6 0 \xc3\nsetprop a\0b 1", 22), problems);
     EXPECT_THAT(problems.first(), ElementsAre(HasSubstr("s:3: unknown command '\xc3\xb6'"),

@@ -286,7 +286,7 @@ TEST(Trace, LogAndFramesAreMergedByClockOrFrameNumber) {
     EXPECT_THAT(placed("verify: 1, on"),
                 HasSubstr(" logged sent logged; log and frames are put in one order by the values"));
     EXPECT_THAT(placed("verify: 0, off"),
-                HasSubstr(" sent logged logged; log and frames have different clocks"));
+                HasSubstr(" sent logged logged; the log and the frames have different clocks"));
 }
 
 TEST(Trace, FoldedAndRepeatedLinesCountOnce) {

@@ -57,7 +57,7 @@ TEST(Values, ReadsListsOfEveryTypeAndShowsThem) {
     EXPECT_EQ(toText(*named, ANDROID_CONTROL_AE_MODE), "0 (OFF) 1 (ON)");
 }
 
-TEST(Values, MakeTheSameEntryAgain) {
+TEST(Values, PrintedValuesGiveTheSameEntry) {
     const struct {
         uint32_t tag;
         uint8_t type;

@@ -105,7 +105,7 @@ class Trial {
 };
 
 // The only name that the library looks up without a section. Normally no device declares it.
-bool isLookedUpInVain(const EntryRow& entry) { return std::string(entry.tag).find('.') == std::string::npos; }
+bool hasNoSection(const EntryRow& entry) { return std::string(entry.tag).find('.') == std::string::npos; }
 
 std::set<std::string> namesOf(const Parameter& row, KeyRow::As as) {
     std::set<std::string> names;
@@ -156,7 +156,7 @@ TEST(RequestRow, WritesOnlyItsEntriesInOrder) {
         }
         std::vector<std::string> stated;
         for (const EntryRow& entry : row.entries) {
-            if (!isLookedUpInVain(entry)) stated.emplace_back(entry.tag);
+            if (!hasNoSection(entry)) stated.emplace_back(entry.tag);
         }
         EXPECT_EQ(inOrder, stated);
     }
@@ -192,7 +192,7 @@ TEST(RequestRow, UndeclaredTagsAreNotWritten) {
 TEST(RequestRow, RefusedUpdateIsLogged) {
     for (const Parameter& row : kParameters) {
         for (const EntryRow& entry : row.entries) {
-            if (isLookedUpInVain(entry)) continue;
+            if (hasNoSection(entry)) continue;
             SCOPED_TRACE(std::string(row.setter) + ", " + entry.tag);
             Trial trial(row);
             trial.host->refused.insert(entry.tag);
@@ -279,7 +279,7 @@ TEST(RequestPass, ReadsTheKeysOfItsRowsInOrder) {
     Declarations tags;
     for (const Parameter& row : kParameters) {
         for (const EntryRow& entry : row.entries) {
-            if (isVendor(entry) && !isLookedUpInVain(entry)) tags.emplace_back(entry.tag, TYPE_FLOAT);
+            if (isVendor(entry) && !hasNoSection(entry)) tags.emplace_back(entry.tag, TYPE_FLOAT);
         }
     }
     std::sort(tags.begin(), tags.end());

@@ -105,9 +105,9 @@ TEST(ResultRow, RepeatsItsMessageUnlessItsGateSaysOtherwise) {
         Trial trial(row);
         trial.giveAll();
         trial.run();
-        const bool once = row.gates.has(ResultGate::onChange) || row.gates.has(ResultGate::onceAMode);
+        const bool once = row.gates.has(ResultGate::onChange) || row.gates.has(ResultGate::oncePerMode);
         EXPECT_EQ(trial.run(), once ? std::vector<Sent>() : messageOf(row));
-        if (row.gates.has(ResultGate::onceAMode)) {
+        if (row.gates.has(ResultGate::oncePerMode)) {
             trial.give(row.entries[0], B{0});
             trial.run();
             trial.give(row.entries[0], B{1});

@@ -11,7 +11,7 @@ using android::String8;
 
 constexpr unsigned kPresences[] = {0, 10, 50, 90, 100};
 
-// It logs its address when it is created and destroyed.
+// Each object of the library logs its address when it is created and destroyed.
 void recordAddress(const char* what, const void* object) {
     const void* logged = loggedAddress();
     trace() << what << (logged == object ? " logs its own address\n" : " logs another address or none\n");

@@ -20,7 +20,7 @@ constexpr size_t kPerBlock = 1000;
 constexpr char kUsage[] =
     "Usage: compare_player INPUTS KIND SEED FIRST BLOCKS [passes | PASS]\n"
     "Prints a line for each block of 1000 passes, for each pass of the blocks, or the trace of one pass\n"
-    "(0: how the objects of the block are made, 1001: how they go).\n"
+    "(0: the creation of the block's objects, 1001: their destruction).\n"
     "KIND is request, capabilities, results or inspection.\n";
 
 struct Wanted {

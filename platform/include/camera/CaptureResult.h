@@ -18,7 +18,7 @@ struct CaptureResultExtras {
     int32_t afTriggerId = 0;
     int32_t precaptureTriggerId = 0;
     int64_t frameNumber = 0;
-    int32_t partialResultCount = 0;  // part of the result
+    int32_t partialResultCount = 0;  // number of this partial result
     int32_t errorStreamId = -1;      // negative: no stream failed
 
     bool isValid() const { return requestId >= 0; }

@@ -87,7 +87,7 @@ ExitStatus check(const CheckOptions& options) {
     const auto page = [&] { return std::vector<PageData>{checked.pageData(), rowData()}; };
     const bool written = writeResult(text, options.html, "check: " + input->device.file, page);
     if (!written || (options.strict && !checked.isWhole())) return kBadInput;
-    return checked.failed() ? kExpectationFailed : kFine;
+    return checked.failed() ? kFailed : kFine;
 }
 
 }  // namespace qzcam

@@ -12,7 +12,7 @@ namespace qzcam {
 
 enum ExitStatus : int {
     kFine = 0,
-    kExpectationFailed = 1,
+    kFailed = 1,
     kUsage = 2,
     kBadInput = 3,
 };

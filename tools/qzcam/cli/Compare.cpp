@@ -77,8 +77,9 @@ std::optional<LibraryInput> parameterInput(const CompareOptions& options, const 
     const auto all = findParameters(partsOf(input.text));
     const FoundParameters* const found = bestOf(all);
     if (!found || found->source == FoundParameters::Source::Defaults) {
-        complain(fmt::format("{}: expected parameters of the application in it, or a SESSION, or --params",
-                             input.name));
+        complain(fmt::format(
+            "{}: no parameters of the application in it to compare with: expected a SESSION or --params",
+            input.name));
         return std::nullopt;
     }
     library.parameters = found->text.parameters;
@@ -140,7 +141,7 @@ ExitStatus compare(const CompareOptions& options) {
         options.json ? comparisonJson(sides, comparison) : comparisonText(sides, comparison);
     const auto page = [&] { return pageData(device->device, sides, comparison); };
     if (!writeResult(output, options.html, "compare: " + sides.file, page)) return kBadInput;
-    return comparison.differs() ? kExpectationFailed : kFine;
+    return comparison.differs() ? kFailed : kFine;
 }
 
 }  // namespace qzcam

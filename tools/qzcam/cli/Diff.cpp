@@ -36,7 +36,7 @@ ExitStatus writeDifference(const DiffReport& report, const DiffOptions& options,
     const bool written =
         writeResult(text, options.html, fmt::format("diff: {} and {}", report.a, report.b), page);
     if (!written || !whole) return kBadInput;
-    return report.empty() ? kFine : kExpectationFailed;
+    return report.empty() ? kFine : kFailed;
 }
 
 ExitStatus diffDevices(const DiffOptions& options, const InputText& a, const std::optional<InputText>& b) {

@@ -128,7 +128,7 @@ ExitStatus explain(const ExplainOptions& options) {
     }
     if (!writeAll(stdout, explanationText(*found, setup->input.device)) || (options.strict && !setup->whole))
         return kBadInput;
-    return options.strict && found->given && isUnfit(found->given->verdict) ? kExpectationFailed : kFine;
+    return options.strict && found->given && isUnfit(found->given->verdict) ? kFailed : kFine;
 }
 
 }  // namespace qzcam

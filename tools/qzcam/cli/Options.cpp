@@ -38,7 +38,9 @@ void addPlayOptions(CLI::App& app, RunOptions& options, const char* restOfDevice
                kLogLevels, LogFilter::kDefault, restOfLog))
         ->type_name("FILTER")
         ->check([](const std::string& word) {
-            return LogFilter::parse(word) ? "" : fmt::format("expected {}, or TAG:LEVEL...", kLogLevels);
+            return LogFilter::parse(word)
+                       ? ""
+                       : fmt::format("expected {}, or TAG:LEVEL..., not {}", kLogLevels, excerpt(word));
         });
 }
 
@@ -75,8 +77,8 @@ void addShell(CLI::App& app, Action& action) {
         "$XDG_STATE_HOME/qzcam/history (~/.local/state/qzcam/history). Without a terminal there is no editing.\n"
         "For a wrong line the shell prints a message and continues with the next one.\n\n" +
         sessionHelp() + "\n" + shellHelp() +
-        "\nExit status: 0 fine; without a terminal also 1 an expectation failed, 3 a line was wrong. 2 wrong "
-        "usage.");
+        "\nExit status: 0 fine, 2 wrong usage, 3 a bad input file; without a terminal also 1 an expectation failed,\n"
+        "3 a line was wrong.");
 }
 
 void addDiff(CLI::App& app, Action& action) {

@@ -46,14 +46,12 @@ ExitStatus params(const ParamsOptions& options) {
         complainOf(options.name);
         return kUsage;
     }
-    bool good = true;
     if (!options.device.empty() || !options.camera.empty()) {
         const auto input = readDevice(options.device, options.camera);
         if (!input) return kBadInput;
         reference.push_back(deviceSection(input->device, reference));
-        good = input->whole;
     }
-    return writeAll(stdout, textOf(reference, options)) && good ? kFine : kBadInput;
+    return writeAll(stdout, textOf(reference, options)) ? kFine : kBadInput;
 }
 
 }  // namespace qzcam

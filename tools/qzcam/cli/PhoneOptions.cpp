@@ -73,13 +73,15 @@ void addShow(CLI::App& app, Action& action) {
 void addTrace(CLI::App& app, Action& action) {
     const auto options = onChosen(app, action, trace);
     app.add_option("INPUT", options->inputs,
-                   "Bug reports, dumps, logs and output of 'watch'; '-' for standard input")
+                   "Bugreports, dumps, logs and output of 'watch'; '-' for standard input")
         ->required();
     addCamera(app, options->filter.camera, "Show only this camera, and events whose camera is not known");
     app.add_option("--frames", options->filter.frames, "Show only these frames: 1200..1300, 1200.. or 1203")
         ->type_name("A..B")
         ->check([](const std::string& word) {
-            return parseFrames(word) ? "" : "expected frame numbers: A..B, A.., ..B or A";
+            return parseFrames(word)
+                       ? ""
+                       : fmt::format("expected frame numbers: A..B, A.., ..B or A, not {}", excerpt(word));
         });
     app.add_option("--entry", options->filter.entry,
                    "Show only this entry, by its tag with or without section")

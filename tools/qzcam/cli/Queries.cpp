@@ -77,7 +77,7 @@ const std::vector<QuerySpec>& querySpecs() {
     return syntaxes;
 }
 
-std::string wrongWithQuery(const Command& command, size_t words) {
+std::string expectedQueryForm(const Command& command, size_t words) {
     const QuerySpec* syntax = findQuery(command.word(0));
     if (!syntax) return "one of the questions that 'qzcam run --help' lists";
     if (words != (syntax->argument ? 2U : 1U)) {

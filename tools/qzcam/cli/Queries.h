@@ -22,7 +22,7 @@ struct QuerySpec {
 const std::vector<QuerySpec>& querySpecs();
 
 // Returns the expected form for a command whose first `words` words are a query; empty if it is correct.
-std::string wrongWithQuery(const Command& command, size_t words);
+std::string expectedQueryForm(const Command& command, size_t words);
 
 // Returns the answer to a command's query. The words of the command have been checked.
 std::string askQuery(Camera& camera, const Command& command);

@@ -22,10 +22,10 @@ ExitStatus record(const RecordOptions& options) {
     if (!device) return kBadInput;
     const Recording recording = record(RecordingInput{*text, parts, *device->report, device->device});
     if (recording.requests + recording.results == 0) {
-        complain(
-            fmt::format("{}: expected requests or results: parameters in a log, events of the tag monitor, "
-                        "or the last request of an open camera",
-                        text->name));
+        complain(fmt::format(
+            "{}: no requests or results in it: expected parameters in a log, events of the tag monitor, "
+            "or the last request of an open camera",
+            text->name));
         return kBadInput;
     }
     const bool isPrinted = options.output == "-";
@@ -36,7 +36,7 @@ ExitStatus record(const RecordOptions& options) {
         "{}, {}, {}, {}\n", counted(recording.requests, "request"), counted(recording.results, "result"),
         counted(recording.expectations, "expectation"), counted(recording.unknown, "unknown value"));
     if (!isPrinted && !writeAll(stdout, sum)) return kBadInput;
-    return device->whole ? kFine : kBadInput;
+    return kFine;
 }
 
 }  // namespace qzcam

@@ -225,7 +225,7 @@ ExitStatus run(const RunOptions& options) {
     const bool met = runner.playAll(sessions);
     // The readable part of a broken dump is used.
     if (!runner.finish() || !good || (options.strict && !setup->whole)) return kBadInput;
-    return met ? kFine : kExpectationFailed;
+    return met ? kFine : kFailed;
 }
 
 }  // namespace qzcam

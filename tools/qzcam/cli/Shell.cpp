@@ -207,7 +207,7 @@ void Shell::runCommand(const std::vector<std::string>& words) {
     for (const std::string& word : line) argv.push_back(word.c_str());
     mPrinter.flush();
     const auto run = [&] {
-        mWrong = runTool(static_cast<int>(argv.size()), argv.data()) > kExpectationFailed || mWrong;
+        mWrong = runTool(static_cast<int>(argv.size()), argv.data()) > kFailed || mWrong;
     };
     if (hasPager()) {
         qzcam::show(outputOf(run));
@@ -230,7 +230,7 @@ ExitStatus Shell::end() {
     if (!mPrinter.finish()) return kBadInput;
     if (mAtTerminal) return kFine;
     if (mWrong) return kBadInput;
-    return met ? kFine : kExpectationFailed;
+    return met ? kFine : kFailed;
 }
 
 }  // namespace

@@ -69,8 +69,8 @@ const std::vector<ShellCommand>& shellCommands() {
     static const std::vector<ShellCommand> commands{
         {"check", "[OPTIONS]", "check this device against the library", true},
         {"explain", "KEY [OPTIONS]", "show how this device handles a parameter with its present value", true},
-        {"params", "NAME", "show the reference of one name; without a name, all parameters that are set",
-         true},
+        {"params", "[NAME]",
+         "show the reference of one name; without a name, print all parameters that are set", true},
         {"show", "[INPUT] [OPTIONS]", "show the contents of this device's dump, or of another input", true},
         {"trace", "INPUT... [OPTIONS]", "show what a phone did, from its logs and dumps", true},
         {"compare", "[INPUT] [SESSION]",

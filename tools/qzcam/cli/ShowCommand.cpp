@@ -96,7 +96,7 @@ ExitStatus show(const ShowOptions& options) {
     const std::string text = options.json ? contentsJson(contents, view) : contentsText(contents, view);
     const auto page = [&] { return wholePage(contents, options.camera); };
     if (!write(text, contents, options, page)) return kBadInput;
-    return contents.hasFaults() ? kExpectationFailed : kFine;
+    return contents.hasFaults() ? kFailed : kFine;
 }
 
 }  // namespace qzcam

@@ -23,7 +23,7 @@ class StreamedInput {
     // Waits until the beginning shows the kind of the input.
     void begin();
 
-    // Returns true for a dump, a bug report and a packed file, which can be read only as a whole.
+    // Returns true for a dump, a bugreport and a packed file, which can be read only as a whole.
     bool mustBeReadWhole() const;
 
     // Returns the text that has arrived and has not been taken yet.

@@ -152,7 +152,7 @@ class TraceReport {
 ExitStatus nothingFound(const std::string& name, InputKind kind) {
     constexpr const char* kExpected =
         "lines of the library ('adb logcat'), events of the tag monitor ('adb shell dumpsys media.camera -m "
-        "...', 'cmd media.camera watch'), or a bug report with them";
+        "...', 'cmd media.camera watch'), or a bugreport with them";
     const bool isOther = kind != InputKind::Other && kind != InputKind::Watch && !isOfPhone(kind);
     complain(fmt::format("{}: {}", name,
                          isOther ? notExpected(kind, kExpected)

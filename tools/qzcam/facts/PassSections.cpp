@@ -154,7 +154,7 @@ Section capabilitySection() {
     return {
         "Capabilities",
         "Parameters that the library publishes, in the order of its pass. An entry with any other number of elements "
-        "counts as none. The adapter logs an entry with fewer elements than the minimum.",
+        "is handled as absent. The adapter logs an entry with fewer elements than the minimum.",
         "published",
         {{"Getter", "getter", "getter", Style::Code, false},
          {"Static entry", "entry", "entries", Style::Code},

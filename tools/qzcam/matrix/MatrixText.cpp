@@ -14,7 +14,7 @@ namespace {
 
 using Kind = MatrixChange::Kind;
 
-constexpr size_t kColumnsABlock = 12;
+constexpr size_t kColumnsPerBlock = 12;
 constexpr int kCellWidth = 6;
 
 // The letters of TagVerdict, in its order.
@@ -123,7 +123,7 @@ void MatrixText::addColumns() {
 }
 
 void MatrixText::addBlock(const std::vector<TextRow>& rows, size_t begin) {
-    const size_t end = std::min(begin + kColumnsABlock, mMatrix.size());
+    const size_t end = std::min(begin + kColumnsPerBlock, mMatrix.size());
     const size_t width = widest(rows, [](const TextRow& row) { return row.title; });
     mText += fmt::format("\n{:<{}}", "", width);
     for (size_t i = begin; i < end; ++i) mText += fmt::format("{:>{}}", i + 1, kCellWidth);
@@ -175,7 +175,7 @@ void MatrixText::addChanges() {
 std::string MatrixText::text() {
     addColumns();
     const std::vector<TextRow> all = rows();
-    for (size_t begin = 0; begin < mMatrix.size(); begin += kColumnsABlock) addBlock(all, begin);
+    for (size_t begin = 0; begin < mMatrix.size(); begin += kColumnsPerBlock) addBlock(all, begin);
     addWorst(all);
     if (mView.changes) addChanges();
     return std::move(mText);

@@ -107,9 +107,11 @@ std::string skip(const Command& command) {
                   fmt::format("WIDTHxHEIGHT and a number or one of {}", pixelFormatNames()));
 }
 
-std::string query(const Command& command) { return wrongWithQuery(command, command.words.size()); }
+std::string query(const Command& command) { return expectedQueryForm(command, command.words.size()); }
 
-std::string expectQuery(const Command& command) { return wrongWithQuery(command, command.words.size() - 1); }
+std::string expectQuery(const Command& command) {
+    return expectedQueryForm(command, command.words.size() - 1);
+}
 
 bool isHex(std::string_view text) {
     return text.find_first_not_of("0123456789abcdefABCDEF") == std::string_view::npos;

@@ -47,7 +47,7 @@ class ArrayReader {
         size_t others = 0;
         for (const ArrayEntry& entry : mArray.entries) {
             entries.push_back(itemOf(entry));
-            others += entries.back().isAside ? 1U : 0U;
+            others += entries.back().isHiddenByDefault ? 1U : 0U;
             there.insert(entries.back().tag);
         }
         TraceItem head = headWith(others);
@@ -100,7 +100,7 @@ class ArrayReader {
         item.tag = mNames.nameOf(entry);
         item.value = toText(entry, read);
         if (read.isWhole()) item.values = read.values;
-        item.isAside = mTags.count(item.tag) == 0;
+        item.isHiddenByDefault = mTags.count(item.tag) == 0;
         if (!isResult(mArray)) item.keys = keysWriting(item.tag);
         if (read.cut) addCause(item, fmt::format("the dump shows {} of {}", read.values.count, entry.count));
         if (!read.wrong.empty()) addCause(item, read.wrong);
@@ -112,7 +112,7 @@ class ArrayReader {
         TraceItem item = blank(Kind::Entry);
         item.tag = tag;
         item.isRemoved = true;
-        item.isAside = true;
+        item.isHiddenByDefault = true;
         if (!isResult(mArray)) item.keys = keysWriting(tag);
         item.cause = name() + " has no such entry";
         return item;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Finds the lines of a camera session in dumps, bug reports, logs and the output of "watch", line by line.
+// Finds the lines of a camera session in dumps, bugreports, logs and the output of "watch", line by line.
 #pragma once
 
 #include "device/Device.h"

@@ -43,7 +43,7 @@ bool TraceFilter::isEmpty() const {
 }
 
 bool TraceFilter::shows(const TraceItem& item) const {
-    if (item.isAside && entry.empty() && key.empty()) return false;
+    if (item.isHiddenByDefault && entry.empty() && key.empty()) return false;
     if (!camera.empty() && !item.camera.empty() && item.camera != camera) return false;
     if (pid && item.pid != *pid) return false;
     if (!entry.empty() && !isOfEntry(item, entry)) return false;

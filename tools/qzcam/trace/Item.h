@@ -49,9 +49,9 @@ struct TraceItem {
     std::string value;  // for people; empty: unknown
     std::optional<Values> values;
     bool isRemoved = false;
-    bool isAside = false;           // shown only if its entry or parameter is asked for
-    std::vector<std::string> keys;  // parameters that the fact belongs to
-    std::vector<std::string> tags;  // names in a list
+    bool isHiddenByDefault = false;  // shown only if its entry or parameter is asked for
+    std::vector<std::string> keys;   // parameters that the fact belongs to
+    std::vector<std::string> tags;   // names in a list
 
     std::string message;                 // name of the message
     std::vector<Message::Field> fields;  // fields of the message; parameters with their texts

@@ -67,7 +67,7 @@ const char* listTitle(const Inspected& inspected) {
 
 // Every camera has these static entries. In a log that is out of order, a number may come before entries of
 // another list.
-bool hasWhatEachCameraHas(const Inspected& inspected) {
+bool hasMandatoryStaticEntries(const Inspected& inspected) {
     const auto has = [&](const char* name) {
         return anyOf(inspected.tags, [&](const auto& each) { return each.second == name; });
     };
@@ -318,7 +318,8 @@ void LogItems::take(const Inspected& inspected) {
     }
     for (const auto& each : inspected.tags) item.tags.push_back(each.second);
     item.text = fmt::format("{}: {}", listTitle(inspected), countText(inspected));
-    const bool isAll = item.side == Side::Static && inspected.isWhole() && hasWhatEachCameraHas(inspected);
+    const bool isAll =
+        item.side == Side::Static && inspected.isWhole() && hasMandatoryStaticEntries(inspected);
     if (isAll) item.cause = lackText(inspected);
     give(std::move(item));
     if (inspected.kind == I::VendorTags) takeDeclared(inspected);

@@ -17,7 +17,7 @@ namespace qzcam {
 
 namespace {
 
-// Other sections of a bug report do not belong to the camera. Text outside of sections may be events of the
+// Other sections of a bugreport do not belong to the camera. Text outside of sections may be events of the
 // tag monitor.
 bool isRead(const Part& part) {
     return part.kind == Part::Kind::Dump || part.kind == Part::Kind::Log || part.title.empty();

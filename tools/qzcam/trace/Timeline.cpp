@@ -227,8 +227,9 @@ class Builder {
         }
         if (groups.size() == 1) {
             mTimeline.notes.emplace_back(
-                "log and frames have different clocks, and no frame number and no values of the log show their "
-                "order, so each is shown separately. 'logcat -v monotonic' has the clock of the frames");
+                "the log and the frames have different clocks, and neither frame numbers nor values in the log "
+                "show their common order: they are shown separately. 'logcat -v monotonic' uses the clock of "
+                "the frames");
         } else if (!groups.empty()) {
             mTimeline.notes.emplace_back(
                 "the frames are of several sessions, so the log is shown separately");

@@ -78,10 +78,10 @@ class Scene {
         const entry = names.map((name) => this.entry(name, list)).find(Boolean);
         const whole = entry ? null : this.wholeWithout(names[0], list ? 'result' : 'request');
         if (whole) return `not in the ${whole.text}, line ${whole.line}`;
-        if (!entry) return this.isWhole ? 'not there' : 'unknown: nothing states it up to here';
+        if (!entry) return this.isWhole ? 'not there' : 'unknown: no earlier line states it';
         if (entry.refused) return `the update was refused in line ${entry.line}`;
         if (entry.gone) return `not there since line ${entry.line}`;
-        return `unknown: ${entry.values ? `${entry.values.length} values make no shape` : `line ${entry.line} states it in part`}`;
+        return `unknown: ${entry.values ? `${entry.values.length} values, from which no area can be drawn` : `line ${entry.line} states it in part`}`;
     }
 
     // Returns all areas of the parameter. Only the last one is in the request.
