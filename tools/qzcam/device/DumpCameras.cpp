@@ -101,8 +101,13 @@ void DumpReader::openProvider(std::string_view title) {
     provider.announced = takeDecimal(title);
 }
 
+// The second line of an array is the heading of none, if its first line is missing.
+void DumpReader::setHeading() {
+    if (!startsWith(mBody, "Version:")) mHeading = mBody;
+}
+
 void DumpReader::cameraLine() {
-    mHeading = mBody;
+    setHeading();
     ReportedCamera& at = camera(mCamera);
     if (const auto facing = behind(mBody, "Facing:")) {
         if (at.facing.empty()) at.facing = facingNamed(*facing);
@@ -115,7 +120,7 @@ void DumpReader::cameraLine() {
 }
 
 void DumpReader::clientLine() {
-    mHeading = mBody;
+    setHeading();
     const auto package = behind(mBody, "Client package:");
     if (package && !mPrevious && !mCamera.empty()) camera(mCamera).client = *package;
     openLine();
@@ -145,7 +150,7 @@ void DumpReader::globalLine() {
             static_cast<size_t>(std::min<uint64_t>(numberAfter(mBody, ":").value_or(0), SIZE_MAX));
         mReport.isDump = true;
     }
-    mHeading = mBody;
+    setHeading();
 }
 
 void DumpReader::eventLine() {

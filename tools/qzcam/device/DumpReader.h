@@ -40,6 +40,7 @@ class DumpReader {
     bool hasRoomFor(std::string_view name);
     void openDynamic(std::string_view id);
     void openProvider(std::string_view title);
+    void setHeading();
     void cameraLine();
     void clientLine();
     bool openLine();

@@ -231,7 +231,10 @@ bool Contents::hasFaults() const {
 }
 
 std::string kindOf(const Contents& contents) {
-    if (isReport(contents.parts)) return contents.header.empty() ? "a dump of services" : "a bugreport";
+    if (isReport(contents.parts)) {
+        if (!contents.header.empty()) return "a bugreport";
+        return contents.log.lines == 0 ? "a dump of services" : "a part of a bugreport";
+    }
     if (!contents.reports.empty()) return "a dump of the camera service";
     if (contents.log.lines > 0) return "a log";
     if (!contents.properties.empty()) return "properties";
