@@ -2,7 +2,6 @@
 #include "facts/Reference.h"
 
 #include "base/Lists.h"
-#include "base/Text.h"
 #include "facts/ReferenceSections.h"
 
 #include <algorithm>
@@ -49,8 +48,9 @@ std::vector<std::string> similarNames(const Reference& reference, const std::str
         for (const Doc& doc : section.docs) {
             const std::string& first = doc.names.front();
             const bool isNew = !hasElement(names, first);
-            const bool isMessage = contains(first, " ");
-            if (isNew && !isMessage && names.size() < most && contains(first, name)) names.push_back(first);
+            const bool isMessage = first.find(' ') != std::string::npos;
+            if (isNew && !isMessage && names.size() < most && first.find(name) != std::string::npos)
+                names.push_back(first);
         }
     }
     return names;
