@@ -131,8 +131,8 @@ TEST(DumpParser, ChoosesTheCameraInEverySpellingOfItsTitle) {
     }
     for (const std::string camera : {"7", "2", "legacy/12"}) {  // not part of a name or number
         const Parsed missing(text, camera);
-        EXPECT_THAT(missing.problems.first(),
-                    ElementsAre("d: no camera '" + camera + "': expected 0 or 1 or device@3.4/legacy/12"));
+        EXPECT_THAT(missing.problems.first(), ElementsAre("d: no camera '" + camera +
+                                                          "': expected 0 or 1 or 12 (device@3.4/legacy/12)"));
     }
 }
 

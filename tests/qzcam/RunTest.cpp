@@ -53,7 +53,7 @@ TEST_F(RunTool, ExitStatus) {
         {{"run", good}, kFine, "com.ambrix.capture.metadata.iso ", ""},
         {{"run", failing},
          kFailed,
-         failing + ":3: FAILED expect-param iso 1: expected '1', found nothing\n",
+         failing + ":3: FAILED expect-param iso 1: expected '1', found no value\n",
          ""},
         {{"run", failing}, kFailed, "1 expectation met, 1 failed", ""},
         {{"run", wrong}, kBadInput, "", wrong + ":2: unknown command 'requst'"},

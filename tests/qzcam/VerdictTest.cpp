@@ -39,24 +39,24 @@ TEST(Verdict, Overridden) {
     const TagNames names(test::builtIn().vendorTags);
     installVendorTags(test::builtIn());
     const android::CameraMetadata characteristics = staticCharacteristics(test::builtIn());
-    Trace trace;
+    PassSteps steps;
     {
         const LogListener silence([](const LogEvent&) {});
         Camera camera(0, characteristics, [](Message&&) {});
         for (const auto& [key, value] : texts) camera.parameters().set(key.c_str(), value.c_str());
         android::CameraMetadata request;
-        camera.adapter().watch(&trace);
+        camera.adapter().watch(&steps);
         camera.translator().paramToMetaData(&request);
     }
     VerdictFinder finder(test::builtIn(), names, characteristics);
     const auto verdict = [&] {
-        return finder.find(trace, {texts.begin()->first}, texts, {}).front().verdict;
+        return finder.find(steps, {texts.begin()->first}, texts, {}).front().verdict;
     };
     EXPECT_EQ(verdict(), Verdict::Overridden);
-    const auto last = std::find_if(trace.rbegin(), trace.rend(), [&](const TraceStep& step) {
-        return step.kind == TraceStep::Kind::Update && step.name == tag;
+    const auto last = std::find_if(steps.rbegin(), steps.rend(), [&](const PassStep& step) {
+        return step.kind == PassStep::Kind::Update && step.name == tag;
     });
-    trace.erase(std::next(last).base());
+    steps.erase(std::next(last).base());
     EXPECT_EQ(verdict(), Verdict::Written);
     android::VendorTagDescriptor::clearGlobalVendorTagDescriptor();
 }

@@ -20,6 +20,9 @@ inline bool isDigit(char c) { return c >= '0' && c <= '9'; }
 bool contains(std::string_view text, std::string_view part);
 std::vector<std::string_view> split(std::string_view text, char separator);
 
+// Returns the text with small letters from a to z.
+std::string lowered(std::string_view text);
+
 // Removes the first word from the text and returns it; returns an empty text at the end.
 std::string_view takeWord(std::string_view& text);
 

@@ -2,6 +2,7 @@
 #include "cli/Commands.h"
 
 #include "base/Lists.h"
+#include "base/Text.h"
 #include "cli/CommandFiles.h"
 #include "cli/DeviceInput.h"
 #include "cli/InputKind.h"
@@ -42,10 +43,12 @@ const MetadataArray* choose(const std::vector<const MetadataArray*>& arrays, con
         return nullptr;
     }
     if (options.array.empty()) return arrays.front();
-    const auto found = std::find_if(arrays.begin(), arrays.end(), [&](const MetadataArray* array) {
-        return arrayName(*array) == options.array;
-    });
-    if (found != arrays.end()) return *found;
+    std::vector<const MetadataArray*> beginning;
+    for (const MetadataArray* array : arrays) {
+        if (arrayName(*array) == options.array) return array;
+        if (startsWith(lowered(arrayName(*array)), lowered(options.array))) beginning.push_back(array);
+    }
+    if (beginning.size() == 1) return beginning.front();
     complain(fmt::format("qzcam: {} has no array {}: expected {}", inputName(options.device),
                          excerpt(options.array), fmt::join(namesOf(arrays), ", ")));
     return nullptr;
@@ -132,8 +135,10 @@ ExitStatus compare(const CompareOptions& options) {
                              : sessionInput(options, std::move(setup->parameters));
     if (!library) return kBadInput;
 
-    const ArrayComparison comparison = compareArray(*array, device->device, play(device->device, *library));
+    const LibrarySide side = play(device->device, *library);
+    const ArrayComparison comparison = compareArray(*array, device->device, side);
     ComparedSides sides{text->name, device->device.camera, arrayName(*array), array->line, library->name, {}};
+    if (isResult(*array) && !side.hasResult) sides.here += ": its request, because it has no result";
     for (std::string& name : namesOf(arrays)) {
         if (name != sides.array) sides.otherArrays.push_back(std::move(name));
     }

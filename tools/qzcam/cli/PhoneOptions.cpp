@@ -119,8 +119,9 @@ void addCompare(CLI::App& app, Action& action) {
         ->required();
     app.add_option("SESSION", options->session,
                    "Session whose last request is compared; default: the application's parameters in INPUT");
-    app.add_option("--array", options->array,
-                   "Array of the dump: 'last request sent', 'preview request' ...; default: the first one");
+    app.add_option(
+        "--array", options->array,
+        "Array of the dump, or the beginning of its name: 'last request sent', 'preview request' ...; default: the first one");
     addCamera(app, options->camera);
     addProperties(app, options->properties);
     addParameters(app, options->parameters,

@@ -209,9 +209,11 @@ void DeviceBuilder::addUnused(UnusedPart::Kind kind, size_t line, std::string na
     mDevice.unused.push_back({kind, line, line, 1, std::move(name)});
 }
 
-std::vector<std::string_view> describedCameras(const Report& report) {
-    std::vector<std::string_view> names;
-    for (const ReportedCamera& camera : report.cameras) names.push_back(camera.name);
+std::vector<std::string> describedCameras(const Report& report) {
+    std::vector<std::string> names;
+    for (const ReportedCamera& camera : report.cameras)
+        names.push_back(camera.id == camera.name ? std::string(camera.id)
+                                                 : fmt::format("{} ({})", camera.id, camera.name));
     return names;
 }
 

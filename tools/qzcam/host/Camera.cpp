@@ -28,18 +28,18 @@ camera_metadata_ro_entry WatchedParameters::getStaticInfo(uint32_t tag, size_t m
                                                           bool required) {
     mLastRead = tag;
     const auto entry = QzParametersEx::getStaticInfo(tag, minCount, maxCount, required);
-    if (mTrace) mTrace->push_back({TraceStep::Kind::Static, nameOf(tag), false, entry.count > 0});
+    if (mSteps) mSteps->push_back({PassStep::Kind::Static, nameOf(tag), false, entry.count > 0});
     return entry;
 }
 
 const char* WatchedParameters::get(const char* key) {
     const char* value = QzParametersEx::get(key);
-    if (mTrace) mTrace->push_back({TraceStep::Kind::Read, key, false, value != nullptr});
+    if (mSteps) mSteps->push_back({PassStep::Kind::Read, key, false, value != nullptr});
     return value;
 }
 
 int WatchedParameters::getInt(const char* key) {
-    if (mTrace) mTrace->push_back({TraceStep::Kind::Read, key, true, QzParametersEx::get(key) != nullptr});
+    if (mSteps) mSteps->push_back({PassStep::Kind::Read, key, true, QzParametersEx::get(key) != nullptr});
     return QzParametersEx::getInt(key);
 }
 
@@ -48,10 +48,10 @@ qz::status_t WatchedParameters::watchedUpdate(android::CameraMetadata* metadata,
                                               const T* data, size_t count) {
     const qz::status_t status =
         mUpdateAnswer ? *mUpdateAnswer : QzParametersEx::update(metadata, tag, data, count);
-    if (mTrace) {
+    if (mSteps) {
         const auto* bytes = reinterpret_cast<const uint8_t*>(data);
         Values values{type, count, {bytes, bytes + count * sizeof(T)}};
-        mTrace->push_back({TraceStep::Kind::Update, nameOf(tag), false, false, std::move(values), status});
+        mSteps->push_back({PassStep::Kind::Update, nameOf(tag), false, false, std::move(values), status});
     }
     return status;
 }

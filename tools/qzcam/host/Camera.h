@@ -4,7 +4,7 @@
 #pragma once
 
 #include "host/Messages.h"
-#include "host/Trace.h"
+#include "host/PassSteps.h"
 
 #include <CCameraQzParam.h>
 #include <CameraQzCallBack.h>
@@ -51,8 +51,8 @@ class WatchedParameters : public qz::QzParametersEx {
     // Returns the parameters published since the last call.
     std::vector<Published> takePublished();
 
-    // Records the following steps in `trace`, until it is set to null.
-    void watch(Trace* trace) { mTrace = trace; }
+    // Records the following steps in `steps`, until it is set to null.
+    void watch(PassSteps* steps) { mSteps = steps; }
 
     // Makes all later updates return this status, whatever the type of their tag, without changing the
     // request.
@@ -63,7 +63,7 @@ class WatchedParameters : public qz::QzParametersEx {
     qz::status_t watchedUpdate(android::CameraMetadata* metadata, uint32_t tag, uint8_t type, const T* data,
                                size_t count);
 
-    Trace* mTrace = nullptr;
+    PassSteps* mSteps = nullptr;
     std::optional<qz::status_t> mUpdateAnswer;
     uint32_t mLastRead = 0;
     std::vector<Published> mPublished;

@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "matrix/Baseline.h"
 
+#include "base/Text.h"
 #include "matrix/MatrixReport.h"
 #include "verdict/CheckReport.h"
 
+#include <fmt/format.h>
 #include <nlohmann/json.hpp>
 
 #include <algorithm>
@@ -71,7 +73,10 @@ std::optional<Baseline> Baseline::read(std::string_view text, Problems& problems
     }
     return baseline;
 } catch (const Json::exception& error) {
-    problems.add(0, std::string("expected the output of 'qzcam matrix --json': ") + error.what());
+    // "[json.exception.parse_error.101] parse error at line 1, column 1: ..."
+    std::string_view what = error.what();
+    takeUntil(what, "] ");
+    problems.add(0, fmt::format("expected the output of 'qzcam matrix --json': {}", what));
     return std::nullopt;
 }
 

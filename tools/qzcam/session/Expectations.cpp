@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "session/Expectations.h"
 
+#include "base/Text.h"
 #include "cli/Queries.h"
 #include "facts/Tags.h"
 #include "facts/Vocabulary.h"
@@ -10,7 +11,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cctype>
 
 namespace qzcam {
 
@@ -29,7 +29,7 @@ std::string joined(const Command& command, size_t first, const char* separator, 
 Finding expectParam(const Command& command, PlayState& state) {
     const char* value = state.camera->parameters().get(command.word(0).c_str());
     const bool met = value != nullptr && command.word(1) == value;
-    return {met, excerpt(command.word(1)), value ? excerpt(value) : kNothing};
+    return {met, excerpt(command.word(1)), value ? excerpt(value) : "no value"};
 }
 
 Finding expectNoParam(const Command& command, PlayState& state) {
@@ -82,8 +82,7 @@ std::string messageText(const Message& message) {
 }
 
 bool hasBytes(const Message& message, const Command& command) {
-    std::string hex = textFrom(command, 2, "");
-    std::transform(hex.begin(), hex.end(), hex.begin(), [](unsigned char c) { return std::tolower(c); });
+    const std::string hex = lowered(textFrom(command, 2, ""));
     return message.isData && hex == fmt::format("{:02x}", fmt::join(message.bytes, ""));
 }
 
@@ -147,7 +146,7 @@ Finding expectNoCallback(const Command&, PlayState& state) {
 Finding expectStatus(const Command& command, PlayState& state) {
     const auto& status = state.step.status;
     const bool met = status && parseInteger(command.word(0)) == *status;
-    return {met, command.word(0), status ? fmt::to_string(*status) : kNothing};
+    return {met, command.word(0), status ? fmt::to_string(*status) : "no command with a status"};
 }
 
 const LogEvent* findLine(const Command& command, const PlayState& state) {
@@ -174,7 +173,7 @@ Finding expectNoLog(const Command& command, PlayState& state) {
 Finding expectSkip(const Command& command, PlayState& state) {
     const auto& skipped = state.step.skipped;
     return {skipped && skipped == yesOrNo(command.word(0)), command.word(0),
-            skipped ? yesNo(*skipped) : kNothing};
+            skipped ? yesNo(*skipped) : "no 'skip' before"};
 }
 
 Finding expectQuery(const Command& command, PlayState& state) {
@@ -186,7 +185,10 @@ Finding expectQuery(const Command& command, PlayState& state) {
 Finding expectVerdict(const Command& command, PlayState& state) {
     const auto row = std::find_if(state.verdicts.begin(), state.verdicts.end(),
                                   [&](const VerdictRow& each) { return each.key == command.word(0); });
-    if (row == state.verdicts.end()) return {false, command.word(1), kNothing};
+    if (row == state.verdicts.end()) {
+        const char* const none = "no verdict: the parameter is not set, or there was no request";
+        return {false, command.word(1), none};
+    }
     std::string actual = verdictWord(row->verdict);
     if (!row->reason.empty()) actual += fmt::format(" ({})", row->reason);
     return {row->verdict == findVerdict(command.word(1)), command.word(1), actual};
@@ -215,7 +217,8 @@ Finding expectCapability(const Command& command, PlayState& state) {
     const std::string& name = command.word(0);
     const auto tag = (state.names.knows(name) ? state.names : libraryTags()).resolve(name);
     const auto* found = std::get_if<const Tag*>(&tag);
-    const std::string outcome = outcomeOf(found ? (*found)->fullName() : name, state.published);
+    if (!found) return {false, command.word(1), fmt::format("{}: {}", kNothing, std::get<std::string>(tag))};
+    const std::string outcome = outcomeOf((*found)->fullName(), state.published);
     return {outcome == command.word(1), command.word(1), outcome};
 }
 

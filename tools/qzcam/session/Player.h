@@ -102,7 +102,7 @@ class Player {
     void onLogLine(const LogEvent& line);
     void status(const std::string& of, int32_t value, bool isAnswer = false);
     void setParameter(const std::string& key, const std::string& value, size_t line);
-    VerdictsEvent judge(const Trace& trace);
+    VerdictsEvent judge(const PassSteps& steps);
     void addOrigin(EntryRow& entry, const std::vector<VerdictRow>& verdicts) const;
     void addResultEntry(android::CameraMetadata& result, const std::string& assignment);
     std::vector<EntryRow> entriesOf(const android::CameraMetadata& metadata) const;

@@ -210,13 +210,13 @@ void Player::addCapabilitiesWithoutRow(PublishEvent& event) {
 
 void Player::request(const Command& command) {
     android::CameraMetadata metadata;
-    Trace trace;
+    PassSteps steps;
     {
         const LogListener listener([&](const LogEvent& line) {
-            addLogLine(trace, line);
+            addLogLine(steps, line);
             onLogLine(line);
         });
-        mCamera->adapter().watch(&trace);
+        mCamera->adapter().watch(&steps);
         status("request", mCamera->translator().paramToMetaData(&metadata));
         mCamera->adapter().watch(nullptr);
     }
@@ -224,7 +224,7 @@ void Player::request(const Command& command) {
     requests.push_back(metadata);
     mCamera->inspector().checkRequest(requests, command.words.empty() || command.word(0) == "repeating");
     RequestEvent event{entriesOf(metadata)};
-    const VerdictsEvent verdicts = judge(trace);
+    const VerdictsEvent verdicts = judge(steps);
     for (EntryRow& entry : event.entries) addOrigin(entry, verdicts.rows);
     markChanges(event.entries, mState.entries);
     mState.entries = event.entries;
@@ -241,10 +241,10 @@ void Player::addOrigin(EntryRow& entry, const std::vector<VerdictRow>& verdicts)
     }
 }
 
-VerdictsEvent Player::judge(const Trace& trace) {
+VerdictsEvent Player::judge(const PassSteps& steps) {
     const Texts parameters = parameterTexts();
     VerdictsEvent event{
-        mVerdicts->find(trace, {mOwnKeys.begin(), mOwnKeys.end()}, parameters, mCircumstances)};
+        mVerdicts->find(steps, {mOwnKeys.begin(), mOwnKeys.end()}, parameters, mCircumstances)};
     for (VerdictRow& row : event.rows) {
         const auto line = mSetLines.find(row.key);
         if (line != mSetLines.end()) row.line = line->second;

@@ -219,7 +219,8 @@ const std::vector<CommandSpec>& commandSpecs() {
         {Id::ExpectChange, "expect-change", "NAME new|changed|gone|none",
          "the change of the entry since the previous request", 2, 2, expectChange},
         {Id::ExpectCapability, "expect-capability", "NAME published|silent|absent|undeclared",
-         "the state of the capability after the last 'publish'", 2, 2, expectCapability},
+         "the state after 'publish'; silent: an entry, but nothing is published; absent: no entry", 2, 2,
+         expectCapability},
     };
     return syntaxes;
 }

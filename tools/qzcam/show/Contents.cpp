@@ -211,12 +211,6 @@ void addCuts(Contents& contents) {
     }
 }
 
-std::string lowered(std::string_view text) {
-    std::string lower(text);
-    for (char& c : lower) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
-    return lower;
-}
-
 }  // namespace
 
 bool Contents::isEmpty() const {

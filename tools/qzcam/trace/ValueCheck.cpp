@@ -26,10 +26,10 @@ constexpr size_t kMostKnown = 1000;  // number of parameter sets whose verdicts 
 
 bool hasCapabilities(const TraceCamera& camera) { return !camera.device.entries.empty(); }
 
-EntryTexts updatesOf(const Trace& trace) {
+EntryTexts updatesOf(const PassSteps& steps) {
     EntryTexts entries;
-    for (const TraceStep& step : trace) {
-        if (step.kind == TraceStep::Kind::Update) entries.insert_or_assign(step.name, step.values);
+    for (const PassStep& step : steps) {
+        if (step.kind == PassStep::Kind::Update) entries.insert_or_assign(step.name, step.values);
     }
     return entries;
 }

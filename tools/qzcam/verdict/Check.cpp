@@ -42,20 +42,20 @@ DeclaredTags declaredTags(const Device& device) {
 // Returns the first error line of each getter, by the tag of the entry that it reads. Lines of the adapter
 // are left out, because they are only about counts.
 std::map<std::string, std::string> errorLines(const Device& device) {
-    Trace trace;
+    PassSteps steps;
     const LogListener listener([&](const LogEvent& line) {
-        if (line.tag == qz::kTranslatorLog) addLogLine(trace, line);
+        if (line.tag == qz::kTranslatorLog) addLogLine(steps, line);
     });
     const android::CameraMetadata characteristics = staticCharacteristics(device);
     Camera camera(0, characteristics, [](Message&&) {});
-    camera.adapter().watch(&trace);
+    camera.adapter().watch(&steps);
     camera.translator().metaDataToParam();
     camera.adapter().watch(nullptr);
     std::map<std::string, std::string> texts;
     std::string tag;
-    for (const TraceStep& step : trace) {
-        if (step.kind == TraceStep::Kind::Static) tag = step.name;
-        if (step.kind == TraceStep::Kind::Failure) texts.emplace(tag, step.name);
+    for (const PassStep& step : steps) {
+        if (step.kind == PassStep::Kind::Static) tag = step.name;
+        if (step.kind == PassStep::Kind::Failure) texts.emplace(tag, step.name);
     }
     return texts;
 }

@@ -55,13 +55,13 @@ void CompleteDevice::installTags() const {
     VendorTagDescriptor::setAsGlobalVendorTagDescriptor(mDescriptor);
 }
 
-Trace CompleteDevice::request(const Texts& parameters, const Circumstances& circumstances) const {
+PassSteps CompleteDevice::request(const Texts& parameters, const Circumstances& circumstances) const {
     const ScopedVendorTags restored;
     installTags();
-    Trace trace;
+    PassSteps steps;
     bool listens = false;
     const LogListener listener([&](const LogEvent& line) {
-        if (listens) addLogLine(trace, line);
+        if (listens) addLogLine(steps, line);
     });
     Camera camera(circumstances.camera, mCharacteristics, [](Message&&) {});
     camera.translator().setCallBackFlag(circumstances.callbackFlag);
@@ -73,10 +73,10 @@ Trace CompleteDevice::request(const Texts& parameters, const Circumstances& circ
 
     replaceAll(camera.parameters(), parameters);
     listens = true;
-    camera.adapter().watch(&trace);
+    camera.adapter().watch(&steps);
     camera.translator().paramToMetaData(&metadata);
     camera.adapter().watch(nullptr);
-    return trace;
+    return steps;
 }
 
 }  // namespace qzcam

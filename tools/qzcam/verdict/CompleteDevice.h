@@ -5,7 +5,7 @@
 #pragma once
 
 #include "device/Device.h"
-#include "host/Trace.h"
+#include "host/PassSteps.h"
 
 #include <camera/CameraMetadata.h>
 #include <camera/VendorTagDescriptor.h>
@@ -31,7 +31,7 @@ class CompleteDevice {
 
     // Returns the steps of one request on a separate camera. During the call the process has other vendor
     // tags, and this thread's log is captured.
-    Trace request(const Texts& parameters, const Circumstances& circumstances) const;
+    PassSteps request(const Texts& parameters, const Circumstances& circumstances) const;
 
   private:
     void installTags() const;

@@ -142,16 +142,16 @@ void Explainer::addTargets(Explanation& found) {
 VerdictRow Explainer::verdictOn(const Explanation& found, const std::string& value) {
     Texts texts = found.alsoSet;
     texts[found.key] = value;
-    Trace trace;
-    const LogListener listener([&](const LogEvent& line) { addLogLine(trace, line); });
+    PassSteps steps;
+    const LogListener listener([&](const LogEvent& line) { addLogLine(steps, line); });
     Camera camera(0, mCharacteristics, [](Message&&) {});
     for (const auto& [key, text] : texts) camera.parameters().set(key.c_str(), text.c_str());
     android::CameraMetadata metadata;
-    trace.clear();
-    camera.adapter().watch(&trace);
+    steps.clear();
+    camera.adapter().watch(&steps);
     camera.translator().paramToMetaData(&metadata);
     camera.adapter().watch(nullptr);
-    return mVerdicts.find(trace, {found.key}, texts, {}).front();
+    return mVerdicts.find(steps, {found.key}, texts, {}).front();
 }
 
 // Adds the keys of the rows' offers that this device publishes.

@@ -4,7 +4,7 @@
 #pragma once
 
 #include "facts/Lookup.h"
-#include "host/Trace.h"
+#include "host/PassSteps.h"
 
 #include <request/Parameters.h>
 
@@ -14,8 +14,8 @@
 
 namespace qzcam {
 
-using RowSteps = std::map<const qz::Parameter*, Trace>;
+using RowSteps = std::map<const qz::Parameter*, PassSteps>;
 
-RowSteps stepsByRow(const Trace& trace);
+RowSteps stepsByRow(const PassSteps& pass);
 
 }  // namespace qzcam

@@ -21,19 +21,19 @@ namespace qzcam {
 
 namespace {
 
-using Kind = TraceStep::Kind;
+using Kind = PassStep::Kind;
 using Row = qz::Parameter;
 
-// Returns the most important verdict of a parameter with several entries.
+// A parameter with several entries has the first of these verdicts that one of its entries has.
 constexpr std::array<Verdict, 4> kWorstFirst{Verdict::WrongType, Verdict::Undeclared, Verdict::Overridden,
                                              Verdict::GateClosed};
 
-const TraceStep* findStep(const Trace& steps, Kind kind, const std::string& name) {
-    return findIf(steps, [&](const TraceStep& step) { return step.kind == kind && step.name == name; });
+const PassStep* findStep(const PassSteps& steps, Kind kind, const std::string& name) {
+    return findIf(steps, [&](const PassStep& step) { return step.kind == kind && step.name == name; });
 }
 
-const TraceStep* firstOf(const Trace& steps, Kind kind) {
-    return findIf(steps, [&](const TraceStep& step) { return step.kind == kind; });
+const PassStep* firstOf(const PassSteps& steps, Kind kind) {
+    return findIf(steps, [&](const PassStep& step) { return step.kind == kind; });
 }
 
 // Returns true if the values are one element equal to the number. A byte has the low eight bits of the
@@ -57,9 +57,9 @@ class Request {
     VerdictRow verdictOn(const std::string& key) const;
 
   private:
-    const Trace& actual(const Row& row) const { return stepsOf(mActual, row); }
-    const Trace& complete(const Row& row) const { return stepsOf(mComplete, row); }
-    static const Trace& stepsOf(const RowSteps& steps, const Row& row);
+    const PassSteps& actual(const Row& row) const { return stepsOf(mActual, row); }
+    const PassSteps& complete(const Row& row) const { return stepsOf(mComplete, row); }
+    static const PassSteps& stepsOf(const RowSteps& steps, const Row& row);
 
     void addEntries(VerdictRow& verdict, const Row& row) const;
     std::optional<VerdictEntry> entryOf(const Row& row, size_t index) const;
@@ -68,10 +68,10 @@ class Request {
     std::string whyNotReached(const Row& row, size_t index) const;
     void setVerdict(VerdictRow& verdict) const;
     bool setVerdictByEntries(VerdictRow& verdict) const;
-    bool isOtherThanMeant(VerdictRow& verdict, const Row& row, const qz::KeyRow& key) const;
-    void explainUnread(VerdictRow& verdict, const Row& row) const;
+    bool isFallbackOrOverridden(VerdictRow& verdict, const Row& row, const qz::KeyRow& key) const;
+    void explainClosedGate(VerdictRow& verdict, const Row& row) const;
     void explainNoEntry(VerdictRow& verdict, const Row& row, const qz::KeyRow& key) const;
-    bool lacksKeyOrEntry(VerdictRow& verdict, const Row& row) const;
+    bool isKeyOrEntryMissing(VerdictRow& verdict, const Row& row) const;
     bool isSet(const char* key) const { return mParameters.count(key) != 0; }
 
     const TagNames& mNames;
@@ -81,9 +81,9 @@ class Request {
     RowSteps mComplete;
 };
 
-const Trace& Request::stepsOf(const RowSteps& steps, const Row& row) {
-    static const Trace none;
-    const Trace* found = findValue(steps, &row);
+const PassSteps& Request::stepsOf(const RowSteps& steps, const Row& row) {
+    static const PassSteps none;
+    const PassSteps* found = findValue(steps, &row);
     return found == nullptr ? none : *found;
 }
 
@@ -115,7 +115,7 @@ VerdictRow Request::verdictOn(const std::string& key) const {
     if (!verdict.entries.empty()) {
         setVerdict(verdict);
     } else if (findStep(complete(row), Kind::Read, key) == nullptr) {
-        explainUnread(verdict, row);
+        explainClosedGate(verdict, row);
     } else {
         explainNoEntry(verdict, row, *keyIn(row, key));
     }
@@ -134,7 +134,7 @@ void Request::addEntries(VerdictRow& verdict, const Row& row) const {
 // Returns nothing for an entry that the library does not write on a complete device either.
 std::optional<VerdictEntry> Request::entryOf(const Row& row, size_t index) const {
     const std::string name = row.entries[index].tag;
-    const TraceStep* wanted = findStep(complete(row), Kind::Update, name);
+    const PassStep* wanted = findStep(complete(row), Kind::Update, name);
     const Tag* tag = mNames.find(name);
     if (wanted == nullptr) {
         if (findStep(complete(row), Kind::Missing, name) == nullptr) return std::nullopt;
@@ -142,7 +142,7 @@ std::optional<VerdictEntry> Request::entryOf(const Row& row, size_t index) const
     }
     if (tag == nullptr) return VerdictEntry{0, name, Verdict::Undeclared, name, wanted->values};
     VerdictEntry entry{tag->id, name, Verdict::Written, {}, wanted->values};
-    const TraceStep* update = findStep(actual(row), Kind::Update, name);
+    const PassStep* update = findStep(actual(row), Kind::Update, name);
     if (update == nullptr) {
         entry.verdict = Verdict::GateClosed;
         entry.reason = whyNotReached(row, index);
@@ -160,7 +160,7 @@ std::optional<VerdictEntry> Request::entryOf(const Row& row, size_t index) const
 
 std::string Request::overriddenBy(const Row& row, const std::string& tag) const {
     for (const Row* later = &row + 1; later != std::end(qz::kParameters); ++later) {
-        const TraceStep* update = findStep(actual(*later), Kind::Update, tag);
+        const PassStep* update = findStep(actual(*later), Kind::Update, tag);
         if (update != nullptr && update->status == android::OK) return later->keys[0].name;
     }
     return {};
@@ -169,7 +169,7 @@ std::string Request::overriddenBy(const Row& row, const std::string& tag) const 
 // Returns the reason why the device did not reach an entry that the complete device writes.
 std::string Request::whyNotReached(const Row& row, size_t index) const {
     if (firstOf(actual(row), Kind::Read) == nullptr && row.gated(qz::Gate::lightPainting)) {
-        return "used only when qz-exposure-mode has taken effect";
+        return "used only while a written qz-exposure-mode is not 'default'";
     }
     for (size_t i = 0; i < index; ++i) {
         const char* before = row.entries[i].tag;
@@ -184,7 +184,7 @@ void Request::setVerdict(VerdictRow& verdict) const {
     for (const Row* row : rowsOf(verdict.key)) {
         const qz::KeyRow& key = *keyIn(*row, verdict.key);
         if (key.condition || complete(*row).empty()) continue;
-        if (isOtherThanMeant(verdict, *row, key)) return;
+        if (isFallbackOrOverridden(verdict, *row, key)) return;
         verdict.overflow = overflowOf(*row, key, verdict.value, verdict.entries);
         verdict.offer = mOffers.excluding(*row, key, mParameters);
         setVerdictByOffer(verdict);
@@ -205,7 +205,7 @@ bool Request::setVerdictByEntries(VerdictRow& verdict) const {
     return false;
 }
 
-bool Request::isOtherThanMeant(VerdictRow& verdict, const Row& row, const qz::KeyRow& key) const {
+bool Request::isFallbackOrOverridden(VerdictRow& verdict, const Row& row, const qz::KeyRow& key) const {
     verdict.reason = misunderstanding(row, key, verdict.value);
     if (!verdict.reason.empty()) {
         verdict.verdict = Verdict::Fallback;
@@ -220,7 +220,7 @@ bool Request::isOtherThanMeant(VerdictRow& verdict, const Row& row, const qz::Ke
 std::string Request::decidedBy(const Row& row, const std::string& value) const {
     if (row.plain || row.conversion.vocabulary == nullptr || row.entries.count != 1) return {};
     if (startsWith(row.entries[0].tag, "android.")) return {};  // a word that switches another feature
-    const TraceStep* update = findStep(complete(row), Kind::Update, row.entries[0].tag);
+    const PassStep* update = findStep(complete(row), Kind::Update, row.entries[0].tag);
     const int number = numberOf(*row.conversion.vocabulary, value);
     if (update == nullptr || holdsNumber(update->values, number)) return {};
     for (const qz::KeyRow& key : row.keys) {
@@ -232,9 +232,9 @@ std::string Request::decidedBy(const Row& row, const std::string& value) const {
     return fmt::format("property {} decides the value of {}", row.properties[0], row.entries[0].tag);
 }
 
-void Request::explainUnread(VerdictRow& verdict, const Row& row) const {
+void Request::explainClosedGate(VerdictRow& verdict, const Row& row) const {
     verdict.verdict = Verdict::GateClosed;
-    verdict.reason = "used only under other conditions";
+    verdict.reason = "its conditions are not met; 'qzcam explain' lists them";
     if (!row.gates.empty()) verdict.reason = textOf(row.gates[0]);
     for (const qz::KeyRow& key : row.keys) {
         if (key.name == verdict.key) return;
@@ -245,12 +245,12 @@ void Request::explainUnread(VerdictRow& verdict, const Row& row) const {
 void Request::explainNoEntry(VerdictRow& verdict, const Row& row, const qz::KeyRow& key) const {
     verdict.verdict = Verdict::NoEntry;
     const std::string note = key.note == nullptr ? "" : key.note;
-    const TraceStep* failure = firstOf(complete(row), Kind::Failure);
+    const PassStep* failure = firstOf(complete(row), Kind::Failure);
     const std::string misread = misunderstanding(row, key, verdict.value);
     if (key.as == qz::KeyRow::As::integer && asInteger(verdict.value) == -1) {
         verdict.verdict = Verdict::Skipped;
         verdict.reason = "-1 counts as not set";
-    } else if (lacksKeyOrEntry(verdict, row)) {
+    } else if (isKeyOrEntryMissing(verdict, row)) {
         verdict.verdict = Verdict::GateClosed;
     } else if (row.entries.empty()) {
         verdict.reason = note;
@@ -261,12 +261,14 @@ void Request::explainNoEntry(VerdictRow& verdict, const Row& row, const qz::KeyR
         verdict.reason =
             failure != nullptr ? failure->name : fmt::format("{} is not recognised", excerpt(verdict.value));
     } else {
-        verdict.reason = failure != nullptr ? failure->name : note.empty() ? "no value writes one now" : note;
+        verdict.reason = failure != nullptr ? failure->name
+                         : note.empty()     ? "under the present conditions no value is written"
+                                            : note;
     }
 }
 
-// Returns another key of the row, or a static entry, that is missing.
-bool Request::lacksKeyOrEntry(VerdictRow& verdict, const Row& row) const {
+// Returns true if another key of the row or a static entry is missing, and makes this the reason.
+bool Request::isKeyOrEntryMissing(VerdictRow& verdict, const Row& row) const {
     if (row.gated(qz::Gate::allKeys)) {
         for (const qz::KeyRow& key : row.keys) {
             if (isSet(key.name)) continue;
@@ -274,7 +276,7 @@ bool Request::lacksKeyOrEntry(VerdictRow& verdict, const Row& row) const {
             return true;
         }
     }
-    for (const TraceStep& step : complete(row)) {
+    for (const PassStep& step : complete(row)) {
         if (step.kind != Kind::Static || step.present) continue;
         verdict.reason = fmt::format("the device has no values of {}", step.name);
         return true;
@@ -308,7 +310,7 @@ KeyOwner ownerOf(const std::string& key) {
     return findPublisher(key) != nullptr ? KeyOwner::Published : KeyOwner::None;
 }
 
-std::vector<VerdictRow> VerdictFinder::find(const Trace& actual, const std::vector<std::string>& keys,
+std::vector<VerdictRow> VerdictFinder::find(const PassSteps& actual, const std::vector<std::string>& keys,
                                             const Texts& parameters,
                                             const Circumstances& circumstances) const {
     std::vector<VerdictRow> rows;

@@ -35,7 +35,7 @@ class VerdictFinder {
     const Offers& offers() const;
 
     // Judges the parameters `keys`, after a request of all `parameters` whose steps were `actual`.
-    std::vector<VerdictRow> find(const Trace& actual, const std::vector<std::string>& keys,
+    std::vector<VerdictRow> find(const PassSteps& actual, const std::vector<std::string>& keys,
                                  const Texts& parameters, const Circumstances& circumstances) const;
 
   private:

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "host/Trace.h"
+#include "host/PassSteps.h"
 
 #include <android/log.h>
 
@@ -25,12 +25,12 @@ std::string missingName(const LogEvent& line) {
     return name.empty() ? name : quotedBehind(line.text, "in section '") + "." + name;
 }
 
-void addLogLine(Trace& trace, const LogEvent& line) {
+void addLogLine(PassSteps& steps, const LogEvent& line) {
     std::string name = missingName(line);
     if (!name.empty()) {
-        trace.push_back({TraceStep::Kind::Missing, std::move(name)});
+        steps.push_back({PassStep::Kind::Missing, std::move(name)});
     } else if (line.priority >= ANDROID_LOG_ERROR) {
-        trace.push_back({TraceStep::Kind::Failure, line.text});
+        steps.push_back({PassStep::Kind::Failure, line.text});
     }
 }
 

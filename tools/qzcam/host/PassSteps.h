@@ -13,7 +13,7 @@
 
 namespace qzcam {
 
-struct TraceStep {
+struct PassStep {
     enum class Kind {
         Read,     // a parameter is read
         Static,   // a static entry is read
@@ -29,10 +29,10 @@ struct TraceStep {
     int32_t status = 0;      // likewise
 };
 
-using Trace = std::vector<TraceStep>;
+using PassSteps = std::vector<PassStep>;
 
 // Adds the step of a log line, if the line reports one.
-void addLogLine(Trace& trace, const LogEvent& line);
+void addLogLine(PassSteps& steps, const LogEvent& line);
 
 // Returns the name that QzName2Tag, or the platform, reports as not found. Returns an empty text for any
 // other line.
