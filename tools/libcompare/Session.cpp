@@ -7,8 +7,6 @@
 namespace qz::compare {
 namespace {
 
-using android::String8;
-
 constexpr unsigned kPresences[] = {0, 10, 50, 90, 100};
 
 // Each object of the library logs its address when it is created and destroyed.

@@ -1,6 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "cli/Options.h"
 
+#include "base/Text.h"
+
+#include <fmt/format.h>
+
 namespace qzcam {
 
 void addCheck(CLI::App& app, Action& action) {

@@ -211,9 +211,10 @@ void DeviceBuilder::addUnused(UnusedPart::Kind kind, size_t line, std::string na
 
 std::vector<std::string> describedCameras(const Report& report) {
     std::vector<std::string> names;
-    for (const ReportedCamera& camera : report.cameras)
+    for (const ReportedCamera& camera : report.cameras) {
         names.push_back(camera.id == camera.name ? std::string(camera.id)
                                                  : fmt::format("{} ({})", camera.id, camera.name));
+    }
     return names;
 }
 
