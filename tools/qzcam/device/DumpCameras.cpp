@@ -101,7 +101,7 @@ void DumpReader::openProvider(std::string_view title) {
     provider.announced = takeDecimal(title);
 }
 
-// The second line of an array is the heading of none, if its first line is missing.
+// An array whose first line is missing begins with "Version: ...", which is not its heading.
 void DumpReader::setHeading() {
     if (!startsWith(mBody, "Version:")) mHeading = mBody;
 }
