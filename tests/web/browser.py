@@ -1,9 +1,14 @@
 # SPDX-License-Identifier: Apache-2.0
 """A headless browser, driven by WebDriver: plain HTTP and JSON."""
+import atexit
 import base64
+import contextlib
 import json
+import os
 import shutil
+import signal
 import subprocess
+import tempfile
 import time
 import urllib.request
 
@@ -18,7 +23,10 @@ class Browser:
         binary = shutil.which("chromium-headless-shell")
         if not driver or not binary:
             raise SystemExit("chromedriver and chromium-headless-shell are missing: .ci/install web")
-        self.process = subprocess.Popen([driver, "--port=0"], stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, text=True)
+        self.folder = tempfile.TemporaryDirectory(ignore_cleanup_errors=True)
+        self.process = subprocess.Popen([driver, "--port=0"], stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, text=True,
+                                        env={**os.environ, "TMPDIR": self.folder.name}, start_new_session=True)
+        atexit.register(self.stop)
         port = None
         for line in self.process.stdout:
             if "started successfully on port" in line:
@@ -53,8 +61,19 @@ class Browser:
         try:
             self.call("DELETE", "")
         finally:
-            self.process.terminate()
-            self.process.wait()
+            self.stop()
+
+    def stop(self):
+        """Ends the driver and every browser that it has started, also one whose session was never answered."""
+        if self.process.poll() is not None:
+            return
+        os.killpg(self.process.pid, signal.SIGTERM)
+        self.process.wait()
+        with contextlib.suppress(ProcessLookupError):
+            for _ in range(50):
+                os.killpg(self.process.pid, 0)
+                time.sleep(0.1)
+        self.folder.cleanup()
 
     def cdp(self, command, **params):
         return self.call("POST", "/goog/cdp/execute", {"cmd": command, "params": params})
